@@ -1,0 +1,46 @@
+# How every target of the project is compiled, and the two kinds of target that there are.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+
+add_library(nookle_options INTERFACE)
+target_compile_options(nookle_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-qual -Wconversion -Werror)
+target_compile_definitions(nookle_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
+    QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER
+    QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(NOOKLE_SANITIZE)
+    target_compile_options(nookle_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+        -fno-omit-frame-pointer)
+    target_link_options(nookle_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(NOOKLE_FUZZ)
+    target_compile_options(nookle_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
+# nookle_layer(NAME SOURCES file... LINKS target...)
+# A static library whose headers are visible only to the targets that link it: a layer sees what it links, and nothing
+# above it.
+function(nookle_layer name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE nookle_options)
+endfunction()
+
+# nookle_test(NAME LINKS target... [LABELS label...])
+# The Qt Test executable of NAME.cpp, run on the offscreen platform.
+function(nookle_test name)
+    cmake_parse_arguments(ARG "" "" "LINKS;LABELS" ${ARGN})
+    add_executable(${name} ${name}.cpp)
+    target_link_libraries(${name} PRIVATE ${ARG_LINKS} nookle_options nookle_fakes Qt6::Test)
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES
+        LABELS "unit;${ARG_LABELS}"
+        TIMEOUT 60
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FATAL_WARNINGS=0")
+endfunction()

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "Failure.h"
+
+#include <QUrl>
+
+#include <optional>
+
+namespace nookle {
+
+/// The user's Trash. Main thread only.
+class Trash {
+public:
+    virtual ~Trash() = default;
+
+    /// Moves the file or folder at `url` to the Trash of its volume.
+    [[nodiscard]] virtual std::optional<Failure> moveToTrash(const QUrl& url) = 0;
+
+    /// Whether the path of `url` lies in a Trash; looks at the path alone.
+    [[nodiscard]] virtual bool contains(const QUrl& url) const = 0;
+};
+
+} // namespace nookle

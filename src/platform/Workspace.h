@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QUrl>
+
+namespace nookle {
+
+/// What the desktop does with files and addresses. Main thread only.
+class Workspace {
+public:
+    virtual ~Workspace() = default;
+
+    /// Opens a file or an address in the program that the user has chosen for it.
+    virtual void open(const QUrl& url) = 0;
+
+    /// Shows the file, selected, in the desktop's file manager.
+    virtual void reveal(const QUrl& file) = 0;
+};
+
+} // namespace nookle

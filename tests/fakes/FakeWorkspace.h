@@ -1,0 +1,19 @@
+#pragma once
+
+#include "Workspace.h"
+
+#include <QList>
+
+namespace nookle {
+
+/// Remembers what it was asked to open and to reveal.
+class FakeWorkspace final : public Workspace {
+public:
+    void open(const QUrl& url) override { opened.append(url); }
+    void reveal(const QUrl& file) override { revealed.append(file); }
+
+    QList<QUrl> opened;
+    QList<QUrl> revealed;
+};
+
+} // namespace nookle
