@@ -1,0 +1,25 @@
+#pragma once
+
+#include "FileIdentity.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace nookle {
+
+/// What the bytes of a file reference hold: where the file was, and how to know it again.
+struct FileReference {
+    QByteArray path;
+    FileIdentity identity;
+
+    /// The same reference always gives the same bytes.
+    [[nodiscard]] QByteArray encode() const;
+
+    /// Nothing for bytes that `encode` cannot have written; safe with any bytes.
+    [[nodiscard]] static std::optional<FileReference> decode(const QByteArray& bytes);
+
+    bool operator==(const FileReference&) const = default;
+};
+
+} // namespace nookle

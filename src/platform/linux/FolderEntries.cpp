@@ -1,0 +1,78 @@
+#include "FolderEntries.h"
+
+#include "FileDescriptor.h"
+#include "FileIdentity.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cstring>
+
+namespace nookle {
+
+std::unique_ptr<FolderEntries> FolderEntries::tryOpen(const QByteArray& path, Links lastComponent)
+{
+    const int links = lastComponent == Links::refuse ? O_NOFOLLOW : 0;
+    FileDescriptor descriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC | links));
+    DIR* folder = descriptor.isOpen() ? ::fdopendir(descriptor.get()) : nullptr;
+    if (folder == nullptr)
+        return nullptr;
+    // The stream owns the descriptor from here on.
+    static_cast<void>(descriptor.release());
+    return std::unique_ptr<FolderEntries>(new FolderEntries(folder));
+}
+
+const dirent* FolderEntries::next()
+{
+    const dirent* entry = nullptr;
+    do {
+        entry = ::readdir(m_folder.get());
+    } while (entry != nullptr && (std::strcmp(entry->d_name, ".") == 0 || std::strcmp(entry->d_name, "..") == 0));
+    return entry;
+}
+
+bool FolderEntries::isFolder(const dirent& entry) const
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_DIR;
+    struct stat status {};
+    return ::fstatat(::dirfd(m_folder.get()), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0
+        && S_ISDIR(status.st_mode);
+}
+
+std::optional<dev_t> FolderEntries::device() const
+{
+    struct stat status {};
+    return ::fstat(::dirfd(m_folder.get()), &status) == 0 ? std::optional(status.st_dev) : std::nullopt;
+}
+
+QByteArray entryPath(const QByteArray& folder, const QByteArray& name)
+{
+    QByteArray path = folder;
+    if (!path.endsWith('/'))
+        path += '/';
+    path += name;
+    return path;
+}
+
+QByteArray parentFolder(const QByteArray& path)
+{
+    return path.left(std::max<qsizetype>(1, path.lastIndexOf('/')));
+}
+
+std::optional<QByteArray> findInFolder(const QByteArray& folder, const FileIdentity& identity)
+{
+    const auto entries = FolderEntries::tryOpen(folder, FolderEntries::Links::follow);
+    while (const dirent* entry = entries ? entries->next() : nullptr) {
+        if (entry->d_ino != identity.inode)
+            continue;
+        const QByteArray path = entryPath(folder, entry->d_name);
+        const auto candidate = FileIdentity::of(path);
+        if (candidate && candidate->matches(identity))
+            return path;
+    }
+    return std::nullopt;
+}
+
+} // namespace nookle

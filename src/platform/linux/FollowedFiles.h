@@ -1,0 +1,58 @@
+#pragma once
+
+#include "FileDescriptor.h"
+
+#include <QByteArray>
+
+#include <sys/types.h>
+
+#include <map>
+#include <memory>
+#include <optional>
+
+class QSocketNotifier;
+
+namespace nookle {
+
+/// Knows where files went while the program runs, whatever was moved or given a new name above them. Each costs a
+/// descriptor, so only files on the volume of the home folder are followed, and only as long as half of the
+/// descriptors that the program may have are left for everything else. A file that is deleted is let go at once: an
+/// open descriptor would keep its space on the disk. A deleted folder, which the system does not tell of and which
+/// holds nothing any more, is let go when it is asked for. Main thread only.
+class FollowedFiles final {
+public:
+    explicit FollowedFiles(const QByteArray& home);
+    ~FollowedFiles();
+    FollowedFiles(const FollowedFiles&) = delete;
+    FollowedFiles& operator=(const FollowedFiles&) = delete;
+
+    /// Follows the file that `descriptor` is open on under the name of `reference`, if that can be afforded.
+    void follow(const QByteArray& reference, FileDescriptor descriptor);
+
+    /// Where the file is now; none when it is not followed or has no name any more.
+    [[nodiscard]] std::optional<QByteArray> path(const QByteArray& reference);
+
+    void release(const QByteArray& reference);
+
+private:
+    struct Followed {
+        FileDescriptor descriptor;
+        int watch;
+    };
+    using Files = std::map<QByteArray, Followed>;
+
+    [[nodiscard]] bool canFollow(const FileDescriptor& descriptor) const;
+    void readEvents();
+    void releaseIfDeleted(int watch);
+    void releaseAllDeleted();
+    void release(Files::iterator file);
+
+    std::optional<dev_t> m_device;
+    FileDescriptor m_inotify;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    Files m_files;
+    /// The references of each watch: those of one file share it.
+    std::multimap<int, QByteArray> m_referencesByWatch;
+};
+
+} // namespace nookle

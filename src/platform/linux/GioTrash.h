@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Trash.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+namespace nookle {
+
+/// The Trash as all programs of the desktop share it. Main thread only.
+class GioTrash final : public Trash {
+public:
+    /// `dataHome` is the user's data folder, which holds the Trash of its volume.
+    explicit GioTrash(const QByteArray& dataHome);
+
+    std::optional<Failure> moveToTrash(const QUrl& url) override;
+    bool contains(const QUrl& url) const override;
+
+private:
+    /// What the path of a file in a Trash contains.
+    std::vector<QByteArray> m_fragments;
+};
+
+} // namespace nookle

@@ -1,0 +1,104 @@
+#include "SettingsUserDefaults.h"
+
+#include "Log.h"
+
+#include <QStandardPaths>
+
+namespace nookle {
+
+namespace {
+
+/// A single text as the file holds it; a list, which unquoted commas make, is none.
+[[nodiscard]] std::optional<QString> text(const QVariant& value)
+{
+    const bool isSingle = value.isValid() && value.typeId() != QMetaType::QStringList && value.canConvert<QString>();
+    return isSingle ? std::optional(value.toString()) : std::nullopt;
+}
+
+[[nodiscard]] std::optional<bool> asBoolean(const QVariant& value)
+{
+    const auto stored = text(value);
+    if (stored == QLatin1String("true"))
+        return true;
+    if (stored == QLatin1String("false"))
+        return false;
+    return std::nullopt;
+}
+
+[[nodiscard]] std::optional<qint64> asInteger(const QVariant& value)
+{
+    bool isNumber = false;
+    const qint64 number = text(value).value_or(QString()).toLongLong(&isNumber);
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
+[[nodiscard]] QString description(QSettings::Status status)
+{
+    return status == QSettings::FormatError ? QStringLiteral("the file is malformed")
+                                            : QStringLiteral("the file cannot be written");
+}
+
+} // namespace
+
+SettingsUserDefaults::SettingsUserDefaults(const QString& path)
+    : m_path(path)
+    , m_settings(path, QSettings::IniFormat)
+{
+}
+
+QString SettingsUserDefaults::defaultPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+        + QStringLiteral("/Nookle/Nookle.conf");
+}
+
+void SettingsUserDefaults::registerDefaults(const QVariantMap& defaults)
+{
+    m_defaults.insert(defaults);
+}
+
+bool SettingsUserDefaults::boolean(const QString& forKey) const
+{
+    const auto registered = asBoolean(m_defaults.value(forKey));
+    return asBoolean(m_settings.value(forKey)).value_or(registered.value_or(false));
+}
+
+qint64 SettingsUserDefaults::integer(const QString& forKey) const
+{
+    const auto registered = asInteger(m_defaults.value(forKey));
+    return asInteger(m_settings.value(forKey)).value_or(registered.value_or(0));
+}
+
+void SettingsUserDefaults::set(bool value, const QString& forKey)
+{
+    write(forKey, value);
+}
+
+void SettingsUserDefaults::set(qint64 value, const QString& forKey)
+{
+    write(forKey, value);
+}
+
+std::optional<QString> SettingsUserDefaults::string(const QString& domain, const QString& key) const
+{
+    return text(m_settings.value(QString(domain + QLatin1Char('/') + key)));
+}
+
+void SettingsUserDefaults::write(const QString& key, const QVariant& value)
+{
+    // A second object on the same file, because the first failure would stick to the other one for good.
+    QSettings writer(m_path, QSettings::IniFormat);
+    writer.setValue(key, value);
+    writer.sync();
+    report(writer.status());
+}
+
+void SettingsUserDefaults::report(QSettings::Status status)
+{
+    const Saving saving = status == QSettings::NoError ? Saving::works : Saving::fails;
+    if (saving == Saving::fails && m_saving == Saving::works)
+        logLine(QStringLiteral("could not save settings: %1: %2").arg(m_path, description(status)));
+    m_saving = saving;
+}
+
+} // namespace nookle

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "UserDefaults.h"
+
+#include <QSettings>
+#include <QString>
+#include <QVariantMap>
+
+#include <optional>
+
+namespace nookle {
+
+/// The settings file, which the user may edit. What cannot be written is kept for as long as the program runs. Main
+/// thread only.
+class SettingsUserDefaults final : public UserDefaults {
+public:
+    /// Keeps the settings in the INI file at `path`; it is made, with the folders above it, at the first write.
+    explicit SettingsUserDefaults(const QString& path = defaultPath());
+
+    /// Where the user's settings file is.
+    [[nodiscard]] static QString defaultPath();
+
+    void registerDefaults(const QVariantMap& defaults) override;
+    bool boolean(const QString& forKey) const override;
+    qint64 integer(const QString& forKey) const override;
+    void set(bool value, const QString& forKey) override;
+    void set(qint64 value, const QString& forKey) override;
+    std::optional<QString> string(const QString& domain, const QString& key) const override;
+
+private:
+    enum class Saving { works, fails };
+
+    void write(const QString& key, const QVariant& value);
+    void report(QSettings::Status status);
+
+    QString m_path;
+    /// Stays open so that it keeps what could not be written.
+    QSettings m_settings;
+    QVariantMap m_defaults;
+    Saving m_saving = Saving::works;
+};
+
+} // namespace nookle

@@ -1,0 +1,392 @@
+#include "LinuxFileReferences.h"
+
+#include "FakeMainQueue.h"
+#include "FileReference.h"
+#include "FileUrl.h"
+#include "OpenDescriptors.h"
+#include "QtMainQueue.h"
+#include "TemporaryFolder.h"
+
+#include <QTest>
+
+#include <memory>
+
+using namespace nookle;
+
+class LinuxFileReferencesTest final : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aFileInItsPlaceIsNotStale();
+    void aChangedFileIsNotStale();
+    void aFileSavedThroughARenameIsFoundAndStale();
+    void aDetourInTheUrlIsStraightened();
+    void whatIsNotThereCannotBeReferredTo();
+    void foreignBytesResolveToNothing();
+    void anyNameIsKept_data();
+    void anyNameIsKept();
+
+    void aFileMovedDuringTheRunIsFollowed();
+    void aFileBelowAMovedFolderIsFollowed();
+    void aFolderIsFollowed();
+    void followingBeginsAgainWithResolving();
+
+    void aRenamedFileIsFoundInItsFolder();
+    void aFileWithTheSameInodeIsNotMistaken();
+    void aTrashedFileIsFoundInTheTrash();
+    void aDeletedFileResolvesToNothing();
+    void aFileMovedBeforeTheRunIsFoundInTheBackground();
+    void filesLostTogetherAreReportedOnce();
+    void aFoundFileThatMovedOnIsLookedForAgain();
+
+    void aLinkIsReferredToItself();
+    void aLinkThatLeadsNowhereCountsAsNotThere();
+
+    void theDescriptorOfADeletedFileIsClosed();
+    void aFileWithAnotherNameLeftStaysFollowed();
+    void releasingEndsTheFollowing();
+
+private:
+    /// As if the program had been started again.
+    void restart(MainQueue& queue)
+    {
+        m_references = std::make_unique<LinuxFileReferences>(m_home->path(), m_home->path("data"), queue);
+    }
+    void restart() { restart(m_idle); }
+
+    [[nodiscard]] QByteArray make(const QByteArray& path) { return m_references->make(fileUrl(path)).value_or(""); }
+    [[nodiscard]] std::optional<ResolvedFile> resolve(const QByteArray& reference)
+    {
+        return m_references->resolve(reference);
+    }
+    [[nodiscard]] static std::optional<ResolvedFile> inPlace(const QByteArray& path)
+    {
+        return ResolvedFile{ fileUrl(path), false };
+    }
+    [[nodiscard]] static std::optional<ResolvedFile> moved(const QByteArray& path)
+    {
+        return ResolvedFile{ fileUrl(path), true };
+    }
+
+    /// Its work never runs, so nothing is ever searched in the background.
+    FakeMainQueue m_idle;
+    std::unique_ptr<TemporaryFolder> m_home;
+    std::unique_ptr<LinuxFileReferences> m_references;
+};
+
+void LinuxFileReferencesTest::init()
+{
+    m_home = std::make_unique<TemporaryFolder>();
+    m_home->makeFolder("one");
+    m_home->makeFolder("two");
+    restart();
+}
+
+void LinuxFileReferencesTest::cleanup()
+{
+    m_references.reset();
+    QCOMPARE(descriptorsBelow(m_home->path()), 0);
+    m_home.reset();
+}
+
+void LinuxFileReferencesTest::aFileInItsPlaceIsNotStale()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    QCOMPARE(resolve(reference), inPlace(path));
+    restart();
+    QCOMPARE(resolve(reference), inPlace(path));
+}
+
+void LinuxFileReferencesTest::aChangedFileIsNotStale()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    m_home->makeFile("one/file", "quite another content");
+    QCOMPARE(resolve(reference), inPlace(path));
+}
+
+void LinuxFileReferencesTest::aFileSavedThroughARenameIsFoundAndStale()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    moveFile(m_home->makeFile("one/file.new"), path);
+    QCOMPARE(resolve(reference), moved(path));
+    QCOMPARE(resolve(make(path)), inPlace(path));
+}
+
+void LinuxFileReferencesTest::aDetourInTheUrlIsStraightened()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    QCOMPARE(resolve(make(m_home->path("two/../one/./file"))), inPlace(path));
+    QCOMPARE(resolve(make(m_home->path("one/"))), inPlace(m_home->path("one")));
+}
+
+void LinuxFileReferencesTest::whatIsNotThereCannotBeReferredTo()
+{
+    QVERIFY(!m_references->make(fileUrl(m_home->path("absent"))));
+    QVERIFY(!m_references->make(QUrl(QStringLiteral("https://example.org/"))));
+    QVERIFY(!m_references->make(QUrl()));
+}
+
+void LinuxFileReferencesTest::foreignBytesResolveToNothing()
+{
+    for (const QByteArray& bytes : { QByteArray(), QByteArray("book"), QByteArray(1000, '\xff') }) {
+        QVERIFY(!resolve(bytes));
+        m_references->release(bytes);
+    }
+}
+
+void LinuxFileReferencesTest::anyNameIsKept_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("newline") << QByteArray("a\nb");
+    QTest::newRow("percent") << QByteArray("100%41%");
+    QTest::newRow("not UTF-8") << QByteArray("\xff\xfe caf\xe9");
+    QTest::newRow("UTF-8") << QByteArray("\xc3\xbc\xe2\x82\xac");
+    QTest::newRow("query") << QByteArray("a?b#c");
+    QTest::newRow("spaces and backslash") << QByteArray(" a\\b ");
+    QTest::newRow("longest") << QByteArray(255, 'n');
+}
+
+void LinuxFileReferencesTest::anyNameIsKept()
+{
+    QFETCH(QByteArray, name);
+    const QByteArray path = m_home->makeFile("one/" + name);
+    const QByteArray reference = make(path);
+    QCOMPARE(resolve(reference), inPlace(path));
+
+    QByteArray elsewhere = m_home->path("two/");
+    elsewhere += name;
+    moveFile(path, elsewhere);
+    QCOMPARE(resolve(reference), moved(elsewhere));
+
+    moveFile(elsewhere, m_home->path("one/renamed"));
+    restart();
+    QCOMPARE(resolve(reference), moved(m_home->path("one/renamed")));
+    moveFile(m_home->path("one/renamed"), path);
+    QCOMPARE(resolve(reference), inPlace(path));
+}
+
+void LinuxFileReferencesTest::aFileMovedDuringTheRunIsFollowed()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    moveFile(path, m_home->path("two/another name"));
+    QCOMPARE(resolve(reference), moved(m_home->path("two/another name")));
+    moveFile(m_home->path("two/another name"), path);
+    QCOMPARE(resolve(reference), inPlace(path));
+}
+
+void LinuxFileReferencesTest::aFileBelowAMovedFolderIsFollowed()
+{
+    m_home->makeFolder("one/deep/deeper");
+    const QByteArray reference = make(m_home->makeFile("one/deep/deeper/file"));
+    moveFile(m_home->path("one"), m_home->path("three"));
+    QCOMPARE(resolve(reference), moved(m_home->path("three/deep/deeper/file")));
+}
+
+void LinuxFileReferencesTest::aFolderIsFollowed()
+{
+    const QByteArray path = m_home->makeFolder("one/folder");
+    const QByteArray reference = make(path);
+    QCOMPARE(resolve(reference), inPlace(path));
+    m_home->makeFile("one/folder/file");
+    moveFile(path, m_home->path("two/moved"));
+    QCOMPARE(resolve(reference), moved(m_home->path("two/moved")));
+}
+
+void LinuxFileReferencesTest::followingBeginsAgainWithResolving()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    restart();
+    QCOMPARE(resolve(reference), inPlace(path));
+    moveFile(path, m_home->path("two/file"));
+    QCOMPARE(resolve(reference), moved(m_home->path("two/file")));
+}
+
+void LinuxFileReferencesTest::aRenamedFileIsFoundInItsFolder()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    moveFile(path, m_home->path("one/renamed"));
+    restart();
+    QCOMPARE(resolve(reference), moved(m_home->path("one/renamed")));
+}
+
+void LinuxFileReferencesTest::aFileWithTheSameInodeIsNotMistaken()
+{
+    FileReference reference{ m_home->path("one/gone"), *FileIdentity::of(m_home->makeFile("one/present")) };
+    QCOMPARE(resolve(reference.encode()), moved(m_home->path("one/present")));
+
+    FileReference other = reference;
+    other.identity.handle.clear();
+    other.identity.birthTime = reference.identity.birthTime.value_or(0) + 1;
+    QCOMPARE(resolve(other.encode()), std::nullopt);
+}
+
+void LinuxFileReferencesTest::aTrashedFileIsFoundInTheTrash()
+{
+    m_home->makeFolder("data/Trash/files");
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    moveFile(path, m_home->path("data/Trash/files/file.2"));
+    QCOMPARE(resolve(reference), moved(m_home->path("data/Trash/files/file.2")));
+    restart();
+    QCOMPARE(resolve(reference), moved(m_home->path("data/Trash/files/file.2")));
+    // With its folder gone as well, the volume is still known.
+    deleteFile(m_home->path("one"));
+    QCOMPARE(resolve(reference), moved(m_home->path("data/Trash/files/file.2")));
+}
+
+void LinuxFileReferencesTest::aDeletedFileResolvesToNothing()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    deleteFile(path);
+    QCOMPARE(resolve(reference), std::nullopt);
+
+    QtMainQueue queue;
+    restart(queue);
+    QCOMPARE(resolve(reference), std::nullopt);
+    const QByteArray movedBefore = m_home->makeFile("one/other");
+    const QByteArray other = make(movedBefore);
+    m_references->release(other);
+    moveFile(movedBefore, m_home->path("two/other"));
+    bool isFound = false;
+    m_references->onFilesFound = [&] { isFound = true; };
+    QCOMPARE(resolve(other), std::nullopt);
+    // Both are looked for in the pass that finds the other one.
+    QTRY_VERIFY(isFound);
+    QCOMPARE(resolve(reference), std::nullopt);
+    restart();
+}
+
+void LinuxFileReferencesTest::aFileMovedBeforeTheRunIsFoundInTheBackground()
+{
+    m_home->makeFolder("two/deep/\xff");
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    moveFile(path, m_home->path("two/deep/\xff/renamed"));
+
+    QtMainQueue queue;
+    restart(queue);
+    bool isFound = false;
+    m_references->onFilesFound = [&] { isFound = true; };
+    QCOMPARE(resolve(reference), std::nullopt);
+    QVERIFY(!isFound);
+    QTRY_VERIFY(isFound);
+    QCOMPARE(resolve(reference), moved(m_home->path("two/deep/\xff/renamed")));
+    restart();
+}
+
+void LinuxFileReferencesTest::filesLostTogetherAreReportedOnce()
+{
+    const QByteArray first = make(m_home->makeFile("one/first"));
+    const QByteArray second = make(m_home->makeFile("one/second"));
+    moveFile(m_home->path("one/first"), m_home->path("two/first"));
+    moveFile(m_home->path("one/second"), m_home->path("two/second"));
+
+    QtMainQueue queue;
+    restart(queue);
+    int reports = 0;
+    m_references->onFilesFound = [&] { ++reports; };
+    QCOMPARE(resolve(first), std::nullopt);
+    QCOMPARE(resolve(second), std::nullopt);
+    QTRY_VERIFY(reports > 0);
+    QCOMPARE(resolve(first), moved(m_home->path("two/first")));
+    QCOMPARE(resolve(second), moved(m_home->path("two/second")));
+    QCOMPARE(reports, 1);
+    restart();
+}
+
+void LinuxFileReferencesTest::aFoundFileThatMovedOnIsLookedForAgain()
+{
+    const QByteArray reference = make(m_home->makeFile("one/file"));
+    moveFile(m_home->path("one/file"), m_home->path("two/file"));
+
+    QtMainQueue queue;
+    restart(queue);
+    int reports = 0;
+    m_references->onFilesFound = [&] { ++reports; };
+    QCOMPARE(resolve(reference), std::nullopt);
+    QTRY_COMPARE(reports, 1);
+    moveFile(m_home->path("two/file"), m_home->path("elsewhere"));
+    m_home->makeFile("two/file");
+    QCOMPARE(resolve(reference), std::nullopt);
+    QTRY_COMPARE(reports, 2);
+    QCOMPARE(resolve(reference), moved(m_home->path("elsewhere")));
+    restart();
+}
+
+void LinuxFileReferencesTest::aLinkIsReferredToItself()
+{
+    const QByteArray target = m_home->makeFile("one/target");
+    const QByteArray path = m_home->path("one/link");
+    makeLink(target, path);
+    const QByteArray reference = make(path);
+    QCOMPARE(resolve(reference), inPlace(path));
+    moveFile(path, m_home->path("two/link"));
+    QCOMPARE(resolve(reference), moved(m_home->path("two/link")));
+    moveFile(m_home->path("two/link"), m_home->path("one/renamed"));
+    restart();
+    QCOMPARE(resolve(reference), moved(m_home->path("one/renamed")));
+}
+
+void LinuxFileReferencesTest::aLinkThatLeadsNowhereCountsAsNotThere()
+{
+    const QByteArray path = m_home->path("one/link");
+    makeLink("target", path);
+    QVERIFY(!m_references->make(fileUrl(path)));
+
+    const QByteArray target = m_home->makeFile("one/target");
+    const QByteArray reference = make(path);
+    deleteFile(target);
+    QCOMPARE(resolve(reference), std::nullopt);
+    m_home->makeFile("one/target");
+    QCOMPARE(resolve(reference), inPlace(path));
+    moveFile(path, m_home->path("two/link"));
+    QCOMPARE(resolve(reference), std::nullopt);
+}
+
+void LinuxFileReferencesTest::theDescriptorOfADeletedFileIsClosed()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    QCOMPARE(descriptorsBelow(path), 1);
+    deleteFile(path);
+    QTRY_COMPARE(descriptorsBelow(path), 0);
+    QCOMPARE(resolve(reference), std::nullopt);
+}
+
+void LinuxFileReferencesTest::aFileWithAnotherNameLeftStaysFollowed()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    QCOMPARE(::link(path.constData(), m_home->path("one/second").constData()), 0);
+    const QByteArray reference = make(path);
+    const QByteArray sentinel = make(m_home->makeFile("two/sentinel"));
+    deleteFile(path);
+    deleteFile(m_home->path("two/sentinel"));
+    // Events come in order: when the later deletion has been handled, so has the earlier one.
+    QTRY_COMPARE(descriptorsBelow(m_home->path("two")), 0);
+    QCOMPARE(descriptorsBelow(m_home->path("one")), 1);
+    QCOMPARE(resolve(reference), moved(m_home->path("one/second")));
+}
+
+void LinuxFileReferencesTest::releasingEndsTheFollowing()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    const QByteArray reference = make(path);
+    QCOMPARE(descriptorsBelow(path), 1);
+    m_references->release(reference);
+    QCOMPARE(descriptorsBelow(path), 0);
+    m_references->release(reference);
+    QCOMPARE(resolve(reference), inPlace(path));
+}
+
+QTEST_GUILESS_MAIN(LinuxFileReferencesTest)
+#include "LinuxFileReferencesTest.moc"
