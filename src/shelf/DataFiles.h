@@ -1,0 +1,24 @@
+#pragma once
+
+#include "Failure.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace nookle {
+
+// What the shelf does to files on disk. Paths are absolute, and bytes: names need not be UTF-8. What these functions
+// create is for the user alone: 0700 for folders, 0600 for files.
+
+/// Makes the folder and the folders above it, as far as they do not exist.
+[[nodiscard]] std::optional<Failure> makeFolder(const QByteArray& path);
+
+/// Puts `bytes` in the place of the file at `path`, or leaves that as it was. An existing file keeps its permissions.
+[[nodiscard]] std::optional<Failure> writeAtomically(const QByteArray& path, const QByteArray& bytes);
+
+/// Moves a file, also to another file system. Nothing may exist at `to`. After a failure the file is where it was, and
+/// nothing is at `to`. Folders can be moved only within a file system.
+[[nodiscard]] std::optional<Failure> moveFile(const QByteArray& from, const QByteArray& to);
+
+} // namespace nookle

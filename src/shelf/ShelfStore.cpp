@@ -1,0 +1,196 @@
+#include "ShelfStore.h"
+
+#include "FileReferences.h"
+#include "FileUrl.h"
+#include "Log.h"
+#include "ReaddedFiles.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nookle {
+
+void ShelfStore::addFiles(const QList<QUrl>& urls)
+{
+    ReaddedFiles readded(m_items, m_fileUrls);
+    QList<ShelfItem> top;
+    QHash<QUuid, QUrl> newUrls;
+    for (const QUrl& given : urls) {
+        const QUrl url = standardized(given);
+        if (std::optional<ShelfItem> known = readded.take(url)) {
+            known->createdAt = now();
+            top.append(*std::move(known));
+        } else if (std::optional<ShelfItem> made = makeFileItem(url)) {
+            newUrls.insert(made->id, url);
+            top.append(*std::move(made));
+        }
+    }
+    if (top.isEmpty())
+        return;
+    m_items.removeIf([&](const ShelfItem& item) { return readded.taken().contains(item.id); });
+    m_items = top + m_items;
+    for (auto entry = newUrls.constBegin(); entry != newUrls.constEnd(); ++entry)
+        m_fileUrls.insert(entry.key(), entry.value());
+    scheduleSave();
+    if (!newUrls.isEmpty())
+        Q_EMIT fileURLsChanged();
+    Q_EMIT itemsChanged();
+}
+
+void ShelfStore::addText(const QString& text)
+{
+    if (text.trimmed().isEmpty())
+        return;
+    if (const std::optional<LinkUrl> url = ShelfItem::webURL(text)) {
+        addLink(*url, {});
+        return;
+    }
+    const ShelfItem::Content content = TextContent{ text };
+    const auto same =
+        std::find_if(m_items.cbegin(), m_items.cend(), [&](const ShelfItem& item) { return item.content == content; });
+    if (same != m_items.cend())
+        moveToTop(same - m_items.cbegin());
+    else
+        m_items.prepend(makeItem(content));
+    scheduleSave();
+    Q_EMIT itemsChanged();
+}
+
+void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title)
+{
+    const auto same = std::find_if(m_items.cbegin(), m_items.cend(), [&](const ShelfItem& item) {
+        const LinkContent* link = std::get_if<LinkContent>(&item.content);
+        return link && link->url == url;
+    });
+    if (same != m_items.cend()) {
+        moveToTop(same - m_items.cbegin());
+    } else {
+        m_items.prepend(makeItem(LinkContent{ url, title, false }));
+        if (m_environment.fetchesLinkMetadata)
+            fetchLinkMetadata(m_items.constFirst().id, url.url());
+    }
+    scheduleSave();
+    Q_EMIT itemsChanged();
+}
+
+void ShelfStore::addImage(const QUrl& movingFrom)
+{
+    const QString fileName = ItemFiles::storedName(movingFrom);
+    const ShelfItem item = makeItem(ImageContent{ fileName });
+    if (const std::optional<Failure> failure = m_itemFiles.takeOver(movingFrom, item.id, fileName)) {
+        logLine(QStringLiteral("could not take over image: ") + failure->description);
+        return;
+    }
+    m_items.prepend(item);
+    scheduleSave();
+    Q_EMIT itemsChanged();
+}
+
+void ShelfStore::togglePinned(QUuid id)
+{
+    const qsizetype index = indexOf(id);
+    if (index < 0)
+        return;
+    m_items[index].pinned = !m_items.at(index).pinned;
+    scheduleSave();
+    Q_EMIT itemsChanged();
+}
+
+void ShelfStore::remove(QUuid id)
+{
+    removeAll({ id });
+}
+
+void ShelfStore::removeExpired(double maxAge)
+{
+    const QDateTime present = now();
+    QSet<QUuid> expired;
+    for (const ShelfItem& item : std::as_const(m_items)) {
+        const auto age = static_cast<double>(item.createdAt.msecsTo(present)) / 1000;
+        if (!item.pinned && age > maxAge)
+            expired.insert(item.id);
+    }
+    if (!expired.isEmpty())
+        removeAll(expired);
+}
+
+void ShelfStore::removeAll(const QSet<QUuid>& ids)
+{
+    QSet<QUuid> found;
+    QSet<QByteArray> bookmarks;
+    for (const ShelfItem& item : QList<ShelfItem>(m_items)) {
+        if (!ids.contains(item.id))
+            continue;
+        if (!found.contains(item.id))
+            moveImageToTrash(item);
+        found.insert(item.id);
+        if (const FileContent* file = std::get_if<FileContent>(&item.content))
+            bookmarks.insert(file->bookmark);
+    }
+    m_items.removeIf([&](const ShelfItem& item) { return ids.contains(item.id); });
+    bool lostFileUrl = false;
+    for (const QUuid& id : ids) {
+        lostFileUrl = m_fileUrls.remove(id) || lostFileUrl;
+        m_metadataRequests.erase(id);
+        m_itemFiles.removeFolder(id);
+    }
+    releaseUnused(bookmarks);
+    scheduleSave();
+    if (lostFileUrl)
+        Q_EMIT fileURLsChanged();
+    if (!found.isEmpty())
+        Q_EMIT itemsChanged();
+}
+
+void ShelfStore::moveImageToTrash(const ShelfItem& item) const
+{
+    const ImageContent* image = std::get_if<ImageContent>(&item.content);
+    const std::optional<QUrl> url = image ? m_itemFiles.existingFile(item.id, image->fileName) : std::nullopt;
+    // What cannot be trashed is deleted with the item's folder.
+    if (url)
+        static_cast<void>(m_environment.moveToTrash(*url));
+}
+
+void ShelfStore::releaseUnused(QSet<QByteArray> bookmarks) const
+{
+    // A file that was added twice has two items, and their bookmarks may be the same bytes.
+    for (const ShelfItem& item : m_items) {
+        if (const FileContent* file = std::get_if<FileContent>(&item.content))
+            bookmarks.remove(file->bookmark);
+    }
+    for (const QByteArray& bookmark : std::as_const(bookmarks))
+        m_fileReferences.release(bookmark);
+}
+
+void ShelfStore::moveToTop(qsizetype index)
+{
+    m_items.move(index, 0);
+    m_items.first().createdAt = now();
+}
+
+QDateTime ShelfStore::now() const
+{
+    return m_environment.now().toUTC();
+}
+
+qsizetype ShelfStore::indexOf(const QUuid& id) const
+{
+    const auto found =
+        std::find_if(m_items.begin(), m_items.end(), [&](const ShelfItem& item) { return item.id == id; });
+    return found == m_items.end() ? -1 : found - m_items.begin();
+}
+
+ShelfItem ShelfStore::makeItem(ShelfItem::Content content) const
+{
+    return { QUuid::createUuid(), now(), std::move(content), false };
+}
+
+std::optional<ShelfItem> ShelfStore::makeFileItem(const QUrl& url) const
+{
+    const std::optional<QByteArray> bookmark = m_fileReferences.make(url);
+    if (!bookmark)
+        return {};
+    return makeItem(FileContent{ *bookmark, lastPathComponent(url) });
+}
+
+} // namespace nookle

@@ -1,0 +1,135 @@
+#pragma once
+
+#include "Failure.h"
+#include "FileUrls.h"
+#include "ItemFiles.h"
+#include "LinkMetadataService.h"
+#include "MainQueue.h"
+#include "ShelfItem.h"
+
+#include <QDateTime>
+#include <QHash>
+#include <QList>
+#include <QObject>
+#include <QSet>
+#include <QUrl>
+#include <QUuid>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+namespace nookle {
+
+class FileReferences;
+class Trash;
+struct ResolvedFile;
+
+/// The single owner of the items on the shelf and of the files that belong to them: every change goes through here, is
+/// told to whoever watches, and is saved 0.3 seconds after the last one. What the store is given must outlive it. Main
+/// thread only.
+class ShelfStore final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The store's outside world.
+    struct Environment {
+        std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
+        /// Must be set: moves the file at a URL to the Trash.
+        std::function<std::optional<Failure>(const QUrl&)> moveToTrash;
+        bool fetchesLinkMetadata = true;
+    };
+
+    /// Reads the shelf that is kept in the folder `directory`. Neither the folder nor anything in it need exist, and
+    /// nothing is made before there is something to save.
+    ShelfStore(const QUrl& directory, Environment environment, FileReferences& fileReferences, const Trash& trash,
+               LinkMetadataService& linkMetadata, MainQueue& queue);
+    ~ShelfStore() override;
+
+    /// In display order: what was last added, or added again, is first.
+    [[nodiscard]] const QList<ShelfItem>& items() const { return m_items; }
+
+    /// Where the file of each file item was at the last look; no entry for one that is gone or in the Trash.
+    [[nodiscard]] const QHash<QUuid, QUrl>& fileURLs() const { return m_fileUrls.byId(); }
+
+    /// Adds files and folders by reference, the first one on top. A file that is on the shelf moves to the top; a URL
+    /// given twice counts twice. What cannot be referred to is left out.
+    void addFiles(const QList<QUrl>& urls);
+
+    /// Adds text as it is, or a link if it is a web address; nothing if it is only white space.
+    void addText(const QString& text);
+
+    /// Adds a link and looks its page up. A link that is on the shelf moves to the top and keeps its title.
+    void addLink(const LinkUrl& url, const std::optional<QString>& title);
+
+    /// Moves an image file into the shelf's own folder and adds it. If that fails it is logged, and the file stays
+    /// where it was.
+    void addImage(const QUrl& movingFrom);
+
+    void togglePinned(QUuid id);
+
+    /// Takes an item off the shelf. An image goes to the Trash; a file that is only referred to is not touched.
+    void remove(QUuid id);
+
+    /// Removes the items that are older than `maxAge` seconds and not pinned.
+    void removeExpired(double maxAge);
+
+    /// Changes what is given of a link's title and icon flag. Saves even if nothing differs.
+    void updateLink(QUuid id, const std::optional<QString>& title, std::optional<bool> hasIcon);
+
+    /// The file that stands for the item: where a referenced file is now, or where an image is kept, whether or not it
+    /// exists.
+    [[nodiscard]] std::optional<QUrl> localURL(const ShelfItem& item) const;
+
+    /// The saved favicon of a link.
+    [[nodiscard]] std::optional<QUrl> iconURL(const ShelfItem& item) const;
+
+    /// Looks where the referenced files are now, and takes over their new places and names.
+    void refreshFiles();
+
+    /// Writes the index at once, in place of a pending save. A failure is logged.
+    void saveNow();
+
+Q_SIGNALS:
+    /// Told after the change. A listener may change the store again.
+    void itemsChanged();
+    void fileURLsChanged();
+
+private:
+    void load();
+    void setAsideIndex(const Failure& reason) const;
+    void scheduleSave();
+    [[nodiscard]] QByteArray indexPath() const;
+    [[nodiscard]] FileContent refreshed(const FileContent& file, const ResolvedFile& resolved) const;
+
+    [[nodiscard]] QDateTime now() const;
+    [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
+    [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
+    [[nodiscard]] std::optional<ShelfItem> makeFileItem(const QUrl& url) const;
+    void moveToTop(qsizetype index);
+    void removeAll(const QSet<QUuid>& ids);
+    void moveImageToTrash(const ShelfItem& item) const;
+    /// Releases those bookmarks that no item holds any more.
+    void releaseUnused(QSet<QByteArray> bookmarks) const;
+
+    [[nodiscard]] static QString iconFileName() { return QStringLiteral("icon.png"); }
+    void fetchLinkMetadata(QUuid id, const QUrl& url);
+    void finishLookup(QUuid id, std::optional<LinkMetadata> metadata);
+    void saveIcon(const QByteArray& png, QUuid id);
+
+    QList<ShelfItem> m_items;
+    FileUrls m_fileUrls;
+    Environment m_environment;
+    QUrl m_directory;
+    ItemFiles m_itemFiles;
+    FileReferences& m_fileReferences;
+    const Trash& m_trash;
+    LinkMetadataService& m_linkMetadata;
+    MainQueue& m_queue;
+    std::unique_ptr<DelayedTask> m_pendingSave;
+    /// The lookups under way.
+    std::map<QUuid, std::unique_ptr<LinkMetadataRequest>> m_metadataRequests;
+};
+
+} // namespace nookle

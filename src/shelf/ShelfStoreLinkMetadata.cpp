@@ -1,0 +1,59 @@
+#include "ShelfStore.h"
+
+#include "Log.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace nookle {
+
+void ShelfStore::fetchLinkMetadata(QUuid id, const QUrl& url)
+{
+    // The request lives no longer than the store, and its completion no longer than the request.
+    m_metadataRequests[id] = m_linkMetadata.start(
+        url, [this, id](std::optional<LinkMetadata> metadata) { finishLookup(id, std::move(metadata)); });
+}
+
+void ShelfStore::finishLookup(QUuid id, std::optional<LinkMetadata> metadata)
+{
+    const QPointer<ShelfStore> store = this;
+    m_metadataRequests.erase(id);
+    if (!metadata)
+        return;
+    if (metadata->title)
+        updateLink(id, metadata->title, {});
+    if (!metadata->loadIcon)
+        return;
+    metadata->loadIcon([store, id](const std::optional<QByteArray>& png) {
+        if (store && png)
+            store->saveIcon(*png, id);
+    });
+}
+
+void ShelfStore::updateLink(QUuid id, const std::optional<QString>& title, std::optional<bool> hasIcon)
+{
+    const qsizetype index = indexOf(id);
+    if (index < 0 || !std::holds_alternative<LinkContent>(m_items.at(index).content))
+        return;
+    LinkContent& link = std::get<LinkContent>(m_items[index].content);
+    if (title)
+        link.title = title;
+    if (hasIcon)
+        link.hasIcon = *hasIcon;
+    scheduleSave();
+    Q_EMIT itemsChanged();
+}
+
+void ShelfStore::saveIcon(const QByteArray& png, QUuid id)
+{
+    if (indexOf(id) < 0)
+        return;
+    if (const std::optional<Failure> failure = m_itemFiles.write(png, id, iconFileName())) {
+        logLine(QStringLiteral("could not save favicon: ") + failure->description);
+        return;
+    }
+    updateLink(id, {}, true);
+}
+
+} // namespace nookle

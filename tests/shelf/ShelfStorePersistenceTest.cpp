@@ -1,0 +1,312 @@
+#include "CapturedLog.h"
+#include "StoreFixture.h"
+
+#include <QDir>
+#include <QtTest>
+
+#include <sys/stat.h>
+
+using namespace nookle;
+
+namespace {
+
+/// Counts how often the index is written: what it finds on disk it takes away.
+class Writes {
+public:
+    explicit Writes(const StoreFixture& fixture)
+        : m_path(fixture.indexPath())
+    {
+    }
+
+    [[nodiscard]] bool happened() const { return QFile::remove(m_path); }
+
+private:
+    QString m_path;
+};
+
+/// A data folder with this index in it.
+void install(const StoreFixture& fixture, const QByteArray& index)
+{
+    if (!QDir().mkpath(fixture.path(QStringLiteral("data"))))
+        qFatal("cannot make the data folder");
+    fixture.write(QStringLiteral("data/index.json"), index);
+}
+
+void install(const StoreFixture& fixture, const char* name)
+{
+    QFile file(QStringLiteral(NOOKLE_INDEX_DATA "/") + QLatin1String(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("cannot read %s", qPrintable(file.fileName()));
+    install(fixture, file.readAll());
+}
+
+[[nodiscard]] mode_t permissions(const QString& path)
+{
+    struct stat status = {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 07777U : 0U;
+}
+
+} // namespace
+
+class ShelfStorePersistenceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void aMissingIndexIsAnEmptyShelfAndMakesNothing();
+    void theShelfSurvivesARestart();
+    void whatIsMadeIsForTheUserAlone();
+    void anUndecodableIndexIsSetAsideInPlaceOfAnOlderOne();
+    void anUndecodableIndexIsSetAsideInPlaceOfAFolder();
+    void theSaveAfterAnUndecodableIndexWritesAFreshOne();
+    void whatIsNoRegularFileIsAnEmptyShelf_data();
+    void whatIsNoRegularFileIsAnEmptyShelf();
+    void aLargeIndexIsRead();
+    void anIndexBeyondAllMeasureIsSetAsideUnread();
+    void threeChangesMakeOneWriteAfterTheThird();
+    void savingNowTakesThePlaceOfThePendingSave();
+    void savingNowWritesAnUnchangedShelfToo();
+    void aStoreThatIsGoneDoesNotSave();
+    void aDataFolderThatCannotBeMadeIsLogged();
+    void anIndexThatCannotBeWrittenIsLogged();
+    void aHostileFileNameReachesNothingOutside();
+};
+
+void ShelfStorePersistenceTest::aMissingIndexIsAnEmptyShelfAndMakesNothing()
+{
+    StoreFixture fixture;
+    const CapturedLog log;
+    const auto store = fixture.open();
+    QVERIFY(store->items().isEmpty());
+    fixture.queue.advance(10);
+    QVERIFY(QDir(fixture.folder.path()).isEmpty());
+    QVERIFY(log.lines().isEmpty());
+}
+
+void ShelfStorePersistenceTest::theShelfSurvivesARestart()
+{
+    StoreFixture fixture;
+    fixture.now = QDateTime::fromString(QStringLiteral("2026-01-31T12:00:00Z"), Qt::ISODate);
+    QList<ShelfItem> items;
+    {
+        const auto store = fixture.open();
+        store->addText(QStringLiteral("milk"));
+        store->addText(QStringLiteral("https://example.com/"));
+        store->addFiles({ fixture.file("/a"), fixture.file("/b") });
+        fixture.write(QStringLiteral("a.png"), "pixels");
+        store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+        store->togglePinned(store->items().at(2).id);
+        items = store->items();
+        fixture.queue.advance(0.3);
+    }
+    const auto store = fixture.open();
+    QVERIFY(store->items() == items);
+    QCOMPARE(store->fileURLs().size(), 2);
+    QVERIFY(QFile::exists(QFile::decodeName(filePath(store->localURL(store->items().constFirst()).value()))));
+}
+
+void ShelfStorePersistenceTest::whatIsMadeIsForTheUserAlone()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("secret"));
+    store->saveNow();
+    QCOMPARE(permissions(fixture.path(QStringLiteral("data"))), 0700U);
+    QCOMPARE(permissions(fixture.indexPath()), 0600U);
+}
+
+void ShelfStorePersistenceTest::anUndecodableIndexIsSetAsideInPlaceOfAnOlderOne()
+{
+    StoreFixture fixture;
+    install(fixture, "bad/content-with-two-kinds.json");
+    const QByteArray bad = fixture.read(QStringLiteral("data/index.json"));
+    fixture.write(QStringLiteral("data/index.corrupt.json"), "older");
+    const CapturedLog log;
+    const auto store = fixture.open();
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(!QFile::exists(fixture.indexPath()));
+    QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), bad);
+    QCOMPARE(log.lines().join(QLatin1Char('\n')),
+             QStringLiteral("Nookle: index unreadable, moved to %1: Invalid number of keys found, expected one.")
+                 .arg(fixture.path(QStringLiteral("data/index.corrupt.json"))));
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
+}
+
+void ShelfStorePersistenceTest::anUndecodableIndexIsSetAsideInPlaceOfAFolder()
+{
+    StoreFixture fixture;
+    install(fixture, QByteArray());
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data/index.corrupt.json/inside"))));
+    const CapturedLog log;
+    const auto store = fixture.open();
+    QVERIFY(!QFile::exists(fixture.indexPath()));
+    QVERIFY(QFileInfo(fixture.path(QStringLiteral("data/index.corrupt.json"))).isFile());
+    QCOMPARE(log.lines().size(), 1);
+}
+
+void ShelfStorePersistenceTest::theSaveAfterAnUndecodableIndexWritesAFreshOne()
+{
+    StoreFixture fixture;
+    install(fixture, "bad/truncated.json");
+    {
+        const CapturedLog log;
+        const auto store = fixture.open();
+        store->addText(QStringLiteral("milk"));
+        fixture.queue.advance(0.3);
+    }
+    QCOMPARE(StoreFixture::names(*fixture.open()).join(QLatin1Char(' ')), QStringLiteral("milk"));
+    QVERIFY(QFile::exists(fixture.path(QStringLiteral("data/index.corrupt.json"))));
+}
+
+void ShelfStorePersistenceTest::whatIsNoRegularFileIsAnEmptyShelf_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char* kind : { "folder", "pipe", "link to a device", "link to nothing", "link to itself" })
+        QTest::newRow(kind) << QString::fromLatin1(kind);
+}
+
+void ShelfStorePersistenceTest::whatIsNoRegularFileIsAnEmptyShelf()
+{
+    QFETCH(QString, kind);
+    StoreFixture fixture;
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data"))));
+    if (kind == QStringLiteral("folder"))
+        QVERIFY(QDir().mkpath(fixture.indexPath()));
+    else if (kind == QStringLiteral("pipe"))
+        QCOMPARE(::mkfifo(QFile::encodeName(fixture.indexPath()).constData(), 0600), 0);
+    else if (kind == QStringLiteral("link to a device"))
+        QVERIFY(QFile::link(QStringLiteral("/dev/zero"), fixture.indexPath()));
+    else if (kind == QStringLiteral("link to nothing"))
+        QVERIFY(QFile::link(QStringLiteral("missing"), fixture.indexPath()));
+    else
+        QVERIFY(QFile::link(QStringLiteral("index.json"), fixture.indexPath()));
+    const CapturedLog log;
+    const auto store = fixture.open();
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(log.lines().isEmpty());
+    QVERIFY(!QFile::exists(fixture.path(QStringLiteral("data/index.corrupt.json"))));
+}
+
+void ShelfStorePersistenceTest::aLargeIndexIsRead()
+{
+    StoreFixture fixture;
+    const QByteArray text(2'000'000, 'x');
+    QByteArray index = "{\"version\":1,\"items\":[";
+    for (int i = 0; i < 100; ++i) {
+        index += i == 0 ? "" : ",";
+        index += R"({"content":{"text":{"_0":")" + text
+            + R"("}},"createdAt":"2026-01-31T12:00:00Z","id":"1B4E28BA-2FA1-11D2-883F-B9A761BDE3FB","pinned":true})";
+    }
+    index += "]}";
+    install(fixture, index);
+    index.clear();
+    const auto store = fixture.open();
+    QCOMPARE(store->items().size(), 100);
+    QCOMPARE(std::get<TextContent>(store->items().constLast().content).text.size(), text.size());
+}
+
+void ShelfStorePersistenceTest::anIndexBeyondAllMeasureIsSetAsideUnread()
+{
+    StoreFixture fixture;
+    install(fixture, "good/every-kind.json");
+    QVERIFY(QFile::resize(fixture.indexPath(), Q_INT64_C(1'000'000'000'000)));
+    const CapturedLog log;
+    const auto store = fixture.open();
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(QFile::exists(fixture.path(QStringLiteral("data/index.corrupt.json"))));
+    QCOMPARE(log.lines().size(), 1);
+}
+
+void ShelfStorePersistenceTest::threeChangesMakeOneWriteAfterTheThird()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    const Writes writes(fixture);
+    store->addText(QStringLiteral("a"));
+    fixture.queue.advance(0.2);
+    store->addText(QStringLiteral("b"));
+    fixture.queue.advance(0.2);
+    store->togglePinned(store->items().constFirst().id);
+    fixture.queue.advance(0.299);
+    QVERIFY(!writes.happened());
+    fixture.queue.advance(0.001);
+    QVERIFY(writes.happened());
+    fixture.queue.advance(10);
+    QVERIFY(!writes.happened());
+}
+
+void ShelfStorePersistenceTest::savingNowTakesThePlaceOfThePendingSave()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    const Writes writes(fixture);
+    store->addText(QStringLiteral("a"));
+    store->saveNow();
+    QVERIFY(writes.happened());
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
+    fixture.queue.advance(10);
+    QVERIFY(!writes.happened());
+}
+
+void ShelfStorePersistenceTest::savingNowWritesAnUnchangedShelfToo()
+{
+    StoreFixture fixture;
+    fixture.open()->saveNow();
+    QCOMPARE(fixture.read(QStringLiteral("data/index.json")),
+             QByteArray("{\n    \"items\": [\n    ],\n    \"version\": 1\n}\n"));
+}
+
+void ShelfStorePersistenceTest::aStoreThatIsGoneDoesNotSave()
+{
+    StoreFixture fixture;
+    fixture.open()->addText(QStringLiteral("a"));
+    fixture.queue.advance(10);
+    QVERIFY(!QFile::exists(fixture.indexPath()));
+}
+
+void ShelfStorePersistenceTest::aDataFolderThatCannotBeMadeIsLogged()
+{
+    StoreFixture fixture;
+    fixture.write(QStringLiteral("data"), "in the way");
+    const CapturedLog log;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("a"));
+    fixture.queue.advance(0.3);
+    QCOMPARE(log.lines().join(QLatin1Char('\n')), QStringLiteral("Nookle: saving failed: Not a directory"));
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
+    QCOMPARE(store->items().size(), 1);
+}
+
+void ShelfStorePersistenceTest::anIndexThatCannotBeWrittenIsLogged()
+{
+    StoreFixture fixture;
+    QVERIFY(QDir().mkpath(fixture.indexPath() + QStringLiteral("/inside")));
+    const CapturedLog log;
+    fixture.open()->saveNow();
+    QCOMPARE(log.lines().size(), 1);
+    QVERIFY(log.lines().constFirst().startsWith(QStringLiteral("Nookle: saving failed: ")));
+    QVERIFY(log.lines().constFirst().size() > QStringLiteral("Nookle: saving failed: ").size());
+}
+
+void ShelfStorePersistenceTest::aHostileFileNameReachesNothingOutside()
+{
+    StoreFixture fixture;
+    install(fixture, "good/hostile-file-names.json");
+    fixture.write(QStringLiteral("data/victim.png"), "precious");
+    {
+        const auto store = fixture.open();
+        QCOMPARE(store->items().size(), 7);
+        for (const ShelfItem& item : QList<ShelfItem>(store->items())) {
+            // With the folder there, a path through it leads somewhere.
+            QVERIFY(QDir().mkpath(fixture.itemFolder(item.id)));
+            QVERIFY(!store->localURL(item));
+            store->remove(item.id);
+        }
+    }
+    QVERIFY(fixture.trash.moved.isEmpty());
+    QCOMPARE(fixture.read(QStringLiteral("data/victim.png")), QByteArray("precious"));
+    QVERIFY(QFile::exists(QStringLiteral("/etc/passwd")));
+    QVERIFY(QDir(fixture.path(QStringLiteral("data/Files"))).isEmpty());
+}
+
+QTEST_GUILESS_MAIN(ShelfStorePersistenceTest)
+#include "ShelfStorePersistenceTest.moc"

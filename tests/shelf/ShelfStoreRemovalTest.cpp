@@ -1,0 +1,193 @@
+#include "CapturedLog.h"
+#include "StoreFixture.h"
+
+#include <QDir>
+#include <QSignalSpy>
+#include <QtTest>
+
+using namespace nookle;
+
+class ShelfStoreRemovalTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void togglingThePinOfAnItemDoesNotMoveIt();
+    void togglingAnUnknownIdChangesAndSavesNothing();
+    void expiryRemovesWhatIsStrictlyOlderAndNotPinned();
+    void expiryOfManyItemsIsToldOnce();
+    void expiryOfNothingSavesNothing();
+    void removingAnImageTrashesItsFileAndDeletesItsFolder();
+    void removingAnImageThatCannotBeTrashedDeletesIt();
+    void removingAnImageWhoseFileIsGoneTrashesNothing();
+    void removingAFileItemLeavesTheFileAlone();
+    void removingReleasesTheReferenceUnlessAnotherItemHoldsIt();
+    void removingAnUnknownIdSavesAndTellsNobody();
+    void anIdInsideTheStoreMayBeGivenToRemove();
+};
+
+void ShelfStoreRemovalTest::togglingThePinOfAnItemDoesNotMoveIt()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addFiles({ fixture.file("/a"), fixture.file("/b"), fixture.file("/c"), fixture.file("/d") });
+    const ShelfItem item = store->items().at(3);
+    store->togglePinned(item.id);
+    QVERIFY(store->items().at(3).pinned);
+    fixture.queue.advance(1);
+    const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
+    store->togglePinned(item.id);
+    QVERIFY(store->items().at(3) == item);
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(fixture.queue.waitingTasks(), 1);
+}
+
+void ShelfStoreRemovalTest::togglingAnUnknownIdChangesAndSavesNothing()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
+    store->togglePinned(QUuid::createUuid());
+    QCOMPARE(changes.size(), 0);
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
+}
+
+void ShelfStoreRemovalTest::expiryRemovesWhatIsStrictlyOlderAndNotPinned()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    const QDateTime present = fixture.now;
+    fixture.now = present.addYears(-1);
+    store->addText(QStringLiteral("pinned"));
+    store->togglePinned(store->items().constFirst().id);
+    fixture.now = present.addSecs(-3601);
+    store->addText(QStringLiteral("older"));
+    fixture.now = present.addMSecs(-3'600'001);
+    store->addText(QStringLiteral("just older"));
+    fixture.now = present.addSecs(-3600);
+    store->addText(QStringLiteral("exactly"));
+    fixture.now = present.addSecs(60);
+    store->addText(QStringLiteral("ahead"));
+    fixture.now = present;
+    store->removeExpired(3600);
+    QCOMPARE(StoreFixture::names(*store).join(QLatin1Char('|')), QStringLiteral("ahead|exactly|pinned"));
+}
+
+void ShelfStoreRemovalTest::expiryOfManyItemsIsToldOnce()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addFiles({ fixture.file("/a"), fixture.file("/b"), fixture.file("/c") });
+    fixture.now = fixture.now.addSecs(10);
+    const QSignalSpy itemChanges(store.get(), &ShelfStore::itemsChanged);
+    const QSignalSpy urlChanges(store.get(), &ShelfStore::fileURLsChanged);
+    store->removeExpired(5);
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(store->fileURLs().isEmpty());
+    QCOMPARE(itemChanges.size(), 1);
+    QCOMPARE(urlChanges.size(), 1);
+}
+
+void ShelfStoreRemovalTest::expiryOfNothingSavesNothing()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("milk"));
+    fixture.queue.advance(1);
+    const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
+    store->removeExpired(0);
+    QCOMPARE(changes.size(), 0);
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
+}
+
+void ShelfStoreRemovalTest::removingAnImageTrashesItsFileAndDeletesItsFolder()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    const ShelfItem item = store->items().constFirst();
+    const QUrl kept = store->localURL(item).value();
+    store->remove(item.id);
+    QVERIFY(store->items().isEmpty());
+    QCOMPARE(fixture.trash.moved, QList<QUrl>{ kept });
+    QVERIFY(!QFileInfo::exists(fixture.itemFolder(item.id)));
+    QVERIFY(QFileInfo::exists(fixture.path(QStringLiteral("data/Files"))));
+}
+
+void ShelfStoreRemovalTest::removingAnImageThatCannotBeTrashedDeletesIt()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    const QUuid id = store->items().constFirst().id;
+    fixture.trash.failure = Failure{ QStringLiteral("full") };
+    const CapturedLog log;
+    store->remove(id);
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(!QFileInfo::exists(fixture.itemFolder(id)));
+    QVERIFY(log.lines().isEmpty());
+}
+
+void ShelfStoreRemovalTest::removingAnImageWhoseFileIsGoneTrashesNothing()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    const QUuid id = store->items().constFirst().id;
+    QVERIFY(QFile::remove(fixture.itemFolder(id) + QStringLiteral("/a.png")));
+    store->remove(id);
+    QVERIFY(fixture.trash.moved.isEmpty());
+    QVERIFY(!QFileInfo::exists(fixture.itemFolder(id)));
+}
+
+void ShelfStoreRemovalTest::removingAFileItemLeavesTheFileAlone()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    fixture.write(QStringLiteral("mine.txt"), "mine");
+    store->addFiles({ fixture.urlOf(QStringLiteral("mine.txt")) });
+    const QSignalSpy urlChanges(store.get(), &ShelfStore::fileURLsChanged);
+    store->remove(store->items().constFirst().id);
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(store->fileURLs().isEmpty());
+    QCOMPARE(urlChanges.size(), 1);
+    QCOMPARE(fixture.read(QStringLiteral("mine.txt")), QByteArray("mine"));
+    QVERIFY(fixture.trash.moved.isEmpty());
+}
+
+void ShelfStoreRemovalTest::removingReleasesTheReferenceUnlessAnotherItemHoldsIt()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addFiles({ fixture.file("/a"), fixture.file("/a") });
+    const QByteArray bookmark = std::get<FileContent>(store->items().constFirst().content).bookmark;
+    store->remove(store->items().constFirst().id);
+    QVERIFY(fixture.references.released.isEmpty());
+    store->remove(store->items().constFirst().id);
+    QCOMPARE(fixture.references.released, QList<QByteArray>{ bookmark });
+}
+
+void ShelfStoreRemovalTest::removingAnUnknownIdSavesAndTellsNobody()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
+    store->remove(QUuid::createUuid());
+    QCOMPARE(changes.size(), 0);
+    QCOMPARE(fixture.queue.waitingTasks(), 1);
+}
+
+void ShelfStoreRemovalTest::anIdInsideTheStoreMayBeGivenToRemove()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addFiles({ fixture.file("/a"), fixture.file("/b") });
+    store->remove(store->items().at(0).id);
+    QCOMPARE(StoreFixture::names(*store).join(QLatin1Char(' ')), QStringLiteral("b"));
+    QCOMPARE(store->fileURLs().size(), 1);
+}
+
+QTEST_GUILESS_MAIN(ShelfStoreRemovalTest)
+#include "ShelfStoreRemovalTest.moc"
