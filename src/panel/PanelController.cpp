@@ -1,0 +1,150 @@
+#include "PanelController.h"
+
+#include "Displays.h"
+#include "PanelWindow.h"
+#include "Pointer.h"
+#include "ShelfStore.h"
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double panelWidth = 112;
+inline constexpr double verticalMargin = 24;
+inline constexpr double slideDuration = 0.18;
+inline constexpr double autoHideDelay = 0.5;
+inline constexpr double dragInPollInterval = 0.1;
+
+/// The panel's place at rest: flush right in the usable area of a display, with a margin above and below.
+[[nodiscard]] QRectF restingFrame(const QRectF& visibleFrame)
+{
+    const QRectF area = visibleFrame.adjusted(0, verticalMargin, 0, -verticalMargin);
+    return { area.right() - panelWidth, area.top(), panelWidth, area.height() };
+}
+
+} // namespace
+
+PanelController::PanelController(ShelfStore& store, UserDefaults& defaults, PanelWindow& panel, const Pointer& pointer,
+                                 const Displays& displays, MainQueue& queue)
+    : m_store(store)
+    , m_panel(panel)
+    , m_pointer(pointer)
+    , m_displays(displays)
+    , m_queue(queue)
+    , m_pinning(defaults)
+    , m_self(std::make_shared<PanelController*>(this))
+{
+    m_panel.onMouseEntered = [this] { cancelPendingHide(); };
+    m_panel.onMouseExited = [this] { scheduleHide(autoHideDelay); };
+}
+
+PanelController::~PanelController()
+{
+    m_panel.onMouseEntered = nullptr;
+    m_panel.onMouseExited = nullptr;
+}
+
+std::optional<QRectF> PanelController::displayUnderPointer() const
+{
+    if (const auto frame = frameAt(m_displays.frames(), m_pointer.position()))
+        return frame;
+    return m_displays.mainFrame();
+}
+
+void PanelController::show()
+{
+    cancelPendingHide();
+    if (m_isShown)
+        return;
+    const std::optional<QRectF> display = displayUnderPointer();
+    if (!display)
+        return;
+
+    m_isShown = true;
+    m_store.refreshFiles();
+    const QRectF resting = restingFrame(m_displays.visibleFrame(*display));
+    m_panel.setFrame(resting.translated(panelWidth, 0));
+    m_panel.orderFront();
+    m_panel.animateFrame(resting, slideDuration, Easing::out, {});
+}
+
+void PanelController::hide()
+{
+    cancelPendingHide();
+    if (!m_isShown)
+        return;
+
+    m_isShown = false;
+    const QRectF frame = m_panel.frame();
+    m_panel.animateFrame(frame.translated(frame.width(), 0), slideDuration, Easing::in,
+                         [weakSelf = std::weak_ptr(m_self)] {
+                             const auto self = weakSelf.lock();
+                             if (self && !(*self)->m_isShown)
+                                 (*self)->m_panel.orderOut();
+                         });
+}
+
+void PanelController::showForIncomingDrag()
+{
+    if (m_isShown)
+        return;
+    show();
+    m_dragInTimer = m_queue.every(dragInPollInterval, [this] { checkDragIn(); });
+}
+
+void PanelController::checkDragIn()
+{
+    if (m_pointer.isLeftButtonDown())
+        return;
+    m_dragInTimer.reset();
+    scheduleHide(autoHideDelay);
+}
+
+void PanelController::togglePinned()
+{
+    m_pinning.setPinned(!m_pinning.isPinned());
+    if (!m_pinning.isPinned() && m_isShown)
+        scheduleHide(autoHideDelay);
+}
+
+void PanelController::scheduleHide(double seconds)
+{
+    cancelPendingHide();
+    if (m_pinning.isPinned())
+        return;
+    m_pendingHide = m_queue.after(seconds, [this] { hideUnlessInUse(); });
+}
+
+void PanelController::hideUnlessInUse()
+{
+    if (m_pinning.isPinned())
+        return;
+    if (!m_isDraggingOut && !covers(m_panel.frame(), m_pointer.position())) {
+        hide();
+        return;
+    }
+    scheduleHide(autoHideDelay);
+}
+
+void PanelController::dropTargetChanged(bool isDropTarget)
+{
+    if (isDropTarget)
+        cancelPendingHide();
+    else
+        scheduleHide(autoHideDelay);
+}
+
+void PanelController::beginDragOut()
+{
+    cancelPendingHide();
+    m_isDraggingOut = true;
+}
+
+void PanelController::endDragOut()
+{
+    m_isDraggingOut = false;
+    m_store.refreshFiles();
+    scheduleHide(autoHideDelay);
+}
+
+} // namespace nookle

@@ -1,0 +1,401 @@
+#include "PanelController.h"
+
+#include "FakeDisplays.h"
+#include "FakeFileReferences.h"
+#include "FakeLinkMetadataService.h"
+#include "FakeMainQueue.h"
+#include "FakePanelWindow.h"
+#include "FakePointer.h"
+#include "FakeTrash.h"
+#include "FakeUserDefaults.h"
+#include "FileUrl.h"
+#include "ShelfStore.h"
+
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace nookle;
+
+namespace {
+
+/// A controller with everything around it.
+struct Fixture {
+    [[nodiscard]] static ShelfStore::Environment environment()
+    {
+        ShelfStore::Environment environment;
+        environment.now = [] { return QDateTime::fromSecsSinceEpoch(0, Qt::UTC); };
+        environment.fetchesLinkMetadata = false;
+        return environment;
+    }
+
+    QTemporaryDir directory;
+    FakeMainQueue queue;
+    FakeUserDefaults defaults;
+    FakeFileReferences references;
+    FakeTrash trash;
+    FakeLinkMetadataService metadata;
+    FakeDisplays displays;
+    FakePointer pointer;
+    FakePanelWindow window{ queue };
+    ShelfStore store{ fileUrl(directory.path().toUtf8()), environment(), references, trash, metadata, queue };
+    PanelController panel{ store, defaults, window, pointer, displays, queue };
+
+    /// Shows the panel and lets it come to rest, with the pointer away from it.
+    void showAtRest()
+    {
+        panel.show();
+        queue.advance(0.18);
+        pointer.moveOutside(window.frame());
+    }
+};
+
+const QRectF restingFrame(1168, 24, 112, 752);
+
+} // namespace
+
+class PanelControllerTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_fixture = std::make_unique<Fixture>(); }
+    void cleanup() { m_fixture.reset(); }
+
+    void showSlidesInFromBeyondTheRightEdge();
+    void hideSlidesOutByThePanelsOwnWidthAndTakesItOffTheScreen();
+    void showOnAShownPanelOnlyCancelsThePendingHide();
+    void hideOnAHiddenPanelDoesNothing();
+    void aPinnedPanelStaysAndGoesHalfASecondAfterItIsUnpinned();
+    void thePanelStaysWhileThePointerRestsOnIt();
+    void thePanelStaysDuringADragOutAndGoesHalfASecondAfterIt();
+    void anIncomingDragOnAnOpenPanelStartsNoTimer();
+    void anIncomingDragKeepsThePanelUntilTheButtonIsReleased();
+    void aSecondIncomingDragReplacesTheTimerOfTheFirst();
+    void showDuringTheSlideOutKeepsThePanelOnScreen();
+    void thePanelKeepsClearOfPanelsAndDocks();
+    void thePanelShowsOnTheDisplayUnderThePointer();
+    void aPointerOnNoDisplayMeansTheMainDisplay();
+    void withoutAnyDisplayNothingShows();
+    void showingResolvesTheFilesAnew();
+    void theEndOfADragOutResolvesTheFilesAnew();
+    void thePointerEnteringCancelsThePendingHide();
+    void thePointerLeavingSchedulesTheHide();
+    void aDropTargetKeepsThePanelAndItsEndLetsItGo();
+    void aLaterHideReplacesAnEarlierOne();
+    void pinningIsWrittenAtOnceAndToldToObservers();
+    void thePinnedStateIsReadAtTheStart();
+    void unpinningAHiddenPanelSchedulesNothing();
+    void pinningDuringAPendingHideKeepsThePanel();
+    void aControllerThatIsGoneIsNotTouchedByTheEndOfItsSlide();
+
+private:
+    std::unique_ptr<Fixture> m_fixture;
+};
+
+void PanelControllerTest::showSlidesInFromBeyondTheRightEdge()
+{
+    Fixture& f = *m_fixture;
+    f.panel.show();
+    QVERIFY(f.panel.isShown());
+    QVERIFY(f.window.isOnScreen);
+    QCOMPARE(f.window.animations.size(), 1);
+    const FakePanelWindow::Animation slide = f.window.animations.first();
+    QCOMPARE(slide.from, restingFrame.translated(112, 0));
+    QCOMPARE(slide.to, restingFrame);
+    QCOMPARE(slide.seconds, 0.18);
+    QCOMPARE(slide.easing, Easing::out);
+}
+
+void PanelControllerTest::hideSlidesOutByThePanelsOwnWidthAndTakesItOffTheScreen()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.hide();
+    QVERIFY(!f.panel.isShown());
+    QVERIFY(f.window.isOnScreen);
+    QCOMPARE(f.window.animations.last().to, restingFrame.translated(112, 0));
+    QCOMPARE(f.window.animations.last().seconds, 0.18);
+    QCOMPARE(f.window.animations.last().easing, Easing::in);
+    f.queue.advance(0.179);
+    QVERIFY(f.window.isOnScreen);
+    f.queue.advance(0.001);
+    QVERIFY(!f.window.isOnScreen);
+}
+
+void PanelControllerTest::showOnAShownPanelOnlyCancelsThePendingHide()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.panel.show();
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+    QCOMPARE(f.window.animations.size(), 1);
+}
+
+void PanelControllerTest::hideOnAHiddenPanelDoesNothing()
+{
+    Fixture& f = *m_fixture;
+    f.panel.hide();
+    QVERIFY(f.window.animations.isEmpty());
+}
+
+void PanelControllerTest::aPinnedPanelStaysAndGoesHalfASecondAfterItIsUnpinned()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.togglePinned();
+    f.window.onMouseExited();
+    f.queue.advance(10);
+    QVERIFY(f.panel.isShown());
+    f.panel.togglePinned();
+    f.queue.advance(0.499);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::thePanelStaysWhileThePointerRestsOnIt()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.pointer.moveInside(f.window.frame());
+    f.panel.scheduleHide(0.5);
+    f.queue.advance(0.5);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(2.2);
+    QVERIFY(f.panel.isShown());
+    f.pointer.moveOutside(f.window.frame());
+    f.queue.advance(0.299);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::thePanelStaysDuringADragOutAndGoesHalfASecondAfterIt()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.panel.beginDragOut();
+    QCOMPARE(f.queue.waitingTasks(), 0);
+    f.window.onMouseExited();
+    f.queue.advance(10);
+    QVERIFY(f.panel.isShown());
+    f.panel.endDragOut();
+    f.queue.advance(0.499);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::anIncomingDragOnAnOpenPanelStartsNoTimer()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.panel.showForIncomingDrag();
+    QCOMPARE(f.queue.waitingTimers(), 0);
+    QCOMPARE(f.queue.waitingTasks(), 1);
+}
+
+void PanelControllerTest::anIncomingDragKeepsThePanelUntilTheButtonIsReleased()
+{
+    Fixture& f = *m_fixture;
+    f.pointer.leftButtonDown = true;
+    f.panel.showForIncomingDrag();
+    QVERIFY(f.panel.isShown());
+    f.pointer.moveOutside(restingFrame);
+    f.queue.advance(20);
+    QVERIFY(f.panel.isShown());
+    f.pointer.leftButtonDown = false;
+    f.queue.advance(0.1);
+    QCOMPARE(f.queue.waitingTimers(), 0);
+    f.queue.advance(0.499);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aSecondIncomingDragReplacesTheTimerOfTheFirst()
+{
+    Fixture& f = *m_fixture;
+    f.pointer.leftButtonDown = true;
+    f.panel.showForIncomingDrag();
+    f.panel.hide();
+    f.panel.showForIncomingDrag();
+    QCOMPARE(f.queue.waitingTimers(), 1);
+}
+
+void PanelControllerTest::showDuringTheSlideOutKeepsThePanelOnScreen()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.hide();
+    f.queue.advance(0.09);
+    f.panel.show();
+    QVERIFY(f.window.isOnScreen);
+    f.queue.advance(1);
+    QVERIFY(f.window.isOnScreen);
+    QCOMPARE(f.window.frame(), restingFrame);
+}
+
+void PanelControllerTest::thePanelKeepsClearOfPanelsAndDocks()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries = { { { 0, 0, 1280, 800 }, { 0, 28, 1220, 772 } } };
+    f.panel.show();
+    f.queue.advance(0.18);
+    QCOMPARE(f.window.frame(), QRectF(1220 - 112, 28 + 24, 112, 772 - 48));
+}
+
+void PanelControllerTest::thePanelShowsOnTheDisplayUnderThePointer()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries = { { { 0, 0, 800, 600 }, { 0, 0, 800, 600 } }, { { 800, 0, 640, 480 }, { 800, 0, 640, 480 } } };
+    f.pointer.at = { 800, 10 };
+    f.panel.show();
+    f.queue.advance(0.18);
+    QCOMPARE(f.window.frame(), QRectF(1440 - 112, 24, 112, 432));
+}
+
+void PanelControllerTest::aPointerOnNoDisplayMeansTheMainDisplay()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries = { { { 0, 0, 800, 600 }, { 0, 0, 800, 600 } }, { { 800, 0, 640, 480 }, { 800, 0, 640, 480 } } };
+    f.pointer.at = { 1000, 500 };
+    f.panel.show();
+    f.queue.advance(0.18);
+    QCOMPARE(f.window.frame(), QRectF(800 - 112, 24, 112, 552));
+}
+
+void PanelControllerTest::withoutAnyDisplayNothingShows()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries.clear();
+    f.panel.show();
+    QVERIFY(!f.panel.isShown());
+    QVERIFY(!f.window.isOnScreen);
+}
+
+void PanelControllerTest::showingResolvesTheFilesAnew()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = fileUrl("/a");
+    f.store.addFiles({ file });
+    f.references.removeFile(file);
+    QCOMPARE(f.store.fileURLs().size(), 1);
+    f.panel.show();
+    QCOMPARE(f.store.fileURLs().size(), 0);
+}
+
+void PanelControllerTest::theEndOfADragOutResolvesTheFilesAnew()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = fileUrl("/a");
+    f.store.addFiles({ file });
+    f.showAtRest();
+    f.panel.beginDragOut();
+    f.references.removeFile(file);
+    f.panel.endDragOut();
+    QCOMPARE(f.store.fileURLs().size(), 0);
+}
+
+void PanelControllerTest::thePointerEnteringCancelsThePendingHide()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.window.onMouseEntered();
+    QCOMPARE(f.queue.waitingTasks(), 0);
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+}
+
+void PanelControllerTest::thePointerLeavingSchedulesTheHide()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.window.onMouseExited();
+    f.queue.advance(0.499);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aDropTargetKeepsThePanelAndItsEndLetsItGo()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.panel.dropTargetChanged(true);
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+    f.panel.dropTargetChanged(false);
+    f.queue.advance(0.5);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aLaterHideReplacesAnEarlierOne()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.panel.scheduleHide(1.5);
+    QCOMPARE(f.queue.waitingTasks(), 1);
+    f.queue.advance(1.499);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::pinningIsWrittenAtOnceAndToldToObservers()
+{
+    Fixture& f = *m_fixture;
+    const QSignalSpy changes(&f.panel.pinning(), &PanelPinning::isPinnedChanged);
+    f.panel.togglePinned();
+    QCOMPARE(f.defaults.stored.value(QStringLiteral("panelPinned")), QVariant(true));
+    QCOMPARE(changes.count(), 1);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::thePinnedStateIsReadAtTheStart()
+{
+    Fixture& f = *m_fixture;
+    QVERIFY(!f.panel.pinning().isPinned());
+    f.defaults.stored.insert(QStringLiteral("panelPinned"), true);
+    QVERIFY(PanelPinning(f.defaults).isPinned());
+}
+
+void PanelControllerTest::unpinningAHiddenPanelSchedulesNothing()
+{
+    Fixture& f = *m_fixture;
+    f.panel.togglePinned();
+    f.panel.togglePinned();
+    QCOMPARE(f.queue.waitingTasks(), 0);
+}
+
+void PanelControllerTest::pinningDuringAPendingHideKeepsThePanel()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.panel.togglePinned();
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+}
+
+void PanelControllerTest::aControllerThatIsGoneIsNotTouchedByTheEndOfItsSlide()
+{
+    Fixture& f = *m_fixture;
+    auto other = std::make_unique<PanelController>(f.store, f.defaults, f.window, f.pointer, f.displays, f.queue);
+    other->show();
+    other->hide();
+    other.reset();
+    f.queue.advance(1);
+    QVERIFY(f.window.isOnScreen);
+    QVERIFY(!f.window.onMouseEntered);
+}
+
+QTEST_GUILESS_MAIN(PanelControllerTest)
+#include "PanelControllerTest.moc"
