@@ -1,0 +1,28 @@
+#pragma once
+
+#include "Displays.h"
+#include "InputMonitor.h"
+#include "PanelWindow.h"
+#include "Pointer.h"
+
+#include <memory>
+
+class QWindow;
+
+namespace nookle {
+
+/// One display server's implementation of everything that goes through it. Main thread only.
+class DesktopBackend {
+public:
+    virtual ~DesktopBackend() = default;
+
+    [[nodiscard]] virtual const Displays& displays() const = 0;
+    [[nodiscard]] virtual const Pointer& pointer() const = 0;
+    [[nodiscard]] virtual InputMonitor& inputMonitor() = 0;
+
+    /// Makes a window of the toolkit the shelf's panel. `window` has been created, has not been shown, and must outlive
+    /// the panel.
+    [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) = 0;
+};
+
+} // namespace nookle

@@ -1,0 +1,58 @@
+#include "FrameAnimation.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] QRectF between(const QRectF& from, const QRectF& to, double share)
+{
+    const auto mix = [share](double start, double end) { return start + (end - start) * share; };
+    return { mix(from.x(), to.x()), mix(from.y(), to.y()), mix(from.width(), to.width()),
+             mix(from.height(), to.height()) };
+}
+
+} // namespace
+
+FrameAnimation::FrameAnimation(Step step)
+    : m_step(std::move(step))
+{
+    m_timer.setTimerType(Qt::PreciseTimer);
+    connect(&m_timer, &QTimer::timeout, this, &FrameAnimation::advance);
+}
+
+void FrameAnimation::start(const QRectF& from, const QRectF& to, double seconds, double framesPerSecond,
+                           const QEasingCurve& curve, Completion completion)
+{
+    stop();
+    m_from = from;
+    m_to = to;
+    m_seconds = seconds;
+    m_curve = curve;
+    m_completion = std::move(completion);
+    m_elapsed.start();
+    m_timer.start(std::max(1, static_cast<int>(1000 / framesPerSecond)));
+}
+
+void FrameAnimation::stop()
+{
+    m_timer.stop();
+    if (const Completion completion = std::exchange(m_completion, nullptr))
+        completion();
+}
+
+void FrameAnimation::advance()
+{
+    const double share = static_cast<double>(m_elapsed.nsecsElapsed()) / 1e9 / m_seconds;
+    if (share < 1) {
+        m_step(between(m_from, m_to, m_curve.valueForProgress(share)));
+        return;
+    }
+    m_timer.stop();
+    m_step(m_to);
+    stop();
+}
+
+} // namespace nookle

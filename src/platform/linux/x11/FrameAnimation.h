@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QEasingCurve>
+#include <QElapsedTimer>
+#include <QObject>
+#include <QRectF>
+#include <QTimer>
+
+#include <functional>
+
+namespace nookle {
+
+/// Moves a rectangle from one place to another, a step for each frame of the display. Main thread only.
+class FrameAnimation final : public QObject {
+    Q_OBJECT
+
+public:
+    using Step = std::function<void(const QRectF&)>;
+    using Completion = std::function<void()>;
+
+    explicit FrameAnimation(Step step);
+
+    /// Ends the animation under way, runs its completion, and starts another one.
+    void start(const QRectF& from, const QRectF& to, double seconds, double framesPerSecond, const QEasingCurve& curve,
+               Completion completion);
+
+    /// Ends the animation where it is and runs its completion.
+    void stop();
+
+private:
+    void advance();
+
+    Step m_step;
+    Completion m_completion;
+    QTimer m_timer;
+    QElapsedTimer m_elapsed;
+    QEasingCurve m_curve;
+    QRectF m_from;
+    QRectF m_to;
+    double m_seconds = 0;
+};
+
+} // namespace nookle

@@ -1,0 +1,46 @@
+#include "X11Backend.h"
+
+#include "X11Displays.h"
+#include "X11InputMonitor.h"
+#include "X11PanelWindow.h"
+#include "X11Pointer.h"
+
+#include <QGuiApplication>
+
+#include <xcb/xcb.h>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* connection)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
+} // namespace
+
+bool X11Backend::isServerRunning()
+{
+    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    const bool isRunning = xcb_connection_has_error(connection) == 0;
+    xcb_disconnect(connection);
+    return isRunning;
+}
+
+X11Backend::X11Backend()
+    : m_connection(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection())
+    , m_displays(std::make_unique<X11Displays>(m_connection, rootWindow(m_connection)))
+    , m_pointer(std::make_unique<X11Pointer>(m_connection, rootWindow(m_connection)))
+    , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
+{
+}
+
+X11Backend::~X11Backend() = default;
+
+std::unique_ptr<PanelWindow> X11Backend::makePanelWindow(QWindow& window)
+{
+    return std::make_unique<X11PanelWindow>(window, *m_displays, m_connection);
+}
+
+} // namespace nookle

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "DesktopBackend.h"
+
+struct xcb_connection_t;
+
+namespace nookle {
+
+/// Everything that goes through the X server, on the toolkit's connection to it.
+class X11Backend final : public DesktopBackend {
+public:
+    /// Whether the server that the environment names accepts a connection.
+    [[nodiscard]] static bool isServerRunning();
+
+    /// The application object exists and runs on X11.
+    X11Backend();
+    ~X11Backend() override;
+
+    [[nodiscard]] const Displays& displays() const override { return *m_displays; }
+    [[nodiscard]] const Pointer& pointer() const override { return *m_pointer; }
+    [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override;
+
+private:
+    xcb_connection_t* m_connection;
+    std::unique_ptr<Displays> m_displays;
+    std::unique_ptr<Pointer> m_pointer;
+    std::unique_ptr<InputMonitor> m_inputMonitor;
+};
+
+} // namespace nookle

@@ -1,0 +1,45 @@
+#include "X11Coordinates.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] QRectF pixelGeometry(const QScreen& screen)
+{
+    return { screen.geometry().topLeft(), QSizeF(screen.geometry().size()) * screen.devicePixelRatio() };
+}
+
+[[nodiscard]] const QScreen* screenAt(const QPoint& pixel)
+{
+    const auto screens = QGuiApplication::screens();
+    for (const QScreen* screen : screens) {
+        const QRectF geometry = pixelGeometry(*screen);
+        if (pixel.x() >= geometry.left() && pixel.x() < geometry.right() && pixel.y() >= geometry.top()
+            && pixel.y() < geometry.bottom())
+            return screen;
+    }
+    return QGuiApplication::primaryScreen();
+}
+
+} // namespace
+
+QPointF pointsFromPixels(const QPoint& pixel)
+{
+    const QScreen* screen = screenAt(pixel);
+    if (!screen)
+        return pixel;
+    const QPointF origin = screen->geometry().topLeft();
+    return origin + (QPointF(pixel) - origin) / screen->devicePixelRatio();
+}
+
+QRectF pointsFromPixels(const QRect& pixels)
+{
+    const QScreen* screen = screenAt(pixels.topLeft());
+    const double scale = screen ? screen->devicePixelRatio() : 1;
+    return { pointsFromPixels(pixels.topLeft()), QSizeF(pixels.size()) / scale };
+}
+
+} // namespace nookle

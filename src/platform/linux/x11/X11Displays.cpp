@@ -1,0 +1,105 @@
+#include "X11Displays.h"
+
+#include "UsableArea.h"
+#include "X11Coordinates.h"
+#include "XcbAtoms.h"
+#include "XcbReply.h"
+
+#include <xcb/randr.h>
+#include <xcb/xcb.h>
+
+#include <algorithm>
+
+namespace nookle {
+
+X11Displays::X11Displays(xcb_connection_t* connection, std::uint32_t root)
+    : m_connection(connection)
+    , m_root(root)
+    , m_clientList(xcbAtom(connection, "_NET_CLIENT_LIST"))
+    , m_currentDesktop(xcbAtom(connection, "_NET_CURRENT_DESKTOP"))
+    , m_strut(xcbAtom(connection, "_NET_WM_STRUT"))
+    , m_strutPartial(xcbAtom(connection, "_NET_WM_STRUT_PARTIAL"))
+    , m_workArea(xcbAtom(connection, "_NET_WORKAREA"))
+{
+}
+
+std::vector<X11Displays::Monitor> X11Displays::monitors() const
+{
+    std::vector<Monitor> found;
+    const auto cookie = xcb_randr_get_monitors(m_connection, m_root, 1);
+    const auto reply = owned(xcb_randr_get_monitors_reply(m_connection, cookie, nullptr));
+    if (reply) {
+        for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
+             xcb_randr_monitor_info_next(&each)) {
+            const auto& monitor = *each.data;
+            found.push_back({ QRect(monitor.x, monitor.y, monitor.width, monitor.height), monitor.primary != 0 });
+        }
+    }
+    if (found.empty() && !desktopSize().isEmpty())
+        found.push_back({ QRect(QPoint(0, 0), desktopSize()), true });
+    return found;
+}
+
+QSize X11Displays::desktopSize() const
+{
+    const auto reply = owned(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, m_root), nullptr));
+    return reply ? QSize(reply->width, reply->height) : QSize();
+}
+
+std::optional<QRect> X11Displays::workArea() const
+{
+    const auto areas = xcbNumbers(m_connection, m_root, m_workArea);
+    const auto desktops = xcbNumbers(m_connection, m_root, m_currentDesktop);
+    const std::size_t first = desktops.empty() ? 0 : std::size_t{ desktops.front() } * 4;
+    if (areas.size() < first + 4)
+        return std::nullopt;
+    const auto number = [&](std::size_t index) { return static_cast<int>(areas[first + index]); };
+    return QRect(number(0), number(1), number(2), number(3));
+}
+
+// The work area is one rectangle for the whole desktop: with several displays it cuts off what a panel on one of them
+// takes from all, so there only the struts count.
+QRect X11Displays::usable(const QRect& monitor, std::size_t monitorCount) const
+{
+    const QSize desktop = desktopSize();
+    std::vector<Strut> struts;
+    for (const std::uint32_t window : xcbNumbers(m_connection, m_root, m_clientList)) {
+        auto numbers = xcbNumbers(m_connection, window, m_strutPartial);
+        if (numbers.empty())
+            numbers = xcbNumbers(m_connection, window, m_strut);
+        if (!numbers.empty())
+            struts.push_back(Strut::fromNumbers(numbers, desktop));
+    }
+    const QRect area = usableArea(monitor, desktop, struts);
+    if (monitorCount > 1)
+        return area;
+    const QRect common = area.intersected(workArea().value_or(area));
+    return common.isEmpty() ? area : common;
+}
+
+std::vector<QRectF> X11Displays::frames() const
+{
+    std::vector<QRectF> found;
+    for (const Monitor& monitor : monitors())
+        found.push_back(pointsFromPixels(monitor.frame));
+    return found;
+}
+
+std::optional<QRectF> X11Displays::mainFrame() const
+{
+    const auto found = monitors();
+    if (found.empty())
+        return std::nullopt;
+    const auto primary = std::find_if(found.begin(), found.end(), [](const Monitor& each) { return each.isPrimary; });
+    return pointsFromPixels((primary == found.end() ? found.front() : *primary).frame);
+}
+
+QRectF X11Displays::visibleFrame(const QRectF& frame) const
+{
+    const auto found = monitors();
+    const auto monitor = std::find_if(found.begin(), found.end(),
+                                      [&](const Monitor& each) { return pointsFromPixels(each.frame) == frame; });
+    return monitor == found.end() ? frame : pointsFromPixels(usable(monitor->frame, found.size()));
+}
+
+} // namespace nookle

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "Displays.h"
+
+#include <QRect>
+#include <QSize>
+
+#include <cstdint>
+
+struct xcb_connection_t;
+
+namespace nookle {
+
+/// The monitors of the X server, with what panels, docks and the window manager leave of each. Asks the server at every
+/// call, so that a change of the displays needs no notice.
+class X11Displays final : public Displays {
+public:
+    /// `connection` is borrowed.
+    X11Displays(xcb_connection_t* connection, std::uint32_t root);
+
+    [[nodiscard]] std::vector<QRectF> frames() const override;
+    [[nodiscard]] std::optional<QRectF> mainFrame() const override;
+    [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override;
+
+private:
+    struct Monitor {
+        QRect frame;
+        bool isPrimary = false;
+    };
+
+    [[nodiscard]] std::vector<Monitor> monitors() const;
+    [[nodiscard]] QSize desktopSize() const;
+    [[nodiscard]] std::optional<QRect> workArea() const;
+    [[nodiscard]] QRect usable(const QRect& monitor, std::size_t monitorCount) const;
+
+    xcb_connection_t* m_connection;
+    std::uint32_t m_root;
+    std::uint32_t m_clientList;
+    std::uint32_t m_currentDesktop;
+    std::uint32_t m_strut;
+    std::uint32_t m_strutPartial;
+    std::uint32_t m_workArea;
+};
+
+} // namespace nookle

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "InputMonitor.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace nookle {
+
+/// Raw events of the X Input extension, which arrive whichever program has the pointer, also during its drags; and the
+/// owner of the XdndSelection, which tells when a drag of content begins. Movements are asked for only while the left
+/// button is down, so that the mouse alone never wakes the program.
+class X11InputMonitor final : public QObject, public InputMonitor {
+    Q_OBJECT
+
+public:
+    /// `ownConnection` is the one whose drags are not counted: the program's own. Where the server has no such events,
+    /// the reason is logged and no monitor can be installed.
+    explicit X11InputMonitor(xcb_connection_t* ownConnection);
+    ~X11InputMonitor() override;
+
+    [[nodiscard]] std::unique_ptr<InputSubscription> monitorLeftPress(std::function<void()> handler) override;
+    [[nodiscard]] std::unique_ptr<InputSubscription> monitorLeftDrag(std::function<void()> handler) override;
+    [[nodiscard]] qint64 dragChangeCount() const override { return m_dragChangeCount; }
+
+private:
+    using Handler = std::function<void()>;
+    using Handlers = std::vector<std::weak_ptr<Handler>>;
+
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const;
+    };
+
+    class Subscription;
+
+    [[nodiscard]] bool connectToServer();
+    [[nodiscard]] bool hasInputExtension();
+    [[nodiscard]] bool watchDragSelection();
+    void selectRawEvents(bool withMotion);
+    void readEvents();
+    void handle(const xcb_generic_event_t& event);
+    void handleRawEvent(const xcb_generic_event_t& event);
+    [[nodiscard]] bool isOwnWindow(std::uint32_t window) const;
+
+    [[nodiscard]] std::unique_ptr<InputSubscription> subscribe(Handlers& handlers, Handler handler);
+    static void call(Handlers& handlers);
+
+    xcb_connection_t* m_ownConnection;
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::uint32_t m_root = 0;
+    std::uint8_t m_inputOpcode = 0;
+    std::uint8_t m_firstFixesEvent = 0;
+    Handlers m_pressHandlers;
+    Handlers m_dragHandlers;
+    qint64 m_dragChangeCount = 0;
+    bool m_hasMoved = false;
+};
+
+} // namespace nookle

@@ -1,0 +1,145 @@
+#include "X11PanelWindow.h"
+
+#include "Displays.h"
+#include "XcbAtoms.h"
+
+#include <QMoveEvent>
+#include <QRegion>
+#include <QScreen>
+#include <QWindow>
+
+#include <xcb/xcb.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double usualRefreshRate = 60;
+
+/// The curve of a movement that starts slowly (in) or ends slowly (out).
+[[nodiscard]] QEasingCurve curve(Easing easing)
+{
+    QEasingCurve bezier(QEasingCurve::BezierSpline);
+    const QPointF start = easing == Easing::in ? QPointF(0.42, 0) : QPointF(0, 0);
+    const QPointF end = easing == Easing::in ? QPointF(1, 1) : QPointF(0.58, 1);
+    bezier.addCubicBezierSegment(start, end, QPointF(1, 1));
+    return bezier;
+}
+
+} // namespace
+
+X11PanelWindow::X11PanelWindow(QWindow& window, const Displays& displays, xcb_connection_t* connection)
+    : m_window(window)
+    , m_displays(displays)
+    , m_connection(connection)
+    , m_animation([this](const QRectF& frame) { place(frame); })
+{
+    m_window.installEventFilter(this);
+}
+
+X11PanelWindow::~X11PanelWindow() = default;
+
+void X11PanelWindow::setFrame(const QRectF& frame)
+{
+    m_animation.stop();
+    m_limit = slideLimit(frame);
+    place(frame);
+}
+
+void X11PanelWindow::place(const QRectF& frame)
+{
+    m_frame = frame;
+    clipAtLimit(std::max(m_confirmedLeft, frame.left()));
+    m_window.setGeometry(frame.toRect());
+}
+
+// A window that starts beyond the right edge of its display must not be seen on a neighbour. Its own display is the one
+// just left of where it starts.
+std::optional<double> X11PanelWindow::slideLimit(const QRectF& from) const
+{
+    const std::vector<QRectF> frames = m_displays.frames();
+    const auto own = frameAt(frames, QPointF(from.left() - 1, from.center().y()));
+    const bool hasNeighbour = std::any_of(frames.begin(), frames.end(),
+                                          [&](const QRectF& each) { return each != own && each.intersects(from); });
+    return own && hasNeighbour ? std::optional(own->right()) : std::nullopt;
+}
+
+void X11PanelWindow::clipAtLimit(double left)
+{
+    const int width = qRound(m_frame.width());
+    const int visible = m_limit ? std::clamp(qRound(*m_limit - left), 0, width) : width;
+    const std::optional<int> clippedWidth = visible < width ? std::optional(visible) : std::nullopt;
+    if (clippedWidth == m_clippedWidth)
+        return;
+    m_clippedWidth = clippedWidth;
+    if (!clippedWidth) {
+        m_window.setMask({});
+        return;
+    }
+    // An empty region would mean "no mask": to show nothing takes a region outside of the window.
+    const QRect shown(0, 0, visible, qRound(m_frame.height()));
+    m_window.setMask(shown.isEmpty() ? QRegion(-1, -1, 1, 1) : QRegion(shown));
+}
+
+void X11PanelWindow::orderFront()
+{
+    setDockProperties();
+    m_window.setVisible(true);
+    raise();
+}
+
+void X11PanelWindow::orderOut()
+{
+    m_animation.stop();
+    m_window.setVisible(false);
+}
+
+// The window manager removes the states whenever a window is taken off the screen: they are set at each showing.
+void X11PanelWindow::setDockProperties()
+{
+    const auto window = static_cast<xcb_window_t>(m_window.winId());
+    const auto set = [&](const QByteArray& property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, xcbAtom(m_connection, property), type, 32,
+                            static_cast<std::uint32_t>(values.size()), values.data());
+    };
+    constexpr std::uint32_t allDesktops = 0xffffffff;
+    set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { xcbAtom(m_connection, "_NET_WM_WINDOW_TYPE_DOCK") });
+    set("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, { allDesktops });
+    set("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, { 0 });
+    set("_NET_WM_STATE", XCB_ATOM_ATOM,
+        { xcbAtom(m_connection, "_NET_WM_STATE_ABOVE"), xcbAtom(m_connection, "_NET_WM_STATE_STICKY"),
+          xcbAtom(m_connection, "_NET_WM_STATE_SKIP_TASKBAR"), xcbAtom(m_connection, "_NET_WM_STATE_SKIP_PAGER") });
+}
+
+void X11PanelWindow::raise()
+{
+    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
+    xcb_configure_window(m_connection, static_cast<xcb_window_t>(m_window.winId()), XCB_CONFIG_WINDOW_STACK_MODE,
+                         &above);
+    xcb_flush(m_connection);
+}
+
+void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion)
+{
+    const double rate = m_window.screen() ? m_window.screen()->refreshRate() : usualRefreshRate;
+    m_animation.start(m_frame, frame, seconds, rate >= 1 ? rate : usualRefreshRate, curve(easing),
+                      std::move(completion));
+}
+
+bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Move) {
+        m_confirmedLeft = static_cast<const QMoveEvent*>(event)->pos().x();
+        clipAtLimit(std::max(m_confirmedLeft, m_frame.left()));
+    }
+    if (event->type() == QEvent::Enter && onMouseEntered)
+        onMouseEntered();
+    if (event->type() == QEvent::Leave && onMouseExited)
+        onMouseExited();
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace nookle

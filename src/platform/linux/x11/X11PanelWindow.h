@@ -1,0 +1,58 @@
+#pragma once
+
+#include "FrameAnimation.h"
+#include "PanelWindow.h"
+
+#include <QObject>
+#include <QRectF>
+
+#include <cstdint>
+#include <optional>
+
+class QWindow;
+struct xcb_connection_t;
+
+namespace nookle {
+
+class Displays;
+
+/// The shelf's window on X11: a managed window of the dock type, because some window managers hand drags to managed
+/// windows only, and because no window manager keeps a dock from sliding in from beyond the edge. Where another display
+/// lies beyond that edge, the window is cut off there by its shape.
+class X11PanelWindow final : public QObject, public PanelWindow {
+    Q_OBJECT
+
+public:
+    /// Borrows all three. `window` has been created and not yet been shown.
+    X11PanelWindow(QWindow& window, const Displays& displays, xcb_connection_t* connection);
+    ~X11PanelWindow() override;
+
+    void setFrame(const QRectF& frame) override;
+    [[nodiscard]] QRectF frame() const override { return m_frame; }
+    void orderFront() override;
+    void orderOut() override;
+    void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void place(const QRectF& frame);
+    void setDockProperties();
+    void raise();
+    [[nodiscard]] std::optional<double> slideLimit(const QRectF& from) const;
+    void clipAtLimit(double left);
+
+    QWindow& m_window;
+    const Displays& m_displays;
+    xcb_connection_t* m_connection;
+    FrameAnimation m_animation;
+    QRectF m_frame;
+    /// Where the server last said that the window stands: the window manager moves it later than it is asked to.
+    double m_confirmedLeft = 0;
+    /// The right edge that nothing of the window may show beyond; none while no display lies there.
+    std::optional<double> m_limit;
+    /// How much of the window's width its shape leaves; none while it has no shape.
+    std::optional<int> m_clippedWidth;
+};
+
+} // namespace nookle

@@ -1,0 +1,82 @@
+#include "UsableArea.h"
+
+#include <QtTest>
+
+using namespace nookle;
+
+class UsableAreaTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutStrutsTheWholeDisplayIsUsable();
+    void aPanelOnTopAndADockOnTheRightAreTakenOff();
+    void aStrutCountsOnlyForTheDisplayThatItRunsAlong();
+    void aPanelBetweenTwoDisplaysCountsForItsOwnAlone();
+    void aStrutOfFourNumbersRunsAlongTheWholeEdge();
+    void aPropertyOfAnyOtherLengthReservesNothing();
+    void hugeNumbersLeaveTheDisplayWhole();
+};
+
+namespace {
+
+const QSize oneDisplay(1280, 800);
+const QSize twoDisplays(1600, 600);
+
+} // namespace
+
+void UsableAreaTest::withoutStrutsTheWholeDisplayIsUsable()
+{
+    QCOMPARE(usableArea({ 0, 0, 1280, 800 }, oneDisplay, {}), QRect(0, 0, 1280, 800));
+}
+
+void UsableAreaTest::aPanelOnTopAndADockOnTheRightAreTakenOff()
+{
+    Strut top;
+    top.top = 28;
+    top.topEnd = 1279;
+    Strut right;
+    right.right = 60;
+    right.rightEnd = 799;
+    QCOMPARE(usableArea({ 0, 0, 1280, 800 }, oneDisplay, { top, right }), QRect(0, 28, 1220, 772));
+}
+
+void UsableAreaTest::aStrutCountsOnlyForTheDisplayThatItRunsAlong()
+{
+    Strut top;
+    top.top = 28;
+    top.topEnd = 799;
+    QCOMPARE(usableArea({ 0, 0, 800, 600 }, twoDisplays, { top }), QRect(0, 28, 800, 572));
+    QCOMPARE(usableArea({ 800, 0, 800, 600 }, twoDisplays, { top }), QRect(800, 0, 800, 600));
+}
+
+void UsableAreaTest::aPanelBetweenTwoDisplaysCountsForItsOwnAlone()
+{
+    // A dock at the left edge of the right display reserves everything from the desktop's left edge on.
+    Strut dock;
+    dock.left = 840;
+    dock.leftEnd = 599;
+    QCOMPARE(usableArea({ 0, 0, 800, 600 }, twoDisplays, { dock }), QRect(0, 0, 800, 600));
+    QCOMPARE(usableArea({ 800, 0, 800, 600 }, twoDisplays, { dock }), QRect(840, 0, 760, 600));
+}
+
+void UsableAreaTest::aStrutOfFourNumbersRunsAlongTheWholeEdge()
+{
+    const Strut strut = Strut::fromNumbers({ 0, 0, 0, 40 }, twoDisplays);
+    QCOMPARE(usableArea({ 800, 0, 800, 600 }, twoDisplays, { strut }), QRect(800, 0, 800, 560));
+}
+
+void UsableAreaTest::aPropertyOfAnyOtherLengthReservesNothing()
+{
+    const Strut strut = Strut::fromNumbers({ 10, 10, 10 }, oneDisplay);
+    QCOMPARE(usableArea({ 0, 0, 1280, 800 }, oneDisplay, { strut }), QRect(0, 0, 1280, 800));
+}
+
+void UsableAreaTest::hugeNumbersLeaveTheDisplayWhole()
+{
+    const std::uint32_t huge = 0xffffffff;
+    const Strut strut = Strut::fromNumbers({ huge, huge, huge, huge }, oneDisplay);
+    QCOMPARE(usableArea({ 0, 0, 1280, 800 }, oneDisplay, { strut }), QRect(0, 0, 1280, 800));
+}
+
+QTEST_GUILESS_MAIN(UsableAreaTest)
+#include "UsableAreaTest.moc"
