@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QFlags>
+
+namespace nookle {
+
+/// What a drag does with the thing that it carries. The numbers are fixed.
+enum class DragOperation {
+    none = 0,
+    copy = 1,
+    link = 2,
+    generic = 4,
+    move = 16,
+    remove = 32,
+};
+
+Q_DECLARE_FLAGS(DragOperations, DragOperation)
+Q_DECLARE_OPERATORS_FOR_FLAGS(DragOperations)
+
+} // namespace nookle

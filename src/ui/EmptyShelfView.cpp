@@ -1,0 +1,41 @@
+#include "EmptyShelfView.h"
+
+#include "Symbol.h"
+
+#include <QFontDatabase>
+#include <QPainter>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr int padding = 12;
+inline constexpr int spacing = 8;
+inline constexpr int symbolSize = 34;
+
+} // namespace
+
+EmptyShelfView::EmptyShelfView(QWidget* parent)
+    : QWidget(parent)
+{
+    setFont(QFontDatabase::systemFont(QFontDatabase::SmallestReadableFont));
+    setAccessibleName(tr("Drop here"));
+}
+
+void EmptyShelfView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    const QColor color = palette().color(QPalette::PlaceholderText);
+    const QRect area = rect().adjusted(padding, padding, -padding, -padding);
+    const QString text = tr("Drop here");
+    const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
+    const int textHeight = fontMetrics().boundingRect(area, flags, text).height();
+    const int top = area.center().y() - (symbolSize + spacing + textHeight) / 2;
+
+    const QRect symbol(area.center().x() - symbolSize / 2, top, symbolSize, symbolSize);
+    drawSymbol(painter, Symbol::tray, symbol, color);
+    painter.setPen(color);
+    painter.drawText(QRect(area.left(), symbol.bottom() + 1 + spacing, area.width(), textHeight), flags, text);
+}
+
+} // namespace nookle

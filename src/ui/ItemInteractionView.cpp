@@ -1,0 +1,137 @@
+#include "ItemInteractionView.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include <cmath>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double dragDistance = 3;
+
+template <typename Closure, typename... Arguments> void callIfSet(const Closure& closure, Arguments... arguments)
+{
+    if (closure)
+        closure(arguments...);
+}
+
+} // namespace
+
+ItemInteractionView::ItemInteractionView(QWidget* parent, DragRunner runDrag)
+    : QWidget(parent)
+    , m_runDrag(std::move(runDrag))
+{
+}
+
+void ItemInteractionView::setConfiguration(ItemInteraction configuration)
+{
+    setToolTip(configuration.toolTip.value_or(QString()));
+    m_configuration = std::move(configuration);
+}
+
+void ItemInteractionView::press(const QMouseEvent& event, int clickCount)
+{
+    if (event.button() != Qt::LeftButton)
+        return;
+    m_mouseDownLocation = event.position();
+    m_clickCount = clickCount;
+}
+
+void ItemInteractionView::mousePressEvent(QMouseEvent* event)
+{
+    press(*event, 1);
+}
+
+void ItemInteractionView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    press(*event, 2);
+}
+
+void ItemInteractionView::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_mouseDownLocation || !m_configuration)
+        return;
+    const QPointF moved = event->position() - *m_mouseDownLocation;
+    if (std::hypot(moved.x(), moved.y()) > dragDistance)
+        beginDrag();
+}
+
+void ItemInteractionView::beginDrag()
+{
+    m_mouseDownLocation.reset();
+    if (!m_configuration->dragItem)
+        return;
+    std::optional<DragItem> item = m_configuration->dragItem();
+    if (!item)
+        return;
+    // The drag runs its own event loop: this view may be gone, or do something else, when it ends.
+    const ItemInteraction configuration = *m_configuration;
+    const DragRunner runDrag = m_runDrag;
+    const QSizeF pictureSize = dragPictureSize(item->picture.deviceIndependentSize());
+    callIfSet(configuration.onDragBegan);
+    const DragOperation operation
+        = runDrag(*this, DragSession{ std::move(*item), pictureSize, configuration.allowedOperations });
+    callIfSet(configuration.onDragEnded, operation);
+}
+
+void ItemInteractionView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const bool isClick = m_mouseDownLocation.has_value() && m_clickCount == 1;
+    m_mouseDownLocation.reset();
+    if (!isClick || !m_configuration)
+        return;
+    // What a click does may replace the configuration, or remove the tile.
+    const auto onClick = m_configuration->onClick;
+    callIfSet(onClick);
+}
+
+std::unique_ptr<QMenu> ItemInteractionView::makeMenu()
+{
+    if (!m_configuration || !m_configuration->menu)
+        return nullptr;
+    const MenuActions actions = m_configuration->menu();
+    if (actions.empty())
+        return nullptr;
+    auto menu = std::make_unique<QMenu>();
+    for (const std::optional<MenuAction>& each : actions) {
+        if (!each) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction* entry = menu->addAction(each->title);
+        entry->setEnabled(each->isEnabled);
+        connect(entry, &QAction::triggered, entry, [action = each->action] { callIfSet(action); });
+    }
+    return menu;
+}
+
+void ItemInteractionView::contextMenuEvent(QContextMenuEvent* event)
+{
+    std::unique_ptr<QMenu> menu = makeMenu();
+    if (!menu)
+        return;
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu.release()->popup(event->globalPos());
+}
+
+void ItemInteractionView::enterEvent(QEnterEvent* event)
+{
+    QWidget::enterEvent(event);
+    if (m_configuration)
+        callIfSet(m_configuration->onHover, true);
+}
+
+void ItemInteractionView::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    if (m_configuration)
+        callIfSet(m_configuration->onHover, false);
+}
+
+} // namespace nookle

@@ -1,0 +1,49 @@
+#include "PinButton.h"
+
+#include "PanelPinning.h"
+#include "Symbol.h"
+
+#include <QPainter>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr int buttonSize = 22;
+inline constexpr double symbolSize = 14;
+
+} // namespace
+
+PinButton::PinButton(PanelPinning& pinning, QWidget* parent)
+    : QAbstractButton(parent)
+    , m_pinning(pinning)
+{
+    setFixedSize(sizeHint());
+    setFocusPolicy(Qt::TabFocus);
+    connect(&m_pinning, &PanelPinning::isPinnedChanged, this, &PinButton::showState);
+    showState();
+}
+
+QSize PinButton::sizeHint() const
+{
+    return { buttonSize, buttonSize };
+}
+
+void PinButton::showState()
+{
+    const QString text = m_pinning.isPinned() ? tr("Allow Shelf to Hide") : tr("Keep Shelf Open");
+    setToolTip(text);
+    setAccessibleName(text);
+    update();
+}
+
+void PinButton::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    QRectF box(0, 0, symbolSize, symbolSize);
+    box.moveCenter(QRectF(rect()).center());
+    const QPalette::ColorRole role = m_pinning.isPinned() ? QPalette::Highlight : QPalette::PlaceholderText;
+    drawSymbol(painter, m_pinning.isPinned() ? Symbol::pinFill : Symbol::pin, box, palette().color(role));
+}
+
+} // namespace nookle

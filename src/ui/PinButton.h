@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QAbstractButton>
+
+namespace nookle {
+
+class PanelPinning;
+
+/// The button in the shelf's header that shows and changes whether the panel stays.
+class PinButton final : public QAbstractButton {
+    Q_OBJECT
+
+public:
+    PinButton(PanelPinning& pinning, QWidget* parent);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void showState();
+
+    PanelPinning& m_pinning;
+};
+
+} // namespace nookle

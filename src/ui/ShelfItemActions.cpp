@@ -1,0 +1,206 @@
+#include "ShelfItemActions.h"
+
+#include "FileIcon.h"
+#include "FileUrl.h"
+#include "Log.h"
+#include "Overloaded.h"
+#include "Pasteboard.h"
+#include "ShelfStore.h"
+#include "Symbol.h"
+#include "Trash.h"
+#include "Workspace.h"
+
+#include <QImageReader>
+#include <QPainter>
+
+#include <filesystem>
+
+namespace nookle {
+
+namespace {
+
+/// Pictures are made larger than they are shown, for displays with more pixels than points.
+inline constexpr int pictureSize = 104;
+
+[[nodiscard]] QPixmap symbolPicture(Symbol symbol)
+{
+    QPixmap picture(pictureSize, pictureSize);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    drawSymbol(painter, symbol, picture.rect(), Qt::gray);
+    return picture;
+}
+
+[[nodiscard]] QPixmap iconPicture(const QUrl& file)
+{
+    const QPixmap picture = fileIcon(file).pixmap(pictureSize);
+    return picture.isNull() ? symbolPicture(Symbol::document) : picture;
+}
+
+[[nodiscard]] std::optional<QPixmap> imagePicture(const QUrl& file)
+{
+    QImageReader reader(file.toLocalFile());
+    reader.setScaledSize(reader.size().scaled(pictureSize, pictureSize, Qt::KeepAspectRatio));
+    const QImage image = reader.read();
+    return image.isNull() ? std::nullopt : std::optional(QPixmap::fromImage(image));
+}
+
+[[nodiscard]] std::unique_ptr<QMimeData> fileData(const QUrl& file)
+{
+    auto data = std::make_unique<QMimeData>();
+    data->setUrls({ file });
+    return data;
+}
+
+[[nodiscard]] std::unique_ptr<QMimeData> linkData(const LinkContent& link)
+{
+    const QString address = link.url.absoluteString();
+    auto data = std::make_unique<QMimeData>();
+    data->setUrls({ link.url.url() });
+    data->setText(address);
+    if (link.title) {
+        const QString titled = address + QLatin1Char('\n') + *link.title;
+        data->setData(QStringLiteral("_NETSCAPE_URL"), titled.toUtf8());
+    }
+    return data;
+}
+
+[[nodiscard]] bool fileExists(const QUrl& file)
+{
+    std::error_code error;
+    return std::filesystem::exists(filePath(file).toStdString(), error);
+}
+
+} // namespace
+
+ShelfItemActions::ShelfItemActions(ShelfStore& store, Workspace& workspace, Pasteboard& pasteboard, Trash& trash)
+    : m_store(store)
+    , m_workspace(workspace)
+    , m_pasteboard(pasteboard)
+    , m_trash(trash)
+{
+}
+
+DragOperations ShelfItemActions::allowedOperations(const ShelfItem& item)
+{
+    using Operation = DragOperation;
+    return std::visit(
+        overloaded{
+            [](const FileContent&) -> DragOperations {
+                return Operation::copy | Operation::generic | Operation::move | Operation::remove;
+            },
+            [](const TextContent&) -> DragOperations {
+                return Operation::copy | Operation::generic | Operation::remove;
+            },
+            [](const LinkContent&) -> DragOperations {
+                return Operation::copy | Operation::link | Operation::generic | Operation::remove;
+            },
+            [](const ImageContent&) -> DragOperations { return Operation::copy | Operation::remove; },
+        },
+        item.content);
+}
+
+MenuActions ShelfItemActions::menuActions(const ShelfItem& item) const
+{
+    const ShelfItemActions actions = *this;
+    const std::optional<QUrl> localURL = m_store.localURL(item);
+    const bool isFile = std::holds_alternative<FileContent>(item.content);
+
+    MenuActions menu;
+    if (openURL(item))
+        menu.push_back(MenuAction{ tr("Open"), true, [actions, item] { actions.open(item); } });
+    if (isFile && localURL)
+        menu.push_back(MenuAction{ tr("Show in Finder"), true,
+                                   [actions, file = *localURL] { actions.m_workspace.reveal(file); } });
+    menu.push_back(MenuAction{ tr("Copy"), !isFile || localURL, [actions, item] { actions.copyToPasteboard(item); } });
+    menu.push_back(MenuAction{ item.pinned ? tr("Unpin") : tr("Pin"), true,
+                               [actions, id = item.id] { actions.m_store.togglePinned(id); } });
+    menu.push_back(std::nullopt);
+    menu.push_back(MenuAction{ tr("Remove"), true, [actions, id = item.id] { actions.m_store.remove(id); } });
+    return menu;
+}
+
+std::optional<QUrl> ShelfItemActions::openURL(const ShelfItem& item) const
+{
+    if (const auto* link = std::get_if<LinkContent>(&item.content))
+        return link->url.url();
+    const auto* text = std::get_if<TextContent>(&item.content);
+    if (!text)
+        return m_store.localURL(item);
+    const std::optional<LinkUrl> url = LinkUrl::parse(text->text.trimmed());
+    if (!url)
+        return std::nullopt;
+    const QString scheme = url->scheme();
+    const bool canBeOpened = scheme == QLatin1String("http") || scheme == QLatin1String("https")
+        || scheme == QLatin1String("mailto");
+    return canBeOpened ? std::optional(url->url()) : std::nullopt;
+}
+
+void ShelfItemActions::open(const ShelfItem& item) const
+{
+    if (const auto url = openURL(item))
+        m_workspace.open(*url);
+}
+
+void ShelfItemActions::copyToPasteboard(const ShelfItem& item) const
+{
+    m_pasteboard.clear();
+    const std::optional<QUrl> localURL = m_store.localURL(item);
+    std::visit(overloaded{
+                   [&](const FileContent&) {
+                       if (localURL)
+                           m_pasteboard.writeFile(*localURL);
+                   },
+                   [&](const TextContent& text) { m_pasteboard.writeText(text.text); },
+                   [&](const LinkContent& link) { m_pasteboard.writeLink(link.url.absoluteString()); },
+                   [&](const ImageContent&) {
+                       if (localURL)
+                           m_pasteboard.writeImage(*localURL);
+                   },
+               },
+               item.content);
+}
+
+std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item) const
+{
+    if (const auto* text = std::get_if<TextContent>(&item.content)) {
+        auto data = std::make_unique<QMimeData>();
+        data->setText(text->text);
+        return DragItem{ std::move(data), symbolPicture(Symbol::document) };
+    }
+    if (const auto* link = std::get_if<LinkContent>(&item.content)) {
+        const auto icon = m_store.iconURL(item);
+        const auto picture = icon ? imagePicture(*icon) : std::nullopt;
+        return DragItem{ linkData(*link), picture ? *picture : symbolPicture(Symbol::link) };
+    }
+    const std::optional<QUrl> localURL = m_store.localURL(item);
+    if (!localURL)
+        return std::nullopt;
+    const bool isImage = std::holds_alternative<ImageContent>(item.content);
+    const auto picture = isImage ? imagePicture(*localURL) : std::nullopt;
+    return DragItem{ fileData(*localURL), picture ? *picture : iconPicture(*localURL) };
+}
+
+QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL)
+{
+    if (std::holds_alternative<FileContent>(item.content) && localURL)
+        return QString::fromUtf8(filePath(*localURL));
+    if (const auto* link = std::get_if<LinkContent>(&item.content))
+        return link->url.absoluteString();
+    return item.displayName();
+}
+
+void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation) const
+{
+    if (operation != DragOperation::remove)
+        return;
+    const std::optional<QUrl> localURL = m_store.localURL(item);
+    if (localURL && fileExists(*localURL)) {
+        if (const auto failure = m_trash.moveToTrash(*localURL))
+            logLine(QStringLiteral("moving to Trash failed for %1: %2")
+                        .arg(QString::fromUtf8(filePath(*localURL)), failure->description));
+    }
+    m_store.remove(item.id);
+}
+
+} // namespace nookle

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "DragSession.h"
+#include "ShelfItem.h"
+
+#include <QIcon>
+#include <QStringList>
+#include <QUrl>
+#include <QWidget>
+
+#include <optional>
+
+namespace nookle {
+
+class ItemInteractionView;
+
+/// One tile: a preview with the item's name below it. Everything that the mouse does is the interaction view's, which
+/// covers it.
+class ShelfItemView final : public QWidget {
+    Q_OBJECT
+
+public:
+    ShelfItemView(QWidget* parent, DragRunner runDrag);
+
+    /// Shows `item`; `localURL` is the file that stands for it on disk, if it is there.
+    void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL);
+    void setHovered(bool isHovered);
+
+    [[nodiscard]] ItemInteractionView& interaction() { return *m_interaction; }
+
+    /// The tile's height at `width`, in the font that tiles have.
+    [[nodiscard]] static int heightFor(const ShelfItem& item, bool isUnavailable, int width);
+
+    /// The name in at most two lines, cut in the middle so that its start and its extension stay visible.
+    [[nodiscard]] static QStringList nameLines(const QString& name, const QFont& font, int width);
+
+    /// Whether the item is a file that cannot be found.
+    [[nodiscard]] static bool isUnavailable(const ShelfItem& item, const std::optional<QUrl>& localURL);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void paintPreview(QPainter& painter, const QRect& box) const;
+    void paintName(QPainter& painter, int top) const;
+
+    ShelfItem m_item;
+    QIcon m_icon;
+    bool m_isUnavailable = false;
+    bool m_isMissing = false;
+    bool m_isHovered = false;
+    ItemInteractionView* m_interaction;
+};
+
+} // namespace nookle

@@ -1,0 +1,224 @@
+#include "ShelfView.h"
+
+#include "EmptyShelfView.h"
+#include "ItemInteractionView.h"
+#include "MimeDropItem.h"
+#include "PinButton.h"
+#include "ShelfItemView.h"
+#include "ShelfStore.h"
+#include "TileList.h"
+
+#include <QDropEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPointer>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr int headerPadding = 6;
+inline constexpr double cornerRadius = 12;
+inline constexpr double dropStrokeWidth = 2;
+
+/// Rounded on the left, square on the right, where the panel meets the edge of the screen.
+[[nodiscard]] QPainterPath panelShape(const QRectF& rect)
+{
+    QPainterPath rounded;
+    rounded.addRoundedRect(rect.adjusted(0, 0, cornerRadius, 0), cornerRadius, cornerRadius);
+    QPainterPath bounds;
+    bounds.addRect(rect);
+    return rounded.intersected(bounds);
+}
+
+/// Other programs' sources delete what they believe to be moved, so nothing but a copy is ever taken.
+[[nodiscard]] bool canTake(const QDropEvent& event)
+{
+    const bool isOwnItem = event.source() != nullptr;
+    return !isOwnItem && (event.possibleActions() & Qt::CopyAction) && offersDropItems(*event.mimeData());
+}
+
+void acceptCopy(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+}
+
+} // namespace
+
+ShelfView::ShelfView(const Services& services, QWidget* parent)
+    : QWidget(parent)
+    , m_store(services.store)
+    , m_actions(services.store, services.workspace, services.pasteboard, services.trash)
+    , m_dropHandler(services.store, services.queue)
+    , m_runDrag(services.runDrag)
+    , m_content(new QStackedLayout)
+    , m_emptyState(new EmptyShelfView)
+    , m_tiles(new TileList)
+{
+    setAcceptDrops(true);
+    setUpLayout(services.pinning);
+    setUpTiles();
+    connect(&m_store, &ShelfStore::itemsChanged, this, &ShelfView::showItems);
+    connect(&m_store, &ShelfStore::fileURLsChanged, this, &ShelfView::showItems);
+    showItems();
+}
+
+void ShelfView::setUpLayout(PanelPinning& pinning)
+{
+    auto* pin = new PinButton(pinning, this);
+    connect(pin, &PinButton::clicked, this, [this] {
+        if (onTogglePin)
+            onTogglePin();
+    });
+    auto* header = new QHBoxLayout;
+    header->setContentsMargins(headerPadding, headerPadding, headerPadding, 0);
+    header->addStretch();
+    header->addWidget(pin);
+
+    m_content->addWidget(m_emptyState);
+    m_content->addWidget(m_tiles);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(header);
+    layout->addLayout(m_content, 1);
+}
+
+void ShelfView::setUpTiles()
+{
+    m_tiles->makeTile = [this](QWidget* viewport) { return new ShelfItemView(viewport, m_runDrag); };
+    m_tiles->tileHeight = [this](std::size_t row, int width) {
+        const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
+        return ShelfItemView::heightFor(item, ShelfItemView::isUnavailable(item, m_store.localURL(item)), width);
+    };
+    m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
+        const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
+        tile.setItem(item, m_store.localURL(item));
+        tile.setHovered(m_hoveredID == item.id);
+        tile.interaction().setConfiguration(interaction(item));
+    };
+}
+
+void ShelfView::showItems()
+{
+    std::vector<QUuid> ids;
+    ids.reserve(static_cast<std::size_t>(m_store.items().size()));
+    for (const ShelfItem& item : m_store.items())
+        ids.push_back(item.id);
+    const bool isEmpty = ids.empty();
+    m_tiles->setRows(std::move(ids));
+    m_content->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_emptyState) : m_tiles);
+}
+
+ItemInteraction ShelfView::interaction(const ShelfItem& item)
+{
+    // A drag outlives its tile, and may outlive the view.
+    const QPointer<ShelfView> self(this);
+    ItemInteraction interaction;
+    interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
+    interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
+    interaction.dragItem = [this, item] { return m_actions.dragItem(item); };
+    interaction.menu = [this, item] { return m_actions.menuActions(item); };
+    interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
+    interaction.onClick = [this, item] { m_actions.open(item); };
+    interaction.onDragBegan = [self] {
+        if (self && self->onDragOutBegan)
+            self->onDragOutBegan();
+    };
+    interaction.onDragEnded = [self, item](DragOperation operation) {
+        if (self)
+            self->dragEnded(item, operation);
+    };
+    return interaction;
+}
+
+// The exit of one tile may be reported after the entry into the next.
+void ShelfView::itemHovered(const QUuid& id, bool isInside)
+{
+    if (isInside)
+        setHovered(id);
+    else if (m_hoveredID == id)
+        setHovered(std::nullopt);
+}
+
+void ShelfView::setHovered(const std::optional<QUuid>& id)
+{
+    const std::optional<QUuid> previous = std::exchange(m_hoveredID, id);
+    if (previous == id)
+        return;
+    if (ShelfItemView* tile = previous ? m_tiles->tile(*previous) : nullptr)
+        tile->setHovered(false);
+    if (ShelfItemView* tile = id ? m_tiles->tile(*id) : nullptr)
+        tile->setHovered(true);
+}
+
+void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
+{
+    setHovered(std::nullopt);
+    m_actions.dragEnded(item, operation);
+    if (onDragOutEnded)
+        onDragOutEnded();
+}
+
+void ShelfView::setDropTarget(bool isDropTarget)
+{
+    if (std::exchange(m_isDropTarget, isDropTarget) == isDropTarget)
+        return;
+    update();
+    if (onDropTargetChanged)
+        onDropTargetChanged(isDropTarget);
+}
+
+void ShelfView::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!canTake(*event)) {
+        event->ignore();
+        return;
+    }
+    acceptCopy(*event);
+    setDropTarget(true);
+}
+
+void ShelfView::dragMoveEvent(QDragMoveEvent* event)
+{
+    if (canTake(*event))
+        acceptCopy(*event);
+    else
+        event->ignore();
+}
+
+void ShelfView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
+{
+    setDropTarget(false);
+}
+
+void ShelfView::dropEvent(QDropEvent* event)
+{
+    setDropTarget(false);
+    if (!canTake(*event)) {
+        event->ignore();
+        return;
+    }
+    m_dropHandler.handleDrop(dropItems(*event->mimeData()));
+    acceptCopy(*event);
+}
+
+void ShelfView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(panelShape(rect()), palette().color(QPalette::Window));
+    if (!m_isDropTarget)
+        return;
+    const double inset = dropStrokeWidth / 2;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), dropStrokeWidth));
+    painter.drawPath(panelShape(QRectF(rect()).adjusted(inset, inset, -inset, -inset)));
+}
+
+} // namespace nookle

@@ -1,0 +1,83 @@
+#pragma once
+
+#include "DragSession.h"
+#include "DropHandler.h"
+#include "ShelfItemActions.h"
+
+#include <QUuid>
+#include <QWidget>
+
+#include <functional>
+#include <optional>
+
+class QStackedLayout;
+
+namespace nookle {
+
+class EmptyShelfView;
+class MainQueue;
+class PanelPinning;
+class ShelfItemView;
+class TileList;
+
+/// The panel's content: the header with its pin, and the tiles of the shelf or the hint that it is empty. Shows what
+/// the store holds and changes it only through the store. Everything that it is given must outlive it.
+class ShelfView final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// What the view works with.
+    struct Services {
+        ShelfStore& store;
+        PanelPinning& pinning;
+        Workspace& workspace;
+        Pasteboard& pasteboard;
+        Trash& trash;
+        MainQueue& queue;
+        DragRunner runDrag = runDragSession;
+    };
+
+    explicit ShelfView(const Services& services, QWidget* parent = nullptr);
+
+    /// Set by the owner.
+    std::function<void()> onTogglePin;
+    /// A drop that the view accepts began (true) or ceased to hover over it.
+    std::function<void(bool isDropTarget)> onDropTargetChanged;
+    std::function<void()> onDragOutBegan;
+    std::function<void()> onDragOutEnded;
+
+    /// The item under the pointer, if any.
+    [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
+    [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
+
+    /// What the tile of that item does with the mouse.
+    [[nodiscard]] ItemInteraction interaction(const ShelfItem& item);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void setUpLayout(PanelPinning& pinning);
+    void setUpTiles();
+    void showItems();
+    void setDropTarget(bool isDropTarget);
+    void setHovered(const std::optional<QUuid>& id);
+    void itemHovered(const QUuid& id, bool isInside);
+    void dragEnded(const ShelfItem& item, DragOperation operation);
+
+    ShelfStore& m_store;
+    ShelfItemActions m_actions;
+    DropHandler m_dropHandler;
+    DragRunner m_runDrag;
+    QStackedLayout* m_content;
+    EmptyShelfView* m_emptyState;
+    TileList* m_tiles;
+    bool m_isDropTarget = false;
+    std::optional<QUuid> m_hoveredID;
+};
+
+} // namespace nookle

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QColor>
+#include <QRectF>
+
+class QPainter;
+
+namespace nookle {
+
+/// The shelf's own pictograms, drawn in one style at any size.
+enum class Symbol { pin, pinFill, tray, link, document, missingFile };
+
+/// Draws `symbol` in `color`, as large as fits into `box`, centred.
+void drawSymbol(QPainter& painter, Symbol symbol, const QRectF& box, const QColor& color);
+
+} // namespace nookle

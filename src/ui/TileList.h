@@ -1,0 +1,53 @@
+#pragma once
+
+#include "TileLayout.h"
+
+#include <QAbstractScrollArea>
+#include <QHash>
+#include <QUuid>
+
+#include <functional>
+#include <vector>
+
+namespace nookle {
+
+class ShelfItemView;
+
+/// A scrolling column of tiles, of which only those in view exist.
+class TileList final : public QAbstractScrollArea {
+    Q_OBJECT
+
+public:
+    explicit TileList(QWidget* parent = nullptr);
+
+    /// Makes a tile, as a child of the widget handed in; called when a row comes into view.
+    std::function<ShelfItemView*(QWidget* parent)> makeTile;
+    /// Fills the tile of a row; called when it comes into view, and after every change of the rows.
+    std::function<void(ShelfItemView& tile, std::size_t row)> fillTile;
+    /// The height of a row's tile at a width.
+    std::function<int(std::size_t row, int width)> tileHeight;
+
+    /// Replaces the rows, each known by the id of its item. A tile whose id stays is kept.
+    void setRows(std::vector<QUuid> ids);
+
+    /// The tile of that item; null when it is not in view.
+    [[nodiscard]] ShelfItemView* tile(const QUuid& id) const { return m_tiles.value(id); }
+
+    [[nodiscard]] int tileCount() const { return static_cast<int>(m_tiles.size()); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+
+private:
+    void measure();
+    void placeTiles(bool refill);
+    [[nodiscard]] int tileWidth() const;
+
+    std::vector<QUuid> m_ids;
+    TileLayout m_layout;
+    QHash<QUuid, ShelfItemView*> m_tiles;
+    int m_measuredWidth = 0;
+};
+
+} // namespace nookle

@@ -1,0 +1,520 @@
+#include "ShelfView.h"
+
+#include "EmptyShelfView.h"
+#include "FakeFileReferences.h"
+#include "FakeLinkMetadataService.h"
+#include "FakeMainQueue.h"
+#include "FakePasteboard.h"
+#include "FakeTrash.h"
+#include "FakeUserDefaults.h"
+#include "FakeWorkspace.h"
+#include "FileUrl.h"
+#include "ItemInteractionView.h"
+#include "PanelPinning.h"
+#include "PinButton.h"
+#include "ShelfItemView.h"
+#include "ShelfStore.h"
+#include "TileList.h"
+
+#include <QDropEvent>
+#include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QWindow>
+#include <QtTest>
+
+#include <memory>
+
+using namespace nookle;
+
+namespace {
+
+[[nodiscard]] ShelfStore::Environment environmentWith(FakeTrash& trash)
+{
+    ShelfStore::Environment environment;
+    environment.moveToTrash = [&trash](const QUrl& file) { return trash.moveToTrash(file); };
+    environment.fetchesLinkMetadata = false;
+    return environment;
+}
+
+/// A shelf view in the panel's size with everything around it.
+struct Fixture {
+    QTemporaryDir directory;
+    FakeMainQueue queue;
+    FakeUserDefaults defaults;
+    FakeFileReferences references;
+    FakeTrash trash;
+    FakeLinkMetadataService metadata;
+    FakeWorkspace workspace;
+    FakePasteboard pasteboard;
+    PanelPinning pinning{ defaults };
+    ShelfStore store{ fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash,
+                      metadata, queue };
+    ShelfView view{ ShelfView::Services{ store, pinning, workspace, pasteboard, trash, queue } };
+
+    Fixture()
+    {
+        view.resize(112, 752);
+        view.show();
+    }
+
+    [[nodiscard]] const ShelfItem& top() const { return store.items().first(); }
+
+    [[nodiscard]] QUrl addFile(const QByteArray& name)
+    {
+        const QUrl url = fileUrl("/somewhere/" + name);
+        store.addFiles({ url });
+        return url;
+    }
+
+    /// An image that the shelf owns, and its file.
+    [[nodiscard]] QUrl addImage()
+    {
+        QFile source(directory.filePath(QStringLiteral("Shot.png")));
+        if (!source.open(QIODevice::WriteOnly))
+            return {};
+        source.close();
+        store.addImage(fileUrl(source.fileName().toUtf8()));
+        return store.localURL(top()).value_or(QUrl());
+    }
+
+    /// The menu of the top item in one line: "-" is a separator, brackets are a disabled entry.
+    [[nodiscard]] QString menu()
+    {
+        QStringList entries;
+        for (const auto& action : view.interaction(top()).menu()) {
+            if (!action)
+                entries.append(QStringLiteral("-"));
+            else
+                entries.append(action->isEnabled ? action->title : QStringLiteral("[%1]").arg(action->title));
+        }
+        return entries.join(QLatin1Char(' '));
+    }
+
+    void choose(const QString& title)
+    {
+        for (const auto& action : view.interaction(top()).menu()) {
+            if (action && action->title == title) {
+                action->action();
+                return;
+            }
+        }
+        QFAIL("no such entry");
+    }
+};
+
+} // namespace
+
+class ShelfViewTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_fixture = std::make_unique<Fixture>(); }
+    void cleanup() { m_fixture.reset(); }
+
+    void anEmptyStoreShowsTheHintAndTheFirstDropReplacesIt();
+    void aTextThatIsAnAddressCanBeOpened();
+    void otherTextsCannotBeOpened_data();
+    void otherTextsCannotBeOpened();
+    void aMailAddressCanBeOpened();
+    void aFileThatHasVanishedOffersOnlyWhatStillWorks();
+    void aFileInPlaceOffersEverything();
+    void anImageDraggedToTheTrashIsRemovedWithItsFile();
+    void anImageDraggedIntoAProgramStays();
+    void aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile();
+    void aFailedMoveToTheTrashIsLoggedAndTheItemGoes();
+    void theExitOfATileReportedLateLeavesTheNextOneHovered();
+    void theEndOfADragClearsTheHoverAndIsReported();
+    void theOperationsOfEachKind();
+    void copyingReplacesTheClipboard();
+    void aDragCarriesTheFilesUri();
+    void aDragOfANameThatIsNotUtf8CarriesItsBytes();
+    void aDragOfALinkCarriesAddressTextAndTitle();
+    void toolTips();
+    void revealShowsTheFile();
+    void pinningAndRemovingFromTheMenu();
+    void aDropOfAFileIsTakenAsACopy();
+    void aDropOfAnItemOfTheShelfIsRefused();
+    void aDropThatAllowsNoCopyIsRefused();
+    void theOwnerHearsOfDropsThatHover();
+    void thePinButtonTellsTheOwnerAndSaysWhatItDoes();
+    void tilesExistOnlyForTheRowsInView();
+    void tilesFollowTheStoresOrder();
+    void aTileKeepsItsWidgetWhenTheShelfChanges();
+    void aLongNameTakesTwoLinesAndKeepsItsEnd();
+
+private:
+    std::unique_ptr<Fixture> m_fixture;
+};
+
+void ShelfViewTest::anEmptyStoreShowsTheHintAndTheFirstDropReplacesIt()
+{
+    Fixture& f = *m_fixture;
+    auto* hint = f.view.findChild<EmptyShelfView*>();
+    auto* list = f.view.findChild<TileList*>();
+    QVERIFY(hint->isVisible());
+    QVERIFY(!list->isVisible());
+    f.store.addText(QStringLiteral("words"));
+    QVERIFY(!hint->isVisible());
+    QVERIFY(list->isVisible());
+    QCOMPARE(list->tileCount(), 1);
+}
+
+void ShelfViewTest::aTextThatIsAnAddressCanBeOpened()
+{
+    Fixture& f = *m_fixture;
+    ShelfItem item;
+    item.content = TextContent{ QStringLiteral("  https://example.com/a \n") };
+    const ItemInteraction interaction = f.view.interaction(item);
+    QCOMPARE(interaction.menu().front()->title, QStringLiteral("Open"));
+    interaction.onClick();
+    QCOMPARE(f.workspace.opened, QList<QUrl>{ QUrl(QStringLiteral("https://example.com/a")) });
+}
+
+void ShelfViewTest::otherTextsCannotBeOpened_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("another scheme") << QStringLiteral("ftp://example.com/");
+    QTest::newRow("a word") << QStringLiteral("word");
+    QTest::newRow("a sentence with an address") << QStringLiteral("see https://example.com/");
+}
+
+void ShelfViewTest::otherTextsCannotBeOpened()
+{
+    QFETCH(const QString, text);
+    Fixture& f = *m_fixture;
+    f.store.addText(text);
+    QCOMPARE(f.menu(), QStringLiteral("Copy Pin - Remove"));
+    f.view.interaction(f.top()).onClick();
+    QVERIFY(f.workspace.opened.isEmpty());
+}
+
+void ShelfViewTest::aMailAddressCanBeOpened()
+{
+    Fixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("MAILTO:a@example.com"));
+    f.view.interaction(f.top()).onClick();
+    QCOMPARE(f.workspace.opened.size(), 1);
+    QCOMPARE(f.workspace.opened.first().scheme(), QStringLiteral("mailto"));
+}
+
+void ShelfViewTest::aFileThatHasVanishedOffersOnlyWhatStillWorks()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    f.references.removeFile(file);
+    f.store.refreshFiles();
+    QCOMPARE(f.menu(), QStringLiteral("[Copy] Pin - Remove"));
+    QVERIFY(!f.view.interaction(f.top()).dragItem());
+    QCOMPARE(f.view.interaction(f.top()).toolTip, QStringLiteral("a.txt"));
+}
+
+void ShelfViewTest::aFileInPlaceOffersEverything()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    QCOMPARE(f.menu(), QStringLiteral("Open Show in Finder Copy Pin - Remove"));
+    f.view.interaction(f.top()).onClick();
+    QCOMPARE(f.workspace.opened, QList<QUrl>{ file });
+}
+
+void ShelfViewTest::anImageDraggedToTheTrashIsRemovedWithItsFile()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addImage();
+    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
+    QCOMPARE(f.trash.moved, QList<QUrl>{ file });
+    QVERIFY(f.store.items().isEmpty());
+}
+
+void ShelfViewTest::anImageDraggedIntoAProgramStays()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addImage();
+    for (const DragOperation operation : { DragOperation::copy, DragOperation::none, DragOperation::move })
+        f.view.interaction(f.top()).onDragEnded(operation);
+    QCOMPARE(f.store.items().size(), 1);
+    QVERIFY(f.trash.moved.isEmpty());
+    QVERIFY(QFileInfo::exists(file.toLocalFile()));
+}
+
+void ShelfViewTest::aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile()
+{
+    Fixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("words"));
+    f.store.addText(QStringLiteral("https://example.com/"));
+    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
+    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
+    QVERIFY(f.store.items().isEmpty());
+    QVERIFY(f.trash.moved.isEmpty());
+}
+
+void ShelfViewTest::aFailedMoveToTheTrashIsLoggedAndTheItemGoes()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addImage();
+    f.trash.failure = Failure{ QStringLiteral("full") };
+    const QString line = QStringLiteral("Nookle: moving to Trash failed for %1: full").arg(file.toLocalFile());
+    QTest::ignoreMessage(QtWarningMsg, line.toUtf8().constData());
+    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
+    QVERIFY(f.store.items().isEmpty());
+}
+
+void ShelfViewTest::theExitOfATileReportedLateLeavesTheNextOneHovered()
+{
+    Fixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("a"));
+    f.store.addText(QStringLiteral("b"));
+    const QUuid a = f.store.items()[1].id;
+    const QUuid b = f.store.items()[0].id;
+    const ItemInteraction tileA = f.view.interaction(f.store.items()[1]);
+    const ItemInteraction tileB = f.view.interaction(f.store.items()[0]);
+    tileA.onHover(true);
+    QCOMPARE(f.view.hoveredID(), a);
+    tileB.onHover(true);
+    tileA.onHover(false);
+    QCOMPARE(f.view.hoveredID(), b);
+    tileB.onHover(false);
+    QVERIFY(!f.view.hoveredID());
+}
+
+void ShelfViewTest::theEndOfADragClearsTheHoverAndIsReported()
+{
+    Fixture& f = *m_fixture;
+    QStringList log;
+    f.view.onDragOutBegan = [&] { log.append(QStringLiteral("began")); };
+    f.view.onDragOutEnded = [&] { log.append(QStringLiteral("ended")); };
+    f.store.addText(QStringLiteral("a"));
+    const ItemInteraction tile = f.view.interaction(f.top());
+    tile.onHover(true);
+    tile.onDragBegan();
+    tile.onDragEnded(DragOperation::none);
+    QVERIFY(!f.view.hoveredID());
+    QCOMPARE(log.join(QLatin1Char(' ')), QStringLiteral("began ended"));
+    QCOMPARE(f.store.items().size(), 1);
+}
+
+void ShelfViewTest::theOperationsOfEachKind()
+{
+    const auto operations = [](const ShelfItem::Content& content) {
+        ShelfItem item;
+        item.content = content;
+        return ShelfItemActions::allowedOperations(item).toInt();
+    };
+    QCOMPARE(operations(FileContent{}), 53);
+    QCOMPARE(operations(TextContent{}), 37);
+    QCOMPARE(operations(LinkContent{ *LinkUrl::parse(QStringLiteral("https://example.com/")), {}, false }), 39);
+    QCOMPARE(operations(ImageContent{}), 33);
+}
+
+void ShelfViewTest::copyingReplacesTheClipboard()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    f.choose(QStringLiteral("Copy"));
+    f.store.addText(QStringLiteral("words"));
+    f.choose(QStringLiteral("Copy"));
+    f.store.addText(QStringLiteral("https://Example.com/"));
+    f.choose(QStringLiteral("Copy"));
+    const QUrl image = f.addImage();
+    f.choose(QStringLiteral("Copy"));
+    const QStringList expected{
+        QStringLiteral("clear"), QStringLiteral("file ") + file.toString(),
+        QStringLiteral("clear"), QStringLiteral("text words"),
+        QStringLiteral("clear"), QStringLiteral("link https://Example.com/"),
+        QStringLiteral("clear"), QStringLiteral("image ") + image.toString(),
+    };
+    QCOMPARE(f.pasteboard.operations, expected);
+}
+
+void ShelfViewTest::aDragCarriesTheFilesUri()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addFile("a b.txt");
+    const auto item = f.view.interaction(f.top()).dragItem();
+    QVERIFY(item);
+    QCOMPARE(item->data->urls(), QList<QUrl>{ file });
+    QVERIFY(!item->picture.isNull());
+}
+
+void ShelfViewTest::aDragOfANameThatIsNotUtf8CarriesItsBytes()
+{
+    Fixture& f = *m_fixture;
+    (void)f.addFile("\xff\xfe%\n.txt");
+    const auto item = f.view.interaction(f.top()).dragItem();
+    QCOMPARE(item->data->data(QStringLiteral("text/uri-list")).trimmed(),
+             QByteArray("file:///somewhere/%FF%FE%25%0A.txt"));
+}
+
+void ShelfViewTest::aDragOfALinkCarriesAddressTextAndTitle()
+{
+    Fixture& f = *m_fixture;
+    f.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/a")), QStringLiteral("An example"));
+    const auto item = f.view.interaction(f.top()).dragItem();
+    QCOMPARE(item->data->urls(), QList<QUrl>{ QUrl(QStringLiteral("https://example.com/a")) });
+    QCOMPARE(item->data->text(), QStringLiteral("https://example.com/a"));
+    QCOMPARE(item->data->data(QStringLiteral("_NETSCAPE_URL")), QByteArray("https://example.com/a\nAn example"));
+}
+
+void ShelfViewTest::toolTips()
+{
+    Fixture& f = *m_fixture;
+    (void)f.addFile("a.txt");
+    QCOMPARE(f.view.interaction(f.top()).toolTip, QStringLiteral("/somewhere/a.txt"));
+    f.store.addText(QStringLiteral("words\nand more"));
+    QCOMPARE(f.view.interaction(f.top()).toolTip, QStringLiteral("words"));
+    f.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/a")), QStringLiteral("An example"));
+    QCOMPARE(f.view.interaction(f.top()).toolTip, QStringLiteral("https://example.com/a"));
+}
+
+void ShelfViewTest::revealShowsTheFile()
+{
+    Fixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    f.choose(QStringLiteral("Show in Finder"));
+    QCOMPARE(f.workspace.revealed, QList<QUrl>{ file });
+}
+
+void ShelfViewTest::pinningAndRemovingFromTheMenu()
+{
+    Fixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("words"));
+    f.choose(QStringLiteral("Pin"));
+    QVERIFY(f.top().pinned);
+    f.choose(QStringLiteral("Unpin"));
+    QVERIFY(!f.top().pinned);
+    f.choose(QStringLiteral("Remove"));
+    QVERIFY(f.store.items().isEmpty());
+}
+
+void ShelfViewTest::aDropOfAFileIsTakenAsACopy()
+{
+    Fixture& f = *m_fixture;
+    QMimeData data;
+    data.setUrls({ fileUrl("/somewhere/a.txt") });
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(enter.isAccepted());
+    QCOMPARE(enter.dropAction(), Qt::CopyAction);
+    QDropEvent drop({ 50, 50 }, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &drop);
+    QCOMPARE(drop.dropAction(), Qt::CopyAction);
+    f.queue.runPosted();
+    QCOMPARE(f.top().displayName(), QStringLiteral("a.txt"));
+}
+
+void ShelfViewTest::aDropOfAnItemOfTheShelfIsRefused()
+{
+    Fixture& f = *m_fixture;
+    DragSession session;
+    session.item.data = std::make_unique<QMimeData>();
+    session.item.data->setText(QStringLiteral("words"));
+    session.allowed = DragOperation::copy;
+    // Runs in the drag's own event loop.
+    bool hovered = false;
+    QTimer::singleShot(0, &f.view, [&] {
+        QTest::mouseMove(f.view.windowHandle(), { 56, 300 });
+        hovered = f.view.isDropTarget();
+        QTest::mouseRelease(f.view.windowHandle(), Qt::LeftButton, Qt::NoModifier, { 56, 300 });
+    });
+    QCOMPARE(runDragSession(f.view, std::move(session)), DragOperation::none);
+    QVERIFY(!hovered);
+    f.queue.runPosted();
+    QVERIFY(f.store.items().isEmpty());
+}
+
+void ShelfViewTest::aDropThatAllowsNoCopyIsRefused()
+{
+    Fixture& f = *m_fixture;
+    QMimeData data;
+    data.setUrls({ fileUrl("/somewhere/a.txt") });
+    QDragEnterEvent enter({ 50, 50 }, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(!enter.isAccepted());
+    QVERIFY(!f.view.isDropTarget());
+}
+
+void ShelfViewTest::theOwnerHearsOfDropsThatHover()
+{
+    Fixture& f = *m_fixture;
+    QList<bool> heard;
+    f.view.onDropTargetChanged = [&](bool isDropTarget) { heard.append(isDropTarget); };
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&f.view, &leave);
+    QCOMPARE(heard, QList<bool>({ true, false }));
+}
+
+void ShelfViewTest::thePinButtonTellsTheOwnerAndSaysWhatItDoes()
+{
+    Fixture& f = *m_fixture;
+    int toggles = 0;
+    f.view.onTogglePin = [&] { ++toggles; };
+    auto* button = f.view.findChild<PinButton*>();
+    QCOMPARE(button->toolTip(), QStringLiteral("Keep Shelf Open"));
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCOMPARE(toggles, 1);
+    f.pinning.setPinned(true);
+    QCOMPARE(button->toolTip(), QStringLiteral("Allow Shelf to Hide"));
+    QCOMPARE(button->size(), QSize(22, 22));
+}
+
+void ShelfViewTest::tilesExistOnlyForTheRowsInView()
+{
+    Fixture& f = *m_fixture;
+    QList<QUrl> files;
+    for (int number = 0; number < 1000; ++number)
+        files.append(fileUrl("/somewhere/" + QByteArray::number(number)));
+    f.store.addFiles(files);
+    auto* list = f.view.findChild<TileList*>();
+    QVERIFY(list->tileCount() > 4);
+    QVERIFY(list->tileCount() < 15);
+    QVERIFY(list->tile(f.store.items()[0].id));
+    list->verticalScrollBar()->setValue(list->verticalScrollBar()->maximum());
+    QVERIFY(list->tileCount() < 15);
+    QVERIFY(!list->tile(f.store.items()[0].id));
+    QVERIFY(list->tile(f.store.items()[999].id));
+}
+
+void ShelfViewTest::tilesFollowTheStoresOrder()
+{
+    Fixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("a"));
+    f.store.addText(QStringLiteral("b"));
+    auto* list = f.view.findChild<TileList*>();
+    const QUuid a = f.store.items()[1].id;
+    const QUuid b = f.store.items()[0].id;
+    QCOMPARE(list->tile(b)->y(), 6);
+    QCOMPARE(list->tile(a)->y(), 6 + list->tile(b)->height() + 4);
+    f.store.addText(QStringLiteral("a"));
+    QCOMPARE(list->tile(a)->y(), 6);
+    QVERIFY(list->tile(b)->y() > list->tile(a)->y());
+}
+
+void ShelfViewTest::aTileKeepsItsWidgetWhenTheShelfChanges()
+{
+    Fixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("a"));
+    auto* list = f.view.findChild<TileList*>();
+    const ShelfItemView* tile = list->tile(f.top().id);
+    const QUuid id = f.top().id;
+    f.store.addText(QStringLiteral("b"));
+    QCOMPARE(list->tile(id), tile);
+}
+
+void ShelfViewTest::aLongNameTakesTwoLinesAndKeepsItsEnd()
+{
+    const QFont font;
+    const QString name = QStringLiteral("a very long name that does not fit at all into two lines of a tile.tar.gz");
+    const QStringList lines = ShelfItemView::nameLines(name, font, 88);
+    QCOMPARE(lines.size(), 2);
+    QVERIFY(name.startsWith(lines[0]));
+    QVERIFY(lines[1].endsWith(QStringLiteral(".gz")));
+    QCOMPARE(ShelfItemView::nameLines(QStringLiteral("a\nb"), font, 88), QStringList{ QStringLiteral("a b") });
+}
+
+QTEST_MAIN(ShelfViewTest)
+#include "ShelfViewTest.moc"
