@@ -1,0 +1,99 @@
+#include "AppDelegate.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double expirySweepInterval = 60;
+
+} // namespace
+
+AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop)
+    : m_dataFolder(dataFolder)
+    , m_desktop(std::move(desktop))
+    , m_trash(dataHome)
+    , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue)
+    , m_linkMetadata(m_queue)
+    , m_settings(m_defaults)
+    , m_dragEdgeMonitor(m_desktop->inputMonitor(), m_desktop->pointer(), m_desktop->displays())
+{
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    createPanel();
+    startEdgeMonitor();
+    sweepExpired();
+    startExpiryTimer();
+    if (m_panelController->pinning().isPinned())
+        m_panelController->show();
+}
+
+void AppDelegate::createPanel()
+{
+    ShelfStore::Environment environment;
+    environment.now = [] { return QDateTime::currentDateTimeUtc(); };
+    environment.moveToTrash = [this](const QUrl& file) { return m_trash.moveToTrash(file); };
+    // Nothing looks pages up yet.
+    environment.fetchesLinkMetadata = false;
+    m_store = std::make_unique<ShelfStore>(m_dataFolder, std::move(environment), m_fileReferences, m_trash,
+                                           m_linkMetadata, m_queue);
+    m_fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };
+
+    m_panelContent = std::make_unique<PanelContentView>();
+    m_panelWindow = m_desktop->makePanelWindow(m_panelContent->panelWindow());
+    m_panelController = std::make_unique<PanelController>(*m_store, m_defaults, *m_panelWindow, m_desktop->pointer(),
+                                                          m_desktop->displays(), m_queue);
+    createShelfView();
+}
+
+void AppDelegate::createShelfView()
+{
+    auto view = std::make_unique<ShelfView>(ShelfView::Services{
+        *m_store, m_panelController->pinning(), m_workspace, m_pasteboard, m_trash, m_queue });
+    view->onTogglePin = [this] { m_panelController->togglePinned(); };
+    view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
+    view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };
+    view->onDragOutEnded = [this] { m_panelController->endDragOut(); };
+    m_panelContent->setContent(view.release());
+}
+
+void AppDelegate::startEdgeMonitor()
+{
+    m_dragEdgeMonitor.onEdgeReached = [this] {
+        if (m_settings.autoExpandOnDrag())
+            m_panelController->showForIncomingDrag();
+    };
+    m_dragEdgeMonitor.start();
+}
+
+void AppDelegate::startExpiryTimer()
+{
+    m_expiryTimer = m_queue.every(expirySweepInterval, [this] { sweepExpired(); });
+}
+
+void AppDelegate::sweepExpired()
+{
+    if (m_settings.expiry() != AppSettings::Expiry::never)
+        m_store->removeExpired(static_cast<double>(m_settings.expiry()));
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    m_store->saveNow();
+}
+
+void AppDelegate::showShelf()
+{
+    m_panelController->show();
+}
+
+} // namespace nookle

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "AppSettings.h"
+#include "ClipboardPasteboard.h"
+#include "DesktopBackend.h"
+#include "DesktopWorkspace.h"
+#include "DragEdgeMonitor.h"
+#include "GioTrash.h"
+#include "LinuxFileReferences.h"
+#include "NoLinkMetadata.h"
+#include "PanelContentView.h"
+#include "PanelController.h"
+#include "QtMainQueue.h"
+#include "SettingsUserDefaults.h"
+#include "ShelfStore.h"
+#include "ShelfView.h"
+
+#include <QObject>
+#include <QUrl>
+
+#include <memory>
+
+namespace nookle {
+
+/// Creates every long-lived component in its order and connects them. One for the life of the program.
+class AppDelegate final : public QObject {
+    Q_OBJECT
+
+public:
+    /// `dataFolder` is this program's alone; `dataHome` is the folder of all programs' data, which holds the Trash.
+    AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop);
+    ~AppDelegate() override;
+
+    /// Starts everything, once the application's event loop is about to run.
+    void applicationDidFinishLaunching();
+
+    /// Saves what is not saved yet. Call it when the event loop has ended.
+    void applicationWillTerminate();
+
+    /// What a second start of the program asks for.
+    void showShelf();
+
+private:
+    void createPanel();
+    void createShelfView();
+    void startEdgeMonitor();
+    void startExpiryTimer();
+    void sweepExpired();
+
+    QUrl m_dataFolder;
+    std::unique_ptr<DesktopBackend> m_desktop;
+    QtMainQueue m_queue;
+    SettingsUserDefaults m_defaults;
+    GioTrash m_trash;
+    LinuxFileReferences m_fileReferences;
+    NoLinkMetadata m_linkMetadata;
+    ClipboardPasteboard m_pasteboard;
+    DesktopWorkspace m_workspace;
+    AppSettings m_settings;
+    DragEdgeMonitor m_dragEdgeMonitor;
+
+    std::unique_ptr<ShelfStore> m_store;
+    std::unique_ptr<PanelContentView> m_panelContent;
+    std::unique_ptr<PanelWindow> m_panelWindow;
+    std::unique_ptr<PanelController> m_panelController;
+    std::unique_ptr<RepeatingTimer> m_expiryTimer;
+};
+
+} // namespace nookle
