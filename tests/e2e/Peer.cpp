@@ -1,0 +1,92 @@
+// Another program on the desktop, with one window:
+//   Peer receive FILE     takes drops and writes what it got into FILE: a line with the action, then the URI list
+//   Peer offer FILE       offers the URI list in FILE to whoever it is dragged to
+//   Peer text             shows text that can be selected
+
+#include <QApplication>
+#include <QDrag>
+#include <QDropEvent>
+#include <QFile>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QSaveFile>
+
+#include <memory>
+
+namespace {
+
+class Receiver final : public QWidget {
+public:
+    explicit Receiver(const QString& path)
+        : m_path(path)
+    {
+        setAcceptDrops(true);
+    }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override { event->acceptProposedAction(); }
+
+    void dropEvent(QDropEvent* event) override
+    {
+        event->acceptProposedAction();
+        QSaveFile file(m_path);
+        if (!file.open(QIODevice::WriteOnly))
+            return;
+        file.write(event->dropAction() == Qt::CopyAction ? "copy\n" : "other\n");
+        file.write(event->mimeData()->data(QStringLiteral("text/uri-list")));
+        file.commit();
+    }
+
+private:
+    QString m_path;
+};
+
+class Source final : public QWidget {
+public:
+    explicit Source(const QByteArray& uriList)
+        : m_uriList(uriList)
+    {
+    }
+
+protected:
+    void mouseMoveEvent(QMouseEvent* /*event*/) override
+    {
+        auto* drag = new QDrag(this);
+        auto payload = std::make_unique<QMimeData>();
+        payload->setData(QStringLiteral("text/uri-list"), m_uriList);
+        drag->setMimeData(payload.release());
+        drag->exec(Qt::CopyAction);
+    }
+
+private:
+    QByteArray m_uriList;
+};
+
+[[nodiscard]] QByteArray content(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+[[nodiscard]] std::unique_ptr<QWidget> makeWindow(const QStringList& arguments)
+{
+    const QString mode = arguments.value(1);
+    if (mode == QLatin1String("receive"))
+        return std::make_unique<Receiver>(arguments.value(2));
+    if (mode == QLatin1String("offer"))
+        return std::make_unique<Source>(content(arguments.value(2)));
+    return std::make_unique<QPlainTextEdit>(QStringLiteral("Some words that a user may select.\n").repeated(20));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("peer"));
+    const auto window = makeWindow(QApplication::arguments());
+    window->setGeometry(60, 100, 400, 300);
+    window->show();
+    return QApplication::exec();
+}

@@ -1,0 +1,121 @@
+#include "PrivateDesktop.h"
+
+#include "Waiting.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+
+namespace nookle::e2e {
+
+PrivateDesktop::PrivateDesktop()
+    : m_environment(QProcessEnvironment::systemEnvironment())
+{
+    setUpHome();
+}
+
+// Files whose names are not UTF-8 are beyond the temporary folder's own removal.
+PrivateDesktop::~PrivateDesktop()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(home(QStringLiteral("files")).toStdString(), ignored);
+}
+
+std::unique_ptr<PrivateDesktop> PrivateDesktop::tryCreate(const Options& options)
+{
+    std::unique_ptr<PrivateDesktop> desktop(new PrivateDesktop);
+    if (!desktop->m_home.isValid() || !desktop->startServer(options.size) || !desktop->startBus())
+        return nullptr;
+    if (options.hasTwoDisplays && !desktop->splitDisplay(options.size))
+        return nullptr;
+    if (!options.windowManager.isEmpty() && !desktop->startWindowManager(options.windowManager))
+        return nullptr;
+    return desktop;
+}
+
+void PrivateDesktop::setUpHome()
+{
+    const QStringList folders{ QStringLiteral("data"), QStringLiteral("config"), QStringLiteral("cache"),
+                               QStringLiteral("runtime"), QStringLiteral("files") };
+    for (const QString& folder : folders)
+        QDir().mkpath(home(folder));
+    QFile::setPermissions(home(QStringLiteral("runtime")), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    m_environment.insert(QStringLiteral("HOME"), m_home.path());
+    m_environment.insert(QStringLiteral("XDG_DATA_HOME"), home(QStringLiteral("data")));
+    m_environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home(QStringLiteral("config")));
+    m_environment.insert(QStringLiteral("XDG_CACHE_HOME"), home(QStringLiteral("cache")));
+    m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), home(QStringLiteral("runtime")));
+    m_environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
+    m_environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
+    m_environment.insert(QStringLiteral("GIO_USE_VFS"), QStringLiteral("local"));
+    for (const char* name : { "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "DBUS_SESSION_BUS_ADDRESS", "XAUTHORITY" })
+        m_environment.remove(QLatin1String(name));
+}
+
+bool PrivateDesktop::startServer(const QSize& size)
+{
+    const QString screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
+    // The server chooses a free number itself, and tells it once it answers.
+    m_server = start(QStringLiteral("Xvfb"), { QStringLiteral("-displayfd"), QStringLiteral("1"),
+                                               QStringLiteral("-screen"), QStringLiteral("0"), screen,
+                                               QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+    const QByteArray number = m_server->readLine();
+    if (number.isEmpty()) {
+        qWarning("no X server: %s", m_server->log().constData());
+        return false;
+    }
+    const QByteArray display = ":" + number;
+    m_environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(display));
+    m_screen = std::make_unique<XScreen>(display);
+    return true;
+}
+
+bool PrivateDesktop::startBus()
+{
+    m_bus = start(QStringLiteral("dbus-daemon"), { QStringLiteral("--session"), QStringLiteral("--nofork"),
+                                                   QStringLiteral("--print-address=1") });
+    const QByteArray address = m_bus->readLine();
+    m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address));
+    if (address.isEmpty())
+        qWarning("no session bus: %s", m_bus->log().constData());
+    return !address.isEmpty();
+}
+
+bool PrivateDesktop::startWindowManager(const QString& windowManager)
+{
+    m_windowManager = start(windowManager);
+    const bool isReady = waitFor([this] { return m_screen->rootHas("_NET_SUPPORTING_WM_CHECK"); });
+    if (!isReady)
+        qWarning("no window manager: %s", m_windowManager->log().constData());
+    return isReady;
+}
+
+bool PrivateDesktop::splitDisplay(const QSize& size)
+{
+    const auto monitor = [&](const QString& name, int left, const QString& output) {
+        const QString geometry
+            = QStringLiteral("%1/200x%2/150+%3+0").arg(size.width() / 2).arg(size.height()).arg(left);
+        return start(QStringLiteral("xrandr"), { QStringLiteral("--setmonitor"), name, geometry, output })
+                   ->waitForExit()
+            == 0;
+    };
+    return monitor(QStringLiteral("left"), 0, QStringLiteral("screen"))
+        && monitor(QStringLiteral("right"), size.width() / 2, QStringLiteral("none"));
+}
+
+void PrivateDesktop::writeFile(const QString& path, const QByteArray& content) const
+{
+    QFile file(home(path));
+    QDir().mkpath(QFileInfo(file).path());
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qWarning("cannot write %s", qPrintable(file.fileName()));
+}
+
+std::unique_ptr<Program> PrivateDesktop::start(const QString& path, const QStringList& arguments) const
+{
+    return std::make_unique<Program>(path, arguments, m_environment);
+}
+
+} // namespace nookle::e2e

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "Program.h"
+#include "XScreen.h"
+
+#include <QByteArray>
+#include <QProcessEnvironment>
+#include <QSize>
+#include <QString>
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace nookle::e2e {
+
+/// A desktop of a test's own: an X server, a session bus, perhaps a window manager, and a home folder. Everything ends
+/// with it.
+class PrivateDesktop {
+public:
+    struct Options {
+        QSize size{ 1280, 800 };
+        /// The window manager's program; empty for none.
+        QString windowManager;
+        /// Two displays of half the width side by side.
+        bool hasTwoDisplays = false;
+    };
+
+    /// Returns once everything runs; null, with a warning that says what does not.
+    [[nodiscard]] static std::unique_ptr<PrivateDesktop> tryCreate(const Options& options);
+    ~PrivateDesktop();
+    PrivateDesktop(const PrivateDesktop&) = delete;
+    PrivateDesktop& operator=(const PrivateDesktop&) = delete;
+
+    [[nodiscard]] XScreen& screen() { return *m_screen; }
+    [[nodiscard]] const QProcessEnvironment& environment() const { return m_environment; }
+
+    /// Sets a variable for the programs that start from now on.
+    void setVariable(const QString& name, const QString& value) { m_environment.insert(name, value); }
+
+    /// The path of something in the home folder.
+    [[nodiscard]] QString home(const QString& path) const { return m_home.filePath(path); }
+
+    /// Makes a file of the home folder, with the folders above it.
+    void writeFile(const QString& path, const QByteArray& content) const;
+
+    [[nodiscard]] std::unique_ptr<Program> start(const QString& path, const QStringList& arguments = {}) const;
+
+private:
+    PrivateDesktop();
+
+    void setUpHome();
+    [[nodiscard]] bool startServer(const QSize& size);
+    [[nodiscard]] bool startBus();
+    [[nodiscard]] bool startWindowManager(const QString& windowManager);
+    [[nodiscard]] bool splitDisplay(const QSize& size);
+
+    QTemporaryDir m_home;
+    QProcessEnvironment m_environment;
+    std::unique_ptr<Program> m_server;
+    std::unique_ptr<XScreen> m_screen;
+    std::unique_ptr<Program> m_bus;
+    std::unique_ptr<Program> m_windowManager;
+};
+
+} // namespace nookle::e2e

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QString>
+#include <QStringList>
+
+namespace nookle::e2e {
+
+/// A program that ends with this object, and also when the test itself dies.
+class Program {
+public:
+    /// Starts it; its standard error goes to the log.
+    Program(const QString& path, const QStringList& arguments, const QProcessEnvironment& environment);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// The next line of its standard output, without its end; empty when none comes.
+    [[nodiscard]] QByteArray readLine();
+
+    /// Asks it to end, as a session does; false when it does not.
+    bool terminate();
+
+    /// Its exit code once it has ended by itself; -1 when it does not, or crashed.
+    [[nodiscard]] int waitForExit();
+
+    [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
+
+    /// What it has written to standard error so far.
+    [[nodiscard]] QByteArray log();
+
+private:
+    QProcess m_process;
+    QByteArray m_log;
+};
+
+} // namespace nookle::e2e

@@ -1,0 +1,89 @@
+#include "Shelf.h"
+
+#include "Waiting.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <utility>
+
+namespace nookle::e2e {
+
+namespace {
+
+inline constexpr int panelWidth = 112;
+inline constexpr QPoint firstPreview(56, 60);
+
+} // namespace
+
+Shelf::Shelf(PrivateDesktop& desktop, QString program)
+    : m_desktop(desktop)
+    , m_program(std::move(program))
+{
+}
+
+bool Shelf::start()
+{
+    m_process = m_desktop.start(m_program);
+    // The window is made before the watch begins, in the same turn of the program's event loop.
+    return waitFor([this] {
+        const auto windows = m_desktop.screen().windows();
+        return std::any_of(windows.begin(), windows.end(),
+                           [](const XWindow& window) { return window.windowClass == "nookle"; });
+    });
+}
+
+bool Shelf::stop()
+{
+    return m_process->terminate() && m_process->waitForExit() == 0;
+}
+
+int Shelf::startAgain()
+{
+    return m_desktop.start(m_program)->waitForExit();
+}
+
+std::optional<XWindow> Shelf::panel() const
+{
+    return m_desktop.screen().window("nookle", panelWidth);
+}
+
+bool Shelf::isAtRest(int rightEdge) const
+{
+    const auto window = panel();
+    return window && window->frame.x() + panelWidth == rightEdge;
+}
+
+QPoint Shelf::firstTile() const
+{
+    const auto window = panel();
+    return window ? window->frame.topLeft() + firstPreview : QPoint();
+}
+
+QList<QJsonObject> Shelf::savedItems() const
+{
+    QFile index(m_desktop.home(QStringLiteral("data/Nookle/index.json")));
+    if (!index.open(QIODevice::ReadOnly))
+        return {};
+    QList<QJsonObject> items;
+    const QJsonArray saved = QJsonDocument::fromJson(index.readAll()).object().value(QLatin1String("items")).toArray();
+    for (const auto& item : saved)
+        items.append(item.toObject());
+    return items;
+}
+
+QStringList Shelf::savedFileNames() const
+{
+    QStringList names;
+    for (const QJsonObject& item : savedItems()) {
+        const QJsonObject file
+            = item.value(QLatin1String("content")).toObject().value(QLatin1String("file")).toObject();
+        if (!file.isEmpty())
+            names.append(file.value(QLatin1String("name")).toString());
+    }
+    return names;
+}
+
+} // namespace nookle::e2e

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "PrivateDesktop.h"
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QList>
+#include <QPoint>
+
+#include <memory>
+#include <optional>
+
+namespace nookle::e2e {
+
+/// The program under test on a private desktop.
+class Shelf {
+public:
+    /// Nothing runs before `start`.
+    Shelf(PrivateDesktop& desktop, QString program);
+
+    /// Starts it, and returns once it watches for drags.
+    [[nodiscard]] bool start();
+
+    /// Ends it as a session does.
+    [[nodiscard]] bool stop();
+
+    /// Starts it a second time, which shows the shelf of the first; its exit code.
+    [[nodiscard]] int startAgain();
+
+    /// The panel while it is on the screen.
+    [[nodiscard]] std::optional<XWindow> panel() const;
+
+    /// Whether the panel has come to rest with its right edge there.
+    [[nodiscard]] bool isAtRest(int rightEdge) const;
+
+    /// The middle of the preview of the first tile.
+    [[nodiscard]] QPoint firstTile() const;
+
+    /// The items of the saved index; none while there is no index that can be read.
+    [[nodiscard]] QList<QJsonObject> savedItems() const;
+
+    /// The names of the saved items that are files.
+    [[nodiscard]] QStringList savedFileNames() const;
+
+    [[nodiscard]] QByteArray log() { return m_process->log(); }
+
+private:
+    PrivateDesktop& m_desktop;
+    QString m_program;
+    std::unique_ptr<Program> m_process;
+};
+
+} // namespace nookle::e2e

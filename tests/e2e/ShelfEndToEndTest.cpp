@@ -1,0 +1,341 @@
+#include "FileManager.h"
+#include "PrivateDesktop.h"
+#include "Shelf.h"
+#include "Waiting.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <memory>
+
+using namespace nookle::e2e;
+
+namespace {
+
+inline constexpr int screenHeight = 700;
+inline constexpr int panelHeight = screenHeight - 48;
+inline constexpr int edgeZone = 3;
+
+[[nodiscard]] QString variable(const char* name)
+{
+    return qEnvironmentVariable(name);
+}
+
+[[nodiscard]] bool hasTwoDisplays()
+{
+    return variable("NOOKLE_ENVIRONMENT") == QLatin1String("two_displays");
+}
+
+[[nodiscard]] QString windowManager()
+{
+    const QString environment = variable("NOOKLE_ENVIRONMENT");
+    if (environment == QLatin1String("no_window_manager"))
+        return {};
+    return environment == QLatin1String("xfwm4") ? environment : QStringLiteral("openbox");
+}
+
+/// The right edge of the display under test: of the left one, where there are two.
+[[nodiscard]] int rightEdge()
+{
+    return hasTwoDisplays() ? 900 : 1200;
+}
+
+[[nodiscard]] QSize screenSize()
+{
+    return { hasTwoDisplays() ? 1800 : 1200, screenHeight };
+}
+
+[[nodiscard]] bool isPlain(const QImage& picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != picture.pixel(0, 0))
+                return false;
+        }
+    }
+    return true;
+}
+
+} // namespace
+
+class ShelfEndToEndTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void aFileDraggedToTheEdgeBringsThePanelWithinHalfASecond();
+    void aDroppedFileIsSavedAndThePanelGoesOnceThePointerHasLeft();
+    void aRubberBandDragToTheEdgeShowsNothing();
+    void aTextSelectionDragToTheEdgeShowsNothing();
+    void theTileIsBackAfterARestartAndCanBeDraggedOut();
+    void aTileDroppedOnTheShelfItselfChangesNothing();
+    void aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlone();
+    void namesOfAnyBytesComeOutAsTheyWentIn();
+    void aWaylandSessionIsSaidInOneLogLine();
+
+protected:
+    void openFileManager();
+    /// Presses on the file and drags it to a place just short of the edge zone.
+    void dragFileNearEdge();
+    /// Drops the file of the file manager on the shelf.
+    void dropFileOnShelf();
+    [[nodiscard]] bool panelIsGone() const { return !m_shelf->panel(); }
+    [[nodiscard]] XScreen& screen() { return m_desktop->screen(); }
+    /// Opens the other program's window and returns it.
+    std::optional<XWindow> openPeer(const QStringList& arguments);
+    void dragBetween(const QPoint& from, const QPoint& to);
+    [[nodiscard]] QByteArray received() const;
+
+    std::unique_ptr<PrivateDesktop> m_desktop;
+    std::unique_ptr<Shelf> m_shelf;
+    std::unique_ptr<FileManager> m_files;
+    std::unique_ptr<Program> m_peer;
+};
+
+void ShelfEndToEndTest::init()
+{
+    QVERIFY2(!variable("NOOKLE_PROGRAM").isEmpty(), "run it with ctest, which says which program is tested");
+    m_desktop = PrivateDesktop::tryCreate({ screenSize(), windowManager(), hasTwoDisplays() });
+    QVERIFY(m_desktop);
+    m_desktop->writeFile(QStringLiteral("files/note one.txt"), "words");
+    m_shelf = std::make_unique<Shelf>(*m_desktop, variable("NOOKLE_PROGRAM"));
+    QVERIFY(m_shelf->start());
+}
+
+void ShelfEndToEndTest::cleanup()
+{
+    if (QTest::currentTestFailed() && m_desktop) {
+        const QString picture = QStringLiteral("%1-%2.png").arg(
+            variable("NOOKLE_ENVIRONMENT"), QLatin1String(QTest::currentTestFunction()));
+        screen().picture().save(picture);
+        qInfo("the screen at the end: %s\nthe log: %s", qPrintable(picture), m_shelf->log().constData());
+    }
+    m_peer.reset();
+    m_files.reset();
+    m_shelf.reset();
+    m_desktop.reset();
+}
+
+void ShelfEndToEndTest::openFileManager()
+{
+    m_files = FileManager::tryOpen(*m_desktop, m_desktop->home(QStringLiteral("files")));
+    QVERIFY(m_files);
+}
+
+void ShelfEndToEndTest::dragFileNearEdge()
+{
+    openFileManager();
+    screen().moveTo(m_files->icon());
+    screen().press();
+    screen().moveTo(QPoint(rightEdge() - 20, 300));
+    QVERIFY2(waitFor([this] { return screen().hasOwner("XdndSelection"); }), "the file manager begins no drag");
+    QVERIFY(panelIsGone());
+}
+
+void ShelfEndToEndTest::dropFileOnShelf()
+{
+    dragFileNearEdge();
+    screen().moveTo(QPoint(rightEdge() - 1, 300));
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    screen().moveTo(QPoint(rightEdge() - 56, 320));
+    screen().release();
+    QVERIFY(waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("note one.txt") }; }));
+}
+
+std::optional<XWindow> ShelfEndToEndTest::openPeer(const QStringList& arguments)
+{
+    m_peer = m_desktop->start(variable("NOOKLE_PEER"), arguments);
+    std::optional<XWindow> window;
+    QImage previous;
+    // Drawn, and not moving any more.
+    const bool isOpen = waitFor([&] {
+        window = screen().window("Peer", 400);
+        const QImage now = window ? screen().picture(window->frame) : QImage();
+        return !now.isNull() && std::exchange(previous, now) == now;
+    });
+    return isOpen ? window : std::nullopt;
+}
+
+void ShelfEndToEndTest::dragBetween(const QPoint& from, const QPoint& to)
+{
+    screen().moveTo(from);
+    screen().press();
+    screen().moveTo(to);
+    screen().release();
+}
+
+QByteArray ShelfEndToEndTest::received() const
+{
+    QFile file(m_desktop->home(QStringLiteral("received")));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void ShelfEndToEndTest::aFileDraggedToTheEdgeBringsThePanelWithinHalfASecond()
+{
+    dragFileNearEdge();
+    screen().moveTo(QPoint(rightEdge() - edgeZone, 300));
+    QVERIFY2(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }, 500), "the panel is late");
+    QCOMPARE(m_shelf->panel()->frame, QRect(rightEdge() - 112, 24, 112, panelHeight));
+    screen().release();
+}
+
+void ShelfEndToEndTest::aDroppedFileIsSavedAndThePanelGoesOnceThePointerHasLeft()
+{
+    dropFileOnShelf();
+    QVERIFY2(holdsFor([this] { return m_shelf->isAtRest(rightEdge()); }, 1200), "the panel goes under the pointer");
+    screen().moveTo(QPoint(rightEdge() - 200, 320));
+    QVERIFY2(holdsFor([this] { return m_shelf->isAtRest(rightEdge()); }, 250), "the panel goes too early");
+    QVERIFY2(waitFor([this] { return panelIsGone(); }, 1500), "the panel stays");
+    QVERIFY(QFile::exists(m_desktop->home(QStringLiteral("files/note one.txt"))));
+}
+
+void ShelfEndToEndTest::aRubberBandDragToTheEdgeShowsNothing()
+{
+    openFileManager();
+    screen().moveTo(m_files->emptyPlace());
+    screen().press();
+    screen().moveTo(QPoint(rightEdge() - 1, 300));
+    QVERIFY2(holdsFor([this] { return panelIsGone(); }, 1000), "the panel came out");
+    screen().release();
+}
+
+void ShelfEndToEndTest::aTextSelectionDragToTheEdgeShowsNothing()
+{
+    const auto window = openPeer({ QStringLiteral("text") });
+    QVERIFY(window);
+    screen().moveTo(window->frame.topLeft() + QPoint(30, 30));
+    screen().press();
+    screen().moveTo(QPoint(rightEdge() - 1, 300));
+    QVERIFY2(holdsFor([this] { return panelIsGone(); }, 1000), "the panel came out");
+    screen().release();
+    QVERIFY2(waitFor([this] { return screen().hasOwner("PRIMARY"); }), "no text was selected");
+}
+
+void ShelfEndToEndTest::theTileIsBackAfterARestartAndCanBeDraggedOut()
+{
+    dropFileOnShelf();
+    const QList<QJsonObject> saved = m_shelf->savedItems();
+    QVERIFY(m_shelf->stop());
+    QCOMPARE(m_shelf->savedItems(), saved);
+    m_files.reset();
+    QVERIFY(m_shelf->start());
+    const auto window = openPeer({ QStringLiteral("receive"), m_desktop->home(QStringLiteral("received")) });
+    QVERIFY(window);
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    QVERIFY2(waitFor([this] {
+        return !isPlain(screen().picture(QRect(m_shelf->firstTile() - QPoint(20, 20), QSize(40, 40))));
+    }), "there is no tile");
+
+    dragBetween(m_shelf->firstTile(), window->frame.center());
+    QVERIFY(waitFor([this] { return !received().isEmpty(); }));
+    const QString path = m_desktop->home(QStringLiteral("files/note one.txt"));
+    QCOMPARE(received(), "copy\n" + QUrl::fromLocalFile(path).toEncoded() + "\r\n");
+    QVERIFY2(waitFor([this] { return panelIsGone(); }, 3000), "the panel stays after the drag");
+    QCOMPARE(m_shelf->savedItems(), saved);
+    QVERIFY(QFile::exists(path));
+}
+
+void ShelfEndToEndTest::aTileDroppedOnTheShelfItselfChangesNothing()
+{
+    dropFileOnShelf();
+    const QList<QJsonObject> saved = m_shelf->savedItems();
+    const QPoint tile = m_shelf->firstTile();
+    dragBetween(tile, tile + QPoint(0, 250));
+    QVERIFY2(holdsFor([&] { return m_shelf->savedItems() == saved; }, 600), "the shelf took its own item");
+}
+
+void ShelfEndToEndTest::aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlone()
+{
+    const auto window = openPeer({ QStringLiteral("text") });
+    QVERIFY(window);
+    screen().moveTo(window->frame.center());
+    screen().press();
+    screen().release();
+    QVERIFY(waitFor([&] { return screen().focus() == window->id; }));
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    QVERIFY2(holdsFor([&] { return screen().focus() == window->id; }, 300), "the shelf took the focus");
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(m_shelf->isAtRest(rightEdge()));
+}
+
+void ShelfEndToEndTest::namesOfAnyBytesComeOutAsTheyWentIn()
+{
+    const QByteArray name("r\xc3\xa9sum\xc3\xa9 50%\n\xff\xfe#?.txt");
+    const QByteArray path = m_desktop->home(QStringLiteral("files/")).toUtf8() + name;
+    FILE* file = std::fopen(path.constData(), "w");
+    QVERIFY(file);
+    std::fclose(file);
+    const QByteArray uri = "file://" + path.toPercentEncoding("/") + "\r\n";
+    m_desktop->writeFile(QStringLiteral("offered"), uri);
+
+    const auto source = openPeer({ QStringLiteral("offer"), m_desktop->home(QStringLiteral("offered")) });
+    QVERIFY(source);
+    screen().moveTo(source->frame.center());
+    screen().press();
+    screen().moveTo(QPoint(rightEdge() - 1, 300));
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    screen().moveTo(QPoint(rightEdge() - 56, 320));
+    screen().release();
+    QVERIFY(waitFor([this] { return m_shelf->savedFileNames().size() == 1; }));
+
+    const auto target = openPeer({ QStringLiteral("receive"), m_desktop->home(QStringLiteral("received")) });
+    QVERIFY(target);
+    QVERIFY(m_shelf->isAtRest(rightEdge()));
+    dragBetween(m_shelf->firstTile(), target->frame.center());
+    QVERIFY(waitFor([this] { return !received().isEmpty(); }));
+    const QByteArray address = received().mid(received().indexOf('\n') + 1).trimmed();
+    QCOMPARE(QByteArray::fromPercentEncoding(address), "file://" + path);
+}
+
+void ShelfEndToEndTest::aWaylandSessionIsSaidInOneLogLine()
+{
+    QVERIFY(m_shelf->stop());
+    PrivateDesktop::Options options;
+    const auto other = PrivateDesktop::tryCreate(options);
+    QVERIFY(other);
+    other->setVariable(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-of-nobody"));
+    Shelf shelf(*other, variable("NOOKLE_PROGRAM"));
+    QVERIFY(shelf.start());
+    QCOMPARE(shelf.startAgain(), 0);
+    QVERIFY(waitFor([&] { return shelf.isAtRest(1280); }));
+    QCOMPARE(shelf.log(), QByteArray("Nookle: this is a Wayland session: running on X11 through XWayland\n"));
+}
+
+/// What holds only where one display borders on another.
+class TwoDisplaysEndToEndTest final : public ShelfEndToEndTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theSlideDoesNotShowOnTheNeighbour();
+};
+
+void TwoDisplaysEndToEndTest::theSlideDoesNotShowOnTheNeighbour()
+{
+    const QRect strip(rightEdge(), 0, 112, screenHeight);
+    const auto isUntouched = [&, before = screen().picture(strip)] { return screen().picture(strip) == before; };
+    screen().moveTo(QPoint(rightEdge() - 300, 300));
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY2(holdsFor(isUntouched, 400), "the slide in shows on the neighbour");
+    QVERIFY(m_shelf->isAtRest(rightEdge()));
+    screen().moveTo(QPoint(rightEdge() - 56, 300));
+    screen().moveTo(QPoint(rightEdge() - 300, 300));
+    QVERIFY2(holdsFor([&] { return isUntouched() && !panelIsGone(); }, 400), "the panel goes too early");
+    QVERIFY2(waitFor([&] { return !isUntouched() || panelIsGone(); }), "the panel stays");
+    QVERIFY2(panelIsGone(), "the slide out shows on the neighbour");
+}
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication application(argc, argv);
+    if (hasTwoDisplays()) {
+        TwoDisplaysEndToEndTest test;
+        return QTest::qExec(&test, argc, argv);
+    }
+    ShelfEndToEndTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "ShelfEndToEndTest.moc"

@@ -1,0 +1,185 @@
+#include "XScreen.h"
+
+#include <QThread>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include <xcb/xtest.h>
+
+namespace nookle::e2e {
+
+namespace {
+
+struct Free {
+    void operator()(void* memory) const { std::free(memory); }
+};
+
+template <typename Type> [[nodiscard]] std::unique_ptr<Type, Free> owned(Type* reply)
+{
+    return std::unique_ptr<Type, Free>(reply);
+}
+
+} // namespace
+
+XScreen::XScreen(const QByteArray& display)
+    : m_connection(xcb_connect(display.constData(), nullptr))
+{
+    if (xcb_connection_has_error(m_connection.get()) == 0)
+        m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+}
+
+std::vector<XWindow> XScreen::windows() const
+{
+    std::vector<XWindow> found;
+    addWindows(m_root, found);
+    return found;
+}
+
+void XScreen::addWindows(xcb_window_t parent, std::vector<XWindow>& found) const
+{
+    xcb_connection_t* connection = m_connection.get();
+    const auto tree = owned(xcb_query_tree_reply(connection, xcb_query_tree(connection, parent), nullptr));
+    if (!tree)
+        return;
+    const xcb_window_t* children = xcb_query_tree_children(tree.get());
+    for (int index = 0; index < xcb_query_tree_children_length(tree.get()); ++index) {
+        if (const auto window = describe(children[index]))
+            found.push_back(*window);
+        addWindows(children[index], found);
+    }
+}
+
+std::optional<XWindow> XScreen::describe(xcb_window_t id) const
+{
+    xcb_connection_t* connection = m_connection.get();
+    constexpr std::uint32_t longestClass = 64;
+    const auto classCookie
+        = xcb_get_property(connection, 0, id, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, longestClass);
+    const auto sizeCookie = xcb_get_geometry(connection, id);
+    const auto stateCookie = xcb_get_window_attributes(connection, id);
+    const auto placeCookie = xcb_translate_coordinates(connection, id, m_root, 0, 0);
+    const auto classReply = owned(xcb_get_property_reply(connection, classCookie, nullptr));
+    const auto size = owned(xcb_get_geometry_reply(connection, sizeCookie, nullptr));
+    const auto state = owned(xcb_get_window_attributes_reply(connection, stateCookie, nullptr));
+    const auto place = owned(xcb_translate_coordinates_reply(connection, placeCookie, nullptr));
+    if (!classReply || !size || !state || !place || classReply->value_len == 0)
+        return std::nullopt;
+    const QByteArray names(static_cast<const char*>(xcb_get_property_value(classReply.get())),
+                           static_cast<qsizetype>(classReply->value_len));
+    return XWindow{ id, names.split('\0').value(0), QRect(place->dst_x, place->dst_y, size->width, size->height),
+                    state->map_state == XCB_MAP_STATE_VIEWABLE };
+}
+
+std::optional<XWindow> XScreen::window(const QByteArray& windowClass, std::optional<int> width) const
+{
+    for (const XWindow& each : windows()) {
+        if (each.isMapped && each.windowClass == windowClass && (!width || each.frame.width() == *width))
+            return each;
+    }
+    return std::nullopt;
+}
+
+QRect XScreen::geometry() const
+{
+    const auto reply = owned(
+        xcb_get_geometry_reply(m_connection.get(), xcb_get_geometry(m_connection.get(), m_root), nullptr));
+    return reply ? QRect(0, 0, reply->width, reply->height) : QRect();
+}
+
+QImage XScreen::picture(const QRect& area) const
+{
+    const auto cookie = xcb_get_image(m_connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_root,
+                                      static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
+                                      static_cast<std::uint16_t>(area.width()),
+                                      static_cast<std::uint16_t>(area.height()), ~0U);
+    const auto reply = owned(xcb_get_image_reply(m_connection.get(), cookie, nullptr));
+    if (!reply)
+        return {};
+    return QImage(xcb_get_image_data(reply.get()), area.width(), area.height(), QImage::Format_RGB32).copy();
+}
+
+xcb_window_t XScreen::focus() const
+{
+    const auto cookie = xcb_get_input_focus(m_connection.get());
+    const auto reply = owned(xcb_get_input_focus_reply(m_connection.get(), cookie, nullptr));
+    return reply ? reply->focus : xcb_window_t{ XCB_WINDOW_NONE };
+}
+
+xcb_atom_t XScreen::atom(const QByteArray& name) const
+{
+    const auto cookie
+        = xcb_intern_atom(m_connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.constData());
+    const auto reply = owned(xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{ XCB_ATOM_NONE };
+}
+
+bool XScreen::hasOwner(const QByteArray& selection) const
+{
+    const auto cookie = xcb_get_selection_owner(m_connection.get(), atom(selection));
+    const auto reply = owned(xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
+    return reply && reply->owner != xcb_window_t{ XCB_WINDOW_NONE };
+}
+
+bool XScreen::rootHas(const QByteArray& property) const
+{
+    const auto cookie = xcb_get_property(m_connection.get(), 0, m_root, atom(property), XCB_ATOM_ANY, 0, 1);
+    const auto reply = owned(xcb_get_property_reply(m_connection.get(), cookie, nullptr));
+    return reply && reply->type != XCB_ATOM_NONE;
+}
+
+void XScreen::place(const XWindow& window, const QRect& frame)
+{
+    const std::uint32_t values[] = { static_cast<std::uint32_t>(frame.x()), static_cast<std::uint32_t>(frame.y()),
+                                     static_cast<std::uint32_t>(frame.width()),
+                                     static_cast<std::uint32_t>(frame.height()) };
+    xcb_configure_window(m_connection.get(), window.id,
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
+                             | XCB_CONFIG_WINDOW_HEIGHT,
+                         values);
+    xcb_flush(m_connection.get());
+}
+
+QPoint XScreen::pointer() const
+{
+    const auto cookie = xcb_query_pointer(m_connection.get(), m_root);
+    const auto reply = owned(xcb_query_pointer_reply(m_connection.get(), cookie, nullptr));
+    return reply ? QPoint(reply->root_x, reply->root_y) : QPoint();
+}
+
+void XScreen::fake(std::uint8_t type, std::uint8_t detail, const QPoint& by)
+{
+    xcb_test_fake_input(m_connection.get(), type, detail, XCB_CURRENT_TIME, XCB_WINDOW_NONE,
+                        static_cast<std::int16_t>(by.x()), static_cast<std::int16_t>(by.y()), 0);
+    xcb_flush(m_connection.get());
+}
+
+void XScreen::moveTo(const QPoint& point)
+{
+    constexpr int longestStep = 24;
+    constexpr int pace = 8;
+    constexpr std::uint8_t isRelative = 1;
+    for (QPoint way = point - pointer(); !way.isNull(); way = point - pointer()) {
+        const double length = std::hypot(way.x(), way.y());
+        const QPoint step = length <= longestStep ? way : (QPointF(way) * longestStep / length).toPoint();
+        const QPoint before = pointer();
+        fake(XCB_MOTION_NOTIFY, isRelative, step);
+        // A hand's pace, and not a wait: programs see a movement and not a jump.
+        QThread::msleep(pace);
+        if (pointer() == before)
+            return;
+    }
+}
+
+void XScreen::press()
+{
+    fake(XCB_BUTTON_PRESS, 1);
+}
+
+void XScreen::release()
+{
+    fake(XCB_BUTTON_RELEASE, 1);
+}
+
+} // namespace nookle::e2e

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+namespace nookle::e2e {
+
+/// A window that is on the screen, with its place on the root window.
+struct XWindow {
+    xcb_window_t id = 0;
+    QByteArray windowClass;
+    QRect frame;
+    bool isMapped = false;
+};
+
+/// What a user has in front of him: the windows, the picture, and the mouse. Movements are relative and go through
+/// XTEST, because only those reach programs that listen for raw input.
+class XScreen {
+public:
+    explicit XScreen(const QByteArray& display);
+
+    [[nodiscard]] std::vector<XWindow> windows() const;
+
+    /// The mapped window of that class and width; any width if none is given.
+    [[nodiscard]] std::optional<XWindow> window(const QByteArray& windowClass, std::optional<int> width = {}) const;
+
+    [[nodiscard]] QImage picture(const QRect& area) const;
+    [[nodiscard]] QImage picture() const { return picture(geometry()); }
+    [[nodiscard]] QRect geometry() const;
+    [[nodiscard]] xcb_window_t focus() const;
+
+    /// Whether a program holds the selection of that name.
+    [[nodiscard]] bool hasOwner(const QByteArray& selection) const;
+    /// Whether the root window has that property.
+    [[nodiscard]] bool rootHas(const QByteArray& property) const;
+
+    void place(const XWindow& window, const QRect& frame);
+
+    [[nodiscard]] QPoint pointer() const;
+    /// Moves the pointer there in steps, at a hand's pace.
+    void moveTo(const QPoint& point);
+    void press();
+    void release();
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+
+    void addWindows(xcb_window_t parent, std::vector<XWindow>& found) const;
+    [[nodiscard]] std::optional<XWindow> describe(xcb_window_t id) const;
+    [[nodiscard]] xcb_atom_t atom(const QByteArray& name) const;
+    void fake(std::uint8_t type, std::uint8_t detail, const QPoint& by = {});
+
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    xcb_window_t m_root = 0;
+};
+
+} // namespace nookle::e2e
