@@ -131,7 +131,7 @@ void ShelfStore::removeAll(const QSet<QUuid>& ids)
     bool lostFileUrl = false;
     for (const QUuid& id : ids) {
         lostFileUrl = m_fileUrls.remove(id) || lostFileUrl;
-        m_metadataRequests.erase(id);
+        m_metadataProviders.erase(id);
         m_itemFiles.removeFolder(id);
     }
     releaseUnused(bookmarks);

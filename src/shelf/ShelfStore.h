@@ -79,7 +79,7 @@ public:
     void updateLink(QUuid id, const std::optional<QString>& title, std::optional<bool> hasIcon);
 
     /// The file that stands for the item: where a referenced file is now, or where an image is kept, whether or not it
-    /// exists.
+    /// exists; none for an image whose name could lead out of its folder.
     [[nodiscard]] std::optional<QUrl> localURL(const ShelfItem& item) const;
 
     /// The saved favicon of a link.
@@ -129,7 +129,7 @@ private:
     MainQueue& m_queue;
     std::unique_ptr<DelayedTask> m_pendingSave;
     /// The lookups under way.
-    std::map<QUuid, std::unique_ptr<LinkMetadataRequest>> m_metadataRequests;
+    std::map<QUuid, std::unique_ptr<LinkMetadataRequest>> m_metadataProviders;
 };
 
 } // namespace nookle

@@ -11,14 +11,14 @@ namespace nookle {
 void ShelfStore::fetchLinkMetadata(QUuid id, const QUrl& url)
 {
     // The request lives no longer than the store, and its completion no longer than the request.
-    m_metadataRequests[id] = m_linkMetadata.start(
+    m_metadataProviders[id] = m_linkMetadata.start(
         url, [this, id](std::optional<LinkMetadata> metadata) { finishLookup(id, std::move(metadata)); });
 }
 
 void ShelfStore::finishLookup(QUuid id, std::optional<LinkMetadata> metadata)
 {
     const QPointer<ShelfStore> store = this;
-    m_metadataRequests.erase(id);
+    m_metadataProviders.erase(id);
     if (!metadata)
         return;
     if (metadata->title)
