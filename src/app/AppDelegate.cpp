@@ -49,7 +49,7 @@ void AppDelegate::createPanel()
     m_fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };
 
     m_panelContent = std::make_unique<PanelContentView>();
-    m_panelWindow = m_desktop->makePanelWindow(m_panelContent->panelWindow());
+    m_panelWindow = m_desktop->makePanelWindow(m_panelContent->panelWindow(), ShelfView::cornerRadius);
     m_panelController = std::make_unique<PanelController>(*m_store, m_defaults, *m_panelWindow, m_desktop->pointer(),
                                                           m_desktop->displays(), m_queue);
     createShelfView();

@@ -22,12 +22,12 @@ namespace nookle {
 namespace {
 
 inline constexpr int headerPadding = 6;
-inline constexpr double cornerRadius = 12;
 inline constexpr double dropStrokeWidth = 2;
 
 /// Rounded on the left, square on the right, where the panel meets the edge of the screen.
 [[nodiscard]] QPainterPath panelShape(const QRectF& rect)
 {
+    constexpr double cornerRadius = ShelfView::cornerRadius;
     QPainterPath rounded;
     rounded.addRoundedRect(rect.adjusted(0, 0, cornerRadius, 0), cornerRadius, cornerRadius);
     QPainterPath bounds;

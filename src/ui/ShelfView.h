@@ -26,6 +26,9 @@ class ShelfView final : public QWidget {
     Q_OBJECT
 
 public:
+    /// Of the two left corners; the right ones stand at the edge of the screen and are square.
+    static constexpr double cornerRadius = 12;
+
     /// What the view works with.
     struct Services {
         ShelfStore& store;

@@ -20,9 +20,9 @@ public:
     [[nodiscard]] virtual const Pointer& pointer() const = 0;
     [[nodiscard]] virtual InputMonitor& inputMonitor() = 0;
 
-    /// Makes a window of the toolkit the shelf's panel. `window` has been created, has not been shown, and must outlive
-    /// the panel.
-    [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) = 0;
+    /// Makes a window of the toolkit the shelf's panel, with its left corners rounded. `window` has been created, has
+    /// not been shown, and must outlive the panel.
+    [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) = 0;
 };
 
 } // namespace nookle

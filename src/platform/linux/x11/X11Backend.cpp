@@ -38,9 +38,9 @@ X11Backend::X11Backend()
 
 X11Backend::~X11Backend() = default;
 
-std::unique_ptr<PanelWindow> X11Backend::makePanelWindow(QWindow& window)
+std::unique_ptr<PanelWindow> X11Backend::makePanelWindow(QWindow& window, double cornerRadius)
 {
-    return std::make_unique<X11PanelWindow>(window, *m_displays, m_connection);
+    return std::make_unique<X11PanelWindow>(window, cornerRadius, *m_displays, m_connection);
 }
 
 } // namespace nookle

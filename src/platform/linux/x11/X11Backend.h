@@ -19,7 +19,7 @@ public:
     [[nodiscard]] const Displays& displays() const override { return *m_displays; }
     [[nodiscard]] const Pointer& pointer() const override { return *m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
-    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window) override;
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
     xcb_connection_t* m_connection;

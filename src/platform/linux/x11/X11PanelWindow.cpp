@@ -11,6 +11,7 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace nookle {
@@ -29,10 +30,22 @@ inline constexpr double usualRefreshRate = 60;
     return bezier;
 }
 
+[[nodiscard]] QRegion roundedOnTheLeft(const QSize& size, int radius)
+{
+    const QSize corner(2 * radius, 2 * radius);
+    QRegion region(radius, 0, size.width() - radius, size.height());
+    region += QRect(0, radius, radius, size.height() - 2 * radius);
+    region += QRegion(QRect(QPoint(0, 0), corner), QRegion::Ellipse);
+    region += QRegion(QRect(QPoint(0, size.height() - corner.height()), corner), QRegion::Ellipse);
+    return region;
+}
+
 } // namespace
 
-X11PanelWindow::X11PanelWindow(QWindow& window, const Displays& displays, xcb_connection_t* connection)
+X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displays& displays,
+                               xcb_connection_t* connection)
     : m_window(window)
+    , m_cornerRadius(cornerRadius)
     , m_displays(displays)
     , m_connection(connection)
     , m_animation([this](const QRectF& frame) { place(frame); })
@@ -52,7 +65,7 @@ void X11PanelWindow::setFrame(const QRectF& frame)
 void X11PanelWindow::place(const QRectF& frame)
 {
     m_frame = frame;
-    clipAtLimit(std::max(m_confirmedLeft, frame.left()));
+    updateShape();
     m_window.setGeometry(frame.toRect());
 }
 
@@ -67,21 +80,17 @@ std::optional<double> X11PanelWindow::slideLimit(const QRectF& from) const
     return own && hasNeighbour ? std::optional(own->right()) : std::nullopt;
 }
 
-void X11PanelWindow::clipAtLimit(double left)
+void X11PanelWindow::updateShape()
 {
-    const int width = qRound(m_frame.width());
-    const int visible = m_limit ? std::clamp(qRound(*m_limit - left), 0, width) : width;
-    const std::optional<int> clippedWidth = visible < width ? std::optional(visible) : std::nullopt;
-    if (clippedWidth == m_clippedWidth)
+    const QSize size = m_frame.size().toSize();
+    const double left = std::max(m_confirmedLeft, m_frame.left());
+    const int width = m_limit ? std::clamp(qRound(*m_limit - left), 0, size.width()) : size.width();
+    const QSize shown(width, size.height());
+    if (std::exchange(m_shownSize, shown) == shown)
         return;
-    m_clippedWidth = clippedWidth;
-    if (!clippedWidth) {
-        m_window.setMask({});
-        return;
-    }
     // An empty region would mean "no mask": to show nothing takes a region outside of the window.
-    const QRect shown(0, 0, visible, qRound(m_frame.height()));
-    m_window.setMask(shown.isEmpty() ? QRegion(-1, -1, 1, 1) : QRegion(shown));
+    const QRegion region = roundedOnTheLeft(size, qRound(m_cornerRadius)).intersected(QRect(QPoint(0, 0), shown));
+    m_window.setMask(region.isEmpty() ? QRegion(-1, -1, 1, 1) : region);
 }
 
 void X11PanelWindow::orderFront()
@@ -133,7 +142,7 @@ bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Move) {
         m_confirmedLeft = static_cast<const QMoveEvent*>(event)->pos().x();
-        clipAtLimit(std::max(m_confirmedLeft, m_frame.left()));
+        updateShape();
     }
     if (event->type() == QEvent::Enter && onMouseEntered)
         onMouseEntered();

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QRectF>
+#include <QSize>
 
 #include <cstdint>
 #include <optional>
@@ -23,8 +24,8 @@ class X11PanelWindow final : public QObject, public PanelWindow {
     Q_OBJECT
 
 public:
-    /// Borrows all three. `window` has been created and not yet been shown.
-    X11PanelWindow(QWindow& window, const Displays& displays, xcb_connection_t* connection);
+    /// Borrows window, displays and connection. `window` has been created and not yet been shown.
+    X11PanelWindow(QWindow& window, double cornerRadius, const Displays& displays, xcb_connection_t* connection);
     ~X11PanelWindow() override;
 
     void setFrame(const QRectF& frame) override;
@@ -40,9 +41,10 @@ private:
     void setDockProperties();
     void raise();
     [[nodiscard]] std::optional<double> slideLimit(const QRectF& from) const;
-    void clipAtLimit(double left);
+    void updateShape();
 
     QWindow& m_window;
+    double m_cornerRadius;
     const Displays& m_displays;
     xcb_connection_t* m_connection;
     FrameAnimation m_animation;
@@ -51,8 +53,8 @@ private:
     double m_confirmedLeft = 0;
     /// The right edge that nothing of the window may show beyond; none while no display lies there.
     std::optional<double> m_limit;
-    /// How much of the window's width its shape leaves; none while it has no shape.
-    std::optional<int> m_clippedWidth;
+    /// The size of the part that the window's shape shows, from its left edge on.
+    QSize m_shownSize;
 };
 
 } // namespace nookle
