@@ -42,5 +42,5 @@ function(nookle_test name)
     set_tests_properties(${name} PROPERTIES
         LABELS "unit;${ARG_LABELS}"
         TIMEOUT 60
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FATAL_WARNINGS=0")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()

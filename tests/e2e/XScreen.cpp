@@ -141,6 +141,37 @@ void XScreen::place(const XWindow& window, const QRect& frame)
     xcb_flush(m_connection.get());
 }
 
+xcb_window_t XScreen::makeWindow(const QRect& frame)
+{
+    const xcb_window_t window = xcb_generate_id(m_connection.get());
+    xcb_create_window(m_connection.get(), XCB_COPY_FROM_PARENT, window, m_root, static_cast<std::int16_t>(frame.x()),
+                      static_cast<std::int16_t>(frame.y()), static_cast<std::uint16_t>(frame.width()),
+                      static_cast<std::uint16_t>(frame.height()), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, 0, nullptr);
+    return window;
+}
+
+void XScreen::claim(const QByteArray& selection)
+{
+    xcb_set_selection_owner(m_connection.get(), makeWindow(QRect(0, 0, 1, 1)), atom(selection), XCB_CURRENT_TIME);
+    xcb_flush(m_connection.get());
+}
+
+void XScreen::showDock(int height)
+{
+    const QRect frame(0, 0, geometry().width(), height);
+    const xcb_window_t window = makeWindow(frame);
+    const xcb_atom_t type = atom("_NET_WM_WINDOW_TYPE_DOCK");
+    const std::uint32_t strut[] = { 0, 0, static_cast<std::uint32_t>(height), 0, 0, 0, 0, 0, 0,
+                                    static_cast<std::uint32_t>(frame.width() - 1), 0, 0 };
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM,
+                        32, 1, &type);
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_STRUT_PARTIAL"),
+                        XCB_ATOM_CARDINAL, 32, 12, strut);
+    xcb_map_window(m_connection.get(), window);
+    xcb_flush(m_connection.get());
+}
+
 QPoint XScreen::pointer() const
 {
     const auto cookie = xcb_query_pointer(m_connection.get(), m_root);
@@ -172,14 +203,14 @@ void XScreen::moveTo(const QPoint& point)
     }
 }
 
-void XScreen::press()
+void XScreen::press(std::uint8_t button)
 {
-    fake(XCB_BUTTON_PRESS, 1);
+    fake(XCB_BUTTON_PRESS, button);
 }
 
-void XScreen::release()
+void XScreen::release(std::uint8_t button)
 {
-    fake(XCB_BUTTON_RELEASE, 1);
+    fake(XCB_BUTTON_RELEASE, button);
 }
 
 } // namespace nookle::e2e

@@ -44,11 +44,16 @@ public:
 
     void place(const XWindow& window, const QRect& frame);
 
+    /// Becomes the owner of a selection, as a program does that begins a drag.
+    void claim(const QByteArray& selection);
+    /// Shows a dock that reserves that much of the top of the screen.
+    void showDock(int height);
+
     [[nodiscard]] QPoint pointer() const;
     /// Moves the pointer there in steps, at a hand's pace.
     void moveTo(const QPoint& point);
-    void press();
-    void release();
+    void press(std::uint8_t button = 1);
+    void release(std::uint8_t button = 1);
 
 private:
     struct Disconnect {
@@ -57,6 +62,7 @@ private:
 
     void addWindows(xcb_window_t parent, std::vector<XWindow>& found) const;
     [[nodiscard]] std::optional<XWindow> describe(xcb_window_t id) const;
+    [[nodiscard]] xcb_window_t makeWindow(const QRect& frame);
     [[nodiscard]] xcb_atom_t atom(const QByteArray& name) const;
     void fake(std::uint8_t type, std::uint8_t detail, const QPoint& by = {});
 
