@@ -15,6 +15,8 @@ namespace {
 inline constexpr int screenHeight = 700;
 inline constexpr int panelHeight = screenHeight - 48;
 inline constexpr int edgeZone = 3;
+/// From one tile to the next, in the font of the private desktop.
+inline constexpr int tileDistance = 86;
 
 [[nodiscard]] QString variable(const char* name)
 {
@@ -81,6 +83,8 @@ protected:
     void dragFileNearEdge();
     /// Drops the file of the file manager on the shelf.
     void dropFileOnShelf();
+    /// Drops a URI list of another program on the shelf.
+    void offerToShelf(const QByteArray& uriList);
     [[nodiscard]] bool panelIsGone() const { return !m_shelf->panel(); }
     [[nodiscard]] XScreen& screen() { return m_desktop->screen(); }
     /// Opens the other program's window and returns it.
@@ -142,6 +146,19 @@ void ShelfEndToEndTest::dropFileOnShelf()
     screen().moveTo(QPoint(rightEdge() - 56, 320));
     screen().release();
     QVERIFY(waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("note one.txt") }; }));
+}
+
+void ShelfEndToEndTest::offerToShelf(const QByteArray& uriList)
+{
+    m_desktop->writeFile(QStringLiteral("offered"), uriList);
+    const auto source = openPeer({ QStringLiteral("offer"), m_desktop->home(QStringLiteral("offered")) });
+    QVERIFY(source);
+    screen().moveTo(source->frame.center());
+    screen().press();
+    screen().moveTo(QPoint(rightEdge() - 1, 300));
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    screen().moveTo(QPoint(rightEdge() - 56, 320));
+    screen().release();
 }
 
 std::optional<XWindow> ShelfEndToEndTest::openPeer(const QStringList& arguments)
@@ -240,11 +257,16 @@ void ShelfEndToEndTest::theTileIsBackAfterARestartAndCanBeDraggedOut()
 
 void ShelfEndToEndTest::aTileDroppedOnTheShelfItselfChangesNothing()
 {
-    dropFileOnShelf();
-    const QList<QJsonObject> saved = m_shelf->savedItems();
-    const QPoint tile = m_shelf->firstTile();
-    dragBetween(tile, tile + QPoint(0, 250));
-    QVERIFY2(holdsFor([&] { return m_shelf->savedItems() == saved; }, 600), "the shelf took its own item");
+    m_desktop->writeFile(QStringLiteral("files/note two.txt"), "words");
+    const QByteArray folder = QUrl::fromLocalFile(m_desktop->home(QStringLiteral("files"))).toEncoded();
+    offerToShelf(folder + "/note%20one.txt\r\n" + folder + "/note%20two.txt\r\n");
+    const QStringList names{ QStringLiteral("note one.txt"), QStringLiteral("note two.txt") };
+    QVERIFY(waitFor([&] { return m_shelf->savedFileNames() == names; }));
+
+    // Taken as a new drop, the second item would move to the top.
+    const QPoint second = m_shelf->firstTile() + QPoint(0, tileDistance);
+    dragBetween(second, second + QPoint(0, 250));
+    QVERIFY2(holdsFor([&] { return m_shelf->savedFileNames() == names; }, 800), "the shelf took its own item");
 }
 
 void ShelfEndToEndTest::aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlone()
@@ -269,17 +291,7 @@ void ShelfEndToEndTest::namesOfAnyBytesComeOutAsTheyWentIn()
     FILE* file = std::fopen(path.constData(), "w");
     QVERIFY(file);
     std::fclose(file);
-    const QByteArray uri = "file://" + path.toPercentEncoding("/") + "\r\n";
-    m_desktop->writeFile(QStringLiteral("offered"), uri);
-
-    const auto source = openPeer({ QStringLiteral("offer"), m_desktop->home(QStringLiteral("offered")) });
-    QVERIFY(source);
-    screen().moveTo(source->frame.center());
-    screen().press();
-    screen().moveTo(QPoint(rightEdge() - 1, 300));
-    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
-    screen().moveTo(QPoint(rightEdge() - 56, 320));
-    screen().release();
+    offerToShelf("file://" + path.toPercentEncoding("/") + "\r\n");
     QVERIFY(waitFor([this] { return m_shelf->savedFileNames().size() == 1; }));
 
     const auto target = openPeer({ QStringLiteral("receive"), m_desktop->home(QStringLiteral("received")) });

@@ -19,8 +19,6 @@
 #include <QDropEvent>
 #include <QScrollBar>
 #include <QTemporaryDir>
-#include <QTimer>
-#include <QWindow>
 #include <QtTest>
 
 #include <memory>
@@ -134,7 +132,6 @@ private Q_SLOTS:
     void revealShowsTheFile();
     void pinningAndRemovingFromTheMenu();
     void aDropOfAFileIsTakenAsACopy();
-    void aDropOfAnItemOfTheShelfIsRefused();
     void aDropThatAllowsNoCopyIsRefused();
     void theOwnerHearsOfDropsThatHover();
     void thePinButtonTellsTheOwnerAndSaysWhatItDoes();
@@ -401,26 +398,6 @@ void ShelfViewTest::aDropOfAFileIsTakenAsACopy()
     QCOMPARE(drop.dropAction(), Qt::CopyAction);
     f.queue.runPosted();
     QCOMPARE(f.top().displayName(), QStringLiteral("a.txt"));
-}
-
-void ShelfViewTest::aDropOfAnItemOfTheShelfIsRefused()
-{
-    Fixture& f = *m_fixture;
-    DragSession session;
-    session.item.data = std::make_unique<QMimeData>();
-    session.item.data->setText(QStringLiteral("words"));
-    session.allowed = DragOperation::copy;
-    // Runs in the drag's own event loop.
-    bool hovered = false;
-    QTimer::singleShot(0, &f.view, [&] {
-        QTest::mouseMove(f.view.windowHandle(), { 56, 300 });
-        hovered = f.view.isDropTarget();
-        QTest::mouseRelease(f.view.windowHandle(), Qt::LeftButton, Qt::NoModifier, { 56, 300 });
-    });
-    QCOMPARE(runDragSession(f.view, std::move(session)), DragOperation::none);
-    QVERIFY(!hovered);
-    f.queue.runPosted();
-    QVERIFY(f.store.items().isEmpty());
 }
 
 void ShelfViewTest::aDropThatAllowsNoCopyIsRefused()
