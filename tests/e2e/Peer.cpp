@@ -2,6 +2,7 @@
 //   Peer receive FILE     takes drops and writes what it got into FILE: a line with the action, then the URI list
 //   Peer offer FILE       offers the URI list in FILE to whoever it is dragged to
 //   Peer text             shows text that can be selected
+//   Peer fullscreen       covers the whole screen in red
 
 #include <QApplication>
 #include <QDrag>
@@ -11,6 +12,7 @@
 #include <QMouseEvent>
 #include <QPlainTextEdit>
 #include <QSaveFile>
+#include <QScreen>
 
 #include <memory>
 
@@ -76,6 +78,12 @@ private:
         return std::make_unique<Receiver>(arguments.value(2));
     if (mode == QLatin1String("offer"))
         return std::make_unique<Source>(content(arguments.value(2)));
+    if (mode == QLatin1String("fullscreen")) {
+        auto window = std::make_unique<QWidget>();
+        window->setPalette(QPalette(Qt::red));
+        window->setWindowState(Qt::WindowFullScreen);
+        return window;
+    }
     return std::make_unique<QPlainTextEdit>(QStringLiteral("Some words that a user may select.\n").repeated(20));
 }
 
@@ -86,7 +94,9 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("peer"));
     const auto window = makeWindow(QApplication::arguments());
-    window->setGeometry(60, 100, 400, 300);
+    // Without a window manager the state alone covers nothing.
+    const bool isFullScreen = window->windowState() == Qt::WindowFullScreen;
+    window->setGeometry(isFullScreen ? QApplication::primaryScreen()->geometry() : QRect(60, 100, 400, 300));
     window->show();
     return QApplication::exec();
 }

@@ -28,12 +28,13 @@ inline constexpr int tileDistance = 86;
     return variable("NOOKLE_ENVIRONMENT") == QLatin1String("two_displays");
 }
 
+/// An environment is named after its window manager, but for two.
 [[nodiscard]] QString windowManager()
 {
     const QString environment = variable("NOOKLE_ENVIRONMENT");
     if (environment == QLatin1String("no_window_manager"))
         return {};
-    return environment == QLatin1String("xfwm4") ? environment : QStringLiteral("openbox");
+    return hasTwoDisplays() ? QStringLiteral("openbox") : environment;
 }
 
 /// The right edge of the display under test: of the left one, where there are two.
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void theTileIsBackAfterARestartAndCanBeDraggedOut();
     void aTileDroppedOnTheShelfItselfChangesNothing();
     void aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlone();
+    void thePanelStandsAboveAFullScreenWindow();
     void namesOfAnyBytesComeOutAsTheyWentIn();
     void aWaylandSessionIsSaidInOneLogLine();
 
@@ -282,6 +284,20 @@ void ShelfEndToEndTest::aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlon
     QVERIFY2(holdsFor([&] { return screen().focus() == window->id; }, 300), "the shelf took the focus");
     QCOMPARE(m_shelf->startAgain(), 0);
     QVERIFY(m_shelf->isAtRest(rightEdge()));
+}
+
+void ShelfEndToEndTest::thePanelStandsAboveAFullScreenWindow()
+{
+    screen().moveTo(QPoint(300, 300));
+    m_peer = m_desktop->start(variable("NOOKLE_PEER"), { QStringLiteral("fullscreen") });
+    const QRect place(rightEdge() - 60, 400, 1, 1);
+    const auto isCovered = [&] { return screen().picture(place).pixelColor(0, 0) == QColor(Qt::red); };
+    QVERIFY2(waitFor(isCovered), "the other program does not cover the screen");
+    screen().press();
+    screen().release();
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    QVERIFY2(waitFor([&] { return !isCovered(); }, 1000), "the panel is below");
 }
 
 void ShelfEndToEndTest::namesOfAnyBytesComeOutAsTheyWentIn()

@@ -30,6 +30,18 @@ inline constexpr double usualRefreshRate = 60;
     return bezier;
 }
 
+[[nodiscard]] xcb_window_t rootOf(xcb_connection_t* connection)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+}
+
+/// The first number of a property; 0 when the window does not have it.
+[[nodiscard]] std::uint32_t firstNumber(xcb_connection_t* connection, xcb_window_t window, const QByteArray& property)
+{
+    const auto numbers = xcbNumbers(connection, window, xcbAtom(connection, property));
+    return numbers.empty() ? 0 : numbers.front();
+}
+
 [[nodiscard]] QRegion roundedOnTheLeft(const QSize& size, int radius)
 {
     const QSize corner(2 * radius, 2 * radius);
@@ -97,6 +109,7 @@ void X11PanelWindow::orderFront()
 {
     setDockProperties();
     m_window.setVisible(true);
+    standAboveFullScreenWindow();
     raise();
 }
 
@@ -121,6 +134,21 @@ void X11PanelWindow::setDockProperties()
     set("_NET_WM_STATE", XCB_ATOM_ATOM,
         { xcbAtom(m_connection, "_NET_WM_STATE_ABOVE"), xcbAtom(m_connection, "_NET_WM_STATE_STICKY"),
           xcbAtom(m_connection, "_NET_WM_STATE_SKIP_TASKBAR"), xcbAtom(m_connection, "_NET_WM_STATE_SKIP_PAGER") });
+}
+
+// Some window managers put a full-screen window that has the focus above every dock, but none of them puts it above a
+// window that belongs to it.
+void X11PanelWindow::standAboveFullScreenWindow()
+{
+    const auto window = static_cast<xcb_window_t>(m_window.winId());
+    const xcb_window_t active = firstNumber(m_connection, rootOf(m_connection), "_NET_ACTIVE_WINDOW");
+    const auto states = xcbNumbers(m_connection, active, xcbAtom(m_connection, "_NET_WM_STATE"));
+    const xcb_atom_t fullScreen = xcbAtom(m_connection, "_NET_WM_STATE_FULLSCREEN");
+    if (active != XCB_WINDOW_NONE && std::find(states.begin(), states.end(), fullScreen) != states.end())
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32,
+                            1, &active);
+    else
+        xcb_delete_property(m_connection, window, XCB_ATOM_WM_TRANSIENT_FOR);
 }
 
 void X11PanelWindow::raise()

@@ -39,6 +39,7 @@ public:
 private:
     void place(const QRectF& frame);
     void setDockProperties();
+    void standAboveFullScreenWindow();
     void raise();
     [[nodiscard]] std::optional<double> slideLimit(const QRectF& from) const;
     void updateShape();
