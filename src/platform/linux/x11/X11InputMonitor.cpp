@@ -53,6 +53,9 @@ X11InputMonitor::X11InputMonitor(xcb_connection_t* ownConnection)
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11InputMonitor::readEvents);
     selectRawEvents(false);
+    // A reply comes after everything before it: from here on no press is missed.
+    const auto reply = owned(xcb_get_input_focus_reply(m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
+    Q_UNUSED(reply)
 }
 
 X11InputMonitor::~X11InputMonitor() = default;
