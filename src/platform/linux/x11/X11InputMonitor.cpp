@@ -54,8 +54,8 @@ X11InputMonitor::X11InputMonitor(xcb_connection_t* ownConnection)
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11InputMonitor::readEvents);
     selectRawEvents(false);
     // A reply comes after everything before it: from here on no press is missed.
-    const auto reply = owned(xcb_get_input_focus_reply(m_connection.get(), xcb_get_input_focus(m_connection.get()), nullptr));
-    Q_UNUSED(reply)
+    const auto cookie = xcb_get_input_focus(m_connection.get());
+    [[maybe_unused]] const auto reply = owned(xcb_get_input_focus_reply(m_connection.get(), cookie, nullptr));
 }
 
 X11InputMonitor::~X11InputMonitor() = default;
