@@ -57,8 +57,8 @@ void AppDelegate::createPanel()
 
 void AppDelegate::createShelfView()
 {
-    auto view = std::make_unique<ShelfView>(ShelfView::Services{
-        *m_store, m_panelController->pinning(), m_workspace, m_pasteboard, m_trash, m_queue });
+    auto view = std::make_unique<ShelfView>(
+        ShelfView::Services{ *m_store, m_panelController->pinning(), m_workspace, m_pasteboard, m_trash, m_queue });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };

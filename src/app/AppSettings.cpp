@@ -97,8 +97,7 @@ void AppSettings::setExpiry(Expiry expiry)
 
 void AppSettings::setCollectScreenshots(bool collectScreenshots)
 {
-    setFlag(m_collectScreenshots, collectScreenshots, collectScreenshotsKey(),
-            &AppSettings::collectScreenshotsChanged);
+    setFlag(m_collectScreenshots, collectScreenshots, collectScreenshotsKey(), &AppSettings::collectScreenshotsChanged);
 }
 
 void AppSettings::setMoveScreenshots(bool moveScreenshots)

@@ -33,8 +33,8 @@ inline constexpr int answerTimeoutMilliseconds = 5000;
     const std::filesystem::path given = filePath(standardized(dataFolder)).toStdString();
     const std::filesystem::path canonical = std::filesystem::weakly_canonical(given, error);
     const std::string& path = error ? given.native() : canonical.native();
-    const QByteArray hash
-        = QCryptographicHash::hash(QByteArray::fromStdString(path), QCryptographicHash::Sha256).toHex().left(32);
+    const QByteArray hash =
+        QCryptographicHash::hash(QByteArray::fromStdString(path), QCryptographicHash::Sha256).toHex().left(32);
     return QStringLiteral("org.nookle.Nookle-%1-%2").arg(getuid()).arg(QLatin1String(hash));
 }
 

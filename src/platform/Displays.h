@@ -35,8 +35,8 @@ public:
 /// The first frame that covers `point`.
 [[nodiscard]] inline std::optional<QRectF> frameAt(const std::vector<QRectF>& frames, const QPointF& point)
 {
-    const auto found
-        = std::find_if(frames.begin(), frames.end(), [&](const QRectF& frame) { return covers(frame, point); });
+    const auto found =
+        std::find_if(frames.begin(), frames.end(), [&](const QRectF& frame) { return covers(frame, point); });
     return found == frames.end() ? std::nullopt : std::optional(*found);
 }
 

@@ -52,8 +52,8 @@ inline constexpr double pictureBox = 52;
 
 QSizeF dragPictureSize(const QSizeF& imageSize)
 {
-    const double scale
-        = std::min(pictureBox / std::max(imageSize.width(), 1.0), pictureBox / std::max(imageSize.height(), 1.0));
+    const double scale =
+        std::min(pictureBox / std::max(imageSize.width(), 1.0), pictureBox / std::max(imageSize.height(), 1.0));
     return imageSize * scale;
 }
 

@@ -73,8 +73,8 @@ void ItemInteractionView::beginDrag()
     const DragRunner runDrag = m_runDrag;
     const QSizeF pictureSize = dragPictureSize(item->picture.deviceIndependentSize());
     callIfSet(configuration.onDragBegan);
-    const DragOperation operation
-        = runDrag(*this, DragSession{ std::move(*item), pictureSize, configuration.allowedOperations });
+    const DragOperation operation =
+        runDrag(*this, DragSession{ std::move(*item), pictureSize, configuration.allowedOperations });
     callIfSet(configuration.onDragEnded, operation);
 }
 

@@ -84,20 +84,19 @@ ShelfItemActions::ShelfItemActions(ShelfStore& store, Workspace& workspace, Past
 DragOperations ShelfItemActions::allowedOperations(const ShelfItem& item)
 {
     using Operation = DragOperation;
-    return std::visit(
-        overloaded{
-            [](const FileContent&) -> DragOperations {
-                return Operation::copy | Operation::generic | Operation::move | Operation::remove;
-            },
-            [](const TextContent&) -> DragOperations {
-                return Operation::copy | Operation::generic | Operation::remove;
-            },
-            [](const LinkContent&) -> DragOperations {
-                return Operation::copy | Operation::link | Operation::generic | Operation::remove;
-            },
-            [](const ImageContent&) -> DragOperations { return Operation::copy | Operation::remove; },
-        },
-        item.content);
+    return std::visit(overloaded{
+                          [](const FileContent&) -> DragOperations {
+                              return Operation::copy | Operation::generic | Operation::move | Operation::remove;
+                          },
+                          [](const TextContent&) -> DragOperations {
+                              return Operation::copy | Operation::generic | Operation::remove;
+                          },
+                          [](const LinkContent&) -> DragOperations {
+                              return Operation::copy | Operation::link | Operation::generic | Operation::remove;
+                          },
+                          [](const ImageContent&) -> DragOperations { return Operation::copy | Operation::remove; },
+                      },
+                      item.content);
 }
 
 MenuActions ShelfItemActions::menuActions(const ShelfItem& item) const
@@ -131,8 +130,8 @@ std::optional<QUrl> ShelfItemActions::openURL(const ShelfItem& item) const
     if (!url)
         return std::nullopt;
     const QString scheme = url->scheme();
-    const bool canBeOpened = scheme == QLatin1String("http") || scheme == QLatin1String("https")
-        || scheme == QLatin1String("mailto");
+    const bool canBeOpened =
+        scheme == QLatin1String("http") || scheme == QLatin1String("https") || scheme == QLatin1String("mailto");
     return canBeOpened ? std::optional(url->url()) : std::nullopt;
 }
 

@@ -79,8 +79,8 @@ void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& lo
 {
     m_item = item;
     m_isUnavailable = isUnavailable(item, localURL);
-    const bool hasFile
-        = std::holds_alternative<FileContent>(item.content) || std::holds_alternative<ImageContent>(item.content);
+    const bool hasFile =
+        std::holds_alternative<FileContent>(item.content) || std::holds_alternative<ImageContent>(item.content);
     m_isMissing = hasFile && !localURL;
     m_icon = localURL ? fileIcon(*localURL) : QIcon();
     setAccessibleName(item.displayName());

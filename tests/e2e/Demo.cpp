@@ -40,7 +40,8 @@ int show(const QString& program, const QString& picturePath)
     if (!desktop)
         return fail("the virtual display does not start");
     XScreen& screen = desktop->screen();
-    if (desktop->start(QStringLiteral("xsetroot"), { QStringLiteral("-solid"), QStringLiteral("#3a5a78") })->waitForExit())
+    if (desktop->start(QStringLiteral("xsetroot"), { QStringLiteral("-solid"), QStringLiteral("#3a5a78") })
+            ->waitForExit())
         return fail("the wallpaper cannot be set");
     desktop->writeFile(QStringLiteral("files/") + name, "Monday: pack.\n");
     Shelf shelf(*desktop, program);

@@ -58,9 +58,9 @@ bool PrivateDesktop::startServer(const QSize& size)
 {
     const QString screen = QStringLiteral("%1x%2x24").arg(size.width()).arg(size.height());
     // The server chooses a free number itself, and tells it once it answers.
-    m_server = start(QStringLiteral("Xvfb"), { QStringLiteral("-displayfd"), QStringLiteral("1"),
-                                               QStringLiteral("-screen"), QStringLiteral("0"), screen,
-                                               QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+    m_server = start(QStringLiteral("Xvfb"),
+                     { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), screen, QStringLiteral("-nolisten"), QStringLiteral("tcp") });
     const QByteArray number = m_server->readLine();
     if (number.isEmpty()) {
         qWarning("no X server: %s", m_server->log().constData());
@@ -74,8 +74,8 @@ bool PrivateDesktop::startServer(const QSize& size)
 
 bool PrivateDesktop::startBus()
 {
-    m_bus = start(QStringLiteral("dbus-daemon"), { QStringLiteral("--session"), QStringLiteral("--nofork"),
-                                                   QStringLiteral("--print-address=1") });
+    m_bus = start(QStringLiteral("dbus-daemon"),
+                  { QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1") });
     const QByteArray address = m_bus->readLine();
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address));
     if (address.isEmpty())
@@ -95,8 +95,8 @@ bool PrivateDesktop::startWindowManager(const QString& windowManager)
 bool PrivateDesktop::splitDisplay(const QSize& size)
 {
     const auto monitor = [&](const QString& name, int left, const QString& output) {
-        const QString geometry
-            = QStringLiteral("%1/200x%2/150+%3+0").arg(size.width() / 2).arg(size.height()).arg(left);
+        const QString geometry =
+            QStringLiteral("%1/200x%2/150+%3+0").arg(size.width() / 2).arg(size.height()).arg(left);
         return start(QStringLiteral("xrandr"), { QStringLiteral("--setmonitor"), name, geometry, output })
                    ->waitForExit()
             == 0;

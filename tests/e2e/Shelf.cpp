@@ -78,8 +78,8 @@ QStringList Shelf::savedFileNames() const
 {
     QStringList names;
     for (const QJsonObject& item : savedItems()) {
-        const QJsonObject file
-            = item.value(QLatin1String("content")).toObject().value(QLatin1String("file")).toObject();
+        const QJsonObject file =
+            item.value(QLatin1String("content")).toObject().value(QLatin1String("file")).toObject();
         if (!file.isEmpty())
             names.append(file.value(QLatin1String("name")).toString());
     }

@@ -113,8 +113,8 @@ void ShelfEndToEndTest::init()
 void ShelfEndToEndTest::cleanup()
 {
     if (QTest::currentTestFailed() && m_desktop) {
-        const QString picture = QStringLiteral("%1-%2.png").arg(
-            variable("NOOKLE_ENVIRONMENT"), QLatin1String(QTest::currentTestFunction()));
+        const QString picture = QStringLiteral("%1-%2.png")
+                                    .arg(variable("NOOKLE_ENVIRONMENT"), QLatin1String(QTest::currentTestFunction()));
         screen().picture().save(picture);
         qInfo("the screen at the end: %s\nthe log: %s", qPrintable(picture), m_shelf->log().constData());
     }
@@ -245,8 +245,9 @@ void ShelfEndToEndTest::theTileIsBackAfterARestartAndCanBeDraggedOut()
     QCOMPARE(m_shelf->startAgain(), 0);
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
     QVERIFY2(waitFor([this] {
-        return !isPlain(screen().picture(QRect(m_shelf->firstTile() - QPoint(20, 20), QSize(40, 40))));
-    }), "there is no tile");
+                 return !isPlain(screen().picture(QRect(m_shelf->firstTile() - QPoint(20, 20), QSize(40, 40))));
+             }),
+             "there is no tile");
 
     dragBetween(m_shelf->firstTile(), window->frame.center());
     QVERIFY(waitFor([this] { return !received().isEmpty(); }));

@@ -55,8 +55,7 @@ std::optional<XWindow> XScreen::describe(xcb_window_t id) const
 {
     xcb_connection_t* connection = m_connection.get();
     constexpr std::uint32_t longestClass = 64;
-    const auto classCookie
-        = xcb_get_property(connection, 0, id, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, longestClass);
+    const auto classCookie = xcb_get_property(connection, 0, id, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, longestClass);
     const auto sizeCookie = xcb_get_geometry(connection, id);
     const auto stateCookie = xcb_get_window_attributes(connection, id);
     const auto placeCookie = xcb_translate_coordinates(connection, id, m_root, 0, 0);
@@ -83,17 +82,17 @@ std::optional<XWindow> XScreen::window(const QByteArray& windowClass, std::optio
 
 QRect XScreen::geometry() const
 {
-    const auto reply = owned(
-        xcb_get_geometry_reply(m_connection.get(), xcb_get_geometry(m_connection.get(), m_root), nullptr));
+    const auto reply =
+        owned(xcb_get_geometry_reply(m_connection.get(), xcb_get_geometry(m_connection.get(), m_root), nullptr));
     return reply ? QRect(0, 0, reply->width, reply->height) : QRect();
 }
 
 QImage XScreen::picture(const QRect& area) const
 {
-    const auto cookie = xcb_get_image(m_connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_root,
-                                      static_cast<std::int16_t>(area.x()), static_cast<std::int16_t>(area.y()),
-                                      static_cast<std::uint16_t>(area.width()),
-                                      static_cast<std::uint16_t>(area.height()), ~0U);
+    const auto cookie =
+        xcb_get_image(m_connection.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, m_root, static_cast<std::int16_t>(area.x()),
+                      static_cast<std::int16_t>(area.y()), static_cast<std::uint16_t>(area.width()),
+                      static_cast<std::uint16_t>(area.height()), ~0U);
     const auto reply = owned(xcb_get_image_reply(m_connection.get(), cookie, nullptr));
     if (!reply)
         return {};
@@ -109,8 +108,8 @@ xcb_window_t XScreen::focus() const
 
 xcb_atom_t XScreen::atom(const QByteArray& name) const
 {
-    const auto cookie
-        = xcb_intern_atom(m_connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.constData());
+    const auto cookie =
+        xcb_intern_atom(m_connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.constData());
     const auto reply = owned(xcb_intern_atom_reply(m_connection.get(), cookie, nullptr));
     return reply ? reply->atom : xcb_atom_t{ XCB_ATOM_NONE };
 }
@@ -135,8 +134,7 @@ void XScreen::place(const XWindow& window, const QRect& frame)
                                      static_cast<std::uint32_t>(frame.width()),
                                      static_cast<std::uint32_t>(frame.height()) };
     xcb_configure_window(m_connection.get(), window.id,
-                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
-                             | XCB_CONFIG_WINDOW_HEIGHT,
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
                          values);
     xcb_flush(m_connection.get());
 }
@@ -162,8 +160,9 @@ void XScreen::showDock(int height)
     const QRect frame(0, 0, geometry().width(), height);
     const xcb_window_t window = makeWindow(frame);
     const xcb_atom_t type = atom("_NET_WM_WINDOW_TYPE_DOCK");
-    const std::uint32_t strut[] = { 0, 0, static_cast<std::uint32_t>(height), 0, 0, 0, 0, 0, 0,
-                                    static_cast<std::uint32_t>(frame.width() - 1), 0, 0 };
+    const std::uint32_t strut[] = {
+        0, 0, static_cast<std::uint32_t>(height), 0, 0, 0, 0, 0, 0, static_cast<std::uint32_t>(frame.width() - 1), 0, 0
+    };
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM,
                         32, 1, &type);
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, atom("_NET_WM_STRUT_PARTIAL"),

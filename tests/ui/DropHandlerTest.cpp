@@ -44,8 +44,9 @@ private:
         FakeFileReferences references;
         FakeTrash trash;
         FakeLinkMetadataService metadata;
-        ShelfStore store{ fileUrl(directory.path().toUtf8() + "/Nookle"), environment(), references, trash, metadata,
-                          queue };
+        ShelfStore store{
+            fileUrl(directory.path().toUtf8() + "/Nookle"), environment(), references, trash, metadata, queue
+        };
     };
 
     [[nodiscard]] static ShelfStore::Environment environment()
@@ -115,8 +116,8 @@ void DropHandlerTest::init()
 void DropHandlerTest::threeFilesAreAddedInOneCallInDropOrder()
 {
     const QSignalSpy changes(&shelf->store, &ShelfStore::itemsChanged);
-    handle(drop(file(QStringLiteral("file:///a")), file(QStringLiteral("file:///b")),
-                file(QStringLiteral("file:///c"))));
+    handle(
+        drop(file(QStringLiteral("file:///a")), file(QStringLiteral("file:///b")), file(QStringLiteral("file:///c"))));
     QCOMPARE(names(), QStringList({ QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c") }));
     QCOMPARE(changes.count(), 1);
 }

@@ -46,8 +46,9 @@ struct Fixture {
     FakeWorkspace workspace;
     FakePasteboard pasteboard;
     PanelPinning pinning{ defaults };
-    ShelfStore store{ fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash,
-                      metadata, queue };
+    ShelfStore store{
+        fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash, metadata, queue
+    };
     ShelfView view{ ShelfView::Services{ store, pinning, workspace, pasteboard, trash, queue } };
 
     Fixture()

@@ -8,8 +8,9 @@ namespace nookle {
 std::optional<Failure> selectDesktopBackend()
 {
     if (!X11Backend::isServerRunning())
-        return Failure{ QStringLiteral("no X11 display can be opened (DISPLAY is \"%1\")")
-                            .arg(qEnvironmentVariable("DISPLAY")) };
+        return Failure{
+            QStringLiteral("no X11 display can be opened (DISPLAY is \"%1\")").arg(qEnvironmentVariable("DISPLAY"))
+        };
     if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         logLine(QStringLiteral("this is a Wayland session: running on X11 through XWayland"));
     qputenv("QT_QPA_PLATFORM", "xcb");

@@ -10,7 +10,7 @@ std::uint32_t xcbAtom(xcb_connection_t* connection, const QByteArray& name)
 {
     const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.constData());
     const auto reply = owned(xcb_intern_atom_reply(connection, cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    return reply ? reply->atom : xcb_atom_t{ XCB_ATOM_NONE };
 }
 
 std::vector<std::uint32_t> xcbNumbers(xcb_connection_t* connection, std::uint32_t window, std::uint32_t property)
