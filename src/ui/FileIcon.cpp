@@ -15,7 +15,7 @@ QIcon fileIcon(const QUrl& url)
         return QIcon::fromTheme(QStringLiteral("folder"));
     const QMimeType type = QMimeDatabase().mimeTypeForFile(lastPathComponent(url), QMimeDatabase::MatchExtension);
     for (const QString& name : { type.iconName(), type.genericIconName() }) {
-        if (const QIcon icon = QIcon::fromTheme(name); !icon.isNull())
+        if (QIcon icon = QIcon::fromTheme(name); !icon.isNull())
             return icon;
     }
     return QIcon::fromTheme(QStringLiteral("text-x-generic"));

@@ -72,7 +72,7 @@ private:
 {
     const QList<QByteArray> lines = data.data(QStringLiteral("_NETSCAPE_URL")).split('\n');
     if (lines.size() > 1) {
-        if (const auto title = trimmedTitle(QString::fromUtf8(lines[1])))
+        if (auto title = trimmedTitle(QString::fromUtf8(lines[1])))
             return title;
     }
     QStringDecoder decoder(QStringDecoder::Utf16LE);
