@@ -4,70 +4,33 @@
 #include "ItemInteractionView.h"
 #include "Symbol.h"
 
-#include <QFontDatabase>
 #include <QPainter>
 #include <QResizeEvent>
-#include <QTextLayout>
 
-#include <algorithm>
 #include <utility>
 
 namespace nookle {
 
 namespace {
 
-inline constexpr int padding = 6;
-inline constexpr int spacing = 4;
-inline constexpr int previewSize = 52;
+inline constexpr int padding = TileMetrics::padding;
+inline constexpr int spacing = TileMetrics::spacing;
+inline constexpr int previewSize = TileMetrics::previewSize;
 inline constexpr int symbolSize = 34;
 inline constexpr int badgeSize = 11;
 inline constexpr int badgePadding = 5;
 inline constexpr double cornerRadius = 8;
 inline constexpr float hoverOpacity = 0.08F;
 inline constexpr double unavailableOpacity = 0.5;
-inline constexpr double smallerCaptionScale = 0.9;
-
-[[nodiscard]] QFont captionFont()
-{
-    return QFontDatabase::systemFont(QFontDatabase::SmallestReadableFont);
-}
-
-[[nodiscard]] QFont smallerCaptionFont()
-{
-    QFont font = captionFont();
-    font.setPointSizeF(font.pointSizeF() * smallerCaptionScale);
-    return font;
-}
-
-[[nodiscard]] QString onOneLine(QString text)
-{
-    std::replace_if(
-        text.begin(), text.end(), [](QChar character) { return character.category() == QChar::Other_Control; },
-        QChar::Space);
-    return text;
-}
-
-/// Where the first line of `text` ends.
-[[nodiscard]] int firstLineLength(const QString& text, const QFont& font, int width)
-{
-    QTextLayout layout(text, font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    QTextLine line = layout.createLine();
-    line.setLineWidth(width);
-    layout.endLayout();
-    return line.textLength();
-}
 
 } // namespace
 
-ShelfItemView::ShelfItemView(QWidget* parent, DragRunner runDrag)
+ShelfItemView::ShelfItemView(QWidget* parent, const TileMetrics& metrics, DragRunner runDrag)
     : QWidget(parent)
+    , m_metrics(metrics)
     , m_interaction(new ItemInteractionView(this, std::move(runDrag)))
 {
-    setFont(captionFont());
+    setFont(metrics.captionFont());
 }
 
 bool ShelfItemView::isUnavailable(const ShelfItem& item, const std::optional<QUrl>& localURL)
@@ -91,26 +54,6 @@ void ShelfItemView::setHovered(bool isHovered)
 {
     if (std::exchange(m_isHovered, isHovered) != isHovered)
         update();
-}
-
-QStringList ShelfItemView::nameLines(const QString& name, const QFont& font, int width)
-{
-    const QString text = onOneLine(name);
-    const QFontMetrics metrics(font);
-    if (metrics.horizontalAdvance(text) <= width)
-        return { text };
-    const int length = firstLineLength(text, font, width);
-    return { text.left(length).trimmed(), metrics.elidedText(text.mid(length).trimmed(), Qt::ElideMiddle, width) };
-}
-
-int ShelfItemView::heightFor(const ShelfItem& item, bool isUnavailable, int width)
-{
-    const QFont font = captionFont();
-    const QFontMetrics metrics(font);
-    const int textWidth = width - 2 * padding;
-    const int lines = metrics.horizontalAdvance(onOneLine(item.displayName())) <= textWidth ? 1 : 2;
-    const int unavailable = isUnavailable ? spacing + QFontMetrics(smallerCaptionFont()).height() : 0;
-    return padding + previewSize + spacing + lines * metrics.height() + unavailable + padding;
 }
 
 void ShelfItemView::resizeEvent(QResizeEvent* event)
@@ -160,13 +103,13 @@ void ShelfItemView::paintName(QPainter& painter, int top) const
     QRect line(padding, top, textWidth, fontMetrics().height());
     painter.setFont(font());
     painter.setPen(palette().color(QPalette::WindowText));
-    for (const QString& text : nameLines(m_item.displayName(), font(), textWidth)) {
+    for (const QString& text : m_metrics.nameLines(m_item.displayName(), textWidth)) {
         painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, text);
         line.translate(0, line.height());
     }
     if (!m_isUnavailable)
         return;
-    const QFont smaller = smallerCaptionFont();
+    const QFont& smaller = m_metrics.smallerCaptionFont();
     painter.setFont(smaller);
     painter.setPen(palette().color(QPalette::PlaceholderText));
     line.translate(0, spacing);

@@ -2,9 +2,9 @@
 
 #include "DragSession.h"
 #include "ShelfItem.h"
+#include "TileMetrics.h"
 
 #include <QIcon>
-#include <QStringList>
 #include <QUrl>
 #include <QWidget>
 
@@ -20,19 +20,14 @@ class ShelfItemView final : public QWidget {
     Q_OBJECT
 
 public:
-    ShelfItemView(QWidget* parent, DragRunner runDrag);
+    /// `metrics` must outlive the tile.
+    ShelfItemView(QWidget* parent, const TileMetrics& metrics, DragRunner runDrag);
 
     /// Shows `item`; `localURL` is the file that stands for it on disk, if it is there.
     void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL);
     void setHovered(bool isHovered);
 
     [[nodiscard]] ItemInteractionView& interaction() { return *m_interaction; }
-
-    /// The tile's height at `width`, in the font that tiles have.
-    [[nodiscard]] static int heightFor(const ShelfItem& item, bool isUnavailable, int width);
-
-    /// The name in at most two lines, cut in the middle so that its start and its extension stay visible.
-    [[nodiscard]] static QStringList nameLines(const QString& name, const QFont& font, int width);
 
     /// Whether the item is a file that cannot be found.
     [[nodiscard]] static bool isUnavailable(const ShelfItem& item, const std::optional<QUrl>& localURL);
@@ -45,6 +40,7 @@ private:
     void paintPreview(QPainter& painter, const QRect& box) const;
     void paintName(QPainter& painter, int top) const;
 
+    const TileMetrics& m_metrics;
     ShelfItem m_item;
     QIcon m_icon;
     bool m_isUnavailable = false;

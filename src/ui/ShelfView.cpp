@@ -92,10 +92,10 @@ void ShelfView::setUpLayout(PanelPinning& pinning)
 
 void ShelfView::setUpTiles()
 {
-    m_tiles->makeTile = [this](QWidget* viewport) { return new ShelfItemView(viewport, m_runDrag); };
+    m_tiles->makeTile = [this](QWidget* viewport) { return new ShelfItemView(viewport, m_metrics, m_runDrag); };
     m_tiles->tileHeight = [this](std::size_t row, int width) {
         const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
-        return ShelfItemView::heightFor(item, ShelfItemView::isUnavailable(item, m_store.localURL(item)), width);
+        return m_metrics.height(item, ShelfItemView::isUnavailable(item, m_store.localURL(item)), width);
     };
     m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
         const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];

@@ -3,6 +3,7 @@
 #include "DragSession.h"
 #include "DropHandler.h"
 #include "ShelfItemActions.h"
+#include "TileMetrics.h"
 
 #include <QUuid>
 #include <QWidget>
@@ -76,6 +77,7 @@ private:
     ShelfItemActions m_actions;
     DropHandler m_dropHandler;
     DragRunner m_runDrag;
+    TileMetrics m_metrics;
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;

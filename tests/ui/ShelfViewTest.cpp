@@ -485,13 +485,13 @@ void ShelfViewTest::aTileKeepsItsWidgetWhenTheShelfChanges()
 
 void ShelfViewTest::aLongNameTakesTwoLinesAndKeepsItsEnd()
 {
-    const QFont font;
+    const TileMetrics metrics;
     const QString name = QStringLiteral("a very long name that does not fit at all into two lines of a tile.tar.gz");
-    const QStringList lines = ShelfItemView::nameLines(name, font, 88);
+    const QStringList lines = metrics.nameLines(name, 88);
     QCOMPARE(lines.size(), 2);
     QVERIFY(name.startsWith(lines[0]));
     QVERIFY(lines[1].endsWith(QStringLiteral(".gz")));
-    QCOMPARE(ShelfItemView::nameLines(QStringLiteral("a\nb"), font, 88), QStringList{ QStringLiteral("a b") });
+    QCOMPARE(metrics.nameLines(QStringLiteral("a\nb"), 88), QStringList{ QStringLiteral("a b") });
 }
 
 QTEST_MAIN(ShelfViewTest)

@@ -1,0 +1,70 @@
+#include "TileMetrics.h"
+
+#include <QFontDatabase>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double smallerCaptionScale = 0.9;
+
+[[nodiscard]] QFont scaled(QFont font, double scale)
+{
+    font.setPointSizeF(font.pointSizeF() * scale);
+    return font;
+}
+
+[[nodiscard]] QString onOneLine(QString text)
+{
+    const auto isControl = [](QChar character) { return character.category() == QChar::Other_Control; };
+    if (std::any_of(text.cbegin(), text.cend(), isControl))
+        std::replace_if(text.begin(), text.end(), isControl, QChar::Space);
+    return text;
+}
+
+} // namespace
+
+TileMetrics::TileMetrics()
+    : m_captionFont(QFontDatabase::systemFont(QFontDatabase::SmallestReadableFont))
+    , m_smallerCaptionFont(scaled(m_captionFont, smallerCaptionScale))
+    , m_captionMetrics(m_captionFont)
+    , m_captionHeight(m_captionMetrics.height())
+    , m_unavailableHeight(spacing + QFontMetrics(m_smallerCaptionFont).height())
+{
+}
+
+int TileMetrics::height(const ShelfItem& item, bool isUnavailable, int width) const
+{
+    const int textWidth = width - 2 * padding;
+    const int lines = m_captionMetrics.horizontalAdvance(onOneLine(item.displayName())) <= textWidth ? 1 : 2;
+    return padding + previewSize + spacing + lines * m_captionHeight + (isUnavailable ? m_unavailableHeight : 0)
+        + padding;
+}
+
+QStringList TileMetrics::nameLines(const QString& name, int width) const
+{
+    const QString text = onOneLine(name);
+    if (m_captionMetrics.horizontalAdvance(text) <= width)
+        return { text };
+    const int length = firstLineLength(text, width);
+    const QString rest = text.mid(length).trimmed();
+    return { text.left(length).trimmed(), m_captionMetrics.elidedText(rest, Qt::ElideMiddle, width) };
+}
+
+int TileMetrics::firstLineLength(const QString& text, int width) const
+{
+    QTextLayout layout(text, m_captionFont);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(width);
+    layout.endLayout();
+    return line.textLength();
+}
+
+} // namespace nookle

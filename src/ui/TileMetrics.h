@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ShelfItem.h"
+
+#include <QFont>
+#include <QFontMetrics>
+#include <QStringList>
+
+namespace nookle {
+
+/// Sizes and fonts of a tile. Made once and kept: every tile of a long shelf is measured with it.
+class TileMetrics {
+public:
+    static constexpr int padding = 6;
+    static constexpr int spacing = 4;
+    static constexpr int previewSize = 52;
+
+    /// In the desktop's fonts.
+    TileMetrics();
+
+    [[nodiscard]] const QFont& captionFont() const { return m_captionFont; }
+    [[nodiscard]] const QFont& smallerCaptionFont() const { return m_smallerCaptionFont; }
+
+    /// The height of the item's tile at `width`.
+    [[nodiscard]] int height(const ShelfItem& item, bool isUnavailable, int width) const;
+
+    /// The name in at most two lines of `width`, cut in the middle so that its start and its extension stay visible.
+    [[nodiscard]] QStringList nameLines(const QString& name, int width) const;
+
+private:
+    [[nodiscard]] int firstLineLength(const QString& text, int width) const;
+
+    QFont m_captionFont;
+    QFont m_smallerCaptionFont;
+    QFontMetrics m_captionMetrics;
+    int m_captionHeight;
+    int m_unavailableHeight;
+};
+
+} // namespace nookle
