@@ -17,8 +17,14 @@ inline constexpr double smallerCaptionScale = 0.9;
     return font;
 }
 
+/// More than two lines of a tile can ever hold. Measuring a text takes time for each of its characters.
+inline constexpr qsizetype longestName = 256;
+
+/// The name on one line. What is cut out of the middle of a long one would not be seen anyway.
 [[nodiscard]] QString onOneLine(QString text)
 {
+    if (text.size() > longestName)
+        text = QString(text.left(longestName / 2) + text.right(longestName / 2));
     const auto isControl = [](QChar character) { return character.category() == QChar::Other_Control; };
     if (std::any_of(text.cbegin(), text.cend(), isControl))
         std::replace_if(text.begin(), text.end(), isControl, QChar::Space);

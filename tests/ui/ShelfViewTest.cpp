@@ -491,6 +491,9 @@ void ShelfViewTest::aLongNameTakesTwoLinesAndKeepsItsEnd()
     QCOMPARE(lines.size(), 2);
     QVERIFY(name.startsWith(lines[0]));
     QVERIFY(lines[1].endsWith(QStringLiteral(".gz")));
+    const QStringList huge = metrics.nameLines(QString(1'000'000, QLatin1Char('a')) + QStringLiteral(".gz"), 88);
+    QCOMPARE(huge.size(), 2);
+    QVERIFY2(huge[1].endsWith(QStringLiteral(".gz")), qPrintable(huge[1]));
     QCOMPARE(metrics.nameLines(QStringLiteral("a\nb"), 88), QStringList{ QStringLiteral("a b") });
 }
 
