@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QByteArray>
+#include <QUrl>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <variant>
+
+namespace nookle {
+
+/// A conversion on its way. Destroying it drops it: its completion is not called any more.
+class ImageConversion {
+public:
+    virtual ~ImageConversion() = default;
+};
+
+/// Turns images that nobody vouches for into PNG. They are decoded in a process of their own, with limits on time and
+/// memory, so that a malicious or broken one harms nothing. Main thread only.
+class ImageConverter {
+public:
+    /// An image file, or the bytes of one.
+    using Source = std::variant<QUrl, QByteArray>;
+    using Completion = std::function<void(std::optional<QByteArray> png)>;
+
+    virtual ~ImageConverter() = default;
+
+    /// Converts the first frame of `source`. Refuses images with a side of more than `maximumSide` pixels.
+    /// `completion` is called once, on the main thread and after this call has returned; nothing means that no image
+    /// could be read. The conversion may be destroyed from within its completion.
+    [[nodiscard]] virtual std::unique_ptr<ImageConversion> convertToPng(Source source, int maximumSide,
+                                                                        Completion completion) = 0;
+};
+
+} // namespace nookle

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "Thumbnails.h"
+
+#include <QList>
+
+#include <memory>
+#include <utility>
+
+namespace nookle {
+
+/// Thumbnails that are made when a test says so.
+class FakeThumbnails final : public Thumbnails {
+public:
+    struct Asked {
+        QUrl file;
+        double size = 0;
+        double scale = 0;
+
+        bool operator==(const Asked&) const = default;
+    };
+
+    std::unique_ptr<ThumbnailRequest> request(const QUrl& file, double size, double scale,
+                                              Completion completion) override
+    {
+        asked.append(Asked{ file, size, scale });
+        m_requests.append(std::make_shared<Completion>(std::move(completion)));
+        return std::make_unique<Request>(m_requests.constLast());
+    }
+
+    /// Answers the request number `index`, from 0. False when it was answered or dropped before.
+    bool finish(qsizetype index, std::optional<Picture> picture)
+    {
+        const Completion completion = std::exchange(*m_requests[index], nullptr);
+        if (!completion)
+            return false;
+        completion(std::move(picture));
+        return true;
+    }
+
+    /// How many requests are neither answered nor dropped.
+    [[nodiscard]] int running() const
+    {
+        int count = 0;
+        for (const std::shared_ptr<Completion>& request : m_requests)
+            count += *request ? 1 : 0;
+        return count;
+    }
+
+    QList<Asked> asked;
+
+private:
+    class Request final : public ThumbnailRequest {
+    public:
+        explicit Request(std::shared_ptr<Completion> completion)
+            : m_completion(std::move(completion))
+        {
+        }
+        ~Request() override { *m_completion = nullptr; }
+        Request(const Request&) = delete;
+        Request& operator=(const Request&) = delete;
+
+    private:
+        std::shared_ptr<Completion> m_completion;
+    };
+
+    QList<std::shared_ptr<Completion>> m_requests;
+};
+
+} // namespace nookle
