@@ -57,8 +57,10 @@ void AppDelegate::createPanel()
 
 void AppDelegate::createShelfView()
 {
-    auto view = std::make_unique<ShelfView>(
-        ShelfView::Services{ *m_store, m_panelController->pinning(), m_workspace, m_pasteboard, m_trash, m_queue });
+    const auto readDrop = [this](const QMimeData& data) { return m_desktop->dropPayload(data); };
+    auto view =
+        std::make_unique<ShelfView>(ShelfView::Services{ *m_store, m_panelController->pinning(), m_workspace,
+                                                         m_pasteboard, m_trash, m_fileTransfers, m_queue, readDrop });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };

@@ -10,6 +10,7 @@
 #include "NoLinkMetadata.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
+#include "PortalFileTransfers.h"
 #include "QtMainQueue.h"
 #include "SettingsUserDefaults.h"
 #include "ShelfStore.h"
@@ -56,6 +57,7 @@ private:
     NoLinkMetadata m_linkMetadata;
     ClipboardPasteboard m_pasteboard;
     DesktopWorkspace m_workspace;
+    PortalFileTransfers m_fileTransfers;
     AppSettings m_settings;
     DragEdgeMonitor m_dragEdgeMonitor;
 

@@ -1,8 +1,8 @@
 #include "ShelfView.h"
 
+#include "DropCapture.h"
 #include "EmptyShelfView.h"
 #include "ItemInteractionView.h"
-#include "MimeDropItem.h"
 #include "PinButton.h"
 #include "ShelfItemView.h"
 #include "ShelfStore.h"
@@ -35,13 +35,6 @@ inline constexpr double dropStrokeWidth = 2;
     return rounded.intersected(bounds);
 }
 
-/// Other programs' sources delete what they believe to be moved, so nothing but a copy is ever taken.
-[[nodiscard]] bool canTake(const QDropEvent& event)
-{
-    const bool isOwnItem = event.source() != nullptr;
-    return !isOwnItem && (event.possibleActions() & Qt::CopyAction) && offersDropItems(*event.mimeData());
-}
-
 void acceptCopy(QDropEvent& event)
 {
     event.setDropAction(Qt::CopyAction);
@@ -54,7 +47,8 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     : QWidget(parent)
     , m_store(services.store)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash)
-    , m_dropHandler(services.store, services.queue)
+    , m_dropHandler(services.store, services.queue, services.transfers)
+    , m_readDrop(services.readDrop)
     , m_runDrag(services.runDrag)
     , m_content(new QStackedLayout)
     , m_emptyState(new EmptyShelfView)
@@ -166,6 +160,13 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
         onDragOutEnded();
 }
 
+// Other programs' sources delete what they believe to be moved, so nothing but a copy is ever taken.
+bool ShelfView::canTake(const QDropEvent& event) const
+{
+    const bool isOwnItem = event.source() != nullptr;
+    return !isOwnItem && (event.possibleActions() & Qt::CopyAction) && offersDropItems(*m_readDrop(*event.mimeData()));
+}
+
 void ShelfView::setDropTarget(bool isDropTarget)
 {
     if (std::exchange(m_isDropTarget, isDropTarget) == isDropTarget)
@@ -205,7 +206,11 @@ void ShelfView::dropEvent(QDropEvent* event)
         event->ignore();
         return;
     }
-    m_dropHandler.handleDrop(dropItems(*event->mimeData()));
+    CapturedDrop drop = captureDrop(*m_readDrop(*event->mimeData()));
+    if (drop.transferKey.isEmpty())
+        m_dropHandler.handleDrop(std::move(drop.items));
+    else
+        m_dropHandler.handleTransfer(drop.transferKey, std::move(drop.items));
     acceptCopy(*event);
 }
 

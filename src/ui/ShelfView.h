@@ -2,6 +2,7 @@
 
 #include "DragSession.h"
 #include "DropHandler.h"
+#include "DropPayload.h"
 #include "ShelfItemActions.h"
 #include "TileMetrics.h"
 
@@ -9,8 +10,10 @@
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
+class QMimeData;
 class QStackedLayout;
 
 namespace nookle {
@@ -20,6 +23,9 @@ class MainQueue;
 class PanelPinning;
 class ShelfItemView;
 class TileList;
+
+/// Makes a drop readable: what the toolkit hands over, or what the display server offers.
+using DropReader = std::function<std::unique_ptr<DropPayload>(const QMimeData&)>;
 
 /// The panel's content: the header with its pin, and the tiles of the shelf or the hint that it is empty. Shows what
 /// the store holds and changes it only through the store. Everything that it is given must outlive it.
@@ -37,7 +43,9 @@ public:
         Workspace& workspace;
         Pasteboard& pasteboard;
         Trash& trash;
+        FileTransfers& transfers;
         MainQueue& queue;
+        DropReader readDrop;
         DragRunner runDrag = runDragSession;
     };
 
@@ -68,6 +76,7 @@ private:
     void setUpLayout(PanelPinning& pinning);
     void setUpTiles();
     void showItems();
+    [[nodiscard]] bool canTake(const QDropEvent& event) const;
     void setDropTarget(bool isDropTarget);
     void setHovered(const std::optional<QUuid>& id);
     void itemHovered(const QUuid& id, bool isInside);
@@ -76,6 +85,7 @@ private:
     ShelfStore& m_store;
     ShelfItemActions m_actions;
     DropHandler m_dropHandler;
+    DropReader m_readDrop;
     DragRunner m_runDrag;
     TileMetrics m_metrics;
     QStackedLayout* m_content;

@@ -2,6 +2,7 @@
 
 #include "EmptyShelfView.h"
 #include "FakeFileReferences.h"
+#include "FakeFileTransfers.h"
 #include "FakeLinkMetadataService.h"
 #include "FakeMainQueue.h"
 #include "FakePasteboard.h"
@@ -10,6 +11,7 @@
 #include "FakeWorkspace.h"
 #include "FileUrl.h"
 #include "ItemInteractionView.h"
+#include "MimeDropPayload.h"
 #include "PanelPinning.h"
 #include "PinButton.h"
 #include "ShelfItemView.h"
@@ -45,11 +47,14 @@ struct Fixture {
     FakeLinkMetadataService metadata;
     FakeWorkspace workspace;
     FakePasteboard pasteboard;
+    FakeFileTransfers transfers;
     PanelPinning pinning{ defaults };
     ShelfStore store{
         fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash, metadata, queue
     };
-    ShelfView view{ ShelfView::Services{ store, pinning, workspace, pasteboard, trash, queue } };
+    ShelfView view{ ShelfView::Services{
+        store, pinning, workspace, pasteboard, trash, transfers, queue,
+        [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); } } };
 
     Fixture()
     {

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "Displays.h"
+#include "DropPayload.h"
 #include "InputMonitor.h"
 #include "PanelWindow.h"
 #include "Pointer.h"
 
 #include <memory>
 
+class QMimeData;
 class QWindow;
 
 namespace nookle {
@@ -19,6 +21,10 @@ public:
     [[nodiscard]] virtual const Displays& displays() const = 0;
     [[nodiscard]] virtual const Pointer& pointer() const = 0;
     [[nodiscard]] virtual InputMonitor& inputMonitor() = 0;
+
+    /// Makes the drag readable that is over a window of this program, or was just dropped there; `data` is the
+    /// toolkit's view of it, and must outlive the payload.
+    [[nodiscard]] virtual std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) = 0;
 
     /// Makes a window of the toolkit the shelf's panel, with its left corners rounded. `window` has been created, has
     /// not been shown, and must outlive the panel.

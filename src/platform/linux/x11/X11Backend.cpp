@@ -1,6 +1,7 @@
 #include "X11Backend.h"
 
 #include "X11Displays.h"
+#include "X11Drops.h"
 #include "X11InputMonitor.h"
 #include "X11PanelWindow.h"
 #include "X11Pointer.h"
@@ -33,10 +34,16 @@ X11Backend::X11Backend()
     , m_displays(std::make_unique<X11Displays>(m_connection, rootWindow(m_connection)))
     , m_pointer(std::make_unique<X11Pointer>(m_connection, rootWindow(m_connection)))
     , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
+    , m_drops(std::make_unique<X11Drops>(m_connection))
 {
 }
 
 X11Backend::~X11Backend() = default;
+
+std::unique_ptr<DropPayload> X11Backend::dropPayload(const QMimeData& /*data*/)
+{
+    return m_drops->payload();
+}
 
 std::unique_ptr<PanelWindow> X11Backend::makePanelWindow(QWindow& window, double cornerRadius)
 {

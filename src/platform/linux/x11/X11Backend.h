@@ -6,6 +6,8 @@ struct xcb_connection_t;
 
 namespace nookle {
 
+class X11Drops;
+
 /// Everything that goes through the X server, on the toolkit's connection to it.
 class X11Backend final : public DesktopBackend {
 public:
@@ -19,6 +21,7 @@ public:
     [[nodiscard]] const Displays& displays() const override { return *m_displays; }
     [[nodiscard]] const Pointer& pointer() const override { return *m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
+    [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
@@ -26,6 +29,7 @@ private:
     std::unique_ptr<Displays> m_displays;
     std::unique_ptr<Pointer> m_pointer;
     std::unique_ptr<InputMonitor> m_inputMonitor;
+    std::unique_ptr<X11Drops> m_drops;
 };
 
 } // namespace nookle

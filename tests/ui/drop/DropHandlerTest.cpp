@@ -2,6 +2,7 @@
 
 #include "FakeDropItem.h"
 #include "FakeFileReferences.h"
+#include "FakeFileTransfers.h"
 #include "FakeLinkMetadataService.h"
 #include "FakeMainQueue.h"
 #include "FakeTrash.h"
@@ -36,6 +37,9 @@ private Q_SLOTS:
     void anAddressThatIsNoUrlIsLeftOut();
     void textIsHandedOverUnchanged();
     void aDropWhoseHandlerIsGoneTouchesNothing();
+    void filesThatASandboxHandsOverTakeThePlaceOfItsOwnNamesForThem();
+    void aTransferThatFailsLeavesTheSourcesOwnNames();
+    void aTransferThatEndsAfterTheHandlerTouchesNothing();
 
 private:
     struct Shelf {
@@ -44,6 +48,7 @@ private:
         FakeFileReferences references;
         FakeTrash trash;
         FakeLinkMetadataService metadata;
+        FakeFileTransfers transfers;
         ShelfStore store{
             fileUrl(directory.path().toUtf8() + "/Nookle"), environment(), references, trash, metadata, queue
         };
@@ -57,9 +62,9 @@ private:
         return environment;
     }
 
-    template <typename... Items> static DropHandler::DropItems drop(Items... items)
+    template <typename... Items> static DropItems drop(Items... items)
     {
-        DropHandler::DropItems list;
+        DropItems list;
         (list.push_back(std::make_unique<FakeDropItem>(std::move(items))), ...);
         return list;
     }
@@ -96,7 +101,7 @@ private:
         return names;
     }
 
-    void handle(DropHandler::DropItems items)
+    void handle(DropItems items)
     {
         QVERIFY(handler->handleDrop(std::move(items)));
         shelf->queue.runPosted();
@@ -110,7 +115,7 @@ void DropHandlerTest::init()
 {
     handler.reset();
     shelf = std::make_unique<Shelf>();
-    handler = std::make_unique<DropHandler>(shelf->store, shelf->queue);
+    handler = std::make_unique<DropHandler>(shelf->store, shelf->queue, shelf->transfers);
 }
 
 void DropHandlerTest::threeFilesAreAddedInOneCallInDropOrder()
@@ -220,6 +225,37 @@ void DropHandlerTest::aDropWhoseHandlerIsGoneTouchesNothing()
 {
     QVERIFY(handler->handleDrop(drop(text(QStringLiteral("words")))));
     handler.reset();
+    shelf->queue.runPosted();
+    QVERIFY(shelf->store.items().isEmpty());
+}
+
+void DropHandlerTest::filesThatASandboxHandsOverTakeThePlaceOfItsOwnNamesForThem()
+{
+    QVERIFY(handler->handleTransfer("key", drop(file(QStringLiteral("file:///run/flatpak/doc/a")))));
+    QVERIFY(shelf->store.items().isEmpty());
+    QCOMPARE(shelf->transfers.retrieved, QList<QByteArray>{ "key" });
+    shelf->transfers.finish(0, QList<QUrl>{ fileUrl("/home/a"), fileUrl("/home/b") });
+    shelf->queue.runPosted();
+    QCOMPARE(names(), QStringList({ QStringLiteral("a"), QStringLiteral("b") }));
+    QCOMPARE(shelf->store.fileURLs().value(shelf->store.items().first().id), fileUrl("/home/a"));
+}
+
+void DropHandlerTest::aTransferThatFailsLeavesTheSourcesOwnNames()
+{
+    for (const auto& answer : { std::optional<QList<QUrl>>(), std::optional(QList<QUrl>()) }) {
+        init();
+        QVERIFY(handler->handleTransfer("key", drop(file(QStringLiteral("file:///a")))));
+        shelf->transfers.finish(0, answer);
+        shelf->queue.runPosted();
+        QCOMPARE(names(), QStringList{ QStringLiteral("a") });
+    }
+}
+
+void DropHandlerTest::aTransferThatEndsAfterTheHandlerTouchesNothing()
+{
+    QVERIFY(handler->handleTransfer("key", drop(file(QStringLiteral("file:///a")))));
+    handler.reset();
+    shelf->transfers.finish(0, QList<QUrl>{ fileUrl("/home/a") });
     shelf->queue.runPosted();
     QVERIFY(shelf->store.items().isEmpty());
 }

@@ -1,21 +1,23 @@
 #pragma once
 
-#include "DropItem.h"
+#include "DropCapture.h"
 #include "MainQueue.h"
 
+#include <QList>
+#include <QUrl>
+
 #include <memory>
-#include <vector>
+#include <optional>
 
 namespace nookle {
 
+class FileTransfers;
 class ShelfStore;
 
-/// Decides what each element of a drop becomes on the shelf. Borrows the store and the queue. Main thread only.
+/// Decides what each element of a drop becomes on the shelf. Borrows everything. Main thread only.
 class DropHandler final {
 public:
-    using DropItems = std::vector<std::unique_ptr<DropItem>>;
-
-    DropHandler(ShelfStore& store, MainQueue& queue);
+    DropHandler(ShelfStore& store, MainQueue& queue, FileTransfers& transfers);
     ~DropHandler();
     DropHandler(const DropHandler&) = delete;
     DropHandler& operator=(const DropHandler&) = delete;
@@ -24,11 +26,15 @@ public:
     /// always accepted, whatever it turns out to hold.
     bool handleDrop(DropItems items);
 
+    /// The same for the files that a sandboxed source hands over under `key`; for `items` when it hands over none.
+    bool handleTransfer(const QByteArray& key, DropItems items);
+
 private:
     class Drop;
 
     ShelfStore& m_store;
     MainQueue& m_queue;
+    FileTransfers& m_transfers;
     /// Work that is still queued looks here whether the handler lives.
     std::shared_ptr<DropHandler*> m_self;
 };

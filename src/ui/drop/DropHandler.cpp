@@ -1,5 +1,6 @@
 #include "DropHandler.h"
 
+#include "FileTransfers.h"
 #include "FileUrl.h"
 #include "ShelfStore.h"
 
@@ -80,9 +81,10 @@ private:
     QList<QUrl> m_files;
 };
 
-DropHandler::DropHandler(ShelfStore& store, MainQueue& queue)
+DropHandler::DropHandler(ShelfStore& store, MainQueue& queue, FileTransfers& transfers)
     : m_store(store)
     , m_queue(queue)
+    , m_transfers(transfers)
     , m_self(std::make_shared<DropHandler*>(this))
 {
 }
@@ -91,8 +93,7 @@ DropHandler::~DropHandler() = default;
 
 bool DropHandler::handleDrop(DropItems items)
 {
-    const auto shared = std::make_shared<DropItems>(std::move(items));
-    m_queue.post([weakSelf = std::weak_ptr(m_self), shared] {
+    m_queue.post([weakSelf = std::weak_ptr(m_self), shared = std::make_shared<DropItems>(std::move(items))] {
         const auto self = weakSelf.lock();
         if (!self)
             return;
@@ -100,6 +101,21 @@ bool DropHandler::handleDrop(DropItems items)
         for (const auto& item : *shared)
             drop.take(*item);
         drop.addFiles();
+    });
+    return true;
+}
+
+bool DropHandler::handleTransfer(const QByteArray& key, DropItems items)
+{
+    const auto shared = std::make_shared<DropItems>(std::move(items));
+    m_transfers.retrieve(key, [weakSelf = std::weak_ptr(m_self), shared](std::optional<QList<QUrl>> files) {
+        const auto self = weakSelf.lock();
+        if (!self)
+            return;
+        if (files && !files->isEmpty())
+            (*self)->m_store.addFiles(*files);
+        else
+            (*self)->handleDrop(std::move(*shared));
     });
     return true;
 }

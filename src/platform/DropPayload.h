@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+namespace nookle {
+
+/// What the source of a drop offers. It can be read only while the drop is being handled. Main thread only.
+class DropPayload {
+public:
+    virtual ~DropPayload() = default;
+
+    /// The names of the formats in the source's order. Costs the source nothing.
+    [[nodiscard]] virtual QStringList formats() const = 0;
+
+    /// The bytes in that format; empty when the source does not deliver them, or not within the limits of size and of
+    /// time that hold for the whole drop.
+    [[nodiscard]] virtual QByteArray data(const QString& format) const = 0;
+
+    /// The name that the source suggests for a file of what it carries, in bytes of any encoding; empty when it
+    /// suggests none.
+    [[nodiscard]] virtual QByteArray suggestedName() const = 0;
+};
+
+} // namespace nookle

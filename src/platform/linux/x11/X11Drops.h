@@ -1,0 +1,53 @@
+#pragma once
+
+#include "DropPayload.h"
+
+#include <QAbstractNativeEventFilter>
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+struct xcb_client_message_event_t;
+struct xcb_connection_t;
+
+namespace nookle {
+
+class X11SelectionReader;
+
+/// The drag of another program over this one's windows, as the server tells it. It must outlive the payloads that it
+/// hands out. Main thread only.
+class X11Drops final : private QAbstractNativeEventFilter {
+public:
+    explicit X11Drops(xcb_connection_t* connection);
+    ~X11Drops() override;
+
+    /// The drag that is over a window, or was just dropped there. Its bytes can be read for less than a second in all:
+    /// some sources give a drop up that takes longer.
+    [[nodiscard]] std::unique_ptr<DropPayload> payload();
+
+private:
+    class Payload;
+
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+    void enter(const xcb_client_message_event_t& event);
+    [[nodiscard]] const QStringList& formats();
+    [[nodiscard]] QByteArray suggestedName() const;
+    [[nodiscard]] X11SelectionReader* reader();
+
+    xcb_connection_t* m_connection;
+    std::uint32_t m_enter;
+    std::uint32_t m_position;
+    std::uint32_t m_drop;
+    std::uint32_t m_selection;
+
+    std::uint32_t m_source = 0;
+    std::uint32_t m_time = 0;
+    /// As the source announced them; its window holds a longer list.
+    std::vector<std::uint32_t> m_announced;
+    bool m_hasMore = false;
+    QStringList m_formats;
+    std::unique_ptr<X11SelectionReader> m_reader;
+};
+
+} // namespace nookle

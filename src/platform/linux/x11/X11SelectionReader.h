@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QByteArray>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+struct xcb_connection_t;
+
+namespace nookle {
+
+/// Reads what the owner of a selection offers, on a connection of its own, so that it can give up at any moment: the
+/// toolkit would wait five seconds for each format that a source does not deliver. Blocks. Main thread only.
+class X11SelectionReader final {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    /// Connects to the server that the environment names. Null when that fails.
+    [[nodiscard]] static std::unique_ptr<X11SelectionReader> tryCreate();
+
+    /// The selection `selection`, converted to `target`; both are atoms, `time` is the server's. Nothing when the owner
+    /// refuses, delivers more than `maximumSize` bytes, or is not done at `deadline`.
+    [[nodiscard]] std::optional<QByteArray> read(std::uint32_t selection, std::uint32_t target, std::uint32_t time,
+                                                 qsizetype maximumSize, Clock::time_point deadline);
+
+private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const;
+    };
+    class Requestor;
+
+    explicit X11SelectionReader(xcb_connection_t* connection);
+
+    [[nodiscard]] bool waitForData(const Requestor& requestor, Clock::time_point deadline);
+    [[nodiscard]] bool waitForMore(const Requestor& requestor, Clock::time_point deadline);
+    template <typename Matches> [[nodiscard]] bool waitForEvent(Clock::time_point deadline, Matches matches);
+    /// Takes the property away; nothing when it is larger than `maximumSize`.
+    [[nodiscard]] std::optional<QByteArray> take(const Requestor& requestor, qsizetype maximumSize);
+    [[nodiscard]] std::optional<QByteArray> readInPieces(const Requestor& requestor, qsizetype maximumSize,
+                                                         Clock::time_point deadline);
+
+    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    std::uint32_t m_root = 0;
+    std::uint32_t m_property = 0;
+    std::uint32_t m_pieces = 0;
+    /// Of what was taken last.
+    std::uint32_t m_takenType = 0;
+};
+
+} // namespace nookle

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace nookle {
+
+class DropPayload;
+
+/// The address of a dropped file or page, in ASCII.
+struct DroppedAddress {
+    QString url;
+    /// Of the page, if the source told it; never empty, and without white space around it.
+    std::optional<QString> title;
+
+    [[nodiscard]] bool isFile() const;
+};
+
+/// Whether a format carries addresses.
+[[nodiscard]] bool isAddressFormat(const QString& format);
+
+/// The addresses of a drop in the source's order, without titles. What has no scheme is none.
+[[nodiscard]] std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload);
+
+/// The title of the page at `url`, which is the drop's only address.
+[[nodiscard]] std::optional<QString> loadDropTitle(const DropPayload& payload, const QString& url);
+
+} // namespace nookle

@@ -1,0 +1,103 @@
+#include "DropImage.h"
+
+#include "DropPayload.h"
+#include "DropText.h"
+
+#include <QMimeDatabase>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace nookle {
+
+namespace {
+
+/// The name of a format without its parameters.
+[[nodiscard]] QString typeOf(const QString& format)
+{
+    return format.section(QLatin1Char(';'), 0, 0).trimmed().toLower();
+}
+
+[[nodiscard]] bool isNamedImage(const QString& format)
+{
+    return typeOf(format).startsWith(QLatin1String("image/"));
+}
+
+[[nodiscard]] bool isUnnamed(const QString& format)
+{
+    return typeOf(format) == QLatin1String("application/octet-stream");
+}
+
+/// The formats that are taken before any other, the best one first.
+[[nodiscard]] QStringList preferredTypes()
+{
+    return { QStringLiteral("image/png"), QStringLiteral("image/jpeg"), QStringLiteral("image/gif"),
+             QStringLiteral("image/heic"), QStringLiteral("image/webp") };
+}
+
+[[nodiscard]] qsizetype rank(const QString& format)
+{
+    const QStringList preferred = preferredTypes();
+    const qsizetype index = preferred.indexOf(typeOf(format));
+    return index < 0 ? preferred.size() : index;
+}
+
+/// A browser's name for what it drags stands in one of several places.
+[[nodiscard]] QString suggestedName(const DropPayload& payload, const QString& format)
+{
+    if (const QByteArray name = payload.suggestedName(); !name.isEmpty())
+        return decodeText(name, QStringLiteral("text/plain"));
+    const QString promise = QStringLiteral("application/x-moz-file-promise-dest-filename");
+    if (payload.formats().contains(promise))
+        return decodeText(payload.data(promise), QStringLiteral("text/unicode"));
+    const QString name = format.section(QStringLiteral("name="), 1).section(QLatin1Char(';'), 0, 0);
+    return QString(name).remove(QLatin1Char('"')).trimmed();
+}
+
+/// What the bytes themselves say that they are.
+[[nodiscard]] std::optional<QString> sniffedImageType(const QByteArray& bytes)
+{
+    const QString type = QMimeDatabase().mimeTypeForData(bytes).name();
+    return isNamedImage(type) ? std::optional(type) : std::nullopt;
+}
+
+[[nodiscard]] std::optional<DroppedImage> loadNamedImage(const DropPayload& payload)
+{
+    QStringList formats = payload.formats();
+    formats.removeIf([](const QString& format) { return !isNamedImage(format); });
+    std::stable_sort(formats.begin(), formats.end(),
+                     [](const QString& left, const QString& right) { return rank(left) < rank(right); });
+    for (const QString& format : std::as_const(formats)) {
+        if (QByteArray bytes = payload.data(format); !bytes.isEmpty())
+            return DroppedImage{ std::move(bytes), typeOf(format), suggestedName(payload, format) };
+    }
+    return std::nullopt;
+}
+
+[[nodiscard]] std::optional<DroppedImage> loadUnnamedImage(const DropPayload& payload)
+{
+    const QStringList formats = payload.formats();
+    const auto format = std::find_if(formats.begin(), formats.end(), isUnnamed);
+    if (format == formats.end())
+        return std::nullopt;
+    QByteArray bytes = payload.data(*format);
+    const auto type = sniffedImageType(bytes);
+    if (!type)
+        return std::nullopt;
+    return DroppedImage{ std::move(bytes), *type, suggestedName(payload, *format) };
+}
+
+} // namespace
+
+bool isImageFormat(const QString& format)
+{
+    return isNamedImage(format) || isUnnamed(format);
+}
+
+std::optional<DroppedImage> loadDropImage(const DropPayload& payload)
+{
+    auto image = loadNamedImage(payload);
+    return image ? image : loadUnnamedImage(payload);
+}
+
+} // namespace nookle
