@@ -8,14 +8,30 @@ set(may_see_triggers "triggers;platform")
 set(may_see_ui/drop "ui/drop;shelf;platform")
 set(may_see_ui "ui;ui/drop;panel;shelf;platform")
 set(may_see_platform/linux "platform/linux;platform")
+set(may_see_decode "decode;platform/linux;platform")
 set(may_see_platform/linux/desktop "platform/linux/desktop;platform/linux/x11;platform")
+set(may_see_platform/linux/pictures "platform/linux/pictures;platform/linux;platform;decode")
 set(may_see_platform/linux/x11 "platform/linux/x11;platform/linux/desktop;platform")
 
 set(display_headers "xcb/|X11/|wayland|QtGui/private")
 set(may_name_display_servers "platform/linux/x11")
 set(checked 0)
 
-foreach(layer platform shelf panel triggers ui ui/drop platform/linux platform/linux/desktop platform/linux/x11)
+# One folder a line, so that a new one is one more line.
+set(layers
+    platform
+    shelf
+    panel
+    triggers
+    ui
+    ui/drop
+    decode
+    platform/linux
+    platform/linux/desktop
+    platform/linux/pictures
+    platform/linux/x11)
+
+foreach(layer IN LISTS layers)
     file(GLOB files "${SOURCE_FOLDER}/${layer}/*.h" "${SOURCE_FOLDER}/${layer}/*.cpp")
     foreach(file IN LISTS files)
         file(STRINGS "${file}" includes REGEX "^#include ")

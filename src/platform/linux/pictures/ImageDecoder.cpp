@@ -1,0 +1,225 @@
+#include "ImageDecoder.h"
+
+#include "Log.h"
+#include "MainQueue.h"
+#include "Sandbox.h"
+
+#include <utility>
+
+namespace nookle {
+
+struct ImageDecoder::Job {
+    DecodeRequest request;
+    std::optional<RegularFile> file;
+    /// None once the result is not wanted any more.
+    Completion completion;
+};
+
+class ImageDecoder::Handle final : public Decoding {
+public:
+    Handle(std::weak_ptr<ImageDecoder*> decoder, std::shared_ptr<Job> job)
+        : m_decoder(std::move(decoder))
+        , m_job(std::move(job))
+    {
+    }
+    ~Handle() override
+    {
+        m_job->completion = nullptr;
+        if (const auto decoder = m_decoder.lock())
+            (*decoder)->dropCancelled();
+    }
+    Handle(const Handle&) = delete;
+    Handle& operator=(const Handle&) = delete;
+
+private:
+    std::weak_ptr<ImageDecoder*> m_decoder;
+    std::shared_ptr<Job> m_job;
+};
+
+ImageDecoder::ImageDecoder(MainQueue& queue, QString program, Confinement confinement)
+    : m_queue(queue)
+    , m_program(std::move(program))
+    , m_confinement(sandboxProgram().isEmpty() ? Confinement::none : confinement)
+    , m_self(std::make_shared<ImageDecoder*>(this))
+{
+}
+
+ImageDecoder::~ImageDecoder() = default;
+
+std::unique_ptr<Decoding> ImageDecoder::decode(DecodeRequest request, std::optional<RegularFile> file,
+                                               Completion completion)
+{
+    auto job = std::make_shared<Job>(Job{ std::move(request), std::move(file), std::move(completion) });
+    if (job->file) {
+        m_waiting.push_back(job);
+        schedulePump();
+    } else {
+        finish(job, std::nullopt);
+    }
+    return std::make_unique<Handle>(m_self, std::move(job));
+}
+
+qint64 ImageDecoder::processId() const
+{
+    return m_process ? m_process->processId() : 0;
+}
+
+void ImageDecoder::schedulePump()
+{
+    if (std::exchange(m_isPumpScheduled, true))
+        return;
+    m_queue.post([weak = std::weak_ptr(m_self)] {
+        if (const auto self = weak.lock())
+            (*self)->pump();
+    });
+}
+
+void ImageDecoder::pump()
+{
+    m_isPumpScheduled = false;
+    if (m_waiting.empty() && m_sent.empty()) {
+        if (m_process && !m_idleEnd)
+            m_idleEnd = m_queue.after(longestIdling, [this] { stopDecoder(); });
+        return;
+    }
+    m_idleEnd.reset();
+    if (m_decoder == Decoder::none)
+        startDecoder();
+    while (m_decoder == Decoder::ready && !m_waiting.empty() && m_sent.size() < mostOnTheWay)
+        sendNext();
+}
+
+void ImageDecoder::startDecoder()
+{
+    m_reader = ReplyReader();
+    m_process = std::make_unique<DecoderProcess>(m_program, m_confinement);
+    m_process->onBytes = [this](QByteArrayView bytes) { receive(bytes); };
+    m_process->onEnd = [this] { decoderEnded(); };
+    m_decoder = Decoder::starting;
+    restartLimit();
+}
+
+void ImageDecoder::sendNext()
+{
+    m_sent.push_back(std::move(m_waiting.front()));
+    m_waiting.pop_front();
+    const Job& job = *m_sent.back();
+    if (m_sent.size() == 1)
+        restartLimit();
+    if (!m_process->send(job.request, job.file->descriptor))
+        giveUpOldest();
+}
+
+void ImageDecoder::receive(QByteArrayView bytes)
+{
+    m_reader.append(bytes);
+    if (m_decoder == Decoder::starting) {
+        const auto greeting = m_reader.takeGreeting();
+        if (std::holds_alternative<ReplyReader::Incomplete>(greeting))
+            return;
+        if (std::holds_alternative<ReplyReader::Nonsense>(greeting)) {
+            giveUpStart();
+            return;
+        }
+        m_decoder = Decoder::ready;
+        m_limit.reset();
+    }
+    while (takeReply()) {}
+    schedulePump();
+}
+
+// Whether there may be another one.
+bool ImageDecoder::takeReply()
+{
+    if (m_sent.empty()) {
+        if (m_reader.hasRest())
+            stopDecoder();
+        return false;
+    }
+    auto next = m_reader.takeReply(m_sent.front()->request);
+    if (std::holds_alternative<ReplyReader::Incomplete>(next))
+        return false;
+    if (std::holds_alternative<ReplyReader::Nonsense>(next)) {
+        giveUpOldest();
+        return false;
+    }
+    const std::shared_ptr<Job> job = std::move(m_sent.front());
+    m_sent.pop_front();
+    restartLimit();
+    auto& reply = std::get<DecodeReply>(next);
+    const bool hasImage = !reply.pixels.isEmpty() || !reply.png.isEmpty();
+    finish(job, hasImage ? std::optional(std::move(reply)) : std::nullopt);
+    return true;
+}
+
+// How long the decoder has for what it does first: to start, or the oldest image.
+void ImageDecoder::restartLimit()
+{
+    m_limit.reset();
+    if (m_decoder == Decoder::starting)
+        m_limit = m_queue.after(longestDecoding, [this] { giveUpStart(); });
+    else if (!m_sent.empty())
+        m_limit = m_queue.after(longestDecoding, [this] { giveUpOldest(); });
+}
+
+void ImageDecoder::decoderEnded()
+{
+    if (m_decoder == Decoder::ready) {
+        giveUpOldest();
+        return;
+    }
+    if (m_confinement == Confinement::none) {
+        giveUpStart();
+        return;
+    }
+    logLine(QStringLiteral("the image decoder does not start in a sandbox, and runs without"));
+    m_confinement = Confinement::none;
+    stopDecoder();
+    schedulePump();
+}
+
+void ImageDecoder::stopDecoder()
+{
+    m_limit.reset();
+    m_idleEnd.reset();
+    m_process.reset();
+    m_decoder = Decoder::none;
+}
+
+void ImageDecoder::giveUpStart()
+{
+    logLine(QStringLiteral("the image decoder does not start: %1").arg(m_program));
+    stopDecoder();
+    for (const std::shared_ptr<Job>& job : std::exchange(m_waiting, {}))
+        finish(job, std::nullopt);
+}
+
+// The oldest image is the one that the decoder was at. The others come again.
+void ImageDecoder::giveUpOldest()
+{
+    stopDecoder();
+    if (!m_sent.empty()) {
+        finish(m_sent.front(), std::nullopt);
+        m_sent.pop_front();
+    }
+    m_waiting.insert(m_waiting.begin(), m_sent.begin(), m_sent.end());
+    m_sent.clear();
+    dropCancelled();
+    schedulePump();
+}
+
+void ImageDecoder::finish(const std::shared_ptr<Job>& job, std::optional<DecodeReply> reply)
+{
+    job->file.reset();
+    m_queue.post([job, reply = std::move(reply)] {
+        if (const Completion completion = std::exchange(job->completion, nullptr))
+            completion(reply);
+    });
+}
+
+void ImageDecoder::dropCancelled()
+{
+    std::erase_if(m_waiting, [](const std::shared_ptr<Job>& job) { return !job->completion; });
+}
+
+} // namespace nookle

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "DecoderProcess.h"
+#include "DecoderProtocol.h"
+#include "RegularFile.h"
+#include "ReplyReader.h"
+
+#include <QString>
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace nookle {
+
+class DelayedTask;
+class MainQueue;
+
+/// An image on its way through the decoder. Destroying it drops it: its completion is not called any more.
+class Decoding {
+public:
+    virtual ~Decoding() = default;
+};
+
+/// Has images decoded, in the order in which they come, by a process that is started when the first one comes, started
+/// again after a crash, and ended when nothing has come for a while. An image that crashes the decoder, or keeps it
+/// longer than `longestDecoding`, has no result; those behind it are not touched by that. Main thread only.
+class ImageDecoder final {
+public:
+    using Completion = std::function<void(std::optional<DecodeReply>)>;
+    using Confinement = DecoderProcess::Confinement;
+
+    /// In seconds.
+    inline static constexpr double longestDecoding = 5;
+    inline static constexpr double longestIdling = 10;
+
+    /// While one image is being decoded the next is there already, so that the decoder never waits for this process.
+    inline static constexpr std::size_t mostOnTheWay = 2;
+
+    /// `program` is the path of the decoder. Where a sandbox cannot be had, the decoder runs without.
+    ImageDecoder(MainQueue& queue, QString program, Confinement confinement = Confinement::sandbox);
+    ~ImageDecoder();
+    ImageDecoder(const ImageDecoder&) = delete;
+    ImageDecoder& operator=(const ImageDecoder&) = delete;
+
+    /// Does what `request` asks with the image in `file`. `completion` is called once, on the main thread and after
+    /// this call has returned, with nothing when there is no image; also when there is no file.
+    [[nodiscard]] std::unique_ptr<Decoding> decode(DecodeRequest request, std::optional<RegularFile> file,
+                                                   Completion completion);
+
+    /// The process that decodes, or that confines the one that does; 0 when there is none.
+    [[nodiscard]] qint64 processId() const;
+
+private:
+    struct Job;
+    class Handle;
+
+    enum class Decoder { none, starting, ready };
+
+    void schedulePump();
+    void pump();
+    void startDecoder();
+    void sendNext();
+    void receive(QByteArrayView bytes);
+    bool takeReply();
+    void restartLimit();
+    void decoderEnded();
+    void stopDecoder();
+    void giveUpStart();
+    void giveUpOldest();
+    void finish(const std::shared_ptr<Job>& job, std::optional<DecodeReply> reply);
+    void dropCancelled();
+
+    MainQueue& m_queue;
+    QString m_program;
+    Confinement m_confinement;
+    Decoder m_decoder = Decoder::none;
+    std::deque<std::shared_ptr<Job>> m_waiting;
+    /// What the decoder has been asked and has not answered, the oldest first.
+    std::deque<std::shared_ptr<Job>> m_sent;
+    std::unique_ptr<DecoderProcess> m_process;
+    ReplyReader m_reader;
+    std::unique_ptr<DelayedTask> m_limit;
+    std::unique_ptr<DelayedTask> m_idleEnd;
+    bool m_isPumpScheduled = false;
+    /// Expires with this object, for what is still in the queue then.
+    std::shared_ptr<ImageDecoder*> m_self;
+};
+
+} // namespace nookle

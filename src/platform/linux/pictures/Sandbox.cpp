@@ -1,0 +1,47 @@
+#include "Sandbox.h"
+
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace nookle {
+
+namespace {
+
+// Folders that are links into /usr on one system and folders of their own on the other.
+void addSystemFolder(QStringList& arguments, const QString& folder)
+{
+    const QFileInfo info(folder);
+    if (info.isSymLink())
+        arguments << QStringLiteral("--symlink") << info.symLinkTarget() << folder;
+    else if (info.isDir())
+        arguments << QStringLiteral("--ro-bind") << folder << folder;
+}
+
+} // namespace
+
+QStringList sandboxArguments()
+{
+    QStringList arguments{ QStringLiteral("--unshare-all"), QStringLiteral("--die-with-parent"),
+                           QStringLiteral("--new-session") };
+    for (const char* folder : { "/usr", "/bin", "/sbin", "/lib", "/lib32", "/lib64" })
+        addSystemFolder(arguments, QString::fromLatin1(folder));
+    for (const char* path : { "/etc/alternatives", "/etc/fonts", "/etc/ld.so.cache", "/var/cache/fontconfig" }) {
+        const QString name = QString::fromLatin1(path);
+        arguments << QStringLiteral("--ro-bind-try") << name << name;
+    }
+    arguments << QStringLiteral("--proc") << QStringLiteral("/proc");
+    arguments << QStringLiteral("--dev") << QStringLiteral("/dev");
+    arguments << QStringLiteral("--tmpfs") << QStringLiteral("/tmp");
+    arguments << QStringLiteral("--chdir") << QStringLiteral("/");
+    for (const char* name : { "DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY" })
+        arguments << QStringLiteral("--unsetenv") << QString::fromLatin1(name);
+    arguments << QStringLiteral("--setenv") << QStringLiteral("HOME") << QStringLiteral("/tmp");
+    return arguments;
+}
+
+QString sandboxProgram()
+{
+    return QStandardPaths::findExecutable(QStringLiteral("bwrap"));
+}
+
+} // namespace nookle

@@ -1,0 +1,4 @@
+#include <QTest>
+class ReplyReaderTest : public QObject { Q_OBJECT };
+QTEST_GUILESS_MAIN(ReplyReaderTest)
+#include "ReplyReaderTest.moc"
