@@ -58,8 +58,8 @@ private:
 std::optional<QByteArray> DecoderImageConverterTest::converted(const ImageConverter::Source& source, int maximumSide)
 {
     std::optional<std::optional<QByteArray>> result;
-    const auto conversion
-        = m_converter.convertToPng(source, maximumSide, [&result](std::optional<QByteArray> png) { result = png; });
+    const auto conversion =
+        m_converter.convertToPng(source, maximumSide, [&result](std::optional<QByteArray> png) { result = png; });
     const auto isDone = [this, &result] {
         m_queue.runPosted();
         return result.has_value();
@@ -123,8 +123,8 @@ void DecoderImageConverterTest::drawingWithTextBecomesPng()
 void DecoderImageConverterTest::drawingShowsImagesWithinIt()
 {
     const QByteArray data = encoded(plainImage(2, 2, Qt::blue), "png").toBase64();
-    const QImage result
-        = image(drawing(R"(<image width="20" height="10" xlink:href="data:image/png;base64,)" + data + R"("/>)"));
+    const QImage result =
+        image(drawing(R"(<image width="20" height="10" xlink:href="data:image/png;base64,)" + data + R"("/>)"));
     QCOMPARE(result.pixelColor(10, 5), QColor(Qt::blue));
 }
 
@@ -148,9 +148,9 @@ void DecoderImageConverterTest::drawingReachesNoOtherFile()
                          isConfined ? ImageDecoder::Confinement::sandbox : ImageDecoder::Confinement::none);
     DecoderImageConverter converter(decoder);
     std::optional<QByteArray> png;
-    const auto conversion = converter.convertToPng(
-        drawing(R"(<image width="20" height="10" xlink:href=")" + before + path + R"("/>)"), 100,
-        [&png](const std::optional<QByteArray>& result) { png = result.value_or("none"); });
+    const auto conversion =
+        converter.convertToPng(drawing(R"(<image width="20" height="10" xlink:href=")" + before + path + R"("/>)"), 100,
+                               [&png](const std::optional<QByteArray>& result) { png = result.value_or("none"); });
     QTRY_VERIFY((m_queue.runPosted(), png));
     QCOMPARE(QImage::fromData(*png).pixelColor(10, 5).alpha(), 0);
 }

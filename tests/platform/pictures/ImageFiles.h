@@ -52,8 +52,8 @@ namespace nookle {
     const qsizetype rowBytes = 1 + (side + 7) / 8;
     // What goes before the compressed bytes is the length, which PNG does without.
     const QByteArray pixels = qCompress(QByteArray(rowBytes * side, '\0')).mid(sizeof(quint32));
-    const QByteArray header = bigEndian(static_cast<quint32>(side)) + bigEndian(static_cast<quint32>(side))
-        + QByteArray("\x01\0\0\0\0", 5);
+    const QByteArray header =
+        bigEndian(static_cast<quint32>(side)) + bigEndian(static_cast<quint32>(side)) + QByteArray("\x01\0\0\0\0", 5);
     return QByteArray("\x89PNG\r\n\x1a\n") + pngChunk("IHDR", header) + pngChunk("IDAT", pixels) + pngChunk("IEND", {});
 }
 

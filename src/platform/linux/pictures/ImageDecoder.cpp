@@ -117,12 +117,14 @@ void ImageDecoder::receive(QByteArrayView bytes)
         const auto greeting = m_reader.takeGreeting();
         if (std::holds_alternative<ReplyReader::Incomplete>(greeting))
             return;
-        if (std::holds_alternative<ReplyReader::Nonsense>(greeting)) {
+        if (std::holds_alternative<ReplyReader::Nonsense>(greeting) || m_reader.hasRest()) {
             giveUpStart();
             return;
         }
         m_decoder = Decoder::ready;
         m_limit.reset();
+        // At once: a decoder that ends before it has been asked anything would be started again and again.
+        pump();
     }
     while (takeReply()) {}
     schedulePump();
