@@ -20,6 +20,8 @@ AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std
     , m_trash(dataHome)
     , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue)
     , m_linkMetadata(m_queue)
+    , m_pictures(m_queue)
+    , m_pasteboard(m_pictures.converter())
     , m_settings(m_defaults)
     , m_dragEdgeMonitor(m_desktop->inputMonitor(), m_desktop->pointer(), m_desktop->displays())
 {
@@ -58,9 +60,9 @@ void AppDelegate::createPanel()
 void AppDelegate::createShelfView()
 {
     const auto readDrop = [this](const QMimeData& data) { return m_desktop->dropPayload(data); };
-    auto view =
-        std::make_unique<ShelfView>(ShelfView::Services{ *m_store, m_panelController->pinning(), m_workspace,
-                                                         m_pasteboard, m_trash, m_fileTransfers, m_queue, readDrop });
+    auto view = std::make_unique<ShelfView>(
+        ShelfView::Services{ *m_store, m_panelController->pinning(), m_workspace, m_pasteboard, m_trash,
+                             m_fileTransfers, m_pictures.thumbnails(), m_desktop->compositing(), m_queue, readDrop });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };

@@ -10,6 +10,7 @@
 #include "NoLinkMetadata.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
+#include "Pictures.h"
 #include "PortalFileTransfers.h"
 #include "QtMainQueue.h"
 #include "SettingsUserDefaults.h"
@@ -55,6 +56,7 @@ private:
     GioTrash m_trash;
     LinuxFileReferences m_fileReferences;
     NoLinkMetadata m_linkMetadata;
+    Pictures m_pictures;
     ClipboardPasteboard m_pasteboard;
     DesktopWorkspace m_workspace;
     PortalFileTransfers m_fileTransfers;

@@ -1,8 +1,9 @@
 #include "EmptyShelfView.h"
 
+#include "Colors.h"
+#include "Fonts.h"
 #include "Symbol.h"
 
-#include <QFontDatabase>
 #include <QPainter>
 
 namespace nookle {
@@ -18,14 +19,14 @@ inline constexpr int symbolSize = 34;
 EmptyShelfView::EmptyShelfView(QWidget* parent)
     : QWidget(parent)
 {
-    setFont(QFontDatabase::systemFont(QFontDatabase::SmallestReadableFont));
+    setFont(captionFont());
     setAccessibleName(tr("Drop here"));
 }
 
 void EmptyShelfView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
-    const QColor color = palette().color(QPalette::PlaceholderText);
+    const QColor color = secondaryColor(palette());
     const QRect area = rect().adjusted(padding, padding, -padding, -padding);
     const QString text = tr("Drop here");
     const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
@@ -33,7 +34,7 @@ void EmptyShelfView::paintEvent(QPaintEvent* /*event*/)
     const int top = area.center().y() - (symbolSize + spacing + textHeight) / 2;
 
     const QRect symbol(area.center().x() - symbolSize / 2, top, symbolSize, symbolSize);
-    drawSymbol(painter, Symbol::tray, symbol, color);
+    drawSymbol(painter, Symbol::tray, SymbolWeight::light, symbol, color);
     painter.setPen(color);
     painter.drawText(QRect(area.left(), symbol.bottom() + 1 + spacing, area.width(), textHeight), flags, text);
 }

@@ -11,6 +11,7 @@ PanelContentView::PanelContentView()
 {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_AlwaysShowToolTips);
+    setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(QStringLiteral("Nookle"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -1,5 +1,6 @@
 #include "PinButton.h"
 
+#include "Colors.h"
 #include "PanelPinning.h"
 #include "Symbol.h"
 
@@ -42,8 +43,9 @@ void PinButton::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     QRectF box(0, 0, symbolSize, symbolSize);
     box.moveCenter(QRectF(rect()).center());
-    const QPalette::ColorRole role = m_pinning.isPinned() ? QPalette::Highlight : QPalette::PlaceholderText;
-    drawSymbol(painter, m_pinning.isPinned() ? Symbol::pinFill : Symbol::pin, box, palette().color(role));
+    const bool isPinned = m_pinning.isPinned();
+    drawSymbol(painter, isPinned ? Symbol::pinFill : Symbol::pin, SymbolWeight::medium, box,
+               isPinned ? accentColor(palette()) : secondaryColor(palette()));
 }
 
 } // namespace nookle

@@ -1,6 +1,9 @@
 #include "ShelfItemActions.h"
 
+#include "Colors.h"
+#include "Favicon.h"
 #include "FileIcon.h"
+#include "FileMimeData.h"
 #include "FileUrl.h"
 #include "Log.h"
 #include "Overloaded.h"
@@ -10,7 +13,7 @@
 #include "Trash.h"
 #include "Workspace.h"
 
-#include <QImageReader>
+#include <QGuiApplication>
 #include <QPainter>
 
 #include <filesystem>
@@ -27,7 +30,7 @@ inline constexpr int pictureSize = 104;
     QPixmap picture(pictureSize, pictureSize);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    drawSymbol(painter, symbol, picture.rect(), Qt::gray);
+    drawSymbol(painter, symbol, SymbolWeight::light, picture.rect(), secondaryColor(QGuiApplication::palette()));
     return picture;
 }
 
@@ -35,21 +38,6 @@ inline constexpr int pictureSize = 104;
 {
     const QPixmap picture = fileIcon(file).pixmap(pictureSize);
     return picture.isNull() ? symbolPicture(Symbol::document) : picture;
-}
-
-[[nodiscard]] std::optional<QPixmap> imagePicture(const QUrl& file)
-{
-    QImageReader reader(file.toLocalFile());
-    reader.setScaledSize(reader.size().scaled(pictureSize, pictureSize, Qt::KeepAspectRatio));
-    const QImage image = reader.read();
-    return image.isNull() ? std::nullopt : std::optional(QPixmap::fromImage(image));
-}
-
-[[nodiscard]] std::unique_ptr<QMimeData> fileData(const QUrl& file)
-{
-    auto data = std::make_unique<QMimeData>();
-    data->setUrls({ file });
-    return data;
 }
 
 [[nodiscard]] std::unique_ptr<QMimeData> linkData(const LinkContent& link)
@@ -73,11 +61,13 @@ inline constexpr int pictureSize = 104;
 
 } // namespace
 
-ShelfItemActions::ShelfItemActions(ShelfStore& store, Workspace& workspace, Pasteboard& pasteboard, Trash& trash)
+ShelfItemActions::ShelfItemActions(ShelfStore& store, Workspace& workspace, Pasteboard& pasteboard, Trash& trash,
+                                   FileTransfers& transfers)
     : m_store(store)
     , m_workspace(workspace)
     , m_pasteboard(pasteboard)
     , m_trash(trash)
+    , m_transfers(transfers)
 {
 }
 
@@ -160,7 +150,7 @@ void ShelfItemActions::copyToPasteboard(const ShelfItem& item) const
                item.content);
 }
 
-std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item) const
+std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const QPixmap& thumbnail) const
 {
     if (const auto* text = std::get_if<TextContent>(&item.content)) {
         auto data = std::make_unique<QMimeData>();
@@ -169,15 +159,15 @@ std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item) const
     }
     if (const auto* link = std::get_if<LinkContent>(&item.content)) {
         const auto icon = m_store.iconURL(item);
-        const auto picture = icon ? imagePicture(*icon) : std::nullopt;
-        return DragItem{ linkData(*link), picture ? *picture : symbolPicture(Symbol::link) };
+        const QPixmap picture = icon ? loadFavicon(*icon) : QPixmap();
+        return DragItem{ linkData(*link), picture.isNull() ? symbolPicture(Symbol::link) : picture };
     }
     const std::optional<QUrl> localURL = m_store.localURL(item);
     if (!localURL)
         return std::nullopt;
     const bool isImage = std::holds_alternative<ImageContent>(item.content);
-    const auto picture = isImage ? imagePicture(*localURL) : std::nullopt;
-    return DragItem{ fileData(*localURL), picture ? *picture : iconPicture(*localURL) };
+    return DragItem{ std::make_unique<FileMimeData>(*localURL, m_transfers),
+                     isImage && !thumbnail.isNull() ? thumbnail : iconPicture(*localURL) };
 }
 
 QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL)

@@ -12,6 +12,7 @@
 
 namespace nookle {
 
+class FileTransfers;
 class Pasteboard;
 class ShelfStore;
 class Trash;
@@ -22,7 +23,8 @@ class ShelfItemActions final {
     Q_DECLARE_TR_FUNCTIONS(nookle::ShelfItemActions)
 
 public:
-    ShelfItemActions(ShelfStore& store, Workspace& workspace, Pasteboard& pasteboard, Trash& trash);
+    ShelfItemActions(ShelfStore& store, Workspace& workspace, Pasteboard& pasteboard, Trash& trash,
+                     FileTransfers& transfers);
 
     /// What other programs may do with an item of that kind when it is dragged to them.
     [[nodiscard]] static DragOperations allowedOperations(const ShelfItem& item);
@@ -37,8 +39,9 @@ public:
     /// Replaces the clipboard by the item; by nothing when its file is gone.
     void copyToPasteboard(const ShelfItem& item) const;
 
-    /// What a drag carries; nothing when the item cannot be dragged.
-    [[nodiscard]] std::optional<DragItem> dragItem(const ShelfItem& item) const;
+    /// What a drag carries; nothing when the item cannot be dragged. The picture of an image is its `thumbnail`, as
+    /// long as that is not null.
+    [[nodiscard]] std::optional<DragItem> dragItem(const ShelfItem& item, const QPixmap& thumbnail) const;
 
     [[nodiscard]] static QString toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL);
 
@@ -51,6 +54,7 @@ private:
     Workspace& m_workspace;
     Pasteboard& m_pasteboard;
     Trash& m_trash;
+    FileTransfers& m_transfers;
 };
 
 } // namespace nookle

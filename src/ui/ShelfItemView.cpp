@@ -1,7 +1,10 @@
 #include "ShelfItemView.h"
 
-#include "FileIcon.h"
+#include "Cards.h"
+#include "Colors.h"
+#include "Favicon.h"
 #include "ItemInteractionView.h"
+#include "Overloaded.h"
 #include "Symbol.h"
 
 #include <QPainter>
@@ -16,7 +19,7 @@ namespace {
 inline constexpr int padding = TileMetrics::padding;
 inline constexpr int spacing = TileMetrics::spacing;
 inline constexpr int previewSize = TileMetrics::previewSize;
-inline constexpr int symbolSize = 34;
+inline constexpr int missingSymbolSize = 36;
 inline constexpr int badgeSize = 11;
 inline constexpr int badgePadding = 5;
 inline constexpr double cornerRadius = 8;
@@ -25,12 +28,12 @@ inline constexpr double unavailableOpacity = 0.5;
 
 } // namespace
 
-ShelfItemView::ShelfItemView(QWidget* parent, const TileMetrics& metrics, DragRunner runDrag)
+ShelfItemView::ShelfItemView(QWidget* parent, const TileMetrics& metrics, Thumbnails& thumbnails, DragRunner runDrag)
     : QWidget(parent)
     , m_metrics(metrics)
+    , m_thumbnail(thumbnails, [this] { update(); })
     , m_interaction(new ItemInteractionView(this, std::move(runDrag)))
 {
-    setFont(metrics.captionFont());
 }
 
 bool ShelfItemView::isUnavailable(const ShelfItem& item, const std::optional<QUrl>& localURL)
@@ -38,14 +41,17 @@ bool ShelfItemView::isUnavailable(const ShelfItem& item, const std::optional<QUr
     return std::holds_alternative<FileContent>(item.content) && !localURL;
 }
 
-void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& localURL)
+void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& localURL,
+                            const std::optional<QUrl>& iconURL)
 {
     m_item = item;
     m_isUnavailable = isUnavailable(item, localURL);
     const bool hasFile =
         std::holds_alternative<FileContent>(item.content) || std::holds_alternative<ImageContent>(item.content);
     m_isMissing = hasFile && !localURL;
-    m_icon = localURL ? fileIcon(*localURL) : QIcon();
+    m_thumbnail.setUrl(localURL);
+    if (std::exchange(m_iconURL, iconURL) != iconURL)
+        m_icon = iconURL ? loadFavicon(*iconURL) : QPixmap();
     setAccessibleName(item.displayName());
     update();
 }
@@ -67,7 +73,7 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (m_isHovered) {
-        QColor highlight = palette().color(QPalette::WindowText);
+        QColor highlight = primaryColor(palette());
         highlight.setAlphaF(hoverOpacity);
         painter.setPen(Qt::NoPen);
         painter.setBrush(highlight);
@@ -80,29 +86,40 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
     painter.setOpacity(1);
     if (m_item.pinned) {
         const QRect badge(width() - badgePadding - badgeSize, badgePadding, badgeSize, badgeSize);
-        drawSymbol(painter, Symbol::pinFill, badge, palette().color(QPalette::Highlight));
+        drawSymbol(painter, Symbol::pinFill, SymbolWeight::semibold, badge, accentColor(palette()));
     }
 }
 
-void ShelfItemView::paintPreview(QPainter& painter, const QRect& box) const
+void ShelfItemView::paintPreview(QPainter& painter, const QRect& box)
 {
-    if (!m_icon.isNull()) {
-        m_icon.paint(&painter, box);
+    std::visit(overloaded{
+                   [&](const FileContent&) { paintFile(painter, box); },
+                   [&](const TextContent& text) { paintTextPage(painter, box, text.text, palette()); },
+                   [&](const LinkContent&) { paintLinkCard(painter, box, m_icon, palette()); },
+                   [&](const ImageContent&) { paintFile(painter, box); },
+               },
+               m_item.content);
+}
+
+void ShelfItemView::paintFile(QPainter& painter, const QRect& box)
+{
+    if (!m_isMissing) {
+        m_thumbnail.load(devicePixelRatioF());
+        m_thumbnail.paint(painter, box);
         return;
     }
-    QRect symbolBox(0, 0, symbolSize, symbolSize);
-    symbolBox.moveCenter(box.center());
-    const bool isLink = std::holds_alternative<LinkContent>(m_item.content);
-    const Symbol symbol = m_isMissing ? Symbol::missingFile : isLink ? Symbol::link : Symbol::document;
-    drawSymbol(painter, symbol, symbolBox, palette().color(QPalette::PlaceholderText));
+    QRectF place(0, 0, missingSymbolSize, missingSymbolSize);
+    place.moveCenter(QRectF(box).center());
+    drawSymbol(painter, Symbol::missingFile, SymbolWeight::light, place, secondaryColor(palette()));
 }
 
 void ShelfItemView::paintName(QPainter& painter, int top) const
 {
     const int textWidth = width() - 2 * padding;
-    QRect line(padding, top, textWidth, fontMetrics().height());
-    painter.setFont(font());
-    painter.setPen(palette().color(QPalette::WindowText));
+    const QFont& font = m_metrics.captionFont();
+    QRect line(padding, top, textWidth, QFontMetrics(font).height());
+    painter.setFont(font);
+    painter.setPen(primaryColor(palette()));
     for (const QString& text : m_metrics.nameLines(m_item.displayName(), textWidth)) {
         painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, text);
         line.translate(0, line.height());
@@ -111,7 +128,7 @@ void ShelfItemView::paintName(QPainter& painter, int top) const
         return;
     const QFont& smaller = m_metrics.smallerCaptionFont();
     painter.setFont(smaller);
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(secondaryColor(palette()));
     line.translate(0, spacing);
     line.setHeight(QFontMetrics(smaller).height());
     painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, tr("Unavailable"));

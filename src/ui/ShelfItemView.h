@@ -2,9 +2,10 @@
 
 #include "DragSession.h"
 #include "ShelfItem.h"
+#include "Thumbnail.h"
 #include "TileMetrics.h"
 
-#include <QIcon>
+#include <QPixmap>
 #include <QUrl>
 #include <QWidget>
 
@@ -20,12 +21,16 @@ class ShelfItemView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `metrics` must outlive the tile.
-    ShelfItemView(QWidget* parent, const TileMetrics& metrics, DragRunner runDrag);
+    /// `metrics` and `thumbnails` must outlive the tile.
+    ShelfItemView(QWidget* parent, const TileMetrics& metrics, Thumbnails& thumbnails, DragRunner runDrag);
 
-    /// Shows `item`; `localURL` is the file that stands for it on disk, if it is there.
-    void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL);
+    /// Shows `item`; `localURL` is the file that stands for it on disk, if it is there, and `iconURL` the saved icon of
+    /// a link.
+    void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, const std::optional<QUrl>& iconURL);
     void setHovered(bool isHovered);
+
+    /// Null until it has come, and for items without a file.
+    [[nodiscard]] const QPixmap& thumbnail() const { return m_thumbnail.picture(); }
 
     [[nodiscard]] ItemInteractionView& interaction() { return *m_interaction; }
 
@@ -37,12 +42,15 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void paintPreview(QPainter& painter, const QRect& box) const;
+    void paintPreview(QPainter& painter, const QRect& box);
+    void paintFile(QPainter& painter, const QRect& box);
     void paintName(QPainter& painter, int top) const;
 
     const TileMetrics& m_metrics;
     ShelfItem m_item;
-    QIcon m_icon;
+    Thumbnail m_thumbnail;
+    std::optional<QUrl> m_iconURL;
+    QPixmap m_icon;
     bool m_isUnavailable = false;
     bool m_isMissing = false;
     bool m_isHovered = false;

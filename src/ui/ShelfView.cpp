@@ -1,7 +1,9 @@
 #include "ShelfView.h"
 
+#include "Colors.h"
 #include "DropCapture.h"
 #include "EmptyShelfView.h"
+#include "FileUrl.h"
 #include "ItemInteractionView.h"
 #include "PinButton.h"
 #include "ShelfItemView.h"
@@ -15,6 +17,8 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace nookle {
@@ -35,6 +39,16 @@ inline constexpr double dropStrokeWidth = 2;
     return rounded.intersected(bounds);
 }
 
+/// What is behind the panel shines through: more of it where it is blurred, and cannot be mistaken for text.
+[[nodiscard]] QColor material(const QPalette& palette, Backdrop backdrop)
+{
+    constexpr float opacityBlurred = 0.75F;
+    constexpr float opacityPlain = 0.92F;
+    QColor color = palette.color(QPalette::Window);
+    color.setAlphaF(backdrop == Backdrop::blurred ? opacityBlurred : opacityPlain);
+    return color;
+}
+
 void acceptCopy(QDropEvent& event)
 {
     event.setDropAction(Qt::CopyAction);
@@ -46,8 +60,10 @@ void acceptCopy(QDropEvent& event)
 ShelfView::ShelfView(const Services& services, QWidget* parent)
     : QWidget(parent)
     , m_store(services.store)
-    , m_actions(services.store, services.workspace, services.pasteboard, services.trash)
+    , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
     , m_dropHandler(services.store, services.queue, services.transfers)
+    , m_thumbnails(services.thumbnails)
+    , m_compositing(services.compositing)
     , m_readDrop(services.readDrop)
     , m_runDrag(services.runDrag)
     , m_content(new QStackedLayout)
@@ -57,6 +73,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     setAcceptDrops(true);
     setUpLayout(services.pinning);
     setUpTiles();
+    connect(&m_compositing, &Compositing::backdropChanged, this, [this] { update(); });
     connect(&m_store, &ShelfStore::itemsChanged, this, &ShelfView::showItems);
     connect(&m_store, &ShelfStore::fileURLsChanged, this, &ShelfView::showItems);
     showItems();
@@ -86,17 +103,33 @@ void ShelfView::setUpLayout(PanelPinning& pinning)
 
 void ShelfView::setUpTiles()
 {
-    m_tiles->makeTile = [this](QWidget* viewport) { return new ShelfItemView(viewport, m_metrics, m_runDrag); };
+    m_tiles->makeTile = [this](QWidget* viewport) {
+        return new ShelfItemView(viewport, m_metrics, m_thumbnails, m_runDrag);
+    };
     m_tiles->tileHeight = [this](std::size_t row, int width) {
         const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
         return m_metrics.height(item, ShelfItemView::isUnavailable(item, m_store.localURL(item)), width);
     };
     m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
-        const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
-        tile.setItem(item, m_store.localURL(item));
-        tile.setHovered(m_hoveredID == item.id);
-        tile.interaction().setConfiguration(interaction(item));
+        fillTile(tile, m_store.items()[static_cast<qsizetype>(row)]);
     };
+}
+
+void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
+{
+    tile.setItem(item, presentFile(item), m_store.iconURL(item));
+    tile.setHovered(m_hoveredID == item.id);
+    tile.interaction().setConfiguration(interaction(item));
+}
+
+// Nobody else knows where the shelf keeps its images, so only their files are looked at.
+std::optional<QUrl> ShelfView::presentFile(const ShelfItem& item) const
+{
+    std::optional<QUrl> file = m_store.localURL(item);
+    std::error_code ignored;
+    const bool isGone = file && std::holds_alternative<ImageContent>(item.content)
+        && !std::filesystem::exists(filePath(*file).toStdString(), ignored);
+    return isGone ? std::nullopt : file;
 }
 
 void ShelfView::showItems()
@@ -117,7 +150,7 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     ItemInteraction interaction;
     interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
-    interaction.dragItem = [this, item] { return m_actions.dragItem(item); };
+    interaction.dragItem = [this, item] { return m_actions.dragItem(item, thumbnailOf(item)); };
     interaction.menu = [this, item] { return m_actions.menuActions(item); };
     interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
@@ -130,6 +163,12 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
             self->dragEnded(item, operation);
     };
     return interaction;
+}
+
+QPixmap ShelfView::thumbnailOf(const ShelfItem& item) const
+{
+    const ShelfItemView* tile = m_tiles->tile(item.id);
+    return tile ? tile->thumbnail() : QPixmap();
 }
 
 // The exit of one tile may be reported after the entry into the next.
@@ -214,15 +253,24 @@ void ShelfView::dropEvent(QDropEvent* event)
     acceptCopy(*event);
 }
 
+void ShelfView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    showItems();
+}
+
 void ShelfView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(panelShape(rect()), palette().color(QPalette::Window));
+    if (m_compositing.backdrop() == Backdrop::opaque)
+        painter.fillRect(rect(), palette().color(QPalette::Window));
+    else
+        painter.fillPath(panelShape(rect()), material(palette(), m_compositing.backdrop()));
     if (!m_isDropTarget)
         return;
     const double inset = dropStrokeWidth / 2;
-    painter.setPen(QPen(palette().color(QPalette::Highlight), dropStrokeWidth));
+    painter.setPen(QPen(accentColor(palette()), dropStrokeWidth));
     painter.drawPath(panelShape(QRectF(rect()).adjusted(inset, inset, -inset, -inset)));
 }
 

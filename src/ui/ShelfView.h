@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Compositing.h"
 #include "DragSession.h"
 #include "DropHandler.h"
 #include "DropPayload.h"
@@ -22,6 +23,7 @@ class EmptyShelfView;
 class MainQueue;
 class PanelPinning;
 class ShelfItemView;
+class Thumbnails;
 class TileList;
 
 /// Makes a drop readable: what the toolkit hands over, or what the display server offers.
@@ -44,6 +46,8 @@ public:
         Pasteboard& pasteboard;
         Trash& trash;
         FileTransfers& transfers;
+        Thumbnails& thumbnails;
+        Compositing& compositing;
         MainQueue& queue;
         DropReader readDrop;
         DragRunner runDrag = runDragSession;
@@ -71,11 +75,16 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void setUpLayout(PanelPinning& pinning);
     void setUpTiles();
+    void fillTile(ShelfItemView& tile, const ShelfItem& item);
+    [[nodiscard]] std::optional<QUrl> presentFile(const ShelfItem& item) const;
     void showItems();
+    /// Null unless it is on screen.
+    [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
     [[nodiscard]] bool canTake(const QDropEvent& event) const;
     void setDropTarget(bool isDropTarget);
     void setHovered(const std::optional<QUuid>& id);
@@ -85,6 +94,8 @@ private:
     ShelfStore& m_store;
     ShelfItemActions m_actions;
     DropHandler m_dropHandler;
+    Thumbnails& m_thumbnails;
+    Compositing& m_compositing;
     DropReader m_readDrop;
     DragRunner m_runDrag;
     TileMetrics m_metrics;

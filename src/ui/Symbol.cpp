@@ -11,7 +11,19 @@ namespace {
 
 // Every pictogram is drawn on a square of 24 units.
 inline constexpr double canvasSize = 24;
-inline constexpr double strokeWidth = 1.7;
+
+[[nodiscard]] double strokeWidth(SymbolWeight weight)
+{
+    switch (weight) {
+    case SymbolWeight::light:
+        return 1.1;
+    case SymbolWeight::medium:
+        return 1.7;
+    case SymbolWeight::semibold:
+        return 2.2;
+    }
+    return 0;
+}
 
 [[nodiscard]] QPainterPath pinPath()
 {
@@ -111,7 +123,7 @@ void drawPin(QPainter& painter, bool isFilled, const QColor& color)
 
 } // namespace
 
-void drawSymbol(QPainter& painter, Symbol symbol, const QRectF& box, const QColor& color)
+void drawSymbol(QPainter& painter, Symbol symbol, SymbolWeight weight, const QRectF& box, const QColor& color)
 {
     const double scale = std::min(box.width(), box.height()) / canvasSize;
     painter.save();
@@ -119,7 +131,7 @@ void drawSymbol(QPainter& painter, Symbol symbol, const QRectF& box, const QColo
     painter.translate(box.center());
     painter.scale(scale, scale);
     painter.translate(-canvasSize / 2, -canvasSize / 2);
-    painter.setPen(QPen(color, strokeWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(color, strokeWidth(weight), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(Qt::NoBrush);
     switch (symbol) {
     case Symbol::pin:

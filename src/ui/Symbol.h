@@ -10,7 +10,10 @@ namespace nookle {
 /// The shelf's own pictograms, drawn in one style at any size.
 enum class Symbol { pin, pinFill, tray, link, document, missingFile };
 
+/// How heavy the lines are. Large symbols take light ones.
+enum class SymbolWeight { light, medium, semibold };
+
 /// Draws `symbol` in `color`, as large as fits into `box`, centred.
-void drawSymbol(QPainter& painter, Symbol symbol, const QRectF& box, const QColor& color);
+void drawSymbol(QPainter& painter, Symbol symbol, SymbolWeight weight, const QRectF& box, const QColor& color);
 
 } // namespace nookle

@@ -1,6 +1,7 @@
 #include "TileMetrics.h"
 
-#include <QFontDatabase>
+#include "Fonts.h"
+
 #include <QTextLayout>
 
 #include <algorithm>
@@ -8,14 +9,6 @@
 namespace nookle {
 
 namespace {
-
-inline constexpr double smallerCaptionScale = 0.9;
-
-[[nodiscard]] QFont scaled(QFont font, double scale)
-{
-    font.setPointSizeF(font.pointSizeF() * scale);
-    return font;
-}
 
 /// More than two lines of a tile can ever hold. Measuring a text takes time for each of its characters.
 inline constexpr qsizetype longestName = 256;
@@ -34,8 +27,8 @@ inline constexpr qsizetype longestName = 256;
 } // namespace
 
 TileMetrics::TileMetrics()
-    : m_captionFont(QFontDatabase::systemFont(QFontDatabase::SmallestReadableFont))
-    , m_smallerCaptionFont(scaled(m_captionFont, smallerCaptionScale))
+    : m_captionFont(nookle::captionFont())
+    , m_smallerCaptionFont(nookle::smallerCaptionFont())
     , m_captionMetrics(m_captionFont)
     , m_captionHeight(m_captionMetrics.height())
     , m_unavailableHeight(spacing + QFontMetrics(m_smallerCaptionFont).height())

@@ -38,6 +38,8 @@ public:
         return true;
     }
 
+    [[nodiscard]] qsizetype requestCount() const { return m_requests.size(); }
+
     /// How many requests are neither answered nor dropped.
     [[nodiscard]] int running() const
     {

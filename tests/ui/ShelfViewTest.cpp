@@ -1,119 +1,25 @@
 #include "ShelfView.h"
 
 #include "EmptyShelfView.h"
-#include "FakeFileReferences.h"
-#include "FakeFileTransfers.h"
-#include "FakeLinkMetadataService.h"
-#include "FakeMainQueue.h"
-#include "FakePasteboard.h"
-#include "FakeTrash.h"
-#include "FakeUserDefaults.h"
-#include "FakeWorkspace.h"
-#include "FileUrl.h"
 #include "ItemInteractionView.h"
-#include "MimeDropPayload.h"
-#include "PanelPinning.h"
 #include "PinButton.h"
+#include "ShelfFixture.h"
 #include "ShelfItemView.h"
-#include "ShelfStore.h"
 #include "TileList.h"
 
 #include <QDropEvent>
 #include <QScrollBar>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <memory>
 
 using namespace nookle;
 
-namespace {
-
-[[nodiscard]] ShelfStore::Environment environmentWith(FakeTrash& trash)
-{
-    ShelfStore::Environment environment;
-    environment.moveToTrash = [&trash](const QUrl& file) { return trash.moveToTrash(file); };
-    environment.fetchesLinkMetadata = false;
-    return environment;
-}
-
-/// A shelf view in the panel's size with everything around it.
-struct Fixture {
-    QTemporaryDir directory;
-    FakeMainQueue queue;
-    FakeUserDefaults defaults;
-    FakeFileReferences references;
-    FakeTrash trash;
-    FakeLinkMetadataService metadata;
-    FakeWorkspace workspace;
-    FakePasteboard pasteboard;
-    FakeFileTransfers transfers;
-    PanelPinning pinning{ defaults };
-    ShelfStore store{
-        fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash, metadata, queue
-    };
-    ShelfView view{ ShelfView::Services{
-        store, pinning, workspace, pasteboard, trash, transfers, queue,
-        [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); } } };
-
-    Fixture()
-    {
-        view.resize(112, 752);
-        view.show();
-    }
-
-    [[nodiscard]] const ShelfItem& top() const { return store.items().first(); }
-
-    [[nodiscard]] QUrl addFile(const QByteArray& name)
-    {
-        const QUrl url = fileUrl("/somewhere/" + name);
-        store.addFiles({ url });
-        return url;
-    }
-
-    /// An image that the shelf owns, and its file.
-    [[nodiscard]] QUrl addImage()
-    {
-        QFile source(directory.filePath(QStringLiteral("Shot.png")));
-        if (!source.open(QIODevice::WriteOnly))
-            return {};
-        source.close();
-        store.addImage(fileUrl(source.fileName().toUtf8()));
-        return store.localURL(top()).value_or(QUrl());
-    }
-
-    /// The menu of the top item in one line: "-" is a separator, brackets are a disabled entry.
-    [[nodiscard]] QString menu()
-    {
-        QStringList entries;
-        for (const auto& action : view.interaction(top()).menu()) {
-            if (!action)
-                entries.append(QStringLiteral("-"));
-            else
-                entries.append(action->isEnabled ? action->title : QStringLiteral("[%1]").arg(action->title));
-        }
-        return entries.join(QLatin1Char(' '));
-    }
-
-    void choose(const QString& title)
-    {
-        for (const auto& action : view.interaction(top()).menu()) {
-            if (action && action->title == title) {
-                action->action();
-                return;
-            }
-        }
-        QFAIL("no such entry");
-    }
-};
-
-} // namespace
-
 class ShelfViewTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init() { m_fixture = std::make_unique<Fixture>(); }
+    void init() { m_fixture = std::make_unique<ShelfFixture>(); }
     void cleanup() { m_fixture.reset(); }
 
     void anEmptyStoreShowsTheHintAndTheFirstDropReplacesIt();
@@ -134,6 +40,10 @@ private Q_SLOTS:
     void aDragCarriesTheFilesUri();
     void aDragOfANameThatIsNotUtf8CarriesItsBytes();
     void aDragOfALinkCarriesAddressTextAndTitle();
+    void aDraggedImageIsShownByItsThumbnail();
+    void aFileInADragIsOfferedToSandboxesOnlyWhereTheyCanTakeIt();
+    void anImageWhoseFileIsGoneLooksMissingAndIsNotDimmed();
+    void filesThatASandboxHandsOverAreRetrieved();
     void toolTips();
     void revealShowsTheFile();
     void pinningAndRemovingFromTheMenu();
@@ -147,12 +57,12 @@ private Q_SLOTS:
     void aLongNameTakesTwoLinesAndKeepsItsEnd();
 
 private:
-    std::unique_ptr<Fixture> m_fixture;
+    std::unique_ptr<ShelfFixture> m_fixture;
 };
 
 void ShelfViewTest::anEmptyStoreShowsTheHintAndTheFirstDropReplacesIt()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     auto* hint = f.view.findChild<EmptyShelfView*>();
     auto* list = f.view.findChild<TileList*>();
     QVERIFY(hint->isVisible());
@@ -165,7 +75,7 @@ void ShelfViewTest::anEmptyStoreShowsTheHintAndTheFirstDropReplacesIt()
 
 void ShelfViewTest::aTextThatIsAnAddressCanBeOpened()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     ShelfItem item;
     item.content = TextContent{ QStringLiteral("  https://example.com/a \n") };
     const ItemInteraction interaction = f.view.interaction(item);
@@ -185,7 +95,7 @@ void ShelfViewTest::otherTextsCannotBeOpened_data()
 void ShelfViewTest::otherTextsCannotBeOpened()
 {
     QFETCH(const QString, text);
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addText(text);
     QCOMPARE(f.menu(), QStringLiteral("Copy Pin - Remove"));
     f.view.interaction(f.top()).onClick();
@@ -194,7 +104,7 @@ void ShelfViewTest::otherTextsCannotBeOpened()
 
 void ShelfViewTest::aMailAddressCanBeOpened()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addText(QStringLiteral("MAILTO:a@example.com"));
     f.view.interaction(f.top()).onClick();
     QCOMPARE(f.workspace.opened.size(), 1);
@@ -203,7 +113,7 @@ void ShelfViewTest::aMailAddressCanBeOpened()
 
 void ShelfViewTest::aFileThatHasVanishedOffersOnlyWhatStillWorks()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addFile("a.txt");
     f.references.removeFile(file);
     f.store.refreshFiles();
@@ -214,7 +124,7 @@ void ShelfViewTest::aFileThatHasVanishedOffersOnlyWhatStillWorks()
 
 void ShelfViewTest::aFileInPlaceOffersEverything()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addFile("a.txt");
     QCOMPARE(f.menu(), QStringLiteral("Open Show in Finder Copy Pin - Remove"));
     f.view.interaction(f.top()).onClick();
@@ -223,7 +133,7 @@ void ShelfViewTest::aFileInPlaceOffersEverything()
 
 void ShelfViewTest::anImageDraggedToTheTrashIsRemovedWithItsFile()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addImage();
     f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
     QCOMPARE(f.trash.moved, QList<QUrl>{ file });
@@ -232,7 +142,7 @@ void ShelfViewTest::anImageDraggedToTheTrashIsRemovedWithItsFile()
 
 void ShelfViewTest::anImageDraggedIntoAProgramStays()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addImage();
     for (const DragOperation operation : { DragOperation::copy, DragOperation::none, DragOperation::move })
         f.view.interaction(f.top()).onDragEnded(operation);
@@ -243,7 +153,7 @@ void ShelfViewTest::anImageDraggedIntoAProgramStays()
 
 void ShelfViewTest::aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addText(QStringLiteral("words"));
     f.store.addText(QStringLiteral("https://example.com/"));
     f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
@@ -254,7 +164,7 @@ void ShelfViewTest::aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile()
 
 void ShelfViewTest::aFailedMoveToTheTrashIsLoggedAndTheItemGoes()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addImage();
     f.trash.failure = Failure{ QStringLiteral("full") };
     const QString line = QStringLiteral("Nookle: moving to Trash failed for %1: full").arg(file.toLocalFile());
@@ -265,7 +175,7 @@ void ShelfViewTest::aFailedMoveToTheTrashIsLoggedAndTheItemGoes()
 
 void ShelfViewTest::theExitOfATileReportedLateLeavesTheNextOneHovered()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addText(QStringLiteral("a"));
     f.store.addText(QStringLiteral("b"));
     const QUuid a = f.store.items()[1].id;
@@ -283,7 +193,7 @@ void ShelfViewTest::theExitOfATileReportedLateLeavesTheNextOneHovered()
 
 void ShelfViewTest::theEndOfADragClearsTheHoverAndIsReported()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     QStringList log;
     f.view.onDragOutBegan = [&] { log.append(QStringLiteral("began")); };
     f.view.onDragOutEnded = [&] { log.append(QStringLiteral("ended")); };
@@ -312,7 +222,7 @@ void ShelfViewTest::theOperationsOfEachKind()
 
 void ShelfViewTest::copyingReplacesTheClipboard()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addFile("a.txt");
     f.choose(QStringLiteral("Copy"));
     f.store.addText(QStringLiteral("words"));
@@ -332,7 +242,7 @@ void ShelfViewTest::copyingReplacesTheClipboard()
 
 void ShelfViewTest::aDragCarriesTheFilesUri()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addFile("a b.txt");
     const auto item = f.view.interaction(f.top()).dragItem();
     QVERIFY(item);
@@ -342,7 +252,7 @@ void ShelfViewTest::aDragCarriesTheFilesUri()
 
 void ShelfViewTest::aDragOfANameThatIsNotUtf8CarriesItsBytes()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     (void)f.addFile("\xff\xfe%\n.txt");
     const auto item = f.view.interaction(f.top()).dragItem();
     QCOMPARE(item->data->data(QStringLiteral("text/uri-list")).trimmed(),
@@ -351,7 +261,7 @@ void ShelfViewTest::aDragOfANameThatIsNotUtf8CarriesItsBytes()
 
 void ShelfViewTest::aDragOfALinkCarriesAddressTextAndTitle()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/a")), QStringLiteral("An example"));
     const auto item = f.view.interaction(f.top()).dragItem();
     QCOMPARE(item->data->urls(), QList<QUrl>{ QUrl(QStringLiteral("https://example.com/a")) });
@@ -359,9 +269,61 @@ void ShelfViewTest::aDragOfALinkCarriesAddressTextAndTitle()
     QCOMPARE(item->data->data(QStringLiteral("_NETSCAPE_URL")), QByteArray("https://example.com/a\nAn example"));
 }
 
+void ShelfViewTest::aDraggedImageIsShownByItsThumbnail()
+{
+    ShelfFixture& f = *m_fixture;
+    (void)f.addImage();
+    f.view.grab();
+    QVERIFY(f.thumbnails.finish(0, Picture{ 40, 10, QByteArray(1600, '\xff') }));
+    QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(40, 10));
+}
+
+void ShelfViewTest::aFileInADragIsOfferedToSandboxesOnlyWhereTheyCanTakeIt()
+{
+    ShelfFixture& f = *m_fixture;
+    const QString format = QStringLiteral("application/vnd.portal.filetransfer");
+    const QUrl file = f.addFile("a.txt");
+    QVERIFY(!f.view.interaction(f.top()).dragItem()->data->formats().contains(format));
+    f.transfers.available = true;
+    const auto item = f.view.interaction(f.top()).dragItem();
+    QCOMPARE(item->data->formats(), QStringList({ format, QStringLiteral("text/uri-list") }));
+    QVERIFY(f.transfers.offered.isEmpty());
+    QVERIFY(item->data->data(format).isEmpty());
+    f.transfers.key = "1234";
+    QCOMPARE(item->data->data(format), QByteArray("1234\0", 5));
+    QCOMPARE(f.transfers.offered.last(), QList<QUrl>{ file });
+    QCOMPARE(item->data->urls(), QList<QUrl>{ file });
+}
+
+void ShelfViewTest::anImageWhoseFileIsGoneLooksMissingAndIsNotDimmed()
+{
+    ShelfFixture& f = *m_fixture;
+    const QUrl file = f.addImage();
+    QVERIFY(QFile::remove(file.toLocalFile()));
+    const qsizetype asked = f.thumbnails.asked.size();
+    f.view.hide();
+    f.view.show();
+    f.view.grab();
+    QCOMPARE(f.thumbnails.asked.size(), asked);
+    QVERIFY(!ShelfItemView::isUnavailable(f.top(), std::nullopt));
+}
+
+void ShelfViewTest::filesThatASandboxHandsOverAreRetrieved()
+{
+    ShelfFixture& f = *m_fixture;
+    QMimeData data;
+    data.setData(QStringLiteral("application/vnd.portal.filetransfer"), "1234");
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QDropEvent drop({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &drop);
+    f.transfers.finish(0, QList<QUrl>{ fileUrl("/somewhere/a.txt") });
+    QCOMPARE(f.top().displayName(), QStringLiteral("a.txt"));
+}
+
 void ShelfViewTest::toolTips()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     (void)f.addFile("a.txt");
     QCOMPARE(f.view.interaction(f.top()).toolTip, QStringLiteral("/somewhere/a.txt"));
     f.store.addText(QStringLiteral("words\nand more"));
@@ -372,7 +334,7 @@ void ShelfViewTest::toolTips()
 
 void ShelfViewTest::revealShowsTheFile()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     const QUrl file = f.addFile("a.txt");
     f.choose(QStringLiteral("Show in Finder"));
     QCOMPARE(f.workspace.revealed, QList<QUrl>{ file });
@@ -380,7 +342,7 @@ void ShelfViewTest::revealShowsTheFile()
 
 void ShelfViewTest::pinningAndRemovingFromTheMenu()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addText(QStringLiteral("words"));
     f.choose(QStringLiteral("Pin"));
     QVERIFY(f.top().pinned);
@@ -392,7 +354,7 @@ void ShelfViewTest::pinningAndRemovingFromTheMenu()
 
 void ShelfViewTest::aDropOfAFileIsTakenAsACopy()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     QMimeData data;
     data.setUrls({ fileUrl("/somewhere/a.txt") });
     QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -408,7 +370,7 @@ void ShelfViewTest::aDropOfAFileIsTakenAsACopy()
 
 void ShelfViewTest::aDropThatAllowsNoCopyIsRefused()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     QMimeData data;
     data.setUrls({ fileUrl("/somewhere/a.txt") });
     QDragEnterEvent enter({ 50, 50 }, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -419,7 +381,7 @@ void ShelfViewTest::aDropThatAllowsNoCopyIsRefused()
 
 void ShelfViewTest::theOwnerHearsOfDropsThatHover()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     QList<bool> heard;
     f.view.onDropTargetChanged = [&](bool isDropTarget) { heard.append(isDropTarget); };
     QMimeData data;
@@ -433,7 +395,7 @@ void ShelfViewTest::theOwnerHearsOfDropsThatHover()
 
 void ShelfViewTest::thePinButtonTellsTheOwnerAndSaysWhatItDoes()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     int toggles = 0;
     f.view.onTogglePin = [&] { ++toggles; };
     auto* button = f.view.findChild<PinButton*>();
@@ -447,7 +409,7 @@ void ShelfViewTest::thePinButtonTellsTheOwnerAndSaysWhatItDoes()
 
 void ShelfViewTest::tilesExistOnlyForTheRowsInView()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     QList<QUrl> files;
     for (int number = 0; number < 1000; ++number)
         files.append(fileUrl("/somewhere/" + QByteArray::number(number)));
@@ -464,7 +426,7 @@ void ShelfViewTest::tilesExistOnlyForTheRowsInView()
 
 void ShelfViewTest::tilesFollowTheStoresOrder()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addText(QStringLiteral("a"));
     f.store.addText(QStringLiteral("b"));
     auto* list = f.view.findChild<TileList*>();
@@ -479,7 +441,7 @@ void ShelfViewTest::tilesFollowTheStoresOrder()
 
 void ShelfViewTest::aTileKeepsItsWidgetWhenTheShelfChanges()
 {
-    Fixture& f = *m_fixture;
+    ShelfFixture& f = *m_fixture;
     f.store.addText(QStringLiteral("a"));
     auto* list = f.view.findChild<TileList*>();
     const ShelfItemView* tile = list->tile(f.top().id);

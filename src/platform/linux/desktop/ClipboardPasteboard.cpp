@@ -2,12 +2,13 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QImage>
 #include <QMimeData>
 
 namespace nookle {
 
 namespace {
+
+inline constexpr int longestSide = 32767;
 
 [[nodiscard]] QClipboard& clipboard()
 {
@@ -16,8 +17,20 @@ namespace {
 
 } // namespace
 
+ClipboardPasteboard::ClipboardPasteboard(ImageConverter& converter)
+    : m_converter(converter)
+{
+    connect(&clipboard(), &QClipboard::dataChanged, this, [this] { m_conversion.reset(); });
+}
+
+void ClipboardPasteboard::write(std::unique_ptr<QMimeData> data)
+{
+    clipboard().setMimeData(data.release());
+}
+
 void ClipboardPasteboard::clear()
 {
+    m_conversion.reset();
     clipboard().clear();
 }
 
@@ -25,12 +38,14 @@ void ClipboardPasteboard::writeFile(const QUrl& file)
 {
     auto data = std::make_unique<QMimeData>();
     data->setUrls({ file });
-    clipboard().setMimeData(data.release());
+    write(std::move(data));
 }
 
 void ClipboardPasteboard::writeText(const QString& text)
 {
-    clipboard().setText(text);
+    auto data = std::make_unique<QMimeData>();
+    data->setText(text);
+    write(std::move(data));
 }
 
 void ClipboardPasteboard::writeLink(const QString& address)
@@ -38,14 +53,18 @@ void ClipboardPasteboard::writeLink(const QString& address)
     auto data = std::make_unique<QMimeData>();
     data->setUrls({ QUrl(address) });
     data->setText(address);
-    clipboard().setMimeData(data.release());
+    write(std::move(data));
 }
 
 void ClipboardPasteboard::writeImage(const QUrl& file)
 {
-    const QImage image(file.toLocalFile());
-    if (!image.isNull())
-        clipboard().setImage(image);
+    m_conversion = m_converter.convertToPng(file, longestSide, [this](const std::optional<QByteArray>& png) {
+        if (!png)
+            return;
+        auto data = std::make_unique<QMimeData>();
+        data->setData(QStringLiteral("image/png"), *png);
+        write(std::move(data));
+    });
 }
 
 } // namespace nookle

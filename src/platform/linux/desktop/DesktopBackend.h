@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Compositing.h"
 #include "Displays.h"
 #include "DropPayload.h"
 #include "InputMonitor.h"
@@ -22,12 +23,14 @@ public:
     [[nodiscard]] virtual const Pointer& pointer() const = 0;
     [[nodiscard]] virtual InputMonitor& inputMonitor() = 0;
 
+    [[nodiscard]] virtual Compositing& compositing() = 0;
+
     /// Makes the drag readable that is over a window of this program, or was just dropped there; `data` is the
     /// toolkit's view of it, and must outlive the payload.
     [[nodiscard]] virtual std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) = 0;
 
-    /// Makes a window of the toolkit the shelf's panel, with its left corners rounded. `window` has been created, has
-    /// not been shown, and must outlive the panel.
+    /// Makes a window of the toolkit the shelf's panel. Where nothing shines through windows, its left corners are cut
+    /// off. `window` has been created, has not been shown, and must outlive the panel.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "X11Backend.h"
 
+#include "X11Compositing.h"
 #include "X11Displays.h"
 #include "X11Drops.h"
 #include "X11InputMonitor.h"
@@ -34,11 +35,17 @@ X11Backend::X11Backend()
     , m_displays(std::make_unique<X11Displays>(m_connection, rootWindow(m_connection)))
     , m_pointer(std::make_unique<X11Pointer>(m_connection, rootWindow(m_connection)))
     , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
+    , m_compositing(std::make_unique<X11Compositing>(m_connection))
     , m_drops(std::make_unique<X11Drops>(m_connection))
 {
 }
 
 X11Backend::~X11Backend() = default;
+
+Compositing& X11Backend::compositing()
+{
+    return *m_compositing;
+}
 
 std::unique_ptr<DropPayload> X11Backend::dropPayload(const QMimeData& /*data*/)
 {
@@ -47,7 +54,7 @@ std::unique_ptr<DropPayload> X11Backend::dropPayload(const QMimeData& /*data*/)
 
 std::unique_ptr<PanelWindow> X11Backend::makePanelWindow(QWindow& window, double cornerRadius)
 {
-    return std::make_unique<X11PanelWindow>(window, cornerRadius, *m_displays, m_connection);
+    return std::make_unique<X11PanelWindow>(window, cornerRadius, *m_displays, *m_compositing, m_connection);
 }
 
 } // namespace nookle

@@ -6,6 +6,7 @@ struct xcb_connection_t;
 
 namespace nookle {
 
+class X11Compositing;
 class X11Drops;
 
 /// Everything that goes through the X server, on the toolkit's connection to it.
@@ -21,6 +22,7 @@ public:
     [[nodiscard]] const Displays& displays() const override { return *m_displays; }
     [[nodiscard]] const Pointer& pointer() const override { return *m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
+    [[nodiscard]] Compositing& compositing() override;
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
@@ -29,6 +31,7 @@ private:
     std::unique_ptr<Displays> m_displays;
     std::unique_ptr<Pointer> m_pointer;
     std::unique_ptr<InputMonitor> m_inputMonitor;
+    std::unique_ptr<X11Compositing> m_compositing;
     std::unique_ptr<X11Drops> m_drops;
 };
 

@@ -1,5 +1,6 @@
 #include "X11PanelWindow.h"
 
+#include "Compositing.h"
 #include "Displays.h"
 #include "XcbAtoms.h"
 
@@ -55,14 +56,16 @@ inline constexpr double usualRefreshRate = 60;
 } // namespace
 
 X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displays& displays,
-                               xcb_connection_t* connection)
+                               const Compositing& compositing, xcb_connection_t* connection)
     : m_window(window)
     , m_cornerRadius(cornerRadius)
     , m_displays(displays)
+    , m_compositing(compositing)
     , m_connection(connection)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
+    connect(&m_compositing, &Compositing::backdropChanged, this, &X11PanelWindow::updateShape);
 }
 
 X11PanelWindow::~X11PanelWindow() = default;
@@ -97,17 +100,39 @@ void X11PanelWindow::updateShape()
     const QSize size = m_frame.size().toSize();
     const double left = std::max(m_confirmedLeft, m_frame.left());
     const int width = m_limit ? std::clamp(qRound(*m_limit - left), 0, size.width()) : size.width();
-    const QSize shown(width, size.height());
-    if (std::exchange(m_shownSize, shown) == shown)
+    const QRegion shape = outline(size).intersected(QRect(0, 0, width, size.height()));
+    if (std::exchange(m_shape, shape) == shape)
         return;
     // An empty region would mean "no mask": to show nothing takes a region outside of the window.
-    const QRegion region = roundedOnTheLeft(size, qRound(m_cornerRadius)).intersected(QRect(QPoint(0, 0), shown));
-    m_window.setMask(region.isEmpty() ? QRegion(-1, -1, 1, 1) : region);
+    m_window.setMask(shape.isEmpty() ? QRegion(-1, -1, 1, 1) : shape);
+}
+
+// Where windows shine through, the content draws its corners itself, and smoother.
+QRegion X11PanelWindow::outline(const QSize& size) const
+{
+    if (m_compositing.backdrop() != Backdrop::opaque)
+        return QRect(QPoint(0, 0), size);
+    return roundedOnTheLeft(size, qRound(m_cornerRadius));
+}
+
+void X11PanelWindow::askForBlur()
+{
+    const double ratio = m_window.devicePixelRatio();
+    std::vector<std::uint32_t> numbers;
+    for (const QRect& rect : roundedOnTheLeft(m_frame.size().toSize(), qRound(m_cornerRadius))) {
+        for (const int number : { rect.x(), rect.y(), rect.width(), rect.height() })
+            numbers.push_back(static_cast<std::uint32_t>(qRound(number * ratio)));
+    }
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(m_window.winId()),
+                        xcbAtom(m_connection, "_KDE_NET_WM_BLUR_BEHIND_REGION"), XCB_ATOM_CARDINAL, 32,
+                        static_cast<std::uint32_t>(numbers.size()), numbers.data());
 }
 
 void X11PanelWindow::orderFront()
 {
     setDockProperties();
+    askForBlur();
+    updateShape();
     m_window.setVisible(true);
     standAboveFullScreenWindow();
     raise();

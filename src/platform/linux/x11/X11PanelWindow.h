@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QRectF>
+#include <QRegion>
 #include <QSize>
 
 #include <cstdint>
@@ -15,6 +16,7 @@ struct xcb_connection_t;
 
 namespace nookle {
 
+class Compositing;
 class Displays;
 
 /// The shelf's window on X11: a managed window of the dock type, because some window managers hand drags to managed
@@ -24,8 +26,9 @@ class X11PanelWindow final : public QObject, public PanelWindow {
     Q_OBJECT
 
 public:
-    /// Borrows window, displays and connection. `window` has been created and not yet been shown.
-    X11PanelWindow(QWindow& window, double cornerRadius, const Displays& displays, xcb_connection_t* connection);
+    /// Borrows everything. `window` has been created and not yet been shown.
+    X11PanelWindow(QWindow& window, double cornerRadius, const Displays& displays, const Compositing& compositing,
+                   xcb_connection_t* connection);
     ~X11PanelWindow() override;
 
     void setFrame(const QRectF& frame) override;
@@ -41,12 +44,15 @@ private:
     void setDockProperties();
     void standAboveFullScreenWindow();
     void raise();
+    void askForBlur();
+    [[nodiscard]] QRegion outline(const QSize& size) const;
     [[nodiscard]] std::optional<double> slideLimit(const QRectF& from) const;
     void updateShape();
 
     QWindow& m_window;
     double m_cornerRadius;
     const Displays& m_displays;
+    const Compositing& m_compositing;
     xcb_connection_t* m_connection;
     FrameAnimation m_animation;
     QRectF m_frame;
@@ -54,8 +60,8 @@ private:
     double m_confirmedLeft = 0;
     /// The right edge that nothing of the window may show beyond; none while no display lies there.
     std::optional<double> m_limit;
-    /// The size of the part that the window's shape shows, from its left edge on.
-    QSize m_shownSize;
+    /// What the window's shape shows; none before it was set.
+    std::optional<QRegion> m_shape;
 };
 
 } // namespace nookle

@@ -1,0 +1,43 @@
+#include "Colors.h"
+
+namespace nookle {
+
+namespace {
+
+inline constexpr float secondaryOpacity = 0.6F;
+inline constexpr float quaternaryOpacity = 0.18F;
+
+[[nodiscard]] QColor faded(QColor color, float opacity)
+{
+    color.setAlphaF(opacity);
+    return color;
+}
+
+} // namespace
+
+QColor primaryColor(const QPalette& palette)
+{
+    return palette.color(QPalette::WindowText);
+}
+
+QColor secondaryColor(const QPalette& palette)
+{
+    return faded(primaryColor(palette), secondaryOpacity);
+}
+
+QColor quaternaryColor(const QPalette& palette)
+{
+    return faded(primaryColor(palette), quaternaryOpacity);
+}
+
+QColor accentColor(const QPalette& palette)
+{
+    return palette.color(QPalette::Highlight);
+}
+
+QColor cardColor(const QPalette& palette)
+{
+    return palette.color(QPalette::Base);
+}
+
+} // namespace nookle

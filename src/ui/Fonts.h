@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QFont>
+
+namespace nookle {
+
+/// The desktop's font for small print.
+[[nodiscard]] QFont captionFont();
+
+/// One size below that.
+[[nodiscard]] QFont smallerCaptionFont();
+
+} // namespace nookle

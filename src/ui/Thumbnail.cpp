@@ -1,0 +1,82 @@
+#include "Thumbnail.h"
+
+#include "Colors.h"
+#include "FileIcon.h"
+#include "Symbol.h"
+#include "TileMetrics.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] QPixmap pixmap(const Picture& picture)
+{
+    constexpr qsizetype bytesPerPixel = 4;
+    const qsizetype bytesPerLine = picture.width * bytesPerPixel;
+    if (picture.width <= 0 || picture.height <= 0 || picture.pixels.size() < bytesPerLine * picture.height)
+        return {};
+    const QImage image(reinterpret_cast<const uchar*>(picture.pixels.constData()), picture.width, picture.height,
+                       bytesPerLine, QImage::Format_ARGB32_Premultiplied);
+    return QPixmap::fromImage(image);
+}
+
+} // namespace
+
+Thumbnail::Thumbnail(Thumbnails& thumbnails, std::function<void()> onChanged)
+    : m_thumbnails(thumbnails)
+    , m_onChanged(std::move(onChanged))
+{
+}
+
+void Thumbnail::setUrl(const std::optional<QUrl>& url)
+{
+    if (url == m_url)
+        return;
+    m_url = url;
+    m_requestedScale.reset();
+    m_request.reset();
+    m_thumbnail = {};
+    m_icon = url ? fileIcon(*url) : QIcon();
+}
+
+void Thumbnail::load(double displayScale)
+{
+    if (!m_url || m_requestedScale == displayScale)
+        return;
+    m_requestedScale = displayScale;
+    m_request = m_thumbnails.request(*m_url, TileMetrics::previewSize, displayScale,
+                                     [this](const std::optional<Picture>& picture) {
+                                         if (!picture)
+                                             return;
+                                         m_thumbnail = pixmap(*picture);
+                                         m_onChanged();
+                                     });
+}
+
+void Thumbnail::paintIcon(QPainter& painter, const QRect& box) const
+{
+    if (m_icon.isNull())
+        drawSymbol(painter, Symbol::document, SymbolWeight::light, box, secondaryColor(QGuiApplication::palette()));
+    else
+        m_icon.paint(&painter, box);
+}
+
+void Thumbnail::paint(QPainter& painter, const QRect& box) const
+{
+    if (m_thumbnail.isNull()) {
+        paintIcon(painter, box);
+        return;
+    }
+    QRectF place(QPointF(), QSizeF(m_thumbnail.size()).scaled(QSizeF(box.size()), Qt::KeepAspectRatio));
+    place.moveCenter(QRectF(box).center());
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(place, m_thumbnail, QRectF(m_thumbnail.rect()));
+}
+
+} // namespace nookle

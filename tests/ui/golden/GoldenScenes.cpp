@@ -1,0 +1,189 @@
+#include "GoldenScenes.h"
+
+#include "ShelfFixture.h"
+
+#include <QApplication>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QStyleFactory>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr QSize shelfSize(112, 480);
+
+[[nodiscard]] QPalette lightPalette()
+{
+    QPalette palette(QColor(0xf4, 0xf4, 0xf5));
+    palette.setColor(QPalette::WindowText, QColor(0x1d, 0x1d, 0x1f));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Highlight, QColor(0x2f, 0x7c, 0xf6));
+    return palette;
+}
+
+[[nodiscard]] QPalette darkPalette()
+{
+    QPalette palette(QColor(0x2b, 0x2b, 0x2e));
+    palette.setColor(QPalette::WindowText, QColor(0xf2, 0xf2, 0xf4));
+    palette.setColor(QPalette::Base, QColor(0x1c, 0x1c, 0x1e));
+    palette.setColor(QPalette::Highlight, QColor(0x4c, 0x92, 0xff));
+    return palette;
+}
+
+/// A landscape, so that one sees whether its shape is kept.
+[[nodiscard]] Picture landscape()
+{
+    constexpr QSize size(104, 70);
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    QLinearGradient sky(0, 0, 0, size.height());
+    sky.setColorAt(0, QColor(0x6f, 0xb1, 0xfc));
+    sky.setColorAt(1, QColor(0xff, 0xd9, 0xa0));
+    painter.fillRect(image.rect(), sky);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0x3f, 0x6d, 0x4e));
+    painter.drawPolygon(QPolygon({ { 0, 70 }, { 34, 26 }, { 66, 70 } }));
+    painter.setBrush(QColor(0x2c, 0x52, 0x3c));
+    painter.drawPolygon(QPolygon({ { 40, 70 }, { 78, 36 }, { 104, 70 } }));
+    painter.end();
+    return { size.width(), size.height(),
+             QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()) };
+}
+
+[[nodiscard]] QByteArray siteIcon()
+{
+    QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(QColor(0xd6, 0x33, 0x6c));
+    painter.drawEllipse(image.rect());
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(QPoint(32, 32), 13, 13);
+    painter.end();
+    QByteArray png;
+    QBuffer buffer(&png);
+    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "PNG") ? png : QByteArray();
+}
+
+void addLinkWithIcon(ShelfFixture& shelf)
+{
+    shelf.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/")), QStringLiteral("An example page"));
+    const QString folder = shelf.directory.filePath(QStringLiteral("Nookle/Files/"))
+        + shelf.top().id.toString(QUuid::WithoutBraces).toUpper();
+    QFile icon(folder + QStringLiteral("/icon.png"));
+    if (QDir().mkpath(folder) && icon.open(QIODevice::WriteOnly))
+        icon.write(siteIcon());
+    icon.close();
+    shelf.store.updateLink(shelf.top().id, std::nullopt, true);
+}
+
+void addOneOfEach(ShelfFixture& shelf)
+{
+    shelf.store.addText(QStringLiteral("Dear all,\n\nthe train leaves at 9:40 from platform 7. Bring a coat: it is "
+                                       "going to be windy up there.\n\nSee you on Sunday"));
+    shelf.store.addText(QStringLiteral("https://example.org/without-an-icon"));
+    addLinkWithIcon(shelf);
+    (void)shelf.addImage();
+    (void)shelf.addFile("Report.pdf");
+}
+
+/// The picture of every image that is on screen has come.
+void deliverThumbnails(ShelfFixture& shelf)
+{
+    shelf.view.grab();
+    for (qsizetype index = 0; index < shelf.thumbnails.asked.size(); ++index) {
+        const bool isImage = shelf.thumbnails.asked[index].file.path().endsWith(QLatin1String(".png"));
+        shelf.thumbnails.finish(index, isImage ? std::optional(landscape()) : std::nullopt);
+    }
+}
+
+void showUnavailable(ShelfFixture& shelf)
+{
+    const QUrl image = shelf.addImage();
+    QFile::remove(image.toLocalFile());
+    const QUrl file = shelf.addFile("Lost.txt");
+    shelf.store.togglePinned(shelf.top().id);
+    shelf.references.removeFile(file);
+    shelf.store.refreshFiles();
+}
+
+void showHovered(ShelfFixture& shelf)
+{
+    addOneOfEach(shelf);
+    shelf.view.interaction(shelf.store.items()[1]).onHover(true);
+}
+
+void showLongNames(ShelfFixture& shelf)
+{
+    (void)shelf.addFile("Minutes of the general meeting of the association in Reykjavik.tar.gz");
+    (void)shelf.addFile("averyveryverylongnamewithoutanyspaceinitatall.jpeg");
+    (void)shelf.addFile("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d \xd7\xa2\xd7\x95\xd7\x9c\xd7\x9d.txt");
+}
+
+void showDropTarget(ShelfFixture& shelf)
+{
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&shelf.view, &enter);
+}
+
+} // namespace
+
+std::vector<GoldenScene> goldenScenes()
+{
+    return {
+        { QStringLiteral("empty"), [](ShelfFixture&) {} },
+        { QStringLiteral("kinds"), addOneOfEach },
+        { QStringLiteral("kinds-dark"), addOneOfEach, true },
+        { QStringLiteral("kinds-scale-1.5"), addOneOfEach, false, 1.5 },
+        { QStringLiteral("kinds-scale-2"), addOneOfEach, false, 2 },
+        { QStringLiteral("pinned"),
+          [](ShelfFixture& shelf) {
+              addOneOfEach(shelf);
+              shelf.store.togglePinned(shelf.top().id);
+              shelf.pinning.setPinned(true);
+          } },
+        { QStringLiteral("unavailable"), showUnavailable },
+        { QStringLiteral("unavailable-dark"), showUnavailable, true },
+        { QStringLiteral("hovered"), showHovered },
+        { QStringLiteral("long-names"), showLongNames },
+        { QStringLiteral("drop-target"), showDropTarget },
+        { QStringLiteral("translucent-dark-scale-2"),
+          [](ShelfFixture& shelf) {
+              shelf.compositing.change(Backdrop::translucent);
+              addOneOfEach(shelf);
+          },
+          true, 2 },
+    };
+}
+
+void prepareGoldenLook()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSizeF(8.5);
+    QApplication::setFont(font);
+    QIcon::setThemeSearchPaths({ QStringLiteral("/usr/share/icons") });
+    QIcon::setThemeName(QStringLiteral("Adwaita"));
+}
+
+QImage drawScene(const GoldenScene& scene)
+{
+    QApplication::setPalette(scene.isDark ? darkPalette() : lightPalette());
+    ShelfFixture shelf;
+    shelf.view.resize(shelfSize);
+    scene.prepare(shelf);
+    deliverThumbnails(shelf);
+    QImage image(shelfSize * scene.scale, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(scene.scale);
+    image.fill(Qt::transparent);
+    shelf.view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+    return image;
+}
+
+} // namespace nookle
