@@ -59,10 +59,19 @@ void AppDelegate::createPanel()
 
 void AppDelegate::createShelfView()
 {
-    const auto readDrop = [this](const QMimeData& data) { return m_desktop->dropPayload(data); };
-    auto view = std::make_unique<ShelfView>(
-        ShelfView::Services{ *m_store, m_panelController->pinning(), m_workspace, m_pasteboard, m_trash,
-                             m_fileTransfers, m_pictures.thumbnails(), m_desktop->compositing(), m_queue, readDrop });
+    auto view = std::make_unique<ShelfView>(ShelfView::Services{
+        .store = *m_store,
+        .pinning = m_panelController->pinning(),
+        .workspace = m_workspace,
+        .pasteboard = m_pasteboard,
+        .trash = m_trash,
+        .references = m_fileReferences,
+        .transfers = m_fileTransfers,
+        .thumbnails = m_pictures.thumbnails(),
+        .compositing = m_desktop->compositing(),
+        .queue = m_queue,
+        .readDrop = [this](const QMimeData& data) { return m_desktop->dropPayload(data); },
+    });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };

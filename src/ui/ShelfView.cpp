@@ -61,6 +61,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     : QWidget(parent)
     , m_store(services.store)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
+    , m_trashWatch(services.references, services.trash, services.queue)
     , m_dropHandler(services.store, services.queue, services.transfers)
     , m_thumbnails(services.thumbnails)
     , m_compositing(services.compositing)
@@ -150,7 +151,7 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     ItemInteraction interaction;
     interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
-    interaction.dragItem = [this, item] { return m_actions.dragItem(item, thumbnailOf(item)); };
+    interaction.dragItem = [this, item] { return beginDrag(item); };
     interaction.menu = [this, item] { return m_actions.menuActions(item); };
     interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
@@ -191,10 +192,23 @@ void ShelfView::setHovered(const std::optional<QUuid>& id)
         tile->setHovered(true);
 }
 
+std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
+{
+    if (const auto file = m_store.localURL(item))
+        m_trashWatch.begin(item, *file);
+    return m_actions.dragItem(item, thumbnailOf(item));
+}
+
+// What the destination says that it did is no proof; where the file is now, is.
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 {
     setHovered(std::nullopt);
+    const bool hasFile = m_store.localURL(item).has_value();
+    if (hasFile && m_trashWatch.isInTrash())
+        operation = DragOperation::remove;
     m_actions.dragEnded(item, operation);
+    if (hasFile && operation != DragOperation::remove && operation != DragOperation::none)
+        m_trashWatch.keepLooking([this, item] { m_actions.dragEnded(item, DragOperation::remove); });
     if (onDragOutEnded)
         onDragOutEnded();
 }

@@ -6,6 +6,7 @@
 #include "DropPayload.h"
 #include "ShelfItemActions.h"
 #include "TileMetrics.h"
+#include "TrashWatch.h"
 
 #include <QUuid>
 #include <QWidget>
@@ -45,6 +46,7 @@ public:
         Workspace& workspace;
         Pasteboard& pasteboard;
         Trash& trash;
+        FileReferences& references;
         FileTransfers& transfers;
         Thumbnails& thumbnails;
         Compositing& compositing;
@@ -89,10 +91,12 @@ private:
     void setDropTarget(bool isDropTarget);
     void setHovered(const std::optional<QUuid>& id);
     void itemHovered(const QUuid& id, bool isInside);
+    [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragEnded(const ShelfItem& item, DragOperation operation);
 
     ShelfStore& m_store;
     ShelfItemActions m_actions;
+    TrashWatch m_trashWatch;
     DropHandler m_dropHandler;
     Thumbnails& m_thumbnails;
     Compositing& m_compositing;

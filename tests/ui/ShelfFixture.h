@@ -49,7 +49,7 @@ struct ShelfFixture {
         fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash, metadata, queue
     };
     ShelfView view{ ShelfView::Services{
-        store, pinning, workspace, pasteboard, trash, transfers, thumbnails, compositing, queue,
+        store, pinning, workspace, pasteboard, trash, references, transfers, thumbnails, compositing, queue,
         [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); } } };
 
     ShelfFixture()

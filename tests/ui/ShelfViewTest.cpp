@@ -30,6 +30,9 @@ private Q_SLOTS:
     void aFileThatHasVanishedOffersOnlyWhatStillWorks();
     void aFileInPlaceOffersEverything();
     void anImageDraggedToTheTrashIsRemovedWithItsFile();
+    void aFileThatTheDestinationMovedToTheTrashLeavesTheShelf();
+    void aFileThatIsMovedToTheTrashSomeTimeAfterTheDropLeavesTheShelf();
+    void aFileThatWasMovedElsewhereStays();
     void anImageDraggedIntoAProgramStays();
     void aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile();
     void aFailedMoveToTheTrashIsLoggedAndTheItemGoes();
@@ -138,6 +141,44 @@ void ShelfViewTest::anImageDraggedToTheTrashIsRemovedWithItsFile()
     f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
     QCOMPARE(f.trash.moved, QList<QUrl>{ file });
     QVERIFY(f.store.items().isEmpty());
+}
+
+void ShelfViewTest::aFileThatTheDestinationMovedToTheTrashLeavesTheShelf()
+{
+    ShelfFixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    const ItemInteraction tile = f.view.interaction(f.top());
+    QVERIFY(tile.dragItem());
+    f.references.moveFile(file, fileUrl("/somewhere/.Trash/a.txt"));
+    tile.onDragEnded(DragOperation::move);
+    QVERIFY(f.store.items().isEmpty());
+    QVERIFY(f.trash.moved.isEmpty());
+}
+
+void ShelfViewTest::aFileThatIsMovedToTheTrashSomeTimeAfterTheDropLeavesTheShelf()
+{
+    ShelfFixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    const ItemInteraction tile = f.view.interaction(f.top());
+    QVERIFY(tile.dragItem());
+    tile.onDragEnded(DragOperation::copy);
+    f.queue.advance(0.6);
+    QCOMPARE(f.store.items().size(), 1);
+    f.references.moveFile(file, fileUrl("/somewhere/.Trash/a.txt"));
+    f.queue.advance(5);
+    QVERIFY(f.store.items().isEmpty());
+}
+
+void ShelfViewTest::aFileThatWasMovedElsewhereStays()
+{
+    ShelfFixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    const ItemInteraction tile = f.view.interaction(f.top());
+    QVERIFY(tile.dragItem());
+    f.references.moveFile(file, fileUrl("/elsewhere/a.txt"));
+    tile.onDragEnded(DragOperation::move);
+    f.queue.advance(10);
+    QCOMPARE(f.store.items().size(), 1);
 }
 
 void ShelfViewTest::anImageDraggedIntoAProgramStays()

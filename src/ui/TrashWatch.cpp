@@ -1,0 +1,78 @@
+#include "TrashWatch.h"
+
+#include "FileReferences.h"
+#include "Trash.h"
+
+#include <array>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// In seconds, from one look to the next.
+inline constexpr std::array pauses{ 0.2, 0.5, 1.3, 3.0 };
+
+} // namespace
+
+TrashWatch::TrashWatch(FileReferences& references, const Trash& trash, MainQueue& queue)
+    : m_references(references)
+    , m_trash(trash)
+    , m_queue(queue)
+{
+}
+
+TrashWatch::~TrashWatch()
+{
+    end();
+}
+
+void TrashWatch::begin(const ShelfItem& item, const QUrl& file)
+{
+    end();
+    const auto* referred = std::get_if<FileContent>(&item.content);
+    m_isOwnReference = referred == nullptr;
+    m_reference = referred ? referred->bookmark : m_references.make(file).value_or(QByteArray());
+}
+
+bool TrashWatch::isInTrash()
+{
+    const auto found = m_reference.isEmpty() ? std::nullopt : m_references.resolve(m_reference);
+    return found && m_trash.contains(found->url);
+}
+
+void TrashWatch::keepLooking(std::function<void()> onTrashed)
+{
+    if (m_reference.isEmpty())
+        return;
+    m_onTrashed = std::move(onTrashed);
+    lookAfter(0);
+}
+
+void TrashWatch::lookAfter(std::size_t pause)
+{
+    if (pause == pauses.size()) {
+        end();
+        return;
+    }
+    m_nextLook = m_queue.after(pauses[pause], [this, pause] {
+        if (!isInTrash()) {
+            lookAfter(pause + 1);
+            return;
+        }
+        const auto onTrashed = std::exchange(m_onTrashed, nullptr);
+        end();
+        onTrashed();
+    });
+}
+
+void TrashWatch::end()
+{
+    m_nextLook.reset();
+    m_onTrashed = nullptr;
+    const QByteArray reference = std::exchange(m_reference, {});
+    if (m_isOwnReference && !reference.isEmpty())
+        m_references.release(reference);
+}
+
+} // namespace nookle
