@@ -1,5 +1,7 @@
 #include "AppDelegate.h"
 
+#include "Accessibility.h"
+
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -50,6 +52,7 @@ void AppDelegate::createPanel()
                                            m_linkMetadata, m_queue);
     m_fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };
 
+    installAccessibility();
     m_panelContent = std::make_unique<PanelContentView>();
     m_panelWindow = m_desktop->makePanelWindow(m_panelContent->panelWindow(), ShelfView::cornerRadius);
     m_panelController = std::make_unique<PanelController>(*m_store, m_defaults, *m_panelWindow, m_desktop->pointer(),
@@ -76,6 +79,7 @@ void AppDelegate::createShelfView()
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };
     view->onDragOutEnded = [this] { m_panelController->endDragOut(); };
+    view->onHide = [this] { m_panelController->hide(); };
     m_panelContent->setContent(view.release());
 }
 

@@ -113,11 +113,16 @@ std::unique_ptr<QMenu> ItemInteractionView::makeMenu()
 
 void ItemInteractionView::contextMenuEvent(QContextMenuEvent* event)
 {
+    showMenu(event->globalPos());
+}
+
+void ItemInteractionView::showMenu(const QPoint& globalPosition)
+{
     std::unique_ptr<QMenu> menu = makeMenu();
     if (!menu)
         return;
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu.release()->popup(event->globalPos());
+    menu.release()->popup(globalPosition);
 }
 
 void ItemInteractionView::enterEvent(QEnterEvent* event)

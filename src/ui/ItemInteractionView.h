@@ -24,6 +24,11 @@ public:
     /// Replaces what the view does. Until the first call it does nothing.
     void setConfiguration(ItemInteraction configuration);
 
+    [[nodiscard]] const std::optional<ItemInteraction>& configuration() const { return m_configuration; }
+
+    /// Opens the context menu at a place on the screen; nothing happens when there is none.
+    void showMenu(const QPoint& globalPosition);
+
     /// The context menu as it should be now; null when there is none.
     [[nodiscard]] std::unique_ptr<QMenu> makeMenu();
 

@@ -24,6 +24,7 @@ inline constexpr int badgeSize = 11;
 inline constexpr int badgePadding = 5;
 inline constexpr double cornerRadius = 8;
 inline constexpr float hoverOpacity = 0.08F;
+inline constexpr double focusStrokeWidth = 2;
 inline constexpr double unavailableOpacity = 0.5;
 
 } // namespace
@@ -53,12 +54,36 @@ void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& lo
     if (std::exchange(m_iconURL, iconURL) != iconURL)
         m_icon = iconURL ? loadFavicon(*iconURL) : QPixmap();
     setAccessibleName(item.displayName());
+    setAccessibleDescription(description());
     update();
+}
+
+QString ShelfItemView::description() const
+{
+    const QString kind = std::visit(overloaded{
+                                        [](const FileContent&) { return tr("File"); },
+                                        [](const TextContent&) { return tr("Text"); },
+                                        [](const LinkContent&) { return tr("Link"); },
+                                        [](const ImageContent&) { return tr("Image"); },
+                                    },
+                                    m_item.content);
+    QStringList facts{ kind };
+    if (m_item.pinned)
+        facts.append(tr("pinned"));
+    if (m_isMissing)
+        facts.append(tr("unavailable"));
+    return facts.join(QStringLiteral(", "));
 }
 
 void ShelfItemView::setHovered(bool isHovered)
 {
     if (std::exchange(m_isHovered, isHovered) != isHovered)
+        update();
+}
+
+void ShelfItemView::setFocused(bool isFocused)
+{
+    if (std::exchange(m_isFocused, isFocused) != isFocused)
         update();
 }
 
@@ -72,13 +97,7 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (m_isHovered) {
-        QColor highlight = primaryColor(palette());
-        highlight.setAlphaF(hoverOpacity);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(highlight);
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-    }
+    paintBackground(painter);
     painter.setOpacity(m_isUnavailable ? unavailableOpacity : 1);
     const QRect box((width() - previewSize) / 2, padding, previewSize, previewSize);
     paintPreview(painter, box);
@@ -88,6 +107,24 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
         const QRect badge(width() - badgePadding - badgeSize, badgePadding, badgeSize, badgeSize);
         drawSymbol(painter, Symbol::pinFill, SymbolWeight::semibold, badge, accentColor(palette()));
     }
+}
+
+void ShelfItemView::paintBackground(QPainter& painter) const
+{
+    if (m_isHovered) {
+        QColor highlight = primaryColor(palette());
+        highlight.setAlphaF(hoverOpacity);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(highlight);
+        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    }
+    if (!m_isFocused)
+        return;
+    const double inset = focusStrokeWidth / 2;
+    painter.setPen(QPen(accentColor(palette()), focusStrokeWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius - inset,
+                            cornerRadius - inset);
 }
 
 void ShelfItemView::paintPreview(QPainter& painter, const QRect& box)

@@ -28,11 +28,16 @@ public:
     /// a link.
     void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, const std::optional<QUrl>& iconURL);
     void setHovered(bool isHovered);
+    /// Shows that keys are meant for this tile.
+    void setFocused(bool isFocused);
 
     /// Null until it has come, and for items without a file.
     [[nodiscard]] const QPixmap& thumbnail() const { return m_thumbnail.picture(); }
 
     [[nodiscard]] ItemInteractionView& interaction() { return *m_interaction; }
+    [[nodiscard]] const ItemInteractionView& interaction() const { return *m_interaction; }
+
+    [[nodiscard]] bool isFocused() const { return m_isFocused; }
 
     /// Whether the item is a file that cannot be found.
     [[nodiscard]] static bool isUnavailable(const ShelfItem& item, const std::optional<QUrl>& localURL);
@@ -42,6 +47,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    [[nodiscard]] QString description() const;
+    void paintBackground(QPainter& painter) const;
     void paintPreview(QPainter& painter, const QRect& box);
     void paintFile(QPainter& painter, const QRect& box);
     void paintName(QPainter& painter, int top) const;
@@ -54,6 +61,7 @@ private:
     bool m_isUnavailable = false;
     bool m_isMissing = false;
     bool m_isHovered = false;
+    bool m_isFocused = false;
     ItemInteractionView* m_interaction;
 };
 

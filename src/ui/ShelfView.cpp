@@ -10,13 +10,16 @@
 #include "ShelfStore.h"
 #include "TileList.h"
 
+#include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPointer>
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -265,6 +268,57 @@ void ShelfView::dropEvent(QDropEvent* event)
     else
         m_dropHandler.handleTransfer(drop.transferKey, std::move(drop.items));
     acceptCopy(*event);
+}
+
+std::optional<ShelfItem> ShelfView::currentItem() const
+{
+    const std::optional<QUuid> id = m_tiles->hasFocus() ? m_tiles->currentId() : std::nullopt;
+    const auto& items = m_store.items();
+    const auto found = std::find_if(items.begin(), items.end(), [&](const ShelfItem& item) { return item.id == id; });
+    return found == items.end() ? std::nullopt : std::optional(*found);
+}
+
+void ShelfView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        if (onHide)
+            onHide();
+        return;
+    }
+    const std::optional<ShelfItem> item = currentItem();
+    if (!item || !handleKey(*event, *item))
+        QWidget::keyPressEvent(event);
+}
+
+bool ShelfView::handleKey(const QKeyEvent& event, const ShelfItem& item)
+{
+    if (event.matches(QKeySequence::Copy)) {
+        m_actions.copyToPasteboard(item);
+        return true;
+    }
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        m_actions.open(item);
+        return true;
+    case Qt::Key_Delete:
+        m_store.remove(item.id);
+        return true;
+    case Qt::Key_Space:
+        m_store.togglePinned(item.id);
+        return true;
+    default:
+        return false;
+    }
+}
+
+// From the keyboard; a tile opens its own menu for the mouse.
+void ShelfView::contextMenuEvent(QContextMenuEvent* event)
+{
+    const std::optional<ShelfItem> item = currentItem();
+    ShelfItemView* tile = item ? m_tiles->tile(item->id) : nullptr;
+    if (tile && event->reason() == QContextMenuEvent::Keyboard)
+        tile->interaction().showMenu(tile->mapToGlobal(tile->rect().center()));
 }
 
 void ShelfView::showEvent(QShowEvent* event)

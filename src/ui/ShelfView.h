@@ -63,6 +63,8 @@ public:
     std::function<void(bool isDropTarget)> onDropTargetChanged;
     std::function<void()> onDragOutBegan;
     std::function<void()> onDragOutEnded;
+    /// The user wants the shelf out of the way.
+    std::function<void()> onHide;
 
     /// The item under the pointer, if any.
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
@@ -78,6 +80,8 @@ protected:
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
     void setUpLayout(PanelPinning& pinning);
@@ -89,6 +93,8 @@ private:
     [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
     [[nodiscard]] bool canTake(const QDropEvent& event) const;
     void setDropTarget(bool isDropTarget);
+    [[nodiscard]] std::optional<ShelfItem> currentItem() const;
+    [[nodiscard]] bool handleKey(const QKeyEvent& event, const ShelfItem& item);
     void setHovered(const std::optional<QUuid>& id);
     void itemHovered(const QUuid& id, bool isInside);
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);

@@ -1,7 +1,10 @@
 #include "TileList.h"
 
+#include "ItemInteractionView.h"
 #include "ShelfItemView.h"
 
+#include <QAccessible>
+#include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScrollBar>
 
@@ -22,6 +25,8 @@ TileList::TileList(QWidget* parent)
     : QAbstractScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::StrongFocus);
+    setAccessibleName(tr("Shelf"));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
@@ -35,9 +40,32 @@ int TileList::tileWidth() const
 
 void TileList::setRows(std::vector<QUuid> ids)
 {
+    const std::optional<QUuid> current = currentId();
     m_ids = std::move(ids);
+    if (current) {
+        const auto found = std::find(m_ids.begin(), m_ids.end(), *current);
+        if (found != m_ids.end())
+            m_currentRow = static_cast<std::size_t>(found - m_ids.begin());
+        else if (m_ids.empty())
+            m_currentRow.reset();
+        else
+            m_currentRow = std::min(*m_currentRow, m_ids.size() - 1);
+    }
     measure();
     placeTiles(true);
+    showCurrent();
+}
+
+std::optional<QUuid> TileList::currentId() const
+{
+    return m_currentRow ? std::optional(m_ids[*m_currentRow]) : std::nullopt;
+}
+
+std::vector<ShelfItemView*> TileList::tilesInOrder() const
+{
+    std::vector<ShelfItemView*> tiles(m_tiles.begin(), m_tiles.end());
+    std::sort(tiles.begin(), tiles.end(), [](const auto* left, const auto* right) { return left->y() < right->y(); });
+    return tiles;
 }
 
 void TileList::measure()
@@ -62,7 +90,7 @@ void TileList::placeTiles(bool refill)
         ShelfItemView* tile = unused.take(m_ids[row]);
         const bool isNew = tile == nullptr;
         if (isNew)
-            tile = makeTile(viewport());
+            tile = newTile(m_ids[row]);
         tile->setGeometry(margin, m_layout.top(row) - offset, tileWidth(), m_layout.height(row));
         if (isNew || refill)
             fillTile(*tile, row);
@@ -74,6 +102,120 @@ void TileList::placeTiles(bool refill)
         tile->hide();
         tile->deleteLater();
     }
+}
+
+ShelfItemView* TileList::newTile(const QUuid& id)
+{
+    ShelfItemView* tile = makeTile(viewport());
+    tile->interaction().installEventFilter(this);
+    tile->setFocused(m_usesKeys && hasFocus() && currentId() == id);
+    return tile;
+}
+
+// A tile that is pressed becomes the current one, and keys go on from there.
+bool TileList::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::MouseButtonPress) {
+        for (std::size_t row = 0; row < m_ids.size(); ++row) {
+            const ShelfItemView* pressed = tile(m_ids[row]);
+            if (!pressed || watched != &pressed->interaction())
+                continue;
+            m_usesKeys = false;
+            m_currentRow = row;
+            showCurrent();
+            break;
+        }
+    }
+    return QAbstractScrollArea::eventFilter(watched, event);
+}
+
+std::optional<std::size_t> TileList::rowForKey(int key) const
+{
+    if (m_ids.empty())
+        return std::nullopt;
+    const std::size_t last = m_ids.size() - 1;
+    if (!m_currentRow)
+        return key == Qt::Key_Up || key == Qt::Key_End ? last : 0;
+    const std::size_t page = std::max<std::size_t>(m_tiles.size(), 2) - 1;
+    const std::size_t row = *m_currentRow;
+    switch (key) {
+    case Qt::Key_Up:
+        return row - std::min<std::size_t>(row, 1);
+    case Qt::Key_Down:
+        return std::min(row + 1, last);
+    case Qt::Key_PageUp:
+        return row - std::min(row, page);
+    case Qt::Key_PageDown:
+        return std::min(row + page, last);
+    case Qt::Key_Home:
+        return 0;
+    default:
+        return last;
+    }
+}
+
+void TileList::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        m_usesKeys = true;
+        if (const auto row = rowForKey(event->key()))
+            setCurrentRow(*row);
+        return;
+    default:
+        // Everything else is for the owner.
+        event->ignore();
+    }
+}
+
+void TileList::setCurrentRow(std::size_t row)
+{
+    m_currentRow = row;
+    scrollTo(row);
+    showCurrent();
+}
+
+void TileList::scrollTo(std::size_t row)
+{
+    const int top = m_layout.top(row) - margin;
+    const int bottom = m_layout.top(row) + m_layout.height(row) + margin;
+    const int offset = verticalScrollBar()->value();
+    if (top < offset)
+        verticalScrollBar()->setValue(top);
+    else if (bottom > offset + viewport()->height())
+        verticalScrollBar()->setValue(bottom - viewport()->height());
+}
+
+void TileList::showCurrent()
+{
+    const std::optional<QUuid> current = currentId();
+    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each)
+        each.value()->setFocused(m_usesKeys && hasFocus() && each.key() == current);
+    ShelfItemView* focused = hasFocus() && current ? tile(*current) : nullptr;
+    if (!focused)
+        return;
+    QAccessibleEvent event(focused, QAccessible::Focus);
+    QAccessible::updateAccessibility(&event);
+}
+
+void TileList::focusInEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    m_usesKeys = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    if (!m_currentRow && !m_ids.empty())
+        m_currentRow = 0;
+    showCurrent();
+}
+
+void TileList::focusOutEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusOutEvent(event);
+    showCurrent();
 }
 
 void TileList::resizeEvent(QResizeEvent* event)

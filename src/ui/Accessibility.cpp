@@ -1,0 +1,145 @@
+#include "Accessibility.h"
+
+#include "ItemInteractionView.h"
+#include "ShelfItemView.h"
+#include "TileList.h"
+
+#include <QAccessibleWidget>
+
+#include <algorithm>
+#include <memory>
+
+namespace nookle {
+
+namespace {
+
+/// One tile: an item of a list. What can be done with it is what its context menu holds.
+class AccessibleTile final : public QAccessibleWidget {
+public:
+    explicit AccessibleTile(ShelfItemView* tile)
+        : QAccessibleWidget(tile, QAccessible::ListItem)
+        , m_tile(*tile)
+    {
+    }
+
+    // Not the widgets in between.
+    [[nodiscard]] QAccessibleInterface* parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(list());
+    }
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        const bool isCurrent = list() && list()->currentId() && list()->tile(*list()->currentId()) == &m_tile;
+        state.focusable = true;
+        state.focused = isCurrent && list()->hasFocus();
+        state.selectable = true;
+        state.selected = isCurrent;
+        return state;
+    }
+
+    [[nodiscard]] QStringList actionNames() const override
+    {
+        QStringList names{ showMenuAction() };
+        for (const MenuAction& action : enabledActions())
+            names.append(action.title);
+        return names;
+    }
+
+    [[nodiscard]] QString localizedActionName(const QString& name) const override { return name; }
+
+    void doAction(const QString& name) override
+    {
+        if (name == showMenuAction()) {
+            m_tile.interaction().showMenu(m_tile.mapToGlobal(m_tile.rect().center()));
+            return;
+        }
+        for (const MenuAction& action : enabledActions()) {
+            if (action.title == name) {
+                action.action();
+                return;
+            }
+        }
+    }
+
+private:
+    [[nodiscard]] TileList* list() const
+    {
+        QWidget* viewport = m_tile.parentWidget();
+        return viewport ? qobject_cast<TileList*>(viewport->parentWidget()) : nullptr;
+    }
+
+    [[nodiscard]] std::vector<MenuAction> enabledActions() const
+    {
+        std::vector<MenuAction> actions;
+        const auto& configuration = m_tile.interaction().configuration();
+        if (!configuration || !configuration->menu)
+            return actions;
+        for (const auto& each : configuration->menu()) {
+            if (each && each->isEnabled)
+                actions.push_back(*each);
+        }
+        return actions;
+    }
+
+    ShelfItemView& m_tile;
+};
+
+/// The column of tiles, as far as they are in view.
+class AccessibleTileList final : public QAccessibleWidget {
+public:
+    explicit AccessibleTileList(TileList* list)
+        : QAccessibleWidget(list, QAccessible::List)
+        , m_list(*list)
+    {
+    }
+
+    [[nodiscard]] int childCount() const override { return m_list.tileCount(); }
+
+    [[nodiscard]] QAccessibleInterface* child(int index) const override
+    {
+        const std::vector<ShelfItemView*> tiles = m_list.tilesInOrder();
+        if (index < 0 || static_cast<std::size_t>(index) >= tiles.size())
+            return nullptr;
+        return QAccessible::queryAccessibleInterface(tiles[static_cast<std::size_t>(index)]);
+    }
+
+    [[nodiscard]] int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        const std::vector<ShelfItemView*> tiles = m_list.tilesInOrder();
+        const auto found = std::find(tiles.begin(), tiles.end(), child->object());
+        return found == tiles.end() ? -1 : static_cast<int>(found - tiles.begin());
+    }
+
+    [[nodiscard]] QAccessibleInterface* focusChild() const override
+    {
+        const auto current = m_list.currentId();
+        ShelfItemView* tile = current && m_list.hasFocus() ? m_list.tile(*current) : nullptr;
+        return tile ? QAccessible::queryAccessibleInterface(tile) : nullptr;
+    }
+
+private:
+    TileList& m_list;
+};
+
+QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
+{
+    // The toolkit owns what it is given here.
+    if (auto* tile = qobject_cast<ShelfItemView*>(object))
+        return std::make_unique<AccessibleTile>(tile).release();
+    if (auto* list = qobject_cast<TileList*>(object))
+        return std::make_unique<AccessibleTileList>(list).release();
+    return nullptr;
+}
+
+} // namespace
+
+void installAccessibility()
+{
+    QAccessible::installFactory(makeInterface);
+}
+
+} // namespace nookle

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace nookle {
+
+/// Makes the shelf known to assistive programs as a list of items with their actions. Call it once, before the first
+/// view is made.
+void installAccessibility();
+
+} // namespace nookle

@@ -1,0 +1,129 @@
+#include "Accessibility.h"
+
+#include "ShelfFixture.h"
+#include "ShelfItemView.h"
+#include "TileList.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QMenu>
+
+using namespace nookle;
+
+class AccessibilityTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { installAccessibility(); }
+    void init();
+    void cleanup() { m_shelf.reset(); }
+
+    void theTilesAreTheItemsOfAListInTheirOrder();
+    void aTileHasNameAndDescription();
+    void theDescriptionSaysPinnedAndUnavailable();
+    void theActionsAreThoseOfTheMenu();
+    void anActionDoesWhatItSays();
+    void theMenuCanBeOpened();
+    void theCurrentTileHasTheFocus();
+    void aTileAndItsListKnowEachOther();
+
+private:
+    [[nodiscard]] TileList& list() { return *m_shelf->view.findChild<TileList*>(); }
+    [[nodiscard]] QAccessibleInterface& accessibleList() { return *QAccessible::queryAccessibleInterface(&list()); }
+    [[nodiscard]] QAccessibleInterface& tile(int index) { return *accessibleList().child(index); }
+
+    std::unique_ptr<ShelfFixture> m_shelf;
+};
+
+void AccessibilityTest::init()
+{
+    m_shelf = std::make_unique<ShelfFixture>();
+    m_shelf->store.addText(QStringLiteral("words"));
+    m_shelf->store.addText(QStringLiteral("https://example.com/"));
+    (void)m_shelf->addImage();
+    (void)m_shelf->addFile("a.txt");
+}
+
+void AccessibilityTest::theTilesAreTheItemsOfAListInTheirOrder()
+{
+    QCOMPARE(accessibleList().role(), QAccessible::List);
+    QCOMPARE(accessibleList().text(QAccessible::Name), QStringLiteral("Shelf"));
+    QCOMPARE(accessibleList().childCount(), 4);
+    QStringList names;
+    for (int index = 0; index < 4; ++index) {
+        QCOMPARE(tile(index).role(), QAccessible::ListItem);
+        names.append(tile(index).text(QAccessible::Name));
+    }
+    QCOMPARE(names.join(QLatin1Char(' ')), QStringLiteral("a.txt Shot example.com words"));
+}
+
+void AccessibilityTest::aTileHasNameAndDescription()
+{
+    QStringList descriptions;
+    for (int index = 0; index < 4; ++index)
+        descriptions.append(tile(index).text(QAccessible::Description));
+    QCOMPARE(descriptions.join(QLatin1Char(' ')), QStringLiteral("File Image Link Text"));
+}
+
+void AccessibilityTest::theDescriptionSaysPinnedAndUnavailable()
+{
+    m_shelf->store.togglePinned(m_shelf->top().id);
+    QCOMPARE(tile(0).text(QAccessible::Description), QStringLiteral("File, pinned"));
+    m_shelf->references.removeFile(fileUrl("/somewhere/a.txt"));
+    m_shelf->store.refreshFiles();
+    QCOMPARE(tile(0).text(QAccessible::Description), QStringLiteral("File, pinned, unavailable"));
+}
+
+void AccessibilityTest::theActionsAreThoseOfTheMenu()
+{
+    const QStringList expected{ QAccessibleActionInterface::showMenuAction(),
+                                QStringLiteral("Open"),
+                                QStringLiteral("Show in Finder"),
+                                QStringLiteral("Copy"),
+                                QStringLiteral("Pin"),
+                                QStringLiteral("Remove") };
+    QCOMPARE(tile(0).actionInterface()->actionNames(), expected);
+    m_shelf->references.removeFile(fileUrl("/somewhere/a.txt"));
+    m_shelf->store.refreshFiles();
+    QVERIFY(!tile(0).actionInterface()->actionNames().contains(QStringLiteral("Copy")));
+}
+
+void AccessibilityTest::anActionDoesWhatItSays()
+{
+    tile(0).actionInterface()->doAction(QStringLiteral("Open"));
+    QCOMPARE(m_shelf->workspace.opened.size(), 1);
+    tile(0).actionInterface()->doAction(QStringLiteral("Remove"));
+    QCOMPARE(accessibleList().childCount(), 3);
+}
+
+void AccessibilityTest::theMenuCanBeOpened()
+{
+    tile(0).actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    menu->close();
+}
+
+void AccessibilityTest::theCurrentTileHasTheFocus()
+{
+    QVERIFY(!tile(0).state().focused);
+    m_shelf->view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&m_shelf->view));
+    list().setFocus();
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QVERIFY(tile(1).state().focused);
+    QVERIFY(tile(1).state().selected);
+    QVERIFY(!tile(0).state().focused);
+    QCOMPARE(accessibleList().focusChild(), &tile(1));
+}
+
+void AccessibilityTest::aTileAndItsListKnowEachOther()
+{
+    QCOMPARE(tile(2).parent(), &accessibleList());
+    QCOMPARE(accessibleList().indexOfChild(&tile(2)), 2);
+    QCOMPARE(tile(2).childCount(), 0);
+    QVERIFY(!accessibleList().child(99));
+}
+
+QTEST_MAIN(AccessibilityTest)
+#include "AccessibilityTest.moc"

@@ -1,0 +1,216 @@
+#include "ItemInteractionView.h"
+#include "PinButton.h"
+#include "ShelfFixture.h"
+#include "ShelfItemView.h"
+#include "TileList.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QScrollBar>
+
+using namespace nookle;
+
+class KeyboardTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_shelf.reset(); }
+
+    void theFirstTileIsTheCurrentOneWhenTheListGetsTheKeyboard();
+    void arrowsMoveOverTheTiles();
+    void movingScrollsTheTileIntoView();
+    void returnOpens();
+    void deleteRemovesAndTheNextTileTakesOver();
+    void deletingTheLastTileLeavesTheOneAbove();
+    void controlAndCCopy();
+    void spacePins();
+    void theMenuKeyOpensTheMenuOfTheTile();
+    void escapeHides();
+    void keysOnThePinButtonDoNotReachTheTiles();
+    void aPressedTileBecomesTheCurrentOne();
+    void theFrameShowsOnlyWhileKeysAreUsed();
+    void theCurrentTileStaysWithItsItem();
+    void anEmptyShelfTakesKeysWithoutEffect();
+
+private:
+    void key(int key, Qt::KeyboardModifiers modifiers = {})
+    {
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+    }
+    [[nodiscard]] TileList& list() { return *m_shelf->view.findChild<TileList*>(); }
+    [[nodiscard]] QString current()
+    {
+        const auto id = list().currentId();
+        for (const ShelfItem& item : m_shelf->store.items()) {
+            if (item.id == id)
+                return item.displayName();
+        }
+        return {};
+    }
+    void addTexts(int count)
+    {
+        for (int number = count - 1; number >= 0; --number)
+            m_shelf->store.addText(QString::number(number));
+    }
+
+    std::unique_ptr<ShelfFixture> m_shelf;
+};
+
+void KeyboardTest::init()
+{
+    m_shelf = std::make_unique<ShelfFixture>();
+    m_shelf->view.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&m_shelf->view));
+    addTexts(20);
+    list().setFocus(Qt::TabFocusReason);
+    QCOMPARE(QApplication::focusWidget(), &list());
+}
+
+void KeyboardTest::theFirstTileIsTheCurrentOneWhenTheListGetsTheKeyboard()
+{
+    QCOMPARE(current(), QStringLiteral("0"));
+}
+
+void KeyboardTest::arrowsMoveOverTheTiles()
+{
+    key(Qt::Key_Up);
+    QCOMPARE(current(), QStringLiteral("0"));
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    QCOMPARE(current(), QStringLiteral("2"));
+    key(Qt::Key_Up);
+    QCOMPARE(current(), QStringLiteral("1"));
+    key(Qt::Key_End);
+    QCOMPARE(current(), QStringLiteral("19"));
+    key(Qt::Key_Down);
+    QCOMPARE(current(), QStringLiteral("19"));
+    key(Qt::Key_Home);
+    QCOMPARE(current(), QStringLiteral("0"));
+    key(Qt::Key_PageDown);
+    QVERIFY(current().toInt() > 3);
+    key(Qt::Key_PageUp);
+    QCOMPARE(current(), QStringLiteral("0"));
+}
+
+void KeyboardTest::movingScrollsTheTileIntoView()
+{
+    key(Qt::Key_End);
+    const ShelfItemView* last = list().tile(*list().currentId());
+    QVERIFY(last);
+    QVERIFY(list().viewport()->rect().contains(last->geometry()));
+    QCOMPARE(list().verticalScrollBar()->value(), list().verticalScrollBar()->maximum());
+    key(Qt::Key_Home);
+    QCOMPARE(list().verticalScrollBar()->value(), 0);
+}
+
+void KeyboardTest::returnOpens()
+{
+    m_shelf->store.addText(QStringLiteral("https://example.com/"));
+    key(Qt::Key_Home);
+    key(Qt::Key_Return);
+    key(Qt::Key_Enter);
+    QCOMPARE(m_shelf->workspace.opened.size(), 2);
+}
+
+void KeyboardTest::deleteRemovesAndTheNextTileTakesOver()
+{
+    key(Qt::Key_Down);
+    key(Qt::Key_Delete);
+    QCOMPARE(m_shelf->store.items().size(), 19);
+    QCOMPARE(current(), QStringLiteral("2"));
+}
+
+void KeyboardTest::deletingTheLastTileLeavesTheOneAbove()
+{
+    key(Qt::Key_End);
+    key(Qt::Key_Delete);
+    QCOMPARE(current(), QStringLiteral("18"));
+}
+
+void KeyboardTest::controlAndCCopy()
+{
+    key(Qt::Key_Down);
+    key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(m_shelf->pasteboard.operations, QStringList({ QStringLiteral("clear"), QStringLiteral("text 1") }));
+}
+
+void KeyboardTest::spacePins()
+{
+    key(Qt::Key_Space);
+    QVERIFY(m_shelf->top().pinned);
+    key(Qt::Key_Space);
+    QVERIFY(!m_shelf->top().pinned);
+}
+
+void KeyboardTest::theMenuKeyOpensTheMenuOfTheTile()
+{
+    key(Qt::Key_Down);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(&list(), &event);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    menu->actions().constLast()->trigger();
+    menu->close();
+    QCOMPARE(m_shelf->store.items().size(), 19);
+    QCOMPARE(current(), QStringLiteral("2"));
+}
+
+void KeyboardTest::escapeHides()
+{
+    int hides = 0;
+    m_shelf->view.onHide = [&] { ++hides; };
+    key(Qt::Key_Escape);
+    QCOMPARE(hides, 1);
+}
+
+void KeyboardTest::keysOnThePinButtonDoNotReachTheTiles()
+{
+    m_shelf->view.findChild<PinButton*>()->setFocus();
+    key(Qt::Key_Delete);
+    key(Qt::Key_Return);
+    QCOMPARE(m_shelf->store.items().size(), 20);
+}
+
+void KeyboardTest::aPressedTileBecomesTheCurrentOne()
+{
+    ShelfItemView* third = list().tile(m_shelf->store.items()[2].id);
+    QTest::mousePress(&third->interaction(), Qt::LeftButton);
+    QCOMPARE(current(), QStringLiteral("2"));
+    QTest::mouseRelease(&third->interaction(), Qt::LeftButton);
+    key(Qt::Key_Down);
+    QCOMPARE(current(), QStringLiteral("3"));
+}
+
+void KeyboardTest::theFrameShowsOnlyWhileKeysAreUsed()
+{
+    ShelfItemView* first = list().tile(m_shelf->top().id);
+    QVERIFY(first->isFocused());
+    QTest::mousePress(&first->interaction(), Qt::LeftButton);
+    QVERIFY(!first->isFocused());
+    QTest::mouseRelease(&first->interaction(), Qt::LeftButton);
+    key(Qt::Key_Up);
+    QVERIFY(first->isFocused());
+    list().clearFocus();
+    QVERIFY(!first->isFocused());
+}
+
+void KeyboardTest::theCurrentTileStaysWithItsItem()
+{
+    key(Qt::Key_Down);
+    m_shelf->store.addText(QStringLiteral("new"));
+    QCOMPARE(current(), QStringLiteral("1"));
+}
+
+void KeyboardTest::anEmptyShelfTakesKeysWithoutEffect()
+{
+    while (!m_shelf->store.items().isEmpty())
+        m_shelf->store.remove(m_shelf->top().id);
+    QVERIFY(!list().currentId());
+    for (const Qt::Key each : { Qt::Key_Down, Qt::Key_Delete, Qt::Key_Return, Qt::Key_Space })
+        QTest::keyClick(&list(), each);
+    QVERIFY(m_shelf->store.items().isEmpty());
+}
+
+QTEST_MAIN(KeyboardTest)
+#include "KeyboardTest.moc"
