@@ -23,7 +23,8 @@ namespace {
         return {};
     const QImage image(reinterpret_cast<const uchar*>(picture.pixels.constData()), picture.width, picture.height,
                        bytesPerLine, QImage::Format_ARGB32_Premultiplied);
-    return QPixmap::fromImage(image);
+    // The image only borrows the bytes, and a pixmap may do no more than share the image.
+    return QPixmap::fromImage(image.copy());
 }
 
 } // namespace

@@ -1,6 +1,8 @@
 #include "GoldenScenes.h"
 
 #include "ShelfFixture.h"
+#include "ShelfItemView.h"
+#include "TileList.h"
 
 #include <QApplication>
 #include <QLinearGradient>
@@ -117,6 +119,12 @@ void showHovered(ShelfFixture& shelf)
     shelf.view.interaction(shelf.store.items()[1]).onHover(true);
 }
 
+void showFocused(ShelfFixture& shelf)
+{
+    addOneOfEach(shelf);
+    shelf.view.findChild<TileList*>()->tilesInOrder()[2]->setFocused(true);
+}
+
 void showLongNames(ShelfFixture& shelf)
 {
     (void)shelf.addFile("Minutes of the general meeting of the association in Reykjavik.tar.gz");
@@ -151,6 +159,7 @@ std::vector<GoldenScene> goldenScenes()
         { QStringLiteral("unavailable"), showUnavailable },
         { QStringLiteral("unavailable-dark"), showUnavailable, true },
         { QStringLiteral("hovered"), showHovered },
+        { QStringLiteral("focused"), showFocused },
         { QStringLiteral("long-names"), showLongNames },
         { QStringLiteral("drop-target"), showDropTarget },
         { QStringLiteral("translucent-dark-scale-2"),

@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <xcb/shape.h>
 #include <xcb/xcb.h>
 
 #include <algorithm>
@@ -51,6 +52,17 @@ inline constexpr double usualRefreshRate = 60;
     region += QRegion(QRect(QPoint(0, 0), corner), QRegion::Ellipse);
     region += QRegion(QRect(QPoint(0, size.height() - corner.height()), corner), QRegion::Ellipse);
     return region;
+}
+
+/// The rectangles of a region, four numbers each.
+[[nodiscard]] std::vector<std::uint32_t> rectangleNumbers(const QRegion& region)
+{
+    std::vector<std::uint32_t> numbers;
+    for (const QRect& rect : region) {
+        for (const int number : { rect.x(), rect.y(), rect.width(), rect.height() })
+            numbers.push_back(static_cast<std::uint32_t>(number));
+    }
+    return numbers;
 }
 
 } // namespace
@@ -100,29 +112,43 @@ void X11PanelWindow::updateShape()
     const QSize size = m_frame.size().toSize();
     const double left = std::max(m_confirmedLeft, m_frame.left());
     const int width = m_limit ? std::clamp(qRound(*m_limit - left), 0, size.width()) : size.width();
-    const QRegion shape = outline(size).intersected(QRect(0, 0, width, size.height()));
-    if (std::exchange(m_shape, shape) == shape)
-        return;
-    // An empty region would mean "no mask": to show nothing takes a region outside of the window.
-    m_window.setMask(shape.isEmpty() ? QRegion(-1, -1, 1, 1) : shape);
+    const double ratio = m_window.devicePixelRatio();
+    const QRegion shape = outline(size).intersected(QRect(QPoint(), (QSizeF(width, size.height()) * ratio).toSize()));
+    if (std::exchange(m_shape, shape) != shape)
+        applyShape(shape);
+}
+
+// Straight to the server: the toolkit's masks are made of points, and the corners would be coarse where a point is
+// several pixels.
+void X11PanelWindow::applyShape(const QRegion& pixels)
+{
+    const std::vector<std::uint32_t> numbers = rectangleNumbers(pixels);
+    std::vector<xcb_rectangle_t> rectangles;
+    for (std::size_t index = 0; index + 3 < numbers.size(); index += 4) {
+        rectangles.push_back({ static_cast<std::int16_t>(numbers[index]), static_cast<std::int16_t>(numbers[index + 1]),
+                               static_cast<std::uint16_t>(numbers[index + 2]),
+                               static_cast<std::uint16_t>(numbers[index + 3]) });
+    }
+    for (const auto kind : { XCB_SHAPE_SK_BOUNDING, XCB_SHAPE_SK_INPUT })
+        xcb_shape_rectangles(m_connection, XCB_SHAPE_SO_SET, static_cast<xcb_shape_kind_t>(kind),
+                             XCB_CLIP_ORDERING_UNSORTED, static_cast<xcb_window_t>(m_window.winId()), 0, 0,
+                             static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
 
 // Where windows shine through, the content draws its corners itself, and smoother.
 QRegion X11PanelWindow::outline(const QSize& size) const
 {
+    const QSize pixels = (QSizeF(size) * m_window.devicePixelRatio()).toSize();
     if (m_compositing.backdrop() != Backdrop::opaque)
-        return QRect(QPoint(0, 0), size);
-    return roundedOnTheLeft(size, qRound(m_cornerRadius));
+        return QRect(QPoint(), pixels);
+    return roundedOnTheLeft(pixels, qRound(m_cornerRadius * m_window.devicePixelRatio()));
 }
 
 void X11PanelWindow::askForBlur()
 {
     const double ratio = m_window.devicePixelRatio();
-    std::vector<std::uint32_t> numbers;
-    for (const QRect& rect : roundedOnTheLeft(m_frame.size().toSize(), qRound(m_cornerRadius))) {
-        for (const int number : { rect.x(), rect.y(), rect.width(), rect.height() })
-            numbers.push_back(static_cast<std::uint32_t>(qRound(number * ratio)));
-    }
+    const std::vector<std::uint32_t> numbers =
+        rectangleNumbers(roundedOnTheLeft((m_frame.size() * ratio).toSize(), qRound(m_cornerRadius * ratio)));
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(m_window.winId()),
                         xcbAtom(m_connection, "_KDE_NET_WM_BLUR_BEHIND_REGION"), XCB_ATOM_CARDINAL, 32,
                         static_cast<std::uint32_t>(numbers.size()), numbers.data());

@@ -45,7 +45,9 @@ private:
     void standAboveFullScreenWindow();
     void raise();
     void askForBlur();
+    /// In pixels, of a window of that many points.
     [[nodiscard]] QRegion outline(const QSize& size) const;
+    void applyShape(const QRegion& pixels);
     [[nodiscard]] std::optional<double> slideLimit(const QRectF& from) const;
     void updateShape();
 
@@ -60,7 +62,7 @@ private:
     double m_confirmedLeft = 0;
     /// The right edge that nothing of the window may show beyond; none while no display lies there.
     std::optional<double> m_limit;
-    /// What the window's shape shows; none before it was set.
+    /// What the window's shape shows, in pixels; none before it was set.
     std::optional<QRegion> m_shape;
 };
 
