@@ -1,0 +1,105 @@
+#include "ClipboardPasteboard.h"
+
+#include "FakeImageConverter.h"
+#include "FileUrl.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QtTest>
+
+#include <memory>
+
+using namespace nookle;
+
+class ClipboardPasteboardTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+
+    void clearingLeavesNothing();
+    void aFileIsItsAddress();
+    void textIsText();
+    void aLinkIsAddressAndText();
+    void anImageIsThereOnceItIsConverted();
+    void anImageThatCannotBeReadWritesNothing();
+    void whatIsCopiedMeanwhileStays();
+
+private:
+    [[nodiscard]] static const QMimeData& clipboard()
+    {
+        static const QMimeData nothing;
+        const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+        return data ? *data : nothing;
+    }
+
+    std::unique_ptr<FakeImageConverter> m_converter;
+    std::unique_ptr<ClipboardPasteboard> m_pasteboard;
+    const QUrl m_file = fileUrl("/a b.png");
+};
+
+void ClipboardPasteboardTest::init()
+{
+    m_pasteboard.reset();
+    m_converter = std::make_unique<FakeImageConverter>();
+    m_pasteboard = std::make_unique<ClipboardPasteboard>(*m_converter);
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+}
+
+void ClipboardPasteboardTest::clearingLeavesNothing()
+{
+    m_pasteboard->clear();
+    QVERIFY(clipboard().formats().isEmpty());
+}
+
+void ClipboardPasteboardTest::aFileIsItsAddress()
+{
+    m_pasteboard->writeFile(m_file);
+    QCOMPARE(clipboard().data(QStringLiteral("text/uri-list")).trimmed(), QByteArray("file:///a%20b.png"));
+}
+
+void ClipboardPasteboardTest::textIsText()
+{
+    m_pasteboard->writeText(QStringLiteral(" words\n"));
+    QCOMPARE(clipboard().text(), QStringLiteral(" words\n"));
+}
+
+void ClipboardPasteboardTest::aLinkIsAddressAndText()
+{
+    m_pasteboard->writeLink(QStringLiteral("https://Example.com/"));
+    QCOMPARE(clipboard().text(), QStringLiteral("https://Example.com/"));
+    QVERIFY(clipboard().hasUrls());
+}
+
+void ClipboardPasteboardTest::anImageIsThereOnceItIsConverted()
+{
+    m_pasteboard->clear();
+    m_pasteboard->writeImage(m_file);
+    QCOMPARE(std::get<QUrl>(m_converter->asked.first().source), m_file);
+    QVERIFY(clipboard().formats().isEmpty());
+    QVERIFY(m_converter->finish(0, "png"));
+    QCOMPARE(clipboard().data(QStringLiteral("image/png")), QByteArray("png"));
+}
+
+void ClipboardPasteboardTest::anImageThatCannotBeReadWritesNothing()
+{
+    m_pasteboard->clear();
+    m_pasteboard->writeImage(m_file);
+    QVERIFY(m_converter->finish(0, std::nullopt));
+    QVERIFY(clipboard().formats().isEmpty());
+}
+
+void ClipboardPasteboardTest::whatIsCopiedMeanwhileStays()
+{
+    m_pasteboard->writeImage(m_file);
+    m_pasteboard->writeText(QStringLiteral("words"));
+    QVERIFY(!m_converter->finish(0, "png"));
+    m_pasteboard->writeImage(m_file);
+    QGuiApplication::clipboard()->setText(QStringLiteral("of another program"));
+    QVERIFY(!m_converter->finish(1, "png"));
+    QCOMPARE(clipboard().text(), QStringLiteral("of another program"));
+}
+
+QTEST_MAIN(ClipboardPasteboardTest)
+#include "ClipboardPasteboardTest.moc"

@@ -1,0 +1,228 @@
+#include "PortalFileTransfers.h"
+
+#include "FileUrl.h"
+
+#include <QDBusConnection>
+#include <QDBusContext>
+#include <QDBusMetaType>
+#include <QDBusUnixFileDescriptor>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QtTest>
+
+#include <memory>
+
+using namespace nookle;
+
+/// The portal as the bus knows it, on a thread of its own: the program waits for some of its answers.
+class FakePortal : public QObject, protected QDBusContext {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.FileTransfer")
+
+public:
+    Q_SLOT QString StartTransfer(const QVariantMap& /*options*/)
+    {
+        if (refuses)
+            sendErrorReply(QDBusError::AccessDenied);
+        return QStringLiteral("12345");
+    }
+
+    Q_SLOT void AddFiles(const QString& key, const QList<QDBusUnixFileDescriptor>& files,
+                         const QVariantMap& /*options*/)
+    {
+        addedKey = key;
+        for (const QDBusUnixFileDescriptor& file : files) {
+            const QString link = QStringLiteral("/proc/self/fd/%1").arg(file.fileDescriptor());
+            added.append(QFile::symLinkTarget(link));
+        }
+    }
+
+    Q_SLOT QStringList RetrieveFiles(const QString& key, const QVariantMap& /*options*/)
+    {
+        if (isSilent)
+            setDelayedReply(true);
+        if (key != QStringLiteral("12345"))
+            sendErrorReply(QDBusError::AccessDenied);
+        return { QStringLiteral("/home/a b.txt"), QStringLiteral("/home/ü%.txt") };
+    }
+
+    std::atomic<bool> refuses = false;
+    std::atomic<bool> isSilent = false;
+    QString addedKey;
+    QStringList added;
+};
+
+class PortalFileTransfersTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void init();
+    void cleanup();
+
+    void withoutAPortalThereAreNoTransfers();
+    void aPortalOnTheBusIsAvailable();
+    void anOfferedFileIsHandedOverOpen();
+    void aFileThatIsGoneIsNotOffered();
+    void aRefusalIsNoOffer();
+    void retrievedFilesHaveTheirNames();
+    void aKeyThatIsUsedUpRetrievesNothing();
+    void aPortalThatDoesNotAnswerIsGivenUp();
+
+private:
+    void startPortal();
+    [[nodiscard]] std::optional<QList<QUrl>> retrieve(const QByteArray& key, int& answers);
+
+    QTemporaryDir m_folder;
+    QProcess m_daemon;
+    QThread m_thread;
+    std::unique_ptr<FakePortal> m_portal;
+    std::unique_ptr<PortalFileTransfers> m_transfers;
+};
+
+namespace {
+
+const QString serviceConnection = QStringLiteral("portal");
+
+} // namespace
+
+void PortalFileTransfersTest::initTestCase()
+{
+    qDBusRegisterMetaType<QList<QDBusUnixFileDescriptor>>();
+    // A bus that knows no services which it could start.
+    const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
+    QFile file(configuration);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
+               "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
+               "<busconfig><type>session</type><listen>unix:path="
+               + m_folder.filePath(QStringLiteral("bus")).toUtf8()
+               + "</listen><policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
+                 "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
+                 "</busconfig>\n");
+    file.close();
+    m_daemon.start(QStringLiteral("dbus-daemon"),
+                   { QStringLiteral("--nofork"), QStringLiteral("--print-address"), QStringLiteral("--config-file"),
+                     configuration });
+    QVERIFY(m_daemon.waitForReadyRead());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_daemon.readAllStandardOutput().trimmed());
+    m_thread.start();
+}
+
+void PortalFileTransfersTest::cleanupTestCase()
+{
+    m_thread.quit();
+    m_thread.wait();
+    m_daemon.kill();
+    m_daemon.waitForFinished();
+}
+
+void PortalFileTransfersTest::init()
+{
+    m_transfers = std::make_unique<PortalFileTransfers>();
+}
+
+void PortalFileTransfersTest::cleanup()
+{
+    m_transfers.reset();
+    QDBusConnection::disconnectFromBus(serviceConnection);
+    if (m_portal)
+        QMetaObject::invokeMethod(
+            m_portal.get(), [this] { m_portal.reset(); }, Qt::BlockingQueuedConnection);
+}
+
+void PortalFileTransfersTest::startPortal()
+{
+    m_portal = std::make_unique<FakePortal>();
+    m_portal->moveToThread(&m_thread);
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(QString::fromLatin1(qgetenv("DBUS_SESSION_BUS_ADDRESS")), serviceConnection);
+    QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/portal/documents"), m_portal.get(),
+                               QDBusConnection::ExportAllSlots));
+    QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.portal.Documents")));
+}
+
+std::optional<QList<QUrl>> PortalFileTransfersTest::retrieve(const QByteArray& key, int& answers)
+{
+    auto retrieved = std::make_shared<std::optional<QList<QUrl>>>();
+    m_transfers->retrieve(key, [retrieved, &answers](std::optional<QList<QUrl>> files) {
+        ++answers;
+        *retrieved = std::move(files);
+    });
+    // Not before the call has returned.
+    if (answers != 0)
+        return std::nullopt;
+    [&] { QTRY_COMPARE(answers, 1); }();
+    return *retrieved;
+}
+
+void PortalFileTransfersTest::withoutAPortalThereAreNoTransfers()
+{
+    QVERIFY(!m_transfers->isAvailable());
+    QVERIFY(!m_transfers->offer({ fileUrl("/etc/passwd") }));
+    int answers = 0;
+    QVERIFY(!retrieve("12345", answers));
+    QCOMPARE(answers, 1);
+}
+
+void PortalFileTransfersTest::aPortalOnTheBusIsAvailable()
+{
+    startPortal();
+    QVERIFY(m_transfers->isAvailable());
+}
+
+void PortalFileTransfersTest::anOfferedFileIsHandedOverOpen()
+{
+    startPortal();
+    QFile file(m_folder.filePath(QStringLiteral("ü %.txt")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(m_transfers->offer({ fileUrl(file.fileName().toUtf8()) }), QByteArray("12345"));
+    QCOMPARE(m_portal->added, QStringList{ file.fileName() });
+    QCOMPARE(m_portal->addedKey, QStringLiteral("12345"));
+}
+
+void PortalFileTransfersTest::aFileThatIsGoneIsNotOffered()
+{
+    startPortal();
+    QVERIFY(!m_transfers->offer({ fileUrl("/of/nobody") }));
+}
+
+void PortalFileTransfersTest::aRefusalIsNoOffer()
+{
+    startPortal();
+    m_portal->refuses = true;
+    QVERIFY(!m_transfers->offer({ fileUrl("/etc/passwd") }));
+    QVERIFY(m_portal->added.isEmpty());
+}
+
+void PortalFileTransfersTest::retrievedFilesHaveTheirNames()
+{
+    startPortal();
+    int answers = 0;
+    const auto files = retrieve("12345", answers);
+    QVERIFY(files);
+    QCOMPARE(*files, QList<QUrl>({ fileUrl("/home/a b.txt"), fileUrl("/home/\xc3\xbc%.txt") }));
+}
+
+void PortalFileTransfersTest::aKeyThatIsUsedUpRetrievesNothing()
+{
+    startPortal();
+    int answers = 0;
+    QVERIFY(!retrieve("old", answers));
+    QCOMPARE(answers, 1);
+}
+
+void PortalFileTransfersTest::aPortalThatDoesNotAnswerIsGivenUp()
+{
+    startPortal();
+    m_portal->isSilent = true;
+    int answers = 0;
+    QVERIFY(!retrieve("12345", answers));
+    QCOMPARE(answers, 1);
+}
+
+QTEST_GUILESS_MAIN(PortalFileTransfersTest)
+#include "PortalFileTransfersTest.moc"
