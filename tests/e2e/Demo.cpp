@@ -52,8 +52,8 @@ int show(const QString& program, const QString& picturePath)
         return fail("the file manager does not start");
 
     std::printf("Dragging \"%s\" out of the file manager to the right edge ...\n", qPrintable(name));
-    screen.moveTo(files->icon());
-    screen.press();
+    if (!screen.beginDrag(files->icon()))
+        return fail("the file manager begins no drag");
     screen.moveTo(QPoint(1279, 300));
     if (!waitFor([&] { return shelf.isAtRest(1280); }))
         return fail("the shelf does not come out");

@@ -80,13 +80,16 @@ private Q_SLOTS:
     void aWaylandSessionIsSaidInOneLogLine();
 
 protected:
-    void openFileManager();
+    // Each of these is a piece of a test, which ends where one says false.
+    [[nodiscard]] bool openFileManager();
     /// Presses on the file and drags it to a place just short of the edge zone.
-    void dragFileNearEdge();
+    [[nodiscard]] bool dragFileNearEdge();
     /// Drops the file of the file manager on the shelf.
-    void dropFileOnShelf();
+    [[nodiscard]] bool dropFileOnShelf();
     /// Drops a URI list of another program on the shelf.
-    void offerToShelf(const QByteArray& uriList);
+    [[nodiscard]] bool offerToShelf(const QByteArray& uriList);
+    /// Drops what is being dragged on the shelf.
+    [[nodiscard]] bool dropOnShelf();
     [[nodiscard]] bool panelIsGone() const { return !m_shelf->panel(); }
     [[nodiscard]] XScreen& screen() { return m_desktop->screen(); }
     /// Opens the other program's window and returns it.
@@ -116,6 +119,7 @@ void ShelfEndToEndTest::cleanup()
         const QString picture = QStringLiteral("%1-%2.png")
                                     .arg(variable("NOOKLE_ENVIRONMENT"), QLatin1String(QTest::currentTestFunction()));
         screen().picture().save(picture);
+        screen().release();
         qInfo("the screen at the end: %s\nthe log: %s", qPrintable(picture), m_shelf->log().constData());
     }
     m_peer.reset();
@@ -124,43 +128,42 @@ void ShelfEndToEndTest::cleanup()
     m_desktop.reset();
 }
 
-void ShelfEndToEndTest::openFileManager()
+bool ShelfEndToEndTest::openFileManager()
 {
     m_files = FileManager::tryOpen(*m_desktop, m_desktop->home(QStringLiteral("files")));
-    QVERIFY(m_files);
+    return m_files != nullptr;
 }
 
-void ShelfEndToEndTest::dragFileNearEdge()
+bool ShelfEndToEndTest::dragFileNearEdge()
 {
-    openFileManager();
-    screen().moveTo(m_files->icon());
-    screen().press();
+    if (!openFileManager() || !screen().beginDrag(m_files->icon()))
+        return false;
     screen().moveTo(QPoint(rightEdge() - 20, 300));
-    QVERIFY2(waitFor([this] { return screen().hasOwner("XdndSelection"); }), "the file manager begins no drag");
-    QVERIFY(panelIsGone());
+    return panelIsGone();
 }
 
-void ShelfEndToEndTest::dropFileOnShelf()
+bool ShelfEndToEndTest::dropOnShelf()
 {
-    dragFileNearEdge();
     screen().moveTo(QPoint(rightEdge() - 1, 300));
-    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    if (!waitFor([this] { return m_shelf->isAtRest(rightEdge()); }))
+        return false;
     screen().moveTo(QPoint(rightEdge() - 56, 320));
     screen().release();
-    QVERIFY(waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("note one.txt") }; }));
+    return true;
 }
 
-void ShelfEndToEndTest::offerToShelf(const QByteArray& uriList)
+bool ShelfEndToEndTest::dropFileOnShelf()
+{
+    if (!dragFileNearEdge() || !dropOnShelf())
+        return false;
+    return waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("note one.txt") }; });
+}
+
+bool ShelfEndToEndTest::offerToShelf(const QByteArray& uriList)
 {
     m_desktop->writeFile(QStringLiteral("offered"), uriList);
     const auto source = openPeer({ QStringLiteral("offer"), m_desktop->home(QStringLiteral("offered")) });
-    QVERIFY(source);
-    screen().moveTo(source->frame.center());
-    screen().press();
-    screen().moveTo(QPoint(rightEdge() - 1, 300));
-    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
-    screen().moveTo(QPoint(rightEdge() - 56, 320));
-    screen().release();
+    return source && screen().beginDrag(source->frame.center()) && dropOnShelf();
 }
 
 std::optional<XWindow> ShelfEndToEndTest::openPeer(const QStringList& arguments)
@@ -193,7 +196,7 @@ QByteArray ShelfEndToEndTest::received() const
 
 void ShelfEndToEndTest::aFileDraggedToTheEdgeBringsThePanelWithinHalfASecond()
 {
-    dragFileNearEdge();
+    QVERIFY(dragFileNearEdge());
     screen().moveTo(QPoint(rightEdge() - edgeZone, 300));
     QVERIFY2(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }, 500), "the panel is late");
     QCOMPARE(m_shelf->panel()->frame, QRect(rightEdge() - 112, 24, 112, panelHeight));
@@ -202,7 +205,7 @@ void ShelfEndToEndTest::aFileDraggedToTheEdgeBringsThePanelWithinHalfASecond()
 
 void ShelfEndToEndTest::aDroppedFileIsSavedAndThePanelGoesOnceThePointerHasLeft()
 {
-    dropFileOnShelf();
+    QVERIFY(dropFileOnShelf());
     QVERIFY2(holdsFor([this] { return m_shelf->isAtRest(rightEdge()); }, 1200), "the panel goes under the pointer");
     screen().moveTo(QPoint(rightEdge() - 200, 320));
     QVERIFY2(holdsFor([this] { return m_shelf->isAtRest(rightEdge()); }, 250), "the panel goes too early");
@@ -212,7 +215,7 @@ void ShelfEndToEndTest::aDroppedFileIsSavedAndThePanelGoesOnceThePointerHasLeft(
 
 void ShelfEndToEndTest::aRubberBandDragToTheEdgeShowsNothing()
 {
-    openFileManager();
+    QVERIFY(openFileManager());
     screen().moveTo(m_files->emptyPlace());
     screen().press();
     screen().moveTo(QPoint(rightEdge() - 1, 300));
@@ -234,7 +237,7 @@ void ShelfEndToEndTest::aTextSelectionDragToTheEdgeShowsNothing()
 
 void ShelfEndToEndTest::theTileIsBackAfterARestartAndCanBeDraggedOut()
 {
-    dropFileOnShelf();
+    QVERIFY(dropFileOnShelf());
     const QList<QJsonObject> saved = m_shelf->savedItems();
     QVERIFY(m_shelf->stop());
     QCOMPARE(m_shelf->savedItems(), saved);
@@ -262,7 +265,7 @@ void ShelfEndToEndTest::aTileDroppedOnTheShelfItselfChangesNothing()
 {
     m_desktop->writeFile(QStringLiteral("files/note two.txt"), "words");
     const QByteArray folder = QUrl::fromLocalFile(m_desktop->home(QStringLiteral("files"))).toEncoded();
-    offerToShelf(folder + "/note%20one.txt\r\n" + folder + "/note%20two.txt\r\n");
+    QVERIFY(offerToShelf(folder + "/note%20one.txt\r\n" + folder + "/note%20two.txt\r\n"));
     const QStringList names{ QStringLiteral("note one.txt"), QStringLiteral("note two.txt") };
     QVERIFY(waitFor([&] { return m_shelf->savedFileNames() == names; }));
 
@@ -308,7 +311,7 @@ void ShelfEndToEndTest::namesOfAnyBytesComeOutAsTheyWentIn()
     FILE* file = std::fopen(path.constData(), "w");
     QVERIFY(file);
     std::fclose(file);
-    offerToShelf("file://" + path.toPercentEncoding("/") + "\r\n");
+    QVERIFY(offerToShelf("file://" + path.toPercentEncoding("/") + "\r\n"));
     QVERIFY(waitFor([this] { return m_shelf->savedFileNames().size() == 1; }));
 
     const auto target = openPeer({ QStringLiteral("receive"), m_desktop->home(QStringLiteral("received")) });

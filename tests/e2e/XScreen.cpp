@@ -1,5 +1,7 @@
 #include "XScreen.h"
 
+#include "Waiting.h"
+
 #include <QThread>
 
 #include <algorithm>
@@ -153,6 +155,31 @@ void XScreen::claim(const QByteArray& selection)
 {
     xcb_set_selection_owner(m_connection.get(), makeWindow(QRect(0, 0, 1, 1)), atom(selection), XCB_CURRENT_TIME);
     xcb_flush(m_connection.get());
+}
+
+void XScreen::disown(const QByteArray& selection)
+{
+    xcb_set_selection_owner(m_connection.get(), XCB_WINDOW_NONE, atom(selection), XCB_CURRENT_TIME);
+    xcb_flush(m_connection.get());
+}
+
+bool XScreen::beginDrag(const QPoint& at)
+{
+    constexpr int attempts = 5;
+    constexpr int patienceForDrag = 2000;
+    const QByteArray selection("XdndSelection");
+    disown(selection);
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        moveTo(at);
+        press();
+        for (const QPoint& by : { QPoint(4, 2), QPoint(9, 4), QPoint(15, 6), QPoint(24, 8) })
+            moveTo(at + by);
+        if (waitFor([&] { return hasOwner(selection); }, patienceForDrag))
+            return true;
+        release();
+    }
+    qWarning("no drag begins at %d,%d", at.x(), at.y());
+    return false;
 }
 
 void XScreen::showDock(int height)

@@ -46,6 +46,8 @@ public:
 
     /// Becomes the owner of a selection, as a program does that begins a drag.
     void claim(const QByteArray& selection);
+    /// Leaves a selection without an owner.
+    void disown(const QByteArray& selection);
     /// Shows a dock that reserves that much of the top of the screen.
     void showDock(int height);
 
@@ -54,6 +56,10 @@ public:
     void moveTo(const QPoint& point);
     void press(std::uint8_t button = 1);
     void release(std::uint8_t button = 1);
+
+    /// Presses there and moves until the program below has begun a drag; the button stays down. A program that was not
+    /// ready for the press gets another one. False when none begins.
+    [[nodiscard]] bool beginDrag(const QPoint& at);
 
 private:
     struct Disconnect {
