@@ -1,7 +1,7 @@
 #include "PanelContentView.h"
 
 #include <QCloseEvent>
-#include <QVBoxLayout>
+#include <QResizeEvent>
 #include <QWindow>
 
 namespace nookle {
@@ -13,16 +13,25 @@ PanelContentView::PanelContentView()
     setAttribute(Qt::WA_AlwaysShowToolTips);
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(QStringLiteral("Nookle"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    // The frame comes from outside, whatever the content would like.
-    layout->setSizeConstraint(QLayout::SetNoConstraint);
     resize(1, 1);
 }
 
 void PanelContentView::setContent(QWidget* content)
 {
-    layout()->addWidget(content);
+    m_content = content;
+    content->setParent(this);
+    content->hide();
+}
+
+void PanelContentView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    if (!m_content)
+        return;
+    const bool isSeen = width() > 1;
+    if (isSeen)
+        m_content->setGeometry(rect());
+    m_content->setVisible(isSeen);
 }
 
 QWindow& PanelContentView::panelWindow()

@@ -13,6 +13,7 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -21,6 +22,7 @@ namespace nookle {
 namespace {
 
 inline constexpr double usualRefreshRate = 60;
+inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
 
 /// The curve of a movement that starts slowly (in) or ends slowly (out).
 [[nodiscard]] QEasingCurve curve(Easing easing)
@@ -77,6 +79,9 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
+    m_parking.setSingleShot(true);
+    connect(&m_parking, &QTimer::timeout, this, &X11PanelWindow::park);
+    park();
     connect(&m_compositing, &Compositing::backdropChanged, this, &X11PanelWindow::updateShape);
 }
 
@@ -156,10 +161,13 @@ void X11PanelWindow::askForBlur()
 
 void X11PanelWindow::orderFront()
 {
-    setDockProperties();
+    m_parking.stop();
+    if (!m_window.isVisible()) {
+        setDockProperties();
+        m_window.setVisible(true);
+    }
     askForBlur();
     updateShape();
-    m_window.setVisible(true);
     standAboveFullScreenWindow();
     raise();
 }
@@ -167,7 +175,19 @@ void X11PanelWindow::orderFront()
 void X11PanelWindow::orderOut()
 {
     m_animation.stop();
+    // Taking it away for a moment makes the window manager hand the focus on, in case that the panel has it.
     m_window.setVisible(false);
+    m_parking.start(timeToLoseTheFocus);
+}
+
+void X11PanelWindow::park()
+{
+    QRectF all;
+    for (const QRectF& frame : m_displays.frames())
+        all |= frame;
+    m_window.setGeometry(QRect(all.bottomRight().toPoint() + QPoint(1, 1), QSize(1, 1)));
+    setDockProperties();
+    m_window.setVisible(true);
 }
 
 // The window manager removes the states whenever a window is taken off the screen: they are set at each showing.

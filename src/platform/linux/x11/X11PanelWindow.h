@@ -7,6 +7,7 @@
 #include <QRectF>
 #include <QRegion>
 #include <QSize>
+#include <QTimer>
 
 #include <cstdint>
 #include <optional>
@@ -22,6 +23,9 @@ class Displays;
 /// The shelf's window on X11: a managed window of the dock type, because some window managers hand drags to managed
 /// windows only, and because no window manager keeps a dock from sliding in from beyond the edge. Where another display
 /// lies beyond that edge, the window is cut off there by its shape.
+///
+/// While it is off the screen it is parked: shown, but a single pixel beyond all displays. Browsers know only the
+/// windows that were there when a drag began, and the panel comes out in the middle of one.
 class X11PanelWindow final : public QObject, public PanelWindow {
     Q_OBJECT
 
@@ -41,6 +45,7 @@ public:
 
 private:
     void place(const QRectF& frame);
+    void park();
     void setDockProperties();
     void standAboveFullScreenWindow();
     void raise();
@@ -57,6 +62,7 @@ private:
     const Compositing& m_compositing;
     xcb_connection_t* m_connection;
     FrameAnimation m_animation;
+    QTimer m_parking;
     QRectF m_frame;
     /// Where the server last said that the window stands: the window manager moves it later than it is asked to.
     double m_confirmedLeft = 0;
