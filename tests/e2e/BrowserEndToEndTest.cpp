@@ -1,0 +1,245 @@
+#include "Browser.h"
+#include "FileManager.h"
+#include "PrivateDesktop.h"
+#include "Shelf.h"
+#include "Waiting.h"
+#include "WebServer.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImage>
+#include <QtTest>
+
+#include <filesystem>
+#include <memory>
+
+using namespace nookle::e2e;
+
+namespace {
+
+inline constexpr QSize screenSize(1200, 700);
+inline constexpr int rightEdge = screenSize.width();
+inline constexpr int panelWidth = 112;
+
+// Where things stand on the page.
+inline constexpr QPoint picturePlace(100, 100);
+inline constexpr QPoint linkPlace(60, 220);
+inline constexpr QPoint wordsPlace(80, 290);
+inline constexpr QPoint fieldPlace(150, 380);
+inline constexpr QPoint uploadPlace(120, 490);
+
+[[nodiscard]] QByteArray picturePng()
+{
+    QImage image(80, 80, QImage::Format_RGB32);
+    image.fill(QColor(0x20, 0x80, 0x40));
+    for (int index = 0; index < 80; ++index)
+        image.setPixel(index, index, 0xffffffff);
+    QByteArray png;
+    QBuffer buffer(&png);
+    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "PNG") ? png : QByteArray();
+}
+
+/// The field and the upload report what they got.
+[[nodiscard]] QByteArray page()
+{
+    return "<!doctype html><meta charset=utf-8><title>The test's page</title><body style='font:16px sans-serif'>"
+           "<div style='"
+        + Browser::marker()
+        + "'></div>"
+          "<img src='/pictures/green%20square.png' style='position:absolute;left:60px;top:60px'>"
+          "<a href='/linked?a=1&amp;b=%C3%BC' style='position:absolute;left:40px;top:208px;font-size:24px'>"
+          "A link to some\xc3\xb6where</a>"
+          "<p id=words style='position:absolute;left:40px;top:260px;font-size:24px'>Words, and "
+          "\xe2\x82\xac 5</p>"
+          "<textarea style='position:absolute;left:40px;top:340px;width:300px;height:80px' "
+          "oninput=\"fetch('/typed',{method:'POST',body:this.value})\"></textarea>"
+          "<input type=file style='position:absolute;left:40px;top:460px;width:300px;height:60px;background:#eee' "
+          "onchange=\"const f=this.files[0];fetch('/name',{method:'POST',body:f.name+' '+f.type})"
+          ".then(()=>fetch('/uploaded',{method:'POST',body:f}))\">"
+          "<script>getSelection().selectAllChildren(document.getElementById('words'))</script>";
+}
+
+[[nodiscard]] QJsonObject content(const QJsonObject& item, const char* kind)
+{
+    return item.value(QLatin1String("content")).toObject().value(QLatin1String(kind)).toObject();
+}
+
+} // namespace
+
+class BrowserEndToEndTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void anImageOfAPageLandsAsAnImageWithItsNameAndItsBytes();
+    void aLinkLandsWithItsAddressAndItsTitle();
+    void selectedTextLandsAsText();
+    void aTextGoesIntoATextField();
+    void aLinkGoesIntoATextField();
+    void anImageGoesIntoAnUploadField();
+
+private:
+    [[nodiscard]] XScreen& screen() { return m_desktop->screen(); }
+    [[nodiscard]] bool dragToShelf(const QPoint& place);
+    [[nodiscard]] bool dragFirstTileTo(const QPoint& place);
+    [[nodiscard]] bool isDropTarget();
+    [[nodiscard]] QJsonObject onlyItem();
+
+    WebServer m_server;
+    std::unique_ptr<PrivateDesktop> m_desktop;
+    std::unique_ptr<Browser> m_browser;
+    std::unique_ptr<Shelf> m_shelf;
+};
+
+void BrowserEndToEndTest::initTestCase()
+{
+    QVERIFY2(qEnvironmentVariableIsSet("NOOKLE_PROGRAM"), "run it with ctest, which says which program is tested");
+    QVERIFY(m_server.isRunning());
+    m_server.serve(QStringLiteral("/"), "text/html", page());
+    m_server.serve(QStringLiteral("/pictures/green%20square.png"), "image/png", picturePng());
+    for (const char* path : { "/typed", "/name", "/uploaded" })
+        m_server.serve(QLatin1String(path), "text/plain", "thanks");
+    m_desktop = PrivateDesktop::tryCreate({ screenSize, QStringLiteral("openbox"), false });
+    QVERIFY(m_desktop);
+}
+
+void BrowserEndToEndTest::init()
+{
+    m_browser = Browser::tryOpen(*m_desktop, m_server.url(QStringLiteral("/")));
+    QVERIFY(m_browser);
+    std::filesystem::remove_all(m_desktop->home(QStringLiteral("data/Nookle")).toStdString());
+    m_shelf = std::make_unique<Shelf>(*m_desktop, qEnvironmentVariable("NOOKLE_PROGRAM"));
+    QVERIFY(m_shelf->start());
+}
+
+void BrowserEndToEndTest::cleanup()
+{
+    if (QTest::currentTestFailed() && m_shelf) {
+        const QString picture = QStringLiteral("browser-%1.png").arg(QLatin1String(QTest::currentTestFunction()));
+        screen().picture().save(picture);
+        screen().release();
+        qInfo("the screen at the end: %s\nthe log: %s", qPrintable(picture), m_shelf->log().constData());
+    }
+    m_shelf.reset();
+    m_browser.reset();
+}
+
+void BrowserEndToEndTest::cleanupTestCase()
+{
+    m_desktop.reset();
+}
+
+bool BrowserEndToEndTest::dragToShelf(const QPoint& place)
+{
+    if (!screen().beginDrag(m_browser->at(place)))
+        return false;
+    screen().moveTo(QPoint(rightEdge - 1, 300));
+    if (!waitFor([this] { return m_shelf->isAtRest(rightEdge); }))
+        return false;
+    screen().moveTo(QPoint(rightEdge - panelWidth / 2, 320));
+    // A browser looks what is below the pointer only at a movement.
+    const auto isTarget = [this] {
+        screen().moveTo(screen().pointer() + QPoint(0, 2));
+        screen().moveTo(screen().pointer() - QPoint(0, 2));
+        return isDropTarget();
+    };
+    if (!waitFor(isTarget))
+        return false;
+    screen().release();
+    return waitFor([this] { return !m_shelf->savedItems().isEmpty(); });
+}
+
+bool BrowserEndToEndTest::isDropTarget()
+{
+    const auto panel = m_shelf->panel();
+    if (!panel)
+        return false;
+    // A frame stands along the panel's edge while a drop hovers.
+    constexpr int depth = 10;
+    const QPoint edge(panel->frame.center().x(), panel->frame.bottom());
+    const QImage picture = screen().picture(QRect(edge - QPoint(0, depth - 1), QSize(1, depth)));
+    return picture.pixel(0, depth - 1) != picture.pixel(0, 0);
+}
+
+bool BrowserEndToEndTest::dragFirstTileTo(const QPoint& place)
+{
+    if (m_shelf->startAgain() != 0 || !waitFor([this] { return m_shelf->isAtRest(rightEdge); }))
+        return false;
+    if (!screen().beginDrag(m_shelf->firstTile()))
+        return false;
+    screen().moveTo(place - QPoint(10, 4));
+    screen().moveTo(place);
+    // Programs tell with every movement whether they would take the drop.
+    for (const int by : { 2, -2, 2, -2 })
+        screen().moveTo(screen().pointer() + QPoint(by, 0));
+    screen().release();
+    return true;
+}
+
+QJsonObject BrowserEndToEndTest::onlyItem()
+{
+    const QList<QJsonObject> items = m_shelf->savedItems();
+    return items.size() == 1 ? items.first() : QJsonObject();
+}
+
+void BrowserEndToEndTest::anImageOfAPageLandsAsAnImageWithItsNameAndItsBytes()
+{
+    QVERIFY(dragToShelf(picturePlace));
+    const QJsonObject item = onlyItem();
+    const QString name = content(item, "image").value(QLatin1String("fileName")).toString();
+    QCOMPARE(name, QStringLiteral("green square.png"));
+    QFile image(m_desktop->home(QStringLiteral("data/Nookle/Files/%1/%2"))
+                    .arg(item.value(QLatin1String("id")).toString(), name));
+    QVERIFY(image.open(QIODevice::ReadOnly));
+    QCOMPARE(image.readAll(), picturePng());
+}
+
+void BrowserEndToEndTest::aLinkLandsWithItsAddressAndItsTitle()
+{
+    QVERIFY(dragToShelf(linkPlace));
+    const QJsonObject link = content(onlyItem(), "link");
+    QCOMPARE(link.value(QLatin1String("url")).toString(), m_server.url(QStringLiteral("/linked?a=1&b=%C3%BC")));
+    QCOMPARE(link.value(QLatin1String("title")).toString(), QStringLiteral("A link to someöwhere"));
+}
+
+void BrowserEndToEndTest::selectedTextLandsAsText()
+{
+    QVERIFY(dragToShelf(wordsPlace));
+    const QJsonObject text = content(onlyItem(), "text");
+    QCOMPARE(text.value(QLatin1String("_0")).toString().trimmed(), QStringLiteral("Words, and € 5"));
+}
+
+void BrowserEndToEndTest::aTextGoesIntoATextField()
+{
+    QVERIFY(dragToShelf(wordsPlace));
+    QVERIFY(dragFirstTileTo(m_browser->at(fieldPlace)));
+    QVERIFY(waitFor([this] {
+        return QString::fromUtf8(m_server.posted(QStringLiteral("/typed"))).trimmed()
+            == QStringLiteral("Words, and € 5");
+    }));
+}
+
+void BrowserEndToEndTest::aLinkGoesIntoATextField()
+{
+    QVERIFY(dragToShelf(linkPlace));
+    QVERIFY(dragFirstTileTo(m_browser->at(fieldPlace)));
+    QVERIFY(waitFor([this] {
+        return m_server.posted(QStringLiteral("/typed"))
+            == m_server.url(QStringLiteral("/linked?a=1&b=%C3%BC")).toUtf8();
+    }));
+}
+
+void BrowserEndToEndTest::anImageGoesIntoAnUploadField()
+{
+    QVERIFY(dragToShelf(picturePlace));
+    QVERIFY(dragFirstTileTo(m_browser->at(uploadPlace)));
+    QVERIFY(waitFor([this] { return m_server.posted(QStringLiteral("/uploaded")) == picturePng(); }));
+    QCOMPARE(m_server.posted(QStringLiteral("/name")), QByteArray("green square.png image/png"));
+}
+
+QTEST_GUILESS_MAIN(BrowserEndToEndTest)
+#include "BrowserEndToEndTest.moc"
