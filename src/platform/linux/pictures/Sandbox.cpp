@@ -17,6 +17,23 @@ void addSystemFolder(QStringList& arguments, const QString& folder)
         arguments << QStringLiteral("--ro-bind") << folder << folder;
 }
 
+void addVariable(QStringList& arguments, const QString& name, const QString& value)
+{
+    arguments << QStringLiteral("--setenv") << name << value;
+}
+
+// Only what a program needs to find its libraries: the rest says much about the user.
+void addEnvironment(QStringList& arguments)
+{
+    arguments << QStringLiteral("--clearenv");
+    addVariable(arguments, QStringLiteral("HOME"), QStringLiteral("/tmp"));
+    addVariable(arguments, QStringLiteral("PATH"), QStringLiteral("/usr/bin:/bin"));
+    for (const char* name : { "LANG", "LC_ALL", "LD_LIBRARY_PATH", "QT_PLUGIN_PATH", "ASAN_OPTIONS", "LSAN_OPTIONS" }) {
+        if (qEnvironmentVariableIsSet(name))
+            addVariable(arguments, QString::fromLatin1(name), qEnvironmentVariable(name));
+    }
+}
+
 } // namespace
 
 QStringList sandboxArguments()
@@ -33,9 +50,7 @@ QStringList sandboxArguments()
     arguments << QStringLiteral("--dev") << QStringLiteral("/dev");
     arguments << QStringLiteral("--tmpfs") << QStringLiteral("/tmp");
     arguments << QStringLiteral("--chdir") << QStringLiteral("/");
-    for (const char* name : { "DBUS_SESSION_BUS_ADDRESS", "DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY" })
-        arguments << QStringLiteral("--unsetenv") << QString::fromLatin1(name);
-    arguments << QStringLiteral("--setenv") << QStringLiteral("HOME") << QStringLiteral("/tmp");
+    addEnvironment(arguments);
     return arguments;
 }
 
