@@ -190,7 +190,8 @@ void ImageDecoder::stopDecoder()
 
 void ImageDecoder::giveUpStart()
 {
-    logLine(QStringLiteral("the image decoder does not start: %1").arg(m_program));
+    if (!std::exchange(m_hasToldOfFailure, true))
+        logLine(QStringLiteral("the image decoder does not start: %1").arg(m_program));
     stopDecoder();
     for (const std::shared_ptr<Job>& job : std::exchange(m_waiting, {}))
         finish(job, std::nullopt);

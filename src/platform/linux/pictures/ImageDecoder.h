@@ -84,6 +84,8 @@ private:
     std::unique_ptr<DelayedTask> m_limit;
     std::unique_ptr<DelayedTask> m_idleEnd;
     bool m_isPumpScheduled = false;
+    /// Each image tries again, but the log is told once.
+    bool m_hasToldOfFailure = false;
     /// Expires with this object, for what is still in the queue then.
     std::shared_ptr<ImageDecoder*> m_self;
 };
