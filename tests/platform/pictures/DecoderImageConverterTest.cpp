@@ -58,8 +58,8 @@ private:
 std::optional<QByteArray> DecoderImageConverterTest::converted(const ImageConverter::Source& source, int maximumSide)
 {
     std::optional<std::optional<QByteArray>> result;
-    const auto conversion =
-        m_converter.convertToPng(source, maximumSide, [&result](std::optional<QByteArray> png) { result = png; });
+    const auto conversion = m_converter.convertToPng(
+        source, maximumSide, [&result](std::optional<QByteArray> png) { result = std::move(png); });
     const auto isDone = [this, &result] {
         m_queue.runPosted();
         return result.has_value();

@@ -20,7 +20,7 @@ private Q_SLOTS:
 private:
     static QByteArray makeProgram(const TemporaryFolder& folder, const QByteArray& name)
     {
-        const QByteArray path = folder.makeFile(name);
+        QByteArray path = folder.makeFile(name);
         ::chmod(path.constData(), 0700);
         return path;
     }

@@ -4,6 +4,7 @@
 #include "TemporaryFolder.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTest>
 
@@ -56,6 +57,7 @@ private Q_SLOTS:
     void programWithoutThumbnailFails();
     void programThatTakesTooLongIsEnded();
     void droppedThumbnailEndsTheProgram();
+    void programThatIsJustStartingIsEndedToo();
     void typeWithoutProgramHasNoThumbnail();
     void aliasOfTheTypeIsTheType();
     void missingProgramIsNotTried();
@@ -255,6 +257,20 @@ void ProgramThumbnailMakerTest::droppedThumbnailEndsTheProgram()
     QCOMPARE(outputFolders(), QStringList());
     QCOMPARE(m_queue.waitingTasks(), 0);
     QVERIFY(!m_isDone);
+}
+
+void ProgramThumbnailMakerTest::programThatIsJustStartingIsEndedToo()
+{
+    addProgram("sh -c 'touch %o; sleep 1000' " + m_files->path());
+    // The sandbox is set up in steps; each time it is found at another one.
+    for (int milliseconds = 0; milliseconds < 20; ++milliseconds) {
+        auto making = make();
+        QElapsedTimer timer;
+        timer.start();
+        while (timer.elapsed() < milliseconds)
+            QCoreApplication::processEvents();
+    }
+    QTRY_COMPARE(processesNaming(m_files->path()), 0);
 }
 
 void ProgramThumbnailMakerTest::typeWithoutProgramHasNoThumbnail()

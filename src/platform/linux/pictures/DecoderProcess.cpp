@@ -1,6 +1,6 @@
 #include "DecoderProcess.h"
 
-#include "EndProcess.h"
+#include "HelperProcess.h"
 #include "Sandbox.h"
 
 #include <QProcess>
@@ -49,16 +49,12 @@ DecoderProcess::~DecoderProcess()
 {
     m_notifier.reset();
     if (m_process)
-        endProcess(std::move(m_process));
+        endHelperProcess(std::move(m_process));
 }
 
 void DecoderProcess::start(const QString& program, Confinement confinement, int socket)
 {
-    m_process = std::make_unique<QProcess>();
-    m_process->setStandardInputFile(QProcess::nullDevice());
-    m_process->setStandardOutputFile(QProcess::nullDevice());
-    m_process->setStandardErrorFile(QProcess::nullDevice());
-    m_process->setChildProcessModifier([socket] { ::dup2(socket, STDIN_FILENO); });
+    m_process = makeHelperProcess([socket] { ::dup2(socket, STDIN_FILENO); });
     if (confinement == Confinement::none) {
         m_process->start(program, QStringList());
         return;

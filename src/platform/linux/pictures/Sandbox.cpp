@@ -38,8 +38,9 @@ void addEnvironment(QStringList& arguments)
 
 QStringList sandboxArguments()
 {
-    QStringList arguments{ QStringLiteral("--unshare-all"), QStringLiteral("--die-with-parent"),
-                           QStringLiteral("--new-session") };
+    // Without a session of its own, so that the group of processes stays one that can be killed together. Whoever
+    // starts the sandbox is to give it a session without a terminal.
+    QStringList arguments{ QStringLiteral("--unshare-all"), QStringLiteral("--die-with-parent") };
     for (const char* folder : { "/usr", "/bin", "/sbin", "/lib", "/lib32", "/lib64" })
         addSystemFolder(arguments, QString::fromLatin1(folder));
     for (const char* path : { "/etc/alternatives", "/etc/fonts", "/etc/ld.so.cache", "/var/cache/fontconfig" }) {

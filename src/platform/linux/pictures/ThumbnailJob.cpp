@@ -65,17 +65,18 @@ DecodeRequest ThumbnailJob::request(DecodeRequest::Purpose purpose) const
 void ThumbnailJob::tryAll(std::vector<DecodeAttempts::Attempt> attempts,
                           std::function<void(std::optional<Picture>)> completion)
 {
-    m_attempts = std::make_unique<DecodeAttempts>(
-        m_tools.decoder, std::move(attempts),
-        [this, completion = std::move(completion)](std::optional<DecodeReply> reply, const DecodeRequest& request) {
-            if (!reply) {
-                completion(std::nullopt);
-                return;
-            }
-            if (!reply->png.isEmpty())
-                m_tools.cache.save(request.uri, request.savedSide, reply->png);
-            completion(Picture{ reply->width, reply->height, reply->pixels });
-        });
+    m_attempts =
+        std::make_unique<DecodeAttempts>(m_tools.decoder, std::move(attempts),
+                                         [this, completion = std::move(completion)](
+                                             const std::optional<DecodeReply>& reply, const DecodeRequest& request) {
+                                             if (!reply) {
+                                                 completion(std::nullopt);
+                                                 return;
+                                             }
+                                             if (!reply->png.isEmpty())
+                                                 m_tools.cache.save(request.uri, request.savedSide, reply->png);
+                                             completion(Picture{ reply->width, reply->height, reply->pixels });
+                                         });
 }
 
 void ThumbnailJob::askNextMaker()

@@ -1,7 +1,7 @@
 #include "ThumbnailerRun.h"
 
 #include "CommandLine.h"
-#include "EndProcess.h"
+#include "HelperProcess.h"
 #include "MainQueue.h"
 #include "Sandbox.h"
 
@@ -88,19 +88,15 @@ ThumbnailerRun::ThumbnailerRun(MainQueue& queue, ThumbnailMaker::Completion comp
 ThumbnailerRun::~ThumbnailerRun()
 {
     if (m_process)
-        endProcess(std::move(m_process));
+        endHelperProcess(std::move(m_process));
 }
 
 void ThumbnailerRun::start(const QStringList& command, const RegularFile& input, const QString& inputPath,
                            double longestRun)
 {
     m_limit = m_queue.after(longestRun, [this] { finish(std::nullopt); });
-    m_process = std::make_unique<QProcess>();
-    m_process->setStandardInputFile(QProcess::nullDevice());
-    m_process->setStandardOutputFile(QProcess::nullDevice());
-    m_process->setStandardErrorFile(QProcess::nullDevice());
     const int descriptor = input.descriptor.get();
-    m_process->setChildProcessModifier([descriptor] {
+    m_process = makeHelperProcess([descriptor] {
         limitChild();
         ::fcntl(descriptor, F_SETFD, 0);
     });
