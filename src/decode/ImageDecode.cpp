@@ -89,14 +89,6 @@ void selectBestSize(QImageReader& reader, int maximumSide)
     reader.jumpToImage(best);
 }
 
-// Formats that cannot be made smaller while they are decoded need all their pixels at once, and again to be scaled.
-[[nodiscard]] bool needsTooMuch(const QImageReader& reader, QSize size)
-{
-    static constexpr qint64 bytesAPixel = 4;
-    const qint64 bytes = qint64(size.width()) * size.height() * bytesAPixel;
-    return bytes > qint64(mostMegabytes) << 20 && !reader.supportsOption(QImageIOHandler::ScaledSize);
-}
-
 [[nodiscard]] QSize fitted(QSize size, int side)
 {
     if (size.width() <= side && size.height() <= side)
@@ -118,7 +110,7 @@ void selectBestSize(QImageReader& reader, int maximumSide)
     selectBestSize(source.reader, largestIcon);
     // Whether the image is turned afterwards makes no difference: what it has to fit into is a square.
     const QSize size = source.reader.size();
-    if (size.isEmpty() || needsTooMuch(source.reader, size))
+    if (size.isEmpty())
         return {};
     if (const QSize wanted = fitted(size, side); wanted != size)
         source.reader.setScaledSize(wanted);
@@ -133,7 +125,7 @@ void selectBestSize(QImageReader& reader, int maximumSide)
     selectBestSize(source.reader, maximumSide);
     const auto isTooLarge = [maximumSide](QSize size) { return std::max(size.width(), size.height()) > maximumSide; };
     const QSize size = source.reader.size();
-    if (size.isEmpty() || isTooLarge(size) || needsTooMuch(source.reader, size))
+    if (size.isEmpty() || isTooLarge(size))
         return {};
     const QImage image = source.reader.read();
     // What an icon file says of its sizes need not be true.
