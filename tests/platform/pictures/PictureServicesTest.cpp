@@ -17,6 +17,7 @@ class PictureServicesTest : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
+    void cleanup();
     void thumbnailsAreMadeAndSharedInTheUsersFolder();
     void registeredProgramOfTheDesktopIsUsed();
     void imagesAreConverted();
@@ -32,6 +33,11 @@ void PictureServicesTest::initTestCase()
     // No session but this one's.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + m_home.path("no-bus"));
     m_home.makeFolder("cache");
+}
+
+void PictureServicesTest::cleanup()
+{
+    QThreadPool::globalInstance()->waitForDone();
 }
 
 void PictureServicesTest::thumbnailsAreMadeAndSharedInTheUsersFolder()

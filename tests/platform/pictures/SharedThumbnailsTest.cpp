@@ -3,7 +3,6 @@
 #include "ThumbnailsFixture.h"
 
 #include <QFile>
-#include <QThreadPool>
 
 #include <fcntl.h>
 
@@ -111,7 +110,7 @@ void SharedThumbnailsTest::decodedThumbnailIsSavedForOthers()
     const QByteArray content = encoded(plainImage(400, 200), "png");
     fixture.files.makeFile(name, content);
     QVERIFY(fixture.thumbnail(name));
-    QThreadPool::globalInstance()->waitForDone();
+    ThumbnailsFixture::waitForSaved();
 
     const QByteArray saved = fixture.files.path(fixture.savedName(name, "normal"));
     QImage image;
@@ -136,7 +135,7 @@ void SharedThumbnailsTest::savedThumbnailIsShownTheNextTime()
     ThumbnailsFixture fixture;
     const QByteArray path = fixture.files.makeFile("a.png", encoded(plainImage(400, 200), "png"));
     QVERIFY(fixture.thumbnail("a.png"));
-    QThreadPool::globalInstance()->waitForDone();
+    ThumbnailsFixture::waitForSaved();
     // Something else in the file, and nobody can tell.
     struct stat status {};
     ::stat(path.constData(), &status);
@@ -151,7 +150,7 @@ void SharedThumbnailsTest::temporaryFileHasNoSavedThumbnail()
     ThumbnailsFixture fixture;
     fixture.files.makeFile("temporary/a.png", encoded(plainImage(5, 5), "png"));
     QVERIFY(fixture.thumbnail("temporary/a.png"));
-    QThreadPool::globalInstance()->waitForDone();
+    ThumbnailsFixture::waitForSaved();
     QVERIFY(!QFile::exists(QFile::decodeName(fixture.files.path(fixture.savedName("temporary/a.png", "normal")))));
 }
 
@@ -162,7 +161,7 @@ void SharedThumbnailsTest::savedThumbnailHasNoThumbnailOfItsOwn()
     fixture.saveThumbnail("a", "normal", plainImage(5, 5, Qt::blue));
     const QByteArray name = fixture.savedName("a", "normal");
     QCOMPARE(colourOf(fixture.thumbnail(name)), QColor(Qt::blue));
-    QThreadPool::globalInstance()->waitForDone();
+    ThumbnailsFixture::waitForSaved();
     QVERIFY(!QFile::exists(QFile::decodeName(fixture.files.path(fixture.savedName(name, "normal")))));
 }
 
@@ -172,7 +171,7 @@ void SharedThumbnailsTest::folderThatCannotBeWrittenIsNoFailure()
     fixture.files.makeFile("cache", "a file where the folder should be");
     fixture.files.makeFile("a.png", encoded(plainImage(5, 5), "png"));
     QVERIFY(fixture.thumbnail("a.png"));
-    QThreadPool::globalInstance()->waitForDone();
+    ThumbnailsFixture::waitForSaved();
     QVERIFY(fixture.thumbnail("a.png"));
 }
 

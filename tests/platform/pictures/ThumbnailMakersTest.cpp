@@ -3,7 +3,6 @@
 #include "ThumbnailsFixture.h"
 
 #include <QFile>
-#include <QThreadPool>
 
 #include <sys/stat.h>
 
@@ -74,7 +73,7 @@ void ThumbnailMakersTest::imageThatWasMadeIsShownAndSaved()
     fixture.maker->finish(0, ThumbnailMaker::Made{ RegularFile::open(image, RegularFile::Links::refuse) });
     QTRY_VERIFY(fixture.isAnswered("a.mp4"));
     QCOMPARE(colourOf(fixture.pictures["a.mp4"]), QColor(Qt::blue));
-    QThreadPool::globalInstance()->waitForDone();
+    ThumbnailsFixture::waitForSaved();
     QCOMPARE(colourOf(fixture.thumbnail("a.mp4")), QColor(Qt::blue));
     QCOMPARE(fixture.maker->asked.size(), 1);
 }

@@ -11,6 +11,7 @@
 #include <QCryptographicHash>
 #include <QString>
 #include <QTest>
+#include <QThreadPool>
 
 #include <sys/stat.h>
 
@@ -39,6 +40,13 @@ public:
         maker->canMake = false;
         otherMaker->canMake = false;
     }
+
+    ~ThumbnailsFixture() { waitForSaved(); }
+    ThumbnailsFixture(const ThumbnailsFixture&) = delete;
+    ThumbnailsFixture& operator=(const ThumbnailsFixture&) = delete;
+
+    /// Waits until all that has been decoded is saved.
+    static void waitForSaved() { QThreadPool::globalInstance()->waitForDone(); }
 
     [[nodiscard]] QByteArray cacheFolder() const { return files.path("cache"); }
 
@@ -72,6 +80,7 @@ public:
     void saveThumbnail(const QByteArray& name, const QByteArray& size, QImage image, qint64 age = 0,
                        const QByteArray& uri = QByteArray()) const
     {
+        waitForSaved();
         struct stat status {};
         ::stat(files.path(name).constData(), &status);
         const QByteArray ownUri = ThumbnailCache::uri(files.path(name));
