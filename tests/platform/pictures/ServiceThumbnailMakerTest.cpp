@@ -29,9 +29,9 @@ public:
     }
     Q_SLOT void Dequeue(uint request) { dequeued.append(request); }
 
-    Q_SIGNAL void Ready(uint, const QStringList&);
-    Q_SIGNAL void Error(uint, const QStringList&, int, const QString&);
-    Q_SIGNAL void Finished(uint);
+    Q_SIGNAL void Ready(uint /*request*/, const QStringList& /*uris*/);
+    Q_SIGNAL void Error(uint /*request*/, const QStringList& /*uris*/, int /*code*/, const QString& /*message*/);
+    Q_SIGNAL void Finished(uint /*request*/);
 
     bool finishesAtOnce = false;
     QList<QList<QVariant>> asked;

@@ -89,7 +89,7 @@ void ThumbnailJob::askNextMaker()
         if (m_making)
             return;
     }
-    tryAll({}, [this](std::optional<Picture> /*none*/) { finish(std::nullopt); });
+    tryAll({}, [this](const std::optional<Picture>& /*none*/) { finish(std::nullopt); });
 }
 
 void ThumbnailJob::takeMade(std::optional<ThumbnailMaker::Made> made)
