@@ -118,8 +118,9 @@ void ServiceThumbnailMakerTest::cleanup()
 {
     m_maker.reset();
     QDBusConnection::disconnectFromBus(QStringLiteral("program"));
-    QDBusConnection::disconnectFromBus(QStringLiteral("service"));
+    // While its connection is there, which ends in a thread of its own and must not know the service any more.
     m_service.reset();
+    QDBusConnection::disconnectFromBus(QStringLiteral("service"));
     m_queue.reset();
 }
 
