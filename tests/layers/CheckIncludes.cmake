@@ -11,6 +11,7 @@ set(may_see_platform/linux "platform/linux;platform")
 set(may_see_decode "decode;platform/linux;platform")
 set(may_see_platform/linux/desktop "platform/linux/desktop;platform/linux/x11;platform")
 set(may_see_platform/linux/pictures "platform/linux/pictures;platform/linux;platform;decode")
+set(may_see_platform/linux/web "platform/linux/web;platform")
 set(may_see_platform/linux/x11 "platform/linux/x11;platform/linux/desktop;platform")
 
 set(display_headers "xcb/|X11/|wayland|QtGui/private")
@@ -29,6 +30,7 @@ set(layers
     platform/linux
     platform/linux/desktop
     platform/linux/pictures
+    platform/linux/web
     platform/linux/x11)
 
 foreach(layer IN LISTS layers)

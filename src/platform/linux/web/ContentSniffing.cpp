@@ -1,0 +1,56 @@
+#include "ContentSniffing.h"
+
+#include <algorithm>
+#include <array>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] bool isLetter(char c)
+{
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+
+[[nodiscard]] QByteArray withoutMark(const QByteArray& bytes)
+{
+    return bytes.startsWith("\xef\xbb\xbf") ? bytes.mid(3) : bytes;
+}
+
+[[nodiscard]] bool looksLikeSvg(const QByteArray& bytes)
+{
+    const QByteArray beginning =
+        withoutMark(bytes).first(std::min<qsizetype>(withoutMark(bytes).size(), 4096)).trimmed();
+    if (!beginning.startsWith('<') || !beginning.contains("<svg"))
+        return false;
+    const QByteArray lower = beginning.first(std::min<qsizetype>(beginning.size(), 64)).toLower();
+    return !lower.startsWith("<html") && !lower.startsWith("<!doctype html");
+}
+
+} // namespace
+
+std::optional<bool> isPageType(const QByteArray& contentType)
+{
+    const QByteArray type = contentType.left(contentType.indexOf(';')).trimmed().toLower();
+    if (type.isEmpty())
+        return std::nullopt;
+    return type == "text/html" || type == "application/xhtml+xml";
+}
+
+bool looksLikePage(const QByteArray& bytes)
+{
+    if (bytes.startsWith("\xff\xfe") || bytes.startsWith("\xfe\xff"))
+        return true;
+    const QByteArray text = withoutMark(bytes).trimmed();
+    return text.size() >= 2 && text.at(0) == '<' && (isLetter(text.at(1)) || text.at(1) == '!' || text.at(1) == '?');
+}
+
+bool looksLikeIcon(const QByteArray& bytes)
+{
+    const bool isWebP = bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP";
+    const bool isIco = bytes.size() > 6 && bytes.startsWith(QByteArray("\0\0\1\0", 4));
+    return bytes.startsWith("\x89PNG\r\n\x1a\n") || bytes.startsWith("\xff\xd8\xff") || bytes.startsWith("GIF87a")
+        || bytes.startsWith("GIF89a") || isWebP || isIco || looksLikeSvg(bytes);
+}
+
+} // namespace nookle
