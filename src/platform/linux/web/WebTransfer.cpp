@@ -1,5 +1,6 @@
 #include "WebTransfer.h"
 
+#include "ContentDecoder.h"
 #include "MainQueue.h"
 
 #include <QNetworkReply>
@@ -54,8 +55,8 @@ WebTransfer::WebTransfer(WebRoutes& routes, MainQueue& queue, Wish wish)
     , m_url(std::move(wish.url))
     , m_from(wish.from)
     , m_accept(std::move(wish.accept))
-    , m_maximumBytes(wish.maximumBytes)
-    , m_room(wish.maximumBytes)
+    , m_encodedRoom(wish.maximumBytes)
+    , m_decodedRoom(wish.maximumBytes)
     , m_self(std::make_shared<WebTransfer*>(this))
 {
 }
@@ -113,10 +114,11 @@ void WebTransfer::request(const QUrl& target)
 {
     QNetworkRequest request(target);
     forbidEverythingButTheRequest(request);
-    request.setDecompressedSafetyCheckThreshold(m_maximumBytes);
     request.setRawHeader("Host", hostHeader(m_url));
     request.setRawHeader("User-Agent", "Mozilla/5.0 (compatible; Nookle; link preview)");
     request.setRawHeader("Accept", m_accept);
+    // Said here so that the body comes as it was sent, and nobody but this decodes it.
+    request.setRawHeader("Accept-Encoding", ContentDecoder::acceptedEncodings);
     // The certificate must be the name's, whatever address stands for it.
     request.setPeerVerifyName(m_url.host());
     m_hasResponse = false;
@@ -138,10 +140,6 @@ void WebTransfer::watchConnection()
     });
     connectQueued(&QNetworkReply::metaDataChanged, [this] { readBody(); });
     connectQueued(&QNetworkReply::readyRead, [this] { readBody(); });
-    connectQueued(&QNetworkReply::downloadProgress, [this](qint64 received) {
-        if (received > m_maximumBytes)
-            end(End::tooLong);
-    });
     connectQueued(&QNetworkReply::finished, [this] { finishReply(); });
 }
 
@@ -158,7 +156,8 @@ bool WebTransfer::takeResponse()
         redirect();
         return false;
     }
-    if (status < 200 || status > 299) {
+    m_decoder = ContentDecoder::tryCreate(m_reply->rawHeader("Content-Encoding"));
+    if (status < 200 || status > 299 || !m_decoder) {
         end(End::failed);
         return false;
     }
@@ -181,15 +180,20 @@ bool WebTransfer::readBody()
 {
     if (!takeResponse())
         return false;
-    // One byte past the limit tells a body that fills it from one that goes on.
-    QByteArray bytes = m_reply->read(m_room + 1);
-    if (bytes.isEmpty())
+    // One byte past a limit tells a body that just fits from one that goes on.
+    const QByteArray encoded = m_reply->read(m_encodedRoom + 1);
+    if (encoded.isEmpty())
         return false;
-    const bool isTooLong = bytes.size() > m_room;
-    if (isTooLong)
-        bytes.truncate(m_room);
-    m_room -= bytes.size();
-    if (onData(bytes) && !isTooLong)
+    std::optional<QByteArray> bytes = m_decoder->decode(encoded, m_decodedRoom + 1);
+    if (!bytes) {
+        end(End::failed);
+        return false;
+    }
+    const bool isTooLong = encoded.size() > m_encodedRoom || bytes->size() > m_decodedRoom;
+    bytes->truncate(m_decodedRoom);
+    m_encodedRoom -= encoded.size();
+    m_decodedRoom -= bytes->size();
+    if ((bytes->isEmpty() || onData(*bytes)) && !isTooLong)
         return true;
     end(isTooLong ? End::tooLong : End::complete);
     return false;

@@ -15,6 +15,7 @@ class QNetworkReply;
 
 namespace nookle {
 
+class ContentDecoder;
 class DelayedTask;
 class MainQueue;
 
@@ -87,8 +88,9 @@ private:
     QUrl m_url;
     WebReach m_from;
     QByteArray m_accept;
-    qint64 m_maximumBytes;
-    qint64 m_room;
+    /// How much may still be read, as sent and as decoded.
+    qint64 m_encodedRoom;
+    qint64 m_decodedRoom;
     int m_redirects = 0;
     bool m_hasResponse = false;
     bool m_isConnected = false;
@@ -100,6 +102,7 @@ private:
     /// transfer, such as a connection or a credential, is there for the next.
     std::unique_ptr<QNetworkAccessManager> m_manager;
     std::unique_ptr<QNetworkReply> m_reply;
+    std::unique_ptr<ContentDecoder> m_decoder;
     /// Receives what the reply says, from the event loop: never while the reply is in the middle of something.
     std::unique_ptr<QObject> m_receiver;
     /// Expires with this object, for what is still in the queue then.
