@@ -77,10 +77,10 @@ constexpr std::array sets{
 
 std::optional<QByteArray> characterSetOf(QByteArrayView label)
 {
-    const QByteArray name = label.toByteArray().trimmed().toLower();
-    if (name.isEmpty() || name.contains(' '))
+    QByteArray wanted = label.toByteArray().trimmed().toLower();
+    if (wanted.isEmpty() || wanted.contains(' '))
         return std::nullopt;
-    const QByteArray wanted = ' ' + name + ' ';
+    wanted.prepend(' ').append(' ');
     const auto found = std::find_if(sets.begin(), sets.end(),
                                     [&](const NamedSet& set) { return QByteArrayView(set.labels).contains(wanted); });
     return found == sets.end() ? std::nullopt : std::optional(QByteArray(found->converter));

@@ -31,7 +31,8 @@ namespace {
 
 std::optional<bool> isPageType(const QByteArray& contentType)
 {
-    const QByteArray type = contentType.left(contentType.indexOf(';')).trimmed().toLower();
+    const auto end = std::find(contentType.begin(), contentType.end(), ';');
+    const QByteArray type = contentType.first(end - contentType.begin()).trimmed().toLower();
     if (type.isEmpty())
         return std::nullopt;
     return type == "text/html" || type == "application/xhtml+xml";

@@ -236,7 +236,7 @@ std::optional<MarkupPiece> MarkupScanner::takeRawText(char byte)
         m_state = byte == '>' ? State::text : State::beforeAttribute;
         m_isEndTag = true;
         m_name = m_rawElement;
-        m_source = std::exchange(m_candidate, {}) + byte;
+        m_source = std::exchange(m_candidate, {}).append(byte);
         m_attributes = 0;
         return m_rawElement == "title" ? std::optional(endTitle()) : std::nullopt;
     }

@@ -24,9 +24,9 @@ inline constexpr qint64 readBufferSize = 64 * 1024;
 {
     QByteArray host = url.host(QUrl::FullyEncoded).toLatin1();
     if (host.contains(':'))
-        host = '[' + host + ']';
+        host.prepend('[').append(']');
     if (url.port() >= 0)
-        host += ':' + QByteArray::number(url.port());
+        host.append(':').append(QByteArray::number(url.port()));
     return host;
 }
 
