@@ -41,8 +41,6 @@ void forbidEverythingButTheRequest(QNetworkRequest& request)
     request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
     request.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-    request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
     // Its requests take the host from the address, which is not the name here.
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
 }
