@@ -6,6 +6,7 @@
 #include <QTcpSocket>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 #include <vector>
 
@@ -256,7 +257,7 @@ void WebLinkMetadataTest::onlyFourLookupsRunAtOnce()
     waiting.constFirst()->write("HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n<title>First</title><body>");
     QTRY_VERIFY(fifth->isDone() && sixth->isDone());
     QCOMPARE(fifth->title(), QStringLiteral("Last"));
-    QCOMPARE(lookups.front()->title(), QStringLiteral("First"));
+    QCOMPARE(std::count_if(lookups.begin(), lookups.end(), [](const auto& lookup) { return lookup->isDone(); }), 1);
     QCOMPARE(m_server->requestsFor("/a"), 4);
 }
 

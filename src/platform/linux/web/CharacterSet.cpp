@@ -81,8 +81,8 @@ std::optional<QByteArray> characterSetOf(QByteArrayView label)
     if (wanted.isEmpty() || wanted.contains(' '))
         return std::nullopt;
     wanted.prepend(' ').append(' ');
-    const auto found = std::find_if(sets.begin(), sets.end(),
-                                    [&](const NamedSet& set) { return QByteArrayView(set.labels).contains(wanted); });
+    const auto* const found = std::find_if(
+        sets.begin(), sets.end(), [&](const NamedSet& set) { return QByteArrayView(set.labels).contains(wanted); });
     return found == sets.end() ? std::nullopt : std::optional(QByteArray(found->converter));
 }
 
@@ -99,9 +99,9 @@ QByteArray charsetParameter(QByteArrayView contentType)
         const char quote = rest.isEmpty() ? '\0' : rest.at(0);
         if (quote == '"' || quote == '\'')
             return rest.mid(1, rest.indexOf(quote, 1) - 1).trimmed();
-        const auto end =
-            std::find_if(rest.begin(), rest.end(), [](char c) { return c == ';' || c == ',' || c == ' '; });
-        return rest.first(end - rest.begin());
+        const auto* const end =
+            std::find_if(rest.cbegin(), rest.cend(), [](char c) { return c == ';' || c == ',' || c == ' '; });
+        return rest.first(end - rest.cbegin());
     }
     return {};
 }

@@ -13,7 +13,7 @@ namespace nookle {
 
 namespace {
 
-inline constexpr std::size_t outputStep = 16 * 1024;
+inline constexpr std::size_t outputStep = 16'384;
 
 class IdentityDecoder final : public ContentDecoder {
 public:

@@ -31,7 +31,7 @@ namespace {
 
 std::optional<bool> isPageType(const QByteArray& contentType)
 {
-    const auto end = std::find(contentType.begin(), contentType.end(), ';');
+    const auto* const end = std::find(contentType.begin(), contentType.end(), ';');
     const QByteArray type = contentType.first(end - contentType.begin()).trimmed().toLower();
     if (type.isEmpty())
         return std::nullopt;

@@ -24,7 +24,7 @@ class WebRoutes;
 class IconLoad final : public WebJob {
 public:
     inline static constexpr double timeLimit = 10;
-    inline static constexpr qint64 maximumBytes = 512 * 1024;
+    inline static constexpr qint64 maximumBytes = 524'288;
     inline static constexpr int maximumSide = 2048;
 
     struct Services {

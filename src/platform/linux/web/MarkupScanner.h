@@ -34,7 +34,7 @@ public:
     /// A tag with more attributes than this is left out.
     inline static constexpr int maximumAttributes = 256;
     /// What a title has beyond this is left out.
-    inline static constexpr qsizetype maximumTitle = 16 * 1024;
+    inline static constexpr qsizetype maximumTitle = 16'384;
 
     explicit MarkupScanner(Syntax syntax);
 

@@ -32,7 +32,7 @@ struct PageFacts {
 class PageLookup final : public WebJob {
 public:
     inline static constexpr double timeLimit = 10;
-    inline static constexpr qint64 maximumBytes = 1024 * 1024;
+    inline static constexpr qint64 maximumBytes = 1'048'576;
 
     PageLookup(WebRoutes& routes, MainQueue& queue, const QUrl& url);
     ~PageLookup() override;

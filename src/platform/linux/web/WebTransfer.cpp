@@ -12,7 +12,7 @@ namespace nookle {
 
 namespace {
 
-inline constexpr qint64 readBufferSize = 64 * 1024;
+inline constexpr qint64 readBufferSize = 65'536;
 
 [[nodiscard]] bool isWebAddress(const QUrl& url)
 {
