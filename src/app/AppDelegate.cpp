@@ -21,8 +21,9 @@ AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std
     , m_desktop(std::move(desktop))
     , m_trash(dataHome)
     , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue)
-    , m_linkMetadata(m_queue)
     , m_pictures(m_queue)
+    , m_webRoutes(m_queue)
+    , m_linkMetadata(m_webRoutes, m_pictures.converter(), m_queue)
     , m_pasteboard(m_pictures.converter())
     , m_settings(m_defaults)
     , m_dragEdgeMonitor(m_desktop->inputMonitor(), m_desktop->pointer(), m_desktop->displays())
@@ -46,8 +47,7 @@ void AppDelegate::createPanel()
     ShelfStore::Environment environment;
     environment.now = [] { return QDateTime::currentDateTimeUtc(); };
     environment.moveToTrash = [this](const QUrl& file) { return m_trash.moveToTrash(file); };
-    // Nothing looks pages up yet.
-    environment.fetchesLinkMetadata = false;
+    environment.fetchesLinkMetadata = true;
     m_store = std::make_unique<ShelfStore>(m_dataFolder, std::move(environment), m_fileReferences, m_trash,
                                            m_linkMetadata, m_queue);
     m_fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };

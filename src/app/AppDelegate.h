@@ -7,15 +7,16 @@
 #include "DragEdgeMonitor.h"
 #include "GioTrash.h"
 #include "LinuxFileReferences.h"
-#include "NoLinkMetadata.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
-#include "Pictures.h"
+#include "PictureServices.h"
 #include "PortalFileTransfers.h"
 #include "QtMainQueue.h"
 #include "SettingsUserDefaults.h"
 #include "ShelfStore.h"
 #include "ShelfView.h"
+#include "SystemWebRoutes.h"
+#include "WebLinkMetadata.h"
 
 #include <QObject>
 #include <QUrl>
@@ -55,8 +56,9 @@ private:
     SettingsUserDefaults m_defaults;
     GioTrash m_trash;
     LinuxFileReferences m_fileReferences;
-    NoLinkMetadata m_linkMetadata;
-    Pictures m_pictures;
+    PictureServices m_pictures;
+    SystemWebRoutes m_webRoutes;
+    WebLinkMetadata m_linkMetadata;
     ClipboardPasteboard m_pasteboard;
     DesktopWorkspace m_workspace;
     PortalFileTransfers m_fileTransfers;

@@ -20,6 +20,7 @@ namespace {
 inline constexpr QSize screenSize(1200, 700);
 inline constexpr int rightEdge = screenSize.width();
 inline constexpr int panelWidth = 112;
+const QColor pictureColor(0x20, 0x80, 0x40);
 
 // Where things stand on the page.
 inline constexpr QPoint picturePlace(100, 100);
@@ -28,12 +29,10 @@ inline constexpr QPoint wordsPlace(80, 290);
 inline constexpr QPoint fieldPlace(150, 380);
 inline constexpr QPoint uploadPlace(120, 490);
 
-[[nodiscard]] QByteArray picturePng()
+[[nodiscard]] QByteArray squarePng(int side, const QColor& color)
 {
-    QImage image(80, 80, QImage::Format_RGB32);
-    image.fill(QColor(0x20, 0x80, 0x40));
-    for (int index = 0; index < 80; ++index)
-        image.setPixel(index, index, 0xffffffff);
+    QImage image(side, side, QImage::Format_RGB32);
+    image.fill(color);
     QByteArray png;
     QBuffer buffer(&png);
     return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "PNG") ? png : QByteArray();
@@ -81,6 +80,7 @@ private Q_SLOTS:
     void aTextGoesIntoATextField();
     void aLinkGoesIntoATextField();
     void anImageGoesIntoAnUploadField();
+    void aLinkShowsThePagesTitleAndIconAlsoAfterARestart();
 
 private:
     [[nodiscard]] XScreen& screen() { return m_desktop->screen(); }
@@ -100,7 +100,7 @@ void BrowserEndToEndTest::initTestCase()
     QVERIFY2(qEnvironmentVariableIsSet("NOOKLE_PROGRAM"), "run it with ctest, which says which program is tested");
     QVERIFY(m_server.isRunning());
     m_server.serve(QStringLiteral("/"), "text/html", page());
-    m_server.serve(QStringLiteral("/pictures/green%20square.png"), "image/png", picturePng());
+    m_server.serve(QStringLiteral("/pictures/green%20square.png"), "image/png", squarePng(80, pictureColor));
     for (const char* path : { "/typed", "/name", "/uploaded" })
         m_server.serve(QLatin1String(path), "text/plain", "thanks");
     m_desktop = PrivateDesktop::tryCreate({ screenSize, QStringLiteral("openbox"), false });
@@ -195,7 +195,7 @@ void BrowserEndToEndTest::anImageOfAPageLandsAsAnImageWithItsNameAndItsBytes()
     QFile image(m_desktop->home(QStringLiteral("data/Nookle/Files/%1/%2"))
                     .arg(item.value(QLatin1String("id")).toString(), name));
     QVERIFY(image.open(QIODevice::ReadOnly));
-    QCOMPARE(image.readAll(), picturePng());
+    QCOMPARE(image.readAll(), squarePng(80, pictureColor));
 }
 
 void BrowserEndToEndTest::aLinkLandsWithItsAddressAndItsTitle()
@@ -237,8 +237,32 @@ void BrowserEndToEndTest::anImageGoesIntoAnUploadField()
 {
     QVERIFY(dragToShelf(picturePlace));
     QVERIFY(dragFirstTileTo(m_browser->at(uploadPlace)));
-    QVERIFY(waitFor([this] { return m_server.posted(QStringLiteral("/uploaded")) == picturePng(); }));
+    QVERIFY(waitFor([this] { return m_server.posted(QStringLiteral("/uploaded")) == squarePng(80, pictureColor); }));
     QCOMPARE(m_server.posted(QStringLiteral("/name")), QByteArray("green square.png image/png"));
+}
+
+void BrowserEndToEndTest::aLinkShowsThePagesTitleAndIconAlsoAfterARestart()
+{
+    const QColor color(0xe0, 0x60, 0x10);
+    m_server.serve(QStringLiteral("/linked?a=1&b=%C3%BC"), "text/html; charset=utf-8",
+                   "<title>The linked\n p\xc3\xa4ge</title><link rel=icon sizes=64x64 href='icon.png'>");
+    m_server.serve(QStringLiteral("/icon.png"), "image/png", squarePng(64, color));
+    const auto showsIcon = [&] {
+        return screen().picture(QRect(m_shelf->firstTile(), QSize(1, 1))).pixelColor(0, 0) == color;
+    };
+
+    QVERIFY(dragToShelf(linkPlace));
+    QVERIFY(waitFor([this] { return content(onlyItem(), "link").value(QLatin1String("hasIcon")).toBool(); }));
+    QCOMPARE(content(onlyItem(), "link").value(QLatin1String("title")).toString(), QStringLiteral("The linked päge"));
+    QVERIFY2(waitFor(showsIcon), "the tile does not show the icon");
+
+    const QList<QJsonObject> saved = m_shelf->savedItems();
+    QVERIFY(m_shelf->stop());
+    QVERIFY(m_shelf->start());
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge); }));
+    QVERIFY2(waitFor(showsIcon), "the icon is not back after the restart");
+    QCOMPARE(m_shelf->savedItems(), saved);
 }
 
 QTEST_GUILESS_MAIN(BrowserEndToEndTest)

@@ -43,6 +43,14 @@ std::unique_ptr<FileManager> FileManager::tryOpen(PrivateDesktop& desktop, const
     return manager;
 }
 
+void FileManager::selectAll(XScreen& screen) const
+{
+    screen.moveTo(emptyPlace());
+    screen.press();
+    screen.moveTo(m_window.frame.topLeft() + QPoint(sidePaneWidth, barHeight) + QPoint(12, 12));
+    screen.release();
+}
+
 std::optional<QPoint> FileManager::findIcon(XScreen& screen, const QRect& window)
 {
     const QRect view = window.adjusted(sidePaneWidth, barHeight, -20, -40);

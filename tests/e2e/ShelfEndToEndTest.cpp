@@ -3,6 +3,7 @@
 #include "Shelf.h"
 #include "Waiting.h"
 
+#include <QDir>
 #include <QFile>
 #include <QtTest>
 
@@ -70,6 +71,9 @@ private Q_SLOTS:
 
     void aFileDraggedToTheEdgeBringsThePanelWithinHalfASecond();
     void aDroppedFileIsSavedAndThePanelGoesOnceThePointerHasLeft();
+    void threeFilesLandInTheirOrder();
+    void aFolderLandsUnderItsName();
+    void aFileGoesIntoAFolderOfTheFileManager();
     void aRubberBandDragToTheEdgeShowsNothing();
     void aTextSelectionDragToTheEdgeShowsNothing();
     void theTileIsBackAfterARestartAndCanBeDraggedOut();
@@ -211,6 +215,48 @@ void ShelfEndToEndTest::aDroppedFileIsSavedAndThePanelGoesOnceThePointerHasLeft(
     QVERIFY2(holdsFor([this] { return m_shelf->isAtRest(rightEdge()); }, 250), "the panel goes too early");
     QVERIFY2(waitFor([this] { return panelIsGone(); }, 1500), "the panel stays");
     QVERIFY(QFile::exists(m_desktop->home(QStringLiteral("files/note one.txt"))));
+}
+
+void ShelfEndToEndTest::threeFilesLandInTheirOrder()
+{
+    const QStringList names{ QStringLiteral("note one.txt"), QStringLiteral("picture.png"), QStringLiteral("zebra") };
+    for (const QString& name : names)
+        m_desktop->writeFile(QStringLiteral("files/") + name, "words");
+    QVERIFY(openFileManager());
+    m_files->selectAll(screen());
+    QVERIFY(screen().beginDrag(m_files->icon()));
+    QVERIFY(dropOnShelf());
+    QVERIFY(waitFor([&] { return m_shelf->savedFileNames() == names; }));
+}
+
+void ShelfEndToEndTest::aFolderLandsUnderItsName()
+{
+    QVERIFY(QFile::remove(m_desktop->home(QStringLiteral("files/note one.txt"))));
+    QVERIFY(QDir().mkpath(m_desktop->home(QStringLiteral("files/A folder"))));
+    QVERIFY(openFileManager());
+    QVERIFY(screen().beginDrag(m_files->icon()));
+    QVERIFY(dropOnShelf());
+    QVERIFY(waitFor([&] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("A folder") }; }));
+}
+
+void ShelfEndToEndTest::aFileGoesIntoAFolderOfTheFileManager()
+{
+    QVERIFY(dropFileOnShelf());
+    m_files.reset();
+    m_desktop->writeFile(QStringLiteral("target/other.txt"), "other");
+    m_files = FileManager::tryOpen(*m_desktop, m_desktop->home(QStringLiteral("target")));
+    QVERIFY(m_files);
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    QVERIFY(screen().beginDrag(m_shelf->firstTile()));
+    screen().moveTo(m_files->emptyPlace());
+    screen().moveTo(m_files->emptyPlace() + QPoint(3, 3));
+    screen().release();
+    QFile arrived(m_desktop->home(QStringLiteral("target/note one.txt")));
+    QVERIFY(waitFor([&] { return arrived.exists() && arrived.size() > 0; }));
+    QVERIFY(arrived.open(QIODevice::ReadOnly));
+    QCOMPARE(arrived.readAll(), QByteArray("words"));
+    QCOMPARE(m_shelf->savedFileNames(), QStringList{ QStringLiteral("note one.txt") });
 }
 
 void ShelfEndToEndTest::aRubberBandDragToTheEdgeShowsNothing()
