@@ -30,7 +30,7 @@ inline constexpr int answerTimeoutMilliseconds = 5000;
 [[nodiscard]] QString addressName(const QUrl& dataFolder)
 {
     std::error_code error;
-    const std::filesystem::path given = filePath(standardized(dataFolder)).toStdString();
+    const std::filesystem::path given = standardizedPath(dataFolder).toStdString();
     const std::filesystem::path canonical = std::filesystem::weakly_canonical(given, error);
     const std::string& path = error ? given.native() : canonical.native();
     const QByteArray hash =

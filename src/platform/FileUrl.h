@@ -19,6 +19,9 @@ namespace nookle {
 /// The same file's URL with dot segments resolved and without a slash at its end.
 [[nodiscard]] QUrl standardized(const QUrl& fileUrl);
 
+/// Its path; empty where `filePath` is.
+[[nodiscard]] QByteArray standardizedPath(const QUrl& fileUrl);
+
 /// The last component of the path, for showing it: bytes that are not UTF-8 are replaced.
 [[nodiscard]] QString lastPathComponent(const QUrl& fileUrl);
 

@@ -8,7 +8,7 @@ namespace {
 
 [[nodiscard]] QByteArray key(const QUrl& url)
 {
-    return filePath(standardized(url));
+    return standardizedPath(url);
 }
 
 } // namespace

@@ -31,7 +31,7 @@ ItemFiles::ItemFiles(const QUrl& directory)
 
 QString ItemFiles::storedName(const QUrl& source)
 {
-    const QByteArray path = filePath(standardized(source));
+    const QByteArray path = standardizedPath(source);
     const QByteArray bytes = path.mid(path.lastIndexOf('/') + 1);
     QString name = QString::fromUtf8(bytes);
     // Not with the replacement character itself: at three bytes it could make the name too long for the file system.
@@ -68,7 +68,7 @@ std::optional<Failure> ItemFiles::takeOver(const QUrl& source, const QUuid& id, 
         return unusableName(name);
     if (std::optional<Failure> failure = makeFolder(filePath(folder(id))))
         return failure;
-    return moveFile(filePath(standardized(source)), filePath(*destination));
+    return moveFile(standardizedPath(source), filePath(*destination));
 }
 
 std::optional<Failure> ItemFiles::write(const QByteArray& bytes, const QUuid& id, const QString& name) const

@@ -112,7 +112,7 @@ void ShelfView::setUpTiles()
     };
     m_tiles->tileHeight = [this](std::size_t row, int width) {
         const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
-        return m_metrics.height(item, ShelfItemView::isUnavailable(item, m_store.localURL(item)), width);
+        return m_heights.height(item, ShelfItemView::isUnavailable(item, m_store.localURL(item)), width);
     };
     m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
         fillTile(tile, m_store.items()[static_cast<qsizetype>(row)]);
@@ -143,6 +143,7 @@ void ShelfView::showItems()
     for (const ShelfItem& item : m_store.items())
         ids.push_back(item.id);
     const bool isEmpty = ids.empty();
+    m_heights.trim(m_store.items().size());
     m_tiles->setRows(std::move(ids));
     m_content->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_emptyState) : m_tiles);
 }

@@ -5,6 +5,7 @@
 #include "DropHandler.h"
 #include "DropPayload.h"
 #include "ShelfItemActions.h"
+#include "TileHeights.h"
 #include "TileMetrics.h"
 #include "TrashWatch.h"
 
@@ -109,6 +110,7 @@ private:
     DropReader m_readDrop;
     DragRunner m_runDrag;
     TileMetrics m_metrics;
+    TileHeights m_heights{ m_metrics };
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;

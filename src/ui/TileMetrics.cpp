@@ -35,10 +35,10 @@ TileMetrics::TileMetrics()
 {
 }
 
-int TileMetrics::height(const ShelfItem& item, bool isUnavailable, int width) const
+int TileMetrics::height(const QString& name, bool isUnavailable, int width) const
 {
     const int textWidth = width - 2 * padding;
-    const int lines = m_captionMetrics.horizontalAdvance(onOneLine(item.displayName())) <= textWidth ? 1 : 2;
+    const int lines = m_captionMetrics.horizontalAdvance(onOneLine(name)) <= textWidth ? 1 : 2;
     return padding + previewSize + spacing + lines * m_captionHeight + (isUnavailable ? m_unavailableHeight : 0)
         + padding;
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "ShelfItem.h"
-
 #include <QFont>
 #include <QFontMetrics>
 #include <QStringList>
@@ -21,8 +19,8 @@ public:
     [[nodiscard]] const QFont& captionFont() const { return m_captionFont; }
     [[nodiscard]] const QFont& smallerCaptionFont() const { return m_smallerCaptionFont; }
 
-    /// The height of the item's tile at `width`.
-    [[nodiscard]] int height(const ShelfItem& item, bool isUnavailable, int width) const;
+    /// The height at `width` of the tile of an item with that name.
+    [[nodiscard]] int height(const QString& name, bool isUnavailable, int width) const;
 
     /// The name in at most two lines of `width`, cut in the middle so that its start and its extension stay visible.
     [[nodiscard]] QStringList nameLines(const QString& name, int width) const;

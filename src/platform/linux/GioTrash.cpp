@@ -23,12 +23,12 @@ GioTrash::GioTrash(const QByteArray& dataHome)
     : m_fragments{ "/.local/share/Trash/", "/.Trash/", "/.Trash-" + QByteArray::number(getuid()) + "/" }
 {
     if (!dataHome.isEmpty())
-        m_fragments.push_back(filePath(standardized(fileUrl(dataHome))) + "/Trash/");
+        m_fragments.push_back(standardizedPath(fileUrl(dataHome)) + "/Trash/");
 }
 
 std::optional<Failure> GioTrash::moveToTrash(const QUrl& url)
 {
-    const QByteArray path = filePath(standardized(url));
+    const QByteArray path = standardizedPath(url);
     if (path.isEmpty())
         return Failure{ QStringLiteral("not a file of this computer") };
     // The local file system alone: the default one would start the desktop's services for remote files.
@@ -42,7 +42,7 @@ std::optional<Failure> GioTrash::moveToTrash(const QUrl& url)
 
 bool GioTrash::contains(const QUrl& url) const
 {
-    const QByteArray path = filePath(standardized(url));
+    const QByteArray path = standardizedPath(url);
     return std::any_of(m_fragments.begin(), m_fragments.end(),
                        [&](const QByteArray& fragment) { return path.contains(fragment); });
 }

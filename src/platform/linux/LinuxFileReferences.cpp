@@ -47,7 +47,7 @@ LinuxFileReferences::~LinuxFileReferences() = default;
 
 std::optional<QByteArray> LinuxFileReferences::make(const QUrl& url)
 {
-    const QByteArray path = filePath(standardized(url));
+    const QByteArray path = standardizedPath(url);
     if (path.isEmpty() || !exists(path))
         return std::nullopt;
     FileDescriptor descriptor = openInPlace(path);

@@ -60,7 +60,7 @@ std::unique_ptr<ThumbnailRequest> LinuxThumbnails::request(const QUrl& file, dou
 {
     const Id id = ++m_lastId;
     const ThumbnailJob::Tools tools{ m_decoder, m_cache, m_makers };
-    auto job = std::make_unique<ThumbnailJob>(tools, filePath(standardized(file)), sideInPixels(size, scale));
+    auto job = std::make_unique<ThumbnailJob>(tools, standardizedPath(file), sideInPixels(size, scale));
     m_entries.emplace(id, Entry{ std::move(job), std::move(completion) });
     m_waiting.insert(id);
     schedulePump();
