@@ -1,6 +1,8 @@
 // Another program on the desktop, with one window:
 //   Peer receive FILE     takes drops and writes what it got into FILE: a line with the action, then the URI list
-//   Peer offer FILE       offers the URI list in FILE to whoever it is dragged to
+//   Peer offer FILE TYPE  offers what is in FILE as TYPE to whoever it is dragged to
+//   Peer silent           offers a URI list, and never answers who asks for it
+//   Peer dying            offers a URI list, and ends when somebody asks for it
 //   Peer text             shows text that can be selected
 //   Peer fullscreen       covers the whole screen in red
 
@@ -13,7 +15,10 @@
 #include <QPlainTextEdit>
 #include <QSaveFile>
 #include <QScreen>
+#include <QThread>
 
+#include <cstdlib>
+#include <functional>
 #include <memory>
 
 namespace {
@@ -44,10 +49,36 @@ private:
     QString m_path;
 };
 
+/// A payload that is never delivered.
+class Undelivered final : public QMimeData {
+public:
+    explicit Undelivered(bool isDying)
+        : m_isDying(isDying)
+    {
+    }
+
+    [[nodiscard]] QStringList formats() const override { return { QStringLiteral("text/uri-list") }; }
+    [[nodiscard]] bool hasFormat(const QString& format) const override { return formats().contains(format); }
+
+protected:
+    [[nodiscard]] QVariant retrieveData(const QString& /*format*/, QMetaType /*type*/) const override
+    {
+        if (m_isDying)
+            std::_Exit(EXIT_FAILURE);
+        for (;;)
+            QThread::sleep(1);
+    }
+
+private:
+    bool m_isDying;
+};
+
 class Source final : public QWidget {
 public:
-    explicit Source(const QByteArray& uriList)
-        : m_uriList(uriList)
+    using MakePayload = std::function<std::unique_ptr<QMimeData>()>;
+
+    explicit Source(MakePayload makePayload)
+        : m_makePayload(std::move(makePayload))
     {
     }
 
@@ -55,14 +86,12 @@ protected:
     void mouseMoveEvent(QMouseEvent* /*event*/) override
     {
         auto* drag = new QDrag(this);
-        auto payload = std::make_unique<QMimeData>();
-        payload->setData(QStringLiteral("text/uri-list"), m_uriList);
-        drag->setMimeData(payload.release());
+        drag->setMimeData(m_makePayload().release());
         drag->exec(Qt::CopyAction);
     }
 
 private:
-    QByteArray m_uriList;
+    MakePayload m_makePayload;
 };
 
 [[nodiscard]] QByteArray content(const QString& path)
@@ -77,7 +106,14 @@ private:
     if (mode == QLatin1String("receive"))
         return std::make_unique<Receiver>(arguments.value(2));
     if (mode == QLatin1String("offer"))
-        return std::make_unique<Source>(content(arguments.value(2)));
+        return std::make_unique<Source>([bytes = content(arguments.value(2)), type = arguments.value(3)] {
+            auto payload = std::make_unique<QMimeData>();
+            payload->setData(type, bytes);
+            return payload;
+        });
+    if (mode == QLatin1String("silent") || mode == QLatin1String("dying"))
+        return std::make_unique<Source>(
+            [isDying = mode == QLatin1String("dying")] { return std::make_unique<Undelivered>(isDying); });
     if (mode == QLatin1String("fullscreen")) {
         auto window = std::make_unique<QWidget>();
         window->setPalette(QPalette(Qt::red));

@@ -21,10 +21,8 @@ Program::~Program()
 {
     if (!isRunning())
         return;
-    if (!terminate()) {
-        m_process.kill();
-        m_process.waitForFinished();
-    }
+    if (!terminate())
+        kill();
 }
 
 QByteArray Program::readLine()
@@ -38,6 +36,12 @@ bool Program::terminate()
 {
     m_process.terminate();
     return m_process.waitForFinished(patience);
+}
+
+void Program::kill()
+{
+    m_process.kill();
+    m_process.waitForFinished(patience);
 }
 
 int Program::waitForExit()

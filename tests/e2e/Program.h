@@ -23,6 +23,9 @@ public:
     /// Asks it to end, as a session does; false when it does not.
     bool terminate();
 
+    /// Ends it at once, whatever it is doing.
+    void kill();
+
     /// Its exit code once it has ended by itself; -1 when it does not, or crashed.
     [[nodiscard]] int waitForExit();
 

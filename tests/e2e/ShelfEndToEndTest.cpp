@@ -81,6 +81,9 @@ private Q_SLOTS:
     void aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlone();
     void thePanelStandsAboveAFullScreenWindow();
     void namesOfAnyBytesComeOutAsTheyWentIn();
+    void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext_data();
+    void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext();
+    void aTextOfTenMegabytesLandsWhole();
     void aWaylandSessionIsSaidInOneLogLine();
 
 protected:
@@ -90,8 +93,10 @@ protected:
     [[nodiscard]] bool dragFileNearEdge();
     /// Drops the file of the file manager on the shelf.
     [[nodiscard]] bool dropFileOnShelf();
-    /// Drops a URI list of another program on the shelf.
-    [[nodiscard]] bool offerToShelf(const QByteArray& uriList);
+    /// Drops a payload of another program on the shelf.
+    [[nodiscard]] bool offerToShelf(const QByteArray& payload, const QString& type = QStringLiteral("text/uri-list"));
+    /// The same with the other program in a mode of its own.
+    [[nodiscard]] bool dragPeerToShelf(const QStringList& arguments);
     /// Drops what is being dragged on the shelf.
     [[nodiscard]] bool dropOnShelf();
     [[nodiscard]] bool panelIsGone() const { return !m_shelf->panel(); }
@@ -163,10 +168,15 @@ bool ShelfEndToEndTest::dropFileOnShelf()
     return waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("note one.txt") }; });
 }
 
-bool ShelfEndToEndTest::offerToShelf(const QByteArray& uriList)
+bool ShelfEndToEndTest::offerToShelf(const QByteArray& payload, const QString& type)
 {
-    m_desktop->writeFile(QStringLiteral("offered"), uriList);
-    const auto source = openPeer({ QStringLiteral("offer"), m_desktop->home(QStringLiteral("offered")) });
+    m_desktop->writeFile(QStringLiteral("offered"), payload);
+    return dragPeerToShelf({ QStringLiteral("offer"), m_desktop->home(QStringLiteral("offered")), type });
+}
+
+bool ShelfEndToEndTest::dragPeerToShelf(const QStringList& arguments)
+{
+    const auto source = openPeer(arguments);
     return source && screen().beginDrag(source->frame.center()) && dropOnShelf();
 }
 
@@ -367,6 +377,39 @@ void ShelfEndToEndTest::namesOfAnyBytesComeOutAsTheyWentIn()
     QVERIFY(waitFor([this] { return !received().isEmpty(); }));
     const QByteArray address = received().mid(received().indexOf('\n') + 1).trimmed();
     QCOMPARE(QByteArray::fromPercentEncoding(address), "file://" + path);
+}
+
+void ShelfEndToEndTest::aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext_data()
+{
+    QTest::addColumn<QString>("mode");
+    QTest::newRow("never answers") << QStringLiteral("silent");
+    QTest::newRow("dies when it is asked") << QStringLiteral("dying");
+}
+
+void ShelfEndToEndTest::aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext()
+{
+    QFETCH(const QString, mode);
+    QVERIFY(dragPeerToShelf({ mode }));
+    QCOMPARE(m_shelf->startAgain(), 0);
+    m_peer->kill();
+    screen().moveTo(QPoint(rightEdge() - 300, 600));
+    QVERIFY(waitFor([this] { return panelIsGone(); }));
+    QVERIFY(offerToShelf(QUrl::fromLocalFile(m_desktop->home(QStringLiteral("files/note one.txt"))).toEncoded()));
+    QVERIFY(waitFor([this] { return m_shelf->savedFileNames().size() == 1; }));
+    QCOMPARE(m_shelf->log(), QByteArray());
+}
+
+void ShelfEndToEndTest::aTextOfTenMegabytesLandsWhole()
+{
+    // The toolkit that offers it here cannot deliver more than sixteen.
+    constexpr qsizetype size = 10'000'000;
+    QByteArray text(size, 'a');
+    for (qsizetype line = 79; line < size; line += 80)
+        text[line] = '\n';
+    QVERIFY(offerToShelf(text, QStringLiteral("text/plain")));
+    QVERIFY(waitFor([this] { return !m_shelf->savedItems().isEmpty(); }));
+    const QJsonObject content = m_shelf->savedItems().first().value(QLatin1String("content")).toObject();
+    QCOMPARE(content.value(QLatin1String("text")).toObject().value(QLatin1String("_0")).toString().size(), size);
 }
 
 void ShelfEndToEndTest::aWaylandSessionIsSaidInOneLogLine()

@@ -23,6 +23,7 @@ private Q_SLOTS:
 
     void whatTheOwnerDeliversIsRead();
     void whatComesInPiecesIsReadWhole();
+    void fiftyMegabytesAreReadWhole();
     void aRefusalIsNothing();
     void aSelectionWithoutAnOwnerIsNothing();
     void moreThanTheLimitIsNothing();
@@ -59,6 +60,13 @@ void X11SelectionReaderTest::whatComesInPiecesIsReadWhole()
         bytes += QByteArray::number(index);
     const SelectionSource source("NOOKLE_TEST", bytes, SelectionSource::Manner::inPieces);
     QCOMPARE(read(source, plenty, aMinute), bytes);
+}
+
+void X11SelectionReaderTest::fiftyMegabytesAreReadWhole()
+{
+    const QByteArray bytes(50'000'000, 'a');
+    const SelectionSource source("NOOKLE_TEST", bytes, SelectionSource::Manner::inPieces);
+    QVERIFY(read(source, plenty, aMinute) == bytes);
 }
 
 void X11SelectionReaderTest::aRefusalIsNothing()
