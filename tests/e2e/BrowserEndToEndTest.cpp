@@ -145,24 +145,12 @@ bool BrowserEndToEndTest::dragToShelf(const QPoint& place)
     const auto isTarget = [this] {
         screen().moveTo(screen().pointer() + QPoint(0, 2));
         screen().moveTo(screen().pointer() - QPoint(0, 2));
-        return isDropTarget();
+        return m_shelf->isDropTarget();
     };
     if (!waitFor(isTarget))
         return false;
     screen().release();
     return waitFor([this] { return !m_shelf->savedItems().isEmpty(); });
-}
-
-bool BrowserEndToEndTest::isDropTarget()
-{
-    const auto panel = m_shelf->panel();
-    if (!panel)
-        return false;
-    // A frame stands along the panel's edge while a drop hovers.
-    constexpr int depth = 10;
-    const QPoint edge(panel->frame.center().x(), panel->frame.bottom());
-    const QImage picture = screen().picture(QRect(edge - QPoint(0, depth - 1), QSize(1, depth)));
-    return picture.pixel(0, depth - 1) != picture.pixel(0, 0);
 }
 
 bool BrowserEndToEndTest::dragFirstTileTo(const QPoint& place)

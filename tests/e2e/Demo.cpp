@@ -58,6 +58,9 @@ int show(const QString& program, const QString& picturePath)
     if (!waitFor([&] { return shelf.isAtRest(1280); }))
         return fail("the shelf does not come out");
     screen.moveTo(QPoint(1220, 340));
+    screen.moveTo(QPoint(1222, 342));
+    if (!waitFor([&] { return shelf.isDropTarget(); }))
+        return fail("the shelf does not take the file");
     screen.release();
     if (!waitFor([&] { return shelf.savedFileNames() == QStringList{ name }; }))
         return fail("the file is not on the shelf");

@@ -33,6 +33,9 @@ public:
     /// Whether the panel has come to rest with its right edge there.
     [[nodiscard]] bool isAtRest(int rightEdge) const;
 
+    /// Whether it shows that it would take what is being dragged over it.
+    [[nodiscard]] bool isDropTarget() const;
+
     /// The middle of the preview of the first tile.
     [[nodiscard]] QPoint firstTile() const;
 

@@ -1,0 +1,142 @@
+#include "AssistiveClient.h"
+
+#include <QDBusArgument>
+#include <QDBusMessage>
+#include <QDBusVariant>
+
+namespace nookle::e2e {
+
+namespace {
+
+const QString sessionConnection = QStringLiteral("assistive-session");
+const QString treeConnection = QStringLiteral("assistive-tree");
+const QString accessibleInterface = QStringLiteral("org.a11y.atspi.Accessible");
+const QString actionInterface = QStringLiteral("org.a11y.atspi.Action");
+
+[[nodiscard]] QDBusMessage busCall(const QString& interface, const QString& method)
+{
+    return QDBusMessage::createMethodCall(QStringLiteral("org.a11y.Bus"), QStringLiteral("/org/a11y/bus"), interface,
+                                          method);
+}
+
+} // namespace
+
+std::unique_ptr<AssistiveClient> AssistiveClient::tryCreate(const QString& sessionBusAddress)
+{
+    const QDBusConnection session = QDBusConnection::connectToBus(sessionBusAddress, sessionConnection);
+    QDBusMessage enable = busCall(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Set"));
+    enable << QStringLiteral("org.a11y.Status") << QStringLiteral("IsEnabled")
+           << QVariant::fromValue(QDBusVariant(true));
+    if (session.call(enable).type() != QDBusMessage::ReplyMessage)
+        return nullptr;
+    const QDBusMessage address = session.call(busCall(QStringLiteral("org.a11y.Bus"), QStringLiteral("GetAddress")));
+    const QDBusConnection tree = QDBusConnection::connectToBus(address.arguments().value(0).toString(), treeConnection);
+    if (!tree.isConnected())
+        return nullptr;
+    return std::unique_ptr<AssistiveClient>(new AssistiveClient(tree));
+}
+
+AssistiveClient::AssistiveClient(const QDBusConnection& bus)
+    : m_bus(bus)
+{
+}
+
+AssistiveClient::~AssistiveClient()
+{
+    QDBusConnection::disconnectFromBus(treeConnection);
+    QDBusConnection::disconnectFromBus(sessionConnection);
+}
+
+QDBusMessage AssistiveClient::call(const Node& node, const QString& interface, const QString& method,
+                                   const QVariantList& arguments) const
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(node.service, node.path.path(), interface, method);
+    message.setArguments(arguments);
+    return m_bus.call(message);
+}
+
+QString AssistiveClient::property(const Node& node, const QString& name) const
+{
+    const QDBusMessage reply = call(node, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
+                                    { accessibleInterface, name });
+    return reply.arguments().value(0).value<QDBusVariant>().variant().toString();
+}
+
+std::vector<AssistiveClient::Node> AssistiveClient::programs() const
+{
+    return children({ QStringLiteral("org.a11y.atspi.Registry"),
+                      QDBusObjectPath(QStringLiteral("/org/a11y/atspi/accessible/root")) });
+}
+
+std::vector<AssistiveClient::Node> AssistiveClient::children(const Node& node) const
+{
+    std::vector<Node> found;
+    const QDBusMessage reply = call(node, accessibleInterface, QStringLiteral("GetChildren"));
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        return found;
+    const auto list = reply.arguments().value(0).value<QDBusArgument>();
+    list.beginArray();
+    while (!list.atEnd()) {
+        Node child;
+        list.beginStructure();
+        list >> child.service >> child.path;
+        list.endStructure();
+        found.push_back(child);
+    }
+    list.endArray();
+    return found;
+}
+
+std::optional<AssistiveClient::Node> AssistiveClient::find(const Node& node, const QString& wantedRole) const
+{
+    if (role(node) == wantedRole)
+        return node;
+    for (const Node& child : children(node)) {
+        if (auto found = find(child, wantedRole))
+            return found;
+    }
+    return std::nullopt;
+}
+
+QString AssistiveClient::role(const Node& node) const
+{
+    return call(node, accessibleInterface, QStringLiteral("GetRoleName")).arguments().value(0).toString();
+}
+
+QString AssistiveClient::name(const Node& node) const
+{
+    return property(node, QStringLiteral("Name"));
+}
+
+QString AssistiveClient::description(const Node& node) const
+{
+    return property(node, QStringLiteral("Description"));
+}
+
+QStringList AssistiveClient::actions(const Node& node) const
+{
+    QStringList names;
+    const QDBusMessage reply = call(node, actionInterface, QStringLiteral("GetActions"));
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        return names;
+    const auto list = reply.arguments().value(0).value<QDBusArgument>();
+    list.beginArray();
+    while (!list.atEnd()) {
+        QString name;
+        QString description;
+        QString keys;
+        list.beginStructure();
+        list >> name >> description >> keys;
+        list.endStructure();
+        names.append(name);
+    }
+    list.endArray();
+    return names;
+}
+
+void AssistiveClient::doAction(const Node& node, int index) const
+{
+    (void)call(node, actionInterface, QStringLiteral("DoAction"), { index });
+}
+
+} // namespace nookle::e2e
