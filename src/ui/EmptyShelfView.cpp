@@ -19,18 +19,18 @@ inline constexpr int symbolSize = 34;
 EmptyShelfView::EmptyShelfView(QWidget* parent)
     : QWidget(parent)
 {
-    setFont(captionFont());
     setAccessibleName(tr("Drop here"));
 }
 
 void EmptyShelfView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
+    painter.setFont(captionFont());
     const QColor color = secondaryColor(palette());
     const QRect area = rect().adjusted(padding, padding, -padding, -padding);
     const QString text = tr("Drop here");
     const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
-    const int textHeight = fontMetrics().boundingRect(area, flags, text).height();
+    const int textHeight = painter.fontMetrics().boundingRect(area, flags, text).height();
     const int top = area.center().y() - (symbolSize + spacing + textHeight) / 2;
 
     const QRect symbol(area.center().x() - symbolSize / 2, top, symbolSize, symbolSize);

@@ -271,6 +271,18 @@ void ShelfView::dropEvent(QDropEvent* event)
     acceptCopy(*event);
 }
 
+// Colours are asked for at each painting; sizes are kept.
+// Colours are asked for at each painting; sizes are kept.
+bool ShelfView::event(QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationFontChange) {
+        m_metrics = TileMetrics();
+        m_heights.clear();
+        showItems();
+    }
+    return QWidget::event(event);
+}
+
 std::optional<ShelfItem> ShelfView::currentItem() const
 {
     const std::optional<QUuid> id = m_tiles->hasFocus() ? m_tiles->currentId() : std::nullopt;

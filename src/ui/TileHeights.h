@@ -19,6 +19,9 @@ public:
 
     [[nodiscard]] int height(const ShelfItem& item, bool isUnavailable, int width);
 
+    /// Forgets everything; the metrics have changed.
+    void clear() { m_measured.clear(); }
+
     /// Forgets items that have gone, once they are more than those that are left.
     void trim(qsizetype itemCount);
 

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void thePinButtonTellsTheOwnerAndSaysWhatItDoes();
     void tilesExistOnlyForTheRowsInView();
     void tilesFollowTheStoresOrder();
+    void tilesGrowWithTheDesktopsFont();
     void aTileKeepsItsWidgetWhenTheShelfChanges();
     void aLongNameTakesTwoLinesAndKeepsItsEnd();
 
@@ -478,6 +479,27 @@ void ShelfViewTest::tilesFollowTheStoresOrder()
     f.store.addText(QStringLiteral("a"));
     QCOMPARE(list->tile(a)->y(), 6);
     QVERIFY(list->tile(b)->y() > list->tile(a)->y());
+}
+
+void ShelfViewTest::tilesGrowWithTheDesktopsFont()
+{
+    ShelfFixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("a"));
+    const ShelfItemView* tile = f.view.findChild<TileList*>()->tile(f.top().id);
+    const int height = tile->height();
+    const QFont usual = QApplication::font();
+    QFont font = usual;
+    font.setPointSizeF(4);
+    // The toolkit tells its widgets only while the application runs.
+    const auto change = [&](const QFont& to) {
+        QApplication::setFont(to);
+        QEvent event(QEvent::ApplicationFontChange);
+        QCoreApplication::sendEvent(&f.view, &event);
+    };
+    change(font);
+    QVERIFY(tile->height() < height);
+    change(usual);
+    QCOMPARE(tile->height(), height);
 }
 
 void ShelfViewTest::aTileKeepsItsWidgetWhenTheShelfChanges()
