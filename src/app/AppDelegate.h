@@ -2,6 +2,7 @@
 
 #include "AppSettings.h"
 #include "ClipboardPasteboard.h"
+#include "DesktopAppearance.h"
 #include "DesktopBackend.h"
 #include "DesktopWorkspace.h"
 #include "DragEdgeMonitor.h"
@@ -52,6 +53,7 @@ private:
 
     QUrl m_dataFolder;
     std::unique_ptr<DesktopBackend> m_desktop;
+    DesktopAppearance m_appearance;
     QtMainQueue m_queue;
     SettingsUserDefaults m_defaults;
     GioTrash m_trash;

@@ -1,13 +1,13 @@
 #include "PortalFileTransfers.h"
 
 #include "FileUrl.h"
+#include "PrivateBus.h"
 
 #include <QDBusConnection>
 #include <QDBusContext>
 #include <QDBusMetaType>
 #include <QDBusUnixFileDescriptor>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
@@ -77,7 +77,7 @@ private:
     [[nodiscard]] std::optional<QList<QUrl>> retrieve(const QByteArray& key, int& answers);
 
     QTemporaryDir m_folder;
-    QProcess m_daemon;
+    PrivateBus m_bus;
     QThread m_thread;
     std::unique_ptr<FakePortal> m_portal;
     std::unique_ptr<PortalFileTransfers> m_transfers;
@@ -92,23 +92,8 @@ const QString serviceConnection = QStringLiteral("portal");
 void PortalFileTransfersTest::initTestCase()
 {
     qDBusRegisterMetaType<QList<QDBusUnixFileDescriptor>>();
-    // A bus that knows no services which it could start.
-    const QString configuration = m_folder.filePath(QStringLiteral("bus.conf"));
-    QFile file(configuration);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
-               "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
-               "<busconfig><type>session</type><listen>unix:path="
-               + m_folder.filePath(QStringLiteral("bus")).toUtf8()
-               + "</listen><policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
-                 "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy>"
-                 "</busconfig>\n");
-    file.close();
-    m_daemon.start(QStringLiteral("dbus-daemon"),
-                   { QStringLiteral("--nofork"), QStringLiteral("--print-address"), QStringLiteral("--config-file"),
-                     configuration });
-    QVERIFY(m_daemon.waitForReadyRead());
-    qputenv("DBUS_SESSION_BUS_ADDRESS", m_daemon.readAllStandardOutput().trimmed());
+    QVERIFY(!m_bus.address().isEmpty());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address());
     m_thread.start();
 }
 
@@ -116,8 +101,6 @@ void PortalFileTransfersTest::cleanupTestCase()
 {
     m_thread.quit();
     m_thread.wait();
-    m_daemon.kill();
-    m_daemon.waitForFinished();
 }
 
 void PortalFileTransfersTest::init()
@@ -138,8 +121,7 @@ void PortalFileTransfersTest::startPortal()
 {
     m_portal = std::make_unique<FakePortal>();
     m_portal->moveToThread(&m_thread);
-    QDBusConnection bus =
-        QDBusConnection::connectToBus(QString::fromLatin1(qgetenv("DBUS_SESSION_BUS_ADDRESS")), serviceConnection);
+    QDBusConnection bus = QDBusConnection::connectToBus(QString::fromLatin1(m_bus.address()), serviceConnection);
     QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/portal/documents"), m_portal.get(),
                                QDBusConnection::ExportAllSlots));
     QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.portal.Documents")));
