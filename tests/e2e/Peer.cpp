@@ -1,5 +1,6 @@
 // Another program on the desktop, with one window:
 //   Peer receive FILE     takes drops and writes what it got into FILE: a line with the action, then the URI list
+//   Peer trash            takes files and moves them to the Trash, some time after they were dropped
 //   Peer offer FILE TYPE  offers what is in FILE as TYPE to whoever it is dragged to
 //   Peer silent           offers a URI list, and never answers who asks for it
 //   Peer dying            offers a URI list, and ends when somebody asks for it
@@ -16,6 +17,8 @@
 #include <QSaveFile>
 #include <QScreen>
 #include <QThread>
+#include <QTimer>
+#include <QUrl>
 
 #include <cstdlib>
 #include <functional>
@@ -47,6 +50,27 @@ protected:
 
 private:
     QString m_path;
+};
+
+class TrashCan final : public QWidget {
+public:
+    TrashCan() { setAcceptDrops(true); }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override
+    {
+        event->setDropAction(Qt::MoveAction);
+        event->accept();
+    }
+
+    void dropEvent(QDropEvent* event) override
+    {
+        event->setDropAction(Qt::MoveAction);
+        event->accept();
+        constexpr int jobStart = 300;
+        for (const QUrl& url : event->mimeData()->urls())
+            QTimer::singleShot(jobStart, this, [path = url.toLocalFile()] { QFile::moveToTrash(path); });
+    }
 };
 
 /// A payload that is never delivered.
@@ -105,6 +129,8 @@ private:
     const QString mode = arguments.value(1);
     if (mode == QLatin1String("receive"))
         return std::make_unique<Receiver>(arguments.value(2));
+    if (mode == QLatin1String("trash"))
+        return std::make_unique<TrashCan>();
     if (mode == QLatin1String("offer"))
         return std::make_unique<Source>([bytes = content(arguments.value(2)), type = arguments.value(3)] {
             auto payload = std::make_unique<QMimeData>();

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace nookle::e2e;
@@ -78,6 +79,8 @@ private Q_SLOTS:
     void aTextSelectionDragToTheEdgeShowsNothing();
     void theTileIsBackAfterARestartAndCanBeDraggedOut();
     void aTileDroppedOnTheShelfItselfChangesNothing();
+    void aTileDroppedOnATrashLeavesTheShelf();
+    void thePanelStaysWhileItsMenuIsOpen();
     void aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlone();
     void thePanelStandsAboveAFullScreenWindow();
     void namesOfAnyBytesComeOutAsTheyWentIn();
@@ -337,6 +340,40 @@ void ShelfEndToEndTest::aTileDroppedOnTheShelfItselfChangesNothing()
     const QPoint second = m_shelf->firstTile() + QPoint(0, tileDistance);
     dragBetween(second, second + QPoint(0, 250));
     QVERIFY2(holdsFor([&] { return m_shelf->savedFileNames() == names; }, 800), "the shelf took its own item");
+}
+
+void ShelfEndToEndTest::aTileDroppedOnATrashLeavesTheShelf()
+{
+    QVERIFY(dropFileOnShelf());
+    m_files.reset();
+    const auto window = openPeer({ QStringLiteral("trash") });
+    QVERIFY(window);
+    QVERIFY(m_shelf->startAgain() == 0 && waitFor([this] { return m_shelf->isAtRest(rightEdge()); }));
+    dragBetween(m_shelf->firstTile(), window->frame.center());
+    QVERIFY(waitFor([this] { return m_shelf->savedItems().isEmpty(); }));
+    QVERIFY(QFile::exists(m_desktop->home(QStringLiteral("data/Trash/files/note one.txt"))));
+}
+
+void ShelfEndToEndTest::thePanelStaysWhileItsMenuIsOpen()
+{
+    QVERIFY(dropFileOnShelf());
+    constexpr std::uint8_t rightButton = 3;
+    const auto menu = [this] {
+        const auto windows = screen().windows();
+        return std::any_of(windows.begin(), windows.end(), [this](const XWindow& window) {
+            return window.isMapped && window.windowClass == "nookle" && window.id != m_shelf->panel()->id
+                && window.frame.width() > 1;
+        });
+    };
+    screen().moveTo(m_shelf->firstTile());
+    screen().press(rightButton);
+    screen().release(rightButton);
+    QVERIFY(waitFor(menu));
+    screen().moveTo(QPoint(rightEdge() - 300, 600));
+    QVERIFY2(holdsFor([&] { return m_shelf->isAtRest(rightEdge()) && menu(); }, 1500), "the panel goes under its menu");
+    screen().press();
+    screen().release();
+    QVERIFY2(waitFor([this] { return panelIsGone(); }, 3000), "the panel stays without its menu");
 }
 
 void ShelfEndToEndTest::aSecondStartShowsTheShelfOfTheFirstAndLeavesTheFocusAlone()
