@@ -16,11 +16,18 @@ PrivateDesktop::PrivateDesktop()
     setUpHome();
 }
 
-// Files whose names are not UTF-8 are beyond the temporary folder's own removal.
+// Files whose names are not UTF-8 are beyond the temporary folder's own removal, and services that the bus has started
+// write for a moment longer than the bus lives.
 PrivateDesktop::~PrivateDesktop()
 {
+    m_windowManager.reset();
+    m_bus.reset();
+    m_screen.reset();
+    m_server.reset();
     std::error_code ignored;
     std::filesystem::remove_all(home(QStringLiteral("files")).toStdString(), ignored);
+    if (!waitFor([this] { return m_home.remove(); }))
+        qWarning("%s is left behind", qPrintable(m_home.path()));
 }
 
 std::unique_ptr<PrivateDesktop> PrivateDesktop::tryCreate(const Options& options)
