@@ -14,6 +14,10 @@ namespace {
 
 inline constexpr double expirySweepInterval = 60;
 
+// The shortcut, in the numbers of `Shortcut`.
+inline constexpr std::uint32_t keyD = 2;
+inline constexpr std::uint32_t controlAltSuper = 4096 + 2048 + 256;
+
 } // namespace
 
 AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop)
@@ -38,6 +42,7 @@ void AppDelegate::applicationDidFinishLaunching()
     startEdgeMonitor();
     sweepExpired();
     startExpiryTimer();
+    createHotKey();
     if (m_panelController->pinning().isPinned())
         m_panelController->show();
 }
@@ -101,6 +106,19 @@ void AppDelegate::sweepExpired()
 {
     if (m_settings.expiry() != AppSettings::Expiry::never)
         m_store->removeExpired(static_cast<double>(m_settings.expiry()));
+}
+
+void AppDelegate::createHotKey()
+{
+    m_hotKey = std::make_unique<HotKey>(m_desktop->globalShortcuts(), keyD, controlAltSuper, [this] { togglePanel(); });
+}
+
+void AppDelegate::togglePanel()
+{
+    if (m_panelController->isShown())
+        m_panelController->hide();
+    else
+        m_panelController->show();
 }
 
 void AppDelegate::applicationWillTerminate()

@@ -7,6 +7,7 @@
 #include "DesktopWorkspace.h"
 #include "DragEdgeMonitor.h"
 #include "GioTrash.h"
+#include "HotKey.h"
 #include "LinuxFileReferences.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
@@ -50,6 +51,8 @@ private:
     void startEdgeMonitor();
     void startExpiryTimer();
     void sweepExpired();
+    void createHotKey();
+    void togglePanel();
 
     QUrl m_dataFolder;
     std::unique_ptr<DesktopBackend> m_desktop;
@@ -72,6 +75,7 @@ private:
     std::unique_ptr<PanelWindow> m_panelWindow;
     std::unique_ptr<PanelController> m_panelController;
     std::unique_ptr<RepeatingTimer> m_expiryTimer;
+    std::unique_ptr<HotKey> m_hotKey;
 };
 
 } // namespace nookle

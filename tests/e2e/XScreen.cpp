@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstdlib>
 
+#include <xcb/xcb_keysyms.h>
 #include <xcb/xtest.h>
 
 namespace nookle::e2e {
@@ -161,6 +162,24 @@ void XScreen::disown(const QByteArray& selection)
 {
     xcb_set_selection_owner(m_connection.get(), XCB_WINDOW_NONE, atom(selection), XCB_CURRENT_TIME);
     xcb_flush(m_connection.get());
+}
+
+xcb_keycode_t XScreen::keyFor(xcb_keysym_t symbol) const
+{
+    const std::unique_ptr<xcb_key_symbols_t, decltype(&xcb_key_symbols_free)> symbols(
+        xcb_key_symbols_alloc(m_connection.get()), &xcb_key_symbols_free);
+    const auto keys = owned(xcb_key_symbols_get_keycode(symbols.get(), symbol));
+    return keys ? *keys : xcb_keycode_t{ 0 };
+}
+
+void XScreen::pressKey(xcb_keysym_t symbol)
+{
+    fake(XCB_KEY_PRESS, keyFor(symbol));
+}
+
+void XScreen::releaseKey(xcb_keysym_t symbol)
+{
+    fake(XCB_KEY_RELEASE, keyFor(symbol));
 }
 
 bool XScreen::beginDrag(const QPoint& at)

@@ -57,6 +57,16 @@ public:
     void press(std::uint8_t button = 1);
     void release(std::uint8_t button = 1);
 
+    /// The key that makes that symbol, for example `XScreen::control` or 'd'.
+    void pressKey(xcb_keysym_t symbol);
+    void releaseKey(xcb_keysym_t symbol);
+    [[nodiscard]] xcb_keycode_t keyFor(xcb_keysym_t symbol) const;
+    static constexpr xcb_keysym_t control = 0xffe3;
+    static constexpr xcb_keysym_t alt = 0xffe9;
+    static constexpr xcb_keysym_t super = 0xffeb;
+    static constexpr xcb_keysym_t numLock = 0xff7f;
+    static constexpr xcb_keysym_t capsLock = 0xffe5;
+
     /// Presses there and moves until the program below has begun a drag; the button stays down. A program that was not
     /// ready for the press gets another one. False when none begins.
     [[nodiscard]] bool beginDrag(const QPoint& at);

@@ -1,5 +1,6 @@
 #include "X11Backend.h"
 
+#include "CapturedLog.h"
 #include "PrivateDesktop.h"
 #include "Waiting.h"
 
@@ -35,9 +36,19 @@ private Q_SLOTS:
     void aMonitorThatIsGoneHearsNothing();
     void aDragOfAnotherProgramMovesTheCounter();
     void aDragOfThisProgramLeavesTheCounterAlone();
+    void aShortcutIsPressedOnceForEachPress();
+    void aShortcutThatAnotherProgramHoldsCannotBeHad();
+    void aShortcutFollowsTheKeyboardsLayout();
+    void aShortcutThatIsGivenUpIsFreeForOthers();
 
 private:
     [[nodiscard]] XScreen& screen() { return m_desktop.screen(); }
+    void pressShortcut();
+    /// Whether another program could have the shortcut with that key.
+    [[nodiscard]] bool isFree(xcb_keycode_t key);
+
+    static constexpr Shortcut shortcut{ 2, 6400 };
+    static constexpr ShortcutId shortcutId{ 1, 7 };
 
     PrivateDesktop& m_desktop;
     std::unique_ptr<X11Backend> m_backend;
@@ -150,6 +161,96 @@ void X11BackendTest::aDragOfThisProgramLeavesTheCounterAlone()
     // The next drag of another program shows that the monitor was listening.
     screen().claim("XdndSelection");
     QVERIFY(waitFor([&] { return m_backend->inputMonitor().dragChangeCount() == before + 1; }));
+}
+
+void X11BackendTest::pressShortcut()
+{
+    const std::vector<xcb_keysym_t> keys{ XScreen::control, XScreen::alt, XScreen::super, 'd' };
+    for (const xcb_keysym_t key : keys)
+        screen().pressKey(key);
+    for (const xcb_keysym_t key : keys)
+        screen().releaseKey(key);
+}
+
+bool X11BackendTest::isFree(xcb_keycode_t key)
+{
+    xcb_connection_t* other = xcb_connect(nullptr, nullptr);
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(other)).data->root;
+    const auto state = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+    xcb_generic_error_t* error =
+        xcb_request_check(other,
+                          xcb_grab_key_checked(other, 0, root, static_cast<std::uint16_t>(state), key,
+                                               XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC));
+    const bool isGranted = error == nullptr;
+    std::free(error);
+    xcb_disconnect(other);
+    return isGranted;
+}
+
+void X11BackendTest::aShortcutIsPressedOnceForEachPress()
+{
+    QList<std::uint32_t> pressed;
+    const auto handler = m_backend->globalShortcuts().installHandler([&](ShortcutId id) {
+        pressed.append(id.id);
+        return true;
+    });
+    const auto registration = m_backend->globalShortcuts().registerShortcut(shortcut, shortcutId);
+    QVERIFY(registration);
+    pressShortcut();
+    QVERIFY(waitFor([&] { return pressed == QList<std::uint32_t>{ 7 }; }));
+    screen().pressKey('d');
+    screen().releaseKey('d');
+    pressShortcut();
+    QVERIFY(waitFor([&] { return pressed.size() >= 2; }));
+    QCOMPARE(pressed.size(), 2);
+}
+
+void X11BackendTest::aShortcutThatAnotherProgramHoldsCannotBeHad()
+{
+    X11Backend other;
+    const auto held = other.globalShortcuts().registerShortcut(shortcut, shortcutId);
+    QVERIFY(held);
+    CapturedLog log;
+    QVERIFY(!m_backend->globalShortcuts().registerShortcut(shortcut, shortcutId));
+    QCOMPARE(log.lines().size(), 1);
+}
+
+void X11BackendTest::aShortcutFollowsTheKeyboardsLayout()
+{
+    int presses = 0;
+    const auto handler = m_backend->globalShortcuts().installHandler([&](ShortcutId) {
+        ++presses;
+        return true;
+    });
+    const auto registration = m_backend->globalShortcuts().registerShortcut(shortcut, shortcutId);
+    // "D" and "F" change places.
+    const xcb_keycode_t d = screen().keyFor('d');
+    const xcb_keycode_t f = screen().keyFor('f');
+    const xcb_keysym_t swapped[] = { 'f', 'F', 'd', 'D' };
+    const auto setSymbols = [&](xcb_keycode_t key, const xcb_keysym_t* symbols) {
+        xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+        const auto cookie = xcb_change_keyboard_mapping_checked(connection, 1, key, 2, symbols);
+        std::free(xcb_request_check(connection, cookie));
+        xcb_disconnect(connection);
+    };
+    setSymbols(d, swapped);
+    setSymbols(f, swapped + 2);
+    QVERIFY(waitFor([&] { return !isFree(f); }));
+    QVERIFY(isFree(d));
+    pressShortcut();
+    QVERIFY(waitFor([&] { return presses == 1; }));
+    setSymbols(f, swapped);
+    setSymbols(d, swapped + 2);
+    QVERIFY(waitFor([&] { return !isFree(d); }));
+}
+
+void X11BackendTest::aShortcutThatIsGivenUpIsFreeForOthers()
+{
+    auto registration = m_backend->globalShortcuts().registerShortcut(shortcut, shortcutId);
+    QVERIFY(registration);
+    QVERIFY(!isFree(screen().keyFor('d')));
+    registration.reset();
+    QVERIFY(waitFor([this] { return isFree(screen().keyFor('d')); }));
 }
 
 int main(int argc, char* argv[])

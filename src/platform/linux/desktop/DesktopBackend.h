@@ -3,6 +3,7 @@
 #include "Compositing.h"
 #include "Displays.h"
 #include "DropPayload.h"
+#include "GlobalShortcuts.h"
 #include "InputMonitor.h"
 #include "PanelWindow.h"
 #include "Pointer.h"
@@ -24,6 +25,7 @@ public:
     [[nodiscard]] virtual InputMonitor& inputMonitor() = 0;
 
     [[nodiscard]] virtual Compositing& compositing() = 0;
+    [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
 
     /// Makes the drag readable that is over a window of this program, or was just dropped there; `data` is the
     /// toolkit's view of it, and must outlive the payload.

@@ -3,6 +3,7 @@
 #include "X11Compositing.h"
 #include "X11Displays.h"
 #include "X11Drops.h"
+#include "X11GlobalShortcuts.h"
 #include "X11InputMonitor.h"
 #include "X11PanelWindow.h"
 #include "X11Pointer.h"
@@ -36,6 +37,7 @@ X11Backend::X11Backend()
     , m_pointer(std::make_unique<X11Pointer>(m_connection, rootWindow(m_connection)))
     , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
     , m_compositing(std::make_unique<X11Compositing>(m_connection))
+    , m_globalShortcuts(std::make_unique<X11GlobalShortcuts>())
     , m_drops(std::make_unique<X11Drops>(m_connection))
 {
 }

@@ -23,6 +23,7 @@ public:
     [[nodiscard]] const Pointer& pointer() const override { return *m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
     [[nodiscard]] Compositing& compositing() override;
+    [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_globalShortcuts; }
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
@@ -32,6 +33,7 @@ private:
     std::unique_ptr<Pointer> m_pointer;
     std::unique_ptr<InputMonitor> m_inputMonitor;
     std::unique_ptr<X11Compositing> m_compositing;
+    std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
     std::unique_ptr<X11Drops> m_drops;
 };
 
