@@ -11,7 +11,10 @@ inline constexpr QRect place(30, 60, 600, 420);
 // The view of the folder lies right of the side pane and below the tool bar.
 inline constexpr int sidePaneWidth = 160;
 inline constexpr int barHeight = 68;
-inline constexpr int iconSize = 48;
+/// From the first pixel of an icon to a place that lies well inside it.
+inline constexpr QPoint intoIcon(10, 20);
+/// For how long a view that is drawn stays as it is, in milliseconds.
+inline constexpr int rest = 100;
 
 } // namespace
 
@@ -32,8 +35,8 @@ std::unique_ptr<FileManager> FileManager::tryOpen(PrivateDesktop& desktop, const
         if (!window || window->frame.size() != place.size())
             return false;
         manager->m_window = *window;
-        const auto previous = std::exchange(icon, findIcon(screen, window->frame));
-        return icon && icon == previous;
+        icon = findIcon(screen, window->frame);
+        return icon && holdsFor([&] { return findIcon(screen, window->frame) == icon; }, rest);
     });
     if (!isReady) {
         qWarning("the file manager shows no file");
@@ -55,10 +58,14 @@ std::optional<QPoint> FileManager::findIcon(XScreen& screen, const QRect& window
 {
     const QRect view = window.adjusted(sidePaneWidth, barHeight, -20, -40);
     const QImage picture = screen.picture(view);
+    const auto isDrawn = [&picture](const QPoint& at) {
+        return picture.rect().contains(at) && picture.pixelColor(at) != QColor(Qt::white);
+    };
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
-            if (picture.pixelColor(x, y) != QColor(Qt::white))
-                return view.topLeft() + QPoint(x, y + iconSize / 2);
+            const QPoint corner(x, y);
+            if (isDrawn(corner) && isDrawn(corner + intoIcon))
+                return view.topLeft() + corner + intoIcon;
         }
     }
     return std::nullopt;

@@ -17,7 +17,7 @@ public:
     /// not come into view.
     [[nodiscard]] static std::unique_ptr<FileManager> tryOpen(PrivateDesktop& desktop, const QString& folder);
 
-    /// The middle of the file's icon.
+    /// A place on the file's icon.
     [[nodiscard]] QPoint icon() const { return m_icon; }
 
     /// Draws a frame around everything in the folder.
@@ -29,7 +29,7 @@ public:
 private:
     FileManager() = default;
 
-    /// The middle of the first thing that is drawn in the white of the folder's view.
+    /// A place inside the first thing that is drawn in the white of the folder's view.
     [[nodiscard]] static std::optional<QPoint> findIcon(XScreen& screen, const QRect& window);
 
     std::unique_ptr<Program> m_program;
