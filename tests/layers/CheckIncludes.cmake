@@ -11,6 +11,7 @@ set(may_see_platform/linux "platform/linux;platform")
 set(may_see_decode "decode;platform/linux;platform")
 set(may_see_platform/linux/desktop "platform/linux/desktop;platform/linux/x11;platform")
 set(may_see_platform/linux/pictures "platform/linux/pictures;platform/linux;platform;decode")
+set(may_see_platform/linux/screenshots "platform/linux/screenshots;platform/linux;platform")
 set(may_see_platform/linux/web "platform/linux/web;platform")
 set(may_see_platform/linux/x11 "platform/linux/x11;platform/linux/desktop;platform")
 
@@ -30,6 +31,7 @@ set(layers
     platform/linux
     platform/linux/desktop
     platform/linux/pictures
+    platform/linux/screenshots
     platform/linux/web
     platform/linux/x11)
 

@@ -1,0 +1,42 @@
+#include "LinuxScreenshotSettings.h"
+
+#include "FileUrl.h"
+#include "ScreenshotLocations.h"
+#include "ScreenshotMark.h"
+#include "UserDefaults.h"
+
+#include <QFile>
+#include <QStandardPaths>
+
+namespace nookle {
+
+LinuxScreenshotSettings::LinuxScreenshotSettings(const UserDefaults& defaults)
+    : m_defaults(defaults)
+{
+}
+
+QList<QUrl> LinuxScreenshotSettings::locations() const
+{
+    const ScreenshotEnvironment environment = ScreenshotEnvironment::present();
+    const auto chosen = m_defaults.string(QStringLiteral("screenshots"), QStringLiteral("location"));
+    QList<QUrl> folders;
+    const QByteArray own = expandedPath(QFile::encodeName(chosen.value_or(QString())), environment.home);
+    if (!own.isEmpty())
+        folders.append(fileUrl(own));
+    for (const QByteArray& path : screenshotLocations(environment))
+        folders.append(fileUrl(path));
+    return folders;
+}
+
+QUrl LinuxScreenshotSettings::desktopDirectory() const
+{
+    return fileUrl(QFile::encodeName(QStandardPaths::writableLocation(QStandardPaths::DesktopLocation)));
+}
+
+bool LinuxScreenshotSettings::isScreenCapture(const QUrl& file) const
+{
+    const QByteArray path = filePath(file);
+    return !path.isEmpty() && hasScreenshotMark(path);
+}
+
+} // namespace nookle

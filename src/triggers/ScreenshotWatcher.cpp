@@ -1,0 +1,116 @@
+#include "ScreenshotWatcher.h"
+
+#include "FileUrl.h"
+#include "FolderWatch.h"
+#include "Log.h"
+#include "MainQueue.h"
+#include "ScreenshotSettings.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double scanDelay = 0.3;
+inline constexpr double retryDelay = 1.5;
+
+[[nodiscard]] QUrl entryUrl(const QUrl& folder, const QByteArray& name)
+{
+    return standardized(fileUrl(filePath(folder) + '/' + name));
+}
+
+} // namespace
+
+ScreenshotWatcher::ScreenshotWatcher(FolderWatch& folders, const ScreenshotSettings& settings, MainQueue& queue)
+    : m_folders(folders)
+    , m_settings(settings)
+    , m_queue(queue)
+    , m_directory(screenshotDirectory())
+{
+}
+
+ScreenshotWatcher::~ScreenshotWatcher() = default;
+
+QUrl ScreenshotWatcher::screenshotDirectory() const
+{
+    const QList<QUrl> locations = m_settings.locations();
+    const auto existing = std::find_if(locations.begin(), locations.end(),
+                                       [this](const QUrl& location) { return m_folders.isFolder(location); });
+    return existing == locations.end() ? m_settings.desktopDirectory() : *existing;
+}
+
+void ScreenshotWatcher::start()
+{
+    if (m_source)
+        return;
+    m_directory = screenshotDirectory();
+    // Watched before it is looked at, so that nothing that comes in between is missed.
+    m_source = m_folders.watch(m_directory, [this] { scheduleScan(); });
+    if (!m_source) {
+        logLine(QStringLiteral("screenshot folder not readable: %1").arg(QFile::decodeName(filePath(m_directory))));
+        return;
+    }
+    m_knownNames = currentNames();
+}
+
+void ScreenshotWatcher::stop()
+{
+    m_source.reset();
+}
+
+std::set<QByteArray> ScreenshotWatcher::currentNames() const
+{
+    std::set<QByteArray> names = m_folders.entryNames(m_directory);
+    std::erase_if(names, [](const QByteArray& name) { return name.startsWith('.'); });
+    return names;
+}
+
+void ScreenshotWatcher::scheduleScan()
+{
+    m_pendingScan = m_queue.after(scanDelay, [this] { scan(); });
+}
+
+void ScreenshotWatcher::scan()
+{
+    std::set<QByteArray> current = currentNames();
+    std::vector<QByteArray> added;
+    std::set_difference(current.begin(), current.end(), m_knownNames.begin(), m_knownNames.end(),
+                        std::back_inserter(added));
+    m_knownNames = std::move(current);
+
+    std::vector<QUrl> unmarked;
+    for (const QByteArray& name : added) {
+        const QUrl file = entryUrl(m_directory, name);
+        if (m_settings.isScreenCapture(file))
+            onScreenshot(file);
+        else
+            unmarked.push_back(file);
+    }
+    if (!unmarked.empty())
+        scheduleRetry(std::move(unmarked));
+}
+
+// The tool may mark a file a moment after it shows up.
+void ScreenshotWatcher::scheduleRetry(std::vector<QUrl> files)
+{
+    const auto place = m_retries.emplace(m_retries.end());
+    *place = m_queue.after(retryDelay, [this, place, files = std::move(files)] {
+        m_retries.erase(place);
+        retry(files);
+    });
+}
+
+void ScreenshotWatcher::retry(const std::vector<QUrl>& files)
+{
+    for (const QUrl& file : files) {
+        if (m_settings.isScreenCapture(file))
+            onScreenshot(file);
+    }
+}
+
+} // namespace nookle
