@@ -2,6 +2,7 @@
 
 #include "Accessibility.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -13,6 +14,7 @@ namespace nookle {
 namespace {
 
 inline constexpr double expirySweepInterval = 60;
+inline constexpr double momentOfShowing = 1.5;
 
 // The shortcut, in the numbers of `Shortcut`.
 inline constexpr std::uint32_t keyD = 2;
@@ -29,8 +31,11 @@ AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std
     , m_webRoutes(m_queue)
     , m_linkMetadata(m_webRoutes, m_pictures.converter(), m_queue)
     , m_pasteboard(m_pictures.converter())
+    , m_loginItem(QCoreApplication::applicationFilePath())
+    , m_screenshotSettings(m_defaults)
     , m_settings(m_defaults)
     , m_dragEdgeMonitor(m_desktop->inputMonitor(), m_desktop->pointer(), m_desktop->displays())
+    , m_screenshotWatcher(m_folders, m_screenshotSettings, m_queue)
 {
 }
 
@@ -39,7 +44,11 @@ AppDelegate::~AppDelegate() = default;
 void AppDelegate::applicationDidFinishLaunching()
 {
     createPanel();
+    m_settingsWindow = std::make_unique<SettingsWindowController>(
+        m_settings, m_loginItem, [this] { return m_screenshotWatcher.screenshotDirectory(); });
+    setUpStatusItem();
     startEdgeMonitor();
+    startScreenshotCollection();
     sweepExpired();
     startExpiryTimer();
     createHotKey();
@@ -88,6 +97,17 @@ void AppDelegate::createShelfView()
     m_panelContent->setContent(view.release());
 }
 
+void AppDelegate::setUpStatusItem()
+{
+    m_statusMenu = std::make_unique<StatusMenu>(m_panelController->pinning());
+    m_statusMenu->onTogglePanel = [this] { togglePanel(); };
+    m_statusMenu->onTogglePinned = [this] { togglePinned(); };
+    m_statusMenu->onShowSettings = [this] { m_settingsWindow->show(); };
+    // Not quit(), which asks every window first: the panel refuses to be closed.
+    m_statusMenu->onQuit = [] { QCoreApplication::exit(); };
+    m_statusItem = std::make_unique<StatusItem>(*m_statusMenu, m_notifierTray, m_desktop->embeddingTray(), m_queue);
+}
+
 void AppDelegate::startEdgeMonitor()
 {
     m_dragEdgeMonitor.onEdgeReached = [this] {
@@ -95,6 +115,46 @@ void AppDelegate::startEdgeMonitor()
             m_panelController->showForIncomingDrag();
     };
     m_dragEdgeMonitor.start();
+}
+
+void AppDelegate::startScreenshotCollection()
+{
+    m_screenshotWatcher.onScreenshot = [this](const QUrl& screenshot) { collect(screenshot); };
+    updateScreenshotWatcher();
+    observeScreenshotSetting();
+}
+
+void AppDelegate::collect(const QUrl& screenshot)
+{
+    if (!m_settings.collectScreenshots())
+        return;
+    if (m_settings.moveScreenshots())
+        m_store->addImage(screenshot);
+    else
+        m_store->addFiles({ screenshot });
+    showForAMoment();
+}
+
+void AppDelegate::updateScreenshotWatcher()
+{
+    if (m_settings.collectScreenshots())
+        m_screenshotWatcher.start();
+    else
+        m_screenshotWatcher.stop();
+}
+
+void AppDelegate::observeScreenshotSetting()
+{
+    // Told once only, and acted upon later: several changes at once count as one.
+    connect(
+        &m_settings, &AppSettings::collectScreenshotsChanged, this,
+        [this] {
+            m_queue.post([this] {
+                updateScreenshotWatcher();
+                observeScreenshotSetting();
+            });
+        },
+        Qt::SingleShotConnection);
 }
 
 void AppDelegate::startExpiryTimer()
@@ -119,6 +179,19 @@ void AppDelegate::togglePanel()
         m_panelController->hide();
     else
         m_panelController->show();
+}
+
+void AppDelegate::togglePinned()
+{
+    m_panelController->togglePinned();
+    if (m_panelController->pinning().isPinned())
+        m_panelController->show();
+}
+
+void AppDelegate::showForAMoment()
+{
+    m_panelController->show();
+    m_panelController->scheduleHide(momentOfShowing);
 }
 
 void AppDelegate::applicationWillTerminate()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppSettings.h"
+#include "AutostartLoginItem.h"
 #include "ClipboardPasteboard.h"
 #include "DesktopAppearance.h"
 #include "DesktopBackend.h"
@@ -8,15 +9,22 @@
 #include "DragEdgeMonitor.h"
 #include "GioTrash.h"
 #include "HotKey.h"
+#include "InotifyFolderWatch.h"
 #include "LinuxFileReferences.h"
+#include "LinuxScreenshotSettings.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
 #include "PictureServices.h"
 #include "PortalFileTransfers.h"
 #include "QtMainQueue.h"
+#include "ScreenshotWatcher.h"
 #include "SettingsUserDefaults.h"
+#include "SettingsWindowController.h"
 #include "ShelfStore.h"
 #include "ShelfView.h"
+#include "StatusItem.h"
+#include "StatusMenu.h"
+#include "StatusNotifierTrayHost.h"
 #include "SystemWebRoutes.h"
 #include "WebLinkMetadata.h"
 
@@ -48,11 +56,18 @@ public:
 private:
     void createPanel();
     void createShelfView();
+    void setUpStatusItem();
     void startEdgeMonitor();
+    void startScreenshotCollection();
+    void collect(const QUrl& screenshot);
+    void updateScreenshotWatcher();
+    void observeScreenshotSetting();
     void startExpiryTimer();
     void sweepExpired();
     void createHotKey();
     void togglePanel();
+    void togglePinned();
+    void showForAMoment();
 
     QUrl m_dataFolder;
     std::unique_ptr<DesktopBackend> m_desktop;
@@ -67,13 +82,21 @@ private:
     ClipboardPasteboard m_pasteboard;
     DesktopWorkspace m_workspace;
     PortalFileTransfers m_fileTransfers;
+    StatusNotifierTrayHost m_notifierTray;
+    AutostartLoginItem m_loginItem;
+    InotifyFolderWatch m_folders;
+    LinuxScreenshotSettings m_screenshotSettings;
     AppSettings m_settings;
     DragEdgeMonitor m_dragEdgeMonitor;
+    ScreenshotWatcher m_screenshotWatcher;
 
     std::unique_ptr<ShelfStore> m_store;
     std::unique_ptr<PanelContentView> m_panelContent;
     std::unique_ptr<PanelWindow> m_panelWindow;
     std::unique_ptr<PanelController> m_panelController;
+    std::unique_ptr<SettingsWindowController> m_settingsWindow;
+    std::unique_ptr<StatusMenu> m_statusMenu;
+    std::unique_ptr<StatusItem> m_statusItem;
     std::unique_ptr<RepeatingTimer> m_expiryTimer;
     std::unique_ptr<HotKey> m_hotKey;
 };

@@ -23,7 +23,6 @@ namespace {
 void describeApplication()
 {
     QApplication::setApplicationName(QStringLiteral("nookle"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Nookle"));
     QApplication::setDesktopFileName(QStringLiteral("org.nookle.Nookle"));
     QApplication::setQuitOnLastWindowClosed(false);
     // A desktop without an icon theme of its own, or with one that lacks a kind of file.

@@ -116,7 +116,7 @@ void ScreenshotMarkTest::whatIsNoFileIsNeverMarkedAndNeverWaitedFor()
     const QByteArray pipe = m_folder.path("Screenshot_20260131_120009.png");
     QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
     QVERIFY(!hasScreenshotMark(pipe));
-    QVERIFY(!hasScreenshotMark(m_folder.makeFolder("Screenshot_20260131_120001.png")));
+    QVERIFY(!hasScreenshotMark(m_folder.makeFolder("Screenshot_20260131_120008.png")));
     QVERIFY(!hasScreenshotMark(m_folder.path("nowhere.png")));
     QVERIFY(!hasScreenshotMark("/dev/zero"));
     makeLink("nowhere", m_folder.path("Screenshot_20260131_120002.png"));

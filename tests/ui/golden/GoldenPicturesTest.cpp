@@ -1,9 +1,9 @@
 #include "GoldenScenes.h"
 
+#include "PictureDifference.h"
+
 #include <QDir>
 #include <QtTest>
-
-#include <cstdlib>
 
 using namespace nookle;
 
@@ -20,27 +20,6 @@ private Q_SLOTS:
 private:
     [[nodiscard]] static QDir kept() { return { QStringLiteral(NOOKLE_GOLDEN_FOLDER) }; }
 };
-
-namespace {
-
-/// The part of the pixels that differ by more than a rounding error.
-[[nodiscard]] double difference(const QImage& left, const QImage& right)
-{
-    constexpr int tolerance = 24;
-    int differing = 0;
-    for (int y = 0; y < left.height(); ++y) {
-        for (int x = 0; x < left.width(); ++x) {
-            const QColor a = left.pixelColor(x, y);
-            const QColor b = right.pixelColor(x, y);
-            const int distance = std::max({ std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
-                                            std::abs(a.blue() - b.blue()), std::abs(a.alpha() - b.alpha()) });
-            differing += distance > tolerance ? 1 : 0;
-        }
-    }
-    return static_cast<double>(differing) / (static_cast<double>(left.width()) * left.height());
-}
-
-} // namespace
 
 void GoldenPicturesTest::theShelfLooksAsItDid_data()
 {
@@ -60,7 +39,7 @@ void GoldenPicturesTest::theShelfLooksAsItDid()
     const QImage present = drawScene(scene);
     QCOMPARE(present.size(), golden.size());
     constexpr double largestDifference = 0.002;
-    const double found = difference(present, golden.convertToFormat(present.format()));
+    const double found = pictureDifference(present, golden.convertToFormat(present.format()));
     if (found > largestDifference)
         present.save(file);
     QVERIFY2(

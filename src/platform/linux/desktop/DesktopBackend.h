@@ -7,6 +7,7 @@
 #include "InputMonitor.h"
 #include "PanelWindow.h"
 #include "Pointer.h"
+#include "TrayHost.h"
 
 #include <memory>
 
@@ -26,6 +27,8 @@ public:
 
     [[nodiscard]] virtual Compositing& compositing() = 0;
     [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
+    /// The tray that shows windows of programs.
+    [[nodiscard]] virtual TrayHost& embeddingTray() = 0;
 
     /// Makes the drag readable that is over a window of this program, or was just dropped there; `data` is the
     /// toolkit's view of it, and must outlive the payload.

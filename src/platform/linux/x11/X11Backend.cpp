@@ -7,6 +7,7 @@
 #include "X11InputMonitor.h"
 #include "X11PanelWindow.h"
 #include "X11Pointer.h"
+#include "X11TrayHost.h"
 
 #include <QGuiApplication>
 
@@ -38,6 +39,7 @@ X11Backend::X11Backend()
     , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
     , m_compositing(std::make_unique<X11Compositing>(m_connection))
     , m_globalShortcuts(std::make_unique<X11GlobalShortcuts>())
+    , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
     , m_drops(std::make_unique<X11Drops>(m_connection))
 {
 }

@@ -24,6 +24,7 @@ public:
     [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
     [[nodiscard]] Compositing& compositing() override;
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_globalShortcuts; }
+    [[nodiscard]] TrayHost& embeddingTray() override { return *m_embeddingTray; }
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
@@ -34,6 +35,7 @@ private:
     std::unique_ptr<InputMonitor> m_inputMonitor;
     std::unique_ptr<X11Compositing> m_compositing;
     std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
+    std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<X11Drops> m_drops;
 };
 

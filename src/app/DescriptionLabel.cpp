@@ -1,0 +1,42 @@
+#include "DescriptionLabel.h"
+
+#include <QCheckBox>
+#include <QStyle>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] int textIndent(const QWidget& control)
+{
+    if (!qobject_cast<const QCheckBox*>(&control))
+        return 0;
+    return control.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &control)
+        + control.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &control);
+}
+
+/// The toolkit breaks lines at spaces alone, and a path has none.
+[[nodiscard]] QString breakable(QString text)
+{
+    const QString zeroWidthSpace(QChar(0x200b));
+    return text.replace(QLatin1Char('/'), QString(QLatin1Char('/') + zeroWidthSpace));
+}
+
+} // namespace
+
+DescriptionLabel::DescriptionLabel(QWidget& control)
+    : m_control(control)
+{
+    setTextFormat(Qt::PlainText);
+    setWordWrap(true);
+    setForegroundRole(QPalette::PlaceholderText);
+    setContentsMargins(textIndent(control), 0, 0, 0);
+}
+
+void DescriptionLabel::setDescription(const QString& text)
+{
+    setText(breakable(text));
+    m_control.setAccessibleDescription(text);
+}
+
+} // namespace nookle

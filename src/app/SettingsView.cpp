@@ -1,0 +1,133 @@
+#include "SettingsView.h"
+
+#include "DescriptionLabel.h"
+#include "FileUrl.h"
+#include "LoginItemSection.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr int formWidth = 440;
+
+[[nodiscard]] QHBoxLayout* makeRow(QLabel* title, QWidget* value)
+{
+    auto* row = new QHBoxLayout;
+    row->addWidget(title);
+    row->addStretch();
+    row->addWidget(value);
+    return row;
+}
+
+} // namespace
+
+SettingsView::SettingsView(AppSettings& settings, LoginItem& loginItem, ScreenshotDirectory screenshotDirectory)
+    : m_settings(settings)
+    , m_screenshotDirectory(std::move(screenshotDirectory))
+{
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(new LoginItemSection(loginItem));
+    column->addWidget(makeShelfSection());
+    column->addWidget(makeScreenshotSection());
+    showScreenshotFolder();
+}
+
+QGroupBox* SettingsView::makeShelfSection()
+{
+    auto* section = new QGroupBox(tr("Shelf"));
+    auto* column = new QVBoxLayout(section);
+    auto* expands = makeToggle(tr("Show when dragging to the edge"), &AppSettings::autoExpandOnDrag,
+                               &AppSettings::setAutoExpandOnDrag, &AppSettings::autoExpandOnDragChanged);
+    auto* aboutExpanding = new DescriptionLabel(*expands);
+    aboutExpanding->setDescription(
+        tr("Drag something to the right edge of the screen and the shelf slides in automatically."));
+    column->addWidget(expands);
+    column->addWidget(aboutExpanding);
+
+    auto* expiry = makeExpiryPicker();
+    auto* expiryTitle = new QLabel(tr("Remove items"));
+    expiryTitle->setBuddy(expiry);
+    auto* aboutExpiry = new DescriptionLabel(*expiry);
+    aboutExpiry->setDescription(tr("Pinned items always stay. Copies such as images go to the Trash."));
+    column->addLayout(makeRow(expiryTitle, expiry));
+    column->addWidget(aboutExpiry);
+
+    auto* shortcut = new QLabel(QStringLiteral("⌃⌥⌘D"));
+    shortcut->setAccessibleName(tr("Control, Alt, Super and D"));
+    shortcut->setToolTip(shortcut->accessibleName());
+    column->addLayout(makeRow(new QLabel(tr("Show and hide")), shortcut));
+    return section;
+}
+
+QGroupBox* SettingsView::makeScreenshotSection()
+{
+    auto* section = new QGroupBox(tr("Screenshots"));
+    auto* column = new QVBoxLayout(section);
+    auto* collects = makeToggle(tr("Add new screenshots to the shelf"), &AppSettings::collectScreenshots,
+                                &AppSettings::setCollectScreenshots, &AppSettings::collectScreenshotsChanged);
+    m_screenshotFolder = new DescriptionLabel(*collects);
+    auto* moves = makeToggle(tr("Move them from the desktop to the shelf"), &AppSettings::moveScreenshots,
+                             &AppSettings::setMoveScreenshots, &AppSettings::moveScreenshotsChanged);
+    auto* aboutMoving = new DescriptionLabel(*moves);
+    aboutMoving->setDescription(tr("Otherwise the screenshot stays where it is and the shelf only refers to it."));
+    for (QWidget* each : std::initializer_list<QWidget*>{ collects, m_screenshotFolder, moves, aboutMoving })
+        column->addWidget(each);
+
+    const auto follow = [this, moves] { moves->setEnabled(m_settings.collectScreenshots()); };
+    connect(&m_settings, &AppSettings::collectScreenshotsChanged, moves, follow);
+    follow();
+    return section;
+}
+
+QCheckBox* SettingsView::makeToggle(const QString& title, Getter value, Setter setValue, Signal changed)
+{
+    auto* toggle = new QCheckBox(title);
+    toggle->setChecked((m_settings.*value)());
+    connect(toggle, &QCheckBox::clicked, this, [this, setValue](bool isOn) { (m_settings.*setValue)(isOn); });
+    connect(&m_settings, changed, toggle, [this, toggle, value] { toggle->setChecked((m_settings.*value)()); });
+    return toggle;
+}
+
+QComboBox* SettingsView::makeExpiryPicker()
+{
+    auto* picker = new QComboBox;
+    for (const AppSettings::Expiry expiry : AppSettings::allExpiries)
+        picker->addItem(AppSettings::title(expiry), QVariant::fromValue(expiry));
+    const auto follow = [this, picker] {
+        picker->setCurrentIndex(picker->findData(QVariant::fromValue(m_settings.expiry())));
+    };
+    connect(picker, &QComboBox::activated, this,
+            [this, picker] { m_settings.setExpiry(picker->currentData().value<AppSettings::Expiry>()); });
+    connect(&m_settings, &AppSettings::expiryChanged, picker, follow);
+    follow();
+    return picker;
+}
+
+QSize SettingsView::sizeHint() const
+{
+    return { formWidth, layout()->totalHeightForWidth(formWidth) };
+}
+
+void SettingsView::showEvent(QShowEvent* event)
+{
+    showScreenshotFolder();
+    QWidget::showEvent(event);
+}
+
+void SettingsView::showScreenshotFolder()
+{
+    const QString folder = QFile::decodeName(filePath(m_screenshotDirectory()));
+    m_screenshotFolder->setDescription(QString(tr("Folder: ") + folder));
+}
+
+} // namespace nookle

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "AppSettings.h"
+
+#include <QUrl>
+#include <QWidget>
+
+#include <functional>
+
+class QCheckBox;
+class QComboBox;
+class QGroupBox;
+
+namespace nookle {
+
+class DescriptionLabel;
+class LoginItem;
+
+/// The form that edits the settings. Each control writes through at once and follows changes made elsewhere. Main
+/// thread only.
+class SettingsView final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The folder of new screenshots, asked for each time the form is shown.
+    using ScreenshotDirectory = std::function<QUrl()>;
+
+    /// `settings` and `loginItem` must outlive this.
+    SettingsView(AppSettings& settings, LoginItem& loginItem, ScreenshotDirectory screenshotDirectory);
+
+    [[nodiscard]] QSize sizeHint() const override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    using Getter = bool (AppSettings::*)() const;
+    using Setter = void (AppSettings::*)(bool);
+    using Signal = void (AppSettings::*)();
+
+    void showScreenshotFolder();
+    [[nodiscard]] QGroupBox* makeShelfSection();
+    [[nodiscard]] QGroupBox* makeScreenshotSection();
+    [[nodiscard]] QCheckBox* makeToggle(const QString& title, Getter value, Setter setValue, Signal changed);
+    [[nodiscard]] QComboBox* makeExpiryPicker();
+
+    AppSettings& m_settings;
+    ScreenshotDirectory m_screenshotDirectory;
+    DescriptionLabel* m_screenshotFolder = nullptr;
+};
+
+} // namespace nookle

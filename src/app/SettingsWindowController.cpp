@@ -1,0 +1,65 @@
+#include "SettingsWindowController.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QGuiApplication>
+#include <QIcon>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// On the display that the user looks at.
+void centre(QDialog& window)
+{
+    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    QRect frame(QPoint(), window.sizeHint());
+    frame.moveCenter(screen->availableGeometry().center());
+    window.move(frame.topLeft());
+}
+
+} // namespace
+
+SettingsWindowController::SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
+                                                   SettingsView::ScreenshotDirectory screenshotDirectory)
+    : m_settings(settings)
+    , m_loginItem(loginItem)
+    , m_screenshotDirectory(std::move(screenshotDirectory))
+{
+}
+
+SettingsWindowController::~SettingsWindowController() = default;
+
+void SettingsWindowController::show()
+{
+    if (!m_window) {
+        m_window = makeWindow();
+        centre(*m_window);
+    }
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+std::unique_ptr<QDialog> SettingsWindowController::makeWindow() const
+{
+    constexpr auto titleAndCloseButton =
+        Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+    auto window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
+    window->setWindowTitle(QCoreApplication::translate("SettingsWindowController", "Nookle Settings"));
+    window->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.nookle.Nookle")));
+    auto* content = new QVBoxLayout(window.get());
+    content->setContentsMargins({});
+    // The window is as large as its form, also when a row comes or goes.
+    content->setSizeConstraint(QLayout::SetFixedSize);
+    content->addWidget(new SettingsView(m_settings, m_loginItem, m_screenshotDirectory));
+    return window;
+}
+
+} // namespace nookle

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "SettingsView.h"
+
+#include <QDialog>
+
+#include <memory>
+
+namespace nookle {
+
+/// Owns the settings window, which is made once and kept when it is closed. Main thread only.
+class SettingsWindowController final {
+public:
+    /// `settings` and `loginItem` must outlive this.
+    SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
+                             SettingsView::ScreenshotDirectory screenshotDirectory);
+    ~SettingsWindowController();
+    SettingsWindowController(const SettingsWindowController&) = delete;
+    SettingsWindowController& operator=(const SettingsWindowController&) = delete;
+
+    /// Brings the window to the front, making it first if need be.
+    void show();
+
+private:
+    [[nodiscard]] std::unique_ptr<QDialog> makeWindow() const;
+
+    AppSettings& m_settings;
+    LoginItem& m_loginItem;
+    SettingsView::ScreenshotDirectory m_screenshotDirectory;
+    std::unique_ptr<QDialog> m_window;
+};
+
+} // namespace nookle

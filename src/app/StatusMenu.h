@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QMenu>
+
+#include <functional>
+
+class QAction;
+class QKeyEvent;
+class QKeySequence;
+
+namespace nookle {
+
+class PanelPinning;
+
+/// The menu of the icon in the tray. Its check mark follows the pinned state at once, because a tray that draws the
+/// menu itself never asks for it. Main thread only.
+class StatusMenu final : public QMenu {
+    Q_OBJECT
+
+public:
+    /// `pinning` must outlive the menu.
+    explicit StatusMenu(const PanelPinning& pinning);
+
+    /// What the entries do. Set by the owner.
+    std::function<void()> onTogglePanel = [] {};
+    std::function<void()> onTogglePinned = [] {};
+    std::function<void()> onShowSettings = [] {};
+    std::function<void()> onQuit = [] {};
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    QAction* addEntry(const QString& title, const QKeySequence& key, std::function<void()> StatusMenu::*action);
+    void showPinned();
+
+    const PanelPinning& m_pinning;
+    QAction* m_pinItem;
+};
+
+} // namespace nookle

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "LoginItem.h"
+#include "StartupSettings.h"
+
+#include <QCoreApplication>
+#include <QString>
+
+namespace nookle {
+
+/// An entry in the user's autostart folder. It is read anew at each question, since the desktop's settings write it
+/// too. Main thread only.
+class AutostartLoginItem final : public LoginItem {
+    Q_DECLARE_TR_FUNCTIONS(AutostartLoginItem)
+
+public:
+    /// `program` is the absolute path of what is started.
+    explicit AutostartLoginItem(const QString& program, const QString& entryPath = defaultEntryPath());
+
+    /// Where the desktop looks for the entry.
+    [[nodiscard]] static QString defaultEntryPath();
+
+    [[nodiscard]] Status status() const override;
+    [[nodiscard]] std::optional<Failure> registerItem() override;
+    [[nodiscard]] std::optional<Failure> unregisterItem() override;
+    void openSystemSettings() override;
+
+private:
+    [[nodiscard]] QByteArray entryContent() const;
+
+    QString m_program;
+    QString m_entryPath;
+    StartupSettings m_settings;
+};
+
+} // namespace nookle

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QByteArray>
+
+#include <cstdint>
+#include <functional>
+
+struct xcb_connection_t;
+
+namespace nookle {
+
+/// Watches who owns a selection, as programs do that offer a service to the whole display. Main thread only.
+class X11SelectionWatch final : private QAbstractNativeEventFilter {
+public:
+    X11SelectionWatch(xcb_connection_t* connection, const char* selection);
+    ~X11SelectionWatch() override;
+    X11SelectionWatch(const X11SelectionWatch&) = delete;
+    X11SelectionWatch& operator=(const X11SelectionWatch&) = delete;
+
+    /// Asks the server.
+    [[nodiscard]] bool hasOwner() const;
+
+    /// The owner has changed, or there is none any more. Set by the one that watches.
+    std::function<void()> onChanged = [] {};
+
+private:
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+    xcb_connection_t* m_connection;
+    std::uint32_t m_selection;
+    std::uint8_t m_firstFixesEvent = 0;
+};
+
+} // namespace nookle

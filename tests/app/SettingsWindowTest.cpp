@@ -1,0 +1,356 @@
+#include "SettingsWindowController.h"
+
+#include "FakeLoginItem.h"
+#include "FakeUserDefaults.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+
+#include <algorithm>
+#include <memory>
+
+using namespace nookle;
+
+class SettingsWindowTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void openingTwiceMakesOneWindow();
+    void theWindowIsAsWideAsItsFormAndCannotBeResized();
+    void closingHidesTheWindowAndTheNextRequestShowsTheSame();
+    void theSectionsStandInTheirOrder();
+    void theFormShowsTheSettings();
+    void eachControlWritesThroughAtOnce();
+    void aChangeMadeElsewhereIsShown();
+    void withoutCollectingTheMoveSwitchIsOffLimitsButKeepsItsValue();
+    void theFolderIsShownAsItIsNow();
+    void aPathIsShownAsItIsAndNeverWidensTheWindow();
+
+    void anEnabledLoginItemIsShownAsOn();
+    void aLoginItemThatTheDesktopCannotFindIsShownAsOff();
+    void switchingOnRegistersAndSwitchingOffUnregisters();
+    void whenApprovalIsDemandedTheSwitchStaysOnAndTheHintAppears();
+    void anItemThatAwaitsApprovalIsShownAsOffWithTheHint();
+    void switchingOnAnItemThatAwaitsApprovalRegistersItAgain();
+    void aFailureIsShownInRedAndTheSwitchGoesBack();
+    void theNextSuccessTakesTheErrorAway();
+    void theButtonOpensTheDesktopsSettings();
+    void theWindowGrowsWithARowThatAppears();
+
+private:
+    void open();
+    [[nodiscard]] QDialog* window() const;
+    [[nodiscard]] QCheckBox& toggle(const QString& title) const;
+    [[nodiscard]] QCheckBox& launchAtLogin() const { return toggle(QStringLiteral("Open at login")); }
+    /// The label with exactly that text, as long as it can be seen.
+    [[nodiscard]] QLabel* visibleLabel(const QString& text) const;
+    [[nodiscard]] bool isHintShown() const;
+
+    std::unique_ptr<FakeUserDefaults> m_defaults;
+    std::unique_ptr<AppSettings> m_settings;
+    std::unique_ptr<FakeLoginItem> m_loginItem;
+    std::unique_ptr<SettingsWindowController> m_controller;
+    QUrl m_folder;
+};
+
+void SettingsWindowTest::init()
+{
+    m_folder = QUrl(QStringLiteral("file:///home/me/Pictures"));
+    m_defaults = std::make_unique<FakeUserDefaults>();
+    m_settings = std::make_unique<AppSettings>(*m_defaults);
+    m_loginItem = std::make_unique<FakeLoginItem>();
+    m_controller = std::make_unique<SettingsWindowController>(*m_settings, *m_loginItem, [this] { return m_folder; });
+}
+
+void SettingsWindowTest::cleanup()
+{
+    m_controller.reset();
+}
+
+void SettingsWindowTest::open()
+{
+    m_controller->show();
+    QVERIFY(window());
+    QVERIFY(QTest::qWaitForWindowExposed(window()));
+}
+
+QDialog* SettingsWindowTest::window() const
+{
+    QDialog* found = nullptr;
+    for (QWidget* each : QApplication::topLevelWidgets()) {
+        if (auto* dialog = qobject_cast<QDialog*>(each)) {
+            Q_ASSERT(!found);
+            found = dialog;
+        }
+    }
+    return found;
+}
+
+QCheckBox& SettingsWindowTest::toggle(const QString& title) const
+{
+    const auto toggles = window()->findChildren<QCheckBox*>();
+    return **std::find_if(toggles.begin(), toggles.end(), [&](const QCheckBox* each) { return each->text() == title; });
+}
+
+QLabel* SettingsWindowTest::visibleLabel(const QString& text) const
+{
+    for (QLabel* label : window()->findChildren<QLabel*>()) {
+        if (label->isVisible() && label->text().remove(QChar(0x200b)) == text)
+            return label;
+    }
+    return nullptr;
+}
+
+bool SettingsWindowTest::isHintShown() const
+{
+    const auto buttons = window()->findChildren<QPushButton*>();
+    const bool hasButton = std::any_of(buttons.begin(), buttons.end(), [](const QPushButton* button) {
+        return button->text() == QLatin1String("Open System Settings") && button->isVisible();
+    });
+    const bool hasText = visibleLabel(QStringLiteral("Allow Nookle under Login Items in System Settings.")) != nullptr;
+    return hasButton && hasText;
+}
+
+void SettingsWindowTest::openingTwiceMakesOneWindow()
+{
+    open();
+    QDialog* first = window();
+    m_controller->show();
+    QCOMPARE(window(), first);
+    QVERIFY(first->isVisible());
+    QTRY_VERIFY(first->isActiveWindow());
+}
+
+void SettingsWindowTest::theWindowIsAsWideAsItsFormAndCannotBeResized()
+{
+    open();
+    QCOMPARE(window()->windowTitle(), QStringLiteral("Nookle Settings"));
+    QCOMPARE(window()->width(), 440);
+    QCOMPARE(window()->minimumSize(), window()->maximumSize());
+    QVERIFY(!(window()->windowFlags() & Qt::WindowMinMaxButtonsHint));
+    QVERIFY(window()->windowFlags() & Qt::WindowCloseButtonHint);
+}
+
+void SettingsWindowTest::closingHidesTheWindowAndTheNextRequestShowsTheSame()
+{
+    open();
+    QDialog* first = window();
+    first->close();
+    QVERIFY(!first->isVisible());
+    m_controller->show();
+    QCOMPARE(window(), first);
+    QVERIFY(first->isVisible());
+}
+
+void SettingsWindowTest::theSectionsStandInTheirOrder()
+{
+    open();
+    auto sections = window()->findChildren<QGroupBox*>();
+    std::sort(sections.begin(), sections.end(),
+              [](const auto* one, const auto* other) { return one->y() < other->y(); });
+    QStringList titles;
+    for (const QGroupBox* section : sections)
+        titles.append(section->title());
+    const QStringList expected{ QStringLiteral("General"), QStringLiteral("Shelf"), QStringLiteral("Screenshots") };
+    QCOMPARE(titles, expected);
+    QVERIFY(visibleLabel(QStringLiteral("⌃⌥⌘D")));
+}
+
+void SettingsWindowTest::theFormShowsTheSettings()
+{
+    m_settings->setExpiry(AppSettings::Expiry::week);
+    m_settings->setMoveScreenshots(true);
+    open();
+    QVERIFY(toggle(QStringLiteral("Show when dragging to the edge")).isChecked());
+    QVERIFY(!toggle(QStringLiteral("Add new screenshots to the shelf")).isChecked());
+    QVERIFY(toggle(QStringLiteral("Move them from the desktop to the shelf")).isChecked());
+    const auto* picker = window()->findChild<QComboBox*>();
+    QCOMPARE(picker->currentText(), QStringLiteral("After 1 week"));
+    QStringList choices;
+    for (int index = 0; index < picker->count(); ++index)
+        choices.append(picker->itemText(index));
+    const QStringList expected{ QStringLiteral("Never"), QStringLiteral("After 1 hour"),
+                                QStringLiteral("After 24 hours"), QStringLiteral("After 1 week") };
+    QCOMPARE(choices, expected);
+}
+
+void SettingsWindowTest::eachControlWritesThroughAtOnce()
+{
+    open();
+    toggle(QStringLiteral("Show when dragging to the edge")).click();
+    QCOMPARE(m_defaults->stored.value(QStringLiteral("autoExpandOnDrag")), QVariant(false));
+    toggle(QStringLiteral("Add new screenshots to the shelf")).click();
+    QCOMPARE(m_defaults->stored.value(QStringLiteral("collectScreenshots")), QVariant(true));
+    toggle(QStringLiteral("Move them from the desktop to the shelf")).click();
+    QCOMPARE(m_defaults->stored.value(QStringLiteral("moveScreenshots")), QVariant(true));
+    auto* picker = window()->findChild<QComboBox*>();
+    picker->setFocus();
+    QTest::keyClick(picker, Qt::Key_Up);
+    QCOMPARE(m_defaults->stored.value(QStringLiteral("expiry")), QVariant(3600LL));
+}
+
+void SettingsWindowTest::aChangeMadeElsewhereIsShown()
+{
+    open();
+    m_settings->setAutoExpandOnDrag(false);
+    m_settings->setExpiry(AppSettings::Expiry::never);
+    QVERIFY(!toggle(QStringLiteral("Show when dragging to the edge")).isChecked());
+    QCOMPARE(window()->findChild<QComboBox*>()->currentText(), QStringLiteral("Never"));
+}
+
+void SettingsWindowTest::withoutCollectingTheMoveSwitchIsOffLimitsButKeepsItsValue()
+{
+    m_settings->setMoveScreenshots(true);
+    open();
+    QCheckBox& moves = toggle(QStringLiteral("Move them from the desktop to the shelf"));
+    QVERIFY(!moves.isEnabled());
+    QVERIFY(moves.isChecked());
+    QCheckBox& collects = toggle(QStringLiteral("Add new screenshots to the shelf"));
+    collects.click();
+    QVERIFY(moves.isEnabled());
+    collects.click();
+    QVERIFY(!moves.isEnabled());
+    QVERIFY(moves.isChecked());
+    QVERIFY(m_settings->moveScreenshots());
+}
+
+void SettingsWindowTest::theFolderIsShownAsItIsNow()
+{
+    open();
+    QVERIFY(visibleLabel(QStringLiteral("Folder: /home/me/Pictures")));
+    window()->close();
+    m_folder = QUrl(QStringLiteral("file:///home/me/My%20shots"));
+    m_controller->show();
+    QVERIFY(visibleLabel(QStringLiteral("Folder: /home/me/My shots")));
+    QCOMPARE(toggle(QStringLiteral("Add new screenshots to the shelf")).accessibleDescription(),
+             QStringLiteral("Folder: /home/me/My shots"));
+}
+
+void SettingsWindowTest::aPathIsShownAsItIsAndNeverWidensTheWindow()
+{
+    const QString path =
+        QStringLiteral("/home/me/<b>bold</b>&amp;") + QStringLiteral("/a-rather-long-name").repeated(12);
+    m_folder = QUrl::fromLocalFile(path);
+    open();
+    QVERIFY(visibleLabel(QString(QStringLiteral("Folder: ") + path)));
+    QCOMPARE(window()->width(), 440);
+}
+
+void SettingsWindowTest::anEnabledLoginItemIsShownAsOn()
+{
+    m_loginItem->current = LoginItem::Status::enabled;
+    open();
+    QVERIFY(launchAtLogin().isChecked());
+    QVERIFY(!isHintShown());
+    QCOMPARE(m_loginItem->registrations, 0);
+}
+
+void SettingsWindowTest::aLoginItemThatTheDesktopCannotFindIsShownAsOff()
+{
+    m_loginItem->current = LoginItem::Status::notFound;
+    open();
+    QVERIFY(!launchAtLogin().isChecked());
+    QVERIFY(!isHintShown());
+}
+
+void SettingsWindowTest::switchingOnRegistersAndSwitchingOffUnregisters()
+{
+    open();
+    launchAtLogin().click();
+    QVERIFY(launchAtLogin().isChecked());
+    QCOMPARE(m_loginItem->current, LoginItem::Status::enabled);
+    launchAtLogin().click();
+    QVERIFY(!launchAtLogin().isChecked());
+    QCOMPARE(m_loginItem->current, LoginItem::Status::notRegistered);
+    QCOMPARE(m_loginItem->registrations, 1);
+    QCOMPARE(m_loginItem->unregistrations, 1);
+}
+
+void SettingsWindowTest::whenApprovalIsDemandedTheSwitchStaysOnAndTheHintAppears()
+{
+    m_loginItem->demandsApproval = true;
+    open();
+    QVERIFY(!isHintShown());
+    launchAtLogin().click();
+    QVERIFY(launchAtLogin().isChecked());
+    QVERIFY(isHintShown());
+}
+
+void SettingsWindowTest::anItemThatAwaitsApprovalIsShownAsOffWithTheHint()
+{
+    m_loginItem->current = LoginItem::Status::requiresApproval;
+    open();
+    QVERIFY(!launchAtLogin().isChecked());
+    QVERIFY(isHintShown());
+}
+
+void SettingsWindowTest::switchingOnAnItemThatAwaitsApprovalRegistersItAgain()
+{
+    m_loginItem->current = LoginItem::Status::requiresApproval;
+    m_loginItem->demandsApproval = true;
+    open();
+    launchAtLogin().click();
+    QCOMPARE(m_loginItem->registrations, 1);
+    QVERIFY(launchAtLogin().isChecked());
+    QVERIFY(isHintShown());
+}
+
+void SettingsWindowTest::aFailureIsShownInRedAndTheSwitchGoesBack()
+{
+    m_loginItem->refusal = QStringLiteral("No room for <b>that</b>");
+    open();
+    launchAtLogin().click();
+    QVERIFY(!launchAtLogin().isChecked());
+    const QLabel* error = visibleLabel(QStringLiteral("No room for <b>that</b>"));
+    QVERIFY(error);
+    QCOMPARE(error->textFormat(), Qt::PlainText);
+    const QColor color = error->palette().color(error->foregroundRole());
+    QVERIFY(color.red() > 150 && color.green() < 100 && color.blue() < 100);
+    QCOMPARE(m_loginItem->registrations, 1);
+    QCOMPARE(m_loginItem->unregistrations, 0);
+}
+
+void SettingsWindowTest::theNextSuccessTakesTheErrorAway()
+{
+    m_loginItem->refusal = QStringLiteral("No room");
+    open();
+    launchAtLogin().click();
+    QVERIFY(visibleLabel(QStringLiteral("No room")));
+    m_loginItem->refusal.clear();
+    launchAtLogin().click();
+    QVERIFY(launchAtLogin().isChecked());
+    QVERIFY(!visibleLabel(QStringLiteral("No room")));
+}
+
+void SettingsWindowTest::theButtonOpensTheDesktopsSettings()
+{
+    m_loginItem->current = LoginItem::Status::requiresApproval;
+    open();
+    window()->findChild<QPushButton*>()->click();
+    QCOMPARE(m_loginItem->openedSettings, 1);
+}
+
+void SettingsWindowTest::theWindowGrowsWithARowThatAppears()
+{
+    m_loginItem->demandsApproval = true;
+    open();
+    const int before = window()->height();
+    launchAtLogin().click();
+    QTRY_VERIFY(window()->height() > before);
+    const int after = window()->height();
+    m_loginItem->demandsApproval = false;
+    m_loginItem->current = LoginItem::Status::enabled;
+    launchAtLogin().click();
+    QTRY_VERIFY(window()->height() < after);
+}
+
+QTEST_MAIN(SettingsWindowTest)
+#include "SettingsWindowTest.moc"
