@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
+#include "PrimarySelection.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -51,6 +52,7 @@ void AppDelegate::applicationDidFinishLaunching()
     startScreenshotCollection();
     sweepExpired();
     startExpiryTimer();
+    provideServices();
     createHotKey();
     if (m_panelController->pinning().isPinned())
         m_panelController->show();
@@ -168,6 +170,23 @@ void AppDelegate::sweepExpired()
         m_store->removeExpired(static_cast<double>(m_settings.expiry()));
 }
 
+void AppDelegate::provideServices()
+{
+    m_serviceProvider = std::make_unique<ServiceProvider>(*m_store, [this] { showForAMoment(); });
+    m_busService.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
+    m_busService.onActivate = [this] { showShelf(); };
+    m_busService.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
+    m_busService.start();
+}
+
+std::optional<Failure> AppDelegate::addToShelf(const ServicePasteboard& pasteboard)
+{
+    auto failure = m_serviceProvider->addToShelf(pasteboard);
+    if (failure)
+        m_notifier.notify(failure->description);
+    return failure;
+}
+
 void AppDelegate::createHotKey()
 {
     m_hotKey = std::make_unique<HotKey>(m_desktop->globalShortcuts(), keyD, controlAltSuper, [this] { togglePanel(); });
@@ -202,6 +221,11 @@ void AppDelegate::applicationWillTerminate()
 void AppDelegate::showShelf()
 {
     m_panelController->show();
+}
+
+void AppDelegate::open(const QStringList& uris)
+{
+    addToShelf(servicePasteboard(uris, {}));
 }
 
 } // namespace nookle

@@ -2,9 +2,11 @@
 
 #include "AppSettings.h"
 #include "AutostartLoginItem.h"
+#include "BusService.h"
 #include "ClipboardPasteboard.h"
 #include "DesktopAppearance.h"
 #include "DesktopBackend.h"
+#include "DesktopNotifier.h"
 #include "DesktopWorkspace.h"
 #include "DragEdgeMonitor.h"
 #include "GioTrash.h"
@@ -18,6 +20,7 @@
 #include "PortalFileTransfers.h"
 #include "QtMainQueue.h"
 #include "ScreenshotWatcher.h"
+#include "ServiceProvider.h"
 #include "SettingsUserDefaults.h"
 #include "SettingsWindowController.h"
 #include "ShelfStore.h"
@@ -32,6 +35,7 @@
 #include <QUrl>
 
 #include <memory>
+#include <optional>
 
 namespace nookle {
 
@@ -53,6 +57,9 @@ public:
     /// What a second start of the program asks for.
     void showShelf();
 
+    /// Adds files and pages that the program was started with.
+    void open(const QStringList& uris);
+
 private:
     void createPanel();
     void createShelfView();
@@ -64,6 +71,9 @@ private:
     void observeScreenshotSetting();
     void startExpiryTimer();
     void sweepExpired();
+    void provideServices();
+    /// Tells the user of a failure, and returns it.
+    std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
     void createHotKey();
     void togglePanel();
     void togglePinned();
@@ -83,6 +93,8 @@ private:
     DesktopWorkspace m_workspace;
     PortalFileTransfers m_fileTransfers;
     StatusNotifierTrayHost m_notifierTray;
+    DesktopNotifier m_notifier;
+    BusService m_busService;
     AutostartLoginItem m_loginItem;
     InotifyFolderWatch m_folders;
     LinuxScreenshotSettings m_screenshotSettings;
@@ -98,6 +110,7 @@ private:
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<StatusItem> m_statusItem;
     std::unique_ptr<RepeatingTimer> m_expiryTimer;
+    std::unique_ptr<ServiceProvider> m_serviceProvider;
     std::unique_ptr<HotKey> m_hotKey;
 };
 

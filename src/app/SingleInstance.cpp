@@ -16,14 +16,30 @@ namespace {
 
 inline constexpr int answerTimeoutMilliseconds = 5000;
 
-[[nodiscard]] QByteArray showRequest()
+/// More than a command line can hold.
+inline constexpr qint64 longestRequest = 8 << 20;
+
+// A request is a line: the word, or the word and addresses, with a space before each.
+[[nodiscard]] QByteArray showWord()
 {
-    return QByteArrayLiteral("show\n");
+    return QByteArrayLiteral("show");
 }
 
-[[nodiscard]] QByteArray shownAnswer()
+[[nodiscard]] QByteArray addWord()
 {
-    return QByteArrayLiteral("shown\n");
+    return QByteArrayLiteral("add");
+}
+
+[[nodiscard]] QByteArray doneAnswer()
+{
+    return QByteArrayLiteral("done\n");
+}
+
+[[nodiscard]] QByteArray requestFor(const QStringList& uris)
+{
+    if (uris.isEmpty())
+        return showWord() + '\n';
+    return addWord() + ' ' + uris.join(QLatin1Char(' ')).toUtf8() + '\n';
 }
 
 /// One name for each user and folder, by whatever path the folder is reached.
@@ -56,7 +72,7 @@ SingleInstance::SingleInstance(const QUrl& dataFolder)
     connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answerRequests);
 }
 
-SingleInstance::Claim SingleInstance::claim()
+SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
 {
     if (m_server.listen(m_name))
         return Claim::granted;
@@ -65,14 +81,14 @@ SingleInstance::Claim SingleInstance::claim()
     socket.connectToServer(m_name);
     if (!socket.waitForConnected(answerTimeoutMilliseconds) || !isSameUser(socket))
         return Claim::otherIsSilent;
-    socket.write(showRequest());
+    socket.write(requestFor(uris));
     QByteArray answer;
-    while (answer != shownAnswer()) {
+    while (answer != doneAnswer()) {
         if (!socket.waitForReadyRead(answerTimeoutMilliseconds))
             return Claim::otherIsSilent;
         answer += socket.readAll();
     }
-    return Claim::shownByOther;
+    return Claim::doneByOther;
 }
 
 void SingleInstance::answerRequests()
@@ -83,15 +99,36 @@ void SingleInstance::answerRequests()
             socket->abort();
             continue;
         }
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] {
-            if (!socket->canReadLine() || socket->readLine() != showRequest())
-                return;
-            if (onShowRequested)
-                onShowRequested();
-            socket->write(shownAnswer());
-            socket->disconnectFromServer();
-        });
+        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { answer(*socket); });
     }
+}
+
+void SingleInstance::answer(QLocalSocket& socket)
+{
+    if (!socket.canReadLine()) {
+        if (socket.bytesAvailable() > longestRequest)
+            socket.abort();
+        return;
+    }
+    if (!fulfil(socket.readLine().chopped(1)))
+        return;
+    socket.write(doneAnswer());
+    socket.disconnectFromServer();
+}
+
+bool SingleInstance::fulfil(const QByteArray& request) const
+{
+    if (request == showWord()) {
+        if (onShowRequested)
+            onShowRequested();
+        return true;
+    }
+    const QStringList words = QString::fromUtf8(request).split(QLatin1Char(' '));
+    if (words.size() < 2 || words.first().toUtf8() != addWord())
+        return false;
+    if (onAddRequested)
+        onAddRequested(words.mid(1));
+    return true;
 }
 
 } // namespace nookle

@@ -1,5 +1,6 @@
 #include "AppDelegate.h"
 #include "DesktopBackendFactory.h"
+#include "FileArguments.h"
 #include "FileUrl.h"
 #include "Log.h"
 #include "LogOutput.h"
@@ -7,6 +8,7 @@
 #include "TerminationSignals.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QIcon>
 #include <QStandardPaths>
@@ -29,13 +31,24 @@ void describeApplication()
     QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
 }
 
-int run(nookle::SingleInstance& instance, const QUrl& dataFolder)
+/// What the toolkit has left of the command line, as bytes.
+[[nodiscard]] nookle::FileArguments fileArguments(int argc, char* argv[])
+{
+    const QList<QByteArray> arguments(argv + 1, argv + argc);
+    return nookle::FileArguments::parse(arguments, QFile::encodeName(QDir::currentPath()));
+}
+
+int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringList& uris)
 {
     nookle::AppDelegate delegate(dataHome(), dataFolder, nookle::makeDesktopBackend());
     delegate.applicationDidFinishLaunching();
+    if (!uris.isEmpty())
+        delegate.open(uris);
     instance.onShowRequested = [&delegate] { delegate.showShelf(); };
+    instance.onAddRequested = [&delegate](const QStringList& added) { delegate.open(added); };
     const int result = QApplication::exec();
     instance.onShowRequested = nullptr;
+    instance.onAddRequested = nullptr;
     delegate.applicationWillTerminate();
     return result;
 }
@@ -52,12 +65,18 @@ int main(int argc, char* argv[])
     QApplication application(argc, argv);
     describeApplication();
 
+    const nookle::FileArguments arguments = fileArguments(argc, argv);
+    for (const QByteArray& unknown : arguments.unknown)
+        nookle::logLine(QStringLiteral("neither a file nor an option: %1").arg(QFile::decodeName(unknown)));
+    if (!arguments.unknown.isEmpty() && arguments.uris.isEmpty())
+        return EXIT_FAILURE;
+
     const QUrl dataFolder = nookle::child(nookle::fileUrl(dataHome()), QStringLiteral("Nookle"));
     nookle::SingleInstance instance(dataFolder);
-    switch (instance.claim()) {
+    switch (instance.claim(arguments.uris)) {
     case nookle::SingleInstance::Claim::granted:
         break;
-    case nookle::SingleInstance::Claim::shownByOther:
+    case nookle::SingleInstance::Claim::doneByOther:
         return EXIT_SUCCESS;
     case nookle::SingleInstance::Claim::otherIsSilent:
         nookle::logLine(QStringLiteral("another program holds the shelf and does not answer"));
@@ -65,5 +84,5 @@ int main(int argc, char* argv[])
     }
     // Not quit(), which asks every window first: the panel refuses to be closed.
     const nookle::TerminationSignals signals([] { QApplication::exit(); });
-    return run(instance, dataFolder);
+    return run(instance, dataFolder, arguments.uris);
 }

@@ -2,13 +2,10 @@
 
 #include "DropPayload.h"
 #include "DropText.h"
+#include "UriList.h"
 
 #include <QByteArray>
 #include <QStringList>
-#include <QSysInfo>
-
-#include <algorithm>
-#include <utility>
 
 namespace nookle {
 
@@ -35,61 +32,6 @@ namespace {
 [[nodiscard]] QString mozillaTitleFormat()
 {
     return QStringLiteral("text/x-moz-url-desc");
-}
-
-[[nodiscard]] bool isSchemeCharacter(char each)
-{
-    return (each >= 'a' && each <= 'z') || (each >= 'A' && each <= 'Z') || (each >= '0' && each <= '9') || each == '+'
-        || each == '-' || each == '.';
-}
-
-[[nodiscard]] bool hasScheme(const QByteArray& address)
-{
-    const qsizetype colon = address.indexOf(':');
-    return colon > 0 && std::all_of(address.begin(), address.begin() + colon, isSchemeCharacter);
-}
-
-/// Not every source encodes what is not ASCII, and a file name need not be text at all.
-[[nodiscard]] QByteArray encoded(const QByteArray& address)
-{
-    QByteArray result;
-    result.reserve(address.size());
-    for (const char each : address) {
-        if (each > ' ' && each < '\x7f')
-            result += each;
-        else
-            result += '%' + QByteArray(1, each).toHex().toUpper();
-    }
-    return result;
-}
-
-/// A file's address may name the machine that it is on; this one needs no name.
-[[nodiscard]] QByteArray withoutOwnHost(const QByteArray& address)
-{
-    const QByteArray own = "file://" + QSysInfo::machineHostName().toUtf8() + '/';
-    return address.startsWith(own) ? "file:///" + address.mid(own.size()) : address;
-}
-
-[[nodiscard]] std::optional<DroppedAddress> addressOf(const QByteArray& line)
-{
-    const QByteArray address = line.trimmed();
-    if (!hasScheme(address))
-        return std::nullopt;
-    return DroppedAddress{ QString::fromLatin1(encoded(withoutOwnHost(address))), std::nullopt };
-}
-
-/// The lines of a list without its comments; sources end them with or without a carriage return, and the list with or
-/// without a NUL.
-[[nodiscard]] std::vector<DroppedAddress> addressesOf(QByteArray list)
-{
-    while (list.endsWith('\0'))
-        list.chop(1);
-    std::vector<DroppedAddress> found;
-    for (const QByteArray& line : list.split('\n')) {
-        if (auto address = addressOf(line))
-            found.push_back(std::move(*address));
-    }
-    return found;
 }
 
 [[nodiscard]] QByteArray load(const DropPayload& payload, const QString& format)
@@ -122,7 +64,7 @@ namespace {
 
 bool DroppedAddress::isFile() const
 {
-    return url.startsWith(QLatin1String("file:"), Qt::CaseInsensitive);
+    return isFileAddress(url);
 }
 
 bool isAddressFormat(const QString& format)
@@ -132,12 +74,14 @@ bool isAddressFormat(const QString& format)
 
 std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload)
 {
-    std::vector<DroppedAddress> addresses = addressesOf(load(payload, uriListFormat()));
+    std::vector<DroppedAddress> addresses;
+    for (const QString& url : uriListAddresses(load(payload, uriListFormat())))
+        addresses.push_back({ url, std::nullopt });
     for (const QString& format : { netscapeFormat(), mozillaFormat() }) {
         if (!addresses.empty())
             break;
-        if (auto address = addressOf(loadLines(payload, format).value(0).toUtf8()))
-            addresses.push_back(std::move(*address));
+        if (const auto url = uriAddress(loadLines(payload, format).value(0).toUtf8()))
+            addresses.push_back({ *url, std::nullopt });
     }
     return addresses;
 }

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+namespace nookle {
+
+/// Shows the user a short message. Main thread only.
+class Notifier {
+public:
+    virtual ~Notifier() = default;
+
+    /// Never waits until it is shown.
+    virtual void notify(const QString& text) = 0;
+};
+
+} // namespace nookle

@@ -1,0 +1,31 @@
+#include "ApplicationAdaptor.h"
+
+#include "BusService.h"
+
+namespace nookle {
+
+ApplicationAdaptor::ApplicationAdaptor(BusService& service)
+    : QDBusAbstractAdaptor(&service)
+    , m_service(service)
+{
+}
+
+void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/)
+{
+    m_service.onActivate();
+}
+
+void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& /*platformData*/)
+{
+    // Nobody waits for an answer: the owner tells the user.
+    static_cast<void>(m_service.onAdd(servicePasteboard(uris, {})));
+}
+
+void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList& /*parameters*/,
+                                        const QVariantMap& /*platformData*/)
+{
+    if (name == QLatin1String("add-selection"))
+        m_service.onAddSelection();
+}
+
+} // namespace nookle

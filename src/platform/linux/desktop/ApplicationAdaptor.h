@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDBusAbstractAdaptor>
+#include <QStringList>
+#include <QVariantList>
+#include <QVariantMap>
+
+namespace nookle {
+
+class BusService;
+
+/// The interface by which a desktop starts programs and opens files with them.
+class ApplicationAdaptor final : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationAdaptor(BusService& service);
+
+public Q_SLOTS:
+    /// `platformData`, here and below, is about windows and start-up feedback, which the shelf has no use for.
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    /// The one action is "add-selection"; others do nothing.
+    void ActivateAction(const QString& name, const QVariantList& parameters, const QVariantMap& platformData);
+
+private:
+    BusService& m_service;
+};
+
+} // namespace nookle

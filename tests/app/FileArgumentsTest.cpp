@@ -1,0 +1,100 @@
+#include "FileArguments.h"
+
+#include "TemporaryFolder.h"
+
+#include <QtTest>
+
+using namespace nookle;
+
+class FileArgumentsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void withoutArgumentsThereIsNothing();
+    void pathsAreFilesWhereverTheyCountFrom();
+    void namesMayBeAnyBytes_data();
+    void namesMayBeAnyBytes();
+    void aLinkThatLeadsNowhereIsAFile();
+    void addressesStayAsTheyAre();
+    void aFileThatLooksLikeAnAddressIsAFile();
+    void whatIsNothingIsSaid();
+    void dotsInAPathAreResolved();
+
+private:
+    TemporaryFolder m_folder;
+};
+
+void FileArgumentsTest::withoutArgumentsThereIsNothing()
+{
+    const auto result = FileArguments::parse({}, "/");
+    QVERIFY(result.uris.isEmpty());
+    QVERIFY(result.unknown.isEmpty());
+}
+
+void FileArgumentsTest::pathsAreFilesWhereverTheyCountFrom()
+{
+    const QByteArray path = m_folder.makeFile("a");
+    const QString uri = QString(QStringLiteral("file://") + QString::fromUtf8(path));
+    QCOMPARE(FileArguments::parse({ path, "a" }, m_folder.path()).uris, (QStringList{ uri, uri }));
+    QCOMPARE(FileArguments::parse({ m_folder.path() }, "/").uris.size(), 1);
+}
+
+void FileArgumentsTest::namesMayBeAnyBytes_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QString>("encoded");
+    QTest::newRow("spaces") << QByteArray("two words") << QStringLiteral("two%20words");
+    QTest::newRow("not UTF-8") << QByteArray("caf\xe9") << QStringLiteral("caf%E9");
+    QTest::newRow("line feed") << QByteArray("a\nb") << QStringLiteral("a%0Ab");
+    QTest::newRow("signs") << QByteArray("100%#?") << QStringLiteral("100%25%23%3F");
+    QTest::newRow("like an option") << QByteArray("--help") << QStringLiteral("--help");
+}
+
+void FileArgumentsTest::namesMayBeAnyBytes()
+{
+    QFETCH(const QByteArray, name);
+    QFETCH(const QString, encoded);
+    m_folder.makeFile(name);
+    const auto result = FileArguments::parse({ name }, m_folder.path());
+    QCOMPARE(result.uris.size(), 1);
+    QVERIFY(result.uris.first().endsWith(QString(QLatin1Char('/') + encoded)));
+}
+
+void FileArgumentsTest::aLinkThatLeadsNowhereIsAFile()
+{
+    makeLink("nowhere", m_folder.path("link"));
+    QCOMPARE(FileArguments::parse({ "link" }, m_folder.path()).uris.size(), 1);
+}
+
+void FileArgumentsTest::addressesStayAsTheyAre()
+{
+    const auto result = FileArguments::parse({ "file:///a%20b", "https://example.com/?q=1" }, "/");
+    QCOMPARE(result.uris, (QStringList{ QStringLiteral("file:///a%20b"), QStringLiteral("https://example.com/?q=1") }));
+}
+
+void FileArgumentsTest::aFileThatLooksLikeAnAddressIsAFile()
+{
+    m_folder.makeFile("file:a");
+    const auto result = FileArguments::parse({ "file:a" }, m_folder.path());
+    QVERIFY(result.uris.value(0).endsWith(QLatin1String("/file%3Aa")));
+    QVERIFY(result.uris.value(0).startsWith(QLatin1String("file:///")));
+}
+
+void FileArgumentsTest::whatIsNothingIsSaid()
+{
+    const auto result = FileArguments::parse({ "--version", "missing", "", "/nowhere/at all" }, m_folder.path());
+    QVERIFY(result.uris.isEmpty());
+    QCOMPARE(result.unknown, (QList<QByteArray>{ "--version", "missing", "", "/nowhere/at all" }));
+}
+
+void FileArgumentsTest::dotsInAPathAreResolved()
+{
+    const QByteArray path = m_folder.makeFile("dotted");
+    const auto result = FileArguments::parse({ "./../" + m_folder.path().mid(m_folder.path().lastIndexOf('/') + 1)
+                                               + "/dotted" },
+                                             m_folder.path());
+    QCOMPARE(result.uris, QStringList{ QString(QStringLiteral("file://") + QString::fromUtf8(path)) });
+}
+
+QTEST_GUILESS_MAIN(FileArgumentsTest)
+#include "FileArgumentsTest.moc"

@@ -1,0 +1,198 @@
+#include "BusService.h"
+
+#include "CapturedLog.h"
+#include "DesktopNotifier.h"
+#include "PrivateBus.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QtTest>
+
+#include <memory>
+
+using namespace nookle;
+
+/// What shows messages on a desktop.
+class FakeNotifications : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Notifications")
+
+public:
+    Q_SLOT uint Notify(const QString& program, uint /*replaces*/, const QString& /*icon*/, const QString& /*summary*/,
+                       const QString& body, const QStringList& /*actions*/, const QVariantMap& /*hints*/, int /*time*/)
+    {
+        shown.append(program + QStringLiteral(": ") + body);
+        return 1;
+    }
+
+    QStringList shown;
+};
+
+class BusServiceTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void filesAndTextsAreHandedOver();
+    void theErrorsTextReachesTheCaller();
+    void aDesktopOpensFiles();
+    void aDesktopActivatesTheProgram();
+    void theActionAddsTheSelection();
+    void anotherActionDoesNothing();
+    void aNameThatIsTakenIsSaidInOneLogLine();
+    void aMessageIsShownByTheDesktopWithoutItsMarkup();
+    void aMessageThatNothingShowsGoesToTheLog();
+
+private:
+    /// The reply to a call of the program's object by another program.
+    [[nodiscard]] QDBusMessage call(const QString& interface, const QString& method, const QVariantList& arguments);
+
+    PrivateBus m_bus;
+    std::unique_ptr<BusService> m_service;
+    QList<ServicePasteboard> m_added;
+    QString m_refusal;
+    int m_activations = 0;
+    int m_selections = 0;
+};
+
+namespace {
+
+const QString otherProgram = QStringLiteral("other");
+
+[[nodiscard]] QString shelfInterface()
+{
+    return QStringLiteral("org.nookle.Nookle1");
+}
+
+[[nodiscard]] QString applicationInterface()
+{
+    return QStringLiteral("org.freedesktop.Application");
+}
+
+} // namespace
+
+void BusServiceTest::initTestCase()
+{
+    QVERIFY(!m_bus.address().isEmpty());
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address());
+    QVERIFY(QDBusConnection::connectToBus(QString::fromLatin1(m_bus.address()), otherProgram).isConnected());
+}
+
+void BusServiceTest::init()
+{
+    m_added.clear();
+    m_refusal.clear();
+    m_activations = 0;
+    m_selections = 0;
+    m_service = std::make_unique<BusService>();
+    m_service->onAdd = [this](const ServicePasteboard& pasteboard) -> std::optional<Failure> {
+        m_added.append(pasteboard);
+        return m_refusal.isEmpty() ? std::nullopt : std::optional(Failure{ m_refusal });
+    };
+    m_service->onActivate = [this] { ++m_activations; };
+    m_service->onAddSelection = [this] { ++m_selections; };
+    m_service->start();
+}
+
+void BusServiceTest::cleanup()
+{
+    m_service.reset();
+    QDBusConnection::sessionBus().unregisterService(QStringLiteral("org.nookle.Nookle"));
+}
+
+QDBusMessage BusServiceTest::call(const QString& interface, const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.nookle.Nookle"),
+                                                          QStringLiteral("/org/nookle/Nookle"), interface, method);
+    message.setArguments(arguments);
+    const QDBusPendingCall pending = QDBusConnection(otherProgram).asyncCall(message);
+    [&] { QTRY_VERIFY(pending.isFinished()); }();
+    return pending.reply();
+}
+
+void BusServiceTest::filesAndTextsAreHandedOver()
+{
+    const QStringList uris{ QStringLiteral("file:///a"), QStringLiteral("file:///b") };
+    const QDBusMessage reply = call(shelfInterface(), QStringLiteral("AddToShelf"), { uris, QStringLiteral("words") });
+    QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
+    QCOMPARE(m_added.size(), 1);
+    QCOMPARE(m_added.first().fileUrls.size(), 2);
+    QCOMPARE(m_added.first().string, QStringLiteral("words"));
+}
+
+void BusServiceTest::theErrorsTextReachesTheCaller()
+{
+    m_refusal = QStringLiteral("Nothing there.");
+    const QDBusMessage reply = call(shelfInterface(), QStringLiteral("AddToShelf"), { QStringList(), QString() });
+    QCOMPARE(reply.type(), QDBusMessage::ErrorMessage);
+    QCOMPARE(reply.errorName(), QStringLiteral("org.nookle.Nookle1.Error.NothingToAdd"));
+    QCOMPARE(reply.errorMessage(), m_refusal);
+    QVERIFY(!m_added.first().string);
+}
+
+void BusServiceTest::aDesktopOpensFiles()
+{
+    const QStringList uris{ QStringLiteral("file:///a") };
+    const QDBusMessage reply = call(applicationInterface(), QStringLiteral("Open"), { uris, QVariantMap() });
+    QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
+    QCOMPARE(m_added.value(0).fileUrls, QList<QUrl>{ QUrl(QStringLiteral("file:///a")) });
+}
+
+void BusServiceTest::aDesktopActivatesTheProgram()
+{
+    QCOMPARE(call(applicationInterface(), QStringLiteral("Activate"), { QVariantMap() }).type(),
+             QDBusMessage::ReplyMessage);
+    QCOMPARE(m_activations, 1);
+}
+
+void BusServiceTest::theActionAddsTheSelection()
+{
+    const QVariantList arguments{ QStringLiteral("add-selection"), QVariantList(), QVariantMap() };
+    QCOMPARE(call(applicationInterface(), QStringLiteral("ActivateAction"), arguments).type(),
+             QDBusMessage::ReplyMessage);
+    QCOMPARE(m_selections, 1);
+}
+
+void BusServiceTest::anotherActionDoesNothing()
+{
+    const QVariantList arguments{ QStringLiteral("quit"), QVariantList(), QVariantMap() };
+    (void)call(applicationInterface(), QStringLiteral("ActivateAction"), arguments);
+    QCOMPARE(m_selections + m_activations + static_cast<int>(m_added.size()), 0);
+}
+
+void BusServiceTest::aNameThatIsTakenIsSaidInOneLogLine()
+{
+    cleanup();
+    QVERIFY(QDBusConnection(otherProgram).registerService(QStringLiteral("org.nookle.Nookle")));
+    const CapturedLog log;
+    BusService late;
+    late.start();
+    QVERIFY(QDBusConnection(otherProgram).unregisterService(QStringLiteral("org.nookle.Nookle")));
+    QCOMPARE(log.lines().size(), 1);
+}
+
+void BusServiceTest::aMessageIsShownByTheDesktopWithoutItsMarkup()
+{
+    FakeNotifications notifications;
+    QDBusConnection other(otherProgram);
+    QVERIFY(other.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &notifications,
+                                 QDBusConnection::ExportAllSlots));
+    QVERIFY(other.registerService(QStringLiteral("org.freedesktop.Notifications")));
+    DesktopNotifier().notify(QStringLiteral("Not <b>that</b>"));
+    QTRY_COMPARE(notifications.shown, QStringList{ QStringLiteral("Nookle: Not &lt;b&gt;that&lt;/b&gt;") });
+    QVERIFY(other.unregisterService(QStringLiteral("org.freedesktop.Notifications")));
+}
+
+void BusServiceTest::aMessageThatNothingShowsGoesToTheLog()
+{
+    const CapturedLog log;
+    DesktopNotifier().notify(QStringLiteral("Not that"));
+    QTRY_COMPARE(log.lines(), QStringList{ QStringLiteral("Nookle: could not show a message: Not that") });
+}
+
+QTEST_MAIN(BusServiceTest)
+#include "BusServiceTest.moc"
