@@ -43,6 +43,9 @@ public:
     /// Makes a file of the home folder, with the folders above it.
     void writeFile(const QString& path, const QByteArray& content) const;
 
+    /// Ends the session bus.
+    void stopBus() { m_bus.reset(); }
+
     [[nodiscard]] std::unique_ptr<Program> start(const QString& path, const QStringList& arguments = {}) const;
 
 private:

@@ -24,9 +24,9 @@ Shelf::Shelf(PrivateDesktop& desktop, QString program)
 {
 }
 
-bool Shelf::start()
+bool Shelf::start(const QStringList& arguments)
 {
-    m_process = m_desktop.start(m_program);
+    m_process = m_desktop.start(m_program, arguments);
     // The window is made before the watch begins, in the same turn of the program's event loop.
     return waitFor([this] {
         const auto windows = m_desktop.screen().windows();
@@ -40,9 +40,14 @@ bool Shelf::stop()
     return m_process->terminate() && m_process->waitForExit() == 0;
 }
 
-int Shelf::startAgain()
+int Shelf::startAgain(const QStringList& arguments)
 {
-    return m_desktop.start(m_program)->waitForExit();
+    return m_desktop.start(m_program, arguments)->waitForExit();
+}
+
+bool Shelf::hasEnded()
+{
+    return m_process->waitForExit() == 0;
 }
 
 std::optional<XWindow> Shelf::panel() const

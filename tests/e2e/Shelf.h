@@ -19,13 +19,17 @@ public:
     Shelf(PrivateDesktop& desktop, QString program);
 
     /// Starts it, and returns once it watches for drags.
-    [[nodiscard]] bool start();
+    [[nodiscard]] bool start(const QStringList& arguments = {});
 
     /// Ends it as a session does.
     [[nodiscard]] bool stop();
 
-    /// Starts it a second time, which shows the shelf of the first; its exit code.
-    [[nodiscard]] int startAgain();
+    /// Starts it a second time, which shows the shelf of the first, or adds the files of its arguments there; its exit
+    /// code.
+    [[nodiscard]] int startAgain(const QStringList& arguments = {});
+
+    /// Whether it ends by itself, as it should.
+    [[nodiscard]] bool hasEnded();
 
     /// The panel while it is on the screen.
     [[nodiscard]] std::optional<XWindow> panel() const;
