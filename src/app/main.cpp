@@ -67,7 +67,7 @@ int main(int argc, char* argv[])
 
     const nookle::FileArguments arguments = fileArguments(argc, argv);
     for (const QByteArray& unknown : arguments.unknown)
-        nookle::logLine(QStringLiteral("neither a file nor an option: %1").arg(QFile::decodeName(unknown)));
+        nookle::logLine(QStringLiteral("neither a file nor an address: %1").arg(QFile::decodeName(unknown)));
     if (!arguments.unknown.isEmpty() && arguments.uris.isEmpty())
         return EXIT_FAILURE;
 

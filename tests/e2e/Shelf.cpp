@@ -6,7 +6,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <algorithm>
 #include <utility>
 
 namespace nookle::e2e {
@@ -27,12 +26,9 @@ Shelf::Shelf(PrivateDesktop& desktop, QString program)
 bool Shelf::start(const QStringList& arguments)
 {
     m_process = m_desktop.start(m_program, arguments);
-    // The window is made before the watch begins, in the same turn of the program's event loop.
-    return waitFor([this] {
-        const auto windows = m_desktop.screen().windows();
-        return std::any_of(windows.begin(), windows.end(),
-                           [](const XWindow& window) { return window.windowClass == "nookle"; });
-    });
+    // The last thing that it does before it waits for events.
+    const XScreen& screen = m_desktop.screen();
+    return waitFor([&screen] { return screen.isShortcutHeld(screen.keyFor('d')); });
 }
 
 bool Shelf::stop()

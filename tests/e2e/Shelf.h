@@ -18,7 +18,7 @@ public:
     /// Nothing runs before `start`.
     Shelf(PrivateDesktop& desktop, QString program);
 
-    /// Starts it, and returns once it watches for drags.
+    /// Starts it, and returns once it has started wholly.
     [[nodiscard]] bool start(const QStringList& arguments = {});
 
     /// Ends it as a session does.

@@ -172,6 +172,22 @@ xcb_keycode_t XScreen::keyFor(xcb_keysym_t symbol) const
     return keys ? *keys : xcb_keycode_t{ 0 };
 }
 
+bool XScreen::isShortcutHeld(xcb_keycode_t key) const
+{
+    constexpr std::uint16_t modifiers = XCB_MOD_MASK_CONTROL | XCB_MOD_MASK_1 | XCB_MOD_MASK_4;
+    xcb_connection_t* connection = m_connection.get();
+    // Nobody may find the key held by the test.
+    xcb_grab_server(connection);
+    const auto grab =
+        xcb_grab_key_checked(connection, 0, m_root, modifiers, key, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const bool isHeld = owned(xcb_request_check(connection, grab)) != nullptr;
+    if (!isHeld)
+        xcb_ungrab_key(connection, key, m_root, modifiers);
+    xcb_ungrab_server(connection);
+    xcb_flush(connection);
+    return isHeld;
+}
+
 void XScreen::pressKey(xcb_keysym_t symbol)
 {
     fake(XCB_KEY_PRESS, keyFor(symbol));

@@ -61,10 +61,13 @@ public:
     void pressKey(xcb_keysym_t symbol);
     void releaseKey(xcb_keysym_t symbol);
     [[nodiscard]] xcb_keycode_t keyFor(xcb_keysym_t symbol) const;
+    /// Whether a program holds that key together with Control, Alt and Super.
+    [[nodiscard]] bool isShortcutHeld(xcb_keycode_t key) const;
     static constexpr xcb_keysym_t control = 0xffe3;
     static constexpr xcb_keysym_t alt = 0xffe9;
     static constexpr xcb_keysym_t super = 0xffeb;
     static constexpr xcb_keysym_t numLock = 0xff7f;
+    static constexpr xcb_keysym_t enter = 0xff0d;
     static constexpr xcb_keysym_t capsLock = 0xffe5;
 
     /// Presses there and moves until the program below has begun a drag; the button stays down. A program that was not

@@ -1,0 +1,58 @@
+#include "BusClient.h"
+
+#include "Waiting.h"
+
+#include <QDBusPendingCall>
+
+namespace nookle::e2e {
+
+namespace {
+
+const QString connectionName = QStringLiteral("client");
+
+} // namespace
+
+std::unique_ptr<BusClient> BusClient::tryConnect(const QString& busAddress)
+{
+    std::unique_ptr<BusClient> client(new BusClient(QDBusConnection::connectToBus(busAddress, connectionName)));
+    const bool isRegistered = client->m_bus.registerObject(QStringLiteral("/org/freedesktop/Notifications"),
+                                                           client.get(), QDBusConnection::ExportAllSlots)
+        && client->m_bus.registerService(QStringLiteral("org.freedesktop.Notifications"));
+    return isRegistered ? std::move(client) : nullptr;
+}
+
+BusClient::BusClient(const QDBusConnection& bus)
+    : m_bus(bus)
+{
+}
+
+BusClient::~BusClient()
+{
+    m_bus = QDBusConnection(QString());
+    QDBusConnection::disconnectFromBus(connectionName);
+}
+
+uint BusClient::Notify(const QString& program, uint /*replaces*/, const QString& /*icon*/, const QString& /*summary*/,
+                       const QString& body, const QStringList& /*actions*/, const QVariantMap& /*hints*/, int /*time*/)
+{
+    m_messages.append(QString(program + QStringLiteral(": ") + body));
+    return static_cast<uint>(m_messages.size());
+}
+
+QDBusMessage BusClient::call(const QString& interface, const QString& method, const QVariantList& arguments) const
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.nookle.Nookle"),
+                                                          QStringLiteral("/org/nookle/Nookle"), interface, method);
+    message.setArguments(arguments);
+    const QDBusPendingCall pending = m_bus.asyncCall(message);
+    if (!waitFor([&] { return pending.isFinished(); }))
+        qWarning("%s is not answered", qPrintable(method));
+    return pending.reply();
+}
+
+QDBusMessage BusClient::addToShelf(const QStringList& uris, const QString& text) const
+{
+    return call(QStringLiteral("org.nookle.Nookle1"), QStringLiteral("AddToShelf"), { uris, text });
+}
+
+} // namespace nookle::e2e

@@ -1,0 +1,216 @@
+#include "BusClient.h"
+#include "PrivateDesktop.h"
+#include "Shelf.h"
+#include "Waiting.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QUrl>
+#include <QtTest>
+
+#include <memory>
+
+using namespace nookle::e2e;
+
+namespace {
+
+inline constexpr int screenWidth = 1200;
+
+[[nodiscard]] QString applicationInterface()
+{
+    return QStringLiteral("org.freedesktop.Application");
+}
+
+/// The command line of an entry's action, or of the entry itself.
+[[nodiscard]] QString commandIn(const QString& desktopFile, const QByteArray& group)
+{
+    QFile file(desktopFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    bool isInGroup = false;
+    for (QByteArray line = file.readLine(); !line.isEmpty(); line = file.readLine()) {
+        if (line.startsWith('['))
+            isInGroup = line.trimmed() == '[' + group + ']';
+        else if (isInGroup && line.startsWith("Exec="))
+            return QString::fromUtf8(line.mid(5).trimmed());
+    }
+    return {};
+}
+
+} // namespace
+
+class ServicesEndToEndTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void aCallWithTwoFilesAddsBothAndShowsTheShelfForAMoment();
+    void aCallWithATextAddsIt();
+    void aCallWithNeitherTellsTheCallerAndTheUser();
+    void aFileManagerOpensFilesWithTheShelf();
+    void theDesktopsActionAddsWhatIsSelectedInAnotherProgram();
+    void theFirstStartTakesFiles();
+    void aSecondStartTakesFilesOfAnyName();
+    void anArgumentThatIsNothingIsSaid();
+    void theBusStartsTheInstalledProgram();
+
+private:
+    [[nodiscard]] QString uri(const QString& name) const
+    {
+        return QUrl::fromLocalFile(m_desktop->home(QStringLiteral("files/") + name)).toString(QUrl::FullyEncoded);
+    }
+    [[nodiscard]] bool shelfHas(const QStringList& names) const
+    {
+        return waitFor([&] { return m_shelf->savedFileNames() == names; });
+    }
+    [[nodiscard]] QString savedText() const;
+
+    QTemporaryDir m_prefix;
+    std::unique_ptr<PrivateDesktop> m_desktop;
+    std::unique_ptr<Shelf> m_shelf;
+    std::unique_ptr<BusClient> m_client;
+    std::unique_ptr<Program> m_peer;
+};
+
+void ServicesEndToEndTest::initTestCase()
+{
+    QVERIFY2(qEnvironmentVariableIsSet("NOOKLE_PROGRAM"), "run it with ctest, which says which program is tested");
+    const QStringList install{ QStringLiteral("--install"), qEnvironmentVariable("NOOKLE_BUILD"),
+                               QStringLiteral("--prefix"), m_prefix.path() };
+    QProcess cmake;
+    cmake.start(QStringLiteral("cmake"), install);
+    QVERIFY(cmake.waitForFinished());
+    QVERIFY2(cmake.exitCode() == 0, cmake.readAllStandardError().constData());
+    // For the session bus of the desktops below.
+    qputenv("XDG_DATA_DIRS", QFile::encodeName(m_prefix.filePath(QStringLiteral("share"))) + ":/usr/share");
+    qputenv("PATH", QFile::encodeName(m_prefix.filePath(QStringLiteral("bin"))) + ':' + qgetenv("PATH"));
+}
+
+void ServicesEndToEndTest::init()
+{
+    m_desktop = PrivateDesktop::tryCreate({ QSize(screenWidth, 700), QStringLiteral("openbox"), false });
+    QVERIFY(m_desktop);
+    m_desktop->writeFile(QStringLiteral("files/a"), "words");
+    m_desktop->writeFile(QStringLiteral("files/two words"), "words");
+    m_client = BusClient::tryConnect(m_desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
+    QVERIFY(m_client);
+    m_shelf = std::make_unique<Shelf>(*m_desktop, qEnvironmentVariable("NOOKLE_PROGRAM"));
+}
+
+void ServicesEndToEndTest::cleanup()
+{
+    m_client.reset();
+    m_peer.reset();
+    m_shelf.reset();
+    m_desktop.reset();
+}
+
+QString ServicesEndToEndTest::savedText() const
+{
+    const QList<QJsonObject> items = m_shelf->savedItems();
+    if (items.isEmpty())
+        return {};
+    const QJsonObject content = items.first().value(QLatin1String("content")).toObject();
+    return content.value(QLatin1String("text")).toObject().value(QLatin1String("_0")).toString();
+}
+
+void ServicesEndToEndTest::aCallWithTwoFilesAddsBothAndShowsTheShelfForAMoment()
+{
+    QVERIFY(m_shelf->start());
+    const QStringList uris{ uri(QStringLiteral("two words")), uri(QStringLiteral("a")) };
+    QCOMPARE(m_client->addToShelf(uris, QStringLiteral("not this")).type(), QDBusMessage::ReplyMessage);
+    QVERIFY(shelfHas({ QStringLiteral("two words"), QStringLiteral("a") }));
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+    QVERIFY(holdsFor([this] { return m_shelf->isAtRest(screenWidth); }, 900));
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }, 2500));
+}
+
+void ServicesEndToEndTest::aCallWithATextAddsIt()
+{
+    QVERIFY(m_shelf->start());
+    QCOMPARE(m_client->addToShelf({}, QStringLiteral("some words\nin two lines")).type(), QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([this] { return savedText() == QLatin1String("some words\nin two lines"); }));
+}
+
+void ServicesEndToEndTest::aCallWithNeitherTellsTheCallerAndTheUser()
+{
+    QVERIFY(m_shelf->start());
+    const QString text = QStringLiteral("Nothing found that can be added to the shelf.");
+    const QDBusMessage reply = m_client->addToShelf({}, {});
+    QCOMPARE(reply.type(), QDBusMessage::ErrorMessage);
+    QCOMPARE(reply.errorMessage(), text);
+    QVERIFY(waitFor([&] { return m_client->messages() == QStringList{ QString(QStringLiteral("Nookle: ") + text) }; }));
+    QVERIFY(m_shelf->savedItems().isEmpty());
+}
+
+void ServicesEndToEndTest::aFileManagerOpensFilesWithTheShelf()
+{
+    QVERIFY(m_shelf->start());
+    // As file managers do it: the entry says that the program is on the bus.
+    const QString entry = m_prefix.filePath(QStringLiteral("share/applications/org.nookle.Nookle.desktop"));
+    const auto opener = m_desktop->start(
+        QStringLiteral("gio"), { QStringLiteral("launch"), entry, m_desktop->home(QStringLiteral("files/two words")) });
+    QCOMPARE(opener->waitForExit(), 0);
+    QVERIFY(shelfHas({ QStringLiteral("two words") }));
+}
+
+void ServicesEndToEndTest::theDesktopsActionAddsWhatIsSelectedInAnotherProgram()
+{
+    QVERIFY(m_shelf->start());
+    XScreen& screen = m_desktop->screen();
+    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), { QStringLiteral("text") });
+    QVERIFY(waitFor([&] { return screen.window("Peer", 400).has_value(); }));
+    const QRect window = screen.window("Peer", 400)->frame;
+    const auto select = [&] {
+        screen.moveTo(window.topLeft() + QPoint(4, 12));
+        screen.press();
+        screen.moveTo(window.topLeft() + QPoint(300, 12));
+        screen.release();
+        return screen.hasOwner("PRIMARY");
+    };
+    QVERIFY(waitFor(select));
+    const QString entry = m_prefix.filePath(QStringLiteral("share/applications/org.nookle.Nookle.desktop"));
+    const QStringList command = QProcess::splitCommand(commandIn(entry, "Desktop Action add-selection"));
+    const auto action = m_desktop->start(command.first(), command.mid(1));
+    QCOMPARE(action->waitForExit(), 0);
+    QVERIFY(waitFor([this] { return savedText().startsWith(QLatin1String("Some words that a user")); }));
+}
+
+void ServicesEndToEndTest::theFirstStartTakesFiles()
+{
+    QVERIFY(m_shelf->start({ m_desktop->home(QStringLiteral("files/two words")) }));
+    QVERIFY(shelfHas({ QStringLiteral("two words") }));
+}
+
+void ServicesEndToEndTest::aSecondStartTakesFilesOfAnyName()
+{
+    QVERIFY(m_shelf->start());
+    QCOMPARE(m_shelf->startAgain({ uri(QStringLiteral("two words")), m_desktop->home(QStringLiteral("files/a")) }), 0);
+    QVERIFY(shelfHas({ QStringLiteral("two words"), QStringLiteral("a") }));
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+}
+
+void ServicesEndToEndTest::anArgumentThatIsNothingIsSaid()
+{
+    const auto program = m_desktop->start(qEnvironmentVariable("NOOKLE_PROGRAM"), { QStringLiteral("--version") });
+    QCOMPARE(program->waitForExit(), 1);
+    QCOMPARE(program->log(), QByteArray("Nookle: neither a file nor an address: --version\n"));
+}
+
+void ServicesEndToEndTest::theBusStartsTheInstalledProgram()
+{
+    QCOMPARE(m_client->addToShelf({ uri(QStringLiteral("a")) }, {}).type(), QDBusMessage::ReplyMessage);
+    QVERIFY(shelfHas({ QStringLiteral("a") }));
+    // The same program answers a second start, and ends with the desktop.
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+    QCOMPARE(m_client->call(applicationInterface(), QStringLiteral("Activate"), { QVariantMap() }).type(),
+             QDBusMessage::ReplyMessage);
+}
+
+QTEST_GUILESS_MAIN(ServicesEndToEndTest)
+#include "ServicesEndToEndTest.moc"
