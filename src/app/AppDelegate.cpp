@@ -121,20 +121,11 @@ void AppDelegate::startEdgeMonitor()
 
 void AppDelegate::startScreenshotCollection()
 {
-    m_screenshotWatcher.onScreenshot = [this](const QUrl& screenshot) { collect(screenshot); };
+    m_screenshotCollector = std::make_unique<ScreenshotCollector>(m_settings, *m_store, m_queue);
+    m_screenshotCollector->onCollected = [this] { showForAMoment(); };
+    m_screenshotWatcher.onScreenshot = [this](const QUrl& screenshot) { m_screenshotCollector->collect(screenshot); };
     updateScreenshotWatcher();
     observeScreenshotSetting();
-}
-
-void AppDelegate::collect(const QUrl& screenshot)
-{
-    if (!m_settings.collectScreenshots())
-        return;
-    if (m_settings.moveScreenshots())
-        m_store->addImage(screenshot);
-    else
-        m_store->addFiles({ screenshot });
-    showForAMoment();
 }
 
 void AppDelegate::updateScreenshotWatcher()

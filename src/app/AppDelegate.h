@@ -19,6 +19,7 @@
 #include "PictureServices.h"
 #include "PortalFileTransfers.h"
 #include "QtMainQueue.h"
+#include "ScreenshotCollector.h"
 #include "ScreenshotWatcher.h"
 #include "ServiceProvider.h"
 #include "SettingsUserDefaults.h"
@@ -66,7 +67,6 @@ private:
     void setUpStatusItem();
     void startEdgeMonitor();
     void startScreenshotCollection();
-    void collect(const QUrl& screenshot);
     void updateScreenshotWatcher();
     void observeScreenshotSetting();
     void startExpiryTimer();
@@ -109,6 +109,7 @@ private:
     std::unique_ptr<SettingsWindowController> m_settingsWindow;
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<StatusItem> m_statusItem;
+    std::unique_ptr<ScreenshotCollector> m_screenshotCollector;
     std::unique_ptr<RepeatingTimer> m_expiryTimer;
     std::unique_ptr<ServiceProvider> m_serviceProvider;
     std::unique_ptr<HotKey> m_hotKey;

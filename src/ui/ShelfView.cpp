@@ -272,7 +272,6 @@ void ShelfView::dropEvent(QDropEvent* event)
 }
 
 // Colours are asked for at each painting; sizes are kept.
-// Colours are asked for at each painting; sizes are kept.
 bool ShelfView::event(QEvent* event)
 {
     if (event->type() == QEvent::ApplicationFontChange) {

@@ -36,7 +36,8 @@ private Q_SLOTS:
     void withTheSettingOffNothingHappens();
     void aFolderThatIsReplacedDoesNoHarm();
     void aFolderThatIsMissingIsSaidInOneLogLine();
-    void fiveThousandScreenshotsAtOnceAllLand();
+    void thousandsOfScreenshotsAtOnceAllLand_data();
+    void thousandsOfScreenshotsAtOnceAllLand();
 
 private:
     /// Starts the shelf with what the settings file says beside the folder.
@@ -164,14 +165,23 @@ void ScreenshotEndToEndTest::aFolderThatIsMissingIsSaidInOneLogLine()
     QVERIFY(m_shelf->stop());
 }
 
-void ScreenshotEndToEndTest::fiveThousandScreenshotsAtOnceAllLand()
+void ScreenshotEndToEndTest::thousandsOfScreenshotsAtOnceAllLand_data()
 {
-    constexpr int count = 5000;
-    QVERIFY(start("collectScreenshots=true\n"));
+    QTest::addColumn<QByteArray>("settings");
+    QTest::addColumn<int>("count");
+    QTest::newRow("added") << QByteArray("collectScreenshots=true\n") << 5000;
+    QTest::newRow("taken over") << QByteArray("collectScreenshots=true\nmoveScreenshots=true\n") << 1000;
+}
+
+void ScreenshotEndToEndTest::thousandsOfScreenshotsAtOnceAllLand()
+{
+    QFETCH(const QByteArray, settings);
+    QFETCH(const int, count);
+    QVERIFY(start(settings));
     for (int index = 0; index < count; ++index)
         makeMarked(QStringLiteral("%1").arg(index, 4, 10, QLatin1Char('0')));
     constexpr int patienceForAll = 60000;
-    QVERIFY(waitFor([this] { return m_shelf->savedItems().size() == count; }, patienceForAll));
+    QVERIFY(waitFor([&] { return m_shelf->savedItems().size() == count; }, patienceForAll));
     QCOMPARE(m_shelf->startAgain(), 0);
     QVERIFY(m_shelf->stop());
 }
