@@ -46,8 +46,9 @@ QGroupBox* SettingsView::makeShelfSection()
 {
     auto* section = new QGroupBox(tr("Shelf"));
     auto* column = new QVBoxLayout(section);
-    auto* expands = makeToggle(tr("Show when dragging to the edge"), &AppSettings::autoExpandOnDrag,
-                               &AppSettings::setAutoExpandOnDrag, &AppSettings::autoExpandOnDragChanged);
+    auto* expands = makeToggle(
+        tr("Show when dragging to the edge"), [this] { return m_settings.autoExpandOnDrag(); },
+        [this](bool isOn) { m_settings.setAutoExpandOnDrag(isOn); }, &AppSettings::autoExpandOnDragChanged);
     auto* aboutExpanding = new DescriptionLabel(*expands);
     aboutExpanding->setDescription(
         tr("Drag something to the right edge of the screen and the shelf slides in automatically."));
@@ -73,11 +74,13 @@ QGroupBox* SettingsView::makeScreenshotSection()
 {
     auto* section = new QGroupBox(tr("Screenshots"));
     auto* column = new QVBoxLayout(section);
-    auto* collects = makeToggle(tr("Add new screenshots to the shelf"), &AppSettings::collectScreenshots,
-                                &AppSettings::setCollectScreenshots, &AppSettings::collectScreenshotsChanged);
+    auto* collects = makeToggle(
+        tr("Add new screenshots to the shelf"), [this] { return m_settings.collectScreenshots(); },
+        [this](bool isOn) { m_settings.setCollectScreenshots(isOn); }, &AppSettings::collectScreenshotsChanged);
     m_screenshotFolder = new DescriptionLabel(*collects);
-    auto* moves = makeToggle(tr("Move them from the desktop to the shelf"), &AppSettings::moveScreenshots,
-                             &AppSettings::setMoveScreenshots, &AppSettings::moveScreenshotsChanged);
+    auto* moves = makeToggle(
+        tr("Move them from the desktop to the shelf"), [this] { return m_settings.moveScreenshots(); },
+        [this](bool isOn) { m_settings.setMoveScreenshots(isOn); }, &AppSettings::moveScreenshotsChanged);
     auto* aboutMoving = new DescriptionLabel(*moves);
     aboutMoving->setDescription(tr("Otherwise the screenshot stays where it is and the shelf only refers to it."));
     for (QWidget* each : std::initializer_list<QWidget*>{ collects, m_screenshotFolder, moves, aboutMoving })
@@ -89,12 +92,12 @@ QGroupBox* SettingsView::makeScreenshotSection()
     return section;
 }
 
-QCheckBox* SettingsView::makeToggle(const QString& title, Getter value, Setter setValue, Signal changed)
+QCheckBox* SettingsView::makeToggle(const QString& title, const Getter& value, const Setter& setValue, Signal changed)
 {
     auto* toggle = new QCheckBox(title);
-    toggle->setChecked((m_settings.*value)());
-    connect(toggle, &QCheckBox::clicked, this, [this, setValue](bool isOn) { (m_settings.*setValue)(isOn); });
-    connect(&m_settings, changed, toggle, [this, toggle, value] { toggle->setChecked((m_settings.*value)()); });
+    toggle->setChecked(value());
+    connect(toggle, &QCheckBox::clicked, this, setValue);
+    connect(&m_settings, changed, toggle, [toggle, value] { toggle->setChecked(value()); });
     return toggle;
 }
 

@@ -34,14 +34,15 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    using Getter = bool (AppSettings::*)() const;
-    using Setter = void (AppSettings::*)(bool);
+    using Getter = std::function<bool()>;
+    using Setter = std::function<void(bool)>;
     using Signal = void (AppSettings::*)();
 
     void showScreenshotFolder();
     [[nodiscard]] QGroupBox* makeShelfSection();
     [[nodiscard]] QGroupBox* makeScreenshotSection();
-    [[nodiscard]] QCheckBox* makeToggle(const QString& title, Getter value, Setter setValue, Signal changed);
+    [[nodiscard]] QCheckBox* makeToggle(const QString& title, const Getter& value, const Setter& setValue,
+                                        Signal changed);
     [[nodiscard]] QComboBox* makeExpiryPicker();
 
     AppSettings& m_settings;
