@@ -14,7 +14,6 @@ namespace nookle {
 
 namespace {
 
-inline constexpr double expirySweepInterval = 60;
 inline constexpr double momentOfShowing = 1.5;
 
 // The shortcut, in the numbers of `Shortcut`.
@@ -50,8 +49,7 @@ void AppDelegate::applicationDidFinishLaunching()
     setUpStatusItem();
     startEdgeMonitor();
     startScreenshotCollection();
-    sweepExpired();
-    startExpiryTimer();
+    m_expirySweep = std::make_unique<ExpirySweep>(m_settings, *m_store, m_queue);
     provideServices();
     createHotKey();
     if (m_panelController->pinning().isPinned())
@@ -124,41 +122,7 @@ void AppDelegate::startScreenshotCollection()
     m_screenshotCollector = std::make_unique<ScreenshotCollector>(m_settings, *m_store, m_queue);
     m_screenshotCollector->onCollected = [this] { showForAMoment(); };
     m_screenshotWatcher.onScreenshot = [this](const QUrl& screenshot) { m_screenshotCollector->collect(screenshot); };
-    updateScreenshotWatcher();
-    observeScreenshotSetting();
-}
-
-void AppDelegate::updateScreenshotWatcher()
-{
-    if (m_settings.collectScreenshots())
-        m_screenshotWatcher.start();
-    else
-        m_screenshotWatcher.stop();
-}
-
-void AppDelegate::observeScreenshotSetting()
-{
-    // Told once only, and acted upon later: several changes at once count as one.
-    connect(
-        &m_settings, &AppSettings::collectScreenshotsChanged, this,
-        [this] {
-            m_queue.post([this] {
-                updateScreenshotWatcher();
-                observeScreenshotSetting();
-            });
-        },
-        Qt::SingleShotConnection);
-}
-
-void AppDelegate::startExpiryTimer()
-{
-    m_expiryTimer = m_queue.every(expirySweepInterval, [this] { sweepExpired(); });
-}
-
-void AppDelegate::sweepExpired()
-{
-    if (m_settings.expiry() != AppSettings::Expiry::never)
-        m_store->removeExpired(static_cast<double>(m_settings.expiry()));
+    m_screenshotSwitch = std::make_unique<ScreenshotSwitch>(m_settings, m_screenshotWatcher, m_queue);
 }
 
 void AppDelegate::provideServices()

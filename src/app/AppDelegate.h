@@ -9,6 +9,7 @@
 #include "DesktopNotifier.h"
 #include "DesktopWorkspace.h"
 #include "DragEdgeMonitor.h"
+#include "ExpirySweep.h"
 #include "GioTrash.h"
 #include "HotKey.h"
 #include "InotifyFolderWatch.h"
@@ -20,6 +21,7 @@
 #include "PortalFileTransfers.h"
 #include "QtMainQueue.h"
 #include "ScreenshotCollector.h"
+#include "ScreenshotSwitch.h"
 #include "ScreenshotWatcher.h"
 #include "ServiceProvider.h"
 #include "SettingsUserDefaults.h"
@@ -67,10 +69,6 @@ private:
     void setUpStatusItem();
     void startEdgeMonitor();
     void startScreenshotCollection();
-    void updateScreenshotWatcher();
-    void observeScreenshotSetting();
-    void startExpiryTimer();
-    void sweepExpired();
     void provideServices();
     /// Tells the user of a failure, and returns it.
     std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
@@ -110,7 +108,8 @@ private:
     std::unique_ptr<StatusMenu> m_statusMenu;
     std::unique_ptr<StatusItem> m_statusItem;
     std::unique_ptr<ScreenshotCollector> m_screenshotCollector;
-    std::unique_ptr<RepeatingTimer> m_expiryTimer;
+    std::unique_ptr<ScreenshotSwitch> m_screenshotSwitch;
+    std::unique_ptr<ExpirySweep> m_expirySweep;
     std::unique_ptr<ServiceProvider> m_serviceProvider;
     std::unique_ptr<HotKey> m_hotKey;
 };

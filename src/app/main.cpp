@@ -4,6 +4,7 @@
 #include "FileUrl.h"
 #include "Log.h"
 #include "LogOutput.h"
+#include "SessionEnd.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
 
@@ -44,6 +45,9 @@ int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringL
     delegate.applicationDidFinishLaunching();
     if (!uris.isEmpty())
         delegate.open(uris);
+    nookle::SessionEnd sessionEnd;
+    sessionEnd.onSave = [&delegate] { delegate.applicationWillTerminate(); };
+    sessionEnd.onEnd = [] { QApplication::exit(); };
     instance.onShowRequested = [&delegate] { delegate.showShelf(); };
     instance.onAddRequested = [&delegate](const QStringList& added) { delegate.open(added); };
     const int result = QApplication::exec();
