@@ -83,8 +83,10 @@ QGroupBox* SettingsView::makeScreenshotSection()
         [this](bool isOn) { m_settings.setMoveScreenshots(isOn); }, &AppSettings::moveScreenshotsChanged);
     auto* aboutMoving = new DescriptionLabel(*moves);
     aboutMoving->setDescription(tr("Otherwise the screenshot stays where it is and the shelf only refers to it."));
-    for (QWidget* each : std::initializer_list<QWidget*>{ collects, m_screenshotFolder, moves, aboutMoving })
-        column->addWidget(each);
+    column->addWidget(collects);
+    column->addWidget(m_screenshotFolder);
+    column->addWidget(moves);
+    column->addWidget(aboutMoving);
 
     const auto follow = [this, moves] { moves->setEnabled(m_settings.collectScreenshots()); };
     connect(&m_settings, &AppSettings::collectScreenshotsChanged, moves, follow);

@@ -10,19 +10,19 @@ ApplicationAdaptor::ApplicationAdaptor(BusService& service)
 {
 }
 
-void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/)
+void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/) const
 {
     m_service.onActivate();
 }
 
-void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& /*platformData*/)
+void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& /*platformData*/) const
 {
     // Nobody waits for an answer: the owner tells the user.
     static_cast<void>(m_service.onAdd(servicePasteboard(uris, {})));
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList& /*parameters*/,
-                                        const QVariantMap& /*platformData*/)
+                                        const QVariantMap& /*platformData*/) const
 {
     if (name == QLatin1String("add-selection"))
         m_service.onAddSelection();

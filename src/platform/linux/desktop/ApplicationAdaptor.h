@@ -19,10 +19,10 @@ public:
 
 public Q_SLOTS:
     /// `platformData`, here and below, is about windows and start-up feedback, which the shelf has no use for.
-    void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void Activate(const QVariantMap& platformData) const;
+    void Open(const QStringList& uris, const QVariantMap& platformData) const;
     /// The one action is "add-selection"; others do nothing.
-    void ActivateAction(const QString& name, const QVariantList& parameters, const QVariantMap& platformData);
+    void ActivateAction(const QString& name, const QVariantList& parameters, const QVariantMap& platformData) const;
 
 private:
     BusService& m_service;

@@ -12,7 +12,7 @@ ShelfAdaptor::ShelfAdaptor(BusService& service)
 {
 }
 
-void ShelfAdaptor::AddToShelf(const QStringList& uris, const QString& text, const QDBusMessage& message)
+void ShelfAdaptor::AddToShelf(const QStringList& uris, const QString& text, const QDBusMessage& message) const
 {
     const auto failure = m_service.onAdd(servicePasteboard(uris, text));
     if (!failure)

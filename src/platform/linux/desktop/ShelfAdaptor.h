@@ -17,8 +17,9 @@ public:
     explicit ShelfAdaptor(BusService& service);
 
 public Q_SLOTS:
-    /// Adds the files of `uris`, or else `text`, which is empty when there is none. The error's message is for the user.
-    void AddToShelf(const QStringList& uris, const QString& text, const QDBusMessage& message);
+    /// Adds the files of `uris`, or else `text`, which is empty when there is none. The error's message is for the
+    /// user.
+    void AddToShelf(const QStringList& uris, const QString& text, const QDBusMessage& message) const;
 
 private:
     BusService& m_service;
