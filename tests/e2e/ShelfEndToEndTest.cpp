@@ -77,6 +77,7 @@ private Q_SLOTS:
     void aFileGoesIntoAFolderOfTheFileManager();
     void aRubberBandDragToTheEdgeShowsNothing();
     void aTextSelectionDragToTheEdgeShowsNothing();
+    void withTheSettingOffAFileDraggedToTheEdgeShowsNothing();
     void theTileIsBackAfterARestartAndCanBeDraggedOut();
     void aTileDroppedOnTheShelfItselfChangesNothing();
     void aTileDroppedOnATrashLeavesTheShelf();
@@ -302,6 +303,17 @@ void ShelfEndToEndTest::aTextSelectionDragToTheEdgeShowsNothing()
     QVERIFY2(holdsFor([this] { return panelIsGone(); }, 1000), "the panel came out");
     screen().release();
     QVERIFY2(waitFor([this] { return screen().hasOwner("PRIMARY"); }), "no text was selected");
+}
+
+void ShelfEndToEndTest::withTheSettingOffAFileDraggedToTheEdgeShowsNothing()
+{
+    QVERIFY(m_shelf->stop());
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\nautoExpandOnDrag=false\n");
+    QVERIFY(m_shelf->start());
+    QVERIFY(dragFileNearEdge());
+    screen().moveTo(QPoint(rightEdge() - 1, 300));
+    QVERIFY(holdsFor([this] { return panelIsGone(); }, 700));
+    screen().release();
 }
 
 void ShelfEndToEndTest::theTileIsBackAfterARestartAndCanBeDraggedOut()

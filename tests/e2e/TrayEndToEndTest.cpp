@@ -84,6 +84,7 @@ private Q_SLOTS:
 
     void theIconAndItsMenuReachATrayThatDrawsThem();
     void eachEntryOfTheMenuWorks();
+    void aShelfThatWasPinnedIsShownAtTheStartAndStays();
     void theMarkIsRightWheneverTheTrayLooks();
     void quittingFromTheMenuLeavesASavedIndex();
     void aClickOnTheIconOpensTheMenu();
@@ -206,6 +207,17 @@ void TrayEndToEndTest::eachEntryOfTheMenuWorks()
     QVERIFY(waitFor([&] { return screen().focus() == settings()->id; }));
     m_tray->choose(QStringLiteral("Quit Nookle"));
     QVERIFY(m_shelf->hasEnded());
+}
+
+void TrayEndToEndTest::aShelfThatWasPinnedIsShownAtTheStartAndStays()
+{
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
+    // Once the shortcut is there, nothing but the panel is missing.
+    QVERIFY(m_shelf->start());
+    QVERIFY(waitFor([this] { return isShown(); }));
+    QVERIFY(holdsFor([this] { return isShown(); }, 1500));
+    pressShortcut();
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
 }
 
 void TrayEndToEndTest::theMarkIsRightWheneverTheTrayLooks()
