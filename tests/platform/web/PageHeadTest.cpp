@@ -64,6 +64,8 @@ void PageHeadTest::theTitleIsFound_data()
     row("Open Graph by name", "<title>One</title><meta name=og:title content=Graph>", "Graph");
     row("empty Open Graph", "<title>One</title><meta property='og:title' content=' '>", "One");
     row("references", "<title>Q&amp;A &#8212; &eacute;&#x41;&lt;b&gt; AT&T</title>", "Q&A — éA<b> AT&T");
+    row("references to the signs of a code page", "<title>&#145;It&#146s&#x92; &#x097; &#0128;&#1056;</title>",
+        "‘It’s’ — €Р");
     row("references in attributes", "<meta property='og:title' content='&quot;A&quot; &amp; B &gt;'>", "\"A\" & B >");
     row("white space", "<title>\n  One\t two\r\n\xc2\xa0three  </title>", "One two three");
     row("control characters",

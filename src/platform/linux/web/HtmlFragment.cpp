@@ -2,6 +2,9 @@
 
 #include <libxml/HTMLparser.h>
 
+#include <QRegularExpression>
+
+#include <array>
 #include <memory>
 
 namespace nookle::HtmlFragment {
@@ -20,6 +23,35 @@ struct FreeParser {
 [[nodiscard]] const char* characters(const xmlChar* text)
 {
     return reinterpret_cast<const char*>(text);
+}
+
+/// The numbers 128 to 159 stand for control characters, and pages mean the signs of a code page by them.
+[[nodiscard]] int meantCharacter(int number)
+{
+    constexpr std::array meant{ 0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+                                0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+                                0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178 };
+    constexpr int first = 128;
+    const bool isMeantOtherwise = number >= first && number < first + static_cast<int>(meant.size());
+    return isMeantOtherwise ? meant[static_cast<std::size_t>(number - first)] : number;
+}
+
+/// The source with such references replaced, as browsers read them.
+[[nodiscard]] QString withMeantReferences(const QString& source)
+{
+    static const QRegularExpression reference(
+        QStringLiteral("&#(?:0*([0-9]{3})(?![0-9])|[xX]0*([89][0-9a-fA-F])(?![0-9a-fA-F]))"));
+    QString result;
+    qsizetype end = 0;
+    for (auto matches = reference.globalMatch(source); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const bool isDecimal = match.hasCaptured(1);
+        const int number = isDecimal ? match.captured(1).toInt() : match.captured(2).toInt(nullptr, 16);
+        result += source.mid(end, match.capturedStart() - end);
+        result += QStringLiteral("&#%1").arg(meantCharacter(number));
+        end = match.capturedEnd();
+    }
+    return result + source.mid(end);
 }
 
 void startElement(void* context, const xmlChar* /*name*/, const xmlChar** attributes)
@@ -51,7 +83,8 @@ void appendText(void* context, const xmlChar* text, int size)
     htmlCtxtUseOptions(parser.get(),
                        HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET
                            | HTML_PARSE_NOIMPLIED | HTML_PARSE_IGNORE_ENC);
-    htmlParseChunk(parser.get(), source.constData(), int(source.size()), 1);
+    const QByteArray meant = withMeantReferences(QString::fromUtf8(source)).toUtf8();
+    htmlParseChunk(parser.get(), meant.constData(), int(meant.size()), 1);
     return content;
 }
 
