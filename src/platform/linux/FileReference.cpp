@@ -1,6 +1,7 @@
 #include "FileReference.h"
 
 #include <QCborMap>
+#include <QCborStreamWriter>
 #include <QCborValue>
 
 #include <sys/stat.h>
@@ -54,19 +55,32 @@ inline constexpr qsizetype longestReference = 65'536;
 
 } // namespace
 
+// Written as a stream, which is several times as fast as a map in memory: thousands of files are added at once.
 QByteArray FileReference::encode() const
 {
-    QCborMap map;
-    map[QLatin1String("version")] = formatVersion;
-    map[QLatin1String("path")] = path;
-    map[QLatin1String("inode")] = asSigned(identity.inode);
-    map[QLatin1String("kind")] = qint64(identity.kind);
-    map[QLatin1String("birth")] = identity.birthTime ? QCborValue(*identity.birthTime) : QCborValue(nullptr);
-    map[QLatin1String("size")] = asSigned(identity.size);
-    map[QLatin1String("modified")] = identity.modificationTime;
-    map[QLatin1String("handleType")] = qint64(identity.handleType);
-    map[QLatin1String("handle")] = identity.handle;
-    return QCborValue(map).toCbor();
+    constexpr quint64 fieldCount = 9;
+    QByteArray bytes;
+    QCborStreamWriter writer(&bytes);
+    const auto write = [&writer](QLatin1String key, const auto& value) {
+        writer.append(key);
+        writer.append(value);
+    };
+    writer.startMap(fieldCount);
+    write(QLatin1String("version"), formatVersion);
+    write(QLatin1String("path"), path);
+    write(QLatin1String("inode"), asSigned(identity.inode));
+    write(QLatin1String("kind"), qint64(identity.kind));
+    writer.append(QLatin1String("birth"));
+    if (identity.birthTime)
+        writer.append(*identity.birthTime);
+    else
+        writer.append(nullptr);
+    write(QLatin1String("size"), asSigned(identity.size));
+    write(QLatin1String("modified"), identity.modificationTime);
+    write(QLatin1String("handleType"), qint64(identity.handleType));
+    write(QLatin1String("handle"), identity.handle);
+    writer.endMap();
+    return bytes;
 }
 
 std::optional<FileReference> FileReference::decode(const QByteArray& bytes)
