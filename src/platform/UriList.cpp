@@ -39,7 +39,8 @@ namespace {
 /// A file's address may name the machine that it is on; this one needs no name.
 [[nodiscard]] QByteArray withoutOwnHost(const QByteArray& address)
 {
-    const QByteArray own = "file://" + QSysInfo::machineHostName().toUtf8() + '/';
+    // Asking for it takes longer than all the rest.
+    static const QByteArray own = "file://" + QSysInfo::machineHostName().toUtf8() + '/';
     return address.startsWith(own) ? "file:///" + address.mid(own.size()) : address;
 }
 
