@@ -25,6 +25,7 @@ private Q_SLOTS:
     void aSecondFailureAfterASuccessIsReportedAgain();
     void damagedFilesReadAsAbsent_data();
     void damagedFilesReadAsAbsent();
+    void aPipeIsNotWaitedFor();
 
 private:
     [[nodiscard]] static QByteArray contents(const QString& path);
@@ -204,6 +205,19 @@ void SettingsUserDefaultsTest::damagedFilesReadAsAbsent()
     QVERIFY(contents(path).contains("number=5\n"));
     QCOMPARE(SettingsUserDefaults(path).integer(QStringLiteral("number")), 5);
     QCOMPARE(log.lines(), QStringList());
+}
+
+void SettingsUserDefaultsTest::aPipeIsNotWaitedFor()
+{
+    const TemporaryFolder folder;
+    const QByteArray pipe = folder.path("Nookle.conf");
+    QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
+    const CapturedLog log;
+    SettingsUserDefaults defaults(QFile::decodeName(pipe));
+    QCOMPARE(defaults.boolean(QStringLiteral("flag")), false);
+    defaults.set(true, QStringLiteral("flag"));
+    QCOMPARE(defaults.boolean(QStringLiteral("flag")), true);
+    QCOMPARE(log.lines().size(), 1);
 }
 
 QTEST_GUILESS_MAIN(SettingsUserDefaultsTest)

@@ -2,7 +2,10 @@
 
 #include "Log.h"
 
+#include <QFile>
 #include <QStandardPaths>
+
+#include <sys/stat.h>
 
 namespace nookle {
 
@@ -32,6 +35,15 @@ namespace {
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
+/// Reading a pipe would wait for its other end. Below one there is no file, which can be neither read nor written.
+[[nodiscard]] QString withoutWaiting(const QString& path)
+{
+    struct stat status {};
+    const bool isFound = ::stat(QFile::encodeName(path).constData(), &status) == 0;
+    const bool isSpecial = isFound && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode);
+    return isSpecial ? path + QStringLiteral("/none") : path;
+}
+
 [[nodiscard]] QString description(QSettings::Status status)
 {
     return status == QSettings::FormatError ? QStringLiteral("the file is malformed")
@@ -42,7 +54,7 @@ namespace {
 
 SettingsUserDefaults::SettingsUserDefaults(const QString& path)
     : m_path(path)
-    , m_settings(path, QSettings::IniFormat)
+    , m_settings(withoutWaiting(path), QSettings::IniFormat)
 {
 }
 
@@ -87,7 +99,7 @@ std::optional<QString> SettingsUserDefaults::string(const QString& domain, const
 void SettingsUserDefaults::write(const QString& key, const QVariant& value)
 {
     // A second object on the same file, because the first failure would stick to the other one for good.
-    QSettings writer(m_path, QSettings::IniFormat);
+    QSettings writer(withoutWaiting(m_path), QSettings::IniFormat);
     writer.setValue(key, value);
     writer.sync();
     report(writer.status());

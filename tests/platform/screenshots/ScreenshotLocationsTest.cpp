@@ -25,6 +25,7 @@ private Q_SLOTS:
     void xfcesToolSaysItsFolder();
     void theToolOfAnotherDesktopIsNotAsked();
     void flameshotIsAskedOnEveryDesktop();
+    void aPipeIsNotWaitedFor();
     void theEnvironmentIsAskedToo();
     void gnomeWithoutItsSettingsIsNoTrouble();
     void theUsersOwnFolderComesFirst();
@@ -116,6 +117,16 @@ void ScreenshotLocationsTest::flameshotIsAskedOnEveryDesktop()
 {
     writeSettings("flameshot/flameshot.ini", "[General]\nsavePath=/home/me/flame shots\n");
     QCOMPARE(screenshotLocations(m_environment).first(), QByteArray("/home/me/flame shots"));
+}
+
+void ScreenshotLocationsTest::aPipeIsNotWaitedFor()
+{
+    m_folder->makeFolder("flameshot");
+    m_folder->makeFolder("xfce4");
+    for (const char* name : { "flameshot/flameshot.ini", "spectaclerc", "xfce4/xfce4-screenshooter" })
+        QCOMPARE(::mkfifo(m_folder->path(name).constData(), 0600), 0);
+    m_environment.desktops = QStringList{ QStringLiteral("KDE"), QStringLiteral("XFCE") };
+    QVERIFY(screenshotLocations(m_environment).first().startsWith("/home/me/Pictures"));
 }
 
 void ScreenshotLocationsTest::theEnvironmentIsAskedToo()

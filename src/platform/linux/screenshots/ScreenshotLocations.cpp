@@ -2,6 +2,7 @@
 
 #include "FileUrl.h"
 #include "KeyValueFile.h"
+#include "RegularFile.h"
 
 #include <QDir>
 #include <QFile>
@@ -63,7 +64,11 @@ struct Release {
 
 [[nodiscard]] QByteArray flameshotFolder(const QByteArray& configFolder)
 {
-    const QSettings settings(QFile::decodeName(configFolder + "/flameshot/flameshot.ini"), QSettings::IniFormat);
+    const QByteArray path = configFolder + "/flameshot/flameshot.ini";
+    // The reader would wait for the other end of a pipe.
+    if (!RegularFile::open(path, RegularFile::Links::follow))
+        return {};
+    const QSettings settings(QFile::decodeName(path), QSettings::IniFormat);
     return QFile::encodeName(settings.value(QStringLiteral("savePath")).toString());
 }
 
