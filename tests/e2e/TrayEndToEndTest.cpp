@@ -4,6 +4,7 @@
 #include "TrayServer.h"
 #include "Waiting.h"
 
+#include <QDBusVariant>
 #include <QPainter>
 #include <QtTest>
 
@@ -75,6 +76,15 @@ const QByteArray panelSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 } // namespace
 
+/// Tells programs that the desktop prefers dark windows.
+class Preferences final : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
+
+public:
+    Q_SLOT QDBusVariant Read(const QString& /*group*/, const QString& /*key*/) { return QDBusVariant(1U); }
+};
+
 class TrayEndToEndTest : public QObject {
     Q_OBJECT
 
@@ -83,6 +93,7 @@ private Q_SLOTS:
     void cleanup();
 
     void theIconAndItsMenuReachATrayThatDrawsThem();
+    void theIconIsTintedAnewWhenTheDesktopTurnsDark();
     void eachEntryOfTheMenuWorks();
     void aShelfThatWasPinnedIsShownAtTheStartAndStays();
     void theMarkIsRightWheneverTheTrayLooks();
@@ -187,6 +198,29 @@ void TrayEndToEndTest::theIconAndItsMenuReachATrayThatDrawsThem()
     QCOMPARE(labels,
              (QStringList{ QStringLiteral("Show Shelf"), QStringLiteral("Keep Shelf Open"), QStringLiteral("-"),
                            QStringLiteral("Settings…"), QStringLiteral("-"), QStringLiteral("Quit Nookle") }));
+}
+
+void TrayEndToEndTest::theIconIsTintedAnewWhenTheDesktopTurnsDark()
+{
+    QVERIFY(startTray());
+    QVERIFY(m_shelf->start());
+    QVERIFY(waitFor([this] { return !m_tray->items().isEmpty(); }));
+    const auto lightness = [this] {
+        const QList<QImage> icons = m_tray->icons();
+        // On the outline, at the bottom of the tray.
+        const QImage largest = icons.isEmpty() ? QImage() : icons.last();
+        return largest.isNull() ? -1 : largest.pixelColor(largest.width() / 2, largest.height() * 16 / 18).lightness();
+    };
+    QVERIFY(lightness() < 80);
+    const QString name = QStringLiteral("preferences");
+    Preferences preferences;
+    QDBusConnection bus =
+        QDBusConnection::connectToBus(m_desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")), name);
+    QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), &preferences,
+                               QDBusConnection::ExportAllSlots));
+    QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    QVERIFY(waitFor([&] { return lightness() > 200; }));
+    QDBusConnection::disconnectFromBus(name);
 }
 
 void TrayEndToEndTest::eachEntryOfTheMenuWorks()

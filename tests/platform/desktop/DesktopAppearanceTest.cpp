@@ -42,6 +42,7 @@ private Q_SLOTS:
     void aDesktopThatPrefersDarkGetsDarkColours();
     void aDesktopWithoutAPreferenceLeavesThemAlone();
     void aChangeIsFollowed();
+    void aServiceThatStartsLaterIsAsked();
     void otherSettingsChangeNothing();
     void coloursThatAreDarkAlreadyAreLeftAlone();
     void withoutTheServiceNothingChanges();
@@ -140,6 +141,14 @@ void DesktopAppearanceTest::aChangeIsFollowed()
     change(2);
     QTRY_VERIFY(!isDark());
     QCOMPARE(QGuiApplication::palette().color(QPalette::Window), m_light.color(QPalette::Window));
+}
+
+void DesktopAppearanceTest::aServiceThatStartsLaterIsAsked()
+{
+    const DesktopAppearance appearance;
+    settle();
+    startService(1);
+    QTRY_VERIFY(isDark());
 }
 
 void DesktopAppearanceTest::otherSettingsChangeNothing()

@@ -4,6 +4,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QGuiApplication>
 
@@ -65,10 +66,18 @@ void DesktopAppearance::follow()
     QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(service, path, settingsInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
+    // At login this program may be up before the service is.
+    auto* starts = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
+    connect(starts, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::askForPreference);
+    askForPreference();
+}
+
+void DesktopAppearance::askForPreference()
+{
     QDBusMessage read = QDBusMessage::createMethodCall(service, path, settingsInterface, QStringLiteral("Read"));
     read << appearanceGroup << colorSchemeKey;
     read.setAutoStartService(false);
-    auto* watcher = new QDBusPendingCallWatcher(bus.asyncCall(read), this);
+    auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(read), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, &DesktopAppearance::readAnswer);
 }
 

@@ -23,6 +23,7 @@ private Q_SLOTS:
 
 private:
     void follow();
+    void askForPreference();
     void readAnswer(QDBusPendingCallWatcher* watcher);
     void setPreference(const QVariant& value);
 
