@@ -53,6 +53,8 @@ private Q_SLOTS:
     void aCallWithNeitherTellsTheCallerAndTheUser();
     void aFileManagerOpensFilesWithTheShelf();
     void theDesktopsActionAddsWhatIsSelectedInAnotherProgram();
+    void theScriptForFileManagersAddsWhatIsSelected_data();
+    void theScriptForFileManagersAddsWhatIsSelected();
     void theFirstStartTakesFiles();
     void aSecondStartTakesFilesOfAnyName();
     void anArgumentThatIsNothingIsSaid();
@@ -178,6 +180,26 @@ void ServicesEndToEndTest::theDesktopsActionAddsWhatIsSelectedInAnotherProgram()
     const auto action = m_desktop->start(command.first(), command.mid(1));
     QCOMPARE(action->waitForExit(), 0);
     QVERIFY(waitFor([this] { return savedText().startsWith(QLatin1String("Some words that a user")); }));
+}
+
+void ServicesEndToEndTest::theScriptForFileManagersAddsWhatIsSelected_data()
+{
+    QTest::addColumn<QString>("variable");
+    QTest::newRow("GNOME") << QStringLiteral("NAUTILUS_SCRIPT_SELECTED_URIS");
+    QTest::newRow("MATE") << QStringLiteral("CAJA_SCRIPT_SELECTED_URIS");
+}
+
+void ServicesEndToEndTest::theScriptForFileManagersAddsWhatIsSelected()
+{
+    QFETCH(const QString, variable);
+    const QString name = QStringLiteral("it's $(touch x) * 50%");
+    m_desktop->writeFile(QString(QStringLiteral("files/") + name), "words");
+    QVERIFY(m_shelf->start());
+    const QStringList uris{ uri(QStringLiteral("two words")), uri(name) };
+    m_desktop->setVariable(variable, QString(uris.join(QLatin1Char('\n')) + QLatin1Char('\n')));
+    const auto script = m_desktop->start(m_prefix.filePath(QStringLiteral("share/nookle/scripts/Add to Shelf")));
+    QCOMPARE(script->waitForExit(), 0);
+    QVERIFY(shelfHas({ QStringLiteral("two words"), name }));
 }
 
 void ServicesEndToEndTest::theFirstStartTakesFiles()
