@@ -1,5 +1,6 @@
 #include "FileUrl.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace nookle {
@@ -10,29 +11,14 @@ namespace {
 /// resolving.
 [[nodiscard]] bool isNormal(const QByteArray& path)
 {
-    return !path.contains("//") && !path.contains("/.") && (path.size() == 1 || !path.endsWith('/'));
+    const auto needsResolving = [](char sign, char next) { return sign == '/' && (next == '/' || next == '.'); };
+    return std::adjacent_find(path.cbegin(), path.cend(), needsResolving) == path.cend()
+        && (path.size() == 1 || !path.endsWith('/'));
 }
 
-} // namespace
-
-QUrl fileUrl(const QByteArray& path)
+[[nodiscard]] QByteArray normalized(const QByteArray& path)
 {
-    return QUrl::fromEncoded("file://" + path.toPercentEncoding("/"), QUrl::StrictMode);
-}
-
-QByteArray filePath(const QUrl& url)
-{
-    const bool isHere = url.host().isEmpty() || url.host() == QLatin1String("localhost");
-    if (!url.isLocalFile() || !isHere)
-        return {};
-    const QByteArray path = QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1());
-    return path.startsWith('/') && !path.contains('\0') ? path : QByteArray();
-}
-
-QByteArray standardizedPath(const QUrl& url)
-{
-    const QByteArray path = filePath(url);
-    if (path.isEmpty() || isNormal(path))
+    if (isNormal(path))
         return path;
     std::string normal = std::filesystem::path(path.toStdString()).lexically_normal().string();
     if (normal.size() > 1 && normal.back() == '/')
@@ -40,16 +26,61 @@ QByteArray standardizedPath(const QUrl& url)
     return QByteArray::fromStdString(normal);
 }
 
+/// Whether `fileUrl` would give the same URL for its path.
+[[nodiscard]] bool isPlain(const QUrl& url)
+{
+    return url.authority().isEmpty() && !url.hasQuery() && !url.hasFragment()
+        && !url.path(QUrl::PrettyDecoded).contains(QLatin1Char('%'));
+}
+
+} // namespace
+
+QUrl fileUrl(const QByteArray& path)
+{
+    // Text needs no encoding and decoding on its way. Two slashes would be taken for a host.
+    if (path.isValidUtf8() && !path.startsWith("//")) {
+        QUrl url;
+        url.setScheme(QStringLiteral("file"));
+        url.setPath(QString::fromUtf8(path), QUrl::DecodedMode);
+        return url;
+    }
+    return QUrl::fromEncoded("file://" + path.toPercentEncoding("/"), QUrl::StrictMode);
+}
+
+QByteArray filePath(const QUrl& url)
+{
+    const QString host = url.host();
+    const bool isHere = host.isEmpty() || host == QLatin1String("localhost");
+    if (!url.isLocalFile() || !isHere)
+        return {};
+    const QString text = url.path(QUrl::PrettyDecoded);
+    const QByteArray path = text.contains(QLatin1Char('%'))
+        ? QByteArray::fromPercentEncoding(url.path(QUrl::FullyEncoded).toLatin1())
+        : text.toUtf8();
+    return path.startsWith('/') && !path.contains('\0') ? path : QByteArray();
+}
+
+QByteArray standardizedPath(const QUrl& url)
+{
+    const QByteArray path = filePath(url);
+    return path.isEmpty() ? path : normalized(path);
+}
+
 QUrl standardized(const QUrl& url)
 {
-    const QByteArray path = standardizedPath(url);
-    return path.isEmpty() ? url : fileUrl(path);
+    const QByteArray path = filePath(url);
+    const bool isStandard = path.isEmpty() || (isNormal(path) && isPlain(url));
+    return isStandard ? url : fileUrl(normalized(path));
 }
 
 QString lastPathComponent(const QUrl& url)
 {
-    const QByteArray path = standardizedPath(url);
-    return QString::fromUtf8(path.mid(path.lastIndexOf('/') + 1));
+    return lastPathComponent(standardizedPath(url));
+}
+
+QString lastPathComponent(const QByteArray& path)
+{
+    return QString::fromUtf8(QByteArrayView(path).sliced(path.lastIndexOf('/') + 1));
 }
 
 QUrl child(const QUrl& folder, const QString& name)

@@ -25,6 +25,9 @@ namespace nookle {
 /// The last component of the path, for showing it: bytes that are not UTF-8 are replaced.
 [[nodiscard]] QString lastPathComponent(const QUrl& fileUrl);
 
+/// The same of a standardised path.
+[[nodiscard]] QString lastPathComponent(const QByteArray& standardizedPath);
+
 /// The URL of `name` inside `folder`.
 [[nodiscard]] QUrl child(const QUrl& folder, const QString& name);
 

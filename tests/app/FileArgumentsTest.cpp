@@ -1,5 +1,6 @@
 #include "FileArguments.h"
 
+#include "FileUrl.h"
 #include "TemporaryFolder.h"
 
 #include <QtTest>
@@ -76,8 +77,7 @@ void FileArgumentsTest::aFileThatLooksLikeAnAddressIsAFile()
 {
     m_folder.makeFile("file:a");
     const auto result = FileArguments::parse({ "file:a" }, m_folder.path());
-    QVERIFY(result.uris.value(0).endsWith(QLatin1String("/file%3Aa")));
-    QVERIFY(result.uris.value(0).startsWith(QLatin1String("file:///")));
+    QCOMPARE(filePath(QUrl(result.uris.value(0))), m_folder.path("file:a"));
 }
 
 void FileArgumentsTest::whatIsNothingIsSaid()
@@ -90,9 +90,8 @@ void FileArgumentsTest::whatIsNothingIsSaid()
 void FileArgumentsTest::dotsInAPathAreResolved()
 {
     const QByteArray path = m_folder.makeFile("dotted");
-    const auto result = FileArguments::parse({ "./../" + m_folder.path().mid(m_folder.path().lastIndexOf('/') + 1)
-                                               + "/dotted" },
-                                             m_folder.path());
+    const auto result = FileArguments::parse(
+        { "./../" + m_folder.path().mid(m_folder.path().lastIndexOf('/') + 1) + "/dotted" }, m_folder.path());
     QCOMPARE(result.uris, QStringList{ QString(QStringLiteral("file://") + QString::fromUtf8(path)) });
 }
 

@@ -17,6 +17,8 @@ private Q_SLOTS:
     void thisComputerMayBeNamed();
     void standardizedUrlsHaveNoDetours_data();
     void standardizedUrlsHaveNoDetours();
+    void oneFileHasOneStandardizedUrl_data();
+    void oneFileHasOneStandardizedUrl();
     void standardizingLeavesOtherUrlsAlone();
     void theLastComponentIsShownAsText_data();
     void theLastComponentIsShownAsText();
@@ -101,6 +103,26 @@ void FileUrlTest::standardizedUrlsHaveNoDetours()
     QFETCH(QByteArray, path);
     QFETCH(QByteArray, standard);
     QCOMPARE(filePath(standardized(fileUrl(path))), standard);
+}
+
+void FileUrlTest::oneFileHasOneStandardizedUrl_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("plain") << QByteArray("file:///a/b!c");
+    QTest::newRow("localhost") << QByteArray("file://localhost/a/b!c");
+    QTest::newRow("no authority") << QByteArray("file:/a/b!c");
+    QTest::newRow("encoded") << QByteArray("file:///%61/b%21c");
+    QTest::newRow("detour") << QByteArray("file:///a/./b!c/");
+    QTest::newRow("query") << QByteArray("file:///a/b!c?d");
+    QTest::newRow("fragment") << QByteArray("file:///a/b!c#d");
+    QTest::newRow("other case") << QByteArray("FILE:///a/b!c");
+}
+
+void FileUrlTest::oneFileHasOneStandardizedUrl()
+{
+    QFETCH(QByteArray, text);
+    QCOMPARE(standardized(QUrl::fromEncoded(text)), fileUrl("/a/b!c"));
+    QCOMPARE(standardized(QUrl::fromEncoded(text)).toEncoded(), fileUrl("/a/b!c").toEncoded());
 }
 
 void FileUrlTest::standardizingLeavesOtherUrlsAlone()
