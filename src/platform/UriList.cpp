@@ -22,13 +22,20 @@ namespace {
     return colon > 0 && std::all_of(address.begin(), address.begin() + colon, isSchemeCharacter);
 }
 
+[[nodiscard]] bool needsNoEncoding(char each)
+{
+    return each > ' ' && each < '\x7f';
+}
+
 /// Not every source encodes what is not ASCII, and a file name need not be text at all.
 [[nodiscard]] QByteArray encoded(const QByteArray& address)
 {
+    if (std::all_of(address.begin(), address.end(), needsNoEncoding))
+        return address;
     QByteArray result;
     result.reserve(address.size());
     for (const char each : address) {
-        if (each > ' ' && each < '\x7f')
+        if (needsNoEncoding(each))
             result += each;
         else
             result += '%' + QByteArray(1, each).toHex().toUpper();
