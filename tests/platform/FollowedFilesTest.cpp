@@ -41,6 +41,9 @@ private Q_SLOTS:
     void cleanup();
     void aMovedFileIsKnown();
     void aFileThatIsNotFollowedIsUnknown();
+    void aFileInItsPlaceIsKnownToBeThere();
+    void anotherFileInThePlaceIsNotMistaken();
+    void aLinkIsNotKnownToBeInPlace();
     void aNameThatLooksDeletedIsKnown();
     void anotherFileWithTheDeletedFilesLastNameIsNotMistaken();
     void theDescriptorOfADeletedFileIsClosed();
@@ -57,7 +60,10 @@ private Q_SLOTS:
     void withoutAWatchNothingIsFollowed();
 
 private:
-    void follow(const QByteArray& reference, const QByteArray& path) { m_files->follow(reference, openInPlace(path)); }
+    void follow(const QByteArray& reference, const QByteArray& path)
+    {
+        m_files->follow(reference, path, openInPlace(path));
+    }
     [[nodiscard]] int followed() const { return descriptorsBelow(m_home->path()); }
 
     std::unique_ptr<TemporaryFolder> m_home;
@@ -94,6 +100,35 @@ void FollowedFilesTest::aFileThatIsNotFollowedIsUnknown()
     QCOMPARE(m_files->path("reference"), std::nullopt);
     follow("reference", m_home->path("absent"));
     QCOMPARE(m_files->path("reference"), std::nullopt);
+}
+
+void FollowedFilesTest::aFileInItsPlaceIsKnownToBeThere()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
+    follow("reference", path);
+    QCOMPARE(m_files->pathInPlace("reference"), path);
+    moveFile(path, m_home->path("two/file"));
+    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
+    moveFile(m_home->path("two/file"), path);
+    QCOMPARE(m_files->pathInPlace("reference"), path);
+}
+
+void FollowedFilesTest::anotherFileInThePlaceIsNotMistaken()
+{
+    const QByteArray path = m_home->makeFile("one/file");
+    follow("reference", path);
+    moveFile(path, m_home->path("two/file"));
+    m_home->makeFile("one/file");
+    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
+}
+
+void FollowedFilesTest::aLinkIsNotKnownToBeInPlace()
+{
+    makeLink(m_home->makeFile("one/file"), m_home->path("one/link"));
+    follow("reference", m_home->path("one/link"));
+    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference"), m_home->path("one/link"));
 }
 
 void FollowedFilesTest::aNameThatLooksDeletedIsKnown()
@@ -142,9 +177,10 @@ void FollowedFilesTest::theDescriptorOfADeletedFolderIsClosedWhenItIsAskedFor()
 
 void FollowedFilesTest::aFileDeletedBeforehandIsNotFollowed()
 {
-    FileDescriptor descriptor = openInPlace(m_home->makeFile("one/file"));
-    deleteFile(m_home->path("one/file"));
-    m_files->follow("reference", std::move(descriptor));
+    const QByteArray path = m_home->makeFile("one/file");
+    FileDescriptor descriptor = openInPlace(path);
+    deleteFile(path);
+    m_files->follow("reference", path, std::move(descriptor));
     QCOMPARE(followed(), 0);
 }
 
@@ -210,6 +246,7 @@ void FollowedFilesTest::manyDeletionsAreAllNoticed()
 void FollowedFilesTest::halfOfTheDescriptorsAreLeftFree()
 {
     const DescriptorLimit limit(100);
+    m_files = std::make_unique<FollowedFiles>(m_home->path());
     for (int number = 0; number < 80; ++number)
         follow(QByteArray::number(number), m_home->makeFile("one/" + QByteArray::number(number)));
     QCOMPARE(followed(), 50);
@@ -245,7 +282,8 @@ void FollowedFilesTest::withoutAWatchNothingIsFollowed()
         const DescriptorLimit limit(1);
         blind = std::make_unique<FollowedFiles>(m_home->path());
     }
-    blind->follow("reference", openInPlace(m_home->makeFile("one/file")));
+    const QByteArray path = m_home->makeFile("one/file");
+    blind->follow("reference", path, openInPlace(path));
     QCOMPARE(followed(), 0);
     QCOMPARE(blind->path("reference"), std::nullopt);
 }

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void aFileSavedThroughARenameIsFoundAndStale();
     void aDetourInTheUrlIsStraightened();
     void whatIsNotThereCannotBeReferredTo();
+    void manyFilesAreReferredToInTheirOrder();
     void foreignBytesResolveToNothing();
     void anyNameIsKept_data();
     void anyNameIsKept();
@@ -130,6 +131,25 @@ void LinuxFileReferencesTest::whatIsNotThereCannotBeReferredTo()
     QVERIFY(!m_references->make(fileUrl(m_home->path("absent"))));
     QVERIFY(!m_references->make(QUrl(QStringLiteral("https://example.org/"))));
     QVERIFY(!m_references->make(QUrl()));
+}
+
+void LinuxFileReferencesTest::manyFilesAreReferredToInTheirOrder()
+{
+    constexpr int count = 3000;
+    QList<QUrl> urls;
+    for (int number = 0; number < count; ++number) {
+        const QByteArray name = "one/" + QByteArray::number(number);
+        urls.append(fileUrl(number % 3 == 0 ? m_home->path(name) : m_home->makeFile(name)));
+    }
+    const QList<std::optional<QByteArray>> references = m_references->makeAll(urls);
+    QCOMPARE(references.size(), count);
+    for (int number = 0; number < count; ++number) {
+        const auto& reference = references.at(number);
+        QCOMPARE(reference.has_value(), number % 3 != 0);
+        if (reference)
+            QCOMPARE(FileReference::decode(*reference)->path, filePath(urls.at(number)));
+    }
+    QCOMPARE(resolve(*references.at(1)), inPlace(filePath(urls.at(1))));
 }
 
 void LinuxFileReferencesTest::foreignBytesResolveToNothing()

@@ -19,6 +19,22 @@ namespace {
     return static_cast<qint64>(static_cast<quint64>(time.tv_sec) * 1'000'000'000U + time.tv_nsec);
 }
 
+[[nodiscard]] std::optional<FileIdentity> statusOf(int folder, const char* path, int flags)
+{
+    struct statx status {};
+    const unsigned wanted = STATX_TYPE | STATX_INO | STATX_SIZE | STATX_MTIME | STATX_BTIME;
+    if (::statx(folder, path, flags | AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &status) != 0)
+        return std::nullopt;
+    FileIdentity identity;
+    identity.inode = status.stx_ino;
+    identity.kind = status.stx_mode & S_IFMT;
+    if ((status.stx_mask & STATX_BTIME) != 0)
+        identity.birthTime = nanoseconds(status.stx_btime);
+    identity.size = status.stx_size;
+    identity.modificationTime = nanoseconds(status.stx_mtime);
+    return identity;
+}
+
 [[nodiscard]] bool hasLastingHandles(const FileDescriptor& descriptor)
 {
     struct statfs fileSystem {};
@@ -49,26 +65,20 @@ FileDescriptor openInPlace(const QByteArray& path)
 
 std::optional<FileIdentity> FileIdentity::of(const FileDescriptor& descriptor)
 {
-    struct statx status {};
-    const unsigned wanted = STATX_TYPE | STATX_INO | STATX_SIZE | STATX_MTIME | STATX_BTIME;
-    const int flags = AT_EMPTY_PATH | AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT;
-    if (!descriptor.isOpen() || ::statx(descriptor.get(), "", flags, wanted, &status) != 0)
-        return std::nullopt;
-
-    FileIdentity identity;
-    identity.inode = status.stx_ino;
-    identity.kind = status.stx_mode & S_IFMT;
-    if ((status.stx_mask & STATX_BTIME) != 0)
-        identity.birthTime = nanoseconds(status.stx_btime);
-    identity.size = status.stx_size;
-    identity.modificationTime = nanoseconds(status.stx_mtime);
-    addHandle(identity, descriptor);
+    auto identity = descriptor.isOpen() ? statusOf(descriptor.get(), "", AT_EMPTY_PATH) : std::nullopt;
+    if (identity)
+        addHandle(*identity, descriptor);
     return identity;
 }
 
 std::optional<FileIdentity> FileIdentity::of(const QByteArray& path)
 {
     return of(openInPlace(path));
+}
+
+std::optional<FileIdentity> FileIdentity::withoutHandle(const QByteArray& path)
+{
+    return statusOf(AT_FDCWD, path.constData(), 0);
 }
 
 bool FileIdentity::matches(const FileIdentity& other) const

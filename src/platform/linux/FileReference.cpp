@@ -1,11 +1,16 @@
 #include "FileReference.h"
 
 #include <QCborMap>
-#include <QCborStreamWriter>
 #include <QCborValue>
+
+#include <cbor.h>
 
 #include <sys/stat.h>
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 
 namespace nookle {
@@ -22,6 +27,56 @@ inline constexpr qsizetype longestReference = 65'536;
 {
     return static_cast<qint64>(number);
 }
+
+/// Writes a map into memory at once. Thousands of references are made at once, and Qt's writers, which serve any
+/// device, take several times as long.
+class CborWriter {
+public:
+    explicit CborWriter(qsizetype expectedSize) { m_bytes.reserve(expectedSize); }
+
+    void beginMap(std::size_t fields) { head(cbor_encode_map_start, fields); }
+
+    void field(const char* key, qint64 number)
+    {
+        this->key(key);
+        if (number >= 0)
+            head(cbor_encode_uint, static_cast<std::uint64_t>(number));
+        else
+            head(cbor_encode_negint, static_cast<std::uint64_t>(-1 - number));
+    }
+
+    void field(const char* key, const QByteArray& bytes)
+    {
+        this->key(key);
+        head(cbor_encode_bytestring_start, static_cast<std::size_t>(bytes.size()));
+        m_bytes += bytes;
+    }
+
+    void field(const char* key, std::nullptr_t)
+    {
+        this->key(key);
+        head(cbor_encode_null);
+    }
+
+    [[nodiscard]] const QByteArray& bytes() const { return m_bytes; }
+
+private:
+    void key(const char* key)
+    {
+        head(cbor_encode_string_start, std::strlen(key));
+        m_bytes += key;
+    }
+
+    template <typename Encode, typename... Value> void head(Encode encode, Value... value)
+    {
+        constexpr std::size_t longestHead = 9;
+        std::array<unsigned char, longestHead> buffer{};
+        const std::size_t size = encode(value..., buffer.data(), buffer.size());
+        m_bytes.append(reinterpret_cast<const char*>(buffer.data()), static_cast<qsizetype>(size));
+    }
+
+    QByteArray m_bytes;
+};
 
 [[nodiscard]] std::optional<FileIdentity> decodedIdentity(const QCborMap& map)
 {
@@ -55,32 +110,25 @@ inline constexpr qsizetype longestReference = 65'536;
 
 } // namespace
 
-// Written as a stream, which is several times as fast as a map in memory: thousands of files are added at once.
 QByteArray FileReference::encode() const
 {
-    constexpr quint64 fieldCount = 9;
-    QByteArray bytes;
-    QCborStreamWriter writer(&bytes);
-    const auto write = [&writer](QLatin1String key, const auto& value) {
-        writer.append(key);
-        writer.append(value);
-    };
-    writer.startMap(fieldCount);
-    write(QLatin1String("version"), formatVersion);
-    write(QLatin1String("path"), path);
-    write(QLatin1String("inode"), asSigned(identity.inode));
-    write(QLatin1String("kind"), qint64(identity.kind));
-    writer.append(QLatin1String("birth"));
+    constexpr std::size_t fieldCount = 9;
+    constexpr qsizetype sizeOfTheRest = 256;
+    CborWriter writer(path.size() + sizeOfTheRest);
+    writer.beginMap(fieldCount);
+    writer.field("version", formatVersion);
+    writer.field("path", path);
+    writer.field("inode", asSigned(identity.inode));
+    writer.field("kind", qint64(identity.kind));
     if (identity.birthTime)
-        writer.append(*identity.birthTime);
+        writer.field("birth", *identity.birthTime);
     else
-        writer.append(nullptr);
-    write(QLatin1String("size"), asSigned(identity.size));
-    write(QLatin1String("modified"), identity.modificationTime);
-    write(QLatin1String("handleType"), qint64(identity.handleType));
-    write(QLatin1String("handle"), identity.handle);
-    writer.endMap();
-    return bytes;
+        writer.field("birth", nullptr);
+    writer.field("size", asSigned(identity.size));
+    writer.field("modified", identity.modificationTime);
+    writer.field("handleType", qint64(identity.handleType));
+    writer.field("handle", identity.handle);
+    return writer.bytes();
 }
 
 std::optional<FileReference> FileReference::decode(const QByteArray& bytes)

@@ -57,7 +57,8 @@ namespace {
 } // namespace
 
 FollowedFiles::FollowedFiles(const QByteArray& home)
-    : m_inotify(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    : m_mostFiles(mostDescriptors())
+    , m_inotify(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
 {
     struct stat status {};
     if (::stat(home.constData(), &status) == 0)
@@ -70,26 +71,34 @@ FollowedFiles::FollowedFiles(const QByteArray& home)
 
 FollowedFiles::~FollowedFiles() = default;
 
-bool FollowedFiles::canFollow(const FileDescriptor& descriptor) const
+void FollowedFiles::follow(const QByteArray& reference, const QByteArray& path, FileDescriptor descriptor)
 {
+    if (room() == 0 || m_files.contains(reference))
+        return;
     struct stat status {};
-    return m_inotify.isOpen() && m_files.size() < mostDescriptors() && ::fstat(descriptor.get(), &status) == 0
-        && status.st_dev == m_device;
-}
-
-void FollowedFiles::follow(const QByteArray& reference, FileDescriptor descriptor)
-{
-    if (m_files.contains(reference) || !canFollow(descriptor))
+    if (::fstat(descriptor.get(), &status) != 0 || status.st_dev != m_device)
         return;
     // Deleting takes a name away from the file, which changes its attributes.
     const int watch = ::inotify_add_watch(m_inotify.get(), linkOf(descriptor).constData(), IN_ATTRIB);
     if (watch < 0)
         return;
-    const auto file = m_files.emplace(reference, Followed{ std::move(descriptor), watch }).first;
+    const auto file = m_files.emplace(reference, Followed{ std::move(descriptor), watch, path, status.st_ino }).first;
     m_referencesByWatch.emplace(watch, reference);
     // It may have been deleted before the watch was there.
     if (isDeleted(file->second.descriptor))
         release(file);
+}
+
+std::optional<QByteArray> FollowedFiles::pathInPlace(const QByteArray& reference) const
+{
+    const auto file = m_files.find(reference);
+    if (file == m_files.end())
+        return std::nullopt;
+    struct stat found {};
+    const QByteArray& path = file->second.firstPath;
+    const bool isInPlace = ::lstat(path.constData(), &found) == 0 && found.st_dev == m_device
+        && found.st_ino == file->second.inode && !S_ISLNK(found.st_mode);
+    return isInPlace ? std::optional(path) : std::nullopt;
 }
 
 std::optional<QByteArray> FollowedFiles::path(const QByteArray& reference)

@@ -3,12 +3,14 @@
 #include "FileDescriptor.h"
 
 #include <QByteArray>
+#include <QHash>
 
 #include <sys/types.h>
 
-#include <map>
+#include <cstddef>
 #include <memory>
 #include <optional>
+#include <unordered_map>
 
 class QSocketNotifier;
 
@@ -26,8 +28,16 @@ public:
     FollowedFiles(const FollowedFiles&) = delete;
     FollowedFiles& operator=(const FollowedFiles&) = delete;
 
-    /// Follows the file that `descriptor` is open on under the name of `reference`, if that can be afforded.
-    void follow(const QByteArray& reference, FileDescriptor descriptor);
+    /// How many more files can be afforded.
+    [[nodiscard]] std::size_t room() const { return m_inotify.isOpen() ? m_mostFiles - m_files.size() : 0; }
+
+    /// Follows the file at `path`, which `descriptor` is open on, under the name of `reference`, if that can be
+    /// afforded.
+    void follow(const QByteArray& reference, const QByteArray& path, FileDescriptor descriptor);
+
+    /// Where the file was when its following began, if it is still there. Much quicker than `path`. None for links,
+    /// which may stand in their place and lead nowhere.
+    [[nodiscard]] std::optional<QByteArray> pathInPlace(const QByteArray& reference) const;
 
     /// Where the file is now; none when it is not followed or has no name any more.
     [[nodiscard]] std::optional<QByteArray> path(const QByteArray& reference);
@@ -38,21 +48,24 @@ private:
     struct Followed {
         FileDescriptor descriptor;
         int watch;
+        QByteArray firstPath;
+        /// Nobody else has its number while the descriptor is open.
+        ino_t inode;
     };
-    using Files = std::map<QByteArray, Followed>;
+    using Files = std::unordered_map<QByteArray, Followed>;
 
-    [[nodiscard]] bool canFollow(const FileDescriptor& descriptor) const;
     void readEvents();
     void releaseIfDeleted(int watch);
     void releaseAllDeleted();
     void release(Files::iterator file);
 
     std::optional<dev_t> m_device;
+    std::size_t m_mostFiles;
     FileDescriptor m_inotify;
     std::unique_ptr<QSocketNotifier> m_notifier;
     Files m_files;
     /// The references of each watch: those of one file share it.
-    std::multimap<int, QByteArray> m_referencesByWatch;
+    std::unordered_multimap<int, QByteArray> m_referencesByWatch;
 };
 
 } // namespace nookle

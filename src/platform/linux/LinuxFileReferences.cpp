@@ -7,7 +7,12 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
+#include <functional>
+#include <future>
+#include <thread>
 #include <utility>
+#include <vector>
 
 namespace nookle {
 
@@ -18,6 +23,58 @@ namespace {
 {
     struct stat status {};
     return ::stat(path.constData(), &status) == 0;
+}
+
+/// The same for a path whose identity has been asked for; one that could not be opened may be there all the same.
+[[nodiscard]] bool exists(const QByteArray& path, const std::optional<FileIdentity>& identity)
+{
+    const bool isNoLink = identity && identity->kind != S_IFLNK;
+    return isNoLink || exists(path);
+}
+
+/// Whether the file is certainly where it was. Tells little about links and where files have no time of birth, but
+/// needs nothing opened.
+[[nodiscard]] bool isInPlace(const FileReference& reference)
+{
+    const auto present = FileIdentity::withoutHandle(reference.path);
+    return present && present->birthTime && present->kind != S_IFLNK && present->matches(reference.identity);
+}
+
+struct NewReference {
+    QByteArray path;
+    FileDescriptor descriptor;
+    QByteArray bytes;
+};
+
+/// May be called on any thread.
+[[nodiscard]] std::optional<NewReference> newReference(const QUrl& url)
+{
+    const QByteArray path = standardizedPath(url);
+    if (path.isEmpty())
+        return std::nullopt;
+    FileDescriptor descriptor = openInPlace(path);
+    const auto identity = FileIdentity::of(descriptor);
+    if (!identity || !exists(path, identity))
+        return std::nullopt;
+    return NewReference{ path, std::move(descriptor), FileReference{ path, *identity }.encode() };
+}
+
+/// Does the work for each index below `count`, on several threads where that is worth it, and waits for its end.
+void inParallel(std::size_t count, const std::function<void(std::size_t index)>& work)
+{
+    constexpr std::size_t worthAThread = 1000;
+    const std::size_t processors = std::max(1U, std::thread::hardware_concurrency());
+    const std::size_t parts = std::clamp<std::size_t>(count / worthAThread, 1, processors);
+    const auto doPart = [&](std::size_t part) {
+        for (std::size_t index = part * count / parts; index < (part + 1) * count / parts; ++index)
+            work(index);
+    };
+    std::vector<std::future<void>> others;
+    for (std::size_t part = 1; part < parts; ++part)
+        others.push_back(std::async(doPart, part));
+    doPart(0);
+    for (const std::future<void>& other : others)
+        other.wait();
 }
 
 [[nodiscard]] std::optional<QByteArray> findInTrash(const FileReference& reference, const QByteArray& dataHome)
@@ -47,29 +104,43 @@ LinuxFileReferences::~LinuxFileReferences() = default;
 
 std::optional<QByteArray> LinuxFileReferences::make(const QUrl& url)
 {
-    const QByteArray path = standardizedPath(url);
-    if (path.isEmpty() || !exists(path))
-        return std::nullopt;
-    FileDescriptor descriptor = openInPlace(path);
-    const auto identity = FileIdentity::of(descriptor);
-    if (!identity)
-        return std::nullopt;
-    const QByteArray bytes = FileReference{ path, *identity }.encode();
-    m_followed.follow(bytes, std::move(descriptor));
-    return bytes;
+    return makeAll({ url }).constFirst();
+}
+
+QList<std::optional<QByteArray>> LinuxFileReferences::makeAll(const QList<QUrl>& urls)
+{
+    std::vector<std::optional<NewReference>> made(static_cast<std::size_t>(urls.size()));
+    inParallel(made.size(), [&, room = m_followed.room()](std::size_t index) {
+        made[index] = newReference(urls[static_cast<qsizetype>(index)]);
+        // Far more files can be added at once than descriptors may be open.
+        if (made[index] && index >= room)
+            made[index]->descriptor = FileDescriptor();
+    });
+    QList<std::optional<QByteArray>> references;
+    references.reserve(urls.size());
+    for (std::optional<NewReference>& each : made) {
+        if (each)
+            m_followed.follow(each->bytes, each->path, std::move(each->descriptor));
+        references.append(each ? std::optional(each->bytes) : std::nullopt);
+    }
+    return references;
 }
 
 std::optional<ResolvedFile> LinuxFileReferences::resolve(const QByteArray& reference)
 {
+    if (const auto path = m_followed.pathInPlace(reference))
+        return ResolvedFile{ fileUrl(*path), false };
     const auto decoded = FileReference::decode(reference);
     if (!decoded)
         return std::nullopt;
-    if (exists(decoded->path)) {
-        FileDescriptor descriptor = openInPlace(decoded->path);
-        const auto identity = FileIdentity::of(descriptor);
+    if (m_followed.room() == 0 && isInPlace(*decoded))
+        return ResolvedFile{ fileUrl(decoded->path), false };
+    FileDescriptor descriptor = openInPlace(decoded->path);
+    const auto identity = FileIdentity::of(descriptor);
+    if (exists(decoded->path, identity)) {
         const bool isSame = identity && identity->matches(decoded->identity);
         if (isSame)
-            m_followed.follow(reference, std::move(descriptor));
+            m_followed.follow(reference, decoded->path, std::move(descriptor));
         return ResolvedFile{ fileUrl(decoded->path), !isSame };
     }
     if (const auto path = newPath(reference, *decoded))

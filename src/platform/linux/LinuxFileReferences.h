@@ -25,6 +25,8 @@ public:
     ~LinuxFileReferences() override;
 
     std::optional<QByteArray> make(const QUrl& url) override;
+    /// Looks at the files on several threads.
+    QList<std::optional<QByteArray>> makeAll(const QList<QUrl>& urls) override;
     std::optional<ResolvedFile> resolve(const QByteArray& reference) override;
     void release(const QByteArray& reference) override;
 
