@@ -7,6 +7,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <utility>
+
 namespace nookle {
 
 namespace {
@@ -34,28 +36,137 @@ constexpr QLatin1String fileNameKey("fileName");
     return date.toUTC().toString(Qt::ISODate);
 }
 
-[[nodiscard]] QJsonObject encoded(const ShelfItem::Content& content)
+/// A text in quotes, escaped as JSON demands.
+[[nodiscard]] QByteArray quoted(const QString& text)
 {
-    return std::visit(
-        overloaded{
-            [](const FileContent& file) {
-                const QString bookmark = QString::fromLatin1(file.bookmark.toBase64());
-                return QJsonObject{ { fileKey, QJsonObject{ { bookmarkKey, bookmark }, { nameKey, file.name } } } };
-            },
-            [](const TextContent& text) {
-                return QJsonObject{ { textKey, QJsonObject{ { textValueKey, text.text } } } };
-            },
-            [](const LinkContent& link) {
-                QJsonObject payload{ { urlKey, link.url.absoluteString() }, { hasIconKey, link.hasIcon } };
-                if (link.title)
-                    payload.insert(titleKey, *link.title);
-                return QJsonObject{ { linkKey, payload } };
-            },
-            [](const ImageContent& image) {
-                return QJsonObject{ { imageKey, QJsonObject{ { fileNameKey, image.fileName } } } };
-            },
-        },
-        content);
+    const QByteArray list = QJsonDocument(QJsonArray{ text }).toJson(QJsonDocument::Compact);
+    return list.mid(1, list.size() - 2);
+}
+
+/// Writes one document, a member a line. Thousands of items are written at once, and handing them to a general writer
+/// would copy each of them several times. The caller gives the members in ascending order of their keys.
+class Writer {
+public:
+    explicit Writer(qsizetype itemCount)
+    {
+        constexpr qsizetype usualSize = 600;
+        m_bytes.reserve(itemCount * usualSize);
+    }
+
+    void begin(char bracket)
+    {
+        m_bytes += bracket;
+        ++m_depth;
+        m_isFirst = true;
+    }
+
+    void end(char bracket)
+    {
+        --m_depth;
+        newLine();
+        m_bytes += bracket;
+        m_isFirst = false;
+    }
+
+    void element()
+    {
+        if (!m_isFirst)
+            m_bytes += ',';
+        newLine();
+        m_isFirst = false;
+    }
+
+    void key(QLatin1String key)
+    {
+        element();
+        m_bytes += '"';
+        m_bytes.append(key.data(), key.size());
+        m_bytes += "\": ";
+    }
+
+    void beginObject(QLatin1String key)
+    {
+        this->key(key);
+        begin('{');
+    }
+
+    void member(QLatin1String key, bool value) { json(key, value ? "true" : "false"); }
+    void member(QLatin1String key, const QString& text) { json(key, quoted(text)); }
+
+    /// For a value that is JSON already.
+    void json(QLatin1String key, QByteArrayView value)
+    {
+        this->key(key);
+        m_bytes += value;
+    }
+
+    /// For a value that needs no escaping.
+    void plain(QLatin1String key, QByteArrayView value)
+    {
+        this->key(key);
+        m_bytes += '"';
+        m_bytes += value;
+        m_bytes += '"';
+    }
+
+    [[nodiscard]] QByteArray takeBytes()
+    {
+        m_bytes += '\n';
+        return std::move(m_bytes);
+    }
+
+private:
+    void newLine()
+    {
+        constexpr qsizetype indentation = 4;
+        m_bytes += '\n';
+        m_bytes.append(m_depth * indentation, ' ');
+    }
+
+    QByteArray m_bytes;
+    qsizetype m_depth = 0;
+    bool m_isFirst = true;
+};
+
+void write(Writer& writer, const ShelfItem::Content& content)
+{
+    std::visit(overloaded{
+                   [&](const FileContent& file) {
+                       writer.beginObject(fileKey);
+                       writer.plain(bookmarkKey, file.bookmark.toBase64());
+                       writer.member(nameKey, file.name);
+                   },
+                   [&](const TextContent& text) {
+                       writer.beginObject(textKey);
+                       writer.member(textValueKey, text.text);
+                   },
+                   [&](const LinkContent& link) {
+                       writer.beginObject(linkKey);
+                       writer.member(hasIconKey, link.hasIcon);
+                       if (link.title)
+                           writer.member(titleKey, *link.title);
+                       writer.member(urlKey, link.url.absoluteString());
+                   },
+                   [&](const ImageContent& image) {
+                       writer.beginObject(imageKey);
+                       writer.member(fileNameKey, image.fileName);
+                   },
+               },
+               content);
+    writer.end('}');
+}
+
+void write(Writer& writer, const ShelfItem& item)
+{
+    writer.element();
+    writer.begin('{');
+    writer.beginObject(contentKey);
+    write(writer, item.content);
+    writer.end('}');
+    writer.plain(createdAtKey, dateText(item.createdAt).toLatin1());
+    writer.plain(idKey, uuidText(item.id).toLatin1());
+    writer.member(pinnedKey, item.pinned);
+    writer.end('}');
 }
 
 /// Reads one document. The first thing that is wrong ends up in `failure`, and every reading function that met
@@ -241,16 +352,16 @@ private:
 
 QByteArray ShelfIndex::encode() const
 {
-    QJsonArray array;
-    for (const ShelfItem& item : items) {
-        array.append(QJsonObject{
-            { idKey, uuidText(item.id) },
-            { createdAtKey, dateText(item.createdAt) },
-            { contentKey, encoded(item.content) },
-            { pinnedKey, item.pinned },
-        });
-    }
-    return QJsonDocument(QJsonObject{ { versionKey, version }, { itemsKey, array } }).toJson();
+    Writer writer(items.size());
+    writer.begin('{');
+    writer.key(itemsKey);
+    writer.begin('[');
+    for (const ShelfItem& item : items)
+        write(writer, item);
+    writer.end(']');
+    writer.json(versionKey, QByteArray::number(version));
+    writer.end('}');
+    return writer.takeBytes();
 }
 
 std::variant<ShelfIndex, Failure> ShelfIndex::decode(const QByteArray& bytes)

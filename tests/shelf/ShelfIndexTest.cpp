@@ -59,6 +59,8 @@ private Q_SLOTS:
     void aDateLosesItsFraction();
     void anItemOfAFractionalDateDiffersWhenReadBack();
     void theWrittenFormIsPrettyPrintedWithSortedKeys();
+    void theWrittenFormIsThatOfAGeneralWriter_data() { anItemReadBackIsTheSame_data(); }
+    void theWrittenFormIsThatOfAGeneralWriter();
     void aLinkWithoutTitleIsWrittenWithoutTheKey();
     void aNullTitleReadsAsNoTitle();
     void unknownKeysAndOtherOrdersAreRead();
@@ -141,6 +143,15 @@ void ShelfIndexTest::theWrittenFormIsPrettyPrintedWithSortedKeys()
 )"));
     QVERIFY(ShelfIndex{ .items = { item(FileContent{ "\xff\xfe", QString() }) } }.encode().contains(
         "\"bookmark\": \"//4=\""));
+}
+
+void ShelfIndexTest::theWrittenFormIsThatOfAGeneralWriter()
+{
+    QFETCH(ShelfItem, original);
+    for (const QList<ShelfItem>& items : { QList<ShelfItem>(), { original }, { original, original } }) {
+        const QByteArray bytes = ShelfIndex{ 7, items }.encode();
+        QCOMPARE(bytes, QJsonDocument::fromJson(bytes).toJson());
+    }
 }
 
 void ShelfIndexTest::aLinkWithoutTitleIsWrittenWithoutTheKey()
