@@ -4,25 +4,16 @@
 
 namespace nookle {
 
-namespace {
-
-[[nodiscard]] QByteArray key(const QUrl& url)
+QList<QUuid> FileUrls::idsAt(const QByteArray& standardizedPath) const
 {
-    return standardizedPath(url);
+    return m_idsByPath.values(standardizedPath);
 }
 
-} // namespace
-
-QList<QUuid> FileUrls::idsAt(const QUrl& url) const
-{
-    return m_idsByPath.values(key(url));
-}
-
-void FileUrls::insert(const QUuid& id, const QUrl& url)
+void FileUrls::insert(const QUuid& id, const QUrl& url, const QByteArray& standardizedPath)
 {
     remove(id);
     m_byId.insert(id, url);
-    m_idsByPath.insert(key(url), id);
+    m_idsByPath.insert(standardizedPath, id);
 }
 
 bool FileUrls::remove(const QUuid& id)
@@ -30,7 +21,7 @@ bool FileUrls::remove(const QUuid& id)
     const auto entry = m_byId.constFind(id);
     if (entry == m_byId.constEnd())
         return false;
-    m_idsByPath.remove(key(*entry), id);
+    m_idsByPath.remove(standardizedPath(*entry), id);
     m_byId.erase(entry);
     return true;
 }
@@ -42,7 +33,7 @@ bool FileUrls::replaceAll(const QHash<QUuid, QUrl>& byId)
     m_byId = byId;
     m_idsByPath.clear();
     for (auto entry = byId.constBegin(); entry != byId.constEnd(); ++entry)
-        m_idsByPath.insert(key(entry.value()), entry.key());
+        m_idsByPath.insert(standardizedPath(entry.value()), entry.key());
     return true;
 }
 

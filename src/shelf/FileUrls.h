@@ -14,10 +14,11 @@ class FileUrls {
 public:
     [[nodiscard]] const QHash<QUuid, QUrl>& byId() const { return m_byId; }
 
-    /// The items whose file is at `url`, compared in standardised form; in no order.
-    [[nodiscard]] QList<QUuid> idsAt(const QUrl& url) const;
+    /// The items whose file is at `standardizedPath`, in no order.
+    [[nodiscard]] QList<QUuid> idsAt(const QByteArray& standardizedPath) const;
 
-    void insert(const QUuid& id, const QUrl& url);
+    /// `standardizedPath` is that of `url`.
+    void insert(const QUuid& id, const QUrl& url, const QByteArray& standardizedPath);
 
     /// Whether there was anything to remove.
     bool remove(const QUuid& id);

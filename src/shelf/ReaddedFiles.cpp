@@ -1,6 +1,5 @@
 #include "ReaddedFiles.h"
 
-#include "FileUrl.h"
 #include "FileUrls.h"
 
 #include <algorithm>
@@ -14,12 +13,15 @@ ReaddedFiles::ReaddedFiles(const QList<ShelfItem>& items, const FileUrls& fileUr
 {
 }
 
-std::optional<ShelfItem> ReaddedFiles::take(const QUrl& url)
+std::optional<ShelfItem> ReaddedFiles::take(const QByteArray& standardizedPath)
 {
-    const QByteArray path = filePath(url);
-    auto waiting = m_waiting.find(path);
-    if (waiting == m_waiting.end())
-        waiting = m_waiting.insert(path, placesOfItemsAt(url));
+    auto waiting = m_waiting.find(standardizedPath);
+    if (waiting == m_waiting.end()) {
+        const QList<qsizetype> places = placesOfItemsAt(standardizedPath);
+        if (places.isEmpty())
+            return {};
+        waiting = m_waiting.insert(standardizedPath, places);
+    }
     if (waiting->isEmpty())
         return {};
     const ShelfItem& item = m_items.at(waiting->takeLast());
@@ -27,10 +29,10 @@ std::optional<ShelfItem> ReaddedFiles::take(const QUrl& url)
     return item;
 }
 
-QList<qsizetype> ReaddedFiles::placesOfItemsAt(const QUrl& url)
+QList<qsizetype> ReaddedFiles::placesOfItemsAt(const QByteArray& standardizedPath)
 {
     QList<qsizetype> places;
-    for (const QUuid& id : m_fileUrls.idsAt(url)) {
+    for (const QUuid& id : m_fileUrls.idsAt(standardizedPath)) {
         findPlaces();
         if (const auto place = m_places.constFind(id); place != m_places.constEnd())
             places.append(*place);

@@ -6,7 +6,6 @@
 #include <QHash>
 #include <QList>
 #include <QSet>
-#include <QUrl>
 #include <QUuid>
 
 #include <optional>
@@ -21,15 +20,15 @@ class ReaddedFiles {
 public:
     ReaddedFiles(const QList<ShelfItem>& items, const FileUrls& fileUrls);
 
-    /// The first item in display order whose file is at `url` and that has not been taken yet.
-    [[nodiscard]] std::optional<ShelfItem> take(const QUrl& url);
+    /// The first item in display order whose file is at `standardizedPath` and that has not been taken yet.
+    [[nodiscard]] std::optional<ShelfItem> take(const QByteArray& standardizedPath);
 
     /// The ids of the items taken so far.
     [[nodiscard]] const QSet<QUuid>& taken() const { return m_taken; }
 
 private:
-    /// The places of the items whose file is at `url`, the topmost last.
-    [[nodiscard]] QList<qsizetype> placesOfItemsAt(const QUrl& url);
+    /// The places of the items whose file is there, the topmost last.
+    [[nodiscard]] QList<qsizetype> placesOfItemsAt(const QByteArray& standardizedPath);
     void findPlaces();
 
     const QList<ShelfItem>& m_items;

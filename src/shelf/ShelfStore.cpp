@@ -5,34 +5,74 @@
 #include "Log.h"
 #include "ReaddedFiles.h"
 
+#include <QRandomGenerator>
+
 #include <algorithm>
+#include <array>
+#include <optional>
 #include <utility>
+#include <vector>
 
 namespace nookle {
+
+namespace {
+
+/// A random UUID of version 4. Nobody has to be kept from guessing it, and the generator of the system, which the
+/// library takes, is many times as slow.
+[[nodiscard]] QUuid randomUuid()
+{
+    std::array<quint32, 4> words{};
+    QRandomGenerator::global()->fillRange(words.data(), qsizetype(words.size()));
+    QUuid uuid = QUuid::fromRfc4122(QByteArrayView(reinterpret_cast<const char*>(words.data()), sizeof(words)));
+    uuid.data3 = ushort((uuid.data3 & 0x0fff) | 0x4000);
+    uuid.data4[0] = uchar((uuid.data4[0] & 0x3f) | 0x80);
+    return uuid;
+}
+
+/// A file that is to be added: an item that was on the shelf already, or a new one.
+struct Addition {
+    QByteArray path;
+    QUrl url;
+    std::optional<ShelfItem> known;
+};
+
+} // namespace
 
 void ShelfStore::addFiles(const QList<QUrl>& urls)
 {
     ReaddedFiles readded(m_items, m_fileUrls);
+    std::vector<Addition> additions;
+    QList<QUrl> newUrls;
+    for (const QUrl& url : urls) {
+        Addition addition{ standardizedPath(url), standardized(url), {} };
+        addition.known = readded.take(addition.path);
+        if (!addition.known)
+            newUrls.append(addition.url);
+        additions.push_back(std::move(addition));
+    }
+
+    const QList<std::optional<QByteArray>> bookmarks = m_fileReferences.makeAll(newUrls);
+    auto bookmark = bookmarks.begin();
     QList<ShelfItem> top;
-    QHash<QUuid, QUrl> newUrls;
-    for (const QUrl& given : urls) {
-        const QUrl url = standardized(given);
-        if (std::optional<ShelfItem> known = readded.take(url)) {
-            known->createdAt = now();
-            top.append(*std::move(known));
-        } else if (std::optional<ShelfItem> made = makeFileItem(url)) {
-            newUrls.insert(made->id, url);
-            top.append(*std::move(made));
+    top.reserve(urls.size() + m_items.size());
+    bool hasNewFiles = false;
+    for (Addition& addition : additions) {
+        if (addition.known) {
+            addition.known->createdAt = now();
+            top.append(*std::move(addition.known));
+        } else if (const auto& made = *bookmark++) {
+            top.append(makeItem(FileContent{ *made, lastPathComponent(addition.path) }));
+            m_fileUrls.insert(top.constLast().id, addition.url, addition.path);
+            hasNewFiles = true;
         }
     }
     if (top.isEmpty())
         return;
     m_items.removeIf([&](const ShelfItem& item) { return readded.taken().contains(item.id); });
-    m_items = top + m_items;
-    for (auto entry = newUrls.constBegin(); entry != newUrls.constEnd(); ++entry)
-        m_fileUrls.insert(entry.key(), entry.value());
+    top.append(std::move(m_items));
+    m_items = std::move(top);
     scheduleSave();
-    if (!newUrls.isEmpty())
+    if (hasNewFiles)
         Q_EMIT fileURLsChanged();
     Q_EMIT itemsChanged();
 }
@@ -182,15 +222,7 @@ qsizetype ShelfStore::indexOf(const QUuid& id) const
 
 ShelfItem ShelfStore::makeItem(ShelfItem::Content content) const
 {
-    return { QUuid::createUuid(), now(), std::move(content), false };
-}
-
-std::optional<ShelfItem> ShelfStore::makeFileItem(const QUrl& url) const
-{
-    const std::optional<QByteArray> bookmark = m_fileReferences.make(url);
-    if (!bookmark)
-        return {};
-    return makeItem(FileContent{ *bookmark, lastPathComponent(url) });
+    return { randomUuid(), now(), std::move(content), false };
 }
 
 } // namespace nookle

@@ -106,7 +106,6 @@ private:
     [[nodiscard]] QDateTime now() const;
     [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
     [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
-    [[nodiscard]] std::optional<ShelfItem> makeFileItem(const QUrl& url) const;
     void moveToTop(qsizetype index);
     void removeAll(const QSet<QUuid>& ids);
     void moveImageToTrash(const ShelfItem& item) const;

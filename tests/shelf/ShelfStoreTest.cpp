@@ -33,6 +33,7 @@ private Q_SLOTS:
     void anImageWhoseNameIsNotUtf8GetsANameThatIsText();
     void anImageThatCannotBeMovedIsLoggedAndNotAdded();
     void newItemsAreUnpinnedAndDatedNow();
+    void everyNewItemHasARandomId();
     void listenersSeeTheChangeAndMayChangeMore();
 };
 
@@ -311,6 +312,23 @@ void ShelfStoreTest::newItemsAreUnpinnedAndDatedNow()
         QCOMPARE(item.createdAt, fixture.now);
         QCOMPARE(item.createdAt.timeSpec(), Qt::UTC);
     }
+}
+
+void ShelfStoreTest::everyNewItemHasARandomId()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    QList<QUrl> urls;
+    for (int number = 0; number < 100; ++number)
+        urls.append(fixture.file(QByteArray("/" + QByteArray::number(number)).constData()));
+    store->addFiles(urls);
+    QSet<QUuid> ids;
+    for (const ShelfItem& item : store->items()) {
+        QCOMPARE(item.id.version(), QUuid::Random);
+        QCOMPARE(item.id.variant(), QUuid::DCE);
+        ids.insert(item.id);
+    }
+    QCOMPARE(ids.size(), 100);
 }
 
 void ShelfStoreTest::listenersSeeTheChangeAndMayChangeMore()
