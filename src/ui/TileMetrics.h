@@ -4,6 +4,9 @@
 #include <QFontMetrics>
 #include <QStringList>
 
+#include <array>
+#include <optional>
+
 namespace nookle {
 
 /// Sizes and fonts of a tile. Made once and kept: every tile of a long shelf is measured with it.
@@ -26,11 +29,16 @@ public:
     [[nodiscard]] QStringList nameLines(const QString& name, int width) const;
 
 private:
+    [[nodiscard]] bool fitsOnOneLine(const QString& text, int width) const;
+    /// The sum of the characters' own widths, which leaves out what the font does between two of them; none for text
+    /// whose characters have no such width.
+    [[nodiscard]] std::optional<int> roughWidth(const QString& text) const;
     [[nodiscard]] int firstLineLength(const QString& text, int width) const;
 
     QFont m_captionFont;
     QFont m_smallerCaptionFont;
     QFontMetrics m_captionMetrics;
+    std::array<int, 128> m_characterWidths;
     int m_captionHeight;
     int m_unavailableHeight;
 };

@@ -10,6 +10,8 @@ class TileHeightsTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void theHeightIsThatOfTheLinesThatAreDrawn();
+    void textOfAnyScriptIsMeasured();
     void anItemIsMeasuredOnce();
     void anotherNameStateOrWidthIsMeasuredAnew();
     void whatHasGoneIsForgotten();
@@ -25,6 +27,28 @@ private:
 
     const TileMetrics m_metrics;
 };
+
+void TileHeightsTest::theHeightIsThatOfTheLinesThatAreDrawn()
+{
+    const QFontMetrics caption(m_metrics.captionFont());
+    for (const char* word : { "AV", "il", "Holiday ", "\u00e4", "\u6f22" }) {
+        for (int count = 1; count < 40; ++count) {
+            const QString name = QString::fromUtf8(word).repeated(count);
+            const auto lines = static_cast<int>(m_metrics.nameLines(name, 100 - 2 * TileMetrics::padding).size());
+            const int rest = m_metrics.height(QString(), false, 100) - caption.height();
+            QCOMPARE(m_metrics.height(name, false, 100), rest + lines * caption.height());
+        }
+    }
+}
+
+void TileHeightsTest::textOfAnyScriptIsMeasured()
+{
+    for (const char* sign : { "a", "\u00e4", "\u6f22" }) {
+        const QString name = QString::fromUtf8(sign);
+        QCOMPARE(m_metrics.nameLines(name, 100).size(), 1);
+        QCOMPARE(m_metrics.nameLines(name.repeated(100), 100).size(), 2);
+    }
+}
 
 void TileHeightsTest::anItemIsMeasuredOnce()
 {
