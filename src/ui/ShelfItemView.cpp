@@ -37,16 +37,16 @@ ShelfItemView::ShelfItemView(QWidget* parent, const TileMetrics& metrics, Thumbn
 {
 }
 
-bool ShelfItemView::isUnavailable(const ShelfItem& item, const std::optional<QUrl>& localURL)
+bool ShelfItemView::isUnavailable(const ShelfItem& item, bool isFound)
 {
-    return std::holds_alternative<FileContent>(item.content) && !localURL;
+    return std::holds_alternative<FileContent>(item.content) && !isFound;
 }
 
 void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& localURL,
                             const std::optional<QUrl>& iconURL)
 {
     m_item = item;
-    m_isUnavailable = isUnavailable(item, localURL);
+    m_isUnavailable = isUnavailable(item, localURL.has_value());
     const bool hasFile =
         std::holds_alternative<FileContent>(item.content) || std::holds_alternative<ImageContent>(item.content);
     m_isMissing = hasFile && !localURL;

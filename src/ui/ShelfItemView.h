@@ -39,8 +39,8 @@ public:
 
     [[nodiscard]] bool isFocused() const { return m_isFocused; }
 
-    /// Whether the item is a file that cannot be found.
-    [[nodiscard]] static bool isUnavailable(const ShelfItem& item, const std::optional<QUrl>& localURL);
+    /// Whether the item is a file that cannot be found; `isFound` counts for no other kind.
+    [[nodiscard]] static bool isUnavailable(const ShelfItem& item, bool isFound);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

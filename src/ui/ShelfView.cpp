@@ -112,7 +112,7 @@ void ShelfView::setUpTiles()
     };
     m_tiles->tileHeight = [this](std::size_t row, int width) {
         const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
-        return m_heights.height(item, ShelfItemView::isUnavailable(item, m_store.localURL(item)), width);
+        return m_heights.height(item, ShelfItemView::isUnavailable(item, m_store.fileURLs().contains(item.id)), width);
     };
     m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
         fillTile(tile, m_store.items()[static_cast<qsizetype>(row)]);

@@ -347,7 +347,7 @@ void ShelfViewTest::anImageWhoseFileIsGoneLooksMissingAndIsNotDimmed()
     f.view.show();
     f.view.grab();
     QCOMPARE(f.thumbnails.asked.size(), asked);
-    QVERIFY(!ShelfItemView::isUnavailable(f.top(), std::nullopt));
+    QVERIFY(!ShelfItemView::isUnavailable(f.top(), false));
 }
 
 void ShelfViewTest::filesThatASandboxHandsOverAreRetrieved()
