@@ -127,7 +127,7 @@ void AppDelegate::startScreenshotCollection()
 
 void AppDelegate::provideServices()
 {
-    m_serviceProvider = std::make_unique<ServiceProvider>(*m_store, [this] { showForAMoment(); });
+    m_serviceProvider = std::make_unique<ServiceProvider>(*m_store, [this] { showForAMomentSoon(); });
     m_busService.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
     m_busService.onActivate = [this] { showShelf(); };
     m_busService.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
@@ -166,6 +166,12 @@ void AppDelegate::showForAMoment()
 {
     m_panelController->show();
     m_panelController->scheduleHide(momentOfShowing);
+}
+
+// Not within the call that added to the shelf: for thousands of files both take a while.
+void AppDelegate::showForAMomentSoon()
+{
+    m_showing = m_queue.after(0, [this] { showForAMoment(); });
 }
 
 void AppDelegate::applicationWillTerminate()

@@ -76,6 +76,7 @@ private:
     void togglePanel();
     void togglePinned();
     void showForAMoment();
+    void showForAMomentSoon();
 
     QUrl m_dataFolder;
     std::unique_ptr<DesktopBackend> m_desktop;
@@ -112,6 +113,7 @@ private:
     std::unique_ptr<ExpirySweep> m_expirySweep;
     std::unique_ptr<ServiceProvider> m_serviceProvider;
     std::unique_ptr<HotKey> m_hotKey;
+    std::unique_ptr<DelayedTask> m_showing;
 };
 
 } // namespace nookle
