@@ -52,6 +52,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_expirySweep = std::make_unique<ExpirySweep>(m_settings, *m_store, m_queue);
     provideServices();
     createHotKey();
+    m_store->removeOrphans();
     if (m_panelController->pinning().isPinned())
         m_panelController->show();
 }

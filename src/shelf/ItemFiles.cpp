@@ -4,7 +4,10 @@
 #include "FileUrl.h"
 #include "UuidText.h"
 
+#include <sys/stat.h>
+
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 namespace nookle {
@@ -15,6 +18,15 @@ namespace {
 {
     return !name.isEmpty() && name != QLatin1String(".") && name != QLatin1String("..")
         && !name.contains(QLatin1Char('/')) && !name.contains(QChar(u'\0'));
+}
+
+/// Of the folder itself, in seconds since 1970; none for a link and for everything else that is no folder.
+[[nodiscard]] std::optional<qint64> folderTime(const std::string& path)
+{
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0 || !S_ISDIR(status.st_mode))
+        return std::nullopt;
+    return status.st_mtim.tv_sec;
 }
 
 [[nodiscard]] Failure unusableName(const QString& name)
@@ -79,6 +91,29 @@ std::optional<Failure> ItemFiles::write(const QByteArray& bytes, const QUuid& id
     if (std::optional<Failure> failure = makeFolder(filePath(folder(id))))
         return failure;
     return writeAtomically(filePath(*destination), bytes);
+}
+
+QList<QUuid> ItemFiles::foldersUnchangedSince(const QDateTime& time) const
+{
+    QList<QUuid> ids;
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(filePath(m_directory).toStdString(), ignored)) {
+        const QString name = QString::fromStdString(entry.path().filename().string());
+        const std::optional<QUuid> id = uuidFromText(name);
+        const std::optional<qint64> changed = folderTime(entry.path().string());
+        if (id && uuidText(*id) == name && changed && *changed < time.toSecsSinceEpoch())
+            ids.append(*id);
+    }
+    return ids;
+}
+
+QList<QUrl> ItemFiles::contents(const QUuid& id) const
+{
+    QList<QUrl> urls;
+    std::error_code ignored;
+    for (const auto& entry : std::filesystem::directory_iterator(filePath(folder(id)).toStdString(), ignored))
+        urls.append(fileUrl(QByteArray::fromStdString(entry.path().string())));
+    return urls;
 }
 
 void ItemFiles::removeFolder(const QUuid& id) const

@@ -3,6 +3,8 @@
 #include "Failure.h"
 
 #include <QByteArray>
+#include <QDateTime>
+#include <QList>
 #include <QString>
 #include <QUrl>
 #include <QUuid>
@@ -33,6 +35,12 @@ public:
 
     /// Writes a file into the item's folder, making that first.
     [[nodiscard]] std::optional<Failure> write(const QByteArray& bytes, const QUuid& id, const QString& name) const;
+
+    /// The ids of all item folders in which nothing has changed since that time.
+    [[nodiscard]] QList<QUuid> foldersUnchangedSince(const QDateTime& time) const;
+
+    /// What is in the item's folder, in no order.
+    [[nodiscard]] QList<QUrl> contents(const QUuid& id) const;
 
     /// Deletes the item's folder and everything in it, as far as that is possible.
     void removeFolder(const QUuid& id) const;

@@ -88,6 +88,10 @@ public:
     /// Looks where the referenced files are now, and takes over their new places and names.
     void refreshFiles();
 
+    /// Clears away the folders of items that are not on the shelf, as a crash may leave them, once nothing in them has
+    /// changed for a day. Images go to the Trash. Does nothing while there is an index that could not be read.
+    void removeOrphans();
+
     /// Writes the index at once, in place of a pending save. A failure is logged.
     void saveNow();
 
@@ -99,8 +103,10 @@ Q_SIGNALS:
 private:
     void load();
     void setAsideIndex(const Failure& reason) const;
+    void removeOrphan(const QUuid& id) const;
     void scheduleSave();
     [[nodiscard]] QByteArray indexPath() const;
+    [[nodiscard]] QByteArray setAsidePath() const;
     [[nodiscard]] FileContent refreshed(const FileContent& file, const ResolvedFile& resolved) const;
 
     [[nodiscard]] QDateTime now() const;
@@ -119,6 +125,7 @@ private:
 
     QList<ShelfItem> m_items;
     FileUrls m_fileUrls;
+    bool m_hasReadIndex = false;
     Environment m_environment;
     QUrl m_directory;
     ItemFiles m_itemFiles;

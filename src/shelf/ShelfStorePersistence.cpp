@@ -20,6 +20,8 @@ namespace {
 
 constexpr double saveDelay = 0.3;
 
+constexpr qint64 orphanAgeInDays = 1;
+
 /// No shelf grows this large; reading a damaged file without a limit could exhaust the memory.
 constexpr qint64 largestIndex = 1'000'000'000;
 
@@ -46,6 +48,11 @@ QByteArray ShelfStore::indexPath() const
     return filePath(child(m_directory, QStringLiteral("index.json")));
 }
 
+QByteArray ShelfStore::setAsidePath() const
+{
+    return filePath(child(m_directory, QStringLiteral("index.corrupt.json")));
+}
+
 void ShelfStore::load()
 {
     const QByteArray path = indexPath();
@@ -64,7 +71,10 @@ void ShelfStore::load()
     if (file.error() != QFile::NoError)
         return;
     std::visit(overloaded{
-                   [this](ShelfIndex&& index) { m_items = std::move(index.items); },
+                   [this](ShelfIndex&& index) {
+                       m_items = std::move(index.items);
+                       m_hasReadIndex = true;
+                   },
                    [this](Failure&& failure) { setAsideIndex(failure); },
                },
                ShelfIndex::decode(bytes));
@@ -72,12 +82,36 @@ void ShelfStore::load()
 
 void ShelfStore::setAsideIndex(const Failure& reason) const
 {
-    const QByteArray asidePath = filePath(child(m_directory, QStringLiteral("index.corrupt.json")));
+    const QByteArray asidePath = setAsidePath();
     std::error_code ignored;
     std::filesystem::remove_all(asidePath.toStdString(), ignored);
     std::filesystem::rename(indexPath().toStdString(), asidePath.toStdString(), ignored);
     logLine(QStringLiteral("index unreadable, moved to ") + QFile::decodeName(asidePath) + QStringLiteral(": ")
             + reason.description);
+}
+
+void ShelfStore::removeOrphans()
+{
+    std::error_code ignored;
+    if (!m_hasReadIndex || std::filesystem::exists(setAsidePath().toStdString(), ignored))
+        return;
+    QSet<QUuid> owners;
+    for (const ShelfItem& item : std::as_const(m_items))
+        owners.insert(item.id);
+    for (const QUuid& id : m_itemFiles.foldersUnchangedSince(now().addDays(-orphanAgeInDays))) {
+        if (!owners.contains(id))
+            removeOrphan(id);
+    }
+}
+
+void ShelfStore::removeOrphan(const QUuid& id) const
+{
+    for (const QUrl& file : m_itemFiles.contents(id)) {
+        const bool isImage = lastPathComponent(file) != iconFileName();
+        if (isImage && m_environment.moveToTrash(file))
+            return;
+    }
+    m_itemFiles.removeFolder(id);
 }
 
 void ShelfStore::scheduleSave()

@@ -69,7 +69,37 @@ private Q_SLOTS:
     void aDataFolderThatCannotBeMadeIsLogged();
     void anIndexThatCannotBeWrittenIsLogged();
     void aHostileFileNameReachesNothingOutside();
+    void whatBelongsToNoItemIsClearedAwayAfterADay();
+    void whatIsYoungOrNoItemsFolderStays();
+    void anImageThatCannotBeTrashedStays();
+    void withoutAReadableIndexNothingIsClearedAway();
+
+private:
+    /// A shelf with an image and a folder that belongs to no item, two days ago.
+    [[nodiscard]] static std::unique_ptr<ShelfStore> openWithOrphan(StoreFixture& fixture);
 };
+
+namespace {
+
+const QUuid orphan = QUuid::fromString(QStringLiteral("1B4E28BA-2FA1-11D2-883F-B9A761BDE3FB"));
+
+} // namespace
+
+std::unique_ptr<ShelfStore> ShelfStorePersistenceTest::openWithOrphan(StoreFixture& fixture)
+{
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    {
+        const auto store = fixture.open();
+        store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+        store->saveNow();
+    }
+    QDir().mkpath(fixture.itemFolder(orphan));
+    const QString folder = QStringLiteral("data/Files/1B4E28BA-2FA1-11D2-883F-B9A761BDE3FB/");
+    fixture.write(folder + QStringLiteral("lost.png"), "pixels");
+    fixture.write(folder + QStringLiteral("icon.png"), "pixels");
+    fixture.now = QDateTime::currentDateTimeUtc().addDays(2);
+    return fixture.open();
+}
 
 void ShelfStorePersistenceTest::aMissingIndexIsAnEmptyShelfAndMakesNothing()
 {
@@ -306,6 +336,62 @@ void ShelfStorePersistenceTest::aHostileFileNameReachesNothingOutside()
     QCOMPARE(fixture.read(QStringLiteral("data/victim.png")), QByteArray("precious"));
     QVERIFY(QFile::exists(QStringLiteral("/etc/passwd")));
     QVERIFY(QDir(fixture.path(QStringLiteral("data/Files"))).isEmpty());
+}
+
+void ShelfStorePersistenceTest::whatBelongsToNoItemIsClearedAwayAfterADay()
+{
+    StoreFixture fixture;
+    const auto store = openWithOrphan(fixture);
+    store->removeOrphans();
+    QVERIFY(!QFile::exists(fixture.itemFolder(orphan)));
+    QCOMPARE(fixture.trash.moved.size(), 1);
+    QVERIFY(fixture.trash.moved.constFirst().path().endsWith(QLatin1String("/lost.png")));
+    const auto image = store->localURL(store->items().constFirst());
+    QVERIFY(image && QFile::exists(image->toLocalFile()));
+}
+
+void ShelfStorePersistenceTest::whatIsYoungOrNoItemsFolderStays()
+{
+    StoreFixture fixture;
+    const auto store = openWithOrphan(fixture);
+    const QString files = fixture.path(QStringLiteral("data/Files/"));
+    QVERIFY(QDir().mkpath(files + QStringLiteral("mine")));
+    QVERIFY(QDir().mkpath(files + orphan.toString(QUuid::WithoutBraces)));
+    QVERIFY(
+        QFile::link(fixture.itemFolder(orphan), files + QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper()));
+    fixture.now = QDateTime::currentDateTimeUtc().addSecs(3600);
+    store->removeOrphans();
+    QCOMPARE(QDir(files).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 5);
+    fixture.now = QDateTime::currentDateTimeUtc().addDays(2);
+    store->removeOrphans();
+    QCOMPARE(QDir(files).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::System).size(), 4);
+}
+
+void ShelfStorePersistenceTest::anImageThatCannotBeTrashedStays()
+{
+    StoreFixture fixture;
+    const auto store = openWithOrphan(fixture);
+    fixture.trash.failure = Failure{ QStringLiteral("no Trash") };
+    store->removeOrphans();
+    QVERIFY(QFile::exists(fixture.itemFolder(orphan) + QStringLiteral("/lost.png")));
+}
+
+void ShelfStorePersistenceTest::withoutAReadableIndexNothingIsClearedAway()
+{
+    StoreFixture fixture;
+    const CapturedLog log;
+    (void)openWithOrphan(fixture);
+    fixture.write(QStringLiteral("data/index.json"), "{");
+    fixture.open()->removeOrphans();
+    QVERIFY(QFile::exists(fixture.itemFolder(orphan)));
+    auto store = fixture.open();
+    store->addText(QStringLiteral("milk"));
+    store->saveNow();
+    fixture.open()->removeOrphans();
+    QVERIFY(QFile::exists(fixture.itemFolder(orphan)));
+    QVERIFY(QFile::remove(fixture.path(QStringLiteral("data/index.corrupt.json"))));
+    fixture.open()->removeOrphans();
+    QVERIFY(!QFile::exists(fixture.itemFolder(orphan)));
 }
 
 QTEST_GUILESS_MAIN(ShelfStorePersistenceTest)
