@@ -1,13 +1,14 @@
 #include "DataFiles.h"
 
 #include <QFile>
-#include <QSaveFile>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <filesystem>
 #include <system_error>
 
@@ -57,6 +58,54 @@ namespace fs = std::filesystem;
     return error;
 }
 
+[[nodiscard]] std::error_code writeAll(int descriptor, const QByteArray& bytes)
+{
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count =
+            ::write(descriptor, bytes.constData() + written, static_cast<std::size_t>(bytes.size() - written));
+        if (count < 0 && errno != EINTR)
+            return lastError();
+        written += std::max<ssize_t>(count, 0);
+    }
+    return {};
+}
+
+/// Writes the file and waits until it has reached the disk; what a crash left in its place is overwritten. Qt's own
+/// writer does not tell when that fails, and would go on to replace a good file with a bad one.
+[[nodiscard]] std::error_code writeNewFile(const fs::path& path, const QByteArray& bytes, mode_t permissions)
+{
+    const int descriptor =
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (descriptor < 0)
+        return lastError();
+    std::error_code error = writeAll(descriptor, bytes);
+    // Some file systems know no permissions.
+    static_cast<void>(::fchmod(descriptor, permissions));
+    if (!error && ::fsync(descriptor) != 0)
+        error = lastError();
+    if (::close(descriptor) != 0 && !error)
+        error = lastError();
+    return error;
+}
+
+/// Where a file is written that a link may stand for, whether or not it exists.
+[[nodiscard]] fs::path behindLinks(const fs::path& path)
+{
+    std::error_code error;
+    if (!fs::is_symlink(path, error))
+        return path;
+    return fs::weakly_canonical(path.parent_path() / fs::read_symlink(path, error), error);
+}
+
+/// Those of the file that is to be replaced; a new one is for the user alone.
+[[nodiscard]] mode_t permissionsFor(const fs::path& path)
+{
+    struct stat status {};
+    constexpr mode_t all = S_IRWXU | S_IRWXG | S_IRWXO;
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & all : S_IRUSR | S_IWUSR;
+}
+
 [[nodiscard]] std::error_code copyFile(const fs::path& from, const fs::path& to)
 {
     std::error_code error;
@@ -99,15 +148,18 @@ std::optional<Failure> makeFolder(const QByteArray& path)
 
 std::optional<Failure> writeAtomically(const QByteArray& path, const QByteArray& bytes)
 {
-    QSaveFile file(QFile::decodeName(path));
-    const bool isNew = !QFile::exists(file.fileName());
-    if (!file.open(QIODevice::WriteOnly))
-        return Failure{ file.errorString() };
-    if (isNew)
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    if (file.write(bytes) != bytes.size() || !file.commit())
-        return Failure{ file.errorString() };
-    return {};
+    const fs::path target = behindLinks(path.toStdString());
+    fs::path unfinished = target;
+    unfinished += ".unfinished";
+    std::error_code error = writeNewFile(unfinished, bytes, permissionsFor(target));
+    if (!error)
+        fs::rename(unfinished, target, error);
+    std::error_code ignored;
+    if (error)
+        fs::remove(unfinished, ignored);
+    else
+        static_cast<void>(flush(target.parent_path()));
+    return failure(error);
 }
 
 std::optional<Failure> moveFile(const QByteArray& from, const QByteArray& to)

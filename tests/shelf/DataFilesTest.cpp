@@ -55,6 +55,8 @@ private Q_SLOTS:
     void aNewFileIsForTheUserAlone();
     void anExistingFileKeepsItsPermissions();
     void aFailedWriteLeavesTheOldFileAndNothingElse();
+    void whatACrashLeftUnfinishedIsOverwritten();
+    void aLinkStaysALink();
     void aFileMovesWithinAFileSystem();
     void aNameThatIsNotUtf8Moves();
     void aFileMovesAcrossFileSystems();
@@ -122,6 +124,28 @@ void DataFilesTest::aFailedWriteLeavesTheOldFileAndNothingElse()
     QVERIFY(failure);
     QVERIFY(!failure->description.isEmpty());
     QCOMPARE(entries(folder.path()).size(), 1);
+}
+
+void DataFilesTest::whatACrashLeftUnfinishedIsOverwritten()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("file"));
+    QVERIFY(!writeAtomically(QFile::encodeName(path + QStringLiteral(".unfinished")), "a long half of what was"));
+    QVERIFY(!writeAtomically(QFile::encodeName(path), "bytes"));
+    QCOMPARE(contents(path), QByteArray("bytes"));
+    QCOMPARE(entries(folder.path()), QStringList{ QStringLiteral("file") });
+}
+
+void DataFilesTest::aLinkStaysALink()
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("file"));
+    QVERIFY(QFile::link(QStringLiteral("elsewhere"), path));
+    for (const char* bytes : { "first", "second" }) {
+        QVERIFY(!writeAtomically(QFile::encodeName(path), bytes));
+        QVERIFY(QFileInfo(path).isSymLink());
+        QCOMPARE(contents(folder.filePath(QStringLiteral("elsewhere"))), QByteArray(bytes));
+    }
 }
 
 void DataFilesTest::aFileMovesWithinAFileSystem()
