@@ -32,6 +32,8 @@ function(nookle_layer name)
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE nookle_options)
 endfunction()
 
+set(NOOKLE_TEST_TIMEOUT 60 CACHE STRING "Seconds that a unit test may take")
+
 # nookle_test(NAME LINKS target... [LABELS label...])
 # The Qt Test executable of NAME.cpp, run on the offscreen platform.
 function(nookle_test name)
@@ -41,6 +43,6 @@ function(nookle_test name)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         LABELS "unit;${ARG_LABELS}"
-        TIMEOUT 60
+        TIMEOUT ${NOOKLE_TEST_TIMEOUT}
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
 endfunction()
