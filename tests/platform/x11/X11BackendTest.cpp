@@ -37,6 +37,7 @@ private Q_SLOTS:
     void aDragOfAnotherProgramMovesTheCounter();
     void aDragOfThisProgramLeavesTheCounterAlone();
     void aShortcutIsPressedOnceForEachPress();
+    void aShortcutPressedWhileTheServerIsAskedIsNotMissed();
     void aShortcutThatAnotherProgramHoldsCannotBeHad();
     void aShortcutFollowsTheKeyboardsLayout();
     void aShortcutThatIsGivenUpIsFreeForOthers();
@@ -185,6 +186,21 @@ void X11BackendTest::aShortcutIsPressedOnceForEachPress()
     pressShortcut();
     QVERIFY(waitFor([&] { return pressed.size() >= 2; }));
     QCOMPARE(pressed.size(), 2);
+}
+
+void X11BackendTest::aShortcutPressedWhileTheServerIsAskedIsNotMissed()
+{
+    int presses = 0;
+    const auto handler = m_backend->globalShortcuts().installHandler([&](ShortcutId) {
+        ++presses;
+        return true;
+    });
+    const auto registration = m_backend->globalShortcuts().registerShortcut(shortcut, shortcutId);
+    QVERIFY(registration);
+    pressShortcut();
+    // Its answers bring the keys along.
+    const auto another = m_backend->globalShortcuts().registerShortcut(shortcut, shortcutId);
+    QVERIFY(waitFor([&] { return presses > 0; }));
 }
 
 void X11BackendTest::aShortcutThatAnotherProgramHoldsCannotBeHad()

@@ -81,7 +81,10 @@ std::unique_ptr<ShortcutRegistration> X11GlobalShortcuts::registerShortcut(Short
         wanted.keys = keysOf(shortcut.keyCode);
         wanted.states = statesOf(shortcut.modifiers);
     }
-    if (!m_connection || !grab(wanted)) {
+    const bool isGrabbed = m_connection && grab(wanted);
+    // Keys that came while the server was asked wait in the connection, of which its socket tells nothing any more.
+    QMetaObject::invokeMethod(this, &X11GlobalShortcuts::readEvents, Qt::QueuedConnection);
+    if (!isGrabbed) {
         logLine(QStringLiteral("the keyboard shortcut cannot be had: another program may hold it"));
         return nullptr;
     }
@@ -185,6 +188,8 @@ void X11GlobalShortcuts::ungrab(const Grab& grab)
 
 void X11GlobalShortcuts::readEvents()
 {
+    if (!m_connection)
+        return;
     while (const auto event = owned(xcb_poll_for_event(m_connection.get())))
         handle(*event);
     if (xcb_connection_has_error(m_connection.get()) != 0)

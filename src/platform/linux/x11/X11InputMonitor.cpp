@@ -56,6 +56,8 @@ X11InputMonitor::X11InputMonitor(xcb_connection_t* ownConnection)
     // A reply comes after everything before it: from here on no press is missed.
     const auto cookie = xcb_get_input_focus(m_connection.get());
     [[maybe_unused]] const auto reply = owned(xcb_get_input_focus_reply(m_connection.get(), cookie, nullptr));
+    // Those that came before the reply wait in the connection, of which its socket tells nothing any more.
+    QMetaObject::invokeMethod(this, &X11InputMonitor::readEvents, Qt::QueuedConnection);
 }
 
 X11InputMonitor::~X11InputMonitor() = default;
