@@ -8,8 +8,8 @@ class AppSettings;
 class MainQueue;
 class ScreenshotWatcher;
 
-/// Lets the watcher run exactly while the user wants screenshots collected. What it is given must outlive it. Main thread
-/// only.
+/// Lets the watcher run exactly while the user wants screenshots collected. What it is given must outlive it. Main
+/// thread only.
 class ScreenshotSwitch final : public QObject {
     Q_OBJECT
 
