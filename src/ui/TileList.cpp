@@ -51,6 +51,14 @@ void TileList::setRows(std::vector<QUuid> ids)
         else
             m_currentRow = std::min(*m_currentRow, m_ids.size() - 1);
     }
+    m_isOutdated = true;
+    if (isVisible())
+        layOut();
+}
+
+void TileList::layOut()
+{
+    m_isOutdated = false;
     measure();
     placeTiles(true);
     showCurrent();
@@ -218,9 +226,18 @@ void TileList::focusOutEvent(QFocusEvent* event)
     showCurrent();
 }
 
+void TileList::showEvent(QShowEvent* event)
+{
+    QAbstractScrollArea::showEvent(event);
+    if (m_isOutdated)
+        layOut();
+}
+
 void TileList::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
+    if (m_isOutdated)
+        return;
     if (tileWidth() != m_measuredWidth)
         measure();
     placeTiles(false);
@@ -228,7 +245,8 @@ void TileList::resizeEvent(QResizeEvent* event)
 
 void TileList::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
-    placeTiles(false);
+    if (!m_isOutdated)
+        placeTiles(false);
 }
 
 } // namespace nookle

@@ -30,7 +30,7 @@ public:
     std::function<int(std::size_t row, int width)> tileHeight;
 
     /// Replaces the rows, each known by the id of its item. A tile whose id stays is kept. A current row that is gone
-    /// hands over to the one that takes its place.
+    /// hands over to the one that takes its place. The tiles follow as soon as the list can be seen.
     void setRows(std::vector<QUuid> ids);
 
     /// The tile of that item; null when it is not in view.
@@ -45,6 +45,7 @@ public:
     [[nodiscard]] std::optional<QUuid> currentId() const;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,6 +54,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void layOut();
     void measure();
     void placeTiles(bool refill);
     [[nodiscard]] ShelfItemView* newTile(const QUuid& id);
@@ -66,6 +68,8 @@ private:
     TileLayout m_layout;
     QHash<QUuid, ShelfItemView*> m_tiles;
     int m_measuredWidth = 0;
+    /// The layout and the tiles are not those of the rows yet.
+    bool m_isOutdated = false;
     std::optional<std::size_t> m_currentRow;
     bool m_usesKeys = false;
 };

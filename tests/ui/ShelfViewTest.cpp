@@ -56,6 +56,7 @@ private Q_SLOTS:
     void thePinButtonTellsTheOwnerAndSaysWhatItDoes();
     void tilesExistOnlyForTheRowsInView();
     void tilesFollowTheStoresOrder();
+    void tilesOfAHiddenShelfFollowWhenItIsShown();
     void tilesGrowWithTheDesktopsFont();
     void aTileKeepsItsWidgetWhenTheShelfChanges();
     void aLongNameTakesTwoLinesAndKeepsItsEnd();
@@ -479,6 +480,24 @@ void ShelfViewTest::tilesFollowTheStoresOrder()
     f.store.addText(QStringLiteral("a"));
     QCOMPARE(list->tile(a)->y(), 6);
     QVERIFY(list->tile(b)->y() > list->tile(a)->y());
+}
+
+void ShelfViewTest::tilesOfAHiddenShelfFollowWhenItIsShown()
+{
+    ShelfFixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("one"));
+    f.store.addText(QStringLiteral("two"));
+    const auto* list = f.view.findChild<TileList*>();
+    f.view.hide();
+    f.store.remove(f.top().id);
+    f.store.addText(QStringLiteral("three"));
+    f.store.remove(f.store.items().last().id);
+    f.view.resize(112, 400);
+    QCOMPARE(list->tileCount(), 2);
+
+    f.view.show();
+    QCOMPARE(list->tileCount(), 1);
+    QVERIFY(list->tile(f.top().id));
 }
 
 void ShelfViewTest::tilesGrowWithTheDesktopsFont()
