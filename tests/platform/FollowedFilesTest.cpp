@@ -56,6 +56,7 @@ private Q_SLOTS:
     void referencesToOneFileAreFollowedApart();
     void manyDeletionsAreAllNoticed();
     void halfOfTheDescriptorsAreLeftFree();
+    void aThousandFilesAreFollowedAtMost();
     void filesOfOtherVolumesAreNotFollowed();
     void withoutAWatchNothingIsFollowed();
 
@@ -257,6 +258,17 @@ void FollowedFilesTest::halfOfTheDescriptorsAreLeftFree()
     follow("79", m_home->path("one/79"));
     QVERIFY(m_files->path("79"));
     QCOMPARE(followed(), 50);
+}
+
+void FollowedFilesTest::aThousandFilesAreFollowedAtMost()
+{
+    const DescriptorLimit limit(3000);
+    m_files = std::make_unique<FollowedFiles>(m_home->path());
+    for (int number = 0; number < 1001; ++number)
+        follow(QByteArray::number(number), m_home->makeFile("one/" + QByteArray::number(number)));
+    QVERIFY(m_files->path("999"));
+    QVERIFY(!m_files->path("1000"));
+    QCOMPARE(m_files->room(), std::size_t(0));
 }
 
 void FollowedFilesTest::filesOfOtherVolumesAreNotFollowed()

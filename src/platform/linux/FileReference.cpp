@@ -113,7 +113,7 @@ private:
 QByteArray FileReference::encode() const
 {
     constexpr std::size_t fieldCount = 9;
-    constexpr qsizetype sizeOfTheRest = 256;
+    constexpr qsizetype sizeOfTheRest = 160;
     CborWriter writer(path.size() + sizeOfTheRest);
     writer.beginMap(fieldCount);
     writer.field("version", formatVersion);

@@ -50,8 +50,9 @@ namespace {
 
 [[nodiscard]] std::size_t mostDescriptors()
 {
+    constexpr rlim_t enough = 1000;
     rlimit limit{};
-    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 ? limit.rlim_cur / 2 : 0;
+    return ::getrlimit(RLIMIT_NOFILE, &limit) == 0 ? std::min(limit.rlim_cur / 2, enough) : 0;
 }
 
 } // namespace

@@ -17,8 +17,9 @@ class QSocketNotifier;
 namespace nookle {
 
 /// Knows where files went while the program runs, whatever was moved or given a new name above them. Each costs a
-/// descriptor, so only files on the volume of the home folder are followed, and only as long as half of the
-/// descriptors that the program may have are left for everything else. A file that is deleted is let go at once: an
+/// descriptor and one of the watches that all of the user's programs share, so only files on the volume of the home
+/// folder are followed, a thousand at most, and only as long as half of the descriptors that the program may have are
+/// left for everything else. A file that is deleted is let go at once: an
 /// open descriptor would keep its space on the disk. A deleted folder, which the system does not tell of and which
 /// holds nothing any more, is let go when it is asked for. Main thread only.
 class FollowedFiles final {
