@@ -1,5 +1,6 @@
 #include "ShelfIndex.h"
 
+#include "DateText.h"
 #include "Overloaded.h"
 #include "UuidText.h"
 
@@ -30,11 +31,6 @@ constexpr QLatin1String titleKey("title");
 constexpr QLatin1String hasIconKey("hasIcon");
 constexpr QLatin1String imageKey("image");
 constexpr QLatin1String fileNameKey("fileName");
-
-[[nodiscard]] QString dateText(const QDateTime& date)
-{
-    return date.toUTC().toString(Qt::ISODate);
-}
 
 /// A text in quotes, escaped as JSON demands.
 [[nodiscard]] QByteArray quoted(const QString& text)
@@ -163,7 +159,7 @@ void write(Writer& writer, const ShelfItem& item)
     writer.beginObject(contentKey);
     write(writer, item.content);
     writer.end('}');
-    writer.plain(createdAtKey, dateText(item.createdAt).toLatin1());
+    writer.plain(createdAtKey, dateText(item.createdAt));
     writer.plain(idKey, uuidText(item.id).toLatin1());
     writer.member(pinnedKey, item.pinned);
     writer.end('}');
@@ -244,11 +240,8 @@ private:
         const std::optional<QString> text = string(object, key);
         if (!text)
             return {};
-        // Qt reads more forms of ISO 8601 than the one that is written.
-        const QDateTime date = QDateTime::fromString(*text, Qt::ISODate);
-        if (!date.isValid() || dateText(date) != *text)
-            return fail(key, "expected a date such as 2026-01-31T12:00:00Z.");
-        return date;
+        const std::optional<QDateTime> date = dateFromText(*text);
+        return date ? date : fail(key, "expected a date such as 2026-01-31T12:00:00Z.");
     }
 
     [[nodiscard]] std::optional<ShelfItem> item(const QJsonObject& object)

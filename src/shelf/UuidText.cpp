@@ -1,6 +1,20 @@
 #include "UuidText.h"
 
+#include <algorithm>
+
 namespace nookle {
+
+namespace {
+
+constexpr QLatin1String pattern("00000000-0000-0000-0000-000000000000");
+
+[[nodiscard]] bool isHexDigit(QChar character)
+{
+    return (character >= u'0' && character <= u'9') || (character >= u'a' && character <= u'f')
+        || (character >= u'A' && character <= u'F');
+}
+
+} // namespace
 
 QString uuidText(const QUuid& uuid)
 {
@@ -10,10 +24,11 @@ QString uuidText(const QUuid& uuid)
 std::optional<QUuid> uuidFromText(const QString& text)
 {
     // Qt takes braces and trailing characters too, and has no result of its own for text that is no UUID.
-    const QUuid uuid = QUuid::fromString(text);
-    if (uuidText(uuid) != text.toUpper())
-        return {};
-    return uuid;
+    const bool isUuid = text.size() == pattern.size()
+        && std::equal(text.cbegin(), text.cend(), pattern.begin(), [](QChar character, char expected) {
+                            return expected == '-' ? character == u'-' : isHexDigit(character);
+                        });
+    return isUuid ? std::optional(QUuid::fromString(text)) : std::nullopt;
 }
 
 } // namespace nookle
