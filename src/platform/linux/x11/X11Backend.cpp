@@ -26,16 +26,15 @@ namespace {
 
 bool X11Backend::isServerRunning()
 {
-    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-    const bool isRunning = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return isRunning;
+    const XcbConnection connection(xcb_connect(nullptr, nullptr));
+    return xcb_connection_has_error(connection.get()) == 0;
 }
 
 X11Backend::X11Backend()
     : m_connection(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection())
-    , m_displays(std::make_unique<X11Displays>(m_connection, rootWindow(m_connection)))
-    , m_pointer(std::make_unique<X11Pointer>(m_connection, rootWindow(m_connection)))
+    , m_queries(xcb_connect(nullptr, nullptr))
+    , m_displays(std::make_unique<X11Displays>(m_queries.get(), rootWindow(m_connection)))
+    , m_pointer(std::make_unique<X11Pointer>(m_queries.get(), rootWindow(m_connection)))
     , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
     , m_compositing(std::make_unique<X11Compositing>(m_connection))
     , m_globalShortcuts(std::make_unique<X11GlobalShortcuts>())

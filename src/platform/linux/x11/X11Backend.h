@@ -1,15 +1,14 @@
 #pragma once
 
 #include "DesktopBackend.h"
-
-struct xcb_connection_t;
+#include "XcbConnection.h"
 
 namespace nookle {
 
 class X11Compositing;
 class X11Drops;
 
-/// Everything that goes through the X server, on the toolkit's connection to it.
+/// Everything that goes through the X server.
 class X11Backend final : public DesktopBackend {
 public:
     /// Whether the server that the environment names accepts a connection.
@@ -30,6 +29,8 @@ public:
 
 private:
     xcb_connection_t* m_connection;
+    /// For what is asked some forty times a second while something is dragged.
+    XcbConnection m_queries;
     std::unique_ptr<Displays> m_displays;
     std::unique_ptr<Pointer> m_pointer;
     std::unique_ptr<InputMonitor> m_inputMonitor;

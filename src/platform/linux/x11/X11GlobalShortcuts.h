@@ -2,6 +2,7 @@
 
 #include "GlobalShortcuts.h"
 #include "ShortcutHandlers.h"
+#include "XcbConnection.h"
 
 #include <QObject>
 #include <QSocketNotifier>
@@ -42,9 +43,6 @@ private:
         bool isDown = false;
     };
 
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
     struct FreeSymbols {
         void operator()(xcb_key_symbols_t* symbols) const { xcb_key_symbols_free(symbols); }
     };
@@ -62,7 +60,7 @@ private:
     [[nodiscard]] std::vector<std::uint16_t> statesOf(std::uint32_t modifiers) const;
     [[nodiscard]] std::vector<xcb_keycode_t> keysOf(std::uint32_t keyCode) const;
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    XcbConnection m_connection;
     std::unique_ptr<xcb_key_symbols_t, FreeSymbols> m_symbols;
     xcb_window_t m_root = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;

@@ -9,12 +9,16 @@
 #include <xcb/xinput.h>
 
 #include <algorithm>
+#include <chrono>
 
 namespace nookle {
 
 namespace {
 
 inline constexpr std::uint32_t leftButton = 1;
+
+/// Quick enough for a panel that comes out, and slow enough not to be noticed however often the mouse reports.
+inline constexpr std::chrono::milliseconds movementInterval{ 25 };
 
 [[nodiscard]] const xcb_screen_t* screenOf(xcb_connection_t* connection, int number)
 {
@@ -37,11 +41,6 @@ private:
     std::shared_ptr<Handler> m_handler;
 };
 
-void X11InputMonitor::Disconnect::operator()(xcb_connection_t* connection) const
-{
-    xcb_disconnect(connection);
-}
-
 X11InputMonitor::X11InputMonitor(xcb_connection_t* ownConnection)
     : m_ownConnection(ownConnection)
 {
@@ -52,6 +51,9 @@ X11InputMonitor::X11InputMonitor(xcb_connection_t* ownConnection)
     }
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11InputMonitor::readEvents);
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(movementInterval);
+    connect(&m_pause, &QTimer::timeout, this, &X11InputMonitor::readEvents);
     selectRawEvents(false);
     // A reply comes after everything before it: from here on no press is missed.
     const auto cookie = xcb_get_input_focus(m_connection.get());
@@ -129,9 +131,12 @@ void X11InputMonitor::readEvents()
         m_notifier->setEnabled(false);
         return;
     }
-    // However many movements were waiting, the pointer is in one place only.
-    if (m_hasMoved)
-        call(m_dragHandlers);
+    m_notifier->setEnabled(!m_hasMoved);
+    if (!m_hasMoved)
+        return;
+    // However many movements were waiting, the pointer is in one place only. Those that come next wait for a while.
+    m_pause.start();
+    call(m_dragHandlers);
 }
 
 void X11InputMonitor::handle(const xcb_generic_event_t& event)

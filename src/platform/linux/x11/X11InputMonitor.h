@@ -1,9 +1,11 @@
 #pragma once
 
 #include "InputMonitor.h"
+#include "XcbConnection.h"
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <xcb/xcb.h>
 
@@ -15,7 +17,8 @@ namespace nookle {
 
 /// Raw events of the X Input extension, which arrive whichever program has the pointer, also during its drags; and the
 /// owner of the XdndSelection, which tells when a drag of content begins. Movements are asked for only while the left
-/// button is down, so that the mouse alone never wakes the program.
+/// button is down, so that the mouse alone never wakes the program, and
+/// then looked at some forty times a second.
 class X11InputMonitor final : public QObject, public InputMonitor {
     Q_OBJECT
 
@@ -33,10 +36,6 @@ private:
     using Handler = std::function<void()>;
     using Handlers = std::vector<std::weak_ptr<Handler>>;
 
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const;
-    };
-
     class Subscription;
 
     [[nodiscard]] bool connectToServer();
@@ -52,8 +51,10 @@ private:
     static void call(Handlers& handlers);
 
     xcb_connection_t* m_ownConnection;
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    /// Runs while a drag is under way: a mouse may report a thousand movements a second.
+    QTimer m_pause;
     std::uint32_t m_root = 0;
     std::uint8_t m_inputOpcode = 0;
     std::uint8_t m_firstFixesEvent = 0;

@@ -55,14 +55,9 @@ private:
     xcb_window_t m_id;
 };
 
-void X11SelectionReader::Disconnect::operator()(xcb_connection_t* connection) const
-{
-    xcb_disconnect(connection);
-}
-
 std::unique_ptr<X11SelectionReader> X11SelectionReader::tryCreate()
 {
-    std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(nullptr, nullptr));
+    XcbConnection connection(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(connection.get()) != 0)
         return nullptr;
     return std::unique_ptr<X11SelectionReader>(new X11SelectionReader(connection.release()));

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "XcbConnection.h"
+
 #include <QByteArray>
 
 #include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
-
-struct xcb_connection_t;
 
 namespace nookle {
 
@@ -26,9 +26,6 @@ public:
                                                  qsizetype maximumSize, Clock::time_point deadline);
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const;
-    };
     class Requestor;
 
     explicit X11SelectionReader(xcb_connection_t* connection);
@@ -41,7 +38,7 @@ private:
     [[nodiscard]] std::optional<QByteArray> readInPieces(const Requestor& requestor, qsizetype maximumSize,
                                                          Clock::time_point deadline);
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    XcbConnection m_connection;
     std::uint32_t m_root = 0;
     std::uint32_t m_property = 0;
     std::uint32_t m_pieces = 0;
