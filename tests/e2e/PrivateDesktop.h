@@ -32,6 +32,8 @@ public:
     PrivateDesktop& operator=(const PrivateDesktop&) = delete;
 
     [[nodiscard]] XScreen& screen() { return *m_screen; }
+    /// The name of its X server.
+    [[nodiscard]] QByteArray display() const { return m_environment.value(QStringLiteral("DISPLAY")).toLatin1(); }
     [[nodiscard]] const QProcessEnvironment& environment() const { return m_environment; }
 
     /// Sets a variable for the programs that start from now on.

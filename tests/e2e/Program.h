@@ -29,6 +29,8 @@ public:
     /// Its exit code once it has ended by itself; -1 when it does not, or crashed.
     [[nodiscard]] int waitForExit();
 
+    [[nodiscard]] qint64 processId() const { return m_process.processId(); }
+
     [[nodiscard]] bool isRunning() const { return m_process.state() == QProcess::Running; }
 
     /// What it has written to standard error so far.

@@ -49,6 +49,8 @@ public:
     /// The names of the saved items that are files.
     [[nodiscard]] QStringList savedFileNames() const;
 
+    [[nodiscard]] qint64 processId() const { return m_process->processId(); }
+
     [[nodiscard]] QByteArray log() { return m_process->log(); }
 
 private:

@@ -251,17 +251,22 @@ void XScreen::moveTo(const QPoint& point)
 {
     constexpr int longestStep = 24;
     constexpr int pace = 8;
-    constexpr std::uint8_t isRelative = 1;
     for (QPoint way = point - pointer(); !way.isNull(); way = point - pointer()) {
         const double length = std::hypot(way.x(), way.y());
         const QPoint step = length <= longestStep ? way : (QPointF(way) * longestStep / length).toPoint();
         const QPoint before = pointer();
-        fake(XCB_MOTION_NOTIFY, isRelative, step);
+        moveBy(step);
         // A hand's pace, and not a wait: programs see a movement and not a jump.
         QThread::msleep(pace);
         if (pointer() == before)
             return;
     }
+}
+
+void XScreen::moveBy(const QPoint& step)
+{
+    constexpr std::uint8_t isRelative = 1;
+    fake(XCB_MOTION_NOTIFY, isRelative, step);
 }
 
 void XScreen::press(std::uint8_t button)

@@ -54,6 +54,8 @@ public:
     [[nodiscard]] QPoint pointer() const;
     /// Moves the pointer there in steps, at a hand's pace.
     void moveTo(const QPoint& point);
+    /// Moves it in a single step.
+    void moveBy(const QPoint& step);
     void press(std::uint8_t button = 1);
     void release(std::uint8_t button = 1);
 

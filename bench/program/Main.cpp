@@ -1,0 +1,54 @@
+// Measures the whole program and its core, prints one table, and writes the same as JSON. Ends with 1 when a budget is
+// missed, and with 2 when something could not be measured.
+//   nookle_bench FOLDER-OF-THE-PROGRAMS JSON-FILE
+
+#include "CoreFigures.h"
+#include "ProgramFigures.h"
+#include "Report.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonDocument>
+
+#include <cstdio>
+
+using namespace nookle::bench;
+
+namespace {
+
+enum ExitCode { passed = 0, missed = 1, failed = 2 };
+
+[[nodiscard]] bool measure(const QString& folder, Report& report)
+{
+    const auto program = [&](const char* name) { return QString(folder + u'/' + QLatin1String(name)); };
+    const Programs programs{ program("nookle"), program("nookle_bench_floor"), program("nookle_bench_panel"),
+                             program("Peer") };
+    return addStart(programs, report) && addIdling(programs, report) && addDragging(programs, report)
+        && addDrop(programs, report) && addPanel(programs, report) && addCore(program("nookle_bench_core"), report)
+        && addSize(programs, report);
+}
+
+[[nodiscard]] bool write(const Report& report, const QString& path)
+{
+    QFile file(path);
+    const QByteArray json = QJsonDocument(report.json()).toJson();
+    return file.open(QIODevice::WriteOnly) && file.write(json) == json.size();
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 3) {
+        std::fputs("usage: nookle_bench FOLDER-OF-THE-PROGRAMS JSON-FILE\n", stderr);
+        return failed;
+    }
+    Report report;
+    const bool isMeasured = measure(arguments[1], report);
+    std::fputs(qPrintable(report.table()), stdout);
+    if (!isMeasured || !write(report, arguments[2]))
+        return failed;
+    return report.isMissed() ? missed : passed;
+}

@@ -1,0 +1,314 @@
+#include "ProgramFigures.h"
+
+#include "PrivateDesktop.h"
+#include "ProcessFigures.h"
+#include "RepaintLog.h"
+#include "Report.h"
+#include "SampleShelf.h"
+#include "Shelf.h"
+#include "Waiting.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <algorithm>
+#include <thread>
+#include <vector>
+
+namespace nookle::bench {
+
+namespace {
+
+using namespace e2e;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""us;
+
+inline constexpr int panelWidth = 112;
+inline constexpr auto timeToSettle = 3s;
+/// Threads that have nothing to do any more end after half a minute.
+inline constexpr auto timeToGoToSleep = 40s;
+
+[[nodiscard]] double median(std::vector<double> values)
+{
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+[[nodiscard]] double mebibytes(qint64 bytes)
+{
+    constexpr double mebibyte = 1024 * 1024;
+    return static_cast<double>(bytes) / mebibyte;
+}
+
+/// Without a window manager: it would be measured too.
+[[nodiscard]] std::unique_ptr<PrivateDesktop> makeDesktop()
+{
+    auto desktop = PrivateDesktop::tryCreate({});
+    // This program has libraries of its own: what it shared with another one would count half there.
+    if (desktop)
+        desktop->setVariable(QStringLiteral("LD_LIBRARY_PATH"), QString());
+    return desktop;
+}
+
+[[nodiscard]] bool writeShelf(const PrivateDesktop& desktop, int count)
+{
+    return writeSampleShelf(desktop.home(QStringLiteral("data")), desktop.home(QStringLiteral("files")), count);
+}
+
+/// From the start to the first painting of the window of the panel's size, in milliseconds.
+[[nodiscard]] std::optional<double> timeToFirstPainting(const PrivateDesktop& desktop, RepaintLog& log,
+                                                        const QString& path)
+{
+    QElapsedTimer elapsed;
+    log.forget();
+    elapsed.start();
+    const auto program = desktop.start(path);
+    const bool isPainted = log.waitForPaintedWindow(panelWidth);
+    const auto time = static_cast<double>(elapsed.nsecsElapsed()) / 1e6;
+    if (!isPainted)
+        qWarning("%s shows no window: %s", qPrintable(path), program->log().constData());
+    return isPainted ? std::optional(time) : std::nullopt;
+}
+
+void toggle(XScreen& screen)
+{
+    const std::vector<xcb_keysym_t> keys{ XScreen::control, XScreen::alt, XScreen::super, 'd' };
+    for (const xcb_keysym_t key : keys)
+        screen.pressKey(key);
+    for (const xcb_keysym_t key : keys)
+        screen.releaseKey(key);
+}
+
+/// Shows the panel and hides it again, so that everything that a showing loads is there.
+[[nodiscard]] bool showOnce(PrivateDesktop& desktop, const Shelf& shelf)
+{
+    toggle(desktop.screen());
+    if (!waitFor([&] { return shelf.isAtRest(desktop.screen().geometry().width()); }))
+        return false;
+    std::this_thread::sleep_for(timeToSettle);
+    toggle(desktop.screen());
+    if (!waitFor([&] { return !shelf.panel(); }))
+        return false;
+    std::this_thread::sleep_for(timeToSettle);
+    return true;
+}
+
+/// Moves the mouse to and fro a thousand times a second.
+void shake(XScreen& screen, std::chrono::seconds time)
+{
+    constexpr int distance = 200;
+    auto next = std::chrono::steady_clock::now();
+    const auto end = next + time;
+    for (int step = 0; next < end; ++step) {
+        screen.moveBy(QPoint(step / distance % 2 == 0 ? 1 : -1, 0));
+        next += 1ms;
+        std::this_thread::sleep_until(next);
+    }
+}
+
+/// A program with a window that something can be dragged out of, and the place to press on.
+struct DragSource {
+    std::unique_ptr<Program> program;
+    QPoint place;
+};
+
+[[nodiscard]] std::optional<DragSource> openDragSource(PrivateDesktop& desktop, const QString& peer)
+{
+    desktop.writeFile(QStringLiteral("offered"), "file:///etc/hostname\r\n");
+    DragSource source;
+    source.program = desktop.start(
+        peer, { QStringLiteral("offer"), desktop.home(QStringLiteral("offered")), QStringLiteral("text/uri-list") });
+    std::optional<XWindow> window;
+    if (!waitFor([&] { return (window = desktop.screen().window("Peer", 400)).has_value(); }))
+        return std::nullopt;
+    source.place = window->frame.center();
+    return source;
+}
+
+/// From the release of the button over an empty shelf to the first pixels of a tile, in milliseconds.
+[[nodiscard]] std::optional<double> timeOfDrop(const Programs& programs)
+{
+    const auto desktop = makeDesktop();
+    if (!desktop)
+        return std::nullopt;
+    XScreen& screen = desktop->screen();
+    const int rightEdge = screen.geometry().width();
+    Shelf shelf(*desktop, programs.nookle);
+    const auto source = openDragSource(*desktop, programs.peer);
+    if (!source || !shelf.start() || !screen.beginDrag(source->place))
+        return std::nullopt;
+    screen.moveTo(QPoint(rightEdge - 1, 300));
+    if (!waitFor([&] { return shelf.isAtRest(rightEdge); }))
+        return std::nullopt;
+    screen.moveTo(QPoint(rightEdge - panelWidth / 2, 400));
+    const auto isTarget = [&] {
+        screen.moveTo(screen.pointer() + QPoint(0, 1));
+        return shelf.isDropTarget();
+    };
+    if (!waitFor(isTarget))
+        return std::nullopt;
+    const QRect tile(shelf.firstTile() - QPoint(20, 20), QSize(40, 40));
+    const QImage empty = screen.picture(tile);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    screen.release();
+    while (screen.picture(tile) == empty && elapsed.elapsed() < patience)
+        std::this_thread::sleep_for(500us);
+    return static_cast<double>(elapsed.nsecsElapsed()) / 1e6;
+}
+
+[[nodiscard]] std::optional<QJsonObject> panelFigures(const Programs& programs, int itemCount, const QString& mode)
+{
+    const auto desktop = makeDesktop();
+    if (!desktop || !writeShelf(*desktop, itemCount))
+        return std::nullopt;
+    const auto program = desktop->start(programs.panel, { desktop->home(QStringLiteral("data")), mode });
+    const bool hasEnded = waitFor([&] { return !program->isRunning(); }, 120'000);
+    const QJsonObject figures = QJsonDocument::fromJson(program->readLine()).object();
+    if (hasEnded && !figures.isEmpty())
+        return figures;
+    qWarning("the panel's benchmark fails: %s", program->log().constData());
+    return std::nullopt;
+}
+
+[[nodiscard]] double value(const QJsonObject& figures, const char* name)
+{
+    return figures.value(QLatin1String(name)).toDouble();
+}
+
+} // namespace
+
+bool addStart(const Programs& programs, Report& report)
+{
+    constexpr int runs = 9;
+    const auto desktop = makeDesktop();
+    const auto log = desktop ? RepaintLog::tryCreate(desktop->display()) : nullptr;
+    if (!log)
+        return false;
+    desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
+    std::vector<double> floors;
+    std::vector<double> times;
+    // Not the first run of each, which reads from the disk.
+    for (int run = 0; run <= runs; ++run) {
+        const auto floor = timeToFirstPainting(*desktop, *log, programs.floor);
+        const auto time = timeToFirstPainting(*desktop, *log, programs.nookle);
+        if (!floor || !time)
+            return false;
+        if (run == 0)
+            continue;
+        floors.push_back(*floor);
+        times.push_back(*time);
+    }
+    report.addRatio(QStringLiteral("start to the panel's first painting, empty shelf"), median(times),
+                    QStringLiteral("ms"), median(floors), 1.6);
+    return true;
+}
+
+bool addIdling(const Programs& programs, Report& report)
+{
+    const auto desktop = makeDesktop();
+    if (!desktop || !writeShelf(*desktop, 50))
+        return false;
+    qint64 floor = 0;
+    {
+        const auto program = desktop->start(programs.floor);
+        std::this_thread::sleep_for(timeToSettle);
+        floor = proportionalMemory(program->processId());
+    }
+    Shelf shelf(*desktop, programs.nookle);
+    if (!shelf.start() || !showOnce(*desktop, shelf))
+        return false;
+    report.addRatio(QStringLiteral("memory (PSS) hidden and idle, 50 items"),
+                    mebibytes(proportionalMemory(shelf.processId())), QStringLiteral("MiB"), mebibytes(floor), 1.5);
+
+    // The server tells all programs once that another device moves the pointer.
+    shake(desktop->screen(), 1s);
+    std::this_thread::sleep_for(timeToGoToSleep);
+    const std::chrono::seconds idle(programs.idleSeconds);
+    const auto perMinute = [&](qint64 count) { return static_cast<double>(count) * 60 / programs.idleSeconds; };
+    const WakeUps before = wakeUps(shelf.processId());
+    std::this_thread::sleep_for(idle);
+    const WakeUps between = wakeUps(shelf.processId());
+    shake(desktop->screen(), idle);
+    const WakeUps after = wakeUps(shelf.processId());
+    report.addAmount(QStringLiteral("wake-ups a minute, hidden and idle"), perMinute(countSince(before, between)), {},
+                     2);
+    report.addAmount(QStringLiteral("wake-ups a minute, the mouse moving at 1,000 Hz"),
+                     perMinute(countSince(between, after)), {}, 2);
+    return true;
+}
+
+bool addDragging(const Programs& programs, Report& report)
+{
+    constexpr std::chrono::seconds time(10);
+    const auto desktop = makeDesktop();
+    if (!desktop)
+        return false;
+    Shelf shelf(*desktop, programs.nookle);
+    const auto source = openDragSource(*desktop, programs.peer);
+    if (!source || !shelf.start() || !desktop->screen().beginDrag(source->place))
+        return false;
+    const auto before = processorTime(shelf.processId());
+    shake(desktop->screen(), time);
+    const auto after = processorTime(shelf.processId());
+    desktop->screen().release();
+    const double share = std::chrono::duration<double>(after - before) / std::chrono::duration<double>(time);
+    report.addAmount(QStringLiteral("processor time while another program drags at 1,000 Hz"), share * 100,
+                     QStringLiteral("%"), 1);
+    return true;
+}
+
+bool addDrop(const Programs& programs, Report& report)
+{
+    constexpr int runs = 5;
+    std::vector<double> times;
+    for (int run = 0; run < runs; ++run) {
+        const auto time = timeOfDrop(programs);
+        if (!time) {
+            qWarning("nothing can be dropped");
+            return false;
+        }
+        times.push_back(*time);
+    }
+    report.addTime(QStringLiteral("drop of one file to its tile painted"), median(times), 50);
+    return true;
+}
+
+bool addPanel(const Programs& programs, Report& report)
+{
+    constexpr double interval = 1000.0 / 60;
+    const auto few = panelFigures(programs, 50, QStringLiteral("show"));
+    const auto many = panelFigures(programs, 10'000, QStringLiteral("scroll"));
+    if (!few || !many)
+        return false;
+    report.addTime(QStringLiteral("show() to the first frame, main thread, 50 items"), value(*few, "show"), 16);
+    report.addTime(QStringLiteral("show() to the first frame, main thread, 10,000 items"), value(*many, "show"), 50);
+    report.addTime(QStringLiteral("the slide's latest frame"), value(*few, "slide"), 1.5 * interval);
+    report.addAmount(QStringLiteral("repaints a frame of the slide"),
+                     value(*few, "slidePaints") / std::max(value(*few, "slideFrames"), 1.0), {}, 1);
+    report.addAmount(QStringLiteral("layouts during the slide"), value(*few, "slideLayouts"), {}, 0);
+    report.addTime(QStringLiteral("scrolling 10,000 items, the longest frame"), value(*many, "scroll"), interval);
+    report.addAmount(QStringLiteral("scrolling 10,000 items, memory after 600 turns / after 100"),
+                     value(*many, "scrollMemory"), {}, 1.05);
+    return true;
+}
+
+bool addSize(const Programs& programs, Report& report)
+{
+    constexpr double megabyte = 1e6;
+    const QTemporaryDir folder;
+    const QString stripped = folder.filePath(QStringLiteral("nookle"));
+    if (QProcess::execute(QStringLiteral("strip"), { QStringLiteral("-o"), stripped, programs.nookle }) != 0)
+        return false;
+    report.addAmount(QStringLiteral("the program, stripped"),
+                     static_cast<double>(QFileInfo(stripped).size()) / megabyte, QStringLiteral("MB"), 1.5);
+    return true;
+}
+
+} // namespace nookle::bench
