@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace nookle {
 
@@ -38,6 +39,15 @@ public:
     /// The file or folder that `reference` stands for, as long as it exists now, in the Trash too; never asks the user
     /// for anything and mounts nothing. Bytes that `make` did not write resolve to nothing.
     [[nodiscard]] virtual std::optional<ResolvedFile> resolve(const QByteArray& reference) = 0;
+
+    /// The same for many references at once, in their order; may be quicker than one after the other.
+    [[nodiscard]] virtual std::vector<std::optional<ResolvedFile>> resolveAll(const std::vector<QByteArray>& references)
+    {
+        std::vector<std::optional<ResolvedFile>> files;
+        for (const QByteArray& reference : references)
+            files.push_back(resolve(reference));
+        return files;
+    }
 
     /// Gives up what following `reference` takes while the program runs. The bytes stay valid.
     virtual void release(const QByteArray& reference) = 0;

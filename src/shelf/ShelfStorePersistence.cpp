@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace nookle {
 
@@ -154,9 +155,18 @@ void ShelfStore::refreshFiles()
     QHash<QUuid, QUrl> urls;
     QSet<QByteArray> replaced;
     bool changedItems = false;
+    std::vector<QByteArray> bookmarks;
+    for (const ShelfItem& item : std::as_const(m_items)) {
+        if (const FileContent* file = std::get_if<FileContent>(&item.content))
+            bookmarks.push_back(file->bookmark);
+    }
+    const std::vector<std::optional<ResolvedFile>> files = m_fileReferences.resolveAll(bookmarks);
+    auto next = files.begin();
     for (ShelfItem& item : m_items) {
         FileContent* file = std::get_if<FileContent>(&item.content);
-        const std::optional<ResolvedFile> resolved = file ? m_fileReferences.resolve(file->bookmark) : std::nullopt;
+        if (!file)
+            continue;
+        const std::optional<ResolvedFile>& resolved = *next++;
         if (!resolved || m_trash.contains(resolved->url))
             continue;
         urls.insert(item.id, resolved->url);

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void aDetourInTheUrlIsStraightened();
     void whatIsNotThereCannotBeReferredTo();
     void manyFilesAreReferredToInTheirOrder();
+    void manyReferencesAreResolvedInTheirOrder();
     void foreignBytesResolveToNothing();
     void anyNameIsKept_data();
     void anyNameIsKept();
@@ -150,6 +151,35 @@ void LinuxFileReferencesTest::manyFilesAreReferredToInTheirOrder()
             QCOMPARE(FileReference::decode(*reference)->path, filePath(urls.at(number)));
     }
     QCOMPARE(resolve(*references.at(1)), inPlace(filePath(urls.at(1))));
+}
+
+void LinuxFileReferencesTest::manyReferencesAreResolvedInTheirOrder()
+{
+    constexpr int count = 2500;
+    QList<QUrl> urls;
+    for (int number = 0; number < count; ++number)
+        urls.append(fileUrl(m_home->makeFile("one/" + QByteArray::number(number))));
+    std::vector<QByteArray> references;
+    for (const auto& reference : m_references->makeAll(urls))
+        references.push_back(*reference);
+    restart();
+    const auto path = [&](int number) { return filePath(urls.at(number)); };
+    const auto newPath = [&](int number) { return m_home->path("two/" + QByteArray::number(number)); };
+    for (int number = 0; number < count; number += 50)
+        QCOMPARE(::unlink(path(number).constData()), 0);
+    // Twice: the files that are followed are looked at in another way.
+    for (int time = 0; time < 2; ++time) {
+        const auto files = m_references->resolveAll(references);
+        QCOMPARE(files.size(), references.size());
+        for (int number = 0; number < count; ++number)
+            QCOMPARE(files[std::size_t(number)], number % 50 == 0 ? std::nullopt : inPlace(path(number)));
+    }
+    moveFile(path(1), newPath(1));
+    moveFile(path(count - 1), m_home->path("one/last"));
+    const auto files = m_references->resolveAll(references);
+    QCOMPARE(files[1], moved(newPath(1)));
+    QCOMPARE(files[2], inPlace(path(2)));
+    QCOMPARE(files[count - 1], moved(m_home->path("one/last")));
 }
 
 void LinuxFileReferencesTest::foreignBytesResolveToNothing()

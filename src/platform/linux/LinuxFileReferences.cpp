@@ -130,11 +130,11 @@ std::optional<ResolvedFile> LinuxFileReferences::resolve(const QByteArray& refer
 {
     if (const auto path = m_followed.pathInPlace(reference))
         return ResolvedFile{ fileUrl(*path), false };
+    if (const auto file = m_followed.room() == 0 ? inPlace(reference) : std::nullopt)
+        return file;
     const auto decoded = FileReference::decode(reference);
     if (!decoded)
         return std::nullopt;
-    if (m_followed.room() == 0 && isInPlace(*decoded))
-        return ResolvedFile{ fileUrl(decoded->path), false };
     FileDescriptor descriptor = openInPlace(decoded->path);
     const auto identity = FileIdentity::of(descriptor);
     if (exists(decoded->path, identity)) {
@@ -147,6 +147,29 @@ std::optional<ResolvedFile> LinuxFileReferences::resolve(const QByteArray& refer
         return exists(*path) ? std::optional(ResolvedFile{ fileUrl(*path), true }) : std::nullopt;
     m_search.want(reference, decoded->identity);
     return std::nullopt;
+}
+
+std::vector<std::optional<ResolvedFile>> LinuxFileReferences::resolveAll(const std::vector<QByteArray>& references)
+{
+    std::vector<std::optional<ResolvedFile>> files(references.size());
+    inParallel(files.size(), [&, room = m_followed.room()](std::size_t index) {
+        // What can still be followed needs more than a look.
+        if (index >= room)
+            files[index] = inPlace(references[index]);
+    });
+    for (std::size_t index = 0; index < files.size(); ++index) {
+        if (!files[index])
+            files[index] = resolve(references[index]);
+    }
+    return files;
+}
+
+std::optional<ResolvedFile> LinuxFileReferences::inPlace(const QByteArray& reference) const
+{
+    if (const auto path = m_followed.pathInPlace(reference))
+        return ResolvedFile{ fileUrl(*path), false };
+    const auto decoded = FileReference::decode(reference);
+    return decoded && isInPlace(*decoded) ? std::optional(ResolvedFile{ fileUrl(decoded->path), false }) : std::nullopt;
 }
 
 void LinuxFileReferences::release(const QByteArray& reference)

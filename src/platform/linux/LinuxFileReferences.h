@@ -28,9 +28,14 @@ public:
     /// Looks at the files on several threads.
     QList<std::optional<QByteArray>> makeAll(const QList<QUrl>& urls) override;
     std::optional<ResolvedFile> resolve(const QByteArray& reference) override;
+    /// Looks on several threads at those that have nothing to be done for.
+    std::vector<std::optional<ResolvedFile>> resolveAll(const std::vector<QByteArray>& references) override;
     void release(const QByteArray& reference) override;
 
 private:
+    /// The file where it was when its reference was made, if that can be said without changing anything here; may be
+    /// called on any thread.
+    [[nodiscard]] std::optional<ResolvedFile> inPlace(const QByteArray& reference) const;
     [[nodiscard]] std::optional<QByteArray> newPath(const QByteArray& bytes, const FileReference& reference);
     [[nodiscard]] std::optional<QByteArray> foundPath(const QByteArray& bytes, const FileIdentity& identity) const;
 
