@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 
 #include <utility>
 
@@ -15,6 +16,9 @@ namespace nookle {
 namespace {
 
 inline constexpr double momentOfShowing = 1.5;
+
+/// After the start, when everything that starts along with the session has had its turn.
+inline constexpr double preparationDelay = 1;
 
 // The shortcut, in the numbers of `Shortcut`.
 inline constexpr std::uint32_t keyD = 2;
@@ -95,6 +99,10 @@ void AppDelegate::createShelfView()
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };
     view->onDragOutEnded = [this] { m_panelController->endDragOut(); };
     view->onHide = [this] { m_panelController->hide(); };
+    m_preparation = m_queue.after(preparationDelay, [content = QPointer(view.get())] {
+        if (content)
+            content->prepare();
+    });
     m_panelContent->setContent(view.release());
 }
 

@@ -114,6 +114,7 @@ private:
     std::unique_ptr<ServiceProvider> m_serviceProvider;
     std::unique_ptr<HotKey> m_hotKey;
     std::unique_ptr<DelayedTask> m_showing;
+    std::unique_ptr<DelayedTask> m_preparation;
 };
 
 } // namespace nookle

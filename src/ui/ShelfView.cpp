@@ -3,6 +3,7 @@
 #include "Colors.h"
 #include "DropCapture.h"
 #include "EmptyShelfView.h"
+#include "FileIcon.h"
 #include "FileUrl.h"
 #include "ItemInteractionView.h"
 #include "PinButton.h"
@@ -146,6 +147,15 @@ void ShelfView::showItems()
     m_heights.trim(m_store.items().size());
     m_tiles->setRows(std::move(ids));
     m_content->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_emptyState) : m_tiles);
+}
+
+void ShelfView::prepare()
+{
+    constexpr qsizetype mostInView = 20;
+    for (const ShelfItem& item : m_store.items().first(std::min(m_store.items().size(), mostInView))) {
+        if (const auto file = m_store.localURL(item))
+            static_cast<void>(fileIcon(*file));
+    }
 }
 
 ItemInteraction ShelfView::interaction(const ShelfItem& item)
@@ -331,12 +341,6 @@ void ShelfView::contextMenuEvent(QContextMenuEvent* event)
     ShelfItemView* tile = item ? m_tiles->tile(item->id) : nullptr;
     if (tile && event->reason() == QContextMenuEvent::Keyboard)
         tile->interaction().showMenu(tile->mapToGlobal(tile->rect().center()));
-}
-
-void ShelfView::showEvent(QShowEvent* event)
-{
-    QWidget::showEvent(event);
-    showItems();
 }
 
 void ShelfView::paintEvent(QPaintEvent* /*event*/)

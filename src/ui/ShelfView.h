@@ -67,6 +67,9 @@ public:
     /// The user wants the shelf out of the way.
     std::function<void()> onHide;
 
+    /// Loads what the first showing needs and what takes a while: the desktop's icons. Calling it is not a must.
+    void prepare();
+
     /// The item under the pointer, if any.
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
     [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
@@ -80,7 +83,6 @@ protected:
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;

@@ -229,8 +229,7 @@ void TileList::focusOutEvent(QFocusEvent* event)
 void TileList::showEvent(QShowEvent* event)
 {
     QAbstractScrollArea::showEvent(event);
-    if (m_isOutdated)
-        layOut();
+    layOut();
 }
 
 void TileList::resizeEvent(QResizeEvent* event)

@@ -24,7 +24,8 @@ public:
 
     /// Makes a tile, as a child of the widget handed in; called when a row comes into view.
     std::function<ShelfItemView*(QWidget* parent)> makeTile;
-    /// Fills the tile of a row; called when it comes into view, and after every change of the rows.
+    /// Fills the tile of a row; called when it comes into view, after every change of the rows, and when the list is
+    /// shown.
     std::function<void(ShelfItemView& tile, std::size_t row)> fillTile;
     /// The height of a row's tile at a width.
     std::function<int(std::size_t row, int width)> tileHeight;
