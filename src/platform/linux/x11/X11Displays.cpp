@@ -2,7 +2,6 @@
 
 #include "UsableArea.h"
 #include "X11Coordinates.h"
-#include "XcbAtoms.h"
 #include "XcbReply.h"
 
 #include <xcb/randr.h>
@@ -12,14 +11,20 @@
 
 namespace nookle {
 
+namespace {
+
+inline constexpr const char* clientList = "_NET_CLIENT_LIST";
+inline constexpr const char* currentDesktop = "_NET_CURRENT_DESKTOP";
+inline constexpr const char* strut = "_NET_WM_STRUT";
+inline constexpr const char* strutPartial = "_NET_WM_STRUT_PARTIAL";
+inline constexpr const char* workAreas = "_NET_WORKAREA";
+
+} // namespace
+
 X11Displays::X11Displays(xcb_connection_t* connection, std::uint32_t root)
     : m_connection(connection)
     , m_root(root)
-    , m_clientList(xcbAtom(connection, "_NET_CLIENT_LIST"))
-    , m_currentDesktop(xcbAtom(connection, "_NET_CURRENT_DESKTOP"))
-    , m_strut(xcbAtom(connection, "_NET_WM_STRUT"))
-    , m_strutPartial(xcbAtom(connection, "_NET_WM_STRUT_PARTIAL"))
-    , m_workArea(xcbAtom(connection, "_NET_WORKAREA"))
+    , m_atoms(connection, { clientList, currentDesktop, strut, strutPartial, workAreas })
 {
 }
 
@@ -48,8 +53,8 @@ QSize X11Displays::desktopSize() const
 
 std::optional<QRect> X11Displays::workArea() const
 {
-    const auto areas = xcbNumbers(m_connection, m_root, m_workArea);
-    const auto desktops = xcbNumbers(m_connection, m_root, m_currentDesktop);
+    const auto areas = xcbNumbers(m_connection, m_root, m_atoms[workAreas]);
+    const auto desktops = xcbNumbers(m_connection, m_root, m_atoms[currentDesktop]);
     const std::size_t first = desktops.empty() ? 0 : std::size_t{ desktops.front() } * 4;
     if (areas.size() < first + 4)
         return std::nullopt;
@@ -63,10 +68,10 @@ QRect X11Displays::usable(const QRect& monitor, std::size_t monitorCount) const
 {
     const QSize desktop = desktopSize();
     std::vector<Strut> struts;
-    for (const std::uint32_t window : xcbNumbers(m_connection, m_root, m_clientList)) {
-        auto numbers = xcbNumbers(m_connection, window, m_strutPartial);
+    for (const std::uint32_t window : xcbNumbers(m_connection, m_root, m_atoms[clientList])) {
+        auto numbers = xcbNumbers(m_connection, window, m_atoms[strutPartial]);
         if (numbers.empty())
-            numbers = xcbNumbers(m_connection, window, m_strut);
+            numbers = xcbNumbers(m_connection, window, m_atoms[strut]);
         if (!numbers.empty())
             struts.push_back(Strut::fromNumbers(numbers, desktop));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Displays.h"
+#include "XcbAtoms.h"
 
 #include <QRect>
 #include <QSize>
@@ -35,11 +36,7 @@ private:
 
     xcb_connection_t* m_connection;
     std::uint32_t m_root;
-    std::uint32_t m_clientList;
-    std::uint32_t m_currentDesktop;
-    std::uint32_t m_strut;
-    std::uint32_t m_strutPartial;
-    std::uint32_t m_workArea;
+    XcbAtoms m_atoms;
 };
 
 } // namespace nookle

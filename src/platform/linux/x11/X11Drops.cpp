@@ -1,7 +1,6 @@
 #include "X11Drops.h"
 
 #include "X11SelectionReader.h"
-#include "XcbAtoms.h"
 #include "XcbReply.h"
 
 #include <QCoreApplication>
@@ -13,6 +12,13 @@
 namespace nookle {
 
 namespace {
+
+inline constexpr const char* dragEnter = "XdndEnter";
+inline constexpr const char* dragPosition = "XdndPosition";
+inline constexpr const char* dragDrop = "XdndDrop";
+inline constexpr const char* dragSelection = "XdndSelection";
+inline constexpr const char* typeList = "XdndTypeList";
+inline constexpr const char* directSave = "XdndDirectSave0";
 
 inline constexpr std::chrono::milliseconds patience{ 900 };
 inline constexpr qsizetype largestPayload = qsizetype{ 256 } * 1024 * 1024;
@@ -52,7 +58,7 @@ public:
         if (!reader)
             return {};
         const std::uint32_t target = xcbAtom(m_drops.m_connection, format.toLatin1());
-        return reader->read(m_drops.m_selection, target, m_drops.m_time, largestPayload, m_deadline)
+        return reader->read(m_drops.m_atoms[dragSelection], target, m_drops.m_time, largestPayload, m_deadline)
             .value_or(QByteArray());
     }
 
@@ -63,10 +69,7 @@ private:
 
 X11Drops::X11Drops(xcb_connection_t* connection)
     : m_connection(connection)
-    , m_enter(xcbAtom(connection, "XdndEnter"))
-    , m_position(xcbAtom(connection, "XdndPosition"))
-    , m_drop(xcbAtom(connection, "XdndDrop"))
-    , m_selection(xcbAtom(connection, "XdndSelection"))
+    , m_atoms(connection, { dragEnter, dragPosition, dragDrop, dragSelection, typeList, directSave })
 {
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
@@ -92,11 +95,11 @@ bool X11Drops::nativeEventFilter(const QByteArray& eventType, void* message, qin
         return false;
     constexpr int timeOfPosition = 3;
     constexpr int timeOfDrop = 2;
-    if (event->type == m_enter)
+    if (event->type == m_atoms[dragEnter])
         enter(*event);
-    else if (event->type == m_position)
+    else if (event->type == m_atoms[dragPosition])
         m_time = event->data.data32[timeOfPosition];
-    else if (event->type == m_drop)
+    else if (event->type == m_atoms[dragDrop])
         m_time = event->data.data32[timeOfDrop];
     return false;
 }
@@ -117,17 +120,15 @@ void X11Drops::enter(const xcb_client_message_event_t& event)
 const QStringList& X11Drops::formats()
 {
     if (m_formats.isEmpty())
-        m_formats = atomNames(m_connection,
-                              m_hasMore ? xcbNumbers(m_connection, m_source, xcbAtom(m_connection, "XdndTypeList"))
-                                        : m_announced);
+        m_formats =
+            atomNames(m_connection, m_hasMore ? xcbNumbers(m_connection, m_source, m_atoms[typeList]) : m_announced);
     return m_formats;
 }
 
 QByteArray X11Drops::suggestedName() const
 {
     constexpr std::uint32_t longestName = 1024;
-    const auto cookie = xcb_get_property(m_connection, 0, m_source, xcbAtom(m_connection, "XdndDirectSave0"),
-                                         XCB_ATOM_ANY, 0, longestName);
+    const auto cookie = xcb_get_property(m_connection, 0, m_source, m_atoms[directSave], XCB_ATOM_ANY, 0, longestName);
     const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr));
     if (!reply)
         return {};

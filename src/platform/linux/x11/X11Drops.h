@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DropPayload.h"
+#include "XcbAtoms.h"
 
 #include <QAbstractNativeEventFilter>
 
@@ -36,10 +37,7 @@ private:
     [[nodiscard]] X11SelectionReader* reader();
 
     xcb_connection_t* m_connection;
-    std::uint32_t m_enter;
-    std::uint32_t m_position;
-    std::uint32_t m_drop;
-    std::uint32_t m_selection;
+    XcbAtoms m_atoms;
 
     std::uint32_t m_source = 0;
     std::uint32_t m_time = 0;

@@ -158,18 +158,18 @@ void X11InputMonitor::handleRawEvent(const xcb_generic_event_t& event)
     if (generic.extension != m_inputOpcode)
         return;
     if (generic.event_type == XCB_INPUT_RAW_MOTION) {
-        m_hasMoved = true;
+        // Some still come after the release: the server learns of it later that they are not wanted any more.
+        m_hasMoved = m_isLeftButtonDown;
         return;
     }
     const auto& button = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
     if (button.detail != leftButton)
         return;
-    const bool isPress = generic.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
-    selectRawEvents(isPress);
-    if (isPress)
+    m_isLeftButtonDown = generic.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
+    m_hasMoved = false;
+    selectRawEvents(m_isLeftButtonDown);
+    if (m_isLeftButtonDown)
         call(m_pressHandlers);
-    else
-        m_hasMoved = false;
 }
 
 bool X11InputMonitor::isOwnWindow(std::uint32_t window) const

@@ -61,6 +61,7 @@ private:
     Handlers m_pressHandlers;
     Handlers m_dragHandlers;
     qint64 m_dragChangeCount = 0;
+    bool m_isLeftButtonDown = false;
     bool m_hasMoved = false;
 };
 

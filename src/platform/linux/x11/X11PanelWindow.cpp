@@ -2,7 +2,6 @@
 
 #include "Compositing.h"
 #include "Displays.h"
-#include "XcbAtoms.h"
 
 #include <QCursor>
 #include <QGuiApplication>
@@ -42,9 +41,9 @@ inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
 }
 
 /// The first number of a property; 0 when the window does not have it.
-[[nodiscard]] std::uint32_t firstNumber(xcb_connection_t* connection, xcb_window_t window, const QByteArray& property)
+[[nodiscard]] std::uint32_t firstNumber(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property)
 {
-    const auto numbers = xcbNumbers(connection, window, xcbAtom(connection, property));
+    const auto numbers = xcbNumbers(connection, window, property);
     return numbers.empty() ? 0 : numbers.front();
 }
 
@@ -87,6 +86,11 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
     , m_displays(displays)
     , m_compositing(compositing)
     , m_connection(connection)
+    , m_atoms(connection,
+              { "_KDE_NET_WM_BLUR_BEHIND_REGION", "_NET_ACTIVE_WINDOW", "_NET_WM_DESKTOP", "_NET_WM_STATE",
+                "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_SKIP_PAGER",
+                "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_USER_TIME", "_NET_WM_WINDOW_TYPE",
+                "_NET_WM_WINDOW_TYPE_DOCK" })
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
@@ -166,7 +170,7 @@ void X11PanelWindow::askForBlur()
     const std::vector<std::uint32_t> numbers =
         rectangleNumbers(roundedOnTheLeft((m_frame.size() * ratio).toSize(), qRound(m_cornerRadius * ratio)));
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(m_window.winId()),
-                        xcbAtom(m_connection, "_KDE_NET_WM_BLUR_BEHIND_REGION"), XCB_ATOM_CARDINAL, 32,
+                        m_atoms["_KDE_NET_WM_BLUR_BEHIND_REGION"], XCB_ATOM_CARDINAL, 32,
                         static_cast<std::uint32_t>(numbers.size()), numbers.data());
 }
 
@@ -205,17 +209,17 @@ void X11PanelWindow::park()
 void X11PanelWindow::setDockProperties()
 {
     const auto window = static_cast<xcb_window_t>(m_window.winId());
-    const auto set = [&](const QByteArray& property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, xcbAtom(m_connection, property), type, 32,
+    const auto set = [&](QByteArrayView property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, m_atoms[property], type, 32,
                             static_cast<std::uint32_t>(values.size()), values.data());
     };
     constexpr std::uint32_t allDesktops = 0xffffffff;
-    set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { xcbAtom(m_connection, "_NET_WM_WINDOW_TYPE_DOCK") });
+    set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { m_atoms["_NET_WM_WINDOW_TYPE_DOCK"] });
     set("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, { allDesktops });
     set("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, { 0 });
     set("_NET_WM_STATE", XCB_ATOM_ATOM,
-        { xcbAtom(m_connection, "_NET_WM_STATE_ABOVE"), xcbAtom(m_connection, "_NET_WM_STATE_STICKY"),
-          xcbAtom(m_connection, "_NET_WM_STATE_SKIP_TASKBAR"), xcbAtom(m_connection, "_NET_WM_STATE_SKIP_PAGER") });
+        { m_atoms["_NET_WM_STATE_ABOVE"], m_atoms["_NET_WM_STATE_STICKY"], m_atoms["_NET_WM_STATE_SKIP_TASKBAR"],
+          m_atoms["_NET_WM_STATE_SKIP_PAGER"] });
 }
 
 // Some window managers put a full-screen window that has the focus above every dock, but none of them puts it above a
@@ -223,9 +227,9 @@ void X11PanelWindow::setDockProperties()
 void X11PanelWindow::standAboveFullScreenWindow()
 {
     const auto window = static_cast<xcb_window_t>(m_window.winId());
-    const xcb_window_t active = firstNumber(m_connection, rootOf(m_connection), "_NET_ACTIVE_WINDOW");
-    const auto states = xcbNumbers(m_connection, active, xcbAtom(m_connection, "_NET_WM_STATE"));
-    const xcb_atom_t fullScreen = xcbAtom(m_connection, "_NET_WM_STATE_FULLSCREEN");
+    const xcb_window_t active = firstNumber(m_connection, rootOf(m_connection), m_atoms["_NET_ACTIVE_WINDOW"]);
+    const auto states = xcbNumbers(m_connection, active, m_atoms["_NET_WM_STATE"]);
+    const xcb_atom_t fullScreen = m_atoms["_NET_WM_STATE_FULLSCREEN"];
     if (active != XCB_WINDOW_NONE && std::find(states.begin(), states.end(), fullScreen) != states.end())
         xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, XCB_ATOM_WM_TRANSIENT_FOR, XCB_ATOM_WINDOW, 32,
                             1, &active);

@@ -2,6 +2,7 @@
 
 #include "FrameAnimation.h"
 #include "PanelWindow.h"
+#include "XcbAtoms.h"
 
 #include <QObject>
 #include <QRectF>
@@ -62,6 +63,7 @@ private:
     const Displays& m_displays;
     const Compositing& m_compositing;
     xcb_connection_t* m_connection;
+    XcbAtoms m_atoms;
     FrameAnimation m_animation;
     QTimer m_parking;
     QRectF m_frame;

@@ -6,11 +6,39 @@
 
 namespace nookle {
 
-std::uint32_t xcbAtom(xcb_connection_t* connection, const QByteArray& name)
+namespace {
+
+[[nodiscard]] xcb_intern_atom_cookie_t ask(xcb_connection_t* connection, const QByteArray& name)
 {
-    const auto cookie = xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.constData());
+    return xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(name.size()), name.constData());
+}
+
+[[nodiscard]] std::uint32_t answer(xcb_connection_t* connection, xcb_intern_atom_cookie_t cookie)
+{
     const auto reply = owned(xcb_intern_atom_reply(connection, cookie, nullptr));
     return reply ? reply->atom : xcb_atom_t{ XCB_ATOM_NONE };
+}
+
+} // namespace
+
+std::uint32_t xcbAtom(xcb_connection_t* connection, const QByteArray& name)
+{
+    return answer(connection, ask(connection, name));
+}
+
+XcbAtoms::XcbAtoms(xcb_connection_t* connection, std::initializer_list<const char*> names)
+{
+    std::vector<xcb_intern_atom_cookie_t> cookies;
+    for (const char* name : names)
+        cookies.push_back(ask(connection, name));
+    auto cookie = cookies.begin();
+    for (const char* name : names)
+        m_atoms.emplace(name, answer(connection, *cookie++));
+}
+
+std::uint32_t XcbAtoms::operator[](QByteArrayView name) const
+{
+    return m_atoms.find(name)->second;
 }
 
 std::vector<std::uint32_t> xcbNumbers(xcb_connection_t* connection, std::uint32_t window, std::uint32_t property)
