@@ -1,11 +1,15 @@
 #include "HtmlFragment.h"
 
+#include "Log.h"
+
 #include <libxml/HTMLparser.h>
 
+#include <QLibrary>
 #include <QRegularExpression>
 
 #include <array>
 #include <memory>
+#include <optional>
 
 namespace nookle::HtmlFragment {
 
@@ -16,9 +20,30 @@ struct Content {
     QByteArray text;
 };
 
-struct FreeParser {
-    void operator()(htmlParserCtxt* parser) const { htmlFreeParserCtxt(parser); }
+/// The functions of libxml2 that are used here.
+struct LibXml {
+    decltype(&htmlCreatePushParserCtxt) createParser;
+    decltype(&htmlCtxtUseOptions) useOptions;
+    decltype(&htmlParseChunk) parseChunk;
+    decltype(&htmlFreeParserCtxt) freeParser;
 };
+
+/// Linked to the program, the library would take a twentieth of every start, and most starts need none of it.
+[[nodiscard]] std::optional<LibXml> loadLibXml()
+{
+    constexpr int majorVersion = 2;
+    QLibrary library(QStringLiteral("xml2"), majorVersion);
+    if (!library.load()) {
+        logLine(QStringLiteral("web pages have no titles: %1").arg(library.errorString()));
+        return std::nullopt;
+    }
+    return LibXml{
+        reinterpret_cast<decltype(LibXml::createParser)>(library.resolve("htmlCreatePushParserCtxt")),
+        reinterpret_cast<decltype(LibXml::useOptions)>(library.resolve("htmlCtxtUseOptions")),
+        reinterpret_cast<decltype(LibXml::parseChunk)>(library.resolve("htmlParseChunk")),
+        reinterpret_cast<decltype(LibXml::freeParser)>(library.resolve("htmlFreeParserCtxt")),
+    };
+}
 
 [[nodiscard]] const char* characters(const xmlChar* text)
 {
@@ -71,20 +96,23 @@ void appendText(void* context, const xmlChar* text, int size)
 /// Parses a whole fragment at once: the parser's way of waiting for the rest of one loses track of quotes.
 [[nodiscard]] Content parse(const QByteArray& source)
 {
+    static const std::optional<LibXml> library = loadLibXml();
     Content content;
+    if (!library)
+        return content;
     htmlSAXHandler handler{};
     handler.startElement = startElement;
     handler.characters = appendText;
     handler.ignorableWhitespace = appendText;
-    const std::unique_ptr<htmlParserCtxt, FreeParser> parser(
-        htmlCreatePushParserCtxt(&handler, &content, nullptr, 0, nullptr, XML_CHAR_ENCODING_UTF8));
+    const std::unique_ptr<htmlParserCtxt, decltype(LibXml::freeParser)> parser(
+        library->createParser(&handler, &content, nullptr, 0, nullptr, XML_CHAR_ENCODING_UTF8), library->freeParser);
     if (!parser)
         return content;
-    htmlCtxtUseOptions(parser.get(),
-                       HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET
-                           | HTML_PARSE_NOIMPLIED | HTML_PARSE_IGNORE_ENC);
+    library->useOptions(parser.get(),
+                        HTML_PARSE_RECOVER | HTML_PARSE_NOERROR | HTML_PARSE_NOWARNING | HTML_PARSE_NONET
+                            | HTML_PARSE_NOIMPLIED | HTML_PARSE_IGNORE_ENC);
     const QByteArray meant = withMeantReferences(QString::fromUtf8(source)).toUtf8();
-    htmlParseChunk(parser.get(), meant.constData(), int(meant.size()), 1);
+    library->parseChunk(parser.get(), meant.constData(), int(meant.size()), 1);
     return content;
 }
 
