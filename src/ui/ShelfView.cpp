@@ -109,11 +109,12 @@ void ShelfView::setUpLayout(PanelPinning& pinning)
 void ShelfView::setUpTiles()
 {
     m_tiles->makeTile = [this](QWidget* viewport) {
-        return new ShelfItemView(viewport, m_metrics, m_thumbnails, m_runDrag);
+        return new ShelfItemView(viewport, tileSizes().metrics, m_thumbnails, m_runDrag);
     };
     m_tiles->tileHeight = [this](std::size_t row, int width) {
         const ShelfItem& item = m_store.items()[static_cast<qsizetype>(row)];
-        return m_heights.height(item, ShelfItemView::isUnavailable(item, m_store.fileURLs().contains(item.id)), width);
+        const bool isUnavailable = ShelfItemView::isUnavailable(item, m_store.fileURLs().contains(item.id));
+        return tileSizes().heights.height(item, isUnavailable, width);
     };
     m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
         fillTile(tile, m_store.items()[static_cast<qsizetype>(row)]);
@@ -144,13 +145,22 @@ void ShelfView::showItems()
     for (const ShelfItem& item : m_store.items())
         ids.push_back(item.id);
     const bool isEmpty = ids.empty();
-    m_heights.trim(m_store.items().size());
+    if (m_tileSizes)
+        m_tileSizes->heights.trim(m_store.items().size());
     m_tiles->setRows(std::move(ids));
     m_content->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_emptyState) : m_tiles);
 }
 
+ShelfView::TileSizes& ShelfView::tileSizes()
+{
+    if (!m_tileSizes)
+        m_tileSizes.emplace();
+    return *m_tileSizes;
+}
+
 void ShelfView::prepare()
 {
+    static_cast<void>(tileSizes());
     constexpr qsizetype mostInView = 20;
     for (const ShelfItem& item : m_store.items().first(std::min(m_store.items().size(), mostInView))) {
         if (const auto file = m_store.localURL(item))
@@ -284,9 +294,9 @@ void ShelfView::dropEvent(QDropEvent* event)
 // Colours are asked for at each painting; sizes are kept.
 bool ShelfView::event(QEvent* event)
 {
-    if (event->type() == QEvent::ApplicationFontChange) {
-        m_metrics = TileMetrics();
-        m_heights.clear();
+    if (event->type() == QEvent::ApplicationFontChange && m_tileSizes) {
+        m_tileSizes->metrics = TileMetrics();
+        m_tileSizes->heights.clear();
         showItems();
     }
     return QWidget::event(event);

@@ -67,7 +67,8 @@ public:
     /// The user wants the shelf out of the way.
     std::function<void()> onHide;
 
-    /// Loads what the first showing needs and what takes a while: the desktop's icons. Calling it is not a must.
+    /// Loads what the first showing needs and what takes a while: the desktop's fonts and icons. Calling it is not a
+    /// must.
     void prepare();
 
     /// The item under the pointer, if any.
@@ -88,11 +89,18 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    struct TileSizes {
+        TileMetrics metrics;
+        TileHeights heights{ metrics };
+    };
+
     void setUpLayout(PanelPinning& pinning);
     void setUpTiles();
     void fillTile(ShelfItemView& tile, const ShelfItem& item);
     [[nodiscard]] std::optional<QUrl> presentFile(const ShelfItem& item) const;
     void showItems();
+    /// Made when they are first needed: the desktop's fonts take a while to load.
+    [[nodiscard]] TileSizes& tileSizes();
     /// Null unless it is on screen.
     [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
     [[nodiscard]] bool canTake(const QDropEvent& event) const;
@@ -112,8 +120,7 @@ private:
     Compositing& m_compositing;
     DropReader m_readDrop;
     DragRunner m_runDrag;
-    TileMetrics m_metrics;
-    TileHeights m_heights{ m_metrics };
+    std::optional<TileSizes> m_tileSizes;
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
