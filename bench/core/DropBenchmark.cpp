@@ -1,4 +1,5 @@
 #include "DropCapture.h"
+#include "InstructionCount.h"
 #include "DropHandler.h"
 #include "FakeDropPayload.h"
 #include "FakeFileTransfers.h"
@@ -25,8 +26,10 @@ void captureFiles(benchmark::State& state)
 {
     const ShelfFolder folder(0);
     const FakeDropPayload payload = payloadOf(folder.urls(0, static_cast<int>(state.range(0))));
-    for (auto _ : state)
+    for (auto _ : state) {
+        const InstructionCount count(state, "captureFiles");
         benchmark::DoNotOptimize(captureDrop(payload));
+    }
 }
 
 /// What happens after it, up to the changed shelf.
@@ -43,7 +46,10 @@ void handleFiles(benchmark::State& state)
         DropHandler handler(*store, queue, transfers);
         handler.handleDrop(captureDrop(payload).items);
         state.ResumeTiming();
-        queue.runPosted();
+        {
+            const InstructionCount instructions(state, "handleFiles");
+            queue.runPosted();
+        }
         state.PauseTiming();
         store.reset();
         state.ResumeTiming();

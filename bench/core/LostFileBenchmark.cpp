@@ -1,4 +1,5 @@
 #include "FileUrl.h"
+#include "InstructionCount.h"
 #include "LinuxFileReferences.h"
 #include "ProcessFigures.h"
 #include "QtMainQueue.h"
@@ -80,7 +81,9 @@ void findRenamedFile(benchmark::State& state)
     for (int number = 0; number < state.range(0); ++number)
         makeFile(home.path(QString::number(number)));
     for (auto _ : state) {
-        if (!home.references(queue)->resolve(file.bytes))
+        const auto references = home.references(queue);
+        const InstructionCount count(state, "findRenamedFile");
+        if (!references->resolve(file.bytes))
             state.SkipWithError("the file is not found");
     }
 }

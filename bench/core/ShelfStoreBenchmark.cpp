@@ -1,5 +1,6 @@
 #include "ShelfFolder.h"
 
+#include "InstructionCount.h"
 #include <benchmark/benchmark.h>
 
 namespace nookle {
@@ -17,7 +18,10 @@ void addFiles(benchmark::State& state)
         auto store = folder.open();
         store->addFiles(folder.urls(0, present));
         state.ResumeTiming();
-        store->addFiles(urls);
+        {
+            const InstructionCount count(state, "addFiles");
+            store->addFiles(urls);
+        }
         state.PauseTiming();
         store.reset();
         state.ResumeTiming();
@@ -30,8 +34,10 @@ void refreshFiles(benchmark::State& state)
     ShelfFolder folder(count);
     const auto store = folder.open();
     store->addFiles(folder.urls(0, count));
-    for (auto _ : state)
+    for (auto _ : state) {
+        const InstructionCount instructions(state, "refreshFiles");
         store->refreshFiles();
+    }
 }
 
 void saveStore(benchmark::State& state)
@@ -40,8 +46,10 @@ void saveStore(benchmark::State& state)
     ShelfFolder folder(count);
     const auto store = folder.open();
     store->addFiles(folder.urls(0, count));
-    for (auto _ : state)
+    for (auto _ : state) {
+        const InstructionCount instructions(state, "saveStore");
         store->saveNow();
+    }
 }
 
 void loadStore(benchmark::State& state)
@@ -55,6 +63,7 @@ void loadStore(benchmark::State& state)
         state.PauseTiming();
         store.reset();
         state.ResumeTiming();
+        const InstructionCount instructions(state, "loadStore");
         store = folder.open();
     }
 }

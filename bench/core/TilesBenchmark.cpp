@@ -1,3 +1,4 @@
+#include "InstructionCount.h"
 #include "ShelfFolder.h"
 #include "TileHeights.h"
 #include "TileMetrics.h"
@@ -16,6 +17,7 @@ void measureTiles(benchmark::State& state)
     const TileMetrics metrics;
     for (auto _ : state) {
         TileHeights heights(metrics);
+        const InstructionCount count(state, "measureTiles");
         for (const ShelfItem& item : items)
             benchmark::DoNotOptimize(heights.height(item, false, tileWidth));
     }
@@ -27,6 +29,7 @@ void measureTilesAgain(benchmark::State& state)
     const TileMetrics metrics;
     TileHeights heights(metrics);
     for (auto _ : state) {
+        const InstructionCount count(state, "measureTilesAgain");
         for (const ShelfItem& item : items)
             benchmark::DoNotOptimize(heights.height(item, false, tileWidth));
     }
