@@ -200,9 +200,12 @@ void X11PanelWindow::park()
     QRectF all;
     for (const QRectF& frame : m_displays.frames())
         all |= frame;
-    m_window.setGeometry(QRect(all.bottomRight().toPoint() + QPoint(1, 1), QSize(1, 1)));
+    const QRect beyondAll(all.bottomRight().toPoint() + QPoint(1, 1), QSize(1, 1));
+    m_window.setGeometry(beyondAll);
     setDockProperties();
     m_window.setVisible(true);
+    // A window that comes up takes on the size that its widget knows, which has not been told of the new one yet.
+    m_window.setGeometry(beyondAll);
 }
 
 // The window manager removes the states whenever a window is taken off the screen: they are set at each showing.
