@@ -3,6 +3,7 @@
 #include "Waiting.h"
 
 #include <QDBusPendingCall>
+#include <QDBusReply>
 
 namespace nookle::e2e {
 
@@ -53,6 +54,16 @@ QDBusMessage BusClient::call(const QString& interface, const QString& method, co
 QDBusMessage BusClient::addToShelf(const QStringList& uris, const QString& text) const
 {
     return call(QStringLiteral("org.nookle.Nookle1"), QStringLiteral("AddToShelf"), { uris, text });
+}
+
+uint BusClient::matchRules(const QString& name) const
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
+        QStringLiteral("org.freedesktop.DBus.Debug.Stats"), QStringLiteral("GetConnectionStats"));
+    message.setArguments({ name });
+    const QDBusReply<QVariantMap> statistics = m_bus.call(message);
+    return statistics.value().value(QStringLiteral("MatchRules")).toUInt();
 }
 
 } // namespace nookle::e2e

@@ -25,6 +25,9 @@ public:
                                     const QVariantList& arguments) const;
     [[nodiscard]] QDBusMessage addToShelf(const QStringList& uris, const QString& text) const;
 
+    /// By how many rules the bus chooses messages for the program of that name; 0 when it does not tell.
+    [[nodiscard]] uint matchRules(const QString& name) const;
+
     /// What the user was shown.
     [[nodiscard]] QStringList messages() const { return m_messages; }
 

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QDebug>
+
+namespace nookle {
+
+/// What a process holds at a moment.
+struct HeldResources {
+    long pages = 0;
+    long descriptors = 0;
+    long watches = 0;
+    /// Of the X server's.
+    long xResources = 0;
+
+    [[nodiscard]] static HeldResources of(qint64 processId, const QByteArray& display);
+};
+
+QDebug operator<<(QDebug debug, const HeldResources& resources);
+
+} // namespace nookle
