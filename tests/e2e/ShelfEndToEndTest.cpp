@@ -1,6 +1,4 @@
-#include "FileManager.h"
-#include "PrivateDesktop.h"
-#include "Shelf.h"
+#include "ShelfDesktop.h"
 #include "Waiting.h"
 
 #include <QDir>
@@ -39,12 +37,6 @@ inline constexpr int tileDistance = 86;
     return hasTwoDisplays() ? QStringLiteral("openbox") : environment;
 }
 
-/// The right edge of the display under test: of the left one, where there are two.
-[[nodiscard]] int rightEdge()
-{
-    return hasTwoDisplays() ? 900 : 1200;
-}
-
 [[nodiscard]] QSize screenSize()
 {
     return { hasTwoDisplays() ? 1800 : 1200, screenHeight };
@@ -63,7 +55,7 @@ inline constexpr int tileDistance = 86;
 
 } // namespace
 
-class ShelfEndToEndTest : public QObject {
+class ShelfEndToEndTest : public QObject, protected ShelfDesktop {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -99,48 +91,21 @@ protected:
     [[nodiscard]] bool dragFileNearEdge();
     /// Drops the file of the file manager on the shelf.
     [[nodiscard]] bool dropFileOnShelf();
-    /// Drops a payload of another program on the shelf.
-    [[nodiscard]] bool offerToShelf(const QByteArray& payload, const QString& type = QStringLiteral("text/uri-list"));
-    /// The same with the other program in a mode of its own.
-    [[nodiscard]] bool dragPeerToShelf(const QStringList& arguments);
-    /// Drops what is being dragged on the shelf.
-    [[nodiscard]] bool dropOnShelf();
-    [[nodiscard]] bool panelIsGone() const { return !m_shelf->panel(); }
-    [[nodiscard]] XScreen& screen() { return m_desktop->screen(); }
-    /// Opens the other program's window and returns it.
-    std::optional<XWindow> openPeer(const QStringList& arguments);
-    void dragBetween(const QPoint& from, const QPoint& to);
-    [[nodiscard]] QByteArray received() const;
-
-    std::unique_ptr<PrivateDesktop> m_desktop;
-    std::unique_ptr<Shelf> m_shelf;
-    std::unique_ptr<FileManager> m_files;
-    std::unique_ptr<Program> m_peer;
 };
 
 void ShelfEndToEndTest::init()
 {
     QVERIFY2(!variable("NOOKLE_PROGRAM").isEmpty(), "run it with ctest, which says which program is tested");
-    m_desktop = PrivateDesktop::tryCreate({ screenSize(), windowManager(), hasTwoDisplays() });
-    QVERIFY(m_desktop);
-    m_desktop->writeFile(QStringLiteral("files/note one.txt"), "words");
-    m_shelf = std::make_unique<Shelf>(*m_desktop, variable("NOOKLE_PROGRAM"));
+    QVERIFY(setUpDesktop({ screenSize(), windowManager(), hasTwoDisplays() }));
     QVERIFY(m_shelf->start());
 }
 
 void ShelfEndToEndTest::cleanup()
 {
-    if (QTest::currentTestFailed() && m_desktop) {
-        const QString picture = QStringLiteral("%1-%2.png")
-                                    .arg(variable("NOOKLE_ENVIRONMENT"), QLatin1String(QTest::currentTestFunction()));
-        screen().picture().save(picture);
-        screen().release();
-        qInfo("the screen at the end: %s\nthe log: %s", qPrintable(picture), m_shelf->log().constData());
-    }
-    m_peer.reset();
-    m_files.reset();
-    m_shelf.reset();
-    m_desktop.reset();
+    if (QTest::currentTestFailed())
+        tellFailure(QStringLiteral("%1-%2.png")
+                        .arg(variable("NOOKLE_ENVIRONMENT"), QLatin1String(QTest::currentTestFunction())));
+    tearDownDesktop();
 }
 
 bool ShelfEndToEndTest::openFileManager()
@@ -157,69 +122,11 @@ bool ShelfEndToEndTest::dragFileNearEdge()
     return panelIsGone();
 }
 
-bool ShelfEndToEndTest::dropOnShelf()
-{
-    screen().moveTo(QPoint(rightEdge() - 1, 300));
-    if (!waitFor([this] { return m_shelf->isAtRest(rightEdge()); }))
-        return false;
-    screen().moveTo(QPoint(rightEdge() - 56, 320));
-    // A drop before the answer to the last movement is none.
-    const auto isTarget = [this] {
-        screen().moveTo(screen().pointer() + QPoint(0, 1));
-        screen().moveTo(screen().pointer() - QPoint(0, 1));
-        return m_shelf->isDropTarget();
-    };
-    if (!waitFor(isTarget))
-        return false;
-    screen().release();
-    return true;
-}
-
 bool ShelfEndToEndTest::dropFileOnShelf()
 {
     if (!dragFileNearEdge() || !dropOnShelf())
         return false;
     return waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("note one.txt") }; });
-}
-
-bool ShelfEndToEndTest::offerToShelf(const QByteArray& payload, const QString& type)
-{
-    m_desktop->writeFile(QStringLiteral("offered"), payload);
-    return dragPeerToShelf({ QStringLiteral("offer"), m_desktop->home(QStringLiteral("offered")), type });
-}
-
-bool ShelfEndToEndTest::dragPeerToShelf(const QStringList& arguments)
-{
-    const auto source = openPeer(arguments);
-    return source && screen().beginDrag(source->frame.center()) && dropOnShelf();
-}
-
-std::optional<XWindow> ShelfEndToEndTest::openPeer(const QStringList& arguments)
-{
-    m_peer = m_desktop->start(variable("NOOKLE_PEER"), arguments);
-    std::optional<XWindow> window;
-    QImage previous;
-    // Drawn, and not moving any more.
-    const bool isOpen = waitFor([&] {
-        window = screen().window("Peer", 400);
-        const QImage now = window ? screen().picture(window->frame) : QImage();
-        return !now.isNull() && std::exchange(previous, now) == now;
-    });
-    return isOpen ? window : std::nullopt;
-}
-
-void ShelfEndToEndTest::dragBetween(const QPoint& from, const QPoint& to)
-{
-    screen().moveTo(from);
-    screen().press();
-    screen().moveTo(to);
-    screen().release();
-}
-
-QByteArray ShelfEndToEndTest::received() const
-{
-    QFile file(m_desktop->home(QStringLiteral("received")));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void ShelfEndToEndTest::aFileDraggedToTheEdgeBringsThePanelWithinHalfASecond()
