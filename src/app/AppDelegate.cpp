@@ -76,6 +76,7 @@ void AppDelegate::createPanel()
     m_panelWindow = m_desktop->makePanelWindow(m_panelContent->panelWindow(), ShelfView::cornerRadius);
     m_panelController = std::make_unique<PanelController>(*m_store, m_defaults, *m_panelWindow, m_desktop->pointer(),
                                                           m_desktop->displays(), m_queue);
+    m_desktop->onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
     createShelfView();
 }
 

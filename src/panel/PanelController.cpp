@@ -126,6 +126,20 @@ void PanelController::hideUnlessInUse()
     scheduleHide(autoHideDelay);
 }
 
+void PanelController::displaysChanged()
+{
+    if (!m_isShown) {
+        m_panel.orderOut();
+        return;
+    }
+    const QRectF frame = m_panel.frame();
+    const auto own = frameAt(m_displays.frames(), QPointF(frame.left() - 1, frame.center().y()));
+    const auto display = own ? own : displayUnderPointer();
+    const QRectF resting = display ? restingFrame(m_displays.visibleFrame(*display)) : frame;
+    if (resting != frame)
+        m_panel.setFrame(resting);
+}
+
 void PanelController::dropTargetChanged(bool isDropTarget)
 {
     if (isDropTarget)

@@ -46,6 +46,10 @@ public:
     /// being dragged out of it. Replaces a hide that is already pending.
     void scheduleHide(double seconds);
 
+    /// A display has come, gone or changed: a shown panel stands at rest on the display that it was on, or on another
+    /// one when that is gone; a hidden one stays out of sight.
+    void displaysChanged();
+
     /// A drop began (true) or ceased to hover over the shelf.
     void dropTargetChanged(bool isDropTarget);
 

@@ -76,6 +76,9 @@ private Q_SLOTS:
     void thePanelShowsOnTheDisplayUnderThePointer();
     void aPointerOnNoDisplayMeansTheMainDisplay();
     void withoutAnyDisplayNothingShows();
+    void aDisplayThatGoesHandsThePanelOver();
+    void aDisplayThatChangesKeepsThePanelAtItsEdge();
+    void aHiddenPanelStaysOutOfSightWhenDisplaysChange();
     void showingResolvesTheFilesAnew();
     void theEndOfADragOutResolvesTheFilesAnew();
     void thePointerEnteringCancelsThePendingHide();
@@ -274,6 +277,48 @@ void PanelControllerTest::withoutAnyDisplayNothingShows()
     Fixture& f = *m_fixture;
     f.displays.entries.clear();
     f.panel.show();
+    QVERIFY(!f.panel.isShown());
+    QVERIFY(!f.window.isOnScreen);
+}
+
+void PanelControllerTest::aDisplayThatGoesHandsThePanelOver()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries.push_back({ { 1280, 0, 1920, 1080 }, { 1280, 0, 1920, 1080 } });
+    f.pointer.at = QPointF(2000, 500);
+    f.showAtRest();
+    QCOMPARE(f.window.frame(), QRectF(3088, 24, 112, 1032));
+
+    f.displays.entries.pop_back();
+    f.pointer.at = QPointF(1000, 500);
+    f.panel.displaysChanged();
+    QCOMPARE(f.window.frame(), restingFrame);
+    QVERIFY(f.panel.isShown());
+
+    f.displays.entries.clear();
+    f.panel.displaysChanged();
+    QCOMPARE(f.window.frame(), restingFrame);
+}
+
+void PanelControllerTest::aDisplayThatChangesKeepsThePanelAtItsEdge()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries.push_back({ { -800, 0, 800, 600 }, { -800, 0, 800, 600 } });
+    f.showAtRest();
+    f.pointer.at = QPointF(-400, 300);
+    f.displays.entries.front() = { { 0, 0, 1280, 600 }, { 0, 0, 1280, 600 } };
+    f.panel.displaysChanged();
+    QCOMPARE(f.window.frame(), QRectF(1168, 24, 112, 552));
+}
+
+void PanelControllerTest::aHiddenPanelStaysOutOfSightWhenDisplaysChange()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.hide();
+    f.panel.displaysChanged();
+    QVERIFY(!f.window.isOnScreen);
+    f.queue.advance(1);
     QVERIFY(!f.panel.isShown());
     QVERIFY(!f.window.isOnScreen);
 }

@@ -9,6 +9,7 @@
 #include "Pointer.h"
 #include "TrayHost.h"
 
+#include <functional>
 #include <memory>
 
 class QMimeData;
@@ -37,6 +38,9 @@ public:
     /// Makes a window of the toolkit the shelf's panel. Where nothing shines through windows, its left corners are cut
     /// off. `window` has been created, has not been shown, and must outlive the panel.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) = 0;
+
+    /// A display has come, gone or changed. Set by the owner.
+    std::function<void()> onDisplaysChanged;
 };
 
 } // namespace nookle

@@ -10,6 +10,7 @@
 #include "X11TrayHost.h"
 
 #include <QGuiApplication>
+#include <QScreen>
 
 #include <xcb/xcb.h>
 
@@ -41,9 +42,28 @@ X11Backend::X11Backend()
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
     , m_drops(std::make_unique<X11Drops>(m_connection))
 {
+    for (QScreen* screen : QGuiApplication::screens())
+        watchScreen(screen);
+    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_context, [this](QScreen* screen) {
+        watchScreen(screen);
+        displaysChanged();
+    });
+    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &m_context, [this] { displaysChanged(); });
 }
 
 X11Backend::~X11Backend() = default;
+
+void X11Backend::watchScreen(QScreen* screen)
+{
+    QObject::connect(screen, &QScreen::geometryChanged, &m_context, [this] { displaysChanged(); });
+    QObject::connect(screen, &QScreen::virtualGeometryChanged, &m_context, [this] { displaysChanged(); });
+}
+
+void X11Backend::displaysChanged()
+{
+    if (onDisplaysChanged)
+        onDisplaysChanged();
+}
 
 Compositing& X11Backend::compositing()
 {

@@ -3,6 +3,10 @@
 #include "DesktopBackend.h"
 #include "XcbConnection.h"
 
+#include <QObject>
+
+class QScreen;
+
 namespace nookle {
 
 class X11Compositing;
@@ -28,6 +32,9 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
+    void watchScreen(QScreen* screen);
+    void displaysChanged();
+
     xcb_connection_t* m_connection;
     /// For what is asked some forty times a second while something is dragged.
     XcbConnection m_queries;
@@ -38,6 +45,8 @@ private:
     std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
     std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<X11Drops> m_drops;
+    /// Ends what is connected to the application before the rest.
+    QObject m_context;
 };
 
 } // namespace nookle
