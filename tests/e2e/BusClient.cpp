@@ -2,7 +2,6 @@
 
 #include "Waiting.h"
 
-#include <QDBusPendingCall>
 #include <QDBusReply>
 
 namespace nookle::e2e {
@@ -10,6 +9,8 @@ namespace nookle::e2e {
 namespace {
 
 const QString connectionName = QStringLiteral("client");
+const QString shelfInterface = QStringLiteral("org.nookle.Nookle1");
+const QString addMethod = QStringLiteral("AddToShelf");
 
 } // namespace
 
@@ -40,12 +41,17 @@ uint BusClient::Notify(const QString& program, uint /*replaces*/, const QString&
     return static_cast<uint>(m_messages.size());
 }
 
-QDBusMessage BusClient::call(const QString& interface, const QString& method, const QVariantList& arguments) const
+QDBusPendingCall BusClient::begin(const QString& interface, const QString& method, const QVariantList& arguments) const
 {
     QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.nookle.Nookle"),
                                                           QStringLiteral("/org/nookle/Nookle"), interface, method);
     message.setArguments(arguments);
-    const QDBusPendingCall pending = m_bus.asyncCall(message);
+    return m_bus.asyncCall(message);
+}
+
+QDBusMessage BusClient::call(const QString& interface, const QString& method, const QVariantList& arguments) const
+{
+    const QDBusPendingCall pending = begin(interface, method, arguments);
     if (!waitFor([&] { return pending.isFinished(); }))
         qWarning("%s is not answered", qPrintable(method));
     return pending.reply();
@@ -53,7 +59,12 @@ QDBusMessage BusClient::call(const QString& interface, const QString& method, co
 
 QDBusMessage BusClient::addToShelf(const QStringList& uris, const QString& text) const
 {
-    return call(QStringLiteral("org.nookle.Nookle1"), QStringLiteral("AddToShelf"), { uris, text });
+    return call(shelfInterface, addMethod, { uris, text });
+}
+
+void BusClient::beginAddToShelf(const QStringList& uris, const QString& text) const
+{
+    static_cast<void>(begin(shelfInterface, addMethod, { uris, text }));
 }
 
 uint BusClient::matchRules(const QString& name) const

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
@@ -24,6 +25,8 @@ public:
     [[nodiscard]] QDBusMessage call(const QString& interface, const QString& method,
                                     const QVariantList& arguments) const;
     [[nodiscard]] QDBusMessage addToShelf(const QStringList& uris, const QString& text) const;
+    /// The same without waiting for the reply.
+    void beginAddToShelf(const QStringList& uris, const QString& text) const;
 
     /// By how many rules the bus chooses messages for the program of that name; 0 when it does not tell.
     [[nodiscard]] uint matchRules(const QString& name) const;
@@ -36,6 +39,8 @@ public Q_SLOTS:
                 const QStringList& actions, const QVariantMap& hints, int time);
 
 private:
+    [[nodiscard]] QDBusPendingCall begin(const QString& interface, const QString& method,
+                                         const QVariantList& arguments) const;
     explicit BusClient(const QDBusConnection& bus);
 
     QDBusConnection m_bus;

@@ -1,7 +1,12 @@
 // Another program on the desktop, with one window:
 //   Peer receive FILE     takes drops and writes what it got into FILE: a line with the action, then the URI list
 //   Peer trash            takes files and moves them to the Trash, some time after they were dropped
-//   Peer offer FILE TYPE  offers what is in FILE as TYPE to whoever it is dragged to
+//   Peer offer FILE TYPE [RESULT]
+//                         offers what is in FILE as TYPE to whoever it is dragged to, and writes into RESULT whether it
+//                         was taken
+//   Peer slow FILE TYPE ASKED GATE
+//                         the same, but makes the file ASKED when somebody asks for it, and delivers only once there is
+//                         a file GATE, or after 0.7 seconds
 //   Peer silent           offers a URI list, and never answers who asks for it
 //   Peer dying            offers a URI list, and ends when somebody asks for it
 //   Peer text             shows text that can be selected
@@ -10,6 +15,7 @@
 #include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QMimeData>
 #include <QMouseEvent>
@@ -97,12 +103,47 @@ private:
     bool m_isDying;
 };
 
+void writeFile(const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size())
+        file.commit();
+}
+
+/// A payload that takes its time.
+class Late final : public QMimeData {
+public:
+    Late(QString asked, QString gate)
+        : m_asked(std::move(asked))
+        , m_gate(std::move(gate))
+    {
+    }
+
+protected:
+    [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType type) const override
+    {
+        constexpr int longest = 700;
+        constexpr int pause = 5;
+        QElapsedTimer elapsed;
+        elapsed.start();
+        writeFile(m_asked, {});
+        while (!QFile::exists(m_gate) && elapsed.elapsed() < longest)
+            QThread::msleep(pause);
+        return QMimeData::retrieveData(format, type);
+    }
+
+private:
+    QString m_asked;
+    QString m_gate;
+};
+
 class Source final : public QWidget {
 public:
     using MakePayload = std::function<std::unique_ptr<QMimeData>()>;
 
-    explicit Source(MakePayload makePayload)
+    explicit Source(MakePayload makePayload, QString result = {})
         : m_makePayload(std::move(makePayload))
+        , m_result(std::move(result))
     {
     }
 
@@ -111,17 +152,26 @@ protected:
     {
         auto* drag = new QDrag(this);
         drag->setMimeData(m_makePayload().release());
-        drag->exec(Qt::CopyAction);
+        const Qt::DropAction action = drag->exec(Qt::CopyAction);
+        if (!m_result.isEmpty())
+            writeFile(m_result, action == Qt::CopyAction ? "taken" : "refused");
     }
 
 private:
     MakePayload m_makePayload;
+    QString m_result;
 };
 
 [[nodiscard]] QByteArray content(const QString& path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+[[nodiscard]] std::unique_ptr<QMimeData> filled(std::unique_ptr<QMimeData> payload, const QStringList& arguments)
+{
+    payload->setData(arguments.value(3), content(arguments.value(2)));
+    return payload;
 }
 
 [[nodiscard]] std::unique_ptr<QWidget> makeWindow(const QStringList& arguments)
@@ -132,11 +182,11 @@ private:
     if (mode == QLatin1String("trash"))
         return std::make_unique<TrashCan>();
     if (mode == QLatin1String("offer"))
-        return std::make_unique<Source>([bytes = content(arguments.value(2)), type = arguments.value(3)] {
-            auto payload = std::make_unique<QMimeData>();
-            payload->setData(type, bytes);
-            return payload;
-        });
+        return std::make_unique<Source>([arguments] { return filled(std::make_unique<QMimeData>(), arguments); },
+                                        arguments.value(4));
+    if (mode == QLatin1String("slow"))
+        return std::make_unique<Source>(
+            [arguments] { return filled(std::make_unique<Late>(arguments.value(4), arguments.value(5)), arguments); });
     if (mode == QLatin1String("silent") || mode == QLatin1String("dying"))
         return std::make_unique<Source>(
             [isDying = mode == QLatin1String("dying")] { return std::make_unique<Undelivered>(isDying); });

@@ -7,8 +7,17 @@
 #include <QFileInfo>
 
 #include <filesystem>
+#include <utility>
 
 namespace nookle::e2e {
+
+namespace {
+
+// What a window manager writes on the root window: that it is there, and then the windows that it manages.
+constexpr auto* windowManagerMark = "_NET_SUPPORTING_WM_CHECK";
+constexpr auto* windowList = "_NET_CLIENT_LIST";
+
+} // namespace
 
 PrivateDesktop::PrivateDesktop()
     : m_environment(QProcessEnvironment::systemEnvironment())
@@ -92,11 +101,51 @@ bool PrivateDesktop::startBus()
 
 bool PrivateDesktop::startWindowManager(const QString& windowManager)
 {
+    m_windowManagerPath = windowManager;
     m_windowManager = start(windowManager);
-    const bool isReady = waitFor([this] { return m_screen->rootHas("_NET_SUPPORTING_WM_CHECK"); });
+    const bool isReady = waitFor([this] { return m_screen->rootHas(windowManagerMark); });
     if (!isReady)
         qWarning("no window manager: %s", m_windowManager->log().constData());
     return isReady;
+}
+
+bool PrivateDesktop::windowManagerIsReady(const std::vector<std::uint32_t>& previousMark) const
+{
+    return waitFor([&] {
+        const auto mark = m_screen->rootNumbers(windowManagerMark);
+        return !mark.empty() && mark != previousMark && m_screen->rootHas(windowList);
+    });
+}
+
+bool PrivateDesktop::restartWindowManager()
+{
+    m_windowManager->kill();
+    // What it has left there is no sign of the next one.
+    for (const char* property : { windowManagerMark, windowList })
+        m_screen->removeFromRoot(property);
+    m_windowManager = start(m_windowManagerPath);
+    return windowManagerIsReady({});
+}
+
+bool PrivateDesktop::replaceWindowManager()
+{
+    const auto mark = m_screen->rootNumbers(windowManagerMark);
+    auto next = start(m_windowManagerPath, { QStringLiteral("--replace") });
+    const bool isReplaced = waitFor([&] { return !m_windowManager->isRunning(); }) && windowManagerIsReady(mark);
+    m_windowManager = std::move(next);
+    return isReplaced;
+}
+
+bool PrivateDesktop::removeDisplay() const
+{
+    const auto isDone = [this](const QStringList& arguments) {
+        return start(QStringLiteral("xrandr"), arguments)->waitForExit() == 0;
+    };
+    const QSize left(m_screen->geometry().width() / 2, m_screen->geometry().height());
+    // The server of the tests has a single output that it cannot make smaller, and shrinks the desktop all the same.
+    return isDone({ QStringLiteral("--delmonitor"), QStringLiteral("right") })
+        && !isDone({ QStringLiteral("--fb"), QStringLiteral("%1x%2").arg(left.width()).arg(left.height()) })
+        && waitFor([&] { return m_screen->geometry().size() == left; });
 }
 
 bool PrivateDesktop::splitDisplay(const QSize& size)

@@ -9,7 +9,9 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 namespace nookle::e2e {
 
@@ -45,6 +47,14 @@ public:
     /// Makes a file of the home folder, with the folders above it.
     void writeFile(const QString& path, const QByteArray& content) const;
 
+    /// Kills the window manager, and starts it again as a session does.
+    [[nodiscard]] bool restartWindowManager();
+    /// Starts the window manager a second time, which takes the place of the first.
+    [[nodiscard]] bool replaceWindowManager();
+
+    /// Unplugs the right one of two displays.
+    [[nodiscard]] bool removeDisplay() const;
+
     /// Ends the session bus.
     void stopBus() { m_bus.reset(); }
 
@@ -57,6 +67,8 @@ private:
     [[nodiscard]] bool startServer(const QSize& size);
     [[nodiscard]] bool startBus();
     [[nodiscard]] bool startWindowManager(const QString& windowManager);
+    /// Whether a window manager runs and has found the windows, other than the one with that mark.
+    [[nodiscard]] bool windowManagerIsReady(const std::vector<std::uint32_t>& previousMark) const;
     [[nodiscard]] bool splitDisplay(const QSize& size);
 
     QTemporaryDir m_home;
@@ -64,6 +76,7 @@ private:
     std::unique_ptr<Program> m_server;
     std::unique_ptr<XScreen> m_screen;
     std::unique_ptr<Program> m_bus;
+    QString m_windowManagerPath;
     std::unique_ptr<Program> m_windowManager;
 };
 

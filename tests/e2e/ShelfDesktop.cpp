@@ -4,6 +4,7 @@
 
 #include <QFile>
 #include <QImage>
+#include <QList>
 
 #include <algorithm>
 #include <utility>
@@ -57,6 +58,25 @@ void ShelfDesktop::tellFailure(const QString& picture)
     screen().picture().save(picture);
     screen().release();
     qInfo("the screen at the end: %s\nthe log: %s", qPrintable(picture), m_shelf->log().constData());
+}
+
+bool ShelfDesktop::menuIsOpen() const
+{
+    const auto panel = m_shelf->panel();
+    const auto windows = m_screen->windows();
+    return std::any_of(windows.begin(), windows.end(), [&](const XWindow& window) {
+        const bool isPanel = panel && window.id == panel->id;
+        return window.isMapped && window.windowClass == "nookle" && !isPanel && window.frame.width() > 1;
+    });
+}
+
+void ShelfDesktop::pressShortcut()
+{
+    const QList<uint> keys{ XScreen::control, XScreen::alt, XScreen::super, 'd' };
+    for (const uint key : keys)
+        screen().pressKey(key);
+    for (const uint key : keys)
+        screen().releaseKey(key);
 }
 
 std::optional<XWindow> ShelfDesktop::openPeer(const QStringList& arguments)

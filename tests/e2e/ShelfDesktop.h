@@ -31,6 +31,10 @@ protected:
     /// The right edge of the display under test: of the left one, where there are two.
     [[nodiscard]] int rightEdge() const { return m_rightEdge; }
     [[nodiscard]] bool panelIsGone() const { return !m_shelf->panel(); }
+    /// Whether a menu of the shelf is on the screen.
+    [[nodiscard]] bool menuIsOpen() const;
+    /// Presses the keys that show and hide the shelf.
+    void pressShortcut();
 
     /// Opens the window of another program, which replaces the one before, and returns it.
     [[nodiscard]] std::optional<XWindow> openPeer(const QStringList& arguments);

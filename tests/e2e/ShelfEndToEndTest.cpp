@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QtTest>
 
-#include <algorithm>
 #include <memory>
 
 using namespace nookle::e2e;
@@ -279,19 +278,13 @@ void ShelfEndToEndTest::thePanelStaysWhileItsMenuIsOpen()
 {
     QVERIFY(dropFileOnShelf());
     constexpr std::uint8_t rightButton = 3;
-    const auto menu = [this] {
-        const auto windows = screen().windows();
-        return std::any_of(windows.begin(), windows.end(), [this](const XWindow& window) {
-            return window.isMapped && window.windowClass == "nookle" && window.id != m_shelf->panel()->id
-                && window.frame.width() > 1;
-        });
-    };
     screen().moveTo(m_shelf->firstTile());
     screen().press(rightButton);
     screen().release(rightButton);
-    QVERIFY(waitFor(menu));
+    QVERIFY(waitFor([this] { return menuIsOpen(); }));
     screen().moveTo(QPoint(rightEdge() - 300, 600));
-    QVERIFY2(holdsFor([&] { return m_shelf->isAtRest(rightEdge()) && menu(); }, 1500), "the panel goes under its menu");
+    QVERIFY2(holdsFor([&] { return m_shelf->isAtRest(rightEdge()) && menuIsOpen(); }, 1500),
+             "the panel goes under its menu");
     screen().press();
     screen().release();
     QVERIFY2(waitFor([this] { return panelIsGone(); }, 3000), "the panel stays without its menu");
@@ -334,13 +327,6 @@ void ShelfEndToEndTest::theShortcutShowsAndHidesTheShelfWhateverLocksAreOn()
         screen().pressKey(lock);
         screen().releaseKey(lock);
     }
-    const QList<uint> keys{ XScreen::control, XScreen::alt, XScreen::super, 'd' };
-    const auto pressShortcut = [&] {
-        for (const uint key : keys)
-            screen().pressKey(key);
-        for (const uint key : keys)
-            screen().releaseKey(key);
-    };
     pressShortcut();
     QVERIFY2(waitFor([this] { return m_shelf->isAtRest(rightEdge()); }), "the shortcut does not show the shelf");
     QVERIFY(screen().focus() == window->id);

@@ -131,6 +131,23 @@ bool XScreen::rootHas(const QByteArray& property) const
     return reply && reply->type != XCB_ATOM_NONE;
 }
 
+std::vector<std::uint32_t> XScreen::rootNumbers(const QByteArray& property) const
+{
+    constexpr std::uint32_t longest = 1024;
+    const auto cookie = xcb_get_property(m_connection.get(), 0, m_root, atom(property), XCB_ATOM_ANY, 0, longest);
+    const auto reply = owned(xcb_get_property_reply(m_connection.get(), cookie, nullptr));
+    if (!reply || reply->format != 32)
+        return {};
+    const auto* numbers = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return { numbers, numbers + reply->value_len };
+}
+
+void XScreen::removeFromRoot(const QByteArray& property)
+{
+    xcb_delete_property(m_connection.get(), m_root, atom(property));
+    xcb_flush(m_connection.get());
+}
+
 void XScreen::place(const XWindow& window, const QRect& frame)
 {
     const std::uint32_t values[] = { static_cast<std::uint32_t>(frame.x()), static_cast<std::uint32_t>(frame.y()),
@@ -238,6 +255,18 @@ QPoint XScreen::pointer() const
     const auto cookie = xcb_query_pointer(m_connection.get(), m_root);
     const auto reply = owned(xcb_query_pointer_reply(m_connection.get(), cookie, nullptr));
     return reply ? QPoint(reply->root_x, reply->root_y) : QPoint();
+}
+
+xcb_window_t XScreen::windowUnderPointer() const
+{
+    xcb_window_t innermost = m_root;
+    for (xcb_window_t next = m_root; next != XCB_WINDOW_NONE;) {
+        innermost = next;
+        const auto cookie = xcb_query_pointer(m_connection.get(), next);
+        const auto reply = owned(xcb_query_pointer_reply(m_connection.get(), cookie, nullptr));
+        next = reply ? reply->child : xcb_window_t{ XCB_WINDOW_NONE };
+    }
+    return innermost;
 }
 
 void XScreen::fake(std::uint8_t type, std::uint8_t detail, const QPoint& by)

@@ -42,6 +42,10 @@ public:
     /// Whether the root window has that property.
     [[nodiscard]] bool rootHas(const QByteArray& property) const;
 
+    /// The numbers of a property of the root window; none when it has no such property.
+    [[nodiscard]] std::vector<std::uint32_t> rootNumbers(const QByteArray& property) const;
+    void removeFromRoot(const QByteArray& property);
+
     void place(const XWindow& window, const QRect& frame);
 
     /// Becomes the owner of a selection, as a program does that begins a drag.
@@ -52,6 +56,8 @@ public:
     void showDock(int height);
 
     [[nodiscard]] QPoint pointer() const;
+    /// The innermost window that the pointer is in, of all that stand there the one on top.
+    [[nodiscard]] xcb_window_t windowUnderPointer() const;
     /// Moves the pointer there in steps, at a hand's pace.
     void moveTo(const QPoint& point);
     /// Moves it in a single step.
@@ -71,6 +77,7 @@ public:
     static constexpr xcb_keysym_t numLock = 0xff7f;
     static constexpr xcb_keysym_t enter = 0xff0d;
     static constexpr xcb_keysym_t capsLock = 0xffe5;
+    static constexpr xcb_keysym_t up = 0xff52;
 
     /// Presses there and moves until the program below has begun a drag; the button stays down. A program that was not
     /// ready for the press gets another one. False when none begins.
