@@ -1,7 +1,6 @@
 #include "XResources.h"
 
-#include <cstdlib>
-#include <memory>
+#include "XcbOwned.h"
 
 #include <xcb/res.h>
 #include <xcb/xcb.h>
@@ -9,19 +8,6 @@
 namespace nookle::e2e {
 
 namespace {
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-template <typename Type> [[nodiscard]] std::unique_ptr<Type, Free> owned(Type* reply)
-{
-    return std::unique_ptr<Type, Free>(reply);
-}
-
-struct Disconnect {
-    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-};
 
 /// 0 when the server does not know it.
 [[nodiscard]] qint64 processOf(xcb_connection_t* connection, xcb_window_t client)
@@ -52,7 +38,7 @@ struct Disconnect {
 
 long xResources(const QByteArray& display, qint64 processId)
 {
-    const std::unique_ptr<xcb_connection_t, Disconnect> connection(xcb_connect(display.constData(), nullptr));
+    const XcbConnection connection(xcb_connect(display.constData(), nullptr));
     const auto version =
         owned(xcb_res_query_version_reply(connection.get(), xcb_res_query_version(connection.get(), 1, 2), nullptr));
     const auto clients =

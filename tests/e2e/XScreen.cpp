@@ -1,6 +1,7 @@
 #include "XScreen.h"
 
 #include "Waiting.h"
+#include "XcbOwned.h"
 
 #include <QThread>
 
@@ -12,19 +13,6 @@
 #include <xcb/xtest.h>
 
 namespace nookle::e2e {
-
-namespace {
-
-struct Free {
-    void operator()(void* memory) const { std::free(memory); }
-};
-
-template <typename Type> [[nodiscard]] std::unique_ptr<Type, Free> owned(Type* reply)
-{
-    return std::unique_ptr<Type, Free>(reply);
-}
-
-} // namespace
 
 XScreen::XScreen(const QByteArray& display)
     : m_connection(xcb_connect(display.constData(), nullptr))

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "XcbOwned.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QPoint>
 #include <QRect>
 
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -84,17 +85,13 @@ public:
     [[nodiscard]] bool beginDrag(const QPoint& at);
 
 private:
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
-
     void addWindows(xcb_window_t parent, std::vector<XWindow>& found) const;
     [[nodiscard]] std::optional<XWindow> describe(xcb_window_t id) const;
     [[nodiscard]] xcb_window_t makeWindow(const QRect& frame);
     [[nodiscard]] xcb_atom_t atom(const QByteArray& name) const;
     void fake(std::uint8_t type, std::uint8_t detail, const QPoint& by = {});
 
-    std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
+    XcbConnection m_connection;
     xcb_window_t m_root = 0;
 };
 

@@ -40,6 +40,16 @@ HeldResources HeldResources::of(qint64 processId, const QByteArray& display)
              watchCount(process), e2e::xResources(display, processId) };
 }
 
+bool HeldResources::hasMoreMemoryThan(const HeldResources& other) const
+{
+#ifdef __SANITIZE_ADDRESS__
+    constexpr double allowed = 10;
+#else
+    constexpr double allowed = 1.05;
+#endif
+    return static_cast<double>(pages) > allowed * static_cast<double>(other.pages);
+}
+
 QDebug operator<<(QDebug debug, const HeldResources& resources)
 {
     return debug.nospace() << resources.pages << " pages, " << resources.descriptors << " descriptors, "

@@ -14,6 +14,9 @@ struct HeldResources {
     long xResources = 0;
 
     [[nodiscard]] static HeldResources of(qint64 processId, const QByteArray& display);
+
+    /// By more than a twentieth, or by much more where a sanitizer keeps what is freed for a while.
+    [[nodiscard]] bool hasMoreMemoryThan(const HeldResources& other) const;
 };
 
 QDebug operator<<(QDebug debug, const HeldResources& resources);
