@@ -9,14 +9,12 @@
 #include "TerminationSignals.h"
 
 #include <QApplication>
-#include <QDBusConnection>
 #include <QDir>
 #include <QFile>
 #include <QIcon>
 #include <QStandardPaths>
 
 #include <cstdlib>
-#include <future>
 
 namespace {
 
@@ -43,8 +41,6 @@ void describeApplication()
 
 int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringList& uris)
 {
-    // The bus lets everybody wait who asks for it first, and the display has questions of its own meanwhile.
-    const auto bus = std::async(std::launch::async, [] { static_cast<void>(QDBusConnection::sessionBus()); });
     nookle::AppDelegate delegate(dataHome(), dataFolder, nookle::makeDesktopBackend());
     delegate.applicationDidFinishLaunching();
     if (!uris.isEmpty())
