@@ -57,6 +57,7 @@ private Q_SLOTS:
     void outputThatIsTooLargeFails();
     void programWithoutThumbnailFails_data();
     void programWithoutThumbnailFails();
+    void folderForTheOutputIsForTheUserAlone();
     void programThatTakesTooLongIsEnded();
     void droppedThumbnailEndsTheProgram();
     void programThatIsJustStartingIsEndedToo();
@@ -237,6 +238,17 @@ void ProgramThumbnailMakerTest::programWithoutThumbnailFails()
     addProgram(exec);
     QCOMPARE(made(), std::nullopt);
     QCOMPARE(outputFolders(), QStringList());
+}
+
+void ProgramThumbnailMakerTest::folderForTheOutputIsForTheUserAlone()
+{
+    addProgram("sh -c 'sleep 1000' %o");
+    const auto making = make();
+    QCOMPARE(outputFolders().size(), 1);
+    const QByteArray folder = m_files->path("temporary/" + QFile::encodeName(outputFolders().first()));
+    struct stat status {};
+    QCOMPARE(::stat(folder.constData(), &status), 0);
+    QCOMPARE(status.st_mode & 07777U, 0700U);
 }
 
 void ProgramThumbnailMakerTest::programThatTakesTooLongIsEnded()
