@@ -14,6 +14,8 @@
 #include <QRandomGenerator>
 #include <QtTest>
 
+#include <algorithm>
+
 using namespace nookle;
 
 /// Kills a program that changes a shelf, again and again, and looks at what is left. NOOKLE_KILLS says how often.
@@ -29,12 +31,18 @@ private:
     void churnAndKill(quint32 seed);
     void look();
     [[nodiscard]] QByteArray read(const QByteArray& name) const;
+    /// Reads what was saved; its place in the journal, 0 while nothing was.
+    [[nodiscard]] qsizetype lookAtIndex(const QByteArrayList& journal);
+    void lookAtFolders(const QByteArrayList& unsaved);
     [[nodiscard]] QStringList itemFolders() const;
+    [[nodiscard]] bool isImage(const QString& folder) const;
     [[nodiscard]] bool hasItsFile(const ShelfItem& item, const ImageContent& image) const;
 
     TemporaryFolder m_folder;
     QRandomGenerator m_random{ 20'261'121 };
     ShelfIndex m_index;
+    /// The folders that earlier kills have left without an item.
+    QStringList m_orphans;
 };
 
 void KillTest::initTestCase()
@@ -71,26 +79,59 @@ void KillTest::churnAndKill(quint32 seed)
 
 void KillTest::look()
 {
-    const QByteArray bytes = read("data/index.json");
-    if (bytes.isEmpty() && !QFile::exists(QFile::decodeName(m_folder.path("data/index.json")))) {
-        QVERIFY(!read("journal").contains("quiet"));
+    const QByteArrayList journal = read("journal").split('\n');
+    const qsizetype saved = lookAtIndex(journal);
+    if (QTest::currentTestFailed())
         return;
-    }
-    const auto decoded = ShelfIndex::decode(bytes);
-    QVERIFY(std::holds_alternative<ShelfIndex>(decoded));
-    m_index = std::get<ShelfIndex>(decoded);
-
-    const QList<QByteArray> journal = read("journal").split('\n');
-    const qsizetype saved = journal.lastIndexOf(QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex());
-    QVERIFY2(saved >= 0, "the index is none of the states that the shelf was in");
-    // The state right before the line has been saved, or a later one.
-    const qsizetype quiet = journal.lastIndexOf("quiet");
-    QVERIFY2(saved >= quiet - 1, "a state that had been quiet for long enough was not saved");
-
     for (const ShelfItem& item : std::as_const(m_index.items)) {
         if (const auto* image = std::get_if<ImageContent>(&item.content))
             QVERIFY2(hasItsFile(item, *image), qPrintable(uuidText(item.id)));
     }
+    lookAtFolders(journal.mid(saved));
+}
+
+qsizetype KillTest::lookAtIndex(const QByteArrayList& journal)
+{
+    // The state right before the line has been saved, or a later one.
+    const qsizetype quiet = journal.lastIndexOf("quiet");
+    const QByteArray bytes = read("data/index.json");
+    if (bytes.isEmpty() && quiet < 0 && !QFile::exists(QFile::decodeName(m_folder.path("data/index.json"))))
+        return 0;
+    const auto decoded = ShelfIndex::decode(bytes);
+    const auto* index = std::get_if<ShelfIndex>(&decoded);
+    if (!index) {
+        QTest::qFail("the index cannot be read", __FILE__, __LINE__);
+        return 0;
+    }
+    m_index = *index;
+    const qsizetype saved = journal.lastIndexOf(QCryptographicHash::hash(bytes, QCryptographicHash::Sha1).toHex());
+    if (saved < 0)
+        QTest::qFail("the index is none of the states that the shelf was in", __FILE__, __LINE__);
+    if (saved < quiet - 1)
+        QTest::qFail("a state that had been quiet for long enough was not saved", __FILE__, __LINE__);
+    return saved;
+}
+
+// A folder without an item is that of an image that came after the last save. The one that was being taken over when
+// the program was killed is not in the journal.
+void KillTest::lookAtFolders(const QByteArrayList& unsaved)
+{
+    QStringList unknown;
+    for (const QString& folder : itemFolders()) {
+        if (isImage(folder) || m_orphans.contains(folder))
+            continue;
+        m_orphans.append(folder);
+        if (!unsaved.contains("image " + folder.toLatin1()))
+            unknown.append(folder);
+    }
+    QVERIFY2(unknown.size() <= 1, qPrintable(unknown.join(QLatin1Char(' '))));
+}
+
+bool KillTest::isImage(const QString& folder) const
+{
+    return std::any_of(m_index.items.begin(), m_index.items.end(), [&](const ShelfItem& item) {
+        return std::holds_alternative<ImageContent>(item.content) && uuidText(item.id) == folder;
+    });
 }
 
 // The image of an item whose removal was not saved any more lies in the Trash.
@@ -120,14 +161,10 @@ void KillTest::whatTheKillsLeftBehindIsClearedAway()
     environment.moveToTrash = [&](const QUrl& url) { return trash.moveToTrash(url); };
     ShelfStore store(fileUrl(m_folder.path("data")), environment, references, trash, metadata, queue);
     QCOMPARE(store.items(), m_index.items);
+    QVERIFY(!m_orphans.isEmpty());
     store.removeOrphans();
-    QStringList images;
-    for (const ShelfItem& item : store.items()) {
-        if (std::holds_alternative<ImageContent>(item.content))
-            images.append(uuidText(item.id));
-    }
     for (const QString& folder : itemFolders())
-        QVERIFY2(images.contains(folder), qPrintable(folder));
+        QVERIFY2(isImage(folder), qPrintable(folder));
     store.saveNow();
     const QStringList left = QDir(QFile::decodeName(m_folder.path("data"))).entryList(QDir::Files | QDir::Hidden);
     QCOMPARE(left, QStringList{ QStringLiteral("index.json") });

@@ -48,7 +48,8 @@ private:
 };
 
 /// Changes a shelf at random, and writes down each state in the turn in which it comes about: a line with the hash of
-/// the index that a save would write now. A line "quiet" says that everything before it must have been saved.
+/// the index that a save would write now. A line "quiet" says that everything before it must have been saved, and a
+/// line "image" with an identity that the shelf has taken an image over for that item.
 class Churn {
 public:
     /// Below `folder` are "data", "sources" with files to add, "trash" and "journal".
@@ -122,6 +123,7 @@ private:
             qFatal("no image");
         image.close();
         m_store.addImage(fileUrl(m_folder + "/sources/image.png"));
+        write("image " + uuidText(m_store.items().constFirst().id).toLatin1());
     }
 
     [[nodiscard]] QUrl anySource()
