@@ -27,6 +27,7 @@ private Q_SLOTS:
     void anImageThatCannotBeTakenOverStaysWhereItWas_data();
     void anImageThatCannotBeTakenOverStaysWhereItWas();
     void aFolderThatVanishesIsMadeAgain();
+    void aFolderThatComesBackIsWrittenToAgain();
     void aFullVolumeLosesNothing();
     void aVolumeThatTurnsReadOnlyLosesNothing();
 
@@ -239,6 +240,26 @@ void FaultTest::aFolderThatVanishesIsMadeAgain()
     moveFile(m_folder->path("data"), m_folder->path("elsewhere"));
     QCOMPARE(obey("text second"), 2);
     QCOMPARE(texts().join(QLatin1Char(' ')), QStringLiteral("second first"));
+    QCOMPARE(log(), QByteArray());
+}
+
+// As when the volume of the home folder is not there for a while.
+void FaultTest::aFolderThatComesBackIsWrittenToAgain()
+{
+    start();
+    QCOMPARE(obey("text first"), 1);
+    const QByteArray before = index();
+    moveFile(m_folder->path("data"), m_folder->path("elsewhere"));
+    m_folder->makeFile("data", "no folder");
+    QCOMPARE(obey("text second"), 2);
+    const QByteArray line = log();
+    QVERIFY2(line.contains("Nookle: saving failed: ") && line.count('\n') == 1, line.constData());
+
+    deleteFile(m_folder->path("data"));
+    moveFile(m_folder->path("elsewhere"), m_folder->path("data"));
+    QCOMPARE(index(), before);
+    QCOMPARE(obey("text third"), 3);
+    QCOMPARE(texts().join(QLatin1Char(' ')), QStringLiteral("third second first"));
     QCOMPARE(log(), QByteArray());
 }
 
