@@ -1,4 +1,5 @@
 #include "BusClient.h"
+#include "SandboxProbe.h"
 #include "ShelfDesktop.h"
 #include "Waiting.h"
 #include "WebServer.h"
@@ -195,6 +196,8 @@ QList<QStringList> PrivacyEndToEndTest::startedPrograms() const
 // Names that a shell would obey: of a file that is opened and gets a thumbnail, and of a link.
 void PrivacyEndToEndTest::noShellIsGivenAnything()
 {
+    if (!sandboxWorks())
+        QSKIP("no program can be confined here, and then there are no thumbnails");
     const QString name = QStringLiteral("it's $(touch x); \"q\" `id` | moonlight.mp4");
     const QString link = QStringLiteral("https://nookle.example/a;b$(touch)'c&moonlight");
     m_desktop->writeFile(QStringLiteral("files/") + name, "no film");
