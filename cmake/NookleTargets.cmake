@@ -8,6 +8,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
 
 add_library(nookle_options INTERFACE)
+# Some libraries ask for -pthread, and precompiled headers want the same options everywhere.
+target_compile_options(nookle_options INTERFACE -pthread)
 target_compile_options(nookle_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor
     -Woverloaded-virtual -Wcast-qual -Wconversion -Werror)
 # GCC 12 takes an empty optional of one of Qt's types for an uninitialised one once it optimises.
@@ -25,6 +27,14 @@ if(NOOKLE_FUZZ)
     target_compile_options(nookle_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# nookle_precompile(TARGET)
+# The target's files find the common headers compiled.
+function(nookle_precompile target)
+    if(NOOKLE_PRECOMPILE)
+        target_precompile_headers(${target} REUSE_FROM nookle_precompiled)
+    endif()
+endfunction()
+
 # nookle_layer(NAME SOURCES file... LINKS target...)
 # A static library whose headers are visible only to the targets that link it: a layer sees what it links, and nothing
 # above it.
@@ -33,6 +43,7 @@ function(nookle_layer name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE nookle_options)
+    nookle_precompile(${name})
 endfunction()
 
 set(NOOKLE_TEST_TIMEOUT 60 CACHE STRING "Seconds that a unit test may take")
@@ -43,6 +54,7 @@ function(nookle_test name)
     cmake_parse_arguments(ARG "" "" "LINKS;LABELS" ${ARGN})
     add_executable(${name} ${name}.cpp)
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} nookle_options nookle_fakes Qt6::Test)
+    nookle_precompile(${name})
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         LABELS "unit;${ARG_LABELS}"

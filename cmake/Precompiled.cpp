@@ -1,0 +1,1 @@
+// Nothing: the target of Precompiled.h needs a file to compile.
