@@ -55,6 +55,9 @@ function(nookle_test name)
     add_executable(${name} ${name}.cpp)
     target_link_libraries(${name} PRIVATE ${ARG_LINKS} nookle_options nookle_fakes Qt6::Test)
     nookle_precompile(${name})
+    # Empty for most tests, whose generated code is included by themselves.
+    set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/${name}_autogen/mocs_compilation.cpp" PROPERTIES
+        SKIP_PRECOMPILE_HEADERS ON)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         LABELS "unit;${ARG_LABELS}"
