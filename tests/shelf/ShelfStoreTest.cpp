@@ -2,7 +2,6 @@
 #include "StoreFixture.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -156,6 +155,7 @@ void ShelfStoreTest::aFileThatDoesNotResolveIsAddedASecondTime()
     QVERIFY(!store->fileURLs().contains(store->items().at(1).id));
 }
 
+// Well below a second, where a scan of the shelf for each file is longer than ctest lets a test run.
 void ShelfStoreTest::manyFilesAreReaddedInLinearTime()
 {
     StoreFixture fixture;
@@ -163,12 +163,8 @@ void ShelfStoreTest::manyFilesAreReaddedInLinearTime()
     QList<QUrl> urls;
     for (int i = 0; i < 10'000; ++i)
         urls.prepend(fileUrl("/folder/" + QByteArray::number(i)));
-    QElapsedTimer timer;
-    timer.start();
     store->addFiles(urls);
     store->addFiles(urls);
-    // A scan of the shelf for each file takes minutes in this build, and this takes well below a second.
-    QVERIFY2(timer.elapsed() < 60'000, qPrintable(QString::number(timer.elapsed())));
     QCOMPARE(store->items().size(), 10'000);
     QCOMPARE(store->items().constFirst().displayName(), QStringLiteral("9999"));
     QCOMPARE(store->items().constLast().displayName(), QStringLiteral("0"));

@@ -2,7 +2,6 @@
 
 #include "PageTitle.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 
 using namespace nookle;
@@ -302,18 +301,15 @@ void PageHeadTest::hostilePagesAreReadInLinearTime_data()
     QTest::newRow("titles") << "<title>One</title>" + filled("<title>a</title>");
 }
 
+// Milliseconds each, where a time that grows with the square is longer than ctest lets a test run.
 void PageHeadTest::hostilePagesAreReadInLinearTime()
 {
     QFETCH(QByteArray, page);
-    QElapsedTimer clock;
-    clock.start();
     PageHead head("text/html");
     for (qsizetype at = 0; at < page.size(); at += 1000)
         head.feed(QByteArrayView(page).sliced(at, std::min<qsizetype>(1000, page.size() - at)));
     head.finish();
     QCOMPARE(head.title(), QStringLiteral("One"));
-    // The parser needs minutes for the first of these; all of them take milliseconds, even under the sanitizers.
-    QVERIFY2(clock.elapsed() < 60'000, QByteArray::number(clock.elapsed()).constData());
 }
 
 QTEST_GUILESS_MAIN(PageHeadTest)
