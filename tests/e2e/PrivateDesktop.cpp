@@ -169,6 +169,13 @@ void PrivateDesktop::writeFile(const QString& path, const QByteArray& content) c
         qWarning("cannot write %s", qPrintable(file.fileName()));
 }
 
+void PrivateDesktop::preload(const QString& library)
+{
+    setVariable(QStringLiteral("LD_PRELOAD"), library);
+    // A library that is loaded before theirs is what the sanitizers object to.
+    setVariable(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0:detect_leaks=0"));
+}
+
 std::unique_ptr<Program> PrivateDesktop::start(const QString& path, const QStringList& arguments) const
 {
     return std::make_unique<Program>(path, arguments, m_environment);

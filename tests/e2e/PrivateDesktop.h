@@ -41,6 +41,9 @@ public:
     /// Sets a variable for the programs that start from now on.
     void setVariable(const QString& name, const QString& value) { m_environment.insert(name, value); }
 
+    /// Loads a library of a test's own into the programs that start from now on.
+    void preload(const QString& library);
+
     /// The path of something in the home folder.
     [[nodiscard]] QString home(const QString& path) const { return m_home.filePath(path); }
 
