@@ -44,7 +44,7 @@ QUrl fileUrl(const QByteArray& path)
         url.setPath(QString::fromUtf8(path), QUrl::DecodedMode);
         return url;
     }
-    return QUrl::fromEncoded("file://" + path.toPercentEncoding("/"), QUrl::StrictMode);
+    return QUrl::fromEncoded(QByteArray("file://" + path.toPercentEncoding("/")), QUrl::StrictMode);
 }
 
 QByteArray filePath(const QUrl& url)
