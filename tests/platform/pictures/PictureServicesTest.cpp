@@ -32,7 +32,7 @@ void PictureServicesTest::initTestCase()
     qputenv("XDG_CACHE_HOME", m_home.path("cache"));
     qputenv("XDG_DATA_HOME", m_home.path("data"));
     // No session but this one's.
-    qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + m_home.path("no-bus"));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", QByteArray("unix:path=" + m_home.path("no-bus")));
     m_home.makeFolder("cache");
 }
 
