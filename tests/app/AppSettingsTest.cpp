@@ -3,7 +3,7 @@
 #include "FakeUserDefaults.h"
 
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -4,7 +4,7 @@
 #include "FakeUserDefaults.h"
 #include "StoreFixture.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

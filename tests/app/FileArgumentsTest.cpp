@@ -3,7 +3,7 @@
 #include "FileUrl.h"
 #include "TemporaryFolder.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

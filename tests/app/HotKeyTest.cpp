@@ -2,7 +2,7 @@
 
 #include "FakeGlobalShortcuts.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

@@ -5,10 +5,15 @@
 
 #include <QDir>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QImageReader>
 #include <QPainter>
 #include <QPalette>
-#include <QtTest>
+#include <QPixmap>
+#include <QTest>
+
+#include <cmath>
+#include <cstdlib>
 
 using namespace nookle;
 

@@ -5,9 +5,11 @@
 #include "StoreFixture.h"
 
 #include <QDir>
+#include <QFile>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace nookle;

@@ -7,7 +7,7 @@
 #include "FakeUserDefaults.h"
 #include "ScreenshotWatcher.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

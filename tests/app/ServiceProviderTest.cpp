@@ -3,7 +3,7 @@
 #include "StoreFixture.h"
 
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 #include <variant>

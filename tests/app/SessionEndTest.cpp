@@ -1,7 +1,7 @@
 #include "SessionEnd.h"
 
 #include <QGuiApplication>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

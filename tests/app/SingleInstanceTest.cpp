@@ -2,10 +2,13 @@
 
 #include "FileUrl.h"
 
+#include <QDir>
+#include <QEventLoop>
+#include <QFile>
 #include <QLocalSocket>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QThread>
-#include <QtTest>
 
 #include <memory>
 

@@ -4,8 +4,10 @@
 #include "PanelPinning.h"
 
 #include <QAction>
-#include <QtTest>
+#include <QKeySequence>
+#include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace nookle;

@@ -4,7 +4,7 @@
 #include "FakeMainQueue.h"
 #include "FakeTrayHost.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -3,7 +3,7 @@
 #include "Shelf.h"
 #include "Waiting.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

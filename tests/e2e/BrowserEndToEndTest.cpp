@@ -8,7 +8,7 @@
 #include <QBuffer>
 #include <QFile>
 #include <QImage>
-#include <QtTest>
+#include <QTest>
 
 #include <filesystem>
 #include <memory>

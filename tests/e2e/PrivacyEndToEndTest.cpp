@@ -10,8 +10,8 @@
 #include <QImage>
 #include <QLocalServer>
 #include <QProcess>
+#include <QTest>
 #include <QUrl>
-#include <QtTest>
 
 #include <grp.h>
 #include <sys/socket.h>

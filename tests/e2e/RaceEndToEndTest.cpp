@@ -4,8 +4,8 @@
 #include "Waiting.h"
 
 #include <QFile>
+#include <QTest>
 #include <QUrl>
-#include <QtTest>
 
 #include <algorithm>
 #include <memory>

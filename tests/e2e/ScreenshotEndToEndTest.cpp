@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
-#include <QtTest>
+#include <QTest>
 
 #include <filesystem>
 #include <memory>

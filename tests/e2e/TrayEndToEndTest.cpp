@@ -4,11 +4,14 @@
 #include "TrayServer.h"
 #include "Waiting.h"
 
+#include <QDBusConnection>
 #include <QDBusVariant>
 #include <QPainter>
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
 #include <memory>
 
 using namespace nookle::e2e;

@@ -11,9 +11,10 @@
 #include "FileUrl.h"
 #include "ShelfStore.h"
 
+#include <QDateTime>
 #include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

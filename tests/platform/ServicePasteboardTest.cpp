@@ -1,7 +1,7 @@
 #include "ServicePasteboard.h"
 
 #include <QSysInfo>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -5,7 +5,9 @@
 #include "UuidText.h"
 #include "Waiting.h"
 
-#include <QtTest>
+#include <QDateTime>
+#include <QFile>
+#include <QTest>
 
 #include <memory>
 

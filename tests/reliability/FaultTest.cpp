@@ -4,7 +4,8 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QtTest>
+#include <QProcessEnvironment>
+#include <QTest>
 
 #include <cerrno>
 #include <memory>

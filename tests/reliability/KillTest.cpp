@@ -9,10 +9,12 @@
 #include "UuidText.h"
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 

@@ -21,8 +21,10 @@
 #include "Thumbnails.h"
 #include "X11Backend.h"
 
+#include <QApplication>
+#include <QMimeData>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QTest>
 
 #include <algorithm>
 #include <cstdlib>

@@ -5,7 +5,7 @@
 #include "Shelf.h"
 #include "Waiting.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

@@ -3,7 +3,7 @@
 #include "FileUrl.h"
 
 #include <QSet>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -1,9 +1,10 @@
 #include "ShelfIndex.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -1,6 +1,7 @@
 #include "ShelfItem.h"
 
-#include <QtTest>
+#include <QDateTime>
+#include <QTest>
 
 using namespace nookle;
 

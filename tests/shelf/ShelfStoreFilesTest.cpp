@@ -1,8 +1,9 @@
 #include "StoreFixture.h"
 
 #include <QDir>
+#include <QFile>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -2,8 +2,10 @@
 #include "StoreFixture.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -1,8 +1,10 @@
 #include "CapturedLog.h"
 #include "StoreFixture.h"
 
+#include <QDateTime>
 #include <QDir>
-#include <QtTest>
+#include <QFile>
+#include <QTest>
 
 #include <sys/stat.h>
 

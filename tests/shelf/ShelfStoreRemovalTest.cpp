@@ -1,9 +1,12 @@
 #include "CapturedLog.h"
 #include "StoreFixture.h"
 
+#include <QDateTime>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -3,7 +3,7 @@
 
 #include <QDir>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

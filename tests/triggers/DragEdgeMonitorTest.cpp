@@ -4,7 +4,7 @@
 #include "FakeInputMonitor.h"
 #include "FakePointer.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

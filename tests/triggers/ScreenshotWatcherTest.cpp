@@ -5,7 +5,7 @@
 #include "FakeMainQueue.h"
 #include "FakeScreenshotSettings.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

@@ -2,10 +2,11 @@
 
 #include "FileUrl.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -1,8 +1,12 @@
 #include "ItemInteractionView.h"
 
+#include <QAction>
+#include <QEnterEvent>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
-#include <QtTest>
+#include <QPixmap>
+#include <QTest>
 
 using namespace nookle;
 

@@ -16,8 +16,10 @@
 #include "ShelfStore.h"
 #include "ShelfView.h"
 
+#include <QFile>
+#include <QMimeData>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

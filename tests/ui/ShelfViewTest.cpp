@@ -8,8 +8,9 @@
 #include "TileList.h"
 
 #include <QDropEvent>
+#include <QFileInfo>
 #include <QScrollBar>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

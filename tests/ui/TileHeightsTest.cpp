@@ -2,7 +2,8 @@
 
 #include "TileMetrics.h"
 
-#include <QtTest>
+#include <QFontMetrics>
+#include <QTest>
 
 using namespace nookle;
 

@@ -1,6 +1,6 @@
 #include "TileLayout.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -4,7 +4,7 @@
 #include "FakeMainQueue.h"
 #include "FakeTrash.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

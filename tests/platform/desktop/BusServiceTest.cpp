@@ -6,8 +6,9 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

@@ -6,7 +6,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

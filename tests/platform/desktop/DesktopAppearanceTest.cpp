@@ -6,7 +6,8 @@
 #include <QDBusMessage>
 #include <QDBusVariant>
 #include <QGuiApplication>
-#include <QtTest>
+#include <QPalette>
+#include <QTest>
 
 #include <memory>
 

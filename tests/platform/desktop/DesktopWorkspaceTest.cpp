@@ -4,7 +4,7 @@
 
 #include <QDBusConnection>
 #include <QDesktopServices>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

@@ -5,12 +5,13 @@
 
 #include <QDBusConnection>
 #include <QDBusContext>
+#include <QDBusError>
 #include <QDBusMetaType>
 #include <QDBusUnixFileDescriptor>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QThread>
-#include <QtTest>
 
 #include <memory>
 

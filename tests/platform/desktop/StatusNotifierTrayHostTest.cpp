@@ -3,7 +3,7 @@
 #include "PrivateBus.h"
 
 #include <QDBusConnection>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

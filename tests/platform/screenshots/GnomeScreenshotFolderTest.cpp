@@ -3,7 +3,7 @@
 #include "TemporaryFolder.h"
 
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 #include <gio/gio.h>
 

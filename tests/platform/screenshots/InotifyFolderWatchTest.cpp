@@ -3,7 +3,7 @@
 #include "FileUrl.h"
 #include "TemporaryFolder.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <filesystem>
 #include <memory>

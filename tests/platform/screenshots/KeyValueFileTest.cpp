@@ -2,7 +2,7 @@
 
 #include "TemporaryFolder.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <sys/stat.h>
 

@@ -3,7 +3,7 @@
 #include "PngBytes.h"
 #include "TemporaryFolder.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -5,7 +5,7 @@
 #include "FileUrl.h"
 #include "TemporaryFolder.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

@@ -3,7 +3,7 @@
 #include "PngBytes.h"
 #include "TemporaryFolder.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <sys/stat.h>
 #include <sys/xattr.h>

@@ -1,6 +1,6 @@
 #include "ScreenshotNames.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

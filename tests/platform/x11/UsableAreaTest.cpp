@@ -1,6 +1,6 @@
 #include "UsableArea.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

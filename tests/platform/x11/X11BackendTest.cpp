@@ -5,7 +5,7 @@
 #include "Waiting.h"
 
 #include <QGuiApplication>
-#include <QtTest>
+#include <QTest>
 
 #include <xcb/xcb.h>
 

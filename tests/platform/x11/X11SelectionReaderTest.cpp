@@ -4,7 +4,7 @@
 #include "SelectionSource.h"
 
 #include <QCoreApplication>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

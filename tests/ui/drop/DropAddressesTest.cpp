@@ -3,7 +3,7 @@
 #include "FakeDropPayload.h"
 
 #include <QSysInfo>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QMimeData>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

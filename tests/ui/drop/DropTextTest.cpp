@@ -2,7 +2,7 @@
 
 #include "FakeDropPayload.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

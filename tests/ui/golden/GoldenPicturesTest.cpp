@@ -3,7 +3,7 @@
 #include "PictureDifference.h"
 
 #include <QDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace nookle;
 

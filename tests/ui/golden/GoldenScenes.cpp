@@ -5,7 +5,12 @@
 #include "TileList.h"
 
 #include <QApplication>
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QIcon>
 #include <QLinearGradient>
+#include <QMimeData>
 #include <QPainter>
 #include <QStyleFactory>
 
