@@ -345,7 +345,7 @@ void ImageDecoderTest::decoderRunsWhereNoSandboxCan()
 {
     const QByteArray path = qgetenv("PATH");
     ::chmod(m_folder->makeFile("bwrap", "#!/bin/sh\nexit 1\n").constData(), 0700);
-    qputenv("PATH", m_folder->path() + ':' + path);
+    qputenv("PATH", QByteArray(m_folder->path() + ':' + path));
     const CapturedLog log;
     useDecoder(QStringLiteral(NOOKLE_DECODER), ImageDecoder::Confinement::sandbox);
     ask("a");
