@@ -5,6 +5,8 @@
 #include "Pointer.h"
 #include "ShelfStore.h"
 
+#include <algorithm>
+
 namespace nookle {
 
 namespace {
@@ -51,6 +53,14 @@ std::optional<QRectF> PanelController::displayUnderPointer() const
     return m_displays.mainFrame();
 }
 
+std::optional<QRectF> PanelController::ownDisplay() const
+{
+    const std::vector<QRectF> frames = m_displays.frames();
+    const auto own = std::find_if(frames.begin(), frames.end(),
+                                  [this](const QRectF& frame) { return m_displays.identity(frame) == m_display; });
+    return own == frames.end() ? std::nullopt : std::optional(*own);
+}
+
 void PanelController::show()
 {
     cancelPendingHide();
@@ -61,6 +71,7 @@ void PanelController::show()
         return;
 
     m_isShown = true;
+    m_display = m_displays.identity(*display);
     m_store.refreshFiles();
     const QRectF resting = restingFrame(m_displays.visibleFrame(*display));
     m_panel.setFrame(resting.translated(panelWidth, 0));
@@ -132,12 +143,12 @@ void PanelController::displaysChanged()
         m_panel.orderOut();
         return;
     }
-    const QRectF frame = m_panel.frame();
-    const auto own = frameAt(m_displays.frames(), QPointF(frame.left() - 1, frame.center().y()));
+    const std::optional<QRectF> own = ownDisplay();
     const auto display = own ? own : displayUnderPointer();
-    const QRectF resting = display ? restingFrame(m_displays.visibleFrame(*display)) : frame;
-    if (resting != frame)
-        m_panel.setFrame(resting);
+    if (!display)
+        return;
+    m_display = m_displays.identity(*display);
+    m_panel.setFrame(restingFrame(m_displays.visibleFrame(*display)));
 }
 
 void PanelController::dropTargetChanged(bool isDropTarget)

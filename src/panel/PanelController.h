@@ -59,6 +59,8 @@ public:
 
 private:
     [[nodiscard]] std::optional<QRectF> displayUnderPointer() const;
+    /// The display that the panel was shown on, wherever it is now; none when it is gone.
+    [[nodiscard]] std::optional<QRectF> ownDisplay() const;
     void cancelPendingHide() { m_pendingHide.reset(); }
     void hideUnlessInUse();
     void checkDragIn();
@@ -73,6 +75,8 @@ private:
     std::unique_ptr<RepeatingTimer> m_dragInTimer;
     bool m_isDraggingOut = false;
     bool m_isShown = false;
+    /// The identity of the display that the panel was shown on last.
+    QString m_display;
     /// Lives as long as the controller: completions of the window's animations look here before they touch it.
     std::shared_ptr<PanelController*> m_self;
 };

@@ -2,6 +2,7 @@
 
 #include <QPointF>
 #include <QRectF>
+#include <QString>
 
 #include <algorithm>
 #include <optional>
@@ -27,6 +28,10 @@ public:
 
     /// The full frame of the main display; none when there is no display.
     [[nodiscard]] virtual std::optional<QRectF> mainFrame() const = 0;
+
+    /// What tells the display with that full frame from the others while it is plugged in, wherever the arrangement of
+    /// the displays puts it. Empty when there is no such display.
+    [[nodiscard]] virtual QString identity(const QRectF& frame) const = 0;
 
     /// What panels and docks leave of the display with that full frame.
     [[nodiscard]] virtual QRectF visibleFrame(const QRectF& frame) const = 0;

@@ -21,6 +21,13 @@ public:
     /// The name that the source suggests for a file of what it carries, in bytes of any encoding; empty when it
     /// suggests none.
     [[nodiscard]] virtual QByteArray suggestedName() const = 0;
+
+    /// Whether the source can save what it carries as a file. Costs the source nothing.
+    [[nodiscard]] virtual bool canSave() const = 0;
+
+    /// Has the source save what it carries at that path, under which nothing exists, in a folder for it alone: some
+    /// sources save several files there, under names of their own. False when it refuses. Files may arrive later.
+    [[nodiscard]] virtual bool save(const QByteArray& path) const = 0;
 };
 
 } // namespace nookle

@@ -22,23 +22,69 @@ namespace {
     return colon > 0 && std::all_of(address.begin(), address.begin() + colon, isSchemeCharacter);
 }
 
-[[nodiscard]] bool needsNoEncoding(char each)
+[[nodiscard]] bool isHexadecimal(char each)
 {
-    return each > ' ' && each < '\x7f';
+    return (each >= '0' && each <= '9') || (each >= 'a' && each <= 'f') || (each >= 'A' && each <= 'F');
 }
 
-/// Not every source encodes what is not ASCII, and a file name need not be text at all.
+[[nodiscard]] bool beginsEscape(QByteArrayView rest)
+{
+    return rest.size() >= 3 && rest[0] == '%' && isHexadecimal(rest[1]) && isHexadecimal(rest[2]);
+}
+
+/// Whether a character stands for itself anywhere behind the host.
+[[nodiscard]] bool standsForItself(char each)
+{
+    const bool isPrintable = each > ' ' && each < '\x7f';
+    return isPrintable && !QByteArrayView("\"#%<>[\\]^`{|}").contains(each);
+}
+
+[[nodiscard]] QByteArray escape(char each)
+{
+    return '%' + QByteArray(1, each).toHex().toUpper();
+}
+
+/// Where the part of an address ends that names its host; 0 when there is none.
+[[nodiscard]] qsizetype endOfHost(const QByteArray& address)
+{
+    const qsizetype colon = address.indexOf(':');
+    if (address.mid(colon + 1, 2) != "//")
+        return 0;
+    const auto end = std::find_if(address.begin() + colon + 3, address.end(),
+                                  [](char each) { return each == '/' || each == '?' || each == '#'; });
+    return end - address.begin();
+}
+
+/// Browsers take a backslash in the path of such an address for a slash, also where it ends the host.
+[[nodiscard]] QByteArray withSlashes(QByteArray address)
+{
+    const QByteArray scheme = address.left(address.indexOf(':')).toLower();
+    if (scheme != "http" && scheme != "https" && scheme != "ftp")
+        return address;
+    const auto endOfPath =
+        std::find_if(address.begin(), address.end(), [](char each) { return each == '?' || each == '#'; });
+    std::replace(address.begin(), endOfPath, '\\', '/');
+    return address;
+}
+
+/// Not every source encodes what it should, and a file name need not be text at all. What is encoded already stays
+/// as it is.
 [[nodiscard]] QByteArray encoded(const QByteArray& address)
 {
-    if (std::all_of(address.begin(), address.end(), needsNoEncoding))
-        return address;
+    const qsizetype host = endOfHost(address);
+    bool isInFragment = false;
     QByteArray result;
     result.reserve(address.size());
-    for (const char each : address) {
-        if (needsNoEncoding(each))
+    for (qsizetype index = 0; index < address.size(); ++index) {
+        const char each = address[index];
+        const bool isBracketOfHost = index < host && (each == '[' || each == ']');
+        const bool beginsFragment = each == '#' && !isInFragment;
+        isInFragment = isInFragment || beginsFragment;
+        if (standsForItself(each) || isBracketOfHost || beginsFragment
+            || beginsEscape(QByteArrayView(address).mid(index)))
             result += each;
         else
-            result += '%' + QByteArray(1, each).toHex().toUpper();
+            result += escape(each);
     }
     return result;
 }
@@ -58,7 +104,7 @@ std::optional<QString> uriAddress(const QByteArray& line)
     const QByteArray address = line.trimmed();
     if (!hasScheme(address))
         return std::nullopt;
-    return QString::fromLatin1(encoded(withoutOwnHost(address)));
+    return QString::fromLatin1(encoded(withSlashes(withoutOwnHost(address))));
 }
 
 std::vector<QString> uriListAddresses(QByteArray list)

@@ -8,8 +8,8 @@
 
 namespace nookle {
 
-/// The address that a line holds, in ASCII: what its source did not encode is encoded, whether or not it is text, and
-/// the name of this machine is left out of a file's. None for what has no scheme.
+/// The address that a line holds, in ASCII: what its source did not encode is encoded as browsers do, whether or not it
+/// is text, and the name of this machine is left out of a file's. None for what has no scheme.
 [[nodiscard]] std::optional<QString> uriAddress(const QByteArray& line);
 
 /// The addresses of a list with one in each line, in their order and without its comments. Sources end the lines with

@@ -11,9 +11,11 @@ namespace nookle {
 /// escapes. Two are equal when their texts are.
 class LinkUrl {
 public:
-    /// Reads RFC 3986 syntax. None for text that is not a valid URL, that has no scheme, or that holds anything but
-    /// printable ASCII.
+    /// Reads RFC 3986 syntax. None for text that is not a valid URL, that has no scheme, or whose port is none.
     [[nodiscard]] static std::optional<LinkUrl> parse(const QString& text);
+
+    /// The same for the text of a saved link. It may also hold brackets and further "#" where they do not belong.
+    [[nodiscard]] static std::optional<LinkUrl> parseSaved(const QString& text);
 
     /// The text as it was given.
     [[nodiscard]] const QString& absoluteString() const { return m_text; }

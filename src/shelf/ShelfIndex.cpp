@@ -317,7 +317,7 @@ private:
         const std::optional<QString> address = string(payload, urlKey);
         if (!address)
             return {};
-        std::optional<LinkUrl> url = LinkUrl::parse(*address);
+        std::optional<LinkUrl> url = LinkUrl::parseSaved(*address);
         if (!url)
             return fail(urlKey, "expected an absolute URL.");
         std::optional<QString> title;

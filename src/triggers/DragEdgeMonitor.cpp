@@ -4,11 +4,35 @@
 #include "InputMonitor.h"
 #include "Pointer.h"
 
+#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
 namespace nookle {
 
 namespace {
 
 inline constexpr double edgeZoneWidth = 3;
+
+[[nodiscard]] bool isAtRightEdge(const std::vector<QRectF>& frames, const QPointF& position)
+{
+    const auto display = frameAt(frames, position);
+    return display && position.x() >= display->right() - edgeZoneWidth;
+}
+
+/// Whether the straight way from one place to another touches an edge zone. Its steps are shorter than a zone is wide.
+[[nodiscard]] bool touchesRightEdge(const std::vector<QRectF>& frames, const QPointF& from, const QPointF& to)
+{
+    const QPointF way = to - from;
+    const int steps = std::max(1, qCeil(std::hypot(way.x(), way.y()) / (edgeZoneWidth / 2)));
+    for (int step = 1; step <= steps; ++step) {
+        if (isAtRightEdge(frames, from + way * step / steps))
+            return true;
+    }
+    return false;
+}
 
 } // namespace
 
@@ -35,6 +59,7 @@ void DragEdgeMonitor::leftMouseDown()
 {
     m_changeCountAtMouseDown = m_input.dragChangeCount();
     m_hasFired = false;
+    m_lastPosition.reset();
 }
 
 // Runs for every movement of every drag on the desktop: the cheap tests come first.
@@ -45,8 +70,8 @@ void DragEdgeMonitor::mouseDragged()
     if (m_input.dragChangeCount() == m_changeCountAtMouseDown)
         return;
     const QPointF position = m_pointer.position();
-    const auto display = frameAt(m_displays.frames(), position);
-    if (!display || position.x() < display->right() - edgeZoneWidth)
+    const QPointF last = std::exchange(m_lastPosition, position).value_or(position);
+    if (!touchesRightEdge(m_displays.frames(), last, position))
         return;
     m_hasFired = true;
     onEdgeReached();

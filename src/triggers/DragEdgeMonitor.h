@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QPointF>
 #include <QtGlobal>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace nookle {
@@ -14,7 +16,8 @@ class InputSubscription;
 class Pointer;
 
 /// Notices that the user drags content of another program against the right edge of a display, once for each press of
-/// the left button. What it is given must outlive it. Main thread only.
+/// the left button. The pointer is looked at now and then, and the whole way since the last look counts: a fast drag
+/// over the edge between two displays is in its zone for a moment only. What it is given must outlive it. Main thread only.
 class DragEdgeMonitor final {
 public:
     DragEdgeMonitor(InputMonitor& input, const Pointer& pointer, const Displays& displays);
@@ -39,6 +42,8 @@ private:
     std::vector<std::unique_ptr<InputSubscription>> m_monitors;
     qint64 m_changeCountAtMouseDown = 0;
     bool m_hasFired = false;
+    /// Where the pointer was at the last look during this drag of content.
+    std::optional<QPointF> m_lastPosition;
 };
 
 } // namespace nookle

@@ -284,7 +284,9 @@ void ShelfView::dropEvent(QDropEvent* event)
         return;
     }
     CapturedDrop drop = captureDrop(*m_readDrop(*event->mimeData()));
-    if (drop.transferKey.isEmpty())
+    if (drop.savedInto)
+        m_dropHandler.handleSaved(*drop.savedInto);
+    else if (drop.transferKey.isEmpty())
         m_dropHandler.handleDrop(std::move(drop.items));
     else
         m_dropHandler.handleTransfer(drop.transferKey, std::move(drop.items));

@@ -7,6 +7,7 @@
 //   Peer slow FILE TYPE ASKED GATE
 //                         the same, but makes the file ASKED when somebody asks for it, and delivers only once there is
 //                         a file GATE, or after 0.7 seconds
+//   Peer save FILE        saves what is in FILE, under the name of FILE, to where it is dragged
 //   Peer silent           offers a URI list, and never answers who asks for it
 //   Peer dying            offers a URI list, and ends when somebody asks for it
 //   Peer text             shows text that can be selected
@@ -17,6 +18,7 @@
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPlainTextEdit>
@@ -26,6 +28,9 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <xcb/xcb.h>
+
+#include <cstdint>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -101,6 +106,88 @@ protected:
 
 private:
     bool m_isDying;
+};
+
+void writeFile(const QString& path, const QByteArray& content);
+[[nodiscard]] QByteArray content(const QString& path);
+
+/// The window that a drag of this program comes from.
+class DragSource {
+public:
+    DragSource()
+        : m_connection(xcb_connect(nullptr, nullptr))
+        , m_window(owner())
+    {
+    }
+    ~DragSource() { xcb_disconnect(m_connection); }
+    DragSource(const DragSource&) = delete;
+    DragSource& operator=(const DragSource&) = delete;
+
+    void setProperty(const QByteArray& name, const QByteArray& value)
+    {
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, atom(name), atom("text/plain"), 8,
+                            static_cast<std::uint32_t>(value.size()), value.constData());
+        xcb_flush(m_connection);
+    }
+
+    [[nodiscard]] QByteArray property(const QByteArray& name)
+    {
+        const auto cookie = xcb_get_property(m_connection, 0, m_window, atom(name), XCB_ATOM_ANY, 0, 1024);
+        xcb_get_property_reply_t* reply = xcb_get_property_reply(m_connection, cookie, nullptr);
+        const QByteArray value(static_cast<const char*>(xcb_get_property_value(reply)),
+                               xcb_get_property_value_length(reply));
+        std::free(reply);
+        return value;
+    }
+
+private:
+    [[nodiscard]] xcb_atom_t atom(const QByteArray& name)
+    {
+        const auto cookie = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.constData());
+        xcb_intern_atom_reply_t* reply = xcb_intern_atom_reply(m_connection, cookie, nullptr);
+        const xcb_atom_t found = reply->atom;
+        std::free(reply);
+        return found;
+    }
+
+    [[nodiscard]] xcb_window_t owner()
+    {
+        const auto cookie = xcb_get_selection_owner(m_connection, atom("XdndSelection"));
+        xcb_get_selection_owner_reply_t* reply = xcb_get_selection_owner_reply(m_connection, cookie, nullptr);
+        const xcb_window_t found = reply->owner;
+        std::free(reply);
+        return found;
+    }
+
+    xcb_connection_t* m_connection;
+    xcb_window_t m_window;
+};
+
+/// A file that this program saves itself where it is dropped, as archive managers do.
+class Saved final : public QMimeData {
+public:
+    explicit Saved(QString path)
+        : m_path(std::move(path))
+    {
+        // The drag has a window only once it is under way.
+        QTimer::singleShot(0, this,
+                           [this] { DragSource().setProperty(format, QFileInfo(m_path).fileName().toUtf8()); });
+    }
+
+    [[nodiscard]] QStringList formats() const override { return { QString::fromLatin1(format) }; }
+    [[nodiscard]] bool hasFormat(const QString& name) const override { return formats().contains(name); }
+
+protected:
+    [[nodiscard]] QVariant retrieveData(const QString& /*format*/, QMetaType /*type*/) const override
+    {
+        const QUrl place = QUrl::fromEncoded(DragSource().property(format));
+        writeFile(place.toLocalFile(), content(m_path));
+        return QByteArray("S");
+    }
+
+private:
+    static constexpr const char* format = "XdndDirectSave0";
+    QString m_path;
 };
 
 void writeFile(const QString& path, const QByteArray& content)
@@ -187,6 +274,8 @@ private:
     if (mode == QLatin1String("slow"))
         return std::make_unique<Source>(
             [arguments] { return filled(std::make_unique<Late>(arguments.value(4), arguments.value(5)), arguments); });
+    if (mode == QLatin1String("save"))
+        return std::make_unique<Source>([arguments] { return std::make_unique<Saved>(arguments.value(2)); });
     if (mode == QLatin1String("silent") || mode == QLatin1String("dying"))
         return std::make_unique<Source>(
             [isDying = mode == QLatin1String("dying")] { return std::make_unique<Undelivered>(isDying); });

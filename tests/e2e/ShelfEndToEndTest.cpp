@@ -81,6 +81,7 @@ private Q_SLOTS:
     void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext_data();
     void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext();
     void aTextOfTenMegabytesLandsWhole();
+    void aFileThatItsSourceSavesLands();
     void aWaylandSessionIsSaidInOneLogLine();
 
 protected:
@@ -400,6 +401,16 @@ void ShelfEndToEndTest::aTextOfTenMegabytesLandsWhole()
     QVERIFY(waitFor([this] { return !m_shelf->savedItems().isEmpty(); }));
     const QJsonObject content = m_shelf->savedItems().first().value(QLatin1String("content")).toObject();
     QCOMPARE(content.value(QLatin1String("text")).toObject().value(QLatin1String("_0")).toString().size(), size);
+}
+
+void ShelfEndToEndTest::aFileThatItsSourceSavesLands()
+{
+    m_desktop->writeFile(QStringLiteral("archive/report 100%.txt"), "words");
+    QVERIFY(dragPeerToShelf({ QStringLiteral("save"), m_desktop->home(QStringLiteral("archive/report 100%.txt")) }));
+    QVERIFY(waitFor([&] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("report 100%.txt") }; }));
+    QFile saved(m_desktop->home(QStringLiteral("Downloads/report 100%/report 100%.txt")));
+    QVERIFY(saved.open(QIODevice::ReadOnly));
+    QCOMPARE(saved.readAll(), QByteArray("words"));
 }
 
 void ShelfEndToEndTest::aWaylandSessionIsSaidInOneLogLine()

@@ -296,4 +296,17 @@ void XScreen::release(std::uint8_t button)
     fake(XCB_BUTTON_RELEASE, button);
 }
 
+void XScreen::mapButtons(const std::vector<std::uint8_t>& buttons)
+{
+    const auto present =
+        owned(xcb_get_pointer_mapping_reply(m_connection.get(), xcb_get_pointer_mapping(m_connection.get()), nullptr));
+    const std::uint8_t* map = xcb_get_pointer_mapping_map(present.get());
+    std::vector<std::uint8_t> changed(map, map + xcb_get_pointer_mapping_map_length(present.get()));
+    std::copy(buttons.begin(), buttons.end(), changed.begin());
+    const auto cookie =
+        xcb_set_pointer_mapping(m_connection.get(), static_cast<std::uint8_t>(changed.size()), changed.data());
+    if (!owned(xcb_set_pointer_mapping_reply(m_connection.get(), cookie, nullptr)))
+        qWarning("the buttons cannot be mapped");
+}
+
 } // namespace nookle::e2e

@@ -65,6 +65,8 @@ public:
     void moveBy(const QPoint& step);
     void press(std::uint8_t button = 1);
     void release(std::uint8_t button = 1);
+    /// What the first buttons of the mouse stand for, as a left-handed user changes it.
+    void mapButtons(const std::vector<std::uint8_t>& buttons);
 
     /// The key that makes that symbol, for example `XScreen::control` or 'd'.
     void pressKey(xcb_keysym_t symbol);

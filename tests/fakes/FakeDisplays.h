@@ -10,6 +10,7 @@ public:
     struct Entry {
         QRectF frame;
         QRectF visibleFrame;
+        QString identity = {};
     };
 
     [[nodiscard]] std::vector<QRectF> frames() const override
@@ -24,6 +25,15 @@ public:
     [[nodiscard]] std::optional<QRectF> mainFrame() const override
     {
         return entries.empty() ? std::nullopt : std::optional(entries.front().frame);
+    }
+
+    [[nodiscard]] QString identity(const QRectF& frame) const override
+    {
+        for (const Entry& entry : entries) {
+            if (entry.frame == frame)
+                return entry.identity;
+        }
+        return {};
     }
 
     [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override

@@ -26,7 +26,18 @@ public:
         return m_bytes.value(format);
     }
 
+    [[nodiscard]] bool canSave() const override { return offersSaving; }
+
+    [[nodiscard]] bool save(const QByteArray& path) const override
+    {
+        savedTo.append(path);
+        return savesWhenAsked;
+    }
+
     QByteArray name;
+    bool offersSaving = false;
+    bool savesWhenAsked = true;
+    mutable QList<QByteArray> savedTo;
     mutable QStringList read;
 
 private:

@@ -79,6 +79,7 @@ private Q_SLOTS:
     void withoutAnyDisplayNothingShows();
     void aDisplayThatGoesHandsThePanelOver();
     void aDisplayThatChangesKeepsThePanelAtItsEdge();
+    void anotherDisplayAtTheLeftLeavesThePanelOnItsOwn();
     void aHiddenPanelStaysOutOfSightWhenDisplaysChange();
     void showingResolvesTheFilesAnew();
     void theEndOfADragOutResolvesTheFilesAnew();
@@ -285,7 +286,7 @@ void PanelControllerTest::withoutAnyDisplayNothingShows()
 void PanelControllerTest::aDisplayThatGoesHandsThePanelOver()
 {
     Fixture& f = *m_fixture;
-    f.displays.entries.push_back({ { 1280, 0, 1920, 1080 }, { 1280, 0, 1920, 1080 } });
+    f.displays.entries.push_back({ { 1280, 0, 1920, 1080 }, { 1280, 0, 1920, 1080 }, QStringLiteral("second") });
     f.pointer.at = QPointF(2000, 500);
     f.showAtRest();
     QCOMPARE(f.window.frame(), QRectF(3088, 24, 112, 1032));
@@ -304,12 +305,25 @@ void PanelControllerTest::aDisplayThatGoesHandsThePanelOver()
 void PanelControllerTest::aDisplayThatChangesKeepsThePanelAtItsEdge()
 {
     Fixture& f = *m_fixture;
-    f.displays.entries.push_back({ { -800, 0, 800, 600 }, { -800, 0, 800, 600 } });
+    f.displays.entries.push_back({ { -800, 0, 800, 600 }, { -800, 0, 800, 600 }, QStringLiteral("left") });
     f.showAtRest();
     f.pointer.at = QPointF(-400, 300);
     f.displays.entries.front() = { { 0, 0, 1280, 600 }, { 0, 0, 1280, 600 } };
     f.panel.displaysChanged();
     QCOMPARE(f.window.frame(), QRectF(1168, 24, 112, 552));
+}
+
+void PanelControllerTest::anotherDisplayAtTheLeftLeavesThePanelOnItsOwn()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.displays.entries = { { { 0, 0, 1280, 800 }, { 0, 0, 1280, 800 }, QStringLiteral("new") },
+                           { { 1280, 0, 1280, 800 }, { 1280, 0, 1280, 800 }, f.displays.entries.front().identity } };
+    f.panel.displaysChanged();
+    QCOMPARE(f.window.frame(), restingFrame.translated(1280, 0));
+    // It hides to its own side from there.
+    f.panel.hide();
+    QCOMPARE(f.window.animations.last().to, restingFrame.translated(1280 + 112, 0));
 }
 
 void PanelControllerTest::aHiddenPanelStaysOutOfSightWhenDisplaysChange()

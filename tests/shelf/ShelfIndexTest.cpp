@@ -85,6 +85,8 @@ void ShelfIndexTest::anItemReadBackIsTheSame_data()
     QTest::newRow("text with half a pair") << item(TextContent{ QString(QChar(0xd800)) });
     QTest::newRow("link") << item(LinkContent{ link("HTTPS://Me@Example.COM:443/a%2fb?c=%C3#d"), {}, false });
     QTest::newRow("mail link") << item(LinkContent{ link("mailto:a@example.com"), QString(), true });
+    QTest::newRow("link that is no valid address")
+        << item(LinkContent{ LinkUrl::parseSaved(QStringLiteral("https://a/[b]#c#d")).value(), {}, false });
     QTest::newRow("image") << item(ImageContent{ QStringLiteral("Shot 1.png") });
     ShelfItem pinned = item(TextContent{ QStringLiteral("a") });
     pinned.pinned = true;

@@ -42,6 +42,8 @@ private Q_SLOTS:
     void webUrlRefusesWhatIsNoWebAddress();
     void aLinkUrlNeedsASchemeAndValidAsciiSyntax_data();
     void aLinkUrlNeedsASchemeAndValidAsciiSyntax();
+    void aLinkUrlMayHoldWhatTheSyntaxAllows();
+    void aSavedLinkMayHoldBracketsAndFurtherHashes();
     void aSchemeIsInLowerCase();
     void itemsAreEqualWhenAllFieldsAre();
     void linksThatDifferInLetterCaseAreNotEqual();
@@ -161,12 +163,45 @@ void ShelfItemTest::aLinkUrlNeedsASchemeAndValidAsciiSyntax_data()
     QTest::newRow("half an escape") << QStringLiteral("http://a/%4");
     QTest::newRow("not ASCII") << QStringLiteral("http://a/\u00fc");
     QTest::newRow("port out of range") << QStringLiteral("http://a:99999/");
+    QTest::newRow("port of letters") << QStringLiteral("http://a:b/");
+    QTest::newRow("bracket in the path") << QStringLiteral("http://a/[b]");
+    QTest::newRow("bracket in the query") << QStringLiteral("http://a/?b[]=c");
+    QTest::newRow("bracket in the host") << QStringLiteral("http://a[b]/");
+    QTest::newRow("two fragments") << QStringLiteral("http://a/#b#c");
+    QTest::newRow("two users") << QStringLiteral("http://a@b@c/");
+    QTest::newRow("bar") << QStringLiteral("http://a/|");
+    QTest::newRow("backslash") << QStringLiteral("http://a\\b");
+    QTest::newRow("quote") << QStringLiteral("http://a/\"");
+    QTest::newRow("no address in brackets") << QStringLiteral("http://[a]/");
+    QTest::newRow("open bracket") << QStringLiteral("http://[::1/");
+    QTest::newRow("words behind the bracket") << QStringLiteral("http://[::1]a/");
+    QTest::newRow("digit before the scheme") << QStringLiteral("1http://a/");
 }
 
 void ShelfItemTest::aLinkUrlNeedsASchemeAndValidAsciiSyntax()
 {
     QFETCH(QString, text);
     QVERIFY(!LinkUrl::parse(text));
+}
+
+void ShelfItemTest::aLinkUrlMayHoldWhatTheSyntaxAllows()
+{
+    for (const char* text : { "http://a%20b/", "http://%C3%BC.example/", "http://[v1.a:b]/", "http://[2001:db8::7]:80",
+                              "http://user:pass%40@a/", "http://a:/", "urn:isbn:0451450523",
+                              "http://a/;b=c,d?e=f/?#g/?", "tel:+1-816-555-1212", "x:", "file:///a/b" }) {
+        const auto url = LinkUrl::parse(QString::fromLatin1(text));
+        QVERIFY2(url, text);
+        QCOMPARE(url->absoluteString(), QString::fromLatin1(text));
+    }
+}
+
+void ShelfItemTest::aSavedLinkMayHoldBracketsAndFurtherHashes()
+{
+    for (const char* text : { "http://a/[b]", "http://a/?b[]=c", "http://a/#b#c", "http://%C3%BC.example/" })
+        QVERIFY2(LinkUrl::parseSaved(QString::fromLatin1(text)), text);
+    for (const char* text : { "", "/a", "http://a/ b", "a" })
+        QVERIFY2(!LinkUrl::parseSaved(QString::fromLatin1(text)), text);
+    QCOMPARE(LinkUrl::parseSaved(QStringLiteral("http://a/[b]"))->host(), QStringLiteral("a"));
 }
 
 void ShelfItemTest::aSchemeIsInLowerCase()

@@ -19,6 +19,11 @@ private Q_SLOTS:
     void theRightEdgeOfTheLeftDisplayIsAnEdgeToo();
     void aPointerOnNoDisplayDoesNotFire();
     void onlyTheFirstDisplayUnderThePointerIsTested();
+    void aFastDragOverAnInnerEdgeIsSeen();
+    void aFastDragOverAGapBetweenDisplaysIsSeen();
+    void theWayBeforeTheDragOfContentDoesNotCount();
+    void theWayOfThePressBeforeDoesNotCount();
+    void aFastDragBesideTheEdgeDoesNotFire();
     void aDragThatWasUnderWayBeforeThePressDoesNotCount();
     void aDragOfThisProgramLeavesTheCounterAloneAndDoesNotFire();
     void startingTwiceInstallsOneMonitorOfEachKind();
@@ -112,6 +117,55 @@ void DragEdgeMonitorTest::onlyTheFirstDisplayUnderThePointerIsTested()
     displays.entries = { { { 0, 0, 1600, 900 }, {} }, { { 0, 0, 800, 600 }, {} } };
     beginContentDrag();
     dragTo(799, 300);
+    QCOMPARE(fired, 0);
+}
+
+void DragEdgeMonitorTest::aFastDragOverAnInnerEdgeIsSeen()
+{
+    displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
+    beginContentDrag();
+    dragTo(700, 100);
+    QCOMPARE(fired, 0);
+    dragTo(900, 500);
+    QCOMPARE(fired, 1);
+}
+
+void DragEdgeMonitorTest::aFastDragOverAGapBetweenDisplaysIsSeen()
+{
+    displays.entries = { { { 0, 0, 1920, 1080 }, {} }, { { 3840, 0, 1920, 1080 }, {} } };
+    beginContentDrag();
+    dragTo(1910, 300);
+    QCOMPARE(fired, 0);
+    dragTo(3850, 300);
+    QCOMPARE(fired, 1);
+}
+
+void DragEdgeMonitorTest::theWayBeforeTheDragOfContentDoesNotCount()
+{
+    displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
+    input->press();
+    dragTo(700, 300);
+    ++input->changeCount;
+    dragTo(900, 300);
+    QCOMPARE(fired, 0);
+}
+
+void DragEdgeMonitorTest::theWayOfThePressBeforeDoesNotCount()
+{
+    displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
+    beginContentDrag();
+    dragTo(700, 300);
+    beginContentDrag();
+    dragTo(900, 300);
+    QCOMPARE(fired, 0);
+}
+
+void DragEdgeMonitorTest::aFastDragBesideTheEdgeDoesNotFire()
+{
+    displays.entries = { { { 0, 0, 800, 400 }, {} }, { { 800, 0, 800, 600 }, {} } };
+    beginContentDrag();
+    dragTo(700, 500);
+    dragTo(900, 500);
     QCOMPARE(fired, 0);
 }
 

@@ -2,10 +2,13 @@
 
 #include "DropPayload.h"
 #include "DropText.h"
+#include "LinkUrl.h"
 #include "UriList.h"
 
 #include <QByteArray>
 #include <QStringList>
+
+#include <utility>
 
 namespace nookle {
 
@@ -28,6 +31,12 @@ namespace {
     return QStringLiteral("text/x-moz-url");
 }
 
+/// The address of a browser's tab, in UTF-16.
+[[nodiscard]] QString mozillaTabFormat()
+{
+    return QStringLiteral("text/x-moz-text-internal");
+}
+
 /// The title alone, in UTF-16.
 [[nodiscard]] QString mozillaTitleFormat()
 {
@@ -43,6 +52,20 @@ namespace {
 [[nodiscard]] QStringList loadLines(const DropPayload& payload, const QString& format)
 {
     return decodeText(load(payload, format), format).split(QLatin1Char('\n'));
+}
+
+/// The address that a source without a list of addresses tells.
+[[nodiscard]] std::optional<QString> offeredAddress(const DropPayload& payload)
+{
+    const QStringList lines{ loadLines(payload, netscapeFormat()).value(0),
+                             loadLines(payload, mozillaFormat()).value(0),
+                             decodeText(load(payload, mozillaTabFormat()), QStringLiteral("text/unicode")) };
+    for (const QString& line : lines) {
+        const auto url = uriAddress(line.toUtf8());
+        if (url && (isFileAddress(*url) || LinkUrl::parse(*url)))
+            return url;
+    }
+    return std::nullopt;
 }
 
 [[nodiscard]] std::optional<QString> trimmedTitle(const QString& title)
@@ -69,20 +92,21 @@ bool DroppedAddress::isFile() const
 
 bool isAddressFormat(const QString& format)
 {
-    return format == uriListFormat() || format == netscapeFormat() || format == mozillaFormat();
+    return format == uriListFormat() || format == netscapeFormat() || format == mozillaFormat()
+        || format == mozillaTabFormat();
 }
 
 std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload)
 {
-    std::vector<DroppedAddress> addresses;
-    for (const QString& url : uriListAddresses(load(payload, uriListFormat())))
-        addresses.push_back({ url, std::nullopt });
-    for (const QString& format : { netscapeFormat(), mozillaFormat() }) {
-        if (!addresses.empty())
-            break;
-        if (const auto url = uriAddress(loadLines(payload, format).value(0).toUtf8()))
-            addresses.push_back({ *url, std::nullopt });
+    std::vector<QString> urls = uriListAddresses(load(payload, uriListFormat()));
+    std::erase_if(urls, [](const QString& url) { return !isFileAddress(url) && !LinkUrl::parse(url); });
+    if (urls.empty()) {
+        if (const auto url = offeredAddress(payload))
+            urls.push_back(*url);
     }
+    std::vector<DroppedAddress> addresses;
+    for (QString& url : urls)
+        addresses.push_back({ std::move(url), std::nullopt });
     return addresses;
 }
 

@@ -21,7 +21,7 @@ struct DroppedAddress {
 /// Whether a format carries addresses.
 [[nodiscard]] bool isAddressFormat(const QString& format);
 
-/// The addresses of a drop in the source's order, without titles. What has no scheme is none.
+/// The addresses of a drop in the source's order, without titles. What no address can be is left out.
 [[nodiscard]] std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload);
 
 /// The title of the page at `url`, which is the drop's only address.

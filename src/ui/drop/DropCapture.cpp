@@ -4,6 +4,7 @@
 #include "DropAddresses.h"
 #include "DropImage.h"
 #include "DropPayload.h"
+#include "DropSave.h"
 #include "DropText.h"
 
 #include <QStringList>
@@ -44,10 +45,10 @@ namespace {
 bool offersDropItems(const DropPayload& payload)
 {
     const QStringList formats = payload.formats();
-    return std::any_of(formats.begin(), formats.end(), [](const QString& format) {
-        return isAddressFormat(format) || isImageFormat(format) || isTextFormat(format)
-            || transferFormats().contains(format);
-    });
+    return payload.canSave() || std::any_of(formats.begin(), formats.end(), [](const QString& format) {
+               return isAddressFormat(format) || isImageFormat(format) || isTextFormat(format)
+                   || transferFormats().contains(format);
+           });
 }
 
 CapturedDrop captureDrop(const DropPayload& payload)
@@ -66,6 +67,9 @@ CapturedDrop captureDrop(const DropPayload& payload)
     for (DroppedAddress& address : addresses)
         drop.items.push_back(std::make_unique<CapturedDropItem>(std::move(address)));
     if (!drop.items.empty() || !drop.transferKey.isEmpty())
+        return drop;
+    drop.savedInto = saveDrop(payload);
+    if (drop.savedInto)
         return drop;
     if (auto text = loadDropText(payload))
         drop.items.push_back(std::make_unique<CapturedDropItem>(std::move(*text)));

@@ -3,8 +3,10 @@
 #include "DropItem.h"
 
 #include <QByteArray>
+#include <QUrl>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace nookle {
@@ -20,6 +22,8 @@ struct CapturedDrop {
     /// The key by which a sandboxed source hands its files over, under names that this program can use; empty when it
     /// does not. The items hold the source's own names for them.
     QByteArray transferKey;
+    /// The folder into which the source saves what it carries, if it hands nothing else over.
+    std::optional<QUrl> savedInto;
 };
 
 /// Whether a drag offers anything that the shelf takes; reads none of it.

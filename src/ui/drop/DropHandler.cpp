@@ -2,6 +2,7 @@
 
 #include "FileTransfers.h"
 #include "FileUrl.h"
+#include "SavedFiles.h"
 #include "ShelfStore.h"
 
 #include <QList>
@@ -117,6 +118,15 @@ bool DropHandler::handleTransfer(const QByteArray& key, DropItems items)
         else
             (*self)->handleDrop(std::move(*shared));
     });
+    return true;
+}
+
+bool DropHandler::handleSaved(const QUrl& folder)
+{
+    // Those that are done wait here for the next one: none may end while it calls.
+    std::erase_if(m_saved, [](const auto& each) { return each->isDone(); });
+    m_saved.push_back(
+        std::make_unique<SavedFiles>(folder, m_queue, [this](const QList<QUrl>& files) { m_store.addFiles(files); }));
     return true;
 }
 

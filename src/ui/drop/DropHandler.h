@@ -8,10 +8,12 @@
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace nookle {
 
 class FileTransfers;
+class SavedFiles;
 class ShelfStore;
 
 /// Decides what each element of a drop becomes on the shelf. Borrows everything. Main thread only.
@@ -29,12 +31,16 @@ public:
     /// The same for the files that a sandboxed source hands over under `key`; for `items` when it hands over none.
     bool handleTransfer(const QByteArray& key, DropItems items);
 
+    /// Adds the files that the source saves into that folder, once they are there.
+    bool handleSaved(const QUrl& folder);
+
 private:
     class Drop;
 
     ShelfStore& m_store;
     MainQueue& m_queue;
     FileTransfers& m_transfers;
+    std::vector<std::unique_ptr<SavedFiles>> m_saved;
     /// Work that is still queued looks here whether the handler lives.
     std::shared_ptr<DropHandler*> m_self;
 };

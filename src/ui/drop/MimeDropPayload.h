@@ -14,6 +14,8 @@ public:
     [[nodiscard]] QStringList formats() const override;
     [[nodiscard]] QByteArray data(const QString& format) const override;
     [[nodiscard]] QByteArray suggestedName() const override { return {}; }
+    [[nodiscard]] bool canSave() const override { return false; }
+    [[nodiscard]] bool save(const QByteArray& /*path*/) const override { return false; }
 
 private:
     const QMimeData& m_data;

@@ -67,9 +67,11 @@ void ClipboardPasteboardTest::textIsText()
 
 void ClipboardPasteboardTest::aLinkIsAddressAndText()
 {
-    m_pasteboard->writeLink(QStringLiteral("https://Example.com/"));
-    QCOMPARE(clipboard().text(), QStringLiteral("https://Example.com/"));
+    // An address that the toolkit's URLs would rewrite.
+    m_pasteboard->writeLink(QStringLiteral("https://Example.com/%7Ea"));
+    QCOMPARE(clipboard().text(), QStringLiteral("https://Example.com/%7Ea"));
     QVERIFY(clipboard().hasUrls());
+    QCOMPARE(clipboard().data(QStringLiteral("text/uri-list")), QByteArray("https://Example.com/%7Ea\r\n"));
 }
 
 void ClipboardPasteboardTest::anImageIsThereOnceItIsConverted()

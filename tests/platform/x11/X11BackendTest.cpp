@@ -32,6 +32,7 @@ private Q_SLOTS:
     void eachMonitorOfTheServerIsADisplay();
     void aDockTakesItsPlaceFromTheDisplay();
     void aPressIsReportedAndAnotherButtonIsNot();
+    void theButtonsFollowTheUsersMapping();
     void movementsAreReportedOnlyWhileTheLeftButtonIsDown();
     void aMonitorThatIsGoneHearsNothing();
     void aDragOfAnotherProgramMovesTheCounter();
@@ -95,6 +96,29 @@ void X11BackendTest::aPressIsReportedAndAnotherButtonIsNot()
     screen().release();
     QVERIFY(waitFor([&] { return presses == 1; }));
     QVERIFY(holdsFor([&] { return presses == 1; }, 100));
+}
+
+void X11BackendTest::theButtonsFollowTheUsersMapping()
+{
+    int presses = 0;
+    const auto monitor = m_backend->inputMonitor().monitorLeftPress([&] { ++presses; });
+    screen().mapButtons({ 3, 2, 1 });
+    screen().press(1);
+    screen().release(1);
+    screen().press(3);
+    QVERIFY(waitFor([&] { return presses == 1; }));
+    QVERIFY(m_backend->pointer().isLeftButtonDown());
+    screen().release(3);
+    QVERIFY(holdsFor([&] { return presses == 1; }, 100));
+
+    // A mapping that was there before the program is followed as well.
+    X11Backend later;
+    int laterPresses = 0;
+    const auto laterMonitor = later.inputMonitor().monitorLeftPress([&] { ++laterPresses; });
+    screen().press(3);
+    screen().release(3);
+    QVERIFY(waitFor([&] { return laterPresses == 1; }));
+    screen().mapButtons({ 1, 2, 3 });
 }
 
 void X11BackendTest::movementsAreReportedOnlyWhileTheLeftButtonIsDown()

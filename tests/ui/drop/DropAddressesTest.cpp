@@ -36,6 +36,10 @@ private Q_SLOTS:
     void onlyTheFileSchemeIsAFile();
     void bytesThatAreNotUtf8StayPercentEncoded();
     void whatTheSourceDidNotEncodeIsEncoded();
+    void whatNoAddressMayHoldIsEncodedAsBrowsersDo_data();
+    void whatNoAddressMayHoldIsEncodedAsBrowsersDo();
+    void whatCannotBeAnAddressIsLeftOut();
+    void aBrowsersTabTellsItsAddress();
     void theNameOfThisMachineIsLeftOutAndThatOfAnotherStays();
     void aTypeWithAddressAndTitleStandsInForAMissingList();
     void theTitleIsTheSecondLineOfTheTypeThatHoldsBoth();
@@ -88,6 +92,64 @@ void DropAddressesTest::whatTheSourceDidNotEncodeIsEncoded()
     FakeDropPayload payload;
     payload.offer("text/uri-list", "file:///a b\xff\xc3\xbc[1].txt\r\n");
     QCOMPARE(urls(payload), QStringList{ QStringLiteral("file:///a%20b%FF%C3%BC[1].txt") });
+}
+
+void DropAddressesTest::whatNoAddressMayHoldIsEncodedAsBrowsersDo_data()
+{
+    QTest::addColumn<QByteArray>("offered");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("bar") << QByteArray("https://a.b/x|y") << QStringLiteral("https://a.b/x%7Cy");
+    QTest::newRow("braces") << QByteArray("https://a.b/{x}") << QStringLiteral("https://a.b/%7Bx%7D");
+    QTest::newRow("circumflex") << QByteArray("https://a.b/x^y") << QStringLiteral("https://a.b/x%5Ey");
+    QTest::newRow("backtick") << QByteArray("https://a.b/`x`") << QStringLiteral("https://a.b/%60x%60");
+    QTest::newRow("quotes") << QByteArray("https://a.b/\"x\"'y'") << QStringLiteral("https://a.b/%22x%22'y'");
+    QTest::newRow("angles") << QByteArray("https://a.b/<x>") << QStringLiteral("https://a.b/%3Cx%3E");
+    QTest::newRow("lone percent") << QByteArray("https://a.b/100%") << QStringLiteral("https://a.b/100%25");
+    QTest::newRow("half an escape") << QByteArray("https://a.b/%4") << QStringLiteral("https://a.b/%254");
+    QTest::newRow("percent and letters") << QByteArray("https://a.b/?q=5%zz")
+                                         << QStringLiteral("https://a.b/?q=5%25zz");
+    QTest::newRow("escape") << QByteArray("https://a.b/%c3%BC") << QStringLiteral("https://a.b/%c3%BC");
+    QTest::newRow("brackets") << QByteArray("https://a.b/x[1]?y[]=2")
+                              << QStringLiteral("https://a.b/x%5B1%5D?y%5B%5D=2");
+    QTest::newRow("brackets of a host") << QByteArray("http://[::1]:80/") << QStringLiteral("http://[::1]:80/");
+    QTest::newRow("second hash") << QByteArray("https://a.b/#x#y") << QStringLiteral("https://a.b/#x%23y");
+    QTest::newRow("backslash in the path") << QByteArray("https://a.b\\x\\y") << QStringLiteral("https://a.b/x/y");
+    QTest::newRow("backslash before another host")
+        << QByteArray("https://a.b\\@c.d/") << QStringLiteral("https://a.b/@c.d/");
+    QTest::newRow("backslash in the query") << QByteArray("https://a.b/?x\\y") << QStringLiteral("https://a.b/?x%5Cy");
+    QTest::newRow("backslash in a file's name") << QByteArray("file:///a\\b") << QStringLiteral("file:///a%5Cb");
+    QTest::newRow("percent in a file's name") << QByteArray("file:///100%") << QStringLiteral("file:///100%25");
+    QTest::newRow("host that is not ASCII") << QByteArray("https://b\xc3\xbc"
+                                                          "cher.example/")
+                                            << QStringLiteral("https://b%C3%BCcher.example/");
+}
+
+void DropAddressesTest::whatNoAddressMayHoldIsEncodedAsBrowsersDo()
+{
+    QFETCH(QByteArray, offered);
+    QFETCH(QString, expected);
+    FakeDropPayload list;
+    list.offer("text/uri-list", offered + "\r\n");
+    QCOMPARE(urls(list), QStringList{ expected });
+    FakeDropPayload pair;
+    pair.offer("_NETSCAPE_URL", offered + "\nTitle");
+    QCOMPARE(urls(pair), QStringList{ expected });
+}
+
+void DropAddressesTest::whatCannotBeAnAddressIsLeftOut()
+{
+    FakeDropPayload payload;
+    payload.offer("text/uri-list", "https://a.b:port/\r\nhttps://[::x]/\r\n1a:b\r\nfile:///a\r\n");
+    QCOMPARE(urls(payload), QStringList{ QStringLiteral("file:///a") });
+}
+
+void DropAddressesTest::aBrowsersTabTellsItsAddress()
+{
+    FakeDropPayload payload;
+    payload.offer("application/x-moz-tabbrowser-tab", "");
+    payload.offer("text/x-moz-text-internal", utf16(page));
+    QVERIFY(isAddressFormat(QStringLiteral("text/x-moz-text-internal")));
+    QCOMPARE(urls(payload), QStringList{ page });
 }
 
 void DropAddressesTest::theNameOfThisMachineIsLeftOutAndThatOfAnotherStays()

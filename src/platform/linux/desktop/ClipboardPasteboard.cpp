@@ -51,7 +51,8 @@ void ClipboardPasteboard::writeText(const QString& text)
 void ClipboardPasteboard::writeLink(const QString& address)
 {
     auto data = std::make_unique<QMimeData>();
-    data->setUrls({ QUrl(address) });
+    // The toolkit's URLs would rewrite it.
+    data->setData(QStringLiteral("text/uri-list"), address.toUtf8() + "\r\n");
     data->setText(address);
     write(std::move(data));
 }

@@ -42,4 +42,12 @@ QRectF pointsFromPixels(const QRect& pixels)
     return { pointsFromPixels(pixels.topLeft()), QSizeF(pixels.size()) / scale };
 }
 
+QRect pixelsFromPoints(const QRectF& points, const QRectF& display)
+{
+    const QScreen* screen = screenAt(display.topLeft().toPoint());
+    const double scale = screen ? screen->devicePixelRatio() : 1;
+    const QPointF origin = display.topLeft();
+    return QRectF(origin + (points.topLeft() - origin) * scale, points.size() * scale).toRect();
+}
+
 } // namespace nookle

@@ -16,4 +16,7 @@ namespace nookle {
 /// A rectangle of pixels in points; it lies on the screen of its top left corner.
 [[nodiscard]] QRectF pointsFromPixels(const QRect& pixels);
 
+/// The pixels of a rectangle that belongs to the display with the full frame `display`, beyond whose edges it may lie.
+[[nodiscard]] QRect pixelsFromPoints(const QRectF& points, const QRectF& display);
+
 } // namespace nookle

@@ -37,7 +37,8 @@ std::vector<X11Displays::Monitor> X11Displays::monitors() const
         for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
              xcb_randr_monitor_info_next(&each)) {
             const auto& monitor = *each.data;
-            found.push_back({ QRect(monitor.x, monitor.y, monitor.width, monitor.height), monitor.primary != 0 });
+            found.push_back(
+                { QRect(monitor.x, monitor.y, monitor.width, monitor.height), monitor.primary != 0, monitor.name });
         }
     }
     if (found.empty() && !desktopSize().isEmpty())
@@ -99,12 +100,29 @@ std::optional<QRectF> X11Displays::mainFrame() const
     return pointsFromPixels((primary == found.end() ? found.front() : *primary).frame);
 }
 
-QRectF X11Displays::visibleFrame(const QRectF& frame) const
+std::optional<X11Displays::Monitor> X11Displays::monitor(const QRectF& frame) const
 {
     const auto found = monitors();
     const auto monitor = std::find_if(found.begin(), found.end(),
                                       [&](const Monitor& each) { return pointsFromPixels(each.frame) == frame; });
-    return monitor == found.end() ? frame : pointsFromPixels(usable(monitor->frame, found.size()));
+    return monitor == found.end() ? std::nullopt : std::optional(*monitor);
+}
+
+QString X11Displays::identity(const QRectF& frame) const
+{
+    const auto found = monitor(frame);
+    if (!found)
+        return {};
+    const auto reply =
+        owned(xcb_get_atom_name_reply(m_connection, xcb_get_atom_name(m_connection, found->name), nullptr));
+    return reply ? QString::fromLatin1(xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get()))
+                 : QString();
+}
+
+QRectF X11Displays::visibleFrame(const QRectF& frame) const
+{
+    const auto found = monitor(frame);
+    return found ? pointsFromPixels(usable(found->frame, monitors().size())) : frame;
 }
 
 } // namespace nookle

@@ -21,15 +21,19 @@ public:
 
     [[nodiscard]] std::vector<QRectF> frames() const override;
     [[nodiscard]] std::optional<QRectF> mainFrame() const override;
+    /// The name of its monitor.
+    [[nodiscard]] QString identity(const QRectF& frame) const override;
     [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override;
 
 private:
     struct Monitor {
         QRect frame;
         bool isPrimary = false;
+        std::uint32_t name = 0;
     };
 
     [[nodiscard]] std::vector<Monitor> monitors() const;
+    [[nodiscard]] std::optional<Monitor> monitor(const QRectF& frame) const;
     [[nodiscard]] QSize desktopSize() const;
     [[nodiscard]] std::optional<QRect> workArea() const;
     [[nodiscard]] QRect usable(const QRect& monitor, std::size_t monitorCount) const;

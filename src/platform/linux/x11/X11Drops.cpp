@@ -1,5 +1,6 @@
 #include "X11Drops.h"
 
+#include "FileUrl.h"
 #include "X11SelectionReader.h"
 #include "XcbReply.h"
 
@@ -19,6 +20,7 @@ inline constexpr const char* dragDrop = "XdndDrop";
 inline constexpr const char* dragSelection = "XdndSelection";
 inline constexpr const char* typeList = "XdndTypeList";
 inline constexpr const char* directSave = "XdndDirectSave0";
+inline constexpr const char* plainText = "text/plain";
 
 inline constexpr std::chrono::milliseconds patience{ 900 };
 inline constexpr qsizetype largestPayload = qsizetype{ 256 } * 1024 * 1024;
@@ -52,6 +54,14 @@ public:
     [[nodiscard]] QStringList formats() const override { return m_drops.formats(); }
     [[nodiscard]] QByteArray suggestedName() const override { return m_drops.suggestedName(); }
 
+    [[nodiscard]] bool canSave() const override { return formats().contains(QLatin1String(directSave)); }
+
+    [[nodiscard]] bool save(const QByteArray& path) const override
+    {
+        m_drops.suggestPlace(fileUrl(path).toEncoded());
+        return data(QLatin1String(directSave)) == "S";
+    }
+
     [[nodiscard]] QByteArray data(const QString& format) const override
     {
         X11SelectionReader* reader = m_drops.reader();
@@ -69,7 +79,7 @@ private:
 
 X11Drops::X11Drops(xcb_connection_t* connection)
     : m_connection(connection)
-    , m_atoms(connection, { dragEnter, dragPosition, dragDrop, dragSelection, typeList, directSave })
+    , m_atoms(connection, { dragEnter, dragPosition, dragDrop, dragSelection, typeList, directSave, plainText })
 {
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
@@ -134,6 +144,15 @@ QByteArray X11Drops::suggestedName() const
         return {};
     return { static_cast<const char*>(xcb_get_property_value(reply.get())),
              xcb_get_property_value_length(reply.get()) };
+}
+
+void X11Drops::suggestPlace(const QByteArray& address)
+{
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_source, m_atoms[directSave], m_atoms[plainText], 8,
+                        static_cast<std::uint32_t>(address.size()), address.constData());
+    // The request for the file comes over another connection.
+    const auto cookie = xcb_get_input_focus(m_connection);
+    [[maybe_unused]] const auto reply = owned(xcb_get_input_focus_reply(m_connection, cookie, nullptr));
 }
 
 X11SelectionReader* X11Drops::reader()

@@ -34,6 +34,8 @@ private:
     void enter(const xcb_client_message_event_t& event);
     [[nodiscard]] const QStringList& formats();
     [[nodiscard]] QByteArray suggestedName() const;
+    /// Tells the source where to save.
+    void suggestPlace(const QByteArray& address);
     [[nodiscard]] X11SelectionReader* reader();
 
     xcb_connection_t* m_connection;

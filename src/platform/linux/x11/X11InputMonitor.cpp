@@ -54,6 +54,7 @@ X11InputMonitor::X11InputMonitor(xcb_connection_t* ownConnection)
     m_pause.setSingleShot(true);
     m_pause.setInterval(movementInterval);
     connect(&m_pause, &QTimer::timeout, this, &X11InputMonitor::readEvents);
+    readButtonMapping();
     selectRawEvents(false);
     // A reply comes after everything before it: from here on no press is missed.
     const auto cookie = xcb_get_input_focus(m_connection.get());
@@ -122,6 +123,23 @@ void X11InputMonitor::selectRawEvents(bool withMotion)
     xcb_flush(m_connection.get());
 }
 
+void X11InputMonitor::readButtonMapping()
+{
+    const auto cookie = xcb_get_pointer_mapping(m_connection.get());
+    const auto reply = owned(xcb_get_pointer_mapping_reply(m_connection.get(), cookie, nullptr));
+    if (!reply)
+        return;
+    const std::uint8_t* buttons = xcb_get_pointer_mapping_map(reply.get());
+    m_buttonMapping.assign(buttons, buttons + xcb_get_pointer_mapping_map_length(reply.get()));
+}
+
+// Raw events count the buttons as the device does.
+std::uint32_t X11InputMonitor::userButton(std::uint32_t deviceButton) const
+{
+    const bool isMapped = deviceButton >= 1 && deviceButton <= m_buttonMapping.size();
+    return isMapped ? m_buttonMapping[deviceButton - 1] : deviceButton;
+}
+
 void X11InputMonitor::readEvents()
 {
     m_hasMoved = false;
@@ -148,6 +166,10 @@ void X11InputMonitor::handle(const xcb_generic_event_t& event)
             ++m_dragChangeCount;
         return;
     }
+    if (type == XCB_MAPPING_NOTIFY) {
+        readButtonMapping();
+        return;
+    }
     if (type == XCB_GE_GENERIC)
         handleRawEvent(event);
 }
@@ -163,7 +185,7 @@ void X11InputMonitor::handleRawEvent(const xcb_generic_event_t& event)
         return;
     }
     const auto& button = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
-    if (button.detail != leftButton)
+    if (userButton(button.detail) != leftButton)
         return;
     m_isLeftButtonDown = generic.event_type == XCB_INPUT_RAW_BUTTON_PRESS;
     m_hasMoved = false;

@@ -17,8 +17,8 @@ namespace nookle {
 
 /// Raw events of the X Input extension, which arrive whichever program has the pointer, also during its drags; and the
 /// owner of the XdndSelection, which tells when a drag of content begins. Movements are asked for only while the left
-/// button is down, so that the mouse alone never wakes the program, and
-/// then looked at some forty times a second.
+/// button is down, so that the mouse alone never wakes the program, and then looked at some forty times a second. Which
+/// button is the left one is the user's choice: the server's mapping is followed.
 class X11InputMonitor final : public QObject, public InputMonitor {
     Q_OBJECT
 
@@ -42,6 +42,8 @@ private:
     [[nodiscard]] bool hasInputExtension();
     [[nodiscard]] bool watchDragSelection();
     void selectRawEvents(bool withMotion);
+    void readButtonMapping();
+    [[nodiscard]] std::uint32_t userButton(std::uint32_t deviceButton) const;
     void readEvents();
     void handle(const xcb_generic_event_t& event);
     void handleRawEvent(const xcb_generic_event_t& event);
@@ -58,6 +60,8 @@ private:
     std::uint32_t m_root = 0;
     std::uint8_t m_inputOpcode = 0;
     std::uint8_t m_firstFixesEvent = 0;
+    /// What the user has made of each button of the device, counted from 1.
+    std::vector<std::uint8_t> m_buttonMapping;
     Handlers m_pressHandlers;
     Handlers m_dragHandlers;
     qint64 m_dragChangeCount = 0;

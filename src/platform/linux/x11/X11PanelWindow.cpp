@@ -2,10 +2,11 @@
 
 #include "Compositing.h"
 #include "Displays.h"
+#include "X11Coordinates.h"
+#include "XcbReply.h"
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <QMoveEvent>
 #include <QRegion>
 #include <QScreen>
 #include <QWindow>
@@ -105,35 +106,58 @@ X11PanelWindow::~X11PanelWindow() = default;
 void X11PanelWindow::setFrame(const QRectF& frame)
 {
     m_animation.stop();
-    m_limit = slideLimit(frame);
+    findDisplay(frame);
     place(frame);
+}
+
+// Its own display is the one just left of where it starts, and around it where it rests.
+void X11PanelWindow::findDisplay(const QRectF& frame)
+{
+    const std::vector<QRectF> frames = m_displays.frames();
+    m_display = frameAt(frames, QPointF(frame.left() - 1, frame.center().y())).value_or(frame);
+    const QRect own = pixelsFromPoints(m_display, m_display);
+    const QRect beyond(own.left() + own.width(), own.top(), own.width(), own.height());
+    const bool hasNeighbour = std::any_of(frames.begin(), frames.end(), [&](const QRectF& each) {
+        return each != m_display && pixelsFromPoints(each, each).intersects(beyond);
+    });
+    m_limit = hasNeighbour ? std::optional(beyond.left()) : std::nullopt;
 }
 
 void X11PanelWindow::place(const QRectF& frame)
 {
     m_frame = frame;
+    m_pixels = pixelsFromPoints(frame, m_display);
     updateShape();
-    m_window.setGeometry(frame.toRect());
+    moveTo(m_pixels);
 }
 
-// A window that starts beyond the right edge of its display must not be seen on a neighbour. Its own display is the one
-// just left of where it starts.
-std::optional<double> X11PanelWindow::slideLimit(const QRectF& from) const
+// Straight to the server: the toolkit would count the points of a window that sticks out of its display from the origin
+// of another one.
+void X11PanelWindow::moveTo(const QRect& pixels)
 {
-    const std::vector<QRectF> frames = m_displays.frames();
-    const auto own = frameAt(frames, QPointF(from.left() - 1, from.center().y()));
-    const bool hasNeighbour = std::any_of(frames.begin(), frames.end(),
-                                          [&](const QRectF& each) { return each != own && each.intersects(from); });
-    return own && hasNeighbour ? std::optional(own->right()) : std::nullopt;
+    const std::uint32_t values[] = { static_cast<std::uint32_t>(pixels.x()), static_cast<std::uint32_t>(pixels.y()),
+                                     static_cast<std::uint32_t>(std::max(1, pixels.width())),
+                                     static_cast<std::uint32_t>(std::max(1, pixels.height())) };
+    xcb_configure_window(m_connection, static_cast<xcb_window_t>(m_window.winId()),
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                         values);
+    xcb_flush(m_connection);
+}
+
+// The window manager moves the window later than it is asked to: nothing may show in the place where it still is.
+int X11PanelWindow::farthestLeft() const
+{
+    const auto cookie = xcb_translate_coordinates(m_connection, static_cast<xcb_window_t>(m_window.winId()),
+                                                  rootOf(m_connection), 0, 0);
+    const auto reply = owned(xcb_translate_coordinates_reply(m_connection, cookie, nullptr));
+    return reply ? std::max<int>(reply->dst_x, m_pixels.left()) : m_pixels.left();
 }
 
 void X11PanelWindow::updateShape()
 {
-    const QSize size = m_frame.size().toSize();
-    const double left = std::max(m_confirmedLeft, m_frame.left());
-    const int width = m_limit ? std::clamp(qRound(*m_limit - left), 0, size.width()) : size.width();
-    const double ratio = m_window.devicePixelRatio();
-    const QRegion shape = outline(size).intersected(QRect(QPoint(), (QSizeF(width, size.height()) * ratio).toSize()));
+    const QSize size = m_pixels.size();
+    const int width = m_limit ? std::clamp(*m_limit - farthestLeft(), 0, size.width()) : size.width();
+    const QRegion shape = outline(size).intersected(QRect(0, 0, width, size.height()));
     if (std::exchange(m_shape, shape) != shape)
         applyShape(shape);
 }
@@ -158,17 +182,19 @@ void X11PanelWindow::applyShape(const QRegion& pixels)
 // Where windows shine through, the content draws its corners itself, and smoother.
 QRegion X11PanelWindow::outline(const QSize& size) const
 {
-    const QSize pixels = (QSizeF(size) * m_window.devicePixelRatio()).toSize();
     if (m_compositing.backdrop() != Backdrop::opaque)
-        return QRect(QPoint(), pixels);
-    return roundedOnTheLeft(pixels, qRound(m_cornerRadius * m_window.devicePixelRatio()));
+        return QRect(QPoint(), size);
+    return roundedOnTheLeft(size, cornerPixels());
+}
+
+int X11PanelWindow::cornerPixels() const
+{
+    return pixelsFromPoints({ 0, 0, m_cornerRadius, m_cornerRadius }, m_display).width();
 }
 
 void X11PanelWindow::askForBlur()
 {
-    const double ratio = m_window.devicePixelRatio();
-    const std::vector<std::uint32_t> numbers =
-        rectangleNumbers(roundedOnTheLeft((m_frame.size() * ratio).toSize(), qRound(m_cornerRadius * ratio)));
+    const std::vector<std::uint32_t> numbers = rectangleNumbers(roundedOnTheLeft(m_pixels.size(), cornerPixels()));
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, static_cast<xcb_window_t>(m_window.winId()),
                         m_atoms["_KDE_NET_WM_BLUR_BEHIND_REGION"], XCB_ATOM_CARDINAL, 32,
                         static_cast<std::uint32_t>(numbers.size()), numbers.data());
@@ -180,6 +206,7 @@ void X11PanelWindow::orderFront()
     if (!m_window.isVisible()) {
         setDockProperties();
         m_window.setVisible(true);
+        moveTo(m_pixels);
     }
     askForBlur();
     updateShape();
@@ -197,15 +224,16 @@ void X11PanelWindow::orderOut()
 
 void X11PanelWindow::park()
 {
-    QRectF all;
+    QRect all;
     for (const QRectF& frame : m_displays.frames())
-        all |= frame;
-    const QRect beyondAll(all.bottomRight().toPoint() + QPoint(1, 1), QSize(1, 1));
+        all |= pixelsFromPoints(frame, frame);
+    const QRect beyondAll(all.bottomRight() + QPoint(2, 2), QSize(1, 1));
+    // The toolkit gives a window that comes up the place and the size that it knows.
     m_window.setGeometry(beyondAll);
+    moveTo(beyondAll);
     setDockProperties();
     m_window.setVisible(true);
-    // A window that comes up takes on the size that its widget knows, which has not been told of the new one yet.
-    m_window.setGeometry(beyondAll);
+    moveTo(beyondAll);
 }
 
 // The window manager removes the states whenever a window is taken off the screen: they are set at each showing.
@@ -250,6 +278,7 @@ void X11PanelWindow::raise()
 
 void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion)
 {
+    findDisplay(frame);
     const double rate = m_window.screen() ? m_window.screen()->refreshRate() : usualRefreshRate;
     m_animation.start(m_frame, frame, seconds, rate >= 1 ? rate : usualRefreshRate, curve(easing),
                       std::move(completion));
@@ -275,10 +304,8 @@ void X11PanelWindow::mouseLeft()
 
 bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::Move) {
-        m_confirmedLeft = static_cast<const QMoveEvent*>(event)->pos().x();
+    if (event->type() == QEvent::Move && m_limit)
         updateShape();
-    }
     if (event->type() == QEvent::Enter && onMouseEntered)
         onMouseEntered();
     if (event->type() == QEvent::Leave)

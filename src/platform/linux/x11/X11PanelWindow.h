@@ -51,10 +51,14 @@ private:
     void standAboveFullScreenWindow();
     void raise();
     void askForBlur();
-    /// In pixels, of a window of that many points.
+    /// Of a window of that size; all in pixels.
     [[nodiscard]] QRegion outline(const QSize& size) const;
+    [[nodiscard]] int cornerPixels() const;
     void applyShape(const QRegion& pixels);
-    [[nodiscard]] std::optional<double> slideLimit(const QRectF& from) const;
+    void findDisplay(const QRectF& frame);
+    void moveTo(const QRect& pixels);
+    /// The left edge of the window, where it was put or where it still is.
+    [[nodiscard]] int farthestLeft() const;
     void updateShape();
     void mouseLeft();
 
@@ -67,10 +71,12 @@ private:
     FrameAnimation m_animation;
     QTimer m_parking;
     QRectF m_frame;
-    /// Where the server last said that the window stands: the window manager moves it later than it is asked to.
-    double m_confirmedLeft = 0;
-    /// The right edge that nothing of the window may show beyond; none while no display lies there.
-    std::optional<double> m_limit;
+    /// The full frame of the display that the panel belongs to.
+    QRectF m_display;
+    /// The frame in pixels.
+    QRect m_pixels;
+    /// The right edge that nothing of the window may show beyond, in pixels; none while no display lies there.
+    std::optional<int> m_limit;
     /// What the window's shape shows, in pixels; none before it was set.
     std::optional<QRegion> m_shape;
 };

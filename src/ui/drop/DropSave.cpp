@@ -1,0 +1,69 @@
+#include "DropSave.h"
+
+#include "DropPayload.h"
+#include "DropText.h"
+#include "FileUrl.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QString>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace nookle {
+
+namespace {
+
+/// In bytes. File systems take 255, and a number may follow.
+inline constexpr qsizetype longestName = 200;
+
+[[nodiscard]] QString fileName(const DropPayload& payload)
+{
+    const QString suggested = decodeText(payload.suggestedName(), QStringLiteral("text/plain"));
+    QString name = suggested.section(QChar(u'\0'), 0, 0).section(QLatin1Char('/'), -1).trimmed();
+    while (name.toUtf8().size() > longestName)
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    return name.startsWith(QLatin1Char('.')) ? QString() : name;
+}
+
+/// A new folder of that name, or of that name and a number; empty when none can be made.
+[[nodiscard]] QByteArray makeNewFolder(const QByteArray& parent, const QString& name)
+{
+    constexpr int mostTries = 1000;
+    constexpr mode_t forTheUserAlone = 0700;
+    for (int number = 1; number <= mostTries; ++number) {
+        const QString numbered = number == 1 ? name : QStringLiteral("%1 (%2)").arg(name).arg(number);
+        const QByteArray folder = parent + '/' + QFile::encodeName(numbered);
+        if (::mkdir(folder.constData(), forTheUserAlone) == 0)
+            return folder;
+        if (errno != EEXIST)
+            return {};
+    }
+    return {};
+}
+
+} // namespace
+
+std::optional<QUrl> saveDrop(const DropPayload& payload)
+{
+    const QString name = payload.canSave() ? fileName(payload) : QString();
+    if (name.isEmpty())
+        return std::nullopt;
+    const QString downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    if (!QDir().mkpath(downloads))
+        return std::nullopt;
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    const QByteArray folder = makeNewFolder(QFile::encodeName(downloads), dot > 0 ? name.left(dot) : name);
+    if (folder.isEmpty())
+        return std::nullopt;
+    if (payload.save(folder + '/' + QFile::encodeName(name)))
+        return fileUrl(folder);
+    ::rmdir(folder.constData());
+    return std::nullopt;
+}
+
+} // namespace nookle

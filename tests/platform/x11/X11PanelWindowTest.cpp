@@ -1,0 +1,266 @@
+#include "X11Backend.h"
+
+#include "PrivateDesktop.h"
+#include "Waiting.h"
+
+#include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QTest>
+#include <QWindow>
+
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <vector>
+
+using namespace nookle;
+using namespace nookle::e2e;
+
+namespace {
+
+// Two displays of 800 by 600 pixels side by side, in which a point is two pixels.
+inline constexpr int displayWidth = 800;
+inline constexpr int displayHeight = 600;
+inline constexpr double scale = 2;
+const QRectF leftDisplay(0, 0, 400, 300);
+const QRectF leftAtRest(400 - 112, 24, 112, 252);
+const QRect leftPixelsAtRest(576, 48, 224, 504);
+
+} // namespace
+
+class X11PanelWindowTest : public QObject {
+    Q_OBJECT
+
+public:
+    explicit X11PanelWindowTest(PrivateDesktop& desktop)
+        : m_desktop(desktop)
+    {
+    }
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void displaysKeepTheirOriginInPixels();
+    void thePanelRestsAtTheRightEdgeOfItsOwnDisplay_data();
+    void thePanelRestsAtTheRightEdgeOfItsOwnDisplay();
+    void theSlideShowsNothingOnTheNeighbour();
+    void aPanelThatWasOnlyPutThereSlidesOutBehindItsEdge();
+    void theSlideTakesAsLongAsItIsTold_data();
+    void theSlideTakesAsLongAsItIsTold();
+    void aParkedPanelIsAPointBeyondAllDisplays();
+
+private:
+    struct Sample {
+        /// Of the way, at that share of the time.
+        double share = 0;
+        double time = 0;
+    };
+
+    [[nodiscard]] QRect windowPixels() const;
+    [[nodiscard]] bool isParked() const;
+    /// What the shape lets through, on the root window.
+    [[nodiscard]] QRect visiblePixels() const;
+    /// Slides the panel, and returns where it was seen meanwhile.
+    std::vector<Sample> slide(const QRectF& to, double seconds, Easing easing);
+
+    PrivateDesktop& m_desktop;
+    std::unique_ptr<X11Backend> m_backend;
+    std::unique_ptr<QWindow> m_window;
+    std::unique_ptr<PanelWindow> m_panel;
+    e2e::XcbConnection m_connection;
+};
+
+void X11PanelWindowTest::init()
+{
+    m_connection.reset(xcb_connect(nullptr, nullptr));
+    m_backend = std::make_unique<X11Backend>();
+    m_window = std::make_unique<QWindow>();
+    m_window->setFlags(Qt::FramelessWindowHint);
+    m_window->create();
+    m_panel = m_backend->makePanelWindow(*m_window, 12);
+    // The window manager begins with the place that it finds, whatever is asked for meanwhile.
+    QVERIFY(waitFor([this] { return isParked(); }));
+}
+
+void X11PanelWindowTest::cleanup()
+{
+    m_panel.reset();
+    m_window.reset();
+    m_backend.reset();
+}
+
+QRect X11PanelWindowTest::windowPixels() const
+{
+    const auto id = static_cast<xcb_window_t>(m_window->winId());
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+    const auto geometry =
+        owned(xcb_get_geometry_reply(m_connection.get(), xcb_get_geometry(m_connection.get(), id), nullptr));
+    const auto place = owned(xcb_translate_coordinates_reply(
+        m_connection.get(), xcb_translate_coordinates(m_connection.get(), id, root, 0, 0), nullptr));
+    return { place->dst_x, place->dst_y, geometry->width, geometry->height };
+}
+
+bool X11PanelWindowTest::isParked() const
+{
+    const QRect all(0, 0, 2 * displayWidth, displayHeight);
+    return windowPixels().width() <= scale && !windowPixels().intersects(all);
+}
+
+QRect X11PanelWindowTest::visiblePixels() const
+{
+    const auto id = static_cast<xcb_window_t>(m_window->winId());
+    const auto extents = owned(
+        xcb_shape_query_extents_reply(m_connection.get(), xcb_shape_query_extents(m_connection.get(), id), nullptr));
+    const QRect shape(extents->bounding_shape_extents_x, extents->bounding_shape_extents_y,
+                      extents->bounding_shape_extents_width, extents->bounding_shape_extents_height);
+    const QRect window = windowPixels();
+    return shape.intersected(QRect(QPoint(), window.size())).translated(window.topLeft());
+}
+
+std::vector<X11PanelWindowTest::Sample> X11PanelWindowTest::slide(const QRectF& to, double seconds, Easing easing)
+{
+    const double from = m_panel->frame().left();
+    std::vector<Sample> samples;
+    bool isDone = false;
+    QElapsedTimer clock;
+    clock.start();
+    m_panel->animateFrame(to, seconds, easing, [&] { isDone = true; });
+    while (!isDone && clock.elapsed() < patience) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        const double time = static_cast<double>(clock.nsecsElapsed()) / 1e9;
+        samples.push_back({ (m_panel->frame().left() - from) / (to.left() - from), time });
+    }
+    return samples;
+}
+
+void X11PanelWindowTest::displaysKeepTheirOriginInPixels()
+{
+    const std::vector<QRectF> expected{ leftDisplay, leftDisplay.translated(displayWidth, 0) };
+    QCOMPARE(m_backend->displays().frames(), expected);
+    QVERIFY(!m_backend->displays().identity(expected[0]).isEmpty());
+    QVERIFY(m_backend->displays().identity(expected[0]) != m_backend->displays().identity(expected[1]));
+}
+
+void X11PanelWindowTest::thePanelRestsAtTheRightEdgeOfItsOwnDisplay_data()
+{
+    QTest::addColumn<int>("origin");
+    QTest::newRow("left") << 0;
+    QTest::newRow("right") << displayWidth;
+}
+
+void X11PanelWindowTest::thePanelRestsAtTheRightEdgeOfItsOwnDisplay()
+{
+    QFETCH(int, origin);
+    // The other one before, so that the toolkit takes the window for that one's.
+    m_panel->setFrame(leftAtRest.translated(displayWidth - origin, 0));
+    m_panel->orderFront();
+    QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest.translated(displayWidth - origin, 0); }));
+
+    const QRectF resting = leftAtRest.translated(origin, 0);
+    m_panel->setFrame(resting.translated(112, 0));
+    m_panel->orderFront();
+    QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest.translated(origin + 224, 0); }));
+    slide(resting, 0.1, Easing::out);
+    QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest.translated(origin, 0); }));
+    QVERIFY(waitFor([&] { return visiblePixels() == windowPixels(); }));
+    QCOMPARE(m_panel->frame(), resting);
+}
+
+void X11PanelWindowTest::theSlideShowsNothingOnTheNeighbour()
+{
+    m_panel->setFrame(leftAtRest.translated(112, 0));
+    m_panel->orderFront();
+    bool isDone = false;
+    m_panel->animateFrame(leftAtRest, 0.3, Easing::out, [&] { isDone = true; });
+    int mostRight = 0;
+    QVERIFY(waitFor([&] {
+        const QRect visible = visiblePixels();
+        if (!visible.isEmpty())
+            mostRight = std::max(mostRight, visible.left() + visible.width());
+        return isDone;
+    }));
+    QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest; }));
+    QVERIFY2(mostRight > 0 && mostRight <= displayWidth, qPrintable(QString::number(mostRight)));
+}
+
+void X11PanelWindowTest::aPanelThatWasOnlyPutThereSlidesOutBehindItsEdge()
+{
+    m_panel->setFrame(leftAtRest);
+    m_panel->orderFront();
+    QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest; }));
+    bool isDone = false;
+    m_panel->animateFrame(leftAtRest.translated(112, 0), 0.3, Easing::in, [&] { isDone = true; });
+    int mostRight = 0;
+    QVERIFY(waitFor([&] {
+        const QRect visible = visiblePixels();
+        if (!visible.isEmpty())
+            mostRight = std::max(mostRight, visible.left() + visible.width());
+        return isDone;
+    }));
+    QVERIFY2(mostRight > 0 && mostRight <= displayWidth, qPrintable(QString::number(mostRight)));
+}
+
+void X11PanelWindowTest::theSlideTakesAsLongAsItIsTold_data()
+{
+    QTest::addColumn<bool>("startsSlowly");
+    QTest::newRow("out") << false;
+    QTest::newRow("in") << true;
+}
+
+// A busy machine skips steps, but the place at a time does not depend on them.
+void X11PanelWindowTest::theSlideTakesAsLongAsItIsTold()
+{
+    QFETCH(bool, startsSlowly);
+    constexpr double seconds = 0.18;
+    constexpr double oneFrame = 0.05;
+    m_panel->setFrame(leftAtRest.translated(112, 0));
+    m_panel->orderFront();
+    const auto samples = slide(leftAtRest, seconds, startsSlowly ? Easing::in : Easing::out);
+    QVERIFY(!samples.empty());
+    QVERIFY2(samples.back().time >= seconds, "the slide ended early");
+    QCOMPARE(samples.back().share, 1.0);
+    for (const Sample& sample : samples) {
+        const double time = std::min(1.0, sample.time / seconds);
+        const double later = std::max(0.0, (sample.time - oneFrame) / seconds);
+        // A slow start stays behind an even pace, a slow end is ahead of it.
+        if (startsSlowly)
+            QVERIFY2(sample.share <= time + 0.001, qPrintable(QString::number(sample.share)));
+        else if (later < 1)
+            QVERIFY2(sample.share >= later - 0.001, qPrintable(QString::number(sample.share)));
+    }
+}
+
+void X11PanelWindowTest::aParkedPanelIsAPointBeyondAllDisplays()
+{
+    m_panel->setFrame(leftAtRest);
+    m_panel->orderFront();
+    QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest; }));
+    m_panel->orderOut();
+    QVERIFY(waitFor([this] { return isParked(); }));
+}
+
+int main(int argc, char* argv[])
+{
+    const auto desktop =
+        PrivateDesktop::tryCreate({ QSize(2 * displayWidth, displayHeight), QStringLiteral("openbox"), true });
+    if (!desktop)
+        return EXIT_FAILURE;
+    // A window manager that is starting forgets what is asked for.
+    if (!waitFor([&] { return desktop->screen().rootHas("_NET_CLIENT_LIST"); }))
+        return EXIT_FAILURE;
+    const QString resources = desktop->home(QStringLiteral("resources"));
+    desktop->writeFile(QStringLiteral("resources"), QByteArray("Xft.dpi: ") + QByteArray::number(96 * scale) + '\n');
+    if (desktop->start(QStringLiteral("xrdb"), { QStringLiteral("-nocpp"), resources })->waitForExit() != 0)
+        return EXIT_FAILURE;
+    qputenv("DISPLAY", desktop->environment().value(QStringLiteral("DISPLAY")).toLocal8Bit());
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    const QGuiApplication application(argc, argv);
+    X11PanelWindowTest test(*desktop);
+    return QTest::qExec(&test, argc, argv);
+}
+#include "X11PanelWindowTest.moc"
