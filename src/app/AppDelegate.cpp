@@ -39,6 +39,7 @@ AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std
     , m_pasteboard(m_pictures.converter())
     , m_fileTransfers(m_mounts)
     , m_loginItem(QCoreApplication::applicationFilePath())
+    , m_folders(m_mounts)
     , m_screenshotSettings(m_defaults)
     , m_settings(m_defaults)
     , m_dragEdgeMonitor(m_desktop->inputMonitor(), m_desktop->pointer(), m_desktop->displays())
