@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QPointer>
 
+#include <chrono>
 #include <utility>
 
 namespace nookle {
@@ -30,12 +31,15 @@ AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std
     : m_dataFolder(dataFolder)
     , m_desktop(std::move(desktop))
     , m_trash(dataHome)
-    , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue)
-    , m_pictures(m_queue)
+    , m_mounts(std::make_shared<Mounts>(QFile::encodeName(QDir::homePath())))
+    , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue, std::chrono::steady_clock::now, m_mounts)
+    , m_pictures(m_mounts, m_queue)
     , m_webRoutes(m_queue)
     , m_linkMetadata(m_webRoutes, m_pictures.converter(), m_queue)
     , m_pasteboard(m_pictures.converter())
+    , m_fileTransfers(m_mounts)
     , m_loginItem(QCoreApplication::applicationFilePath())
+    , m_folders(m_mounts)
     , m_screenshotSettings(m_defaults)
     , m_settings(m_defaults)
     , m_dragEdgeMonitor(m_desktop->inputMonitor(), m_desktop->pointer(), m_desktop->displays())

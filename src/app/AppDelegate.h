@@ -15,6 +15,7 @@
 #include "InotifyFolderWatch.h"
 #include "LinuxFileReferences.h"
 #include "LinuxScreenshotSettings.h"
+#include "Mounts.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
 #include "PictureServices.h"
@@ -84,6 +85,7 @@ private:
     QtMainQueue m_queue;
     SettingsUserDefaults m_defaults;
     GioTrash m_trash;
+    std::shared_ptr<Mounts> m_mounts;
     LinuxFileReferences m_fileReferences;
     PictureServices m_pictures;
     SystemWebRoutes m_webRoutes;

@@ -18,17 +18,19 @@ namespace {
 
 } // namespace
 
-FileArguments FileArguments::parse(const QList<QByteArray>& arguments, const QByteArray& workingDirectory)
+FileArguments FileArguments::parse(const QList<QByteArray>& arguments, const QByteArray& workingDirectory,
+                                   const std::function<bool(const QByteArray& path)>& mayLookAt)
 {
     FileArguments result;
     for (const QByteArray& argument : arguments) {
         const QByteArray path = argument.startsWith('/') ? argument : workingDirectory + '/' + argument;
-        if (!argument.isEmpty() && exists(path)) {
-            result.uris.append(QString::fromLatin1(standardized(fileUrl(path)).toEncoded()));
-            continue;
-        }
-        if (const auto address = uriAddress(argument))
+        const bool mayLook = mayLookAt(path);
+        const bool isFile = !argument.isEmpty() && mayLook && exists(path);
+        const auto address = isFile ? std::nullopt : uriAddress(argument);
+        if (address)
             result.uris.append(*address);
+        else if (isFile || (!argument.isEmpty() && !mayLook))
+            result.uris.append(QString::fromLatin1(standardized(fileUrl(path)).toEncoded()));
         else
             result.unknown.append(argument);
     }

@@ -4,6 +4,8 @@
 #include <QList>
 #include <QStringList>
 
+#include <functional>
+
 namespace nookle {
 
 /// What the program was started with: files, by path or by address, and other addresses.
@@ -13,8 +15,10 @@ struct FileArguments {
     /// What is neither a file that exists nor an address, as it was given.
     QList<QByteArray> unknown;
 
-    /// Relative paths count from `workingDirectory`. Names are bytes, and may begin with a hyphen.
-    [[nodiscard]] static FileArguments parse(const QList<QByteArray>& arguments, const QByteArray& workingDirectory);
+    /// Relative paths count from `workingDirectory`. Names are bytes, and may begin with a hyphen. A path that
+    /// `mayLookAt` refuses counts as a file unless it reads as an address.
+    [[nodiscard]] static FileArguments parse(const QList<QByteArray>& arguments, const QByteArray& workingDirectory,
+                                             const std::function<bool(const QByteArray& path)>& mayLookAt);
 };
 
 } // namespace nookle

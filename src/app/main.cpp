@@ -1,9 +1,11 @@
 #include "AppDelegate.h"
 #include "DesktopBackendFactory.h"
 #include "FileArguments.h"
+#include "FilePlaces.h"
 #include "FileUrl.h"
 #include "Log.h"
 #include "LogOutput.h"
+#include "Mounts.h"
 #include "SessionEnd.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
@@ -36,7 +38,11 @@ void describeApplication()
 [[nodiscard]] nookle::FileArguments fileArguments(int argc, char* argv[])
 {
     const QList<QByteArray> arguments(argv + 1, argv + argc);
-    return nookle::FileArguments::parse(arguments, QFile::encodeName(QDir::currentPath()));
+    nookle::Mounts mounts(QFile::encodeName(QDir::homePath()));
+    const nookle::FilePlaces places(mounts.table());
+    return nookle::FileArguments::parse(arguments, QFile::encodeName(QDir::currentPath()), [&](const QByteArray& path) {
+        return places.mayLookAt(path, nookle::FilePlaces::Links::refuse);
+    });
 }
 
 int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringList& uris)

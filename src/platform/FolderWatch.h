@@ -13,9 +13,28 @@ namespace nookle {
 class FolderSubscription {
 public:
     virtual ~FolderSubscription() = default;
+
+    /// Whether the folder that is watched is still the one at its path. One that is not tells nothing any more.
+    [[nodiscard]] virtual bool isInPlace() const = 0;
 };
 
-/// Looks into folders, and tells when their entries change. Main thread only.
+/// A watch that was asked for.
+struct WatchedFolder {
+    enum class Result {
+        watched,
+        /// There is no such folder, or nobody may read it, or it may never answer.
+        unreadable,
+        /// The programs of the user have as many watches as the system allows.
+        noWatchLeft,
+    };
+
+    /// Null unless the folder is watched.
+    std::unique_ptr<FolderSubscription> subscription;
+    Result result = Result::watched;
+};
+
+/// Looks into folders, and tells when their entries change. A folder that may never answer counts as none. Main thread
+/// only.
 class FolderWatch {
 public:
     virtual ~FolderWatch() = default;
@@ -26,10 +45,9 @@ public:
     /// read.
     [[nodiscard]] virtual std::set<QByteArray> entryNames(const QUrl& folder) const = 0;
 
-    /// Calls `onChanged` whenever an entry was added, removed or renamed, once or more for each; null when the folder
-    /// cannot be opened.
-    [[nodiscard]] virtual std::unique_ptr<FolderSubscription> watch(const QUrl& folder,
-                                                                    std::function<void()> onChanged) = 0;
+    /// Calls `onChanged` whenever an entry was added, removed or renamed, once or more for each, and when the folder
+    /// itself goes.
+    [[nodiscard]] virtual WatchedFolder watch(const QUrl& folder, std::function<void()> onChanged) = 0;
 };
 
 } // namespace nookle

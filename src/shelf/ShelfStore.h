@@ -82,6 +82,9 @@ public:
     /// exists; none for an image whose name could lead out of its folder.
     [[nodiscard]] std::optional<QUrl> localURL(const ShelfItem& item) const;
 
+    /// Whether the item stands for a folder, as far as that is known without looking at it.
+    [[nodiscard]] bool isFolder(const ShelfItem& item) const;
+
     /// The saved favicon of a link.
     [[nodiscard]] std::optional<QUrl> iconURL(const ShelfItem& item) const;
 

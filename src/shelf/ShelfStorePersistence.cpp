@@ -142,6 +142,12 @@ std::optional<QUrl> ShelfStore::localURL(const ShelfItem& item) const
     return {};
 }
 
+bool ShelfStore::isFolder(const ShelfItem& item) const
+{
+    const FileContent* file = std::get_if<FileContent>(&item.content);
+    return file && m_fileReferences.isFolder(file->bookmark);
+}
+
 std::optional<QUrl> ShelfStore::iconURL(const ShelfItem& item) const
 {
     const LinkContent* link = std::get_if<LinkContent>(&item.content);

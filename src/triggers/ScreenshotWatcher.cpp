@@ -1,7 +1,6 @@
 #include "ScreenshotWatcher.h"
 
 #include "FileUrl.h"
-#include "FolderWatch.h"
 #include "Log.h"
 #include "MainQueue.h"
 #include "ScreenshotSettings.h"
@@ -18,6 +17,12 @@ namespace {
 
 inline constexpr double scanDelay = 0.3;
 inline constexpr double retryDelay = 1.5;
+
+/// Whoever takes screenshots makes the folder again, or the user does.
+inline constexpr double pauseWithoutFolder = 5;
+
+/// Another program has to end first.
+inline constexpr double pauseWithoutWatch = 60;
 
 [[nodiscard]] QUrl entryUrl(const QUrl& folder, const QByteArray& name)
 {
@@ -46,14 +51,20 @@ QUrl ScreenshotWatcher::screenshotDirectory() const
 
 void ScreenshotWatcher::start()
 {
-    if (m_source)
+    if (m_source || m_nextTry)
         return;
     m_directory = screenshotDirectory();
     // Watched before it is looked at, so that nothing that comes in between is missed.
-    m_source = m_folders.watch(m_directory, [this] { scheduleScan(); });
-    if (!m_source) {
+    switch (watchDirectory()) {
+    case WatchedFolder::Result::watched:
+        break;
+    case WatchedFolder::Result::unreadable:
         logLine(QStringLiteral("screenshot folder not readable: %1").arg(QFile::decodeName(filePath(m_directory))));
         return;
+    case WatchedFolder::Result::noWatchLeft:
+        tellNoWatchLeft();
+        watchAgainAfter(pauseWithoutWatch);
+        break;
     }
     m_knownNames = currentNames();
 }
@@ -61,6 +72,47 @@ void ScreenshotWatcher::start()
 void ScreenshotWatcher::stop()
 {
     m_source.reset();
+    m_nextTry.reset();
+}
+
+WatchedFolder::Result ScreenshotWatcher::watchDirectory()
+{
+    WatchedFolder watched = m_folders.watch(m_directory, [this] { scheduleScan(); });
+    m_source = std::move(watched.subscription);
+    return watched.result;
+}
+
+void ScreenshotWatcher::watchAgainAfter(double seconds)
+{
+    m_nextTry = m_queue.after(seconds, [this] {
+        m_nextTry.reset();
+        watchAgain();
+    });
+}
+
+// What has come meanwhile is found by a look.
+void ScreenshotWatcher::watchAgain()
+{
+    switch (watchDirectory()) {
+    case WatchedFolder::Result::watched:
+        m_hasToldNoWatchLeft = false;
+        scheduleScan();
+        break;
+    case WatchedFolder::Result::unreadable:
+        watchAgainAfter(pauseWithoutFolder);
+        break;
+    case WatchedFolder::Result::noWatchLeft:
+        tellNoWatchLeft();
+        watchAgainAfter(pauseWithoutWatch);
+        break;
+    }
+}
+
+void ScreenshotWatcher::tellNoWatchLeft()
+{
+    if (!std::exchange(m_hasToldNoWatchLeft, true))
+        logLine(QStringLiteral("no watch left for the screenshot folder, other programs have them all: %1")
+                    .arg(QFile::decodeName(filePath(m_directory))));
 }
 
 std::set<QByteArray> ScreenshotWatcher::currentNames() const
@@ -77,6 +129,8 @@ void ScreenshotWatcher::scheduleScan()
 
 void ScreenshotWatcher::scan()
 {
+    if (m_source && !m_source->isInPlace())
+        watchAgain();
     std::set<QByteArray> current = currentNames();
     std::vector<QByteArray> added;
     std::set_difference(current.begin(), current.end(), m_knownNames.begin(), m_knownNames.end(),

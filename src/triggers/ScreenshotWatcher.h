@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FolderWatch.h"
+
 #include <QByteArray>
 #include <QUrl>
 
@@ -12,8 +14,6 @@
 namespace nookle {
 
 class DelayedTask;
-class FolderSubscription;
-class FolderWatch;
 class MainQueue;
 class ScreenshotSettings;
 
@@ -30,7 +30,8 @@ public:
     [[nodiscard]] QUrl screenshotDirectory() const;
 
     /// Begins to watch that folder, all of whose present files count as old. Does nothing while it watches already;
-    /// when the folder cannot be opened it stays stopped and says so in one log line.
+    /// when the folder cannot be opened it stays stopped and says so in one log line. A folder that goes later is
+    /// watched again once it is back, and one for which there was no watch left once there is.
     void start();
 
     /// Ends the watch. A look at the folder that is already due still happens.
@@ -43,6 +44,10 @@ private:
     using Retries = std::list<std::unique_ptr<DelayedTask>>;
 
     [[nodiscard]] std::set<QByteArray> currentNames() const;
+    [[nodiscard]] WatchedFolder::Result watchDirectory();
+    void watchAgainAfter(double seconds);
+    void watchAgain();
+    void tellNoWatchLeft();
     void scheduleScan();
     void scan();
     void scheduleRetry(std::vector<QUrl> files);
@@ -53,6 +58,9 @@ private:
     MainQueue& m_queue;
     QUrl m_directory;
     std::unique_ptr<FolderSubscription> m_source;
+    /// Waits while there is no watch but should be one.
+    std::unique_ptr<DelayedTask> m_nextTry;
+    bool m_hasToldNoWatchLeft = false;
     std::set<QByteArray> m_knownNames;
     std::unique_ptr<DelayedTask> m_pendingScan;
     Retries m_retries;

@@ -4,14 +4,11 @@
 
 #include <QMimeDatabase>
 
-#include <filesystem>
-
 namespace nookle {
 
-QIcon fileIcon(const QUrl& url)
+QIcon fileIcon(const QUrl& url, bool isFolder)
 {
-    std::error_code error;
-    if (std::filesystem::is_directory(filePath(url).toStdString(), error))
+    if (isFolder)
         return QIcon::fromTheme(QStringLiteral("folder"));
     const QMimeType type = QMimeDatabase().mimeTypeForFile(lastPathComponent(url), QMimeDatabase::MatchExtension);
     for (const QString& name : { type.iconName(), type.genericIconName() }) {

@@ -34,9 +34,9 @@ inline constexpr int pictureSize = 104;
     return picture;
 }
 
-[[nodiscard]] QPixmap iconPicture(const QUrl& file)
+[[nodiscard]] QPixmap iconPicture(const QUrl& file, bool isFolder)
 {
-    const QPixmap picture = fileIcon(file).pixmap(pictureSize);
+    const QPixmap picture = fileIcon(file, isFolder).pixmap(pictureSize);
     return picture.isNull() ? symbolPicture(Symbol::document) : picture;
 }
 
@@ -167,7 +167,7 @@ std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const 
         return std::nullopt;
     const bool isImage = std::holds_alternative<ImageContent>(item.content);
     return DragItem{ std::make_unique<FileMimeData>(*localURL, m_transfers),
-                     isImage && !thumbnail.isNull() ? thumbnail : iconPicture(*localURL) };
+                     isImage && !thumbnail.isNull() ? thumbnail : iconPicture(*localURL, m_store.isFolder(item)) };
 }
 
 QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL)
@@ -183,8 +183,12 @@ void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation)
 {
     if (operation != DragOperation::remove)
         return;
+    // A file that is only referred to may lie where a look is not answered, so the references are asked.
+    const bool isReferredTo = std::holds_alternative<FileContent>(item.content);
+    if (isReferredTo)
+        m_store.refreshFiles();
     const std::optional<QUrl> localURL = m_store.localURL(item);
-    if (localURL && fileExists(*localURL)) {
+    if (localURL && (isReferredTo || fileExists(*localURL))) {
         if (const auto failure = m_trash.moveToTrash(*localURL))
             logLine(QStringLiteral("moving to Trash failed for %1: %2")
                         .arg(QString::fromUtf8(filePath(*localURL)), failure->description));

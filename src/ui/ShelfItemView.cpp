@@ -42,7 +42,7 @@ bool ShelfItemView::isUnavailable(const ShelfItem& item, bool isFound)
     return std::holds_alternative<FileContent>(item.content) && !isFound;
 }
 
-void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& localURL,
+void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, bool isFolder,
                             const std::optional<QUrl>& iconURL)
 {
     m_item = item;
@@ -50,7 +50,7 @@ void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& lo
     const bool hasFile =
         std::holds_alternative<FileContent>(item.content) || std::holds_alternative<ImageContent>(item.content);
     m_isMissing = hasFile && !localURL;
-    m_thumbnail.setUrl(localURL);
+    m_thumbnail.setUrl(localURL, isFolder);
     if (std::exchange(m_iconURL, iconURL) != iconURL)
         m_icon = iconURL ? loadFavicon(*iconURL) : QPixmap();
     setAccessibleName(item.displayName());

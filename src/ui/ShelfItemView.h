@@ -24,9 +24,10 @@ public:
     /// `metrics` and `thumbnails` must outlive the tile.
     ShelfItemView(QWidget* parent, const TileMetrics& metrics, Thumbnails& thumbnails, DragRunner runDrag);
 
-    /// Shows `item`; `localURL` is the file that stands for it on disk, if it is there, and `iconURL` the saved icon of
-    /// a link.
-    void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, const std::optional<QUrl>& iconURL);
+    /// Shows `item`; `localURL` is the file that stands for it on disk, if it is there, or the folder, and `iconURL`
+    /// the saved icon of a link.
+    void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, bool isFolder,
+                 const std::optional<QUrl>& iconURL);
     void setHovered(bool isHovered);
     /// Shows that keys are meant for this tile.
     void setFocused(bool isFocused);

@@ -123,7 +123,7 @@ void ShelfView::setUpTiles()
 
 void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
 {
-    tile.setItem(item, presentFile(item), m_store.iconURL(item));
+    tile.setItem(item, presentFile(item), m_store.isFolder(item), m_store.iconURL(item));
     tile.setHovered(m_hoveredID == item.id);
     tile.interaction().setConfiguration(interaction(item));
 }
@@ -164,7 +164,7 @@ void ShelfView::prepare()
     constexpr qsizetype mostInView = 20;
     for (const ShelfItem& item : m_store.items().first(std::min(m_store.items().size(), mostInView))) {
         if (const auto file = m_store.localURL(item))
-            static_cast<void>(fileIcon(*file));
+            static_cast<void>(fileIcon(*file, m_store.isFolder(item)));
     }
 }
 

@@ -35,15 +35,16 @@ Thumbnail::Thumbnail(Thumbnails& thumbnails, std::function<void()> onChanged)
 {
 }
 
-void Thumbnail::setUrl(const std::optional<QUrl>& url)
+void Thumbnail::setUrl(const std::optional<QUrl>& url, bool isFolder)
 {
-    if (url == m_url)
+    if (url == m_url && isFolder == m_isFolder)
         return;
     m_url = url;
+    m_isFolder = isFolder;
     m_requestedScale.reset();
     m_request.reset();
     m_thumbnail = {};
-    m_icon = url ? fileIcon(*url) : QIcon();
+    m_icon = url ? fileIcon(*url, isFolder) : QIcon();
 }
 
 void Thumbnail::load(double displayScale)

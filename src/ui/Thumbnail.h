@@ -21,8 +21,8 @@ public:
     /// `thumbnails` must outlive the preview; `onChanged` is called when the thumbnail has come.
     Thumbnail(Thumbnails& thumbnails, std::function<void()> onChanged);
 
-    /// Shows the file at `url`; nothing shows nothing. The same file keeps its thumbnail.
-    void setUrl(const std::optional<QUrl>& url);
+    /// Shows the file or folder at `url`; nothing shows nothing. The same file keeps its thumbnail.
+    void setUrl(const std::optional<QUrl>& url, bool isFolder = false);
 
     /// Asks for the thumbnail, once for each file and scale. Called when the preview is about to be seen.
     void load(double displayScale);
@@ -39,6 +39,7 @@ private:
     Thumbnails& m_thumbnails;
     std::function<void()> m_onChanged;
     std::optional<QUrl> m_url;
+    bool m_isFolder = false;
     std::optional<double> m_requestedScale;
     QIcon m_icon;
     QPixmap m_thumbnail;

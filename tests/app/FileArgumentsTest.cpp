@@ -18,16 +18,23 @@ private Q_SLOTS:
     void aLinkThatLeadsNowhereIsAFile();
     void addressesStayAsTheyAre();
     void aFileThatLooksLikeAnAddressIsAFile();
+    void whatMayNotAnswerIsAFileUnlessItReadsAsAnAddress();
     void whatIsNothingIsSaid();
     void dotsInAPathAreResolved();
 
 private:
+    [[nodiscard]] static FileArguments parse(const QList<QByteArray>& arguments, const QByteArray& workingDirectory,
+                                             bool mayLook = true)
+    {
+        return FileArguments::parse(arguments, workingDirectory, [mayLook](const QByteArray&) { return mayLook; });
+    }
+
     TemporaryFolder m_folder;
 };
 
 void FileArgumentsTest::withoutArgumentsThereIsNothing()
 {
-    const auto result = FileArguments::parse({}, "/");
+    const auto result = parse({}, "/");
     QVERIFY(result.uris.isEmpty());
     QVERIFY(result.unknown.isEmpty());
 }
@@ -36,8 +43,8 @@ void FileArgumentsTest::pathsAreFilesWhereverTheyCountFrom()
 {
     const QByteArray path = m_folder.makeFile("a");
     const QString uri = QString(QStringLiteral("file://") + QString::fromUtf8(path));
-    QCOMPARE(FileArguments::parse({ path, "a" }, m_folder.path()).uris, (QStringList{ uri, uri }));
-    QCOMPARE(FileArguments::parse({ m_folder.path() }, "/").uris.size(), 1);
+    QCOMPARE(parse({ path, "a" }, m_folder.path()).uris, (QStringList{ uri, uri }));
+    QCOMPARE(parse({ m_folder.path() }, "/").uris.size(), 1);
 }
 
 void FileArgumentsTest::namesMayBeAnyBytes_data()
@@ -56,7 +63,7 @@ void FileArgumentsTest::namesMayBeAnyBytes()
     QFETCH(const QByteArray, name);
     QFETCH(const QString, encoded);
     m_folder.makeFile(name);
-    const auto result = FileArguments::parse({ name }, m_folder.path());
+    const auto result = parse({ name }, m_folder.path());
     QCOMPARE(result.uris.size(), 1);
     QVERIFY(result.uris.first().endsWith(QString(QLatin1Char('/') + encoded)));
 }
@@ -64,25 +71,33 @@ void FileArgumentsTest::namesMayBeAnyBytes()
 void FileArgumentsTest::aLinkThatLeadsNowhereIsAFile()
 {
     makeLink("nowhere", m_folder.path("link"));
-    QCOMPARE(FileArguments::parse({ "link" }, m_folder.path()).uris.size(), 1);
+    QCOMPARE(parse({ "link" }, m_folder.path()).uris.size(), 1);
 }
 
 void FileArgumentsTest::addressesStayAsTheyAre()
 {
-    const auto result = FileArguments::parse({ "file:///a%20b", "https://example.com/?q=1" }, "/");
+    const auto result = parse({ "file:///a%20b", "https://example.com/?q=1" }, "/");
     QCOMPARE(result.uris, (QStringList{ QStringLiteral("file:///a%20b"), QStringLiteral("https://example.com/?q=1") }));
 }
 
 void FileArgumentsTest::aFileThatLooksLikeAnAddressIsAFile()
 {
     m_folder.makeFile("file:a");
-    const auto result = FileArguments::parse({ "file:a" }, m_folder.path());
+    const auto result = parse({ "file:a" }, m_folder.path());
     QCOMPARE(filePath(QUrl(result.uris.value(0))), m_folder.path("file:a"));
+}
+
+void FileArgumentsTest::whatMayNotAnswerIsAFileUnlessItReadsAsAnAddress()
+{
+    const auto result = parse({ "a", "https://example.com/", "" }, "/server", false);
+    const QStringList expected{ QStringLiteral("file:///server/a"), QStringLiteral("https://example.com/") };
+    QCOMPARE(result.uris, expected);
+    QCOMPARE(result.unknown, QList<QByteArray>{ "" });
 }
 
 void FileArgumentsTest::whatIsNothingIsSaid()
 {
-    const auto result = FileArguments::parse({ "--version", "missing", "", "/nowhere/at all" }, m_folder.path());
+    const auto result = parse({ "--version", "missing", "", "/nowhere/at all" }, m_folder.path());
     QVERIFY(result.uris.isEmpty());
     QCOMPARE(result.unknown, (QList<QByteArray>{ "--version", "missing", "", "/nowhere/at all" }));
 }
@@ -90,8 +105,8 @@ void FileArgumentsTest::whatIsNothingIsSaid()
 void FileArgumentsTest::dotsInAPathAreResolved()
 {
     const QByteArray path = m_folder.makeFile("dotted");
-    const auto result = FileArguments::parse(
-        { "./../" + m_folder.path().mid(m_folder.path().lastIndexOf('/') + 1) + "/dotted" }, m_folder.path());
+    const auto result =
+        parse({ "./../" + m_folder.path().mid(m_folder.path().lastIndexOf('/') + 1) + "/dotted" }, m_folder.path());
     QCOMPARE(result.uris, QStringList{ QString(QStringLiteral("file://") + QString::fromUtf8(path)) });
 }
 

@@ -31,7 +31,12 @@ public:
         return ResolvedFile{ present, present != made || m_stale.contains(made) };
     }
 
+    bool isFolder(const QByteArray& reference) const override { return m_folders.contains(reference); }
+
     void release(const QByteArray& reference) override { released.append(reference); }
+
+    /// From now on what is at `url` is a folder.
+    void makeFolder(const QUrl& url) { m_folders.insert(prefix() + filePath(url)); }
 
     /// From now on no reference can be made to `url`; those that exist still resolve.
     void refuse(const QUrl& url) { m_refused.insert(url); }
@@ -51,6 +56,7 @@ public:
 private:
     [[nodiscard]] static QByteArray prefix() { return QByteArrayLiteral("reference to "); }
 
+    QSet<QByteArray> m_folders;
     QSet<QUrl> m_refused;
     QSet<QUrl> m_missing;
     QSet<QUrl> m_stale;

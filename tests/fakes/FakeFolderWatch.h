@@ -22,16 +22,29 @@ public:
         return found == m_folders.end() || isUnreadable ? std::set<QByteArray>() : found->second;
     }
 
-    std::unique_ptr<FolderSubscription> watch(const QUrl& folder, std::function<void()> onChanged) override
+    WatchedFolder watch(const QUrl& folder, std::function<void()> onChanged) override
     {
         if (!isFolder(folder) || isUnreadable)
-            return nullptr;
+            return { nullptr, WatchedFolder::Result::unreadable };
+        if (hasNoWatchLeft)
+            return { nullptr, WatchedFolder::Result::noWatchLeft };
         watched.push_back(folder);
-        return std::make_unique<Subscription>(*this, std::move(onChanged));
+        return { std::make_unique<Subscription>(*this, std::move(onChanged)), WatchedFolder::Result::watched };
     }
 
     /// Makes a folder with those entries, without a word.
     void addFolder(const QUrl& folder, const std::set<QByteArray>& names = {}) { m_folders[folder] = names; }
+
+    /// Removes a folder with its entries. Its watches hear of nothing that happens there later.
+    void removeFolder(const QUrl& folder)
+    {
+        m_folders.erase(folder);
+        const std::vector<Subscription*> gone = std::exchange(m_subscriptions, {});
+        for (Subscription* each : gone) {
+            each->isWatching = false;
+            each->onChanged();
+        }
+    }
 
     void addEntry(const QUrl& folder, const QByteArray& name)
     {
@@ -57,6 +70,7 @@ public:
     /// Every folder that was ever watched, in order.
     std::vector<QUrl> watched;
     bool isUnreadable = false;
+    bool hasNoWatchLeft = false;
     mutable int looks = 0;
 
 private:
@@ -68,7 +82,9 @@ private:
             folders.m_subscriptions.push_back(this);
         }
         ~Subscription() override { std::erase(folders.m_subscriptions, this); }
+        bool isInPlace() const override { return isWatching; }
 
+        bool isWatching = true;
         FakeFolderWatch& folders;
         std::function<void()> onChanged;
     };

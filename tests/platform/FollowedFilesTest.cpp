@@ -1,6 +1,8 @@
 #include "FollowedFiles.h"
 
 #include "FileIdentity.h"
+#include "FilePlaces.h"
+#include "Mounts.h"
 #include "OpenDescriptors.h"
 #include "TemporaryFolder.h"
 
@@ -65,10 +67,12 @@ private:
     {
         m_files->follow(reference, path, openInPlace(path));
     }
+    [[nodiscard]] FilePlaces places() const { return FilePlaces(m_mounts->table()); }
     [[nodiscard]] int followed() const { return descriptorsBelow(m_home->path()); }
 
     std::unique_ptr<TemporaryFolder> m_home;
     std::unique_ptr<FollowedFiles> m_files;
+    std::unique_ptr<Mounts> m_mounts;
 };
 
 void FollowedFilesTest::init()
@@ -77,6 +81,7 @@ void FollowedFilesTest::init()
     m_home->makeFolder("one");
     m_home->makeFolder("two");
     m_files = std::make_unique<FollowedFiles>(m_home->path());
+    m_mounts = std::make_unique<Mounts>(m_home->path());
 }
 
 void FollowedFilesTest::cleanup()
@@ -89,30 +94,30 @@ void FollowedFilesTest::cleanup()
 void FollowedFilesTest::aMovedFileIsKnown()
 {
     follow("reference", m_home->makeFile("one/file"));
-    QCOMPARE(m_files->path("reference"), m_home->path("one/file"));
+    QCOMPARE(m_files->path("reference", places()), m_home->path("one/file"));
     moveFile(m_home->path("one/file"), m_home->path("two/a\n\xff"));
-    QCOMPARE(m_files->path("reference"), m_home->path("two/a\n\xff"));
+    QCOMPARE(m_files->path("reference", places()), m_home->path("two/a\n\xff"));
     moveFile(m_home->path("two"), m_home->path("three"));
-    QCOMPARE(m_files->path("reference"), m_home->path("three/a\n\xff"));
+    QCOMPARE(m_files->path("reference", places()), m_home->path("three/a\n\xff"));
 }
 
 void FollowedFilesTest::aFileThatIsNotFollowedIsUnknown()
 {
-    QCOMPARE(m_files->path("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), std::nullopt);
     follow("reference", m_home->path("absent"));
-    QCOMPARE(m_files->path("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), std::nullopt);
 }
 
 void FollowedFilesTest::aFileInItsPlaceIsKnownToBeThere()
 {
     const QByteArray path = m_home->makeFile("one/file");
-    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
+    QCOMPARE(m_files->pathInPlace("reference", places()), std::nullopt);
     follow("reference", path);
-    QCOMPARE(m_files->pathInPlace("reference"), path);
+    QCOMPARE(m_files->pathInPlace("reference", places()), path);
     moveFile(path, m_home->path("two/file"));
-    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
+    QCOMPARE(m_files->pathInPlace("reference", places()), std::nullopt);
     moveFile(m_home->path("two/file"), path);
-    QCOMPARE(m_files->pathInPlace("reference"), path);
+    QCOMPARE(m_files->pathInPlace("reference", places()), path);
 }
 
 void FollowedFilesTest::anotherFileInThePlaceIsNotMistaken()
@@ -121,22 +126,22 @@ void FollowedFilesTest::anotherFileInThePlaceIsNotMistaken()
     follow("reference", path);
     moveFile(path, m_home->path("two/file"));
     m_home->makeFile("one/file");
-    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
+    QCOMPARE(m_files->pathInPlace("reference", places()), std::nullopt);
 }
 
 void FollowedFilesTest::aLinkIsNotKnownToBeInPlace()
 {
     makeLink(m_home->makeFile("one/file"), m_home->path("one/link"));
     follow("reference", m_home->path("one/link"));
-    QCOMPARE(m_files->pathInPlace("reference"), std::nullopt);
-    QCOMPARE(m_files->path("reference"), m_home->path("one/link"));
+    QCOMPARE(m_files->pathInPlace("reference", places()), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), m_home->path("one/link"));
 }
 
 void FollowedFilesTest::aNameThatLooksDeletedIsKnown()
 {
     follow("reference", m_home->makeFile("one/file"));
     moveFile(m_home->path("one/file"), m_home->path("two/file (deleted)"));
-    QCOMPARE(m_files->path("reference"), m_home->path("two/file (deleted)"));
+    QCOMPARE(m_files->path("reference", places()), m_home->path("two/file (deleted)"));
 }
 
 void FollowedFilesTest::anotherFileWithTheDeletedFilesLastNameIsNotMistaken()
@@ -146,7 +151,7 @@ void FollowedFilesTest::anotherFileWithTheDeletedFilesLastNameIsNotMistaken()
     QCOMPARE(::link(m_home->path("one/file").constData(), m_home->path("two/second").constData()), 0);
     deleteFile(m_home->path("one/file"));
     m_home->makeFile("one/file (deleted)");
-    QCOMPARE(m_files->path("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), std::nullopt);
     QCOMPARE(followed(), 1);
 }
 
@@ -156,7 +161,7 @@ void FollowedFilesTest::theDescriptorOfADeletedFileIsClosed()
     QCOMPARE(followed(), 1);
     deleteFile(m_home->path("one/file"));
     QTRY_COMPARE(followed(), 0);
-    QCOMPARE(m_files->path("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), std::nullopt);
 }
 
 void FollowedFilesTest::theDescriptorOfAReplacedFileIsClosed()
@@ -164,15 +169,15 @@ void FollowedFilesTest::theDescriptorOfAReplacedFileIsClosed()
     follow("reference", m_home->makeFile("one/file"));
     moveFile(m_home->makeFile("two/new"), m_home->path("one/file"));
     QTRY_COMPARE(followed(), 0);
-    QCOMPARE(m_files->path("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), std::nullopt);
 }
 
 void FollowedFilesTest::theDescriptorOfADeletedFolderIsClosedWhenItIsAskedFor()
 {
     follow("reference", m_home->makeFolder("one/folder"));
-    QCOMPARE(m_files->path("reference"), m_home->path("one/folder"));
+    QCOMPARE(m_files->path("reference", places()), m_home->path("one/folder"));
     deleteFile(m_home->path("one/folder"));
-    QCOMPARE(m_files->path("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), std::nullopt);
     QCOMPARE(followed(), 0);
 }
 
@@ -194,7 +199,7 @@ void FollowedFilesTest::otherChangesDoNotEndTheFollowing()
     deleteFile(m_home->path("one/sentinel"));
     // Events come in order: when the deletion has been handled, so has what was before it.
     QTRY_COMPARE(followed(), 1);
-    QCOMPARE(m_files->path("reference"), m_home->path("one/file"));
+    QCOMPARE(m_files->path("reference", places()), m_home->path("one/file"));
 }
 
 void FollowedFilesTest::aFileWithAnotherNameLeftStaysFollowed()
@@ -205,7 +210,7 @@ void FollowedFilesTest::aFileWithAnotherNameLeftStaysFollowed()
     deleteFile(m_home->path("two/second"));
     deleteFile(m_home->path("one/sentinel"));
     QTRY_COMPARE(followed(), 1);
-    QCOMPARE(m_files->path("reference"), m_home->path("one/file"));
+    QCOMPARE(m_files->path("reference", places()), m_home->path("one/file"));
 }
 
 void FollowedFilesTest::releasingClosesTheDescriptor()
@@ -213,7 +218,7 @@ void FollowedFilesTest::releasingClosesTheDescriptor()
     follow("reference", m_home->makeFile("one/file"));
     m_files->release("reference");
     QCOMPARE(followed(), 0);
-    QCOMPARE(m_files->path("reference"), std::nullopt);
+    QCOMPARE(m_files->path("reference", places()), std::nullopt);
     m_files->release("reference");
 }
 
@@ -229,7 +234,7 @@ void FollowedFilesTest::referencesToOneFileAreFollowedApart()
     deleteFile(m_home->path("one/sentinel"));
     // Events come in order: when the deletion has been handled, so has what the release brought about.
     QTRY_COMPARE(followed(), 2);
-    QCOMPARE(m_files->path("second"), path);
+    QCOMPARE(m_files->path("second", places()), path);
     deleteFile(path);
     QTRY_COMPARE(followed(), 0);
 }
@@ -248,15 +253,16 @@ void FollowedFilesTest::halfOfTheDescriptorsAreLeftFree()
 {
     const DescriptorLimit limit(100);
     m_files = std::make_unique<FollowedFiles>(m_home->path());
+    m_mounts = std::make_unique<Mounts>(m_home->path());
     for (int number = 0; number < 80; ++number)
         follow(QByteArray::number(number), m_home->makeFile("one/" + QByteArray::number(number)));
     QCOMPARE(followed(), 50);
-    QVERIFY(m_files->path("49"));
-    QVERIFY(!m_files->path("50"));
+    QVERIFY(m_files->path("49", places()));
+    QVERIFY(!m_files->path("50", places()));
 
     m_files->release("49");
     follow("79", m_home->path("one/79"));
-    QVERIFY(m_files->path("79"));
+    QVERIFY(m_files->path("79", places()));
     QCOMPARE(followed(), 50);
 }
 
@@ -264,10 +270,11 @@ void FollowedFilesTest::aThousandFilesAreFollowedAtMost()
 {
     const DescriptorLimit limit(3000);
     m_files = std::make_unique<FollowedFiles>(m_home->path());
+    m_mounts = std::make_unique<Mounts>(m_home->path());
     for (int number = 0; number < 1001; ++number)
         follow(QByteArray::number(number), m_home->makeFile("one/" + QByteArray::number(number)));
-    QVERIFY(m_files->path("999"));
-    QVERIFY(!m_files->path("1000"));
+    QVERIFY(m_files->path("999", places()));
+    QVERIFY(!m_files->path("1000", places()));
     QCOMPARE(m_files->room(), std::size_t(0));
 }
 
@@ -297,7 +304,7 @@ void FollowedFilesTest::withoutAWatchNothingIsFollowed()
     const QByteArray path = m_home->makeFile("one/file");
     blind->follow("reference", path, openInPlace(path));
     QCOMPARE(followed(), 0);
-    QCOMPARE(blind->path("reference"), std::nullopt);
+    QCOMPARE(blind->path("reference", places()), std::nullopt);
 }
 
 QTEST_GUILESS_MAIN(FollowedFilesTest)

@@ -3,12 +3,15 @@
 #include "FakeMainQueue.h"
 #include "FileReference.h"
 #include "FileUrl.h"
+#include "MountList.h"
+#include "Mounts.h"
 #include "OpenDescriptors.h"
 #include "QtMainQueue.h"
 #include "TemporaryFolder.h"
 
 #include <QTest>
 
+#include <chrono>
 #include <memory>
 
 using namespace nookle;
@@ -47,6 +50,17 @@ private Q_SLOTS:
     void aLinkIsReferredToItself();
     void aLinkThatLeadsNowhereCountsAsNotThere();
 
+    void aLinkToWhatMayNotAnswerLeadsSomewhere();
+    void aFolderIsKnownByItsReference();
+
+    void aDistantFileIsInItsPlaceUntilALookIsAnswered();
+    void aDistantFileThatIsGoneIsToldOnceItWasLookedAt();
+    void aDistantFileThatWasRenamedIsFoundInTheBackground();
+    void aDistantFileIsReferredToByItsPathUntilItWasLookedAt();
+    void anAnswerThatChangesNothingIsNotTold();
+    void aReleasedDistantFileIsNotTold();
+    void whatIsNotMountedResolvesToNothing();
+
     void theDescriptorOfADeletedFileIsClosed();
     void aFileWithAnotherNameLeftStaysFollowed();
     void releasingEndsTheFollowing();
@@ -58,6 +72,19 @@ private:
         m_references = std::make_unique<LinuxFileReferences>(m_home->path(), m_home->path("data"), queue);
     }
     void restart() { restart(m_idle); }
+    /// The same, with a server mounted on the folder "server": as the list says, but not in truth, so that all looks
+    /// are answered.
+    void restartWithServer(MainQueue& queue)
+    {
+        MountList list;
+        list.add(m_home->path("server"), "nfs");
+        list.add(m_home->path("net"), "autofs");
+        m_references = std::make_unique<LinuxFileReferences>(m_home->path(), m_home->path("data"), queue,
+                                                             std::chrono::steady_clock::now,
+                                                             std::make_shared<Mounts>(m_home->path(), list.path()));
+        m_references->onFilesFound = [this] { ++m_reports; };
+        m_reports = 0;
+    }
 
     [[nodiscard]] QByteArray make(const QByteArray& path) { return m_references->make(fileUrl(path)).value_or(""); }
     [[nodiscard]] std::optional<ResolvedFile> resolve(const QByteArray& reference)
@@ -77,6 +104,7 @@ private:
     FakeMainQueue m_idle;
     std::unique_ptr<TemporaryFolder> m_home;
     std::unique_ptr<LinuxFileReferences> m_references;
+    int m_reports = 0;
 };
 
 void LinuxFileReferencesTest::init()
@@ -84,13 +112,15 @@ void LinuxFileReferencesTest::init()
     m_home = std::make_unique<TemporaryFolder>();
     m_home->makeFolder("one");
     m_home->makeFolder("two");
+    m_home->makeFolder("server");
     restart();
 }
 
 void LinuxFileReferencesTest::cleanup()
 {
     m_references.reset();
-    QCOMPARE(descriptorsBelow(m_home->path()), 0);
+    // A look on another thread may still be under way.
+    QTRY_COMPARE(descriptorsBelow(m_home->path()), 0);
     m_home.reset();
 }
 
@@ -401,6 +431,138 @@ void LinuxFileReferencesTest::aLinkThatLeadsNowhereCountsAsNotThere()
     QCOMPARE(resolve(reference), inPlace(path));
     moveFile(path, m_home->path("two/link"));
     QCOMPARE(resolve(reference), std::nullopt);
+}
+
+void LinuxFileReferencesTest::aLinkToWhatMayNotAnswerLeadsSomewhere()
+{
+    const QByteArray path = m_home->path("one/link");
+    makeLink("../server/nothing", path);
+    QVERIFY(!m_references->make(fileUrl(path)));
+    restartWithServer(m_idle);
+    const QByteArray reference = make(path);
+    QCOMPARE(resolve(reference), inPlace(path));
+    QVERIFY(!m_references->isFolder(reference));
+}
+
+void LinuxFileReferencesTest::aFolderIsKnownByItsReference()
+{
+    makeLink("two", m_home->path("link"));
+    QVERIFY(m_references->isFolder(make(m_home->path("two"))));
+    QVERIFY(m_references->isFolder(make(m_home->path("link"))));
+    QVERIFY(!m_references->isFolder(make(m_home->makeFile("one/file"))));
+    QVERIFY(!m_references->isFolder("foreign"));
+    const QByteArray distant = make(m_home->path("server"));
+    restartWithServer(m_idle);
+    QVERIFY(m_references->isFolder(distant));
+    QVERIFY(!m_references->isFolder(make(m_home->path("server"))));
+}
+
+void LinuxFileReferencesTest::aDistantFileIsInItsPlaceUntilALookIsAnswered()
+{
+    const QByteArray path = m_home->makeFile("server/file");
+    const QByteArray reference = make(path);
+    deleteFile(path);
+    QCOMPARE(resolve(reference), std::nullopt);
+    // Nothing that this queue is given ever runs, so that no answer comes.
+    restartWithServer(m_idle);
+    QCOMPARE(resolve(reference), inPlace(path));
+    QCOMPARE(m_references->resolveAll({ reference }), std::vector{ inPlace(path) });
+    QCOMPARE(descriptorsBelow(m_home->path("server")), 0);
+}
+
+void LinuxFileReferencesTest::aDistantFileThatIsGoneIsToldOnceItWasLookedAt()
+{
+    const QByteArray path = m_home->makeFile("server/file");
+    const QByteArray reference = make(path);
+    QtMainQueue queue;
+    restartWithServer(queue);
+    QCOMPARE(resolve(reference), inPlace(path));
+    deleteFile(path);
+    QTRY_VERIFY(resolve(reference) == std::nullopt);
+    QTRY_VERIFY(m_reports > 0);
+    m_home->makeFile("server/file");
+    QTRY_COMPARE(resolve(reference), moved(path));
+    restart();
+}
+
+void LinuxFileReferencesTest::aDistantFileThatWasRenamedIsFoundInTheBackground()
+{
+    const QByteArray path = m_home->makeFile("server/file");
+    const QByteArray reference = make(path);
+    moveFile(path, m_home->path("server/renamed"));
+    QtMainQueue queue;
+    restartWithServer(queue);
+    QCOMPARE(resolve(reference), inPlace(path));
+    QTRY_COMPARE(m_reports, 1);
+    QCOMPARE(resolve(reference), moved(m_home->path("server/renamed")));
+    const auto renewed = FileReference::decode(make(m_home->path("server/renamed")));
+    QVERIFY(renewed && renewed->hasIdentity());
+    restart();
+}
+
+void LinuxFileReferencesTest::aDistantFileIsReferredToByItsPathUntilItWasLookedAt()
+{
+    const QByteArray path = m_home->makeFile("server/file");
+    QtMainQueue queue;
+    restartWithServer(queue);
+    const QByteArray first = make(path);
+    QVERIFY(!FileReference::decode(first)->hasIdentity());
+    QCOMPARE(resolve(first), inPlace(path));
+    QTRY_COMPARE(m_reports, 1);
+    QCOMPARE(resolve(first), moved(path));
+    const QByteArray second = make(path);
+    m_references->release(first);
+    QVERIFY(FileReference::decode(second)->identity.matches(*FileIdentity::of(path)));
+    QCOMPARE(resolve(second), inPlace(path));
+    restart();
+    QCOMPARE(resolve(second), inPlace(path));
+}
+
+void LinuxFileReferencesTest::anAnswerThatChangesNothingIsNotTold()
+{
+    const QByteArray staying = make(m_home->makeFile("server/staying"));
+    const QByteArray going = make(m_home->makeFile("server/going"));
+    deleteFile(m_home->path("server/going"));
+    QtMainQueue queue;
+    restartWithServer(queue);
+    // The server's files are looked at in this order.
+    QCOMPARE(resolve(staying), inPlace(m_home->path("server/staying")));
+    QCOMPARE(resolve(going), inPlace(m_home->path("server/going")));
+    QTRY_COMPARE(m_reports, 1);
+    for (int time = 0; time < 3; ++time)
+        QCOMPARE(resolve(staying), inPlace(m_home->path("server/staying")));
+    const QByteArray last = make(m_home->path("server/nothing"));
+    QVERIFY(resolve(last));
+    QTRY_COMPARE(m_reports, 2);
+    restart();
+}
+
+void LinuxFileReferencesTest::aReleasedDistantFileIsNotTold()
+{
+    const QByteArray released = make(m_home->makeFile("server/released"));
+    const QByteArray kept = make(m_home->makeFile("server/kept"));
+    deleteFile(m_home->path("server/released"));
+    QtMainQueue queue;
+    restartWithServer(queue);
+    QVERIFY(resolve(released));
+    m_references->release(released);
+    QVERIFY(resolve(kept));
+    deleteFile(m_home->path("server/kept"));
+    QTRY_VERIFY(!resolve(kept));
+    QTRY_COMPARE(m_reports, 1);
+    restart();
+}
+
+void LinuxFileReferencesTest::whatIsNotMountedResolvesToNothing()
+{
+    m_home->makeFolder("net");
+    const QByteArray reference = make(m_home->makeFile("net/file"));
+    QtMainQueue queue;
+    restartWithServer(queue);
+    QCOMPARE(resolve(reference), std::nullopt);
+    makeLink("net", m_home->path("link"));
+    QVERIFY(!resolve(make(m_home->path("link/file"))));
+    restart();
 }
 
 void LinuxFileReferencesTest::theDescriptorOfADeletedFileIsClosed()

@@ -1,5 +1,7 @@
 #include "LostFileSearch.h"
 
+#include "MountList.h"
+#include "Mounts.h"
 #include "QtMainQueue.h"
 #include "TemporaryFolder.h"
 
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void linksAreNotFollowed();
     void aLinkItselfIsFound();
     void otherVolumesAreLeftAlone();
+    void whatIsMountedBelowIsNotOpened();
     void aFolderThatCannotBeOpenedIsSkipped();
     void aMissingHomeFindsNothing();
     void whatWasNotFoundIsLeftAloneForAWhile();
@@ -35,7 +38,11 @@ private Q_SLOTS:
 private:
     [[nodiscard]] std::unique_ptr<LostFileSearch> makeSearch(const QByteArray& home)
     {
-        auto search = std::make_unique<LostFileSearch>(home, *m_queue, [this] { return m_now; });
+        return makeSearch(home, std::make_shared<Mounts>(home));
+    }
+    [[nodiscard]] std::unique_ptr<LostFileSearch> makeSearch(const QByteArray& home, std::shared_ptr<Mounts> mounts)
+    {
+        auto search = std::make_unique<LostFileSearch>(home, std::move(mounts), *m_queue, [this] { return m_now; });
         search->onFound = [this] { ++m_passesWithSuccess; };
         return search;
     }
@@ -161,6 +168,30 @@ void LostFileSearchTest::otherVolumesAreLeftAlone()
     QCOMPARE(inside->found("reference"), path);
 }
 
+// The list says that something is mounted where the folders are, so that opening them would find the files.
+void LostFileSearchTest::whatIsMountedBelowIsNotOpened()
+{
+    m_home->makeFolder("disk/below");
+    m_home->makeFolder("server");
+    m_home->makeFolder("folder");
+    makeLink(m_home->path(), m_home->path("home"));
+    MountList list;
+    list.add(m_home->path("disk"), "ext4");
+    list.add(m_home->path("server"), "nfs");
+    list.add(m_home->path("single"), "fuse.portal");
+    for (const QByteArray name : { "disk/below/one", "server/two", "single", "folder/three" })
+        m_home->makeFile(name);
+    for (const QByteArray& home : { m_home->path(), m_home->path("home") }) {
+        const auto search = makeSearch(home, std::make_shared<Mounts>(home, list.path()));
+        for (const QByteArray name : { "disk/below/one", "server/two", "single", "folder/three" })
+            search->want(name, *FileIdentity::of(m_home->path(name)));
+        QTRY_VERIFY(!search->isSearching());
+        QCOMPARE(search->found("folder/three"), QByteArray(home + "/folder/three"));
+        for (const QByteArray name : { "disk/below/one", "server/two", "single" })
+            QVERIFY2(!search->found(name), name);
+    }
+}
+
 void LostFileSearchTest::aFolderThatCannotBeOpenedIsSkipped()
 {
     // A chain of folders whose path is longer than the system takes.
@@ -252,7 +283,8 @@ void LostFileSearchTest::aDestroyedSearchReportsNothing()
     QVERIFY(isDestroyedInTime);
 
     // The first pass would have been reported before one that begins later.
-    const auto other = std::make_unique<LostFileSearch>(m_home->path(), *m_queue, [this] { return m_now; });
+    const auto other = makeSearch(m_home->path());
+    other->onFound = nullptr;
     other->want("reference", *identity);
     QTRY_VERIFY(!other->isSearching());
     QVERIFY(other->found("reference"));

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void aStaleReferenceThatCannotBeReplacedIsKept();
     void refreshingWithoutNewsTellsAndSavesNothing();
     void filesAreResolvedAtStart();
+    void aFolderIsKnownByItsReference();
     void thereIsNoIconUrlWithoutIcon();
 };
 
@@ -131,6 +132,18 @@ void ShelfStoreFilesTest::filesAreResolvedAtStart()
     QCOMPARE(store->localURL(store->items().at(0)), std::optional(fixture.file("/a")));
     QVERIFY(!store->localURL(store->items().at(1)));
     QCOMPARE(store->fileURLs().size(), 2);
+}
+
+void ShelfStoreFilesTest::aFolderIsKnownByItsReference()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    fixture.references.makeFolder(fixture.file("/folder"));
+    store->addFiles({ fixture.file("/folder"), fixture.file("/file") });
+    store->addText(QStringLiteral("words"));
+    QVERIFY(!store->isFolder(store->items().at(0)));
+    QVERIFY(store->isFolder(store->items().at(1)));
+    QVERIFY(!store->isFolder(store->items().at(2)));
 }
 
 void ShelfStoreFilesTest::thereIsNoIconUrlWithoutIcon()

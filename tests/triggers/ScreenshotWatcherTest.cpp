@@ -35,6 +35,11 @@ private Q_SLOTS:
     void aScanThatIsDueWhenStoppedStillRunsOnce();
     void aStoppedWatcherHearsOfNoChange();
     void aFolderThatCannotBeOpenedIsSaidInOneLogLineAndTriedAgainAtTheNextStart();
+    void aFolderThatIsRemovedAndMadeAnewIsWatchedAgain();
+    void aFolderThatIsReplacedAtOnceIsWatchedAgainAtOnce();
+    void aStoppedWatcherDoesNotWaitForItsFolder();
+    void whereNoWatchIsLeftTheReasonIsSaidOnceAndTheWatchTriedAgain();
+    void whenNoWatchIsLeftForAFolderThatComesBackItIsTriedAgain();
     void aFolderThatCannotBeListedForAWhileIsNewAgainAfterwards();
     void aFileThatVanishesIsIgnored();
     void fiveThousandFilesAreLookedAtOnceAndTriedAgainOnce();
@@ -266,6 +271,85 @@ void ScreenshotWatcherTest::aFolderThatCannotBeOpenedIsSaidInOneLogLineAndTriedA
     addScreenshot(QStringLiteral("a.png"));
     m_queue->advance(1);
     QCOMPARE(m_reported.size(), 1);
+}
+
+void ScreenshotWatcherTest::aFolderThatIsRemovedAndMadeAnewIsWatchedAgain()
+{
+    const CapturedLog log;
+    m_watcher->start();
+    m_folders->removeFolder(m_folder);
+    m_queue->advance(600);
+    m_settings->marked.insert(file(QStringLiteral("first.png")));
+    m_folders->addFolder(m_folder, { "first.png", "letter.txt" });
+    m_queue->advance(10);
+    QCOMPARE(m_reported, QList<QUrl>{ file(QStringLiteral("first.png")) });
+    addScreenshot(QStringLiteral("second.png"));
+    m_queue->advance(1);
+    QCOMPARE(m_reported.size(), 2);
+    QCOMPARE(m_folders->subscriptions(), std::size_t(1));
+    QVERIFY(log.lines().isEmpty());
+}
+
+void ScreenshotWatcherTest::aFolderThatIsReplacedAtOnceIsWatchedAgainAtOnce()
+{
+    m_watcher->start();
+    m_folders->removeFolder(m_folder);
+    m_folders->addFolder(m_folder);
+    m_queue->advance(0.4);
+    addScreenshot(QStringLiteral("a.png"));
+    m_queue->advance(0.4);
+    QCOMPARE(m_reported, QList<QUrl>{ file(QStringLiteral("a.png")) });
+}
+
+void ScreenshotWatcherTest::aStoppedWatcherDoesNotWaitForItsFolder()
+{
+    m_watcher->start();
+    m_folders->removeFolder(m_folder);
+    m_queue->advance(10);
+    m_watcher->stop();
+    QCOMPARE(m_queue->waitingTasks(), 0);
+    m_folders->addFolder(m_folder);
+    m_queue->advance(60);
+    QCOMPARE(m_folders->subscriptions(), std::size_t(0));
+    m_watcher->start();
+    QCOMPARE(m_folders->subscriptions(), std::size_t(1));
+}
+
+void ScreenshotWatcherTest::whereNoWatchIsLeftTheReasonIsSaidOnceAndTheWatchTriedAgain()
+{
+    const CapturedLog log;
+    const QString line =
+        QStringLiteral("Nookle: no watch left for the screenshot folder, other programs have them all: "
+                       "/home/me/Pictures/Screenshots");
+    addScreenshot(QStringLiteral("old.png"));
+    m_folders->hasNoWatchLeft = true;
+    m_watcher->start();
+    m_watcher->start();
+    m_queue->advance(600);
+    QCOMPARE(log.lines(), QStringList{ line });
+    addScreenshot(QStringLiteral("meanwhile.png"));
+    m_folders->hasNoWatchLeft = false;
+    m_queue->advance(61);
+    addScreenshot(QStringLiteral("new.png"));
+    m_queue->advance(1);
+    QCOMPARE(m_reported, (QList<QUrl>{ file(QStringLiteral("meanwhile.png")), file(QStringLiteral("new.png")) }));
+    QCOMPARE(log.lines().size(), 1);
+}
+
+void ScreenshotWatcherTest::whenNoWatchIsLeftForAFolderThatComesBackItIsTriedAgain()
+{
+    const CapturedLog log;
+    m_watcher->start();
+    m_folders->hasNoWatchLeft = true;
+    m_folders->removeFolder(m_folder);
+    m_folders->addFolder(m_folder);
+    m_queue->advance(30);
+    QCOMPARE(log.lines().size(), 1);
+    m_folders->hasNoWatchLeft = false;
+    m_queue->advance(60);
+    addScreenshot(QStringLiteral("a.png"));
+    m_queue->advance(1);
+    QCOMPARE(m_reported, QList<QUrl>{ file(QStringLiteral("a.png")) });
 }
 
 void ScreenshotWatcherTest::aFolderThatCannotBeListedForAWhileIsNewAgainAfterwards()

@@ -11,7 +11,10 @@ namespace nookle {
 /// What the bytes of a file reference hold: where the file was, and how to know it again.
 struct FileReference {
     QByteArray path;
+    /// Empty, and that of no file, while the file could not be looked at.
     FileIdentity identity;
+
+    [[nodiscard]] bool hasIdentity() const { return identity.kind != 0; }
 
     /// The same reference always gives the same bytes.
     [[nodiscard]] QByteArray encode() const;

@@ -1,7 +1,6 @@
 #include "FolderEntries.h"
 
 #include "FileDescriptor.h"
-#include "FileIdentity.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -59,20 +58,6 @@ QByteArray entryPath(const QByteArray& folder, const QByteArray& name)
 QByteArray parentFolder(const QByteArray& path)
 {
     return path.left(std::max<qsizetype>(1, path.lastIndexOf('/')));
-}
-
-std::optional<QByteArray> findInFolder(const QByteArray& folder, const FileIdentity& identity)
-{
-    const auto entries = FolderEntries::tryOpen(folder, FolderEntries::Links::follow);
-    while (const dirent* entry = entries ? entries->next() : nullptr) {
-        if (entry->d_ino != identity.inode)
-            continue;
-        const QByteArray path = entryPath(folder, entry->d_name);
-        const auto candidate = FileIdentity::of(path);
-        if (candidate && candidate->matches(identity))
-            return path;
-    }
-    return std::nullopt;
 }
 
 } // namespace nookle

@@ -9,8 +9,6 @@
 
 namespace nookle {
 
-struct FileIdentity;
-
 /// The entries of one folder, read one after the other as the file system has them; names are bytes.
 class FolderEntries final {
 public:
@@ -47,8 +45,5 @@ private:
 
 /// The path of the folder that holds `path`; "/" holds itself.
 [[nodiscard]] QByteArray parentFolder(const QByteArray& path);
-
-/// The path of the entry of `folder` that is the file with `identity`.
-[[nodiscard]] std::optional<QByteArray> findInFolder(const QByteArray& folder, const FileIdentity& identity);
 
 } // namespace nookle

@@ -1,6 +1,7 @@
 #include "FollowedFiles.h"
 
 #include "FileIdentity.h"
+#include "FilePlaces.h"
 
 #include <QSocketNotifier>
 
@@ -31,7 +32,7 @@ namespace {
     return ::fstat(descriptor.get(), &status) != 0 || status.st_nlink == 0;
 }
 
-[[nodiscard]] std::optional<QByteArray> presentPath(const FileDescriptor& descriptor)
+[[nodiscard]] std::optional<QByteArray> presentPath(const FileDescriptor& descriptor, const FilePlaces& places)
 {
     std::array<char, PATH_MAX> target{};
     const ssize_t length = ::readlink(linkOf(descriptor).constData(), target.data(), target.size());
@@ -43,8 +44,8 @@ namespace {
     const QByteArray path(target.data(), length);
     struct stat followed {};
     struct stat found {};
-    const bool isThere = ::fstat(descriptor.get(), &followed) == 0 && ::lstat(path.constData(), &found) == 0
-        && followed.st_dev == found.st_dev && followed.st_ino == found.st_ino;
+    const bool isThere = places.mayLookAt(path, FilePlaces::Links::refuse) && ::fstat(descriptor.get(), &followed) == 0
+        && ::lstat(path.constData(), &found) == 0 && followed.st_dev == found.st_dev && followed.st_ino == found.st_ino;
     return isThere ? std::optional(path) : std::nullopt;
 }
 
@@ -90,19 +91,19 @@ void FollowedFiles::follow(const QByteArray& reference, const QByteArray& path, 
         release(file);
 }
 
-std::optional<QByteArray> FollowedFiles::pathInPlace(const QByteArray& reference) const
+std::optional<QByteArray> FollowedFiles::pathInPlace(const QByteArray& reference, const FilePlaces& places) const
 {
     const auto file = m_files.find(reference);
     if (file == m_files.end())
         return std::nullopt;
     struct stat found {};
     const QByteArray& path = file->second.firstPath;
-    const bool isInPlace = ::lstat(path.constData(), &found) == 0 && found.st_dev == m_device
-        && found.st_ino == file->second.inode && !S_ISLNK(found.st_mode);
+    const bool isInPlace = places.mayLookAt(path, FilePlaces::Links::refuse) && ::lstat(path.constData(), &found) == 0
+        && found.st_dev == m_device && found.st_ino == file->second.inode && !S_ISLNK(found.st_mode);
     return isInPlace ? std::optional(path) : std::nullopt;
 }
 
-std::optional<QByteArray> FollowedFiles::path(const QByteArray& reference)
+std::optional<QByteArray> FollowedFiles::path(const QByteArray& reference, const FilePlaces& places)
 {
     const auto file = m_files.find(reference);
     if (file == m_files.end())
@@ -111,7 +112,7 @@ std::optional<QByteArray> FollowedFiles::path(const QByteArray& reference)
         release(file);
         return std::nullopt;
     }
-    return presentPath(file->second.descriptor);
+    return presentPath(file->second.descriptor, places);
 }
 
 void FollowedFiles::release(const QByteArray& reference)

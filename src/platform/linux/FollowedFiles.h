@@ -16,6 +16,8 @@ class QSocketNotifier;
 
 namespace nookle {
 
+class FilePlaces;
+
 /// Knows where files went while the program runs, whatever was moved or given a new name above them. Each costs a
 /// descriptor and one of the watches that all of the user's programs share, so only files on the volume of the home
 /// folder are followed, a thousand at most, and only as long as half of the descriptors that the program may have are
@@ -37,11 +39,12 @@ public:
     void follow(const QByteArray& reference, const QByteArray& path, FileDescriptor descriptor);
 
     /// Where the file was when its following began, if it is still there. Much quicker than `path`. None for links,
-    /// which may stand in their place and lead nowhere.
-    [[nodiscard]] std::optional<QByteArray> pathInPlace(const QByteArray& reference) const;
+    /// which may stand in their place and lead nowhere. Looks only where `places` allows it.
+    [[nodiscard]] std::optional<QByteArray> pathInPlace(const QByteArray& reference, const FilePlaces& places) const;
 
-    /// Where the file is now; none when it is not followed or has no name any more.
-    [[nodiscard]] std::optional<QByteArray> path(const QByteArray& reference);
+    /// Where the file is now; none when it is not followed or has no name any more. Looks only where `places` allows
+    /// it.
+    [[nodiscard]] std::optional<QByteArray> path(const QByteArray& reference, const FilePlaces& places);
 
     void release(const QByteArray& reference);
 

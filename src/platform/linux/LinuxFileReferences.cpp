@@ -1,9 +1,11 @@
 #include "LinuxFileReferences.h"
 
+#include "FileLookup.h"
+#include "FilePlaces.h"
 #include "FileReference.h"
 #include "FileUrl.h"
-#include "FolderEntries.h"
-#include "TrashFolders.h"
+#include "MainQueue.h"
+#include "Mounts.h"
 
 #include <sys/stat.h>
 
@@ -17,20 +19,6 @@
 namespace nookle {
 
 namespace {
-
-/// Whether something stands at `path`; a link that leads nowhere does not.
-[[nodiscard]] bool exists(const QByteArray& path)
-{
-    struct stat status {};
-    return ::stat(path.constData(), &status) == 0;
-}
-
-/// The same for a path whose identity has been asked for; one that could not be opened may be there all the same.
-[[nodiscard]] bool exists(const QByteArray& path, const std::optional<FileIdentity>& identity)
-{
-    const bool isNoLink = identity && identity->kind != S_IFLNK;
-    return isNoLink || exists(path);
-}
 
 /// Whether the file is certainly where it was. Tells little about links and where files have no time of birth, but
 /// needs nothing opened.
@@ -46,17 +34,19 @@ struct NewReference {
     QByteArray bytes;
 };
 
-/// May be called on any thread.
-[[nodiscard]] std::optional<NewReference> newReference(const QUrl& url)
+/// May be called on any thread. Has no bytes for a file that may not be looked at.
+[[nodiscard]] std::optional<NewReference> newReference(const QUrl& url, const FilePlaces& places,
+                                                       const QByteArray& dataHome)
 {
     const QByteArray path = standardizedPath(url);
     if (path.isEmpty())
         return std::nullopt;
-    FileDescriptor descriptor = openInPlace(path);
-    const auto identity = FileIdentity::of(descriptor);
-    if (!identity || !exists(path, identity))
+    if (!places.mayLookAt(path, FilePlaces::Links::refuse))
+        return NewReference{ path, FileDescriptor(), {} };
+    auto file = FileLookup(places, dataHome).at(path);
+    if (!file || !file->identity)
         return std::nullopt;
-    return NewReference{ path, std::move(descriptor), FileReference{ path, *identity }.encode() };
+    return NewReference{ path, std::move(file->descriptor), FileReference{ path, *file->identity }.encode() };
 }
 
 /// Does the work for each index below `count`, on several threads where that is worth it, and waits for its end.
@@ -77,27 +67,22 @@ void inParallel(std::size_t count, const std::function<void(std::size_t index)>&
         other.wait();
 }
 
-[[nodiscard]] std::optional<QByteArray> findInTrash(const FileReference& reference, const QByteArray& dataHome)
-{
-    for (const QByteArray& folder : trashFolders(reference.path, dataHome)) {
-        if (auto path = findInFolder(folder, reference.identity))
-            return path;
-    }
-    return std::nullopt;
-}
-
 } // namespace
 
-LinuxFileReferences::LinuxFileReferences(const QByteArray& home, QByteArray dataHome, MainQueue& queue,
-                                         LostFileSearch::Clock now)
-    : m_dataHome(std::move(dataHome))
+LinuxFileReferences::LinuxFileReferences(const QByteArray& home, const QByteArray& dataHome, MainQueue& queue,
+                                         LostFileSearch::Clock now, std::shared_ptr<Mounts> mounts)
+    : m_dataHome(dataHome)
+    , m_mounts(mounts ? std::move(mounts) : std::make_shared<Mounts>(home))
+    , m_distant(m_mounts, dataHome, queue)
     , m_followed(home)
-    , m_search(home, queue, std::move(now))
+    , m_search(home, m_mounts, queue, std::move(now))
 {
-    m_search.onFound = [this] {
+    const auto tell = [this] {
         if (onFilesFound)
             onFilesFound();
     };
+    m_distant.onChanged = tell;
+    m_search.onFound = tell;
 }
 
 LinuxFileReferences::~LinuxFileReferences() = default;
@@ -109,9 +94,10 @@ std::optional<QByteArray> LinuxFileReferences::make(const QUrl& url)
 
 QList<std::optional<QByteArray>> LinuxFileReferences::makeAll(const QList<QUrl>& urls)
 {
+    const FilePlaces places(m_mounts->table());
     std::vector<std::optional<NewReference>> made(static_cast<std::size_t>(urls.size()));
     inParallel(made.size(), [&, room = m_followed.room()](std::size_t index) {
-        made[index] = newReference(urls[static_cast<qsizetype>(index)]);
+        made[index] = newReference(urls[static_cast<qsizetype>(index)], places, m_dataHome);
         // Far more files can be added at once than descriptors may be open.
         if (made[index] && index >= room)
             made[index]->descriptor = FileDescriptor();
@@ -119,7 +105,9 @@ QList<std::optional<QByteArray>> LinuxFileReferences::makeAll(const QList<QUrl>&
     QList<std::optional<QByteArray>> references;
     references.reserve(urls.size());
     for (std::optional<NewReference>& each : made) {
-        if (each)
+        if (each && each->bytes.isEmpty())
+            each->bytes = m_distant.make(each->path);
+        else if (each)
             m_followed.follow(each->bytes, each->path, std::move(each->descriptor));
         references.append(each ? std::optional(each->bytes) : std::nullopt);
     }
@@ -128,71 +116,100 @@ QList<std::optional<QByteArray>> LinuxFileReferences::makeAll(const QList<QUrl>&
 
 std::optional<ResolvedFile> LinuxFileReferences::resolve(const QByteArray& reference)
 {
-    if (const auto path = m_followed.pathInPlace(reference))
+    return resolve(reference, FilePlaces(m_mounts->table()));
+}
+
+std::optional<ResolvedFile> LinuxFileReferences::resolve(const QByteArray& reference, const FilePlaces& places)
+{
+    if (const auto path = m_followed.pathInPlace(reference, places))
         return ResolvedFile{ fileUrl(*path), false };
-    if (const auto file = m_followed.room() == 0 ? inPlace(reference) : std::nullopt)
+    if (const auto file = m_followed.room() == 0 ? inPlace(reference, places) : std::nullopt)
         return file;
     const auto decoded = FileReference::decode(reference);
     if (!decoded)
         return std::nullopt;
-    FileDescriptor descriptor = openInPlace(decoded->path);
-    const auto identity = FileIdentity::of(descriptor);
-    if (exists(decoded->path, identity)) {
-        const bool isSame = identity && identity->matches(decoded->identity);
-        if (isSame)
-            m_followed.follow(reference, decoded->path, std::move(descriptor));
-        return ResolvedFile{ fileUrl(decoded->path), !isSame };
+    const FilePlace place = places.placeOf(decoded->path, FilePlaces::Links::refuse);
+    switch (place.reach) {
+    case FilePlace::Reach::unmounted:
+        return std::nullopt;
+    case FilePlace::Reach::distant:
+        return m_distant.resolve(reference, *decoded, place.distantMount);
+    case FilePlace::Reach::here:
+        break;
     }
-    if (const auto path = newPath(reference, *decoded))
-        return exists(*path) ? std::optional(ResolvedFile{ fileUrl(*path), true }) : std::nullopt;
-    m_search.want(reference, decoded->identity);
+    return lookHere(reference, *decoded, places);
+}
+
+std::optional<ResolvedFile> LinuxFileReferences::lookHere(const QByteArray& bytes, const FileReference& reference,
+                                                          const FilePlaces& places)
+{
+    const FileLookup lookup(places, m_dataHome);
+    if (auto file = lookup.at(reference.path)) {
+        const bool isSame = file->identity && file->identity->matches(reference.identity);
+        if (isSame)
+            m_followed.follow(bytes, reference.path, std::move(file->descriptor));
+        return ResolvedFile{ fileUrl(reference.path), !isSame };
+    }
+    auto path = m_followed.path(bytes, places);
+    if (!path)
+        path = lookup.newPath(reference);
+    if (!path)
+        path = foundPath(bytes, reference.identity, places);
+    if (path)
+        return lookup.exists(*path) ? std::optional(ResolvedFile{ fileUrl(*path), true }) : std::nullopt;
+    if (reference.hasIdentity())
+        m_search.want(bytes, reference.identity);
     return std::nullopt;
 }
 
 std::vector<std::optional<ResolvedFile>> LinuxFileReferences::resolveAll(const std::vector<QByteArray>& references)
 {
+    const FilePlaces places(m_mounts->table());
     std::vector<std::optional<ResolvedFile>> files(references.size());
     inParallel(files.size(), [&, room = m_followed.room()](std::size_t index) {
         // What can still be followed needs more than a look.
         if (index >= room)
-            files[index] = inPlace(references[index]);
+            files[index] = inPlace(references[index], places);
     });
     for (std::size_t index = 0; index < files.size(); ++index) {
         if (!files[index])
-            files[index] = resolve(references[index]);
+            files[index] = resolve(references[index], places);
     }
     return files;
 }
 
-std::optional<ResolvedFile> LinuxFileReferences::inPlace(const QByteArray& reference) const
+std::optional<ResolvedFile> LinuxFileReferences::inPlace(const QByteArray& reference, const FilePlaces& places) const
 {
-    if (const auto path = m_followed.pathInPlace(reference))
+    if (const auto path = m_followed.pathInPlace(reference, places))
         return ResolvedFile{ fileUrl(*path), false };
     const auto decoded = FileReference::decode(reference);
-    return decoded && isInPlace(*decoded) ? std::optional(ResolvedFile{ fileUrl(decoded->path), false }) : std::nullopt;
+    const bool mayLook = decoded && places.mayLookAt(decoded->path, FilePlaces::Links::refuse);
+    return mayLook && isInPlace(*decoded) ? std::optional(ResolvedFile{ fileUrl(decoded->path), false }) : std::nullopt;
+}
+
+bool LinuxFileReferences::isFolder(const QByteArray& reference) const
+{
+    const auto decoded = FileReference::decode(reference);
+    if (!decoded || decoded->identity.kind != S_IFLNK)
+        return decoded && decoded->identity.kind == S_IFDIR;
+    struct stat status {};
+    return FilePlaces(m_mounts->table()).mayLookAt(decoded->path, FilePlaces::Links::follow)
+        && ::stat(decoded->path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
 void LinuxFileReferences::release(const QByteArray& reference)
 {
+    m_distant.forget(reference);
     m_followed.release(reference);
     m_search.forget(reference);
 }
 
-std::optional<QByteArray> LinuxFileReferences::newPath(const QByteArray& bytes, const FileReference& reference)
-{
-    if (auto path = m_followed.path(bytes))
-        return path;
-    if (auto path = findInFolder(parentFolder(reference.path), reference.identity))
-        return path;
-    if (auto path = findInTrash(reference, m_dataHome))
-        return path;
-    return foundPath(bytes, reference.identity);
-}
-
-std::optional<QByteArray> LinuxFileReferences::foundPath(const QByteArray& bytes, const FileIdentity& identity) const
+std::optional<QByteArray> LinuxFileReferences::foundPath(const QByteArray& bytes, const FileIdentity& identity,
+                                                         const FilePlaces& places) const
 {
     const auto path = m_search.found(bytes);
-    const auto present = path ? FileIdentity::of(*path) : std::nullopt;
+    const bool mayLook = path && places.mayLookAt(*path, FilePlaces::Links::refuse);
+    const auto present = mayLook ? FileIdentity::of(*path) : std::nullopt;
     return present && present->matches(identity) ? path : std::nullopt;
 }
 

@@ -1,6 +1,7 @@
 #include "LostFileSearch.h"
 
 #include "MainQueue.h"
+#include "Mounts.h"
 #include "TreeSearch.h"
 
 #include <algorithm>
@@ -8,8 +9,9 @@
 
 namespace nookle {
 
-LostFileSearch::LostFileSearch(QByteArray home, MainQueue& queue, Clock now)
+LostFileSearch::LostFileSearch(QByteArray home, std::shared_ptr<Mounts> mounts, MainQueue& queue, Clock now)
     : m_home(std::move(home))
+    , m_mounts(std::move(mounts))
     , m_queue(queue)
     , m_now(std::move(now))
     , m_self(std::make_shared<LostFileSearch*>(this))
@@ -68,7 +70,7 @@ void LostFileSearch::start()
         m_searched.push_back(reference);
         identities.push_back(identity);
     }
-    m_pass = std::make_unique<TreeSearch>(m_home, std::move(identities), m_queue,
+    m_pass = std::make_unique<TreeSearch>(m_home, identities, m_mounts, m_queue,
                                           [this](const TreeSearch::Places& places) { finish(places); });
 }
 

@@ -14,18 +14,19 @@
 namespace nookle {
 
 class MainQueue;
+class Mounts;
 class TreeSearch;
 
 /// Looks in the background for files whose place is lost, anywhere below the home folder. Whatever is wanted in one
-/// turn of the main queue is looked for in one pass; what was not found is left alone for some minutes. Main thread
-/// only.
+/// turn of the main queue is looked for in one pass; what was not found is left alone for some minutes. Destroying it
+/// waits for nothing. Main thread only.
 class LostFileSearch final {
 public:
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
 
     inline static constexpr std::chrono::minutes pauseAfterFailure{ 10 };
 
-    LostFileSearch(QByteArray home, MainQueue& queue, Clock now);
+    LostFileSearch(QByteArray home, std::shared_ptr<Mounts> mounts, MainQueue& queue, Clock now);
     ~LostFileSearch();
     LostFileSearch(const LostFileSearch&) = delete;
     LostFileSearch& operator=(const LostFileSearch&) = delete;
@@ -51,6 +52,7 @@ private:
     void finish(const std::vector<std::optional<QByteArray>>& places);
 
     QByteArray m_home;
+    std::shared_ptr<Mounts> m_mounts;
     MainQueue& m_queue;
     Clock m_now;
     /// What the next pass looks for.

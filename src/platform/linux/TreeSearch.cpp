@@ -1,9 +1,10 @@
 #include "TreeSearch.h"
 
+#include "FilePlaces.h"
 #include "FolderEntries.h"
 #include "MainQueue.h"
-
-#include <QThread>
+#include "Mounts.h"
+#include "ReturnPath.h"
 
 #include <unordered_map>
 #include <utility>
@@ -14,25 +15,31 @@ namespace {
 
 class Walk {
 public:
-    Walk(const std::vector<FileIdentity>& wanted, const std::atomic<bool>& isInterrupted)
-        : m_wanted(wanted)
-        , m_isInterrupted(isInterrupted)
+    Walk(QByteArray root, const std::vector<FileIdentity>& wanted, Mounts& mounts, const ReturnPath& way)
+        : m_root(std::move(root))
+        , m_rootWithoutLinks(FilePlaces(mounts.table()).resolved(m_root))
+        , m_wanted(wanted)
+        , m_mounts(mounts)
+        , m_return(way)
         , m_places(wanted.size())
     {
         for (std::size_t index = 0; index < wanted.size(); ++index)
             m_missing.emplace(wanted[index].inode, index);
     }
 
-    [[nodiscard]] TreeSearch::Places run(const QByteArray& root)
+    [[nodiscard]] TreeSearch::Places run()
     {
-        const auto rootFolder = FolderEntries::tryOpen(root, FolderEntries::Links::follow);
+        const auto rootFolder = FolderEntries::tryOpen(m_root, FolderEntries::Links::follow);
         const auto device = rootFolder ? rootFolder->device() : std::nullopt;
         if (!device)
             return m_places;
-        readFolder(root, *rootFolder);
+        readFolder(m_root, *rootFolder);
         while (!m_folders.empty() && !isDone()) {
             const QByteArray path = std::move(m_folders.back());
             m_folders.pop_back();
+            // Opening it would ask what is mounted there, or even have it mounted.
+            if (isMountPoint(path))
+                continue;
             const auto folder = FolderEntries::tryOpen(path, FolderEntries::Links::refuse);
             if (folder && folder->device() == device)
                 readFolder(path, *folder);
@@ -41,7 +48,12 @@ public:
     }
 
 private:
-    [[nodiscard]] bool isDone() const { return m_missing.empty() || m_isInterrupted.load(std::memory_order_relaxed); }
+    [[nodiscard]] bool isDone() const { return m_missing.empty() || m_return.isClosed(); }
+
+    [[nodiscard]] bool isMountPoint(const QByteArray& path) const
+    {
+        return m_mounts.table()->at(m_rootWithoutLinks + path.mid(m_root.size())).has_value();
+    }
 
     void readFolder(const QByteArray& path, FolderEntries& folder)
     {
@@ -55,6 +67,8 @@ private:
 
     void inspect(quint64 inode, const QByteArray& path)
     {
+        if (isMountPoint(path))
+            return;
         const auto identity = FileIdentity::of(path);
         auto [entry, last] = m_missing.equal_range(inode);
         while (entry != last) {
@@ -67,8 +81,11 @@ private:
         }
     }
 
+    QByteArray m_root;
+    QByteArray m_rootWithoutLinks;
     const std::vector<FileIdentity>& m_wanted;
-    const std::atomic<bool>& m_isInterrupted;
+    Mounts& m_mounts;
+    const ReturnPath& m_return;
     /// The places in `m_wanted` of what is still to be found, by inode.
     std::unordered_multimap<quint64, std::size_t> m_missing;
     /// Paths, not open folders: a tree may be deeper than there are descriptors.
@@ -78,25 +95,27 @@ private:
 
 } // namespace
 
-TreeSearch::TreeSearch(const QByteArray& root, std::vector<FileIdentity> wanted, MainQueue& queue,
-                       Completion completion)
+TreeSearch::TreeSearch(const QByteArray& root, const std::vector<FileIdentity>& wanted, std::shared_ptr<Mounts> mounts,
+                       MainQueue& queue, Completion completion)
     : m_completion(std::make_shared<Completion>(std::move(completion)))
+    , m_return(std::make_shared<ReturnPath>(queue))
 {
-    const auto work = [this, root, wanted = std::move(wanted), &queue, weak = std::weak_ptr(m_completion)] {
-        queue.post([weak, places = Walk(wanted, m_isInterrupted).run(root)] {
+    const auto finish = [way = m_return, weak = std::weak_ptr(m_completion)](Places places) {
+        way->post([weak, places = std::move(places)] {
             if (const auto call = weak.lock())
                 (*call)(places);
         });
     };
-    m_thread.reset(QThread::create(work));
-    m_thread->setObjectName(QStringLiteral("nookle search"));
-    m_thread->start(QThread::IdlePriority);
+    const auto work = [finish, root, wanted, mounts = std::move(mounts), way = m_return] {
+        finish(Walk(root, wanted, *mounts, *way).run());
+    };
+    if (!runDetached("nookle search", ThreadPriority::idle, work))
+        finish(Places(wanted.size()));
 }
 
 TreeSearch::~TreeSearch()
 {
-    m_isInterrupted = true;
-    m_thread->wait();
+    m_return->close();
 }
 
 } // namespace nookle

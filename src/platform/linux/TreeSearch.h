@@ -4,20 +4,20 @@
 
 #include <QByteArray>
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
 
-class QThread;
-
 namespace nookle {
 
 class MainQueue;
+class Mounts;
+class ReturnPath;
 
 /// One pass through a folder's tree for a number of files, on a thread of its own that runs only when nothing else
-/// wants to. It stays on the folder's volume and follows no links. Destroying it ends it. Main thread only.
+/// wants to. It stays on the folder's volume, opens nothing that is mounted in it, and follows no links. Destroying it
+/// waits for nothing: the thread ends soon after, or never, where the volume does not answer. Main thread only.
 class TreeSearch final {
 public:
     /// The path of each wanted file, in the same order, where one was found.
@@ -26,15 +26,15 @@ public:
 
     /// Begins at once. `completion` is called on the main thread, unless the search was destroyed before; it may
     /// destroy the search.
-    TreeSearch(const QByteArray& root, std::vector<FileIdentity> wanted, MainQueue& queue, Completion completion);
+    TreeSearch(const QByteArray& root, const std::vector<FileIdentity>& wanted, std::shared_ptr<Mounts> mounts,
+               MainQueue& queue, Completion completion);
     ~TreeSearch();
     TreeSearch(const TreeSearch&) = delete;
     TreeSearch& operator=(const TreeSearch&) = delete;
 
 private:
-    std::atomic<bool> m_isInterrupted = false;
     std::shared_ptr<Completion> m_completion;
-    std::unique_ptr<QThread> m_thread;
+    std::shared_ptr<ReturnPath> m_return;
 };
 
 } // namespace nookle

@@ -1,6 +1,8 @@
 #include "PortalFileTransfers.h"
 
 #include "FileUrl.h"
+#include "MountList.h"
+#include "Mounts.h"
 #include "PrivateBus.h"
 
 #include <QDBusConnection>
@@ -68,6 +70,7 @@ private Q_SLOTS:
     void aPortalOnTheBusIsAvailable();
     void anOfferedFileIsHandedOverOpen();
     void aFileThatIsGoneIsNotOffered();
+    void aFileThatMayNotAnswerIsNotOffered();
     void aRefusalIsNoOffer();
     void retrievedFilesHaveTheirNames();
     void aKeyThatIsUsedUpRetrievesNothing();
@@ -106,7 +109,7 @@ void PortalFileTransfersTest::cleanupTestCase()
 
 void PortalFileTransfersTest::init()
 {
-    m_transfers = std::make_unique<PortalFileTransfers>();
+    m_transfers = std::make_unique<PortalFileTransfers>(std::make_shared<Mounts>("/"));
 }
 
 void PortalFileTransfersTest::cleanup()
@@ -171,6 +174,16 @@ void PortalFileTransfersTest::aFileThatIsGoneIsNotOffered()
 {
     startPortal();
     QVERIFY(!m_transfers->offer({ fileUrl("/of/nobody") }));
+}
+
+void PortalFileTransfersTest::aFileThatMayNotAnswerIsNotOffered()
+{
+    startPortal();
+    const TemporaryFolder server;
+    MountList list;
+    list.add(server.path(), "nfs");
+    PortalFileTransfers transfers(std::make_shared<Mounts>("/", list.path()));
+    QVERIFY(!transfers.offer({ fileUrl(server.makeFile("file")) }));
 }
 
 void PortalFileTransfersTest::aRefusalIsNoOffer()

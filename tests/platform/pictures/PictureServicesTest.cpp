@@ -3,6 +3,7 @@
 #include "FakeMainQueue.h"
 #include "FileUrl.h"
 #include "ImageFiles.h"
+#include "Mounts.h"
 #include "SandboxProbe.h"
 #include "TemporaryFolder.h"
 
@@ -44,7 +45,7 @@ void PictureServicesTest::cleanup()
 void PictureServicesTest::thumbnailsAreMadeAndSharedInTheUsersFolder()
 {
     FakeMainQueue queue;
-    PictureServices services(queue);
+    PictureServices services(std::make_shared<Mounts>(m_home.path()), queue);
     std::optional<Picture> picture;
     const QUrl file = fileUrl(m_home.makeFile("a.png", encoded(plainImage(200, 100), "png")));
     const auto request = services.thumbnails().request(file, 52, 2, [&picture](const auto& made) { picture = made; });
@@ -62,7 +63,7 @@ void PictureServicesTest::registeredProgramOfTheDesktopIsUsed()
     m_home.makeFile("data/thumbnailers/a.thumbnailer",
                     "[Thumbnailer Entry]\nExec=sh -c 'tail -n +2 %i >%o'\nMimeType=application/pdf\n");
     FakeMainQueue queue;
-    PictureServices services(queue);
+    PictureServices services(std::make_shared<Mounts>(m_home.path()), queue);
     std::optional<Picture> picture;
     const QUrl file = fileUrl(m_home.makeFile("a.pdf", "%PDF-1.4\n" + encoded(plainImage(20, 10), "png")));
     const auto request = services.thumbnails().request(file, 52, 2, [&picture](const auto& made) { picture = made; });
@@ -73,7 +74,7 @@ void PictureServicesTest::registeredProgramOfTheDesktopIsUsed()
 void PictureServicesTest::imagesAreConverted()
 {
     FakeMainQueue queue;
-    PictureServices services(queue);
+    PictureServices services(std::make_shared<Mounts>(m_home.path()), queue);
     std::optional<QByteArray> png;
     const auto conversion = services.converter().convertToPng(encoded(plainImage(20, 10), "jpeg"), 100,
                                                               [&png](const auto& converted) { png = converted; });

@@ -1,9 +1,13 @@
 #include "InotifyFolderWatch.h"
 
 #include "FileUrl.h"
+#include "MountList.h"
+#include "Mounts.h"
 #include "TemporaryFolder.h"
 
 #include <QTest>
+
+#include <sys/resource.h>
 
 #include <filesystem>
 #include <memory>
@@ -23,10 +27,13 @@ private Q_SLOTS:
     void whatIsWrittenIntoAFileIsNotTold();
     void whatHappensInAFolderBelowIsNotTold();
     void whatCannotBeOpenedIsNotWatched();
+    void whereNoWatchIsLeftThatIsSaid();
+    void aFolderThatMayNeverAnswerIsNone();
     void aWatchThatIsGoneTellsNothing();
     void aWatchMayEndWhileItTells();
-    void aFolderThatIsDeletedIsQuietAfterwards();
-    void aFolderThatIsReplacedIsQuietAfterwards();
+    void aFolderThatIsDeletedIsToldAndQuietAfterwards();
+    void aFolderThatIsMadeAnewIsNotTheOneThatIsWatched();
+    void aFolderThatIsReplacedIsToldAndQuietAfterwards();
     void fiveThousandFilesAtOnceAreToldAtLeastOnce();
 
 private:
@@ -38,11 +45,11 @@ private:
     }
     [[nodiscard]] std::unique_ptr<FolderSubscription> watch(const QByteArray& path)
     {
-        return m_watch.watch(fileUrl(path), [this] { ++m_changes; });
+        return m_watch.watch(fileUrl(path), [this] { ++m_changes; }).subscription;
     }
 
     std::unique_ptr<TemporaryFolder> m_folder;
-    InotifyFolderWatch m_watch;
+    InotifyFolderWatch m_watch{ std::make_shared<Mounts>("/") };
     int m_changes = 0;
 };
 
@@ -112,7 +119,34 @@ void InotifyFolderWatchTest::whatCannotBeOpenedIsNotWatched()
 {
     QVERIFY(!watch(m_folder->path("nowhere")));
     QVERIFY(!watch(m_folder->makeFile("file")));
-    QVERIFY(!m_watch.watch(QUrl(QStringLiteral("https://example.com/")), [] {}));
+    QCOMPARE(m_watch.watch(QUrl(QStringLiteral("https://example.com/")), [] {}).result,
+             WatchedFolder::Result::unreadable);
+}
+
+void InotifyFolderWatchTest::whereNoWatchIsLeftThatIsSaid()
+{
+    rlimit before{};
+    QCOMPARE(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    // Each kind of inotify's limits has the same sign for the caller as this one, which can be set here.
+    const rlimit none{ 0, before.rlim_max };
+    QCOMPARE(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const WatchedFolder watched = m_watch.watch(fileUrl(m_folder->path()), [] {});
+    QCOMPARE(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    QVERIFY(!watched.subscription);
+    QCOMPARE(watched.result, WatchedFolder::Result::noWatchLeft);
+}
+
+void InotifyFolderWatchTest::aFolderThatMayNeverAnswerIsNone()
+{
+    const QUrl server = fileUrl(m_folder->makeFolder("server"));
+    m_folder->makeFile("server/a");
+    MountList list;
+    list.add(m_folder->path("server"), "nfs");
+    InotifyFolderWatch watch(std::make_shared<Mounts>("/", list.path()));
+    QVERIFY(watch.isFolder(fileUrl(m_folder->path())));
+    QVERIFY(!watch.isFolder(server));
+    QVERIFY(watch.entryNames(server).empty());
+    QCOMPARE(watch.watch(server, [] {}).result, WatchedFolder::Result::unreadable);
 }
 
 void InotifyFolderWatchTest::aWatchThatIsGoneTellsNothing()
@@ -126,32 +160,47 @@ void InotifyFolderWatchTest::aWatchThatIsGoneTellsNothing()
 void InotifyFolderWatchTest::aWatchMayEndWhileItTells()
 {
     std::unique_ptr<FolderSubscription> subscription;
-    subscription = m_watch.watch(fileUrl(m_folder->path()), [&] {
+    const auto end = [&] {
         subscription.reset();
         ++m_changes;
-    });
+    };
+    subscription = m_watch.watch(fileUrl(m_folder->path()), end).subscription;
     m_folder->makeFile("a");
     QCOMPARE(takeChanges(), 1);
 }
 
-void InotifyFolderWatchTest::aFolderThatIsDeletedIsQuietAfterwards()
+void InotifyFolderWatchTest::aFolderThatIsDeletedIsToldAndQuietAfterwards()
 {
     const QByteArray path = m_folder->makeFolder("shots");
     m_folder->makeFile("shots/a");
     const auto subscription = watch(path);
+    QVERIFY(subscription->isInPlace());
     std::filesystem::remove_all(path.toStdString());
     QVERIFY(takeChanges() > 0);
+    QVERIFY(!subscription->isInPlace());
     QCOMPARE(takeChanges(), 0);
     QVERIFY(m_watch.entryNames(fileUrl(path)).empty());
 }
 
-void InotifyFolderWatchTest::aFolderThatIsReplacedIsQuietAfterwards()
+// The new folder may well get the number of the old one.
+void InotifyFolderWatchTest::aFolderThatIsMadeAnewIsNotTheOneThatIsWatched()
+{
+    const QByteArray path = m_folder->makeFolder("shots");
+    const auto subscription = watch(path);
+    deleteFile(path);
+    m_folder->makeFolder("shots");
+    QVERIFY(takeChanges() > 0);
+    QVERIFY(!subscription->isInPlace());
+}
+
+void InotifyFolderWatchTest::aFolderThatIsReplacedIsToldAndQuietAfterwards()
 {
     const QByteArray path = m_folder->makeFolder("shots");
     const auto subscription = watch(path);
     moveFile(path, m_folder->path("old shots"));
     m_folder->makeFolder("shots");
-    (void)takeChanges();
+    QVERIFY(takeChanges() > 0);
+    QVERIFY(!subscription->isInPlace());
     m_folder->makeFile("shots/a");
     QCOMPARE(takeChanges(), 0);
 }

@@ -1,6 +1,8 @@
 #include "PortalFileTransfers.h"
 
+#include "FilePlaces.h"
 #include "FileUrl.h"
+#include "Mounts.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -53,9 +55,12 @@ inline constexpr qsizetype mostDescriptors = 16;
 }
 
 /// Opened without reading: the right to the file is what is handed over.
-[[nodiscard]] std::optional<QDBusUnixFileDescriptor> descriptorOf(const QUrl& file)
+[[nodiscard]] std::optional<QDBusUnixFileDescriptor> descriptorOf(const QUrl& file, Mounts& mounts)
 {
-    const int descriptor = ::open(filePath(file).constData(), O_PATH | O_CLOEXEC);
+    const QByteArray path = filePath(file);
+    if (!FilePlaces(mounts.table()).mayLookAt(path, FilePlaces::Links::follow))
+        return std::nullopt;
+    const int descriptor = ::open(path.constData(), O_PATH | O_CLOEXEC);
     if (descriptor < 0)
         return std::nullopt;
     QDBusUnixFileDescriptor owned;
@@ -72,6 +77,11 @@ inline constexpr qsizetype mostDescriptors = 16;
 
 } // namespace
 
+PortalFileTransfers::PortalFileTransfers(std::shared_ptr<Mounts> mounts)
+    : m_mounts(std::move(mounts))
+{
+}
+
 bool PortalFileTransfers::isAvailable()
 {
     for (const QString& list : { QStringLiteral("ListNames"), QStringLiteral("ListActivatableNames") }) {
@@ -87,7 +97,7 @@ std::optional<QByteArray> PortalFileTransfers::offer(const QList<QUrl>& files)
     qDBusRegisterMetaType<Descriptors>();
     Descriptors descriptors;
     for (const QUrl& file : files) {
-        if (auto descriptor = descriptorOf(file))
+        if (auto descriptor = descriptorOf(file, *m_mounts))
             descriptors.append(*descriptor);
     }
     if (descriptors.isEmpty() || descriptors.size() > mostDescriptors)

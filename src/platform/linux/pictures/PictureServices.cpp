@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QStandardPaths>
 
+#include <utility>
+
 namespace nookle {
 
 namespace {
@@ -39,10 +41,11 @@ namespace {
 
 } // namespace
 
-PictureServices::PictureServices(MainQueue& queue)
+PictureServices::PictureServices(std::shared_ptr<Mounts> mounts, MainQueue& queue)
     : m_decoder(queue, decoderProgram(QCoreApplication::applicationDirPath()))
     , m_converter(m_decoder)
     , m_thumbnails(queue, m_decoder, sharedThumbnails(), thumbnailMakers(queue))
+    , m_localThumbnails(m_thumbnails, std::move(mounts), queue)
 {
 }
 

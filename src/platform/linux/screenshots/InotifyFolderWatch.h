@@ -2,16 +2,25 @@
 
 #include "FolderWatch.h"
 
+#include <memory>
+
 namespace nookle {
 
-/// Folders of the file system. A folder that is deleted, replaced or unmounted while it is watched is quiet from then
-/// on. Main thread only.
+class Mounts;
+
+/// Folders of the file system. Main thread only.
 class InotifyFolderWatch final : public FolderWatch {
 public:
+    explicit InotifyFolderWatch(std::shared_ptr<Mounts> mounts);
+
     [[nodiscard]] bool isFolder(const QUrl& url) const override;
     [[nodiscard]] std::set<QByteArray> entryNames(const QUrl& folder) const override;
-    [[nodiscard]] std::unique_ptr<FolderSubscription> watch(const QUrl& folder,
-                                                            std::function<void()> onChanged) override;
+    [[nodiscard]] WatchedFolder watch(const QUrl& folder, std::function<void()> onChanged) override;
+
+private:
+    [[nodiscard]] bool mayLookAt(const QByteArray& path) const;
+
+    std::shared_ptr<Mounts> m_mounts;
 };
 
 } // namespace nookle

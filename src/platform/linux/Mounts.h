@@ -1,0 +1,34 @@
+#pragma once
+
+#include "FileDescriptor.h"
+#include "MountTable.h"
+
+#include <QByteArray>
+
+#include <memory>
+#include <mutex>
+
+namespace nookle {
+
+/// Keeps the table of mounts up to date. Any thread.
+class Mounts final {
+public:
+    /// `home` is the user's home folder, `mountInfo` the kernel's list.
+    explicit Mounts(QByteArray home, QByteArray mountInfo = QByteArrayLiteral("/proc/self/mountinfo"));
+    Mounts(const Mounts&) = delete;
+    Mounts& operator=(const Mounts&) = delete;
+
+    /// The table as it is now; cheap while nothing is mounted or unmounted.
+    [[nodiscard]] std::shared_ptr<const MountTable> table();
+
+private:
+    [[nodiscard]] bool hasChanged() const;
+    [[nodiscard]] QByteArray readAll() const;
+
+    QByteArray m_home;
+    std::mutex m_mutex;
+    FileDescriptor m_list;
+    std::shared_ptr<const MountTable> m_table;
+};
+
+} // namespace nookle

@@ -1,0 +1,45 @@
+#include "LocalThumbnails.h"
+
+#include "FilePlaces.h"
+#include "FileUrl.h"
+#include "MainQueue.h"
+#include "Mounts.h"
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// Says on the next turn of the queue that there is no thumbnail.
+class Refusal final : public ThumbnailRequest {
+public:
+    Refusal(MainQueue& queue, Thumbnails::Completion completion)
+        : m_answer(queue.after(0, [completion = std::move(completion)] { completion(std::nullopt); }))
+    {
+    }
+
+private:
+    std::unique_ptr<DelayedTask> m_answer;
+};
+
+} // namespace
+
+LocalThumbnails::LocalThumbnails(Thumbnails& thumbnails, std::shared_ptr<Mounts> mounts, MainQueue& queue)
+    : m_thumbnails(thumbnails)
+    , m_mounts(std::move(mounts))
+    , m_queue(queue)
+{
+}
+
+std::unique_ptr<ThumbnailRequest> LocalThumbnails::request(const QUrl& file, double size, double scale,
+                                                           Completion completion)
+{
+    const QByteArray path = standardizedPath(file);
+    const bool mayLook = path.isEmpty() || FilePlaces(m_mounts->table()).mayLookAt(path, FilePlaces::Links::follow);
+    if (!mayLook)
+        return std::make_unique<Refusal>(m_queue, std::move(completion));
+    return m_thumbnails.request(file, size, scale, std::move(completion));
+}
+
+} // namespace nookle
