@@ -1,6 +1,6 @@
 #include "DataFiles.h"
 
-#include <QFile>
+#include <QRandomGenerator>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,6 +17,8 @@ namespace nookle {
 namespace {
 
 namespace fs = std::filesystem;
+
+inline constexpr auto* unfinishedPrefix = ".unfinished-";
 
 [[nodiscard]] std::optional<Failure> failure(const std::error_code& error)
 {
@@ -71,12 +73,20 @@ namespace fs = std::filesystem;
     return {};
 }
 
-/// Writes the file and waits until it has reached the disk; what a crash left in its place is overwritten. Qt's own
-/// writer does not tell when that fails, and would go on to replace a good file with a bad one.
+/// A file in the folder that nobody else writes. Short, whatever the file is called that it will become.
+[[nodiscard]] fs::path unfinishedFile(const fs::path& folder)
+{
+    constexpr int hexadecimal = 16;
+    const QByteArray number = QByteArray::number(QRandomGenerator::system()->generate64(), hexadecimal);
+    return folder / QByteArray(unfinishedPrefix + number).toStdString();
+}
+
+/// Writes the file and waits until it has reached the disk. Qt's own writer does not tell when that fails, and would go
+/// on to replace a good file with a bad one.
 [[nodiscard]] std::error_code writeNewFile(const fs::path& path, const QByteArray& bytes, mode_t permissions)
 {
     const int descriptor =
-        ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
+        ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (descriptor < 0)
         return lastError();
     std::error_code error = writeAll(descriptor, bytes);
@@ -89,13 +99,14 @@ namespace fs = std::filesystem;
     return error;
 }
 
-/// Where a file is written that a link may stand for, whether or not it exists.
-[[nodiscard]] fs::path behindLinks(const fs::path& path)
+/// Where a file is written that a link may stand for, whether or not it exists. No path for links that lead nowhere.
+[[nodiscard]] fs::path behindLinks(const fs::path& path, std::error_code& error)
 {
-    std::error_code error;
-    if (!fs::is_symlink(path, error))
+    std::error_code ignored;
+    if (!fs::is_symlink(path, ignored))
         return path;
-    return fs::weakly_canonical(path.parent_path() / fs::read_symlink(path, error), error);
+    const fs::path target = fs::read_symlink(path, error);
+    return error ? fs::path() : fs::weakly_canonical(path.parent_path() / target, error);
 }
 
 /// Those of the file that is to be replaced; a new one is for the user alone.
@@ -121,10 +132,22 @@ namespace fs = std::filesystem;
     return error ? error : flush(to);
 }
 
+/// Waits until the names in the folder have reached the disk, and the folder's own, which may be new.
+[[nodiscard]] std::error_code flushNames(const fs::path& folder)
+{
+    for (const fs::path& path : { folder, folder.parent_path() }) {
+        const std::error_code error = flush(path);
+        // Some file systems cannot do that for folders.
+        if (error && error != std::errc::invalid_argument)
+            return error;
+    }
+    return {};
+}
+
 [[nodiscard]] std::error_code moveAcrossFileSystems(const fs::path& from, const fs::path& to)
 {
     // Under another name first: a copy that was cut short must never be taken for the file.
-    const fs::path unfinished = to.parent_path() / ".unfinished";
+    const fs::path unfinished = unfinishedFile(to.parent_path());
     std::error_code error = copyFile(from, unfinished);
     if (!error)
         fs::rename(unfinished, to, error);
@@ -133,10 +156,19 @@ namespace fs = std::filesystem;
         fs::remove(unfinished, ignored);
         return error;
     }
-    fs::remove(from, error);
+    error = flushNames(to.parent_path());
+    if (!error)
+        fs::remove(from, error);
     if (error)
         fs::remove(to, ignored);
     return error;
+}
+
+[[nodiscard]] bool isOldUnfinishedFile(const fs::path& path, const QDateTime& time)
+{
+    struct stat status {};
+    return path.filename().native().rfind(unfinishedPrefix, 0) == 0 && ::lstat(path.c_str(), &status) == 0
+        && S_ISREG(status.st_mode) && status.st_uid == ::geteuid() && status.st_mtim.tv_sec < time.toSecsSinceEpoch();
 }
 
 } // namespace
@@ -148,10 +180,12 @@ std::optional<Failure> makeFolder(const QByteArray& path)
 
 std::optional<Failure> writeAtomically(const QByteArray& path, const QByteArray& bytes)
 {
-    const fs::path target = behindLinks(path.toStdString());
-    fs::path unfinished = target;
-    unfinished += ".unfinished";
-    std::error_code error = writeNewFile(unfinished, bytes, permissionsFor(target));
+    std::error_code error;
+    const fs::path target = behindLinks(path.toStdString(), error);
+    if (error)
+        return failure(error);
+    const fs::path unfinished = unfinishedFile(target.parent_path());
+    error = writeNewFile(unfinished, bytes, permissionsFor(target));
     if (!error)
         fs::rename(unfinished, target, error);
     std::error_code ignored;
@@ -169,6 +203,37 @@ std::optional<Failure> moveFile(const QByteArray& from, const QByteArray& to)
     if (error == std::errc::cross_device_link)
         error = moveAcrossFileSystems(from.toStdString(), to.toStdString());
     return failure(error);
+}
+
+std::optional<QList<QByteArray>> entriesOf(const QByteArray& folder)
+{
+    QList<QByteArray> names;
+    std::error_code error;
+    // Its own increment throws.
+    for (fs::directory_iterator entry(folder.toStdString(), error), end; !error && entry != end; entry.increment(error))
+        names.append(QByteArray::fromStdString(entry->path().filename().native()));
+    if (error && error != std::errc::no_such_file_or_directory)
+        return {};
+    return names;
+}
+
+void keepPrivate(const QByteArray& folder)
+{
+    struct stat status {};
+    constexpr mode_t others = S_IRWXG | S_IRWXO;
+    const bool isOwn = ::stat(folder.constData(), &status) == 0 && status.st_uid == ::geteuid();
+    if (isOwn && S_ISDIR(status.st_mode) && (status.st_mode & others) != 0)
+        static_cast<void>(::chmod(folder.constData(), status.st_mode & S_IRWXU));
+}
+
+void removeUnfinished(const QByteArray& folder, const QDateTime& unchangedSince)
+{
+    for (const QByteArray& name : entriesOf(folder).value_or(QList<QByteArray>())) {
+        const fs::path path = QByteArray(folder + '/' + name).toStdString();
+        std::error_code ignored;
+        if (isOldUnfinishedFile(path, unchangedSince))
+            fs::remove(path, ignored);
+    }
 }
 
 } // namespace nookle

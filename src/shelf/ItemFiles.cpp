@@ -5,6 +5,7 @@
 #include "UuidText.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <string>
@@ -29,9 +30,15 @@ namespace {
     return status.st_mtim.tv_sec;
 }
 
+[[nodiscard]] bool isLink(const QUrl& url)
+{
+    struct stat status {};
+    return ::lstat(filePath(url).constData(), &status) == 0 && S_ISLNK(status.st_mode);
+}
+
 [[nodiscard]] Failure unusableName(const QString& name)
 {
-    return { QStringLiteral("no usable file name: \"%1\"").arg(name) };
+    return { QStringLiteral("no usable file name, or a link for a folder: \"%1\"").arg(name) };
 }
 
 } // namespace
@@ -57,9 +64,14 @@ QUrl ItemFiles::folder(const QUuid& id) const
     return child(m_directory, uuidText(id));
 }
 
+bool ItemFiles::leadsElsewhere(const QUuid& id) const
+{
+    return isLink(m_directory) || isLink(folder(id));
+}
+
 std::optional<QUrl> ItemFiles::file(const QUuid& id, const QString& name) const
 {
-    if (!isPlainFileName(name))
+    if (!isPlainFileName(name) || leadsElsewhere(id))
         return {};
     return child(folder(id), name);
 }
@@ -93,33 +105,49 @@ std::optional<Failure> ItemFiles::write(const QByteArray& bytes, const QUuid& id
     return writeAtomically(filePath(*destination), bytes);
 }
 
-QList<QUuid> ItemFiles::foldersUnchangedSince(const QDateTime& time) const
+std::optional<QList<QUuid>> ItemFiles::folders() const
 {
+    const auto names = isLink(m_directory) ? std::nullopt : entriesOf(filePath(m_directory));
+    if (!names)
+        return {};
     QList<QUuid> ids;
-    std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator(filePath(m_directory).toStdString(), ignored)) {
-        const QString name = QString::fromStdString(entry.path().filename().string());
-        const std::optional<QUuid> id = uuidFromText(name);
-        const std::optional<qint64> changed = folderTime(entry.path().string());
-        if (id && uuidText(*id) == name && changed && *changed < time.toSecsSinceEpoch())
+    for (const QByteArray& name : *names) {
+        const std::optional<QUuid> id = uuidFromText(QString::fromUtf8(name));
+        if (id && uuidText(*id).toUtf8() == name)
             ids.append(*id);
     }
     return ids;
 }
 
-QList<QUrl> ItemFiles::contents(const QUuid& id) const
+bool ItemFiles::isUnchangedSince(const QUuid& id, const QDateTime& time) const
 {
+    const std::optional<qint64> changed = folderTime(filePath(folder(id)).toStdString());
+    return changed && *changed < time.toSecsSinceEpoch();
+}
+
+std::optional<QList<QUrl>> ItemFiles::contents(const QUuid& id) const
+{
+    const auto names = leadsElsewhere(id) ? std::nullopt : entriesOf(filePath(folder(id)));
+    if (!names)
+        return {};
     QList<QUrl> urls;
-    std::error_code ignored;
-    for (const auto& entry : std::filesystem::directory_iterator(filePath(folder(id)).toStdString(), ignored))
-        urls.append(fileUrl(QByteArray::fromStdString(entry.path().string())));
+    for (const QByteArray& name : *names)
+        urls.append(fileUrl(filePath(folder(id)) + '/' + name));
     return urls;
 }
 
 void ItemFiles::removeFolder(const QUuid& id) const
 {
+    // A link in the folder's place goes, and nothing behind it.
     std::error_code ignored;
-    std::filesystem::remove_all(filePath(folder(id)).toStdString(), ignored);
+    if (!isLink(m_directory))
+        std::filesystem::remove_all(filePath(folder(id)).toStdString(), ignored);
+}
+
+void ItemFiles::removeEmptyFolder(const QUuid& id) const
+{
+    if (!leadsElsewhere(id))
+        static_cast<void>(::rmdir(filePath(folder(id)).constData()));
 }
 
 } // namespace nookle

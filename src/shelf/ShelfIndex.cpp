@@ -8,6 +8,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+#include <numeric>
 #include <utility>
 
 namespace nookle {
@@ -32,26 +34,83 @@ constexpr QLatin1String hasIconKey("hasIcon");
 constexpr QLatin1String imageKey("image");
 constexpr QLatin1String fileNameKey("fileName");
 
-/// A text in quotes, escaped as JSON demands.
-[[nodiscard]] QByteArray quoted(const QString& text)
+/// Collects bytes.
+class Bytes {
+public:
+    void reserve(qsizetype size) { m_bytes.reserve(size); }
+    void append(char byte) { m_bytes += byte; }
+    void append(QByteArrayView bytes) { m_bytes += bytes; }
+    [[nodiscard]] QByteArray take() { return std::move(m_bytes); }
+
+private:
+    QByteArray m_bytes;
+};
+
+/// Counts bytes.
+class ByteCount {
+public:
+    void reserve(qsizetype /*size*/) {}
+    void append(char /*byte*/) { ++m_count; }
+    void append(QByteArrayView bytes) { m_count += bytes.size(); }
+    [[nodiscard]] qsizetype take() const { return m_count; }
+
+private:
+    qsizetype m_count = 0;
+};
+
+/// Whether JSON takes the character as it is, and it is one by itself.
+[[nodiscard]] bool isPlain(QChar character)
 {
-    const QByteArray list = QJsonDocument(QJsonArray{ text }).toJson(QJsonDocument::Compact);
-    return list.mid(1, list.size() - 2);
+    constexpr char16_t firstPrintable = 0x20;
+    return character.unicode() >= firstPrintable && character != QLatin1Char('"') && character != QLatin1Char('\\')
+        && !character.isSurrogate();
+}
+
+/// The character, or half of one, as an escape of JSON.
+[[nodiscard]] QByteArray escaped(QChar character)
+{
+    switch (character.unicode()) {
+    case '"':
+        return QByteArrayLiteral("\\\"");
+    case '\\':
+        return QByteArrayLiteral("\\\\");
+    case '\b':
+        return QByteArrayLiteral("\\b");
+    case '\f':
+        return QByteArrayLiteral("\\f");
+    case '\n':
+        return QByteArrayLiteral("\\n");
+    case '\r':
+        return QByteArrayLiteral("\\r");
+    case '\t':
+        return QByteArrayLiteral("\\t");
+    default:
+        return "\\u" + QByteArray::number(character.unicode(), 16).rightJustified(4, '0');
+    }
+}
+
+/// The length of the longest beginning of a text that JSON takes as it is.
+[[nodiscard]] qsizetype plainLength(QStringView text)
+{
+    // Long texts are written in pieces, so as not to need as much memory again.
+    constexpr qsizetype longestPiece = 1 << 16;
+    const QStringView piece = text.left(longestPiece);
+    return std::find_if_not(piece.begin(), piece.end(), isPlain) - piece.begin();
 }
 
 /// Writes one document, a member a line. Thousands of items are written at once, and handing them to a general writer
 /// would copy each of them several times. The caller gives the members in ascending order of their keys.
-class Writer {
+template <typename Output> class Writer {
 public:
     explicit Writer(qsizetype itemCount)
     {
         constexpr qsizetype usualSize = 600;
-        m_bytes.reserve(itemCount * usualSize);
+        m_output.reserve(itemCount * usualSize);
     }
 
     void begin(char bracket)
     {
-        m_bytes += bracket;
+        m_output.append(bracket);
         ++m_depth;
         m_isFirst = true;
     }
@@ -60,14 +119,14 @@ public:
     {
         --m_depth;
         newLine();
-        m_bytes += bracket;
+        m_output.append(bracket);
         m_isFirst = false;
     }
 
     void element()
     {
         if (!m_isFirst)
-            m_bytes += ',';
+            m_output.append(',');
         newLine();
         m_isFirst = false;
     }
@@ -75,9 +134,9 @@ public:
     void key(QLatin1String key)
     {
         element();
-        m_bytes += '"';
-        m_bytes.append(key.data(), key.size());
-        m_bytes += "\": ";
+        m_output.append('"');
+        m_output.append(QByteArrayView(key.data(), key.size()));
+        m_output.append(QByteArrayView("\": "));
     }
 
     void beginObject(QLatin1String key)
@@ -87,44 +146,65 @@ public:
     }
 
     void member(QLatin1String key, bool value) { json(key, value ? "true" : "false"); }
-    void member(QLatin1String key, const QString& text) { json(key, quoted(text)); }
+    void member(QLatin1String key, const QString& text)
+    {
+        this->key(key);
+        m_output.append('"');
+        append(text);
+        m_output.append('"');
+    }
 
     /// For a value that is JSON already.
     void json(QLatin1String key, QByteArrayView value)
     {
         this->key(key);
-        m_bytes += value;
+        m_output.append(value);
     }
 
     /// For a value that needs no escaping.
     void plain(QLatin1String key, QByteArrayView value)
     {
         this->key(key);
-        m_bytes += '"';
-        m_bytes += value;
-        m_bytes += '"';
+        m_output.append('"');
+        m_output.append(value);
+        m_output.append('"');
     }
 
-    [[nodiscard]] QByteArray takeBytes()
+    [[nodiscard]] auto take()
     {
-        m_bytes += '\n';
-        return std::move(m_bytes);
+        m_output.append('\n');
+        return m_output.take();
     }
 
 private:
     void newLine()
     {
         constexpr qsizetype indentation = 4;
-        m_bytes += '\n';
-        m_bytes.append(m_depth * indentation, ' ');
+        constexpr QByteArrayView indentations("                        ");
+        m_output.append('\n');
+        m_output.append(indentations.first(m_depth * indentation));
     }
 
-    QByteArray m_bytes;
+    void append(QStringView text)
+    {
+        while (!text.isEmpty()) {
+            qsizetype length = plainLength(text);
+            if (length == 0 && text.size() > 1 && text[0].isHighSurrogate() && text[1].isLowSurrogate())
+                length = 2;
+            if (length > 0)
+                m_output.append(text.left(length).toUtf8());
+            else
+                m_output.append(escaped(text[length++]));
+            text = text.mid(length);
+        }
+    }
+
+    Output m_output;
     qsizetype m_depth = 0;
     bool m_isFirst = true;
 };
 
-void write(Writer& writer, const ShelfItem::Content& content)
+template <typename Output> void write(Writer<Output>& writer, const ShelfItem::Content& content)
 {
     std::visit(overloaded{
                    [&](const FileContent& file) {
@@ -152,7 +232,7 @@ void write(Writer& writer, const ShelfItem::Content& content)
     writer.end('}');
 }
 
-void write(Writer& writer, const ShelfItem& item)
+template <typename Output> void write(Writer<Output>& writer, const ShelfItem& item)
 {
     writer.element();
     writer.begin('{');
@@ -163,6 +243,38 @@ void write(Writer& writer, const ShelfItem& item)
     writer.plain(idKey, uuidText(item.id).toLatin1());
     writer.member(pinnedKey, item.pinned);
     writer.end('}');
+}
+
+template <typename Output> [[nodiscard]] auto written(const ShelfIndex& index)
+{
+    Writer<Output> writer(index.items.size());
+    writer.begin('{');
+    writer.key(itemsKey);
+    writer.begin('[');
+    for (const ShelfItem& item : index.items)
+        write(writer, item);
+    writer.end(']');
+    writer.json(versionKey, QByteArray::number(index.version));
+    writer.end('}');
+    return writer.take();
+}
+
+/// What an item takes at most, without a look into its texts.
+[[nodiscard]] qsizetype largestSizeOf(const ShelfItem& item)
+{
+    constexpr qsizetype restSize = 500;
+    constexpr qsizetype escapedSize = 6;
+    const qsizetype textSize =
+        std::visit(overloaded{
+                       [](const FileContent& file) { return file.name.size() + file.bookmark.size(); },
+                       [](const TextContent& text) { return text.text.size(); },
+                       [](const LinkContent& link) {
+                           return link.url.absoluteString().size() + link.title.value_or(QString()).size();
+                       },
+                       [](const ImageContent& image) { return image.fileName.size(); },
+                   },
+                   item.content);
+    return restSize + escapedSize * textSize;
 }
 
 /// Reads one document. The first thing that is wrong ends up in `failure`, and every reading function that met
@@ -345,16 +457,19 @@ private:
 
 QByteArray ShelfIndex::encode() const
 {
-    Writer writer(items.size());
-    writer.begin('{');
-    writer.key(itemsKey);
-    writer.begin('[');
-    for (const ShelfItem& item : items)
-        write(writer, item);
-    writer.end(']');
-    writer.json(versionKey, QByteArray::number(version));
-    writer.end('}');
-    return writer.takeBytes();
+    return written<Bytes>(*this);
+}
+
+qsizetype ShelfIndex::encodedSize() const
+{
+    return written<ByteCount>(*this);
+}
+
+qsizetype ShelfIndex::upperBound(const QList<ShelfItem>& items)
+{
+    constexpr qsizetype frame = 100;
+    return std::accumulate(items.begin(), items.end(), frame,
+                           [](qsizetype sum, const ShelfItem& item) { return sum + largestSizeOf(item); });
 }
 
 std::variant<ShelfIndex, Failure> ShelfIndex::decode(const QByteArray& bytes)

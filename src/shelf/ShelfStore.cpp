@@ -55,7 +55,7 @@ void ShelfStore::addFiles(const QList<QUrl>& urls)
     auto bookmark = bookmarks.begin();
     QList<ShelfItem> top;
     top.reserve(urls.size() + m_items.size());
-    bool hasNewFiles = false;
+    QList<ShelfItem> newItems;
     for (Addition& addition : additions) {
         if (addition.known) {
             addition.known->createdAt = now();
@@ -63,8 +63,12 @@ void ShelfStore::addFiles(const QList<QUrl>& urls)
         } else if (const auto& made = *bookmark++) {
             top.append(makeItem(FileContent{ *made, lastPathComponent(addition.path) }));
             m_fileUrls.insert(top.constLast().id, addition.url, addition.path);
-            hasNewFiles = true;
+            newItems.append(top.constLast());
         }
+    }
+    if (!newItems.isEmpty() && !hasRoomFor(newItems)) {
+        forgetFiles(newItems);
+        return;
     }
     if (top.isEmpty())
         return;
@@ -72,9 +76,19 @@ void ShelfStore::addFiles(const QList<QUrl>& urls)
     top.append(std::move(m_items));
     m_items = std::move(top);
     scheduleSave();
-    if (hasNewFiles)
+    if (!newItems.isEmpty())
         Q_EMIT fileURLsChanged();
     Q_EMIT itemsChanged();
+}
+
+void ShelfStore::forgetFiles(const QList<ShelfItem>& items)
+{
+    QSet<QByteArray> bookmarks;
+    for (const ShelfItem& item : items) {
+        m_fileUrls.remove(item.id);
+        bookmarks.insert(std::get<FileContent>(item.content).bookmark);
+    }
+    releaseUnused(bookmarks);
 }
 
 void ShelfStore::addText(const QString& text)
@@ -88,10 +102,14 @@ void ShelfStore::addText(const QString& text)
     const ShelfItem::Content content = TextContent{ text };
     const auto same =
         std::find_if(m_items.cbegin(), m_items.cend(), [&](const ShelfItem& item) { return item.content == content; });
-    if (same != m_items.cend())
+    if (same != m_items.cend()) {
         moveToTop(same - m_items.cbegin());
-    else
-        m_items.prepend(makeItem(content));
+    } else {
+        const ShelfItem item = makeItem(content);
+        if (!hasRoomFor({ item }))
+            return;
+        m_items.prepend(item);
+    }
     scheduleSave();
     Q_EMIT itemsChanged();
 }
@@ -105,7 +123,10 @@ void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title
     if (same != m_items.cend()) {
         moveToTop(same - m_items.cbegin());
     } else {
-        m_items.prepend(makeItem(LinkContent{ url, title, false }));
+        const ShelfItem item = makeItem(LinkContent{ url, title, false });
+        if (!hasRoomFor({ item }))
+            return;
+        m_items.prepend(item);
         if (m_environment.fetchesLinkMetadata)
             fetchLinkMetadata(m_items.constFirst().id, url.url());
     }
@@ -117,8 +138,14 @@ void ShelfStore::addImage(const QUrl& movingFrom)
 {
     const QString fileName = ItemFiles::storedName(movingFrom);
     const ShelfItem item = makeItem(ImageContent{ fileName });
-    if (const std::optional<Failure> failure = m_itemFiles.takeOver(movingFrom, item.id, fileName)) {
+    if (!hasRoomFor({ item }))
+        return;
+    std::optional<Failure> failure = ensureIndex();
+    if (!failure)
+        failure = m_itemFiles.takeOver(movingFrom, item.id, fileName);
+    if (failure) {
         logLine(QStringLiteral("could not take over image: ") + failure->description);
+        Q_EMIT additionFailed(tr("The image could not be added to the shelf: %1").arg(failure->description));
         return;
     }
     m_items.prepend(item);

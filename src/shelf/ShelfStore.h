@@ -2,6 +2,8 @@
 
 #include "Failure.h"
 #include "FileUrls.h"
+#include "IndexFile.h"
+#include "IndexWriter.h"
 #include "ItemFiles.h"
 #include "LinkMetadataService.h"
 #include "MainQueue.h"
@@ -39,6 +41,11 @@ public:
         /// Must be set: moves the file at a URL to the Trash.
         std::function<std::optional<Failure>(const QUrl&)> moveToTrash;
         bool fetchesLinkMetadata = true;
+        /// Keeps other programs away from the data folder, which exists by then. Called before each save: the folder
+        /// may be another one than before. After a failure nothing is saved.
+        std::function<std::optional<Failure>()> claimFolder = [] { return std::optional<Failure>(); };
+        /// In bytes. What would make the index larger is not added.
+        qsizetype largestIndex = ShelfIndex::largestSize;
     };
 
     /// Reads the shelf that is kept in the folder `directory`. Neither the folder nor anything in it need exist, and
@@ -63,8 +70,8 @@ public:
     /// Adds a link and looks its page up. A link that is on the shelf moves to the top and keeps its title.
     void addLink(const LinkUrl& url, const std::optional<QString>& title);
 
-    /// Moves an image file into the shelf's own folder and adds it. If that fails it is logged, and the file stays
-    /// where it was.
+    /// Moves an image file into the shelf's own folder and adds it. If that fails it is logged and told, and the file
+    /// stays where it was.
     void addImage(const QUrl& movingFrom);
 
     void togglePinned(QUuid id);
@@ -91,11 +98,12 @@ public:
     /// Looks where the referenced files are now, and takes over their new places and names.
     void refreshFiles();
 
-    /// Clears away the folders of items that are not on the shelf, as a crash may leave them, once nothing in them has
-    /// changed for a day. Images go to the Trash. Does nothing while there is an index that could not be read.
+    /// Clears away what a crash may leave, once it has not changed for a day: files half written, and the folders of
+    /// items that are not on the shelf, whose content goes to the Trash. Folders stay while an index that was lost or
+    /// could not be read may name them.
     void removeOrphans();
 
-    /// Writes the index at once, in place of a pending save. A failure is logged.
+    /// Writes the index at once, in place of a pending save, and waits until that is done. A failure is logged.
     void saveNow();
 
 Q_SIGNALS:
@@ -103,13 +111,21 @@ Q_SIGNALS:
     void itemsChanged();
     void fileURLsChanged();
 
+    /// Something was not added. `reason` is for the user.
+    void additionFailed(const QString& reason);
+
 private:
-    void load();
-    void setAsideIndex(const Failure& reason) const;
     void removeOrphan(const QUuid& id) const;
+    [[nodiscard]] QSet<QUuid> ids() const;
     void scheduleSave();
-    [[nodiscard]] QByteArray indexPath() const;
-    [[nodiscard]] QByteArray setAsidePath() const;
+    enum class Wait { untilDone, whileShort };
+    void save(Wait wait);
+    [[nodiscard]] std::optional<Failure> prepareToSave();
+    void logSavingFailure(const Failure& failure) const;
+    /// Folders of items beside no index look like those of a lost one.
+    [[nodiscard]] std::optional<Failure> ensureIndex();
+    /// Whether the index can take the items too; says so if not.
+    [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
     [[nodiscard]] FileContent refreshed(const FileContent& file, const ResolvedFile& resolved) const;
 
     [[nodiscard]] QDateTime now() const;
@@ -117,6 +133,8 @@ private:
     [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
     void moveToTop(qsizetype index);
     void removeAll(const QSet<QUuid>& ids);
+    /// Undoes what was noted of files that do not come to the shelf after all.
+    void forgetFiles(const QList<ShelfItem>& items);
     void moveImageToTrash(const ShelfItem& item) const;
     /// Releases those bookmarks that no item holds any more.
     void releaseUnused(QSet<QByteArray> bookmarks) const;
@@ -128,14 +146,16 @@ private:
 
     QList<ShelfItem> m_items;
     FileUrls m_fileUrls;
-    bool m_hasReadIndex = false;
     Environment m_environment;
     QUrl m_directory;
+    IndexFile m_index;
     ItemFiles m_itemFiles;
     FileReferences& m_fileReferences;
     const Trash& m_trash;
     LinkMetadataService& m_linkMetadata;
     MainQueue& m_queue;
+    IndexWriter m_indexWriter;
+    bool m_isSavingOff = false;
     std::unique_ptr<DelayedTask> m_pendingSave;
     /// The lookups under way.
     std::map<QUuid, std::unique_ptr<LinkMetadataRequest>> m_metadataProviders;

@@ -49,7 +49,10 @@ void ShelfStore::saveIcon(const QByteArray& png, QUuid id)
 {
     if (indexOf(id) < 0)
         return;
-    if (const std::optional<Failure> failure = m_itemFiles.write(png, id, iconFileName())) {
+    std::optional<Failure> failure = ensureIndex();
+    if (!failure)
+        failure = m_itemFiles.write(png, id, iconFileName());
+    if (failure) {
         logLine(QStringLiteral("could not save favicon: ") + failure->description);
         return;
     }

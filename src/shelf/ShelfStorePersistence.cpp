@@ -4,14 +4,9 @@
 #include "FileReferences.h"
 #include "FileUrl.h"
 #include "Log.h"
-#include "Overloaded.h"
-#include "ShelfIndex.h"
 #include "Trash.h"
 
-#include <QFile>
-
-#include <filesystem>
-#include <system_error>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -23,8 +18,14 @@ constexpr double saveDelay = 0.3;
 
 constexpr qint64 orphanAgeInDays = 1;
 
-/// No shelf grows this large; reading a damaged file without a limit could exhaust the memory.
-constexpr qint64 largestIndex = 1'000'000'000;
+/// In bytes. Encoding and writing so much takes no time that anybody notices.
+constexpr qsizetype quickIndex = 4 << 20;
+
+/// For one index. Longer than the largest one takes on a slow disk.
+constexpr std::chrono::seconds savingPatience(60);
+
+/// What is on the shelf may grow a little, and must still be saved.
+constexpr qsizetype growthShare = 20;
 
 } // namespace
 
@@ -32,103 +33,131 @@ ShelfStore::ShelfStore(const QUrl& directory, Environment environment, FileRefer
                        const Trash& trash, LinkMetadataService& linkMetadata, MainQueue& queue)
     : m_environment(std::move(environment))
     , m_directory(directory)
+    , m_index(filePath(directory), m_environment.largestIndex)
     , m_itemFiles(child(directory, QStringLiteral("Files")))
     , m_fileReferences(fileReferences)
     , m_trash(trash)
     , m_linkMetadata(linkMetadata)
     , m_queue(queue)
+    , m_indexWriter(
+          [path = m_index.path(), largest = m_environment.largestIndex](const ShelfIndex& index) {
+              const QByteArray bytes = index.encode();
+              if (bytes.size() > largest)
+                  return std::optional(Failure{ QStringLiteral("larger than %1 bytes").arg(largest) });
+              return writeAtomically(path, bytes);
+          },
+          queue, savingPatience)
 {
-    load();
+    keepPrivate(filePath(m_directory));
+    m_indexWriter.onFailed = [this](const Failure& failure) { logSavingFailure(failure); };
+    m_items = m_index.load();
     refreshFiles();
 }
 
 ShelfStore::~ShelfStore() = default;
 
-QByteArray ShelfStore::indexPath() const
+QSet<QUuid> ShelfStore::ids() const
 {
-    return filePath(child(m_directory, QStringLiteral("index.json")));
-}
-
-QByteArray ShelfStore::setAsidePath() const
-{
-    return filePath(child(m_directory, QStringLiteral("index.corrupt.json")));
-}
-
-void ShelfStore::load()
-{
-    const QByteArray path = indexPath();
-    // Opening a pipe would wait for its other end, and reading a device might never end.
-    std::error_code ignored;
-    if (!std::filesystem::is_regular_file(path.toStdString(), ignored))
-        return;
-    QFile file(QFile::decodeName(path));
-    if (!file.open(QIODevice::ReadOnly))
-        return;
-    if (file.size() > largestIndex) {
-        setAsideIndex({ QStringLiteral("larger than %1 bytes").arg(largestIndex) });
-        return;
-    }
-    const QByteArray bytes = file.readAll();
-    if (file.error() != QFile::NoError)
-        return;
-    std::visit(overloaded{
-                   [this](ShelfIndex&& index) {
-                       m_items = std::move(index.items);
-                       m_hasReadIndex = true;
-                   },
-                   [this](Failure&& failure) { setAsideIndex(failure); },
-               },
-               ShelfIndex::decode(bytes));
-}
-
-void ShelfStore::setAsideIndex(const Failure& reason) const
-{
-    const QByteArray asidePath = setAsidePath();
-    std::error_code ignored;
-    std::filesystem::remove_all(asidePath.toStdString(), ignored);
-    std::filesystem::rename(indexPath().toStdString(), asidePath.toStdString(), ignored);
-    logLine(QStringLiteral("index unreadable, moved to ") + QFile::decodeName(asidePath) + QStringLiteral(": ")
-            + reason.description);
+    QSet<QUuid> ids;
+    for (const ShelfItem& item : m_items)
+        ids.insert(item.id);
+    return ids;
 }
 
 void ShelfStore::removeOrphans()
 {
-    std::error_code ignored;
-    if (!m_hasReadIndex || std::filesystem::exists(setAsidePath().toStdString(), ignored))
+    const QDateTime time = now().addDays(-orphanAgeInDays);
+    removeUnfinished(filePath(m_directory), time);
+    const auto folders = m_itemFiles.folders();
+    if (!folders)
         return;
-    QSet<QUuid> owners;
-    for (const ShelfItem& item : std::as_const(m_items))
-        owners.insert(item.id);
-    for (const QUuid& id : m_itemFiles.foldersUnchangedSince(now().addDays(-orphanAgeInDays))) {
-        if (!owners.contains(id))
+    const QSet<QUuid> orphans = QSet<QUuid>(folders->begin(), folders->end()).subtract(ids());
+    if (orphans.isEmpty())
+        m_index.forgetLostIndex();
+    if (!m_index.namesEveryItem())
+        return;
+    for (const QUuid& id : orphans) {
+        if (m_itemFiles.isUnchangedSince(id, time))
             removeOrphan(id);
     }
 }
 
 void ShelfStore::removeOrphan(const QUuid& id) const
 {
-    for (const QUrl& file : m_itemFiles.contents(id)) {
-        const bool isImage = lastPathComponent(file) != iconFileName();
-        if (isImage && m_environment.moveToTrash(file))
+    // A favicon looks like any other image of that name.
+    for (const QUrl& file : m_itemFiles.contents(id).value_or(QList<QUrl>())) {
+        if (m_environment.moveToTrash(file))
             return;
     }
-    m_itemFiles.removeFolder(id);
+    m_itemFiles.removeEmptyFolder(id);
+}
+
+bool ShelfStore::hasRoomFor(const QList<ShelfItem>& additions)
+{
+    const qsizetype largest = m_environment.largestIndex - m_environment.largestIndex / growthShare;
+    // Thousands of additions may follow one another: the texts are looked into only where that could matter.
+    if (ShelfIndex::upperBound(m_items) + ShelfIndex::upperBound(additions) <= largest)
+        return true;
+    if (ShelfIndex{ .items = m_items + additions }.encodedSize() <= largest)
+        return true;
+    logLine(QStringLiteral("not added: the index would be larger than %1 bytes").arg(largest));
+    Q_EMIT additionFailed(tr("The shelf is full. Remove something large and try again."));
+    return false;
 }
 
 void ShelfStore::scheduleSave()
 {
     m_pendingSave.reset();
-    m_pendingSave = m_queue.after(saveDelay, [this] { saveNow(); });
+    m_pendingSave = m_queue.after(saveDelay, [this] { save(Wait::whileShort); });
 }
 
 void ShelfStore::saveNow()
 {
+    save(Wait::untilDone);
+}
+
+void ShelfStore::save(Wait wait)
+{
     m_pendingSave.reset();
-    std::optional<Failure> failure = makeFolder(filePath(m_directory));
-    if (!failure)
-        failure = writeAtomically(indexPath(), ShelfIndex{ .items = m_items }.encode());
+    std::optional<Failure> failure = prepareToSave();
+    if (!failure) {
+        const bool isShort = !m_indexWriter.isBusy() && ShelfIndex::upperBound(m_items) <= quickIndex;
+        m_indexWriter.write({ .items = m_items });
+        if (isShort || wait == Wait::untilDone)
+            failure = m_indexWriter.finish();
+    }
     if (failure)
-        logLine(QStringLiteral("saving failed: ") + failure->description);
+        logSavingFailure(*failure);
+}
+
+std::optional<Failure> ShelfStore::prepareToSave()
+{
+    if (std::optional<Failure> failure = makeFolder(filePath(m_directory)))
+        return failure;
+    std::optional<Failure> failure = m_environment.claimFolder();
+    if (!failure)
+        failure = m_index.makeWay(m_itemFiles.folders() != QList<QUuid>());
+    const bool wasOff = std::exchange(m_isSavingOff, failure.has_value());
+    if (m_isSavingOff && !wasOff)
+        logLine(QStringLiteral("saving is off: ") + failure->description);
+    return failure;
+}
+
+void ShelfStore::logSavingFailure(const Failure& failure) const
+{
+    // One line is enough to say that saving is off.
+    if (!m_isSavingOff)
+        logLine(QStringLiteral("saving failed: ") + failure.description);
+}
+
+std::optional<Failure> ShelfStore::ensureIndex()
+{
+    if (m_index.isWritten())
+        return {};
+    if (std::optional<Failure> failure = prepareToSave())
+        return failure;
+    m_indexWriter.write({ .items = m_items });
+    return m_indexWriter.finish();
 }
 
 std::optional<QUrl> ShelfStore::localURL(const ShelfItem& item) const

@@ -1,6 +1,7 @@
 // Makes calls of the program that it is loaded into fail below one folder. FAULT_FOLDER names the folder, FAULT_CALL
 // the call, FAULT_ERROR the number of the error. The fault lasts until the file that FAULT_UNTIL names exists.
 
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -56,7 +57,7 @@ template <typename Function> Function* original(const char* name)
 
 int openWith(const char* name, const char* path, int flags, mode_t mode)
 {
-    if ((flags & O_CREAT) != 0 && fails("open", path))
+    if (fails((flags & O_CREAT) != 0 ? "open" : "open to read", path))
         return -1;
     return original<int(const char*, int, ...)>(name)(path, flags, mode);
 }
@@ -99,9 +100,26 @@ int fchmod(int descriptor, mode_t mode)
     return fails("fchmod", descriptor) ? -1 : original<int(int, mode_t)>("fchmod")(descriptor, mode);
 }
 
+ssize_t read(int descriptor, void* bytes, size_t size)
+{
+    return fails("read", descriptor) ? -1 : original<ssize_t(int, void*, size_t)>("read")(descriptor, bytes, size);
+}
+
 int fsync(int descriptor)
 {
-    return fails("fsync", descriptor) ? -1 : original<int(int)>("fsync")(descriptor);
+    struct stat status {};
+    const bool isFolder = ::fstat(descriptor, &status) == 0 && S_ISDIR(status.st_mode);
+    if (fails("fsync", descriptor) || (isFolder && fails("fsync of a folder", descriptor)))
+        return -1;
+    return original<int(int)>("fsync")(descriptor);
+}
+
+// The first entry still arrives.
+dirent* readdir(DIR* folder)
+{
+    if (::telldir(folder) != 0 && fails("readdir", ::dirfd(folder)))
+        return nullptr;
+    return original<dirent*(DIR*)>("readdir")(folder);
 }
 
 int rename(const char* from, const char* to)

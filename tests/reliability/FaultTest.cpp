@@ -3,8 +3,10 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QProcessEnvironment>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <cerrno>
@@ -27,6 +29,11 @@ private Q_SLOTS:
     void aFileSystemWithoutPermissionsIsWrittenTo();
     void anImageThatCannotBeTakenOverStaysWhereItWas_data();
     void anImageThatCannotBeTakenOverStaysWhereItWas();
+    void anImageFromAnotherVolumeStaysUntilItsCopyIsOnTheDisk();
+    void anIndexThatCannotBeReadIsNotWrittenOver_data();
+    void anIndexThatCannotBeReadIsNotWrittenOver();
+    void anUnreadableIndexThatCannotBeMovedKeepsSavingOff();
+    void foldersThatCannotBeListedAreLeftAlone();
     void aFolderThatVanishesIsMadeAgain();
     void aFolderThatComesBackIsWrittenToAgain();
     void aFullVolumeLosesNothing();
@@ -48,6 +55,8 @@ private:
     std::unique_ptr<TemporaryFolder> m_folder;
     std::unique_ptr<QProcess> m_program;
     bool m_hasVolume = false;
+    /// What of the data folder the fault is in; all of it by default.
+    QByteArray m_faultyPart;
 };
 
 namespace {
@@ -79,6 +88,7 @@ void FaultTest::cleanup()
     }
     m_program.reset();
     m_hasVolume = false;
+    m_faultyPart.clear();
     m_folder.reset();
 }
 
@@ -87,7 +97,7 @@ void FaultTest::start(const QByteArray& call, int error)
     QVERIFY2(qEnvironmentVariableIsSet("NOOKLE_FAULTS"), "run it with ctest, which says what is tested");
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LD_PRELOAD"), qEnvironmentVariable("NOOKLE_FAULTS"));
-    environment.insert(QStringLiteral("FAULT_FOLDER"), QFile::decodeName(m_folder->path("data")));
+    environment.insert(QStringLiteral("FAULT_FOLDER"), QFile::decodeName(m_folder->path("data") + m_faultyPart));
     environment.insert(QStringLiteral("FAULT_CALL"), QString::fromLatin1(call));
     environment.insert(QStringLiteral("FAULT_ERROR"), QString::number(error));
     environment.insert(QStringLiteral("FAULT_UNTIL"), QFile::decodeName(m_folder->path("over")));
@@ -232,6 +242,86 @@ void FaultTest::anImageThatCannotBeTakenOverStaysWhereItWas()
     endFault();
     QCOMPARE(obey("image " + image), 1);
     QVERIFY(!QFile::exists(QFile::decodeName(image)));
+}
+
+void FaultTest::anImageFromAnotherVolumeStaysUntilItsCopyIsOnTheDisk()
+{
+    QTemporaryDir other(QStringLiteral("/dev/shm/nookle-XXXXXX"));
+    const QByteArray image = QFile::encodeName(other.filePath(QStringLiteral("image.png")));
+    const auto writeImage = [&] {
+        QFile file(QFile::decodeName(image));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("pixels") == 6);
+    };
+    writeImage();
+    start("fsync of a folder", EIO);
+    QCOMPARE(obey("image " + image), 0);
+    QVERIFY(QFile::exists(QFile::decodeName(image)));
+    endFault();
+    QCOMPARE(obey("image " + image), 1);
+    QVERIFY(!QFile::exists(QFile::decodeName(image)));
+}
+
+void FaultTest::anIndexThatCannotBeReadIsNotWrittenOver_data()
+{
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("error");
+    QTest::newRow("another user's") << QByteArrayLiteral("open to read") << EACCES;
+    QTest::newRow("the disk fails") << QByteArrayLiteral("open to read") << EIO;
+    QTest::newRow("the disk fails in the file") << QByteArrayLiteral("read") << EIO;
+}
+
+void FaultTest::anIndexThatCannotBeReadIsNotWrittenOver()
+{
+    QFETCH(const QByteArray, call);
+    QFETCH(const int, error);
+    start();
+    QCOMPARE(obey("text first"), 1);
+    const QByteArray before = index();
+    m_program->closeWriteChannel();
+    QVERIFY(m_program->waitForFinished());
+
+    m_faultyPart = "/index.json";
+    start(call, error);
+    QCOMPARE(obey("text second"), 1);
+    QCOMPARE(texts(), QStringList{ QStringLiteral("second") });
+    QFile aside(QFile::decodeName(dataFolder() + "/index.corrupt.json"));
+    QVERIFY(aside.open(QIODevice::ReadOnly));
+    QCOMPARE(aside.readAll(), before);
+    const QByteArray line = log();
+    QVERIFY2(line.contains("Nookle: index unreadable, moved to ") && line.count('\n') == 1, line.constData());
+}
+
+void FaultTest::anUnreadableIndexThatCannotBeMovedKeepsSavingOff()
+{
+    m_folder->makeFolder("data");
+    // Its first byte cannot be read.
+    QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), QFile::decodeName(m_folder->path("data/index.json"))));
+    start("rename", EACCES);
+    QCOMPARE(obey("text first"), 1);
+    const QByteArray line = log();
+    QVERIFY2(line.contains("Nookle: saving is off: ") && line.count('\n') == 1, line.constData());
+    QCOMPARE(obey("text second"), 2);
+    QCOMPARE(log(), QByteArray());
+    QVERIFY(QFileInfo(QFile::decodeName(m_folder->path("data/index.json"))).isSymLink());
+    endFault();
+    QCOMPARE(obey("text third"), 3);
+    QCOMPARE(texts().join(QLatin1Char(' ')), QStringLiteral("third second first"));
+}
+
+void FaultTest::foldersThatCannotBeListedAreLeftAlone()
+{
+    m_folder->makeFolder("data");
+    const QByteArray orphan = "data/Files/1B4E28BA-2FA1-11D2-883F-B9A761BDE3FB";
+    m_folder->makeFolder("data/Files");
+    m_folder->makeFolder(orphan);
+    m_folder->makeFile("data/index.json", ShelfIndex().encode());
+    m_folder->makeFile(orphan + "/image.png", "pixels");
+    start("readdir", EIO);
+    QCOMPARE(obey("sweep"), 0);
+    QVERIFY(QFile::exists(QFile::decodeName(m_folder->path(orphan + "/image.png"))));
+    endFault();
+    QCOMPARE(obey("sweep"), 0);
+    QVERIFY(!QFile::exists(QFile::decodeName(m_folder->path(orphan))));
 }
 
 void FaultTest::aFolderThatVanishesIsMadeAgain()

@@ -55,8 +55,9 @@ private Q_SLOTS:
     void aNewFileIsForTheUserAlone();
     void anExistingFileKeepsItsPermissions();
     void aFailedWriteLeavesTheOldFileAndNothingElse();
-    void whatACrashLeftUnfinishedIsOverwritten();
+    void whatAnotherProgramIsWritingStays();
     void aLinkStaysALink();
+    void aLinkToItselfIsNotWrittenThrough();
     void aFileMovesWithinAFileSystem();
     void aNameThatIsNotUtf8Moves();
     void aFileMovesAcrossFileSystems();
@@ -126,14 +127,32 @@ void DataFilesTest::aFailedWriteLeavesTheOldFileAndNothingElse()
     QCOMPARE(entries(folder.path()).size(), 1);
 }
 
-void DataFilesTest::whatACrashLeftUnfinishedIsOverwritten()
+// Two programs that write the same file must not write into one another's.
+void DataFilesTest::whatAnotherProgramIsWritingStays()
 {
     const QTemporaryDir folder;
     const QString path = folder.filePath(QStringLiteral("file"));
-    QVERIFY(!writeAtomically(QFile::encodeName(path + QStringLiteral(".unfinished")), "a long half of what was"));
+    write(path + QStringLiteral(".unfinished"), "half of what");
+    write(folder.filePath(QStringLiteral(".unfinished")), "half of what");
     QVERIFY(!writeAtomically(QFile::encodeName(path), "bytes"));
     QCOMPARE(contents(path), QByteArray("bytes"));
-    QCOMPARE(entries(folder.path()), QStringList{ QStringLiteral("file") });
+    QCOMPARE(contents(path + QStringLiteral(".unfinished")), QByteArray("half of what"));
+    QCOMPARE(contents(folder.filePath(QStringLiteral(".unfinished"))), QByteArray("half of what"));
+}
+
+void DataFilesTest::aLinkToItselfIsNotWrittenThrough()
+{
+    const QTemporaryDir folder;
+    const QTemporaryDir current;
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(current.path()));
+    write(QStringLiteral(".unfinished"), "mine");
+    QVERIFY(QFile::link(QStringLiteral("file"), folder.filePath(QStringLiteral("file"))));
+    const auto failure = writeAtomically(QFile::encodeName(folder.filePath(QStringLiteral("file"))), "bytes");
+    QCOMPARE(contents(QStringLiteral(".unfinished")), QByteArray("mine"));
+    QVERIFY(QDir::setCurrent(before));
+    QVERIFY(failure);
+    QVERIFY(QFileInfo(folder.filePath(QStringLiteral("file"))).isSymLink());
 }
 
 void DataFilesTest::aLinkStaysALink()

@@ -62,6 +62,8 @@ private Q_SLOTS:
     void theWrittenFormIsPrettyPrintedWithSortedKeys();
     void theWrittenFormIsThatOfAGeneralWriter_data() { anItemReadBackIsTheSame_data(); }
     void theWrittenFormIsThatOfAGeneralWriter();
+    void theSizeIsKnownBefore_data() { anItemReadBackIsTheSame_data(); }
+    void theSizeIsKnownBefore();
     void aLinkWithoutTitleIsWrittenWithoutTheKey();
     void aNullTitleReadsAsNoTitle();
     void unknownKeysAndOtherOrdersAreRead();
@@ -83,6 +85,10 @@ void ShelfIndexTest::anItemReadBackIsTheSame_data()
     QTest::newRow("text") << item(TextContent{ QStringLiteral("a\"\\/\b\f\n\r\t\u0001\u2028\u007f\ufeff") });
     QTest::newRow("text with NUL") << item(TextContent{ QStringLiteral("a") + QChar(u'\0') + QStringLiteral("b") });
     QTest::newRow("text with half a pair") << item(TextContent{ QString(QChar(0xd800)) });
+    QTest::newRow("text with the other half") << item(TextContent{ QChar(0xdc00) + QStringLiteral("a") });
+    QTest::newRow("text with pairs") << item(TextContent{ QStringLiteral("\U0001F600\U0001F601") + QChar(0xd800) });
+    const QString longText = QString(70'000, QLatin1Char('x')) + QString(70'000, QChar(0xe9));
+    QTest::newRow("long text") << item(TextContent{ longText + QStringLiteral("\n\U0001F600") + longText });
     QTest::newRow("link") << item(LinkContent{ link("HTTPS://Me@Example.COM:443/a%2fb?c=%C3#d"), {}, false });
     QTest::newRow("mail link") << item(LinkContent{ link("mailto:a@example.com"), QString(), true });
     QTest::newRow("link that is no valid address")
@@ -155,6 +161,14 @@ void ShelfIndexTest::theWrittenFormIsThatOfAGeneralWriter()
         const QByteArray bytes = ShelfIndex{ 7, items }.encode();
         QCOMPARE(bytes, QJsonDocument::fromJson(bytes).toJson());
     }
+}
+
+void ShelfIndexTest::theSizeIsKnownBefore()
+{
+    QFETCH(ShelfItem, original);
+    const ShelfIndex index{ .items = { original, original } };
+    QCOMPARE(index.encodedSize(), index.encode().size());
+    QVERIFY(ShelfIndex::upperBound(index.items) >= index.encodedSize());
 }
 
 void ShelfIndexTest::aLinkWithoutTitleIsWrittenWithoutTheKey()

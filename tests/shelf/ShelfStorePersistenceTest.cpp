@@ -67,14 +67,30 @@ private Q_SLOTS:
     void threeChangesMakeOneWriteAfterTheThird();
     void savingNowTakesThePlaceOfThePendingSave();
     void savingNowWritesAnUnchangedShelfToo();
+    void aLongTextIsWrittenInTheBackground();
+    void savingNowWaitsForALongText();
     void aStoreThatIsGoneDoesNotSave();
     void aDataFolderThatCannotBeMadeIsLogged();
     void anIndexThatCannotBeWrittenIsLogged();
     void aHostileFileNameReachesNothingOutside();
+    void anIndexThatCannotBeReadIsSetAsideBeforeTheFirstSave_data();
+    void anIndexThatCannotBeReadIsSetAsideBeforeTheFirstSave();
+    void savingIsOffUntilTheFolderCanBeClaimed();
+    void anImageIsNotTakenOverWhileSavingIsOff();
+    void anIndexThatAppearsAfterTheStartIsSetAside();
+    void aShelfThatIsFullTakesNothing();
+    void aShelfThatIsFullMovesWhatIsOnIt();
+    void anIndexBeyondTheLimitIsNotWritten();
+    void anImageThatCannotBeTakenOverIsTold();
+    void nothingIsSavedToAFolderThatAnotherProgramHolds();
+    void anExistingFolderIsTakenAwayFromOthers();
     void whatBelongsToNoItemIsClearedAwayAfterADay();
     void whatIsYoungOrNoItemsFolderStays();
     void anImageThatCannotBeTrashedStays();
     void withoutAReadableIndexNothingIsClearedAway();
+    void afterALostIndexNothingIsClearedAwayUntilAllIsOnTheShelfAgain();
+    void theFirstImageOfAShelfDoesNotLookLikeThatOfALostIndex();
+    void filesHalfWrittenAreClearedAwayAfterADay();
 
 private:
     /// A shelf with an image and a folder that belongs to no item, two days ago.
@@ -287,6 +303,30 @@ void ShelfStorePersistenceTest::savingNowWritesAnUnchangedShelfToo()
              QByteArray("{\n    \"items\": [\n    ],\n    \"version\": 1\n}\n"));
 }
 
+void ShelfStorePersistenceTest::aLongTextIsWrittenInTheBackground()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QString(5'000'000, QLatin1Char('x')));
+    fixture.queue.advance(0.3);
+    // Somebody looks now and then whether it is written.
+    QCOMPARE(fixture.queue.waitingTimers(), 1);
+    QTRY_COMPARE((fixture.queue.advance(0.1), fixture.queue.waitingTimers()), 0);
+    QCOMPARE(fixture.open()->items().size(), 1);
+}
+
+void ShelfStorePersistenceTest::savingNowWaitsForALongText()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QString(5'000'000, QLatin1Char('x')));
+    fixture.queue.advance(0.3);
+    store->togglePinned(store->items().constFirst().id);
+    store->saveNow();
+    QCOMPARE(fixture.queue.waitingTimers(), 0);
+    QVERIFY(fixture.open()->items().constFirst().pinned);
+}
+
 void ShelfStorePersistenceTest::aStoreThatIsGoneDoesNotSave()
 {
     StoreFixture fixture;
@@ -311,9 +351,12 @@ void ShelfStorePersistenceTest::aDataFolderThatCannotBeMadeIsLogged()
 void ShelfStorePersistenceTest::anIndexThatCannotBeWrittenIsLogged()
 {
     StoreFixture fixture;
+    const auto store = fixture.open();
+    store->saveNow();
+    QVERIFY(QFile::remove(fixture.indexPath()));
     QVERIFY(QDir().mkpath(fixture.indexPath() + QStringLiteral("/inside")));
     const CapturedLog log;
-    fixture.open()->saveNow();
+    store->saveNow();
     QCOMPARE(log.lines().size(), 1);
     QVERIFY(log.lines().constFirst().startsWith(QStringLiteral("Nookle: saving failed: ")));
     QVERIFY(log.lines().constFirst().size() > QStringLiteral("Nookle: saving failed: ").size());
@@ -346,8 +389,11 @@ void ShelfStorePersistenceTest::whatBelongsToNoItemIsClearedAwayAfterADay()
     const auto store = openWithOrphan(fixture);
     store->removeOrphans();
     QVERIFY(!QFile::exists(fixture.itemFolder(orphan)));
-    QCOMPARE(fixture.trash.moved.size(), 1);
-    QVERIFY(fixture.trash.moved.constFirst().path().endsWith(QLatin1String("/lost.png")));
+    QStringList moved;
+    for (const QUrl& url : std::as_const(fixture.trash.moved))
+        moved.append(url.fileName());
+    moved.sort();
+    QCOMPARE(moved.join(QLatin1Char(' ')), QStringLiteral("icon.png lost.png"));
     const auto image = store->localURL(store->items().constFirst());
     QVERIFY(image && QFile::exists(image->toLocalFile()));
 }
@@ -394,6 +440,229 @@ void ShelfStorePersistenceTest::withoutAReadableIndexNothingIsClearedAway()
     QVERIFY(QFile::remove(fixture.path(QStringLiteral("data/index.corrupt.json"))));
     fixture.open()->removeOrphans();
     QVERIFY(!QFile::exists(fixture.itemFolder(orphan)));
+}
+
+void ShelfStorePersistenceTest::anIndexThatCannotBeReadIsSetAsideBeforeTheFirstSave_data()
+{
+    QTest::addColumn<QString>("target");
+    // Its first byte cannot be read.
+    QTest::newRow("the disk fails") << QStringLiteral("/proc/self/mem");
+    QTest::newRow("a link to itself") << QStringLiteral("index.json");
+    QTest::newRow("a device") << QStringLiteral("/dev/zero");
+}
+
+void ShelfStorePersistenceTest::anIndexThatCannotBeReadIsSetAsideBeforeTheFirstSave()
+{
+    QFETCH(QString, target);
+    StoreFixture fixture;
+    QVERIFY(QDir().mkpath(fixture.itemFolder(orphan)));
+    QVERIFY(QFile::link(target, fixture.indexPath()));
+    const QString aside = fixture.path(QStringLiteral("data/index.corrupt.json"));
+    const CapturedLog log;
+    {
+        const auto store = fixture.open();
+        QVERIFY(log.lines().isEmpty());
+        store->addText(QStringLiteral("milk"));
+        fixture.queue.advance(0.3);
+    }
+    QVERIFY(QFileInfo(aside).isSymLink());
+    QCOMPARE(log.lines().size(), 1);
+    QVERIFY(log.lines().constFirst().startsWith(QStringLiteral("Nookle: index unreadable, moved to %1: ").arg(aside)));
+    fixture.now = QDateTime::currentDateTimeUtc().addDays(2);
+    const auto store = fixture.open();
+    QCOMPARE(StoreFixture::names(*store).join(QLatin1Char(' ')), QStringLiteral("milk"));
+    store->removeOrphans();
+    QVERIFY(QFile::exists(fixture.itemFolder(orphan)));
+}
+
+void ShelfStorePersistenceTest::savingIsOffUntilTheFolderCanBeClaimed()
+{
+    StoreFixture fixture;
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data"))));
+    QVERIFY(QFile::link(QStringLiteral("/proc/self/mem"), fixture.indexPath()));
+    const auto store = fixture.open();
+    fixture.claimFailure = Failure{ QStringLiteral("no") };
+    const CapturedLog log;
+    for (int i = 0; i < 3; ++i) {
+        store->addText(QString::number(i));
+        fixture.queue.advance(0.3);
+    }
+    QCOMPARE(log.lines().join(QLatin1Char('\n')), QStringLiteral("Nookle: saving is off: no"));
+    QVERIFY(QFileInfo(fixture.indexPath()).isSymLink());
+    // What stands in the way may go.
+    fixture.claimFailure.reset();
+    store->saveNow();
+    QCOMPARE(fixture.open()->items().size(), 3);
+}
+
+void ShelfStorePersistenceTest::anImageIsNotTakenOverWhileSavingIsOff()
+{
+    StoreFixture fixture;
+    fixture.claimFailure = Failure{ QStringLiteral("no") };
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    const CapturedLog log;
+    const auto store = fixture.open();
+    store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(QFile::exists(fixture.path(QStringLiteral("a.png"))));
+}
+
+void ShelfStorePersistenceTest::anIndexThatAppearsAfterTheStartIsSetAside()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    install(fixture, "good/every-kind.json");
+    const QByteArray other = fixture.read(QStringLiteral("data/index.json"));
+    const CapturedLog log;
+    store->saveNow();
+    QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), other);
+    QCOMPARE(log.lines().size(), 1);
+}
+
+void ShelfStorePersistenceTest::aShelfThatIsFullTakesNothing()
+{
+    StoreFixture fixture;
+    fixture.largestIndex = 10'000;
+    fixture.fetchesLinkMetadata = false;
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    const auto store = fixture.open();
+    QStringList told;
+    connect(store.get(), &ShelfStore::additionFailed, this, [&](const QString& reason) { told.append(reason); });
+    store->addText(QString(9'000, QLatin1Char('x')));
+    QCOMPARE(store->items().size(), 1);
+    QVERIFY(told.isEmpty());
+
+    const CapturedLog log;
+    // Six bytes each.
+    store->addText(QString(200, QChar(1)));
+    QCOMPARE(told.size(), 1);
+    store->addLink(*LinkUrl::parse(QStringLiteral("https://example.org/") + QString(1'000, QLatin1Char('x'))), {});
+    store->addFiles({ fixture.file("/a"), QUrl(QStringLiteral("file:///") + QString(1'000, QLatin1Char('x'))) });
+    QCOMPARE(told.size(), 3);
+    QCOMPARE(log.lines().size(), 3);
+    QCOMPARE(store->items().size(), 1);
+    QVERIFY(store->fileURLs().isEmpty());
+    QCOMPARE(fixture.references.released.size(), 2);
+    store->saveNow();
+    QCOMPARE(fixture.open()->items().size(), 1);
+}
+
+void ShelfStorePersistenceTest::aShelfThatIsFullMovesWhatIsOnIt()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addFiles({ fixture.file("/a") });
+    store->addText(QStringLiteral("milk"));
+    store->saveNow();
+    fixture.largestIndex = fixture.read(QStringLiteral("data/index.json")).size();
+    const auto full = fixture.open();
+    const CapturedLog log;
+    full->addFiles({ fixture.file("/a") });
+    full->addText(QStringLiteral("milk"));
+    QCOMPARE(full->items().size(), 2);
+    QVERIFY(log.lines().isEmpty());
+}
+
+void ShelfStorePersistenceTest::anIndexBeyondTheLimitIsNotWritten()
+{
+    StoreFixture fixture;
+    fixture.fetchesLinkMetadata = false;
+    fixture.largestIndex = 1'000;
+    const auto store = fixture.open();
+    store->addLink(*LinkUrl::parse(QStringLiteral("https://example.org/")), {});
+    store->saveNow();
+    const QByteArray before = fixture.read(QStringLiteral("data/index.json"));
+    store->updateLink(store->items().constFirst().id, QString(1'000, QLatin1Char('x')), {});
+    const CapturedLog log;
+    store->saveNow();
+    QCOMPARE(log.lines().join(QLatin1Char('\n')), QStringLiteral("Nookle: saving failed: larger than 1000 bytes"));
+    QCOMPARE(fixture.read(QStringLiteral("data/index.json")), before);
+}
+
+void ShelfStorePersistenceTest::anImageThatCannotBeTakenOverIsTold()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    QStringList told;
+    connect(store.get(), &ShelfStore::additionFailed, this, [&](const QString& reason) { told.append(reason); });
+    const CapturedLog log;
+    store->addImage(fixture.urlOf(QStringLiteral("missing.png")));
+    QCOMPARE(told.join(QLatin1Char('\n')),
+             QStringLiteral("The image could not be added to the shelf: No such file or directory"));
+    QCOMPARE(log.lines().join(QLatin1Char('\n')),
+             QStringLiteral("Nookle: could not take over image: No such file or directory"));
+}
+
+void ShelfStorePersistenceTest::nothingIsSavedToAFolderThatAnotherProgramHolds()
+{
+    StoreFixture fixture;
+    fixture.claimFailure = Failure{ QStringLiteral("another program holds the shelf") };
+    const CapturedLog log;
+    fixture.open()->saveNow();
+    QVERIFY(!QFile::exists(fixture.indexPath()));
+    QCOMPARE(log.lines().join(QLatin1Char('\n')),
+             QStringLiteral("Nookle: saving is off: another program holds the shelf"));
+}
+
+void ShelfStorePersistenceTest::anExistingFolderIsTakenAwayFromOthers()
+{
+    StoreFixture fixture;
+    install(fixture, "good/every-kind.json");
+    const QString folder = fixture.path(QStringLiteral("data"));
+    QCOMPARE(::chmod(QFile::encodeName(folder).constData(), 0755), 0);
+    QVERIFY(!fixture.open()->items().isEmpty());
+    QCOMPARE(permissions(folder), 0700U);
+}
+
+void ShelfStorePersistenceTest::afterALostIndexNothingIsClearedAwayUntilAllIsOnTheShelfAgain()
+{
+    StoreFixture fixture;
+    (void)openWithOrphan(fixture);
+    const QByteArray index = fixture.read(QStringLiteral("data/index.json"));
+    QVERIFY(QFile::remove(fixture.indexPath()));
+    fixture.open()->saveNow();
+    const auto startAgain = [&] { fixture.open()->removeOrphans(); };
+    startAgain();
+    startAgain();
+    QVERIFY(QFile::exists(fixture.itemFolder(orphan)));
+    QVERIFY(fixture.trash.moved.isEmpty());
+
+    // The user finds the index, and looks through the folder that it does not name.
+    fixture.write(QStringLiteral("data/index.json"), index);
+    startAgain();
+    QVERIFY(QFile::exists(fixture.itemFolder(orphan)));
+    QVERIFY(QDir(fixture.itemFolder(orphan)).removeRecursively());
+    startAgain();
+    QVERIFY(QDir().mkpath(fixture.itemFolder(orphan)));
+    startAgain();
+    QVERIFY(!QFile::exists(fixture.itemFolder(orphan)));
+}
+
+void ShelfStorePersistenceTest::theFirstImageOfAShelfDoesNotLookLikeThatOfALostIndex()
+{
+    StoreFixture fixture;
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    // As after a crash before the save.
+    fixture.open()->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    fixture.now = QDateTime::currentDateTimeUtc().addDays(2);
+    fixture.open()->removeOrphans();
+    QCOMPARE(fixture.trash.moved.size(), 1);
+    QVERIFY(QDir(fixture.path(QStringLiteral("data/Files"))).isEmpty());
+}
+
+void ShelfStorePersistenceTest::filesHalfWrittenAreClearedAwayAfterADay()
+{
+    StoreFixture fixture;
+    install(fixture, "good/every-kind.json");
+    const QString name = QStringLiteral("data/.unfinished-1234");
+    fixture.write(name, "half");
+    fixture.now = QDateTime::currentDateTimeUtc().addSecs(3600);
+    fixture.open()->removeOrphans();
+    QVERIFY(QFile::exists(fixture.path(name)));
+    fixture.now = QDateTime::currentDateTimeUtc().addDays(2);
+    fixture.open()->removeOrphans();
+    QVERIFY(!QFile::exists(fixture.path(name)));
+    QVERIFY(QFile::exists(fixture.indexPath()));
 }
 
 QTEST_GUILESS_MAIN(ShelfStorePersistenceTest)

@@ -22,6 +22,10 @@ private Q_SLOTS:
     void removingAnImageTrashesItsFileAndDeletesItsFolder();
     void removingAnImageThatCannotBeTrashedDeletesIt();
     void removingAnImageWhoseFileIsGoneTrashesNothing();
+    void removingReachesNothingBehindALink_data();
+    void removingReachesNothingBehindALink();
+    void anImageIsNotTakenOverThroughALink();
+    void aFaviconIsNotWrittenThroughALink();
     void removingAFileItemLeavesTheFileAlone();
     void removingReleasesTheReferenceUnlessAnotherItemHoldsIt();
     void removingAnUnknownIdSavesAndTellsNobody();
@@ -143,6 +147,74 @@ void ShelfStoreRemovalTest::removingAnImageWhoseFileIsGoneTrashesNothing()
     store->remove(id);
     QVERIFY(fixture.trash.moved.isEmpty());
     QVERIFY(!QFileInfo::exists(fixture.itemFolder(id)));
+}
+
+void ShelfStoreRemovalTest::removingReachesNothingBehindALink_data()
+{
+    QTest::addColumn<bool>("linksAll");
+    QTest::newRow("the item's folder") << false;
+    QTest::newRow("the folder of all items") << true;
+}
+
+void ShelfStoreRemovalTest::removingReachesNothingBehindALink()
+{
+    QFETCH(bool, linksAll);
+    StoreFixture fixture;
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    const auto store = fixture.open();
+    store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    const ShelfItem item = store->items().constFirst();
+    // The user's own folder takes the place of the shelf's.
+    const QString linked = linksAll ? fixture.path(QStringLiteral("data/Files")) : fixture.itemFolder(item.id);
+    QVERIFY(QDir().rename(linked, fixture.path(QStringLiteral("mine"))));
+    QVERIFY(QFile::link(fixture.path(QStringLiteral("mine")), linked));
+    QVERIFY(!store->localURL(item));
+    fixture.now = fixture.now.addYears(1);
+    store->removeExpired(1);
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(fixture.trash.moved.isEmpty());
+    const QString below = linksAll
+        ? QString(QStringLiteral("mine/") + QFileInfo(fixture.itemFolder(item.id)).fileName())
+        : QStringLiteral("mine");
+    QCOMPARE(fixture.read(below + QStringLiteral("/a.png")), QByteArray("pixels"));
+
+    store->saveNow();
+    store->removeOrphans();
+    QCOMPARE(fixture.read(below + QStringLiteral("/a.png")), QByteArray("pixels"));
+    QVERIFY(fixture.trash.moved.isEmpty());
+}
+
+void ShelfStoreRemovalTest::anImageIsNotTakenOverThroughALink()
+{
+    StoreFixture fixture;
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data"))));
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("mine"))));
+    QVERIFY(QFile::link(fixture.path(QStringLiteral("mine")), fixture.path(QStringLiteral("data/Files"))));
+    fixture.write(QStringLiteral("a.png"), "pixels");
+    const CapturedLog log;
+    const auto store = fixture.open();
+    store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    QVERIFY(store->items().isEmpty());
+    QVERIFY(QFile::exists(fixture.path(QStringLiteral("a.png"))));
+    QVERIFY(QDir(fixture.path(QStringLiteral("mine"))).isEmpty());
+}
+
+void ShelfStoreRemovalTest::aFaviconIsNotWrittenThroughALink()
+{
+    StoreFixture fixture;
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("mine"))));
+    fixture.write(QStringLiteral("mine/icon.png"), "mine");
+    const auto store = fixture.open();
+    store->addLink(*LinkUrl::parse(QStringLiteral("https://example.org/")), {});
+    const QUuid id = store->items().constFirst().id;
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data/Files"))));
+    QVERIFY(QFile::link(fixture.path(QStringLiteral("mine")), fixture.itemFolder(id)));
+    const CapturedLog log;
+    LinkMetadata metadata;
+    metadata.loadIcon = [](const auto& completion) { completion(QByteArray("icon")); };
+    QVERIFY(fixture.linkMetadata.finish(0, metadata));
+    QCOMPARE(fixture.read(QStringLiteral("mine/icon.png")), QByteArray("mine"));
+    QCOMPARE(log.lines().size(), 1);
 }
 
 void ShelfStoreRemovalTest::removingAFileItemLeavesTheFileAlone()

@@ -50,6 +50,8 @@ struct StoreFixture {
         environment.now = [this] { return now; };
         environment.moveToTrash = [this](const QUrl& url) { return trash.moveToTrash(url); };
         environment.fetchesLinkMetadata = fetchesLinkMetadata;
+        environment.claimFolder = [this] { return claimFailure; };
+        environment.largestIndex = largestIndex;
         return std::make_unique<ShelfStore>(urlOf(QStringLiteral("data")), environment, references, trash, linkMetadata,
                                             queue);
     }
@@ -66,6 +68,8 @@ struct StoreFixture {
     QTemporaryDir folder;
     QDateTime now = QDateTime::fromString(QStringLiteral("2026-01-31T12:00:00.250Z"), Qt::ISODateWithMs);
     bool fetchesLinkMetadata = true;
+    std::optional<Failure> claimFailure;
+    qsizetype largestIndex = ShelfIndex::largestSize;
     FakeMainQueue queue;
     FakeFileReferences references;
     FakeTrash trash;

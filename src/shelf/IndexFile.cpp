@@ -1,0 +1,145 @@
+#include "IndexFile.h"
+
+#include "DataFiles.h"
+#include "Log.h"
+#include "Overloaded.h"
+#include "ShelfIndex.h"
+
+#include <QFile>
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <variant>
+
+namespace nookle {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// What becomes of a look at a file.
+enum class Look { isFile, isMissing, isNoFile, fails };
+
+/// Follows links; one that leads to no file counts as missing.
+[[nodiscard]] Look lookAt(const QByteArray& path)
+{
+    struct stat status {};
+    if (::stat(path.constData(), &status) == 0)
+        return S_ISREG(status.st_mode) ? Look::isFile : Look::isNoFile;
+    return errno == ENOENT || errno == ENOTDIR ? Look::isMissing : Look::fails;
+}
+
+[[nodiscard]] bool exists(const QByteArray& path)
+{
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(path.toStdString(), ignored));
+}
+
+[[nodiscard]] Failure lastFailure()
+{
+    return { QString::fromStdString(std::generic_category().message(errno)) };
+}
+
+/// Nothing is moved in place of a folder, nor a folder in place of a file.
+[[nodiscard]] bool isInTheWay(const std::error_code& error)
+{
+    return error == std::errc::is_a_directory || error == std::errc::not_a_directory
+        || error == std::errc::directory_not_empty || error == std::errc::file_exists;
+}
+
+} // namespace
+
+IndexFile::IndexFile(const QByteArray& dataFolder, qsizetype largestSize)
+    : m_path(dataFolder + "/index.json")
+    , m_asidePath(dataFolder + "/index.corrupt.json")
+    , m_lostMark(dataFolder + "/index.missing")
+    , m_largestSize(largestSize)
+    , m_obstacle(Failure{ QStringLiteral("it was not there at the start") })
+{
+}
+
+QList<ShelfItem> IndexFile::load()
+{
+    // Opening a pipe would wait for its other end, and reading a device might never end.
+    const Look look = lookAt(m_path);
+    if (look == Look::fails)
+        m_obstacle = lastFailure();
+    else if (look == Look::isNoFile)
+        m_obstacle = Failure{ QStringLiteral("no regular file") };
+    if (look != Look::isFile)
+        return {};
+    QFile file(QFile::decodeName(m_path));
+    QByteArray bytes;
+    if (file.open(QIODevice::ReadOnly) && file.size() <= m_largestSize)
+        bytes = file.readAll();
+    if (file.error() != QFile::NoError) {
+        m_obstacle = Failure{ file.errorString() };
+        return {};
+    }
+    auto decoded = file.size() > m_largestSize ? Failure{ QStringLiteral("larger than %1 bytes").arg(m_largestSize) }
+                                               : ShelfIndex::decode(bytes);
+    if (auto* index = std::get_if<ShelfIndex>(&decoded)) {
+        m_obstacle.reset();
+        m_wasRead = true;
+        return std::move(index->items);
+    }
+    m_obstacle = std::get<Failure>(decoded);
+    // What cannot be moved is tried again before the first write.
+    if (!setAside())
+        m_obstacle.reset();
+    return {};
+}
+
+std::optional<Failure> IndexFile::makeWay(bool hasItemFolders)
+{
+    if (!m_obstacle)
+        return {};
+    std::optional<Failure> failure;
+    if (lookAt(m_path) != Look::isMissing)
+        failure = setAside();
+    else if (hasItemFolders && !exists(m_asidePath))
+        failure = writeAtomically(m_lostMark, {});
+    if (!failure)
+        m_obstacle.reset();
+    return failure;
+}
+
+std::optional<Failure> IndexFile::setAside() const
+{
+    std::error_code error;
+    std::error_code ignored;
+    const fs::path aside = m_asidePath.toStdString();
+    fs::rename(m_path.toStdString(), aside, error);
+    if (isInTheWay(error)) {
+        fs::remove_all(aside, ignored);
+        fs::rename(m_path.toStdString(), aside, error);
+    }
+    const QString place = QFile::decodeName(m_asidePath);
+    if (error)
+        return Failure{ QStringLiteral("the unreadable index cannot be moved to %1: %2")
+                            .arg(place, QString::fromStdString(error.message())) };
+    logLine(QStringLiteral("index unreadable, moved to ") + place + QStringLiteral(": ") + m_obstacle->description);
+    return {};
+}
+
+bool IndexFile::isWritten() const
+{
+    return !m_obstacle && lookAt(m_path) == Look::isFile;
+}
+
+bool IndexFile::namesEveryItem() const
+{
+    return m_wasRead && !exists(m_asidePath) && !exists(m_lostMark);
+}
+
+void IndexFile::forgetLostIndex() const
+{
+    std::error_code ignored;
+    fs::remove(m_lostMark.toStdString(), ignored);
+}
+
+} // namespace nookle

@@ -1,0 +1,106 @@
+#include "IndexWriter.h"
+
+#include <condition_variable>
+#include <mutex>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// In seconds. A thread cannot tell the main thread: that may be gone by then.
+constexpr double lookInterval = 0.1;
+
+} // namespace
+
+struct IndexWriter::Run {
+    std::mutex mutex;
+    std::condition_variable changed;
+    bool isFinished = false;
+    std::optional<Failure> failure;
+};
+
+IndexWriter::IndexWriter(Write write, MainQueue& queue, std::chrono::milliseconds patience)
+    : m_write(std::move(write))
+    , m_queue(queue)
+    , m_patience(patience)
+{
+}
+
+IndexWriter::~IndexWriter()
+{
+    static_cast<void>(finish());
+}
+
+void IndexWriter::write(ShelfIndex index)
+{
+    if (isBusy())
+        m_next = std::move(index);
+    else
+        start(std::move(index));
+}
+
+void IndexWriter::start(ShelfIndex index)
+{
+    m_run = std::make_shared<Run>();
+    const auto work = [run = m_run, write = m_write, index = std::move(index)] {
+        std::optional<Failure> failure = write(index);
+        const std::lock_guard lock(run->mutex);
+        run->failure = std::move(failure);
+        run->isFinished = true;
+        run->changed.notify_all();
+    };
+    try {
+        std::thread(work).detach();
+    } catch (const std::system_error&) {
+        // No thread can be had.
+        work();
+    }
+    if (!m_timer)
+        m_timer = m_queue.every(lookInterval, [this] { look(); });
+}
+
+void IndexWriter::look()
+{
+    {
+        const std::lock_guard lock(m_run->mutex);
+        if (!m_run->isFinished)
+            return;
+    }
+    const std::optional<Failure> failure = takeResult();
+    if (failure && onFailed)
+        onFailed(*failure);
+}
+
+std::optional<Failure> IndexWriter::takeResult()
+{
+    const std::shared_ptr<Run> run = std::exchange(m_run, nullptr);
+    m_hasGivenUp = false;
+    if (m_next)
+        start(*std::exchange(m_next, std::nullopt));
+    else
+        m_timer.reset();
+    return run->failure;
+}
+
+std::optional<Failure> IndexWriter::finish()
+{
+    std::optional<Failure> failure;
+    while (m_run) {
+        {
+            std::unique_lock lock(m_run->mutex);
+            // Nobody waits twice for the same disk.
+            const auto patience = m_hasGivenUp ? std::chrono::milliseconds(0) : m_patience;
+            if (!m_run->changed.wait_for(lock, patience, [this] { return m_run->isFinished; })) {
+                m_hasGivenUp = true;
+                return Failure{ QStringLiteral("the disk does not answer") };
+            }
+        }
+        failure = takeResult();
+    }
+    return failure;
+}
+
+} // namespace nookle

@@ -1,0 +1,68 @@
+#include "FolderLock.h"
+
+#include "TemporaryFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QtTest>
+
+#include <memory>
+
+using namespace nookle;
+
+class FolderLockTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_folder = std::make_unique<TemporaryFolder>(); }
+    void aFolderIsHeldByOneAtATime();
+    void aFolderThatDoesNotExistIsNotMade();
+    void whatIsNoFolderCannotBeLocked();
+    void aLinkToAFolderIsTheFolder();
+
+private:
+    std::unique_ptr<TemporaryFolder> m_folder;
+};
+
+void FolderLockTest::aFolderIsHeldByOneAtATime()
+{
+    const QByteArray path = m_folder->path("data");
+    m_folder->makeFolder("data");
+    auto first = std::make_unique<FolderLock>(path);
+    FolderLock second(path);
+    QCOMPARE(first->take(), FolderLock::State::held);
+    QCOMPARE(first->take(), FolderLock::State::held);
+    QCOMPARE(second.take(), FolderLock::State::heldByOther);
+    first.reset();
+    QCOMPARE(second.take(), FolderLock::State::held);
+    QVERIFY(QDir(QFile::decodeName(path)).isEmpty());
+}
+
+void FolderLockTest::aFolderThatDoesNotExistIsNotMade()
+{
+    FolderLock lock(m_folder->path("data"));
+    QCOMPARE(lock.take(), FolderLock::State::noFolder);
+    QVERIFY(!QFile::exists(QFile::decodeName(m_folder->path("data"))));
+    m_folder->makeFolder("data");
+    QCOMPARE(lock.take(), FolderLock::State::held);
+}
+
+void FolderLockTest::whatIsNoFolderCannotBeLocked()
+{
+    FolderLock lock(m_folder->makeFile("data"));
+    QCOMPARE(lock.take(), FolderLock::State::impossible);
+    QVERIFY(!lock.error().isEmpty());
+}
+
+void FolderLockTest::aLinkToAFolderIsTheFolder()
+{
+    m_folder->makeFolder("data");
+    QVERIFY(QFile::link(QFile::decodeName(m_folder->path("data")), QFile::decodeName(m_folder->path("link"))));
+    FolderLock first(m_folder->path("data"));
+    FolderLock second(m_folder->path("link"));
+    QCOMPARE(first.take(), FolderLock::State::held);
+    QCOMPARE(second.take(), FolderLock::State::heldByOther);
+}
+
+QTEST_GUILESS_MAIN(FolderLockTest)
+#include "FolderLockTest.moc"
