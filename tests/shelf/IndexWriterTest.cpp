@@ -3,7 +3,7 @@
 #include "FakeMainQueue.h"
 
 #include <QSemaphore>
-#include <QtTest>
+#include <QTest>
 
 #include <memory>
 

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QtGlobal>
 
+#include <atomic>
 #include <optional>
 
 namespace nookle {
@@ -24,6 +25,13 @@ struct RegularFile {
 
     /// A file in memory that holds `content` and cannot be changed any more.
     [[nodiscard]] static std::optional<RegularFile> inMemory(const QByteArray& content);
+
+    /// Whether this is a file in memory that cannot be changed any more.
+    [[nodiscard]] bool isSealed() const;
+
+    /// A file in memory that holds what this one holds and cannot be changed any more. Nothing for more than `longest`
+    /// bytes, for what cannot be read, and once `isWanted` is false. Waits for the disk; for any thread.
+    [[nodiscard]] std::optional<RegularFile> sealedCopy(qint64 longest, const std::atomic<bool>& isWanted) const;
 };
 
 } // namespace nookle

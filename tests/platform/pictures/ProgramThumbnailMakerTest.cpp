@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QTest>
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <memory>
@@ -51,6 +52,8 @@ private Q_SLOTS:
     void fileNameMayHoldAnyBytes();
     void programSeesNoOtherFileOfTheUser();
     void programCannotChangeTheFile();
+    void programInheritsNoDescriptor();
+    void programCannotChangeTheFileThroughAnyDescriptor();
     void programHasNoNetwork();
     void programKnowsNothingOfTheEnvironment();
     void programWithTooMuchMemoryFails();
@@ -189,6 +192,26 @@ void ProgramThumbnailMakerTest::programCannotChangeTheFile()
 {
     addProgram(R"(sh -c '(echo changed >%i) 2>/dev/null; cp %i %o')");
     QCOMPARE(made(), QByteArray("film"));
+}
+
+void ProgramThumbnailMakerTest::programInheritsNoDescriptor()
+{
+    // As a library may leave one open.
+    const FileDescriptor careless(::open(m_files->makeFile("careless").constData(), O_RDONLY));
+    addProgram("sh -c 'readlink /proc/self/fd/* >%o; true'");
+    const auto open = made();
+    QVERIFY(open);
+    for (const char* name : { "careless", "input.mp4", "memfd" })
+        QVERIFY2(!open->contains(name), open->constData());
+}
+
+void ProgramThumbnailMakerTest::programCannotChangeTheFileThroughAnyDescriptor()
+{
+    addProgram("sh -c 'for each in /proc/[0-9]*/fd/*; do echo changed >\"$each\"; done 2>/dev/null; echo tried >%o'");
+    QCOMPARE(made(), QByteArray("tried\n"));
+    QFile file(QFile::decodeName(m_files->path("input.mp4")));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("film"));
 }
 
 void ProgramThumbnailMakerTest::programHasNoNetwork()

@@ -2,8 +2,9 @@
 
 #include "Log.h"
 #include "MainQueue.h"
-#include "Sandbox.h"
+#include "SealedCopy.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace nookle {
@@ -11,6 +12,11 @@ namespace nookle {
 struct ImageDecoder::Job {
     DecodeRequest request;
     std::optional<RegularFile> file;
+    /// While `file` is being copied.
+    std::unique_ptr<SealedCopy> copy;
+    std::unique_ptr<DelayedTask> copyLimit;
+    /// Whether `file` is one that the decoder may have.
+    bool isSealed = false;
     /// None once the result is not wanted any more.
     Completion completion;
 };
@@ -38,19 +44,30 @@ private:
 
 ImageDecoder::ImageDecoder(MainQueue& queue, QString program, Confinement confinement)
     : m_queue(queue)
-    , m_program(std::move(program))
-    , m_confinement(sandboxProgram().isEmpty() ? Confinement::none : confinement)
+    , m_program{ std::move(program), {} }
+    , m_confinement(QStringLiteral("image decoder"), confinement)
     , m_self(std::make_shared<ImageDecoder*>(this))
 {
 }
 
-ImageDecoder::~ImageDecoder() = default;
+ImageDecoder::~ImageDecoder()
+{
+    // The handles may outlive both this object and the queue.
+    for (const std::shared_ptr<Job>& job : m_waiting) {
+        job->copyLimit.reset();
+        job->copy.reset();
+    }
+}
 
 std::unique_ptr<Decoding> ImageDecoder::decode(DecodeRequest request, std::optional<RegularFile> file,
                                                Completion completion)
 {
-    auto job = std::make_shared<Job>(Job{ std::move(request), std::move(file), std::move(completion) });
+    auto job = std::make_shared<Job>();
+    job->request = std::move(request);
+    job->file = std::move(file);
+    job->completion = std::move(completion);
     if (job->file) {
+        job->isSealed = job->file->isSealed();
         m_waiting.push_back(job);
         schedulePump();
     } else {
@@ -83,16 +100,59 @@ void ImageDecoder::pump()
         return;
     }
     m_idleEnd.reset();
-    if (m_decoder == Decoder::none)
+    copyNext();
+    // Not before there is something to send: a decoder that always ends at once would be started again and again.
+    if (m_decoder == Decoder::none && canSend())
         startDecoder();
-    while (m_decoder == Decoder::ready && !m_waiting.empty() && m_sent.size() < mostOnTheWay)
+    while (m_decoder == Decoder::ready && canSend() && m_sent.size() < mostOnTheWay)
         sendNext();
+}
+
+bool ImageDecoder::canSend() const
+{
+    return !m_waiting.empty() && m_waiting.front()->isSealed;
+}
+
+// While the decoder is at one image the next is copied.
+void ImageDecoder::copyNext()
+{
+    const std::size_t most = std::min(m_waiting.size(), mostOnTheWay - m_sent.size());
+    for (std::size_t index = 0; index < most; ++index) {
+        const std::shared_ptr<Job>& job = m_waiting[index];
+        if (!job->isSealed && !job->copy)
+            copy(job);
+    }
+}
+
+void ImageDecoder::copy(const std::shared_ptr<Job>& job)
+{
+    const auto take = [weak = std::weak_ptr(m_self), weakJob = std::weak_ptr(job)](std::optional<RegularFile> copy) {
+        const auto self = weak.lock();
+        const auto job = weakJob.lock();
+        if (self && job)
+            (*self)->takeCopy(job, std::move(copy));
+    };
+    job->copyLimit = m_queue.after(longestDecoding, [take] { take(std::nullopt); });
+    job->copy = std::make_unique<SealedCopy>(std::move(*job->file), longestFile, take);
+}
+
+void ImageDecoder::takeCopy(const std::shared_ptr<Job>& job, std::optional<RegularFile> copy)
+{
+    job->copyLimit.reset();
+    job->copy.reset();
+    job->file = std::move(copy);
+    job->isSealed = job->file.has_value();
+    if (!job->isSealed) {
+        std::erase(m_waiting, job);
+        finish(job, std::nullopt);
+    }
+    schedulePump();
 }
 
 void ImageDecoder::startDecoder()
 {
     m_reader = ReplyReader();
-    m_process = std::make_unique<DecoderProcess>(m_program, m_confinement);
+    m_process = std::make_unique<HelperProcess>(m_program, m_confinement.next());
     m_process->onBytes = [this](QByteArrayView bytes) { receive(bytes); };
     m_process->onEnd = [this] { decoderEnded(); };
     m_decoder = Decoder::starting;
@@ -106,7 +166,7 @@ void ImageDecoder::sendNext()
     const Job& job = *m_sent.back();
     if (m_sent.size() == 1)
         restartLimit();
-    if (!m_process->send(job.request, job.file->descriptor))
+    if (!m_process->send(job.request.encode(), job.file->descriptor))
         giveUpOldest();
 }
 
@@ -122,6 +182,7 @@ void ImageDecoder::receive(QByteArrayView bytes)
             return;
         }
         m_decoder = Decoder::ready;
+        m_confinement.succeeded();
         m_limit.reset();
         // At once: a decoder that ends before it has been asked anything would be started again and again.
         pump();
@@ -170,12 +231,10 @@ void ImageDecoder::decoderEnded()
         giveUpOldest();
         return;
     }
-    if (m_confinement == Confinement::none) {
+    if (!m_confinement.failed()) {
         giveUpStart();
         return;
     }
-    logLine(QStringLiteral("the image decoder does not start in a sandbox, and runs without"));
-    m_confinement = Confinement::none;
     stopDecoder();
     schedulePump();
 }
@@ -191,7 +250,7 @@ void ImageDecoder::stopDecoder()
 void ImageDecoder::giveUpStart()
 {
     if (!std::exchange(m_hasToldOfFailure, true))
-        logLine(QStringLiteral("the image decoder does not start: %1").arg(m_program));
+        logLine(QStringLiteral("the image decoder does not start: %1").arg(m_program.path));
     stopDecoder();
     for (const std::shared_ptr<Job>& job : std::exchange(m_waiting, {}))
         finish(job, std::nullopt);
@@ -213,6 +272,8 @@ void ImageDecoder::giveUpOldest()
 
 void ImageDecoder::finish(const std::shared_ptr<Job>& job, std::optional<DecodeReply> reply)
 {
+    job->copyLimit.reset();
+    job->copy.reset();
     job->file.reset();
     m_queue.post([job, reply = std::move(reply)] {
         if (const Completion completion = std::exchange(job->completion, nullptr))

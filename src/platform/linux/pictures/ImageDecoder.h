@@ -1,7 +1,8 @@
 #pragma once
 
-#include "DecoderProcess.h"
 #include "DecoderProtocol.h"
+#include "HelperConfinement.h"
+#include "HelperProcess.h"
 #include "RegularFile.h"
 #include "ReplyReader.h"
 
@@ -25,15 +26,19 @@ public:
 
 /// Has images decoded, in the order in which they come, by a process that is started when the first one comes, started
 /// again after a crash, and ended when nothing has come for a while. An image that crashes the decoder, or keeps it
-/// longer than `longestDecoding`, has no result; those behind it are not touched by that. Main thread only.
+/// longer than `longestDecoding`, has no result; those behind it are not touched by that. The decoder gets copies in
+/// memory, so that it can change no file. Main thread only.
 class ImageDecoder final {
 public:
     using Completion = std::function<void(std::optional<DecodeReply>)>;
-    using Confinement = DecoderProcess::Confinement;
+    using Confinement = HelperProcess::Confinement;
 
     /// In seconds.
     inline static constexpr double longestDecoding = 5;
     inline static constexpr double longestIdling = 10;
+
+    /// In bytes. The decoder has no memory for the pixels of what is longer.
+    inline static constexpr qint64 longestFile = qint64{ 256 } << 20;
 
     /// While one image is being decoded the next is there already, so that the decoder never waits for this process.
     inline static constexpr std::size_t mostOnTheWay = 2;
@@ -60,6 +65,10 @@ private:
 
     void schedulePump();
     void pump();
+    void copyNext();
+    void copy(const std::shared_ptr<Job>& job);
+    void takeCopy(const std::shared_ptr<Job>& job, std::optional<RegularFile> copy);
+    [[nodiscard]] bool canSend() const;
     void startDecoder();
     void sendNext();
     void receive(QByteArrayView bytes);
@@ -73,13 +82,13 @@ private:
     void dropCancelled();
 
     MainQueue& m_queue;
-    QString m_program;
-    Confinement m_confinement;
+    HelperProcess::Program m_program;
+    HelperConfinement m_confinement;
     Decoder m_decoder = Decoder::none;
     std::deque<std::shared_ptr<Job>> m_waiting;
     /// What the decoder has been asked and has not answered, the oldest first.
     std::deque<std::shared_ptr<Job>> m_sent;
-    std::unique_ptr<DecoderProcess> m_process;
+    std::unique_ptr<HelperProcess> m_process;
     ReplyReader m_reader;
     std::unique_ptr<DelayedTask> m_limit;
     std::unique_ptr<DelayedTask> m_idleEnd;

@@ -1,6 +1,6 @@
 #include "PictureServices.h"
 
-#include "DecoderProgram.h"
+#include "HelperProgram.h"
 #include "ProgramThumbnailMaker.h"
 #include "ServiceThumbnailMaker.h"
 
@@ -42,7 +42,7 @@ namespace {
 } // namespace
 
 PictureServices::PictureServices(std::shared_ptr<Mounts> mounts, MainQueue& queue)
-    : m_decoder(queue, decoderProgram(QCoreApplication::applicationDirPath()))
+    : m_decoder(queue, helperProgram(QCoreApplication::applicationDirPath(), QStringLiteral("nookle-decode")))
     , m_converter(m_decoder)
     , m_thumbnails(queue, m_decoder, sharedThumbnails(), thumbnailMakers(queue))
     , m_localThumbnails(m_thumbnails, std::move(mounts), queue)

@@ -1,7 +1,7 @@
 #include "ThumbnailerRun.h"
 
+#include "ChildProcess.h"
 #include "CommandLine.h"
-#include "HelperProcess.h"
 #include "MainQueue.h"
 #include "Sandbox.h"
 
@@ -9,9 +9,7 @@
 #include <QFile>
 #include <QProcess>
 
-#include <fcntl.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
 #include <utility>
 
@@ -58,23 +56,32 @@ void limitChild()
     return inputPath;
 }
 
+// Shows the file at `path` as `inputPath` in the sandbox. By its name: a program that inherits a descriptor can open
+// the file anew through it, for writing too.
+[[nodiscard]] QByteArray inputArguments(const QByteArray& path, const QString& inputPath)
+{
+    const QByteArray end(1, '\0');
+    return QByteArray(QByteArrayLiteral("--ro-bind") + end + path + end + inputPath.toLatin1() + end);
+}
+
 } // namespace
 
 std::unique_ptr<ThumbnailerRun> ThumbnailerRun::tryStart(MainQueue& queue, const ThumbnailerEntry& entry,
                                                          const ThumbnailMaker::Wanted& wanted, double longestRun,
                                                          ThumbnailMaker::Completion completion)
 {
-    auto input = RegularFile::open(wanted.path, RegularFile::Links::follow);
+    const bool isReadable = RegularFile::open(wanted.path, RegularFile::Links::follow).has_value();
     const QString inputPath = inputPathFor(wanted.path);
     const QString outputPath = QStringLiteral("%1/%2").arg(QLatin1String(outputFolder), QLatin1String(outputName));
     const auto command = expandedWords(
         entry.command, { inputPath, QStringLiteral("file://%1").arg(inputPath), outputPath, wanted.side });
-    if (!input || !command)
+    const auto input = RegularFile::inMemory(inputArguments(wanted.path, inputPath));
+    if (!isReadable || !command || !input)
         return nullptr;
     std::unique_ptr<ThumbnailerRun> run(new ThumbnailerRun(queue, std::move(completion)));
     if (!run->m_output.isValid())
         return nullptr;
-    run->start(*command, *input, inputPath, longestRun);
+    run->start(*command, *input, longestRun);
     return run;
 }
 
@@ -88,17 +95,16 @@ ThumbnailerRun::ThumbnailerRun(MainQueue& queue, ThumbnailMaker::Completion comp
 ThumbnailerRun::~ThumbnailerRun()
 {
     if (m_process)
-        endHelperProcess(std::move(m_process));
+        endChildProcess(std::move(m_process));
 }
 
-void ThumbnailerRun::start(const QStringList& command, const RegularFile& input, const QString& inputPath,
-                           double longestRun)
+void ThumbnailerRun::start(const QStringList& command, const RegularFile& inputArguments, double longestRun)
 {
     m_limit = m_queue.after(longestRun, [this] { finish(std::nullopt); });
-    const int descriptor = input.descriptor.get();
-    m_process = makeHelperProcess([descriptor] {
+    const int descriptor = inputArguments.descriptor.get();
+    m_process = makeChildProcess([descriptor] {
         limitChild();
-        ::fcntl(descriptor, F_SETFD, 0);
+        passOn(descriptor);
     });
     // On the next turn: whoever takes the result may destroy the process, which is telling of its end.
     const auto endSoon = [this] { m_limit = m_queue.after(0, [this] { takeOutput(); }); };
@@ -106,8 +112,9 @@ void ThumbnailerRun::start(const QStringList& command, const RegularFile& input,
     QObject::connect(m_process.get(), &QProcess::errorOccurred, m_process.get(), endSoon);
 
     QStringList arguments = sandboxArguments();
-    // Bound by the descriptor's name, because an argument cannot hold all bytes of a file name.
-    arguments << QStringLiteral("--ro-bind") << QStringLiteral("/proc/self/fd/%1").arg(descriptor) << inputPath;
+    // Read from a file, because an argument cannot hold all bytes of a file name, and shows in the list of processes.
+    // The sandbox closes it before the program starts.
+    arguments << QStringLiteral("--args") << QString::number(descriptor);
     arguments << QStringLiteral("--bind") << m_output.path() << QLatin1String(outputFolder);
     m_process->start(sandboxProgram(), arguments + command);
 }

@@ -29,7 +29,7 @@ public:
 private:
     ThumbnailerRun(MainQueue& queue, ThumbnailMaker::Completion completion);
 
-    void start(const QStringList& command, const RegularFile& input, const QString& inputPath, double longestRun);
+    void start(const QStringList& command, const RegularFile& inputArguments, double longestRun);
     void takeOutput();
     void finish(std::optional<ThumbnailMaker::Made> made);
 

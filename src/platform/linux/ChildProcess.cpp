@@ -1,9 +1,10 @@
-#include "HelperProcess.h"
+#include "ChildProcess.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 #include <QThread>
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/types.h>
 #include <unistd.h>
@@ -20,7 +21,7 @@ inline constexpr int longestWait = 1000;
 
 } // namespace
 
-std::unique_ptr<QProcess> makeHelperProcess(std::function<void()> prepare)
+std::unique_ptr<QProcess> makeChildProcess(std::function<void()> prepare)
 {
     auto process = std::make_unique<QProcess>();
     process->setStandardInputFile(QProcess::nullDevice());
@@ -29,12 +30,19 @@ std::unique_ptr<QProcess> makeHelperProcess(std::function<void()> prepare)
     process->setChildProcessModifier([prepare = std::move(prepare)] {
         ::setsid();
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+        // Some library may have opened a descriptor that stays open across the start of a program.
+        ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
         prepare();
     });
     return process;
 }
 
-void endHelperProcess(std::unique_ptr<QProcess> process)
+void passOn(int descriptor)
+{
+    ::fcntl(descriptor, F_SETFD, 0);
+}
+
+void endChildProcess(std::unique_ptr<QProcess> process)
 {
     process->disconnect();
     if (process->state() == QProcess::NotRunning)

@@ -1,4 +1,4 @@
-#include "DecoderProgram.h"
+#include "HelperProgram.h"
 
 #include "TemporaryFolder.h"
 
@@ -9,13 +9,13 @@
 
 using namespace nookle;
 
-class DecoderProgramTest : public QObject {
+class HelperProgramTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void decoderBesideTheProgramIsTaken();
-    void installedDecoderIsTaken();
-    void missingDecoderHasAPlaceToBeMissedAt();
+    void helperBesideTheProgramIsTaken();
+    void installedHelperIsTaken();
+    void missingHelperHasAPlaceToBeMissedAt();
 
 private:
     static QByteArray makeProgram(const TemporaryFolder& folder, const QByteArray& name)
@@ -26,11 +26,11 @@ private:
     }
     [[nodiscard]] static QByteArray found(const TemporaryFolder& folder)
     {
-        return QFile::encodeName(decoderProgram(QFile::decodeName(folder.path("bin"))));
+        return QFile::encodeName(helperProgram(QFile::decodeName(folder.path("bin")), QStringLiteral("nookle-decode")));
     }
 };
 
-void DecoderProgramTest::decoderBesideTheProgramIsTaken()
+void HelperProgramTest::helperBesideTheProgramIsTaken()
 {
     const TemporaryFolder folder;
     folder.makeFolder("bin");
@@ -41,7 +41,7 @@ void DecoderProgramTest::decoderBesideTheProgramIsTaken()
     QCOMPARE(found(folder), beside);
 }
 
-void DecoderProgramTest::installedDecoderIsTaken()
+void HelperProgramTest::installedHelperIsTaken()
 {
     const TemporaryFolder folder;
     folder.makeFolder("bin");
@@ -51,11 +51,11 @@ void DecoderProgramTest::installedDecoderIsTaken()
     QCOMPARE(found(folder), installed);
 }
 
-void DecoderProgramTest::missingDecoderHasAPlaceToBeMissedAt()
+void HelperProgramTest::missingHelperHasAPlaceToBeMissedAt()
 {
     const TemporaryFolder folder;
     QCOMPARE(found(folder), folder.path("bin/nookle-decode"));
 }
 
-QTEST_GUILESS_MAIN(DecoderProgramTest)
-#include "DecoderProgramTest.moc"
+QTEST_GUILESS_MAIN(HelperProgramTest)
+#include "HelperProgramTest.moc"
