@@ -157,6 +157,8 @@ void ShelfItemView::paintName(QPainter& painter, int top) const
     QRect line(padding, top, textWidth, QFontMetrics(font).height());
     painter.setFont(font);
     painter.setPen(primaryColor(palette()));
+    // A name runs as its letters do, whichever way the interface runs.
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     for (const QString& text : m_metrics.nameLines(m_item.displayName(), textWidth)) {
         painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, text);
         line.translate(0, line.height());

@@ -89,7 +89,8 @@ void ServicesEndToEndTest::initTestCase()
     QVERIFY(cmake.waitForFinished());
     QVERIFY2(cmake.exitCode() == 0, cmake.readAllStandardError().constData());
     // For the session bus of the desktops below.
-    qputenv("XDG_DATA_DIRS", QFile::encodeName(m_prefix.filePath(QStringLiteral("share"))) + ':' + qgetenv("XDG_DATA_DIRS"));
+    qputenv("XDG_DATA_DIRS",
+            QByteArray(QFile::encodeName(m_prefix.filePath(QStringLiteral("share"))) + ':' + qgetenv("XDG_DATA_DIRS")));
     qputenv("PATH", QFile::encodeName(m_prefix.filePath(QStringLiteral("bin"))) + ':' + qgetenv("PATH"));
 }
 

@@ -68,8 +68,8 @@ void TestEnvironmentTest::fileTypesAreKnownWithoutThoseThatProgramsAdd()
 
 void TestEnvironmentTest::theIconsAreTheTestsOwn()
 {
-    const QStringList folders = QStandardPaths::locateAll(
-        QStandardPaths::GenericDataLocation, QStringLiteral("icons"), QStandardPaths::LocateDirectory);
+    const QStringList folders = QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
+                                                          QStandardPaths::LocateDirectory);
     QCOMPARE(folders.size(), 1);
     QCOMPARE(QDir(folders.first()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
              QStringList{ QStringLiteral("hicolor") });

@@ -51,6 +51,17 @@ struct Fetch {
     return "HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n" + headers + "\r\n" + body;
 }
 
+/// What the request says under a name, which means the same in capitals.
+[[nodiscard]] QByteArray header(const QByteArray& request, const QByteArray& name)
+{
+    for (const QByteArray& line : request.split('\n')) {
+        const qsizetype colon = line.indexOf(':');
+        if (colon >= 0 && line.first(colon).compare(name, Qt::CaseInsensitive) == 0)
+            return line.sliced(colon + 1).trimmed();
+    }
+    return {};
+}
+
 /// Closes the connection so that the other side sees a reset.
 void reset(QTcpSocket& connection)
 {
@@ -150,10 +161,10 @@ void WebTransferTest::nothingButTheRequestIsSent()
     QTRY_VERIFY(done->end);
     QCOMPARE(done->body, "done");
     QCOMPARE(m_server->requests().size(), 2);
-    const QByteArray host = "\r\nHost: public.test:" + QByteArray::number(m_server->serverPort()) + "\r\n";
+    const QByteArray host = "public.test:" + QByteArray::number(m_server->serverPort());
     for (const QByteArray& request : m_server->requests()) {
-        QVERIFY(request.contains(host));
-        QVERIFY(request.contains("\r\nUser-Agent: Mozilla/5.0 (compatible; Nookle; link preview)\r\n"));
+        QCOMPARE(header(request, "host"), host);
+        QCOMPARE(header(request, "user-agent"), "Mozilla/5.0 (compatible; Nookle; link preview)");
         for (const char* forbidden : { "cookie", "authorization", "referer", "user", "secret", "fragment", "cache",
                                        "if-modified", "if-none", "127.0.0.1" })
             QVERIFY2(!request.toLower().replace("user-agent", "").contains(forbidden), request.constData());
@@ -284,7 +295,7 @@ void WebTransferTest::theJudgedAddressIsConnectedTo()
     const auto done = fetch(m_server->url("/a", "localhost"));
     QTRY_VERIFY(done->end);
     QCOMPARE(done->body, "done");
-    QVERIFY(m_server->requests().constFirst().contains("\r\nHost: localhost:"));
+    QVERIFY(header(m_server->requests().constFirst(), "host").startsWith("localhost:"));
 }
 
 void WebTransferTest::theNextAddressIsTriedWhenOneRefuses()
@@ -400,7 +411,7 @@ void WebTransferTest::compressedBodiesAreDecoded()
     QTRY_VERIFY(done->end);
     QCOMPARE(done->end, WebTransfer::End::complete);
     QVERIFY(done->body == body);
-    QVERIFY(m_server->requests().constFirst().contains("\r\nAccept-Encoding: gzip, deflate, br\r\n"));
+    QCOMPARE(header(m_server->requests().constFirst(), "accept-encoding"), "gzip, deflate, br");
 }
 
 void WebTransferTest::aBrokenOrUnknownEncodingFails_data()
