@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
+#include "LeftImageCopies.h"
 #include "PrimarySelection.h"
 
 #include <QCoreApplication>
@@ -27,8 +28,10 @@ inline constexpr std::uint32_t controlAltSuper = 4096 + 2048 + 256;
 
 } // namespace
 
-AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop)
+AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop,
+                         std::function<std::optional<Failure>()> claimFolder)
     : m_dataFolder(dataFolder)
+    , m_claimFolder(std::move(claimFolder))
     , m_desktop(std::move(desktop))
     , m_trash(dataHome)
     , m_mounts(std::make_shared<Mounts>(QFile::encodeName(QDir::homePath())))
@@ -61,6 +64,7 @@ void AppDelegate::applicationDidFinishLaunching()
     provideServices();
     createHotKey();
     m_store->removeOrphans();
+    removeLeftImageCopies(QDateTime::currentDateTimeUtc().addDays(-1));
     if (m_panelController->pinning().isPinned())
         m_panelController->show();
 }
@@ -71,8 +75,10 @@ void AppDelegate::createPanel()
     environment.now = [] { return QDateTime::currentDateTimeUtc(); };
     environment.moveToTrash = [this](const QUrl& file) { return m_trash.moveToTrash(file); };
     environment.fetchesLinkMetadata = true;
+    environment.claimFolder = m_claimFolder;
     m_store = std::make_unique<ShelfStore>(m_dataFolder, std::move(environment), m_fileReferences, m_trash,
                                            m_linkMetadata, m_queue);
+    connect(m_store.get(), &ShelfStore::additionFailed, this, &AppDelegate::additionFailed);
     m_fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };
 
     installAccessibility();
@@ -141,7 +147,10 @@ void AppDelegate::startScreenshotCollection()
 
 void AppDelegate::provideServices()
 {
-    m_serviceProvider = std::make_unique<ServiceProvider>(*m_store, [this] { showForAMomentSoon(); });
+    m_serviceProvider = std::make_unique<ServiceProvider>(*m_store, [this] {
+        if (!m_lastRefusal)
+            showForAMomentSoon();
+    });
     m_busService.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
     m_busService.onActivate = [this] { showShelf(); };
     m_busService.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
@@ -150,10 +159,18 @@ void AppDelegate::provideServices()
 
 std::optional<Failure> AppDelegate::addToShelf(const ServicePasteboard& pasteboard)
 {
-    auto failure = m_serviceProvider->addToShelf(pasteboard);
-    if (failure)
+    m_lastRefusal.reset();
+    if (auto failure = m_serviceProvider->addToShelf(pasteboard)) {
         m_notifier.notify(failure->description);
-    return failure;
+        return failure;
+    }
+    return m_lastRefusal;
+}
+
+void AppDelegate::additionFailed(const QString& reason)
+{
+    m_lastRefusal = Failure{ reason };
+    m_notifier.notify(reason);
 }
 
 void AppDelegate::createHotKey()

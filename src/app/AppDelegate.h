@@ -38,6 +38,7 @@
 #include <QObject>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -48,8 +49,10 @@ class AppDelegate final : public QObject {
     Q_OBJECT
 
 public:
-    /// `dataFolder` is this program's alone; `dataHome` is the folder of all programs' data, which holds the Trash.
-    AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop);
+    /// `dataFolder` is this program's alone, which `claimFolder` makes sure of (see `ShelfStore::Environment`);
+    /// `dataHome` is the folder of all programs' data, which holds the Trash.
+    AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop,
+                std::function<std::optional<Failure>()> claimFolder);
     ~AppDelegate() override;
 
     /// Starts everything, once the application's event loop is about to run.
@@ -73,6 +76,7 @@ private:
     void provideServices();
     /// Tells the user of a failure, and returns it.
     std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
+    void additionFailed(const QString& reason);
     void createHotKey();
     void togglePanel();
     void togglePinned();
@@ -80,6 +84,9 @@ private:
     void showForAMomentSoon();
 
     QUrl m_dataFolder;
+    std::function<std::optional<Failure>()> m_claimFolder;
+    /// Why the store refused something last.
+    std::optional<Failure> m_lastRefusal;
     std::unique_ptr<DesktopBackend> m_desktop;
     DesktopAppearance m_appearance;
     QtMainQueue m_queue;

@@ -1,20 +1,30 @@
 #include "SingleInstance.h"
 
 #include "FileUrl.h"
+#include "Log.h"
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QLocalSocket>
+#include <QThread>
 
-#include <filesystem>
-
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <utility>
 
 namespace nookle {
 
 namespace {
 
 inline constexpr int answerTimeoutMilliseconds = 5000;
+inline constexpr int lockPatienceMilliseconds = 1000;
+inline constexpr int lockIntervalMilliseconds = 20;
 
 /// More than a command line can hold.
 inline constexpr qint64 longestRequest = 8 << 20;
@@ -42,8 +52,8 @@ inline constexpr qint64 longestRequest = 8 << 20;
     return addWord() + ' ' + uris.join(QLatin1Char(' ')).toUtf8() + '\n';
 }
 
-/// One name for each user and folder, by whatever path the folder is reached.
-[[nodiscard]] QString addressName(const QUrl& dataFolder)
+/// One name for each folder, by whatever path that is reached.
+[[nodiscard]] QByteArray nameFor(const QUrl& dataFolder)
 {
     std::error_code error;
     const std::filesystem::path given = standardizedPath(dataFolder).toStdString();
@@ -51,10 +61,21 @@ inline constexpr qint64 longestRequest = 8 << 20;
     const std::string& path = error ? given.native() : canonical.native();
     const QByteArray hash =
         QCryptographicHash::hash(QByteArray::fromStdString(path), QCryptographicHash::Sha256).toHex().left(32);
-    return QStringLiteral("org.nookle.Nookle-%1-%2").arg(getuid()).arg(QLatin1String(hash));
+    return "org.nookle.Nookle-" + hash;
 }
 
-/// The address can be reached by every user of the machine.
+/// A folder that nobody but the user can reach; none otherwise.
+[[nodiscard]] FileDescriptor openPrivateFolder(const QByteArray& path)
+{
+    FileDescriptor folder(path.isEmpty() ? -1 : ::open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    struct stat status {};
+    constexpr mode_t others = S_IRWXG | S_IRWXO;
+    const bool isPrivate = folder.isOpen() && ::fstat(folder.get(), &status) == 0 && status.st_uid == ::geteuid()
+        && (status.st_mode & others) == 0;
+    return isPrivate ? std::move(folder) : FileDescriptor();
+}
+
+/// Whoever could take the runtime folder over could answer in its place.
 [[nodiscard]] bool isSameUser(const QLocalSocket& socket)
 {
     ucred credentials{};
@@ -63,32 +84,101 @@ inline constexpr qint64 longestRequest = 8 << 20;
     return getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &credentials, &size) == 0 && credentials.uid == getuid();
 }
 
-} // namespace
-
-SingleInstance::SingleInstance(const QUrl& dataFolder)
-    : m_name(addressName(dataFolder))
+[[nodiscard]] SingleInstance::Claim ask(QLocalSocket& socket, const QStringList& uris)
 {
-    m_server.setSocketOptions(QLocalServer::AbstractNamespaceOption);
-    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answerRequests);
-}
-
-SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
-{
-    if (m_server.listen(m_name))
-        return Claim::granted;
-    QLocalSocket socket;
-    socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
-    socket.connectToServer(m_name);
-    if (!socket.waitForConnected(answerTimeoutMilliseconds) || !isSameUser(socket))
-        return Claim::otherIsSilent;
     socket.write(requestFor(uris));
     QByteArray answer;
     while (answer != doneAnswer()) {
         if (!socket.waitForReadyRead(answerTimeoutMilliseconds))
-            return Claim::otherIsSilent;
+            return SingleInstance::Claim::otherIsSilent;
         answer += socket.readAll();
     }
-    return Claim::doneByOther;
+    return SingleInstance::Claim::doneByOther;
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(const QUrl& dataFolder, const QByteArray& runtimeFolder)
+    : m_name(nameFor(dataFolder))
+    , m_folderLock(filePath(dataFolder))
+    , m_runtimeFolder(openPrivateFolder(runtimeFolder))
+{
+    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answerRequests);
+}
+
+QString SingleInstance::address() const
+{
+    // The path of the folder itself may be longer than a socket's address can be.
+    return QStringLiteral("/proc/self/fd/%1/%2").arg(m_runtimeFolder.get()).arg(QString::fromLatin1(m_name));
+}
+
+SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
+{
+    // Another program may hold the shelf and not answer yet, or end just now.
+    const QDeadlineTimer patience(lockPatienceMilliseconds);
+    do {
+        if (lock())
+            return Claim::granted;
+        QLocalSocket socket;
+        if (m_runtimeFolder.isOpen())
+            socket.connectToServer(address());
+        if (socket.waitForConnected(answerTimeoutMilliseconds))
+            return isSameUser(socket) ? ask(socket, uris) : Claim::otherIsSilent;
+        QThread::msleep(lockIntervalMilliseconds);
+    } while (!patience.hasExpired());
+    return Claim::otherIsSilent;
+}
+
+bool SingleInstance::lock()
+{
+    if (lockFolder() == FolderLock::State::heldByOther)
+        return false;
+    if (!m_runtimeFolder.isOpen())
+        return true;
+    if (!lockSession())
+        return false;
+    listen();
+    return true;
+}
+
+FolderLock::State SingleInstance::lockFolder()
+{
+    const FolderLock::State state = m_folderLock.take();
+    if (state == FolderLock::State::impossible && !std::exchange(m_hasToldOfLock, true))
+        logLine(QStringLiteral("the data folder cannot be locked: ") + m_folderLock.error());
+    return state;
+}
+
+// The data folder may not exist yet, and a socket tells nobody whether its program lives.
+bool SingleInstance::lockSession()
+{
+    const QByteArray file = m_name + ".lock";
+    FileDescriptor lock(::openat(m_runtimeFolder.get(), file.constData(), O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC,
+                                 S_IRUSR | S_IWUSR));
+    if (lock.isOpen() && ::flock(lock.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        return false;
+    m_sessionLock = std::move(lock);
+    return true;
+}
+
+void SingleInstance::listen()
+{
+    // Left there by a program that has ended: the lock is ours.
+    ::unlinkat(m_runtimeFolder.get(), m_name.constData(), 0);
+    if (!m_server.listen(address()))
+        logLine(QStringLiteral("a second start cannot be answered: ") + m_server.errorString());
+}
+
+std::optional<Failure> SingleInstance::claimFolder()
+{
+    if (!m_isFolderLost && lockFolder() == FolderLock::State::heldByOther) {
+        m_isFolderLost = true;
+        if (onFolderLost)
+            onFolderLost();
+    }
+    if (!m_isFolderLost)
+        return {};
+    return Failure{ QStringLiteral("another program holds the shelf") };
 }
 
 void SingleInstance::answerRequests()

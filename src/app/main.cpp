@@ -47,7 +47,10 @@ void describeApplication()
 
 int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringList& uris)
 {
-    nookle::AppDelegate delegate(dataHome(), dataFolder, nookle::makeDesktopBackend());
+    // What is on this program's shelf has no place to be saved.
+    instance.onFolderLost = [] { QApplication::exit(EXIT_FAILURE); };
+    nookle::AppDelegate delegate(dataHome(), dataFolder, nookle::makeDesktopBackend(),
+                                 [&instance] { return instance.claimFolder(); });
     delegate.applicationDidFinishLaunching();
     if (!uris.isEmpty())
         delegate.open(uris);
@@ -82,7 +85,7 @@ int main(int argc, char* argv[])
         return EXIT_FAILURE;
 
     const QUrl dataFolder = nookle::child(nookle::fileUrl(dataHome()), QStringLiteral("Nookle"));
-    nookle::SingleInstance instance(dataFolder);
+    nookle::SingleInstance instance(dataFolder, qgetenv("XDG_RUNTIME_DIR"));
     switch (instance.claim(arguments.uris)) {
     case nookle::SingleInstance::Claim::granted:
         break;

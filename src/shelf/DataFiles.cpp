@@ -196,7 +196,7 @@ std::optional<Failure> writeAtomically(const QByteArray& path, const QByteArray&
     return failure(error);
 }
 
-std::optional<Failure> moveFile(const QByteArray& from, const QByteArray& to)
+std::optional<Failure> relocateFile(const QByteArray& from, const QByteArray& to)
 {
     std::error_code error;
     fs::rename(from.toStdString(), to.toStdString(), error);

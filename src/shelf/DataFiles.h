@@ -22,7 +22,7 @@ namespace nookle {
 /// Moves a file, also to another file system; there it has reached the disk before the old one goes. Nothing may exist
 /// at `to`. After a failure the file is where it was, and nothing is at `to`. Folders can be moved only within a file
 /// system.
-[[nodiscard]] std::optional<Failure> moveFile(const QByteArray& from, const QByteArray& to);
+[[nodiscard]] std::optional<Failure> relocateFile(const QByteArray& from, const QByteArray& to);
 
 /// The names in the folder, in no order; none while it does not exist. No list at all if it cannot be read to its end.
 [[nodiscard]] std::optional<QList<QByteArray>> entriesOf(const QByteArray& folder);

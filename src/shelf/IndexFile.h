@@ -23,8 +23,11 @@ public:
     /// understood, is moved aside at once.
     [[nodiscard]] QList<ShelfItem> load();
 
-    /// Call it before each write: moves aside what `load` has not read, and leaves a mark if there is no index, here or
-    /// aside, that could name the folders of items that there are. After a failure nothing may be written.
+    /// Whether the index may be written, over the one on disk if there is one.
+    [[nodiscard]] bool isOurs() const { return !m_obstacle; }
+
+    /// Makes that so: moves aside what `load` has not read, and leaves a mark if there is no index, here or aside, that
+    /// could name the folders of items that there are. After a failure nothing may be written.
     [[nodiscard]] std::optional<Failure> makeWay(bool hasItemFolders);
 
     /// Whether there is an index on disk that this program has read or written.

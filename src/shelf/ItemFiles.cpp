@@ -92,7 +92,7 @@ std::optional<Failure> ItemFiles::takeOver(const QUrl& source, const QUuid& id, 
         return unusableName(name);
     if (std::optional<Failure> failure = makeFolder(filePath(folder(id))))
         return failure;
-    return moveFile(standardizedPath(source), filePath(*destination));
+    return relocateFile(standardizedPath(source), filePath(*destination));
 }
 
 std::optional<Failure> ItemFiles::write(const QByteArray& bytes, const QUuid& id, const QString& name) const

@@ -264,17 +264,19 @@ template <typename Output> [[nodiscard]] auto written(const ShelfIndex& index)
 {
     constexpr qsizetype restSize = 500;
     constexpr qsizetype escapedSize = 6;
-    const qsizetype textSize =
-        std::visit(overloaded{
-                       [](const FileContent& file) { return file.name.size() + file.bookmark.size(); },
-                       [](const TextContent& text) { return text.text.size(); },
-                       [](const LinkContent& link) {
-                           return link.url.absoluteString().size() + link.title.value_or(QString()).size();
-                       },
-                       [](const ImageContent& image) { return image.fileName.size(); },
-                   },
-                   item.content);
-    return restSize + escapedSize * textSize;
+    constexpr qsizetype base64Size = 2;
+    const qsizetype contentSize = std::visit(
+        overloaded{
+            [](const FileContent& file) { return escapedSize * file.name.size() + base64Size * file.bookmark.size(); },
+            [](const TextContent& text) { return escapedSize * text.text.size(); },
+            [](const LinkContent& link) {
+                const qsizetype titleSize = link.title ? link.title->size() : 0;
+                return escapedSize * (link.url.absoluteString().size() + titleSize);
+            },
+            [](const ImageContent& image) { return escapedSize * image.fileName.size(); },
+        },
+        item.content);
+    return restSize + contentSize;
 }
 
 /// Reads one document. The first thing that is wrong ends up in `failure`, and every reading function that met

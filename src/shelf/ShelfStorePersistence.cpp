@@ -135,7 +135,7 @@ std::optional<Failure> ShelfStore::prepareToSave()
     if (std::optional<Failure> failure = makeFolder(filePath(m_directory)))
         return failure;
     std::optional<Failure> failure = m_environment.claimFolder();
-    if (!failure)
+    if (!failure && !m_index.isOurs())
         failure = m_index.makeWay(m_itemFiles.folders() != QList<QUuid>());
     const bool wasOff = std::exchange(m_isSavingOff, failure.has_value());
     if (m_isSavingOff && !wasOff)

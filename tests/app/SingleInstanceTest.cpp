@@ -5,7 +5,10 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFile>
+#include <QFileInfo>
+#include <QLocalServer>
 #include <QLocalSocket>
+#include <QSemaphore>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
@@ -27,7 +30,15 @@ private Q_SLOTS:
     void anotherDataFolderIsAnotherShelf();
     void theSameFolderByAnotherPathIsTheSameShelf();
     void theFolderIsFreeAgainOnceItsProgramIsGone();
-    void noFileOrFolderIsMade();
+    void noDataFolderIsMade();
+    void twoSessionsCannotHoldOneFolder();
+    void withoutARuntimeFolderTheLockDecides_data();
+    void withoutARuntimeFolderTheLockDecides();
+    void aSocketOfADeadProgramIsReplaced();
+    void aLongRuntimeFolderIsUsed();
+    void aFolderThatComesLaterIsClaimed();
+    void aFolderThatAnotherProgramTookFirstStaysItsOwn();
+    void aProgramThatEndsJustNowIsWaitedFor();
 
 private:
     [[nodiscard]] static QUrl folder(const QTemporaryDir& directory)
@@ -36,27 +47,34 @@ private:
     }
 
     /// The claim of a second program, while the first one's event loop runs.
-    [[nodiscard]] static SingleInstance::Claim claimElsewhere(const QUrl& folder, const QStringList& uris = {})
+    [[nodiscard]] SingleInstance::Claim claimElsewhere(const QUrl& folder, const QStringList& uris = {}) const
     {
         auto claim = SingleInstance::Claim::otherIsSilent;
-        const std::unique_ptr<QThread> thread(QThread::create([&] { claim = SingleInstance(folder).claim(uris); }));
+        const std::unique_ptr<QThread> thread(
+            QThread::create([&] { claim = SingleInstance(folder, runtime()).claim(uris); }));
         thread->start();
         while (!thread->isFinished())
             QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
         return claim;
     }
+
+    [[nodiscard]] QByteArray runtime() const { return QFile::encodeName(m_runtime.path()); }
+    void leaveDeadSocket(const QString& name) const;
+
+    /// As a session has it: nobody else gets in.
+    QTemporaryDir m_runtime;
 };
 
 void SingleInstanceTest::theFirstClaimIsGranted()
 {
     const QTemporaryDir directory;
-    QCOMPARE(SingleInstance(folder(directory)).claim(), SingleInstance::Claim::granted);
+    QCOMPARE(SingleInstance(folder(directory), runtime()).claim(), SingleInstance::Claim::granted);
 }
 
 void SingleInstanceTest::aSecondClaimAsksTheFirstToShowTheShelf()
 {
     const QTemporaryDir directory;
-    SingleInstance first(folder(directory));
+    SingleInstance first(folder(directory), runtime());
     int shown = 0;
     first.onShowRequested = [&] { ++shown; };
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
@@ -67,7 +85,7 @@ void SingleInstanceTest::aSecondClaimAsksTheFirstToShowTheShelf()
 void SingleInstanceTest::aSecondClaimHandsItsFilesToTheFirst()
 {
     const QTemporaryDir directory;
-    SingleInstance first(folder(directory));
+    SingleInstance first(folder(directory), runtime());
     QStringList added;
     first.onAddRequested = [&](const QStringList& uris) { added += uris; };
     first.onShowRequested = [] { QFAIL("only asked to add"); };
@@ -80,7 +98,7 @@ void SingleInstanceTest::aSecondClaimHandsItsFilesToTheFirst()
 void SingleInstanceTest::manyFilesAreHandedOverWhole()
 {
     const QTemporaryDir directory;
-    SingleInstance first(folder(directory));
+    SingleInstance first(folder(directory), runtime());
     QStringList added;
     first.onAddRequested = [&](const QStringList& uris) { added += uris; };
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
@@ -94,13 +112,12 @@ void SingleInstanceTest::manyFilesAreHandedOverWhole()
 void SingleInstanceTest::whatIsNoRequestIsNotAnswered()
 {
     const QTemporaryDir directory;
-    SingleInstance first(folder(directory));
+    SingleInstance first(folder(directory), runtime());
     int requests = 0;
     first.onShowRequested = [&] { ++requests; };
     first.onAddRequested = [&](const QStringList&) { ++requests; };
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
     QLocalSocket socket;
-    socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
     socket.connectToServer(first.address());
     QVERIFY(socket.waitForConnected());
     socket.write("nonsense\n");
@@ -113,10 +130,9 @@ void SingleInstanceTest::whatIsNoRequestIsNotAnswered()
 void SingleInstanceTest::aRequestWithoutAnEndIsCutOff()
 {
     const QTemporaryDir directory;
-    SingleInstance first(folder(directory));
+    SingleInstance first(folder(directory), runtime());
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
     QLocalSocket socket;
-    socket.setSocketOptions(QLocalSocket::AbstractNamespaceOption);
     socket.connectToServer(first.address());
     QVERIFY(socket.waitForConnected());
     socket.write(QByteArray(9 << 20, 'x'));
@@ -127,9 +143,9 @@ void SingleInstanceTest::anotherDataFolderIsAnotherShelf()
 {
     const QTemporaryDir one;
     const QTemporaryDir other;
-    SingleInstance first(folder(one));
+    SingleInstance first(folder(one), runtime());
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
-    QCOMPARE(SingleInstance(folder(other)).claim(), SingleInstance::Claim::granted);
+    QCOMPARE(SingleInstance(folder(other), runtime()).claim(), SingleInstance::Claim::granted);
 }
 
 void SingleInstanceTest::theSameFolderByAnotherPathIsTheSameShelf()
@@ -138,7 +154,7 @@ void SingleInstanceTest::theSameFolderByAnotherPathIsTheSameShelf()
     const QByteArray path = directory.path().toUtf8();
     QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
     QVERIFY(QFile::link(directory.path() + QStringLiteral("/Nookle"), directory.path() + QStringLiteral("/link")));
-    SingleInstance first(fileUrl(path + "/Nookle"));
+    SingleInstance first(fileUrl(path + "/Nookle"), runtime());
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
     QCOMPARE(claimElsewhere(fileUrl(path + "/link/../link")), SingleInstance::Claim::doneByOther);
 }
@@ -146,18 +162,143 @@ void SingleInstanceTest::theSameFolderByAnotherPathIsTheSameShelf()
 void SingleInstanceTest::theFolderIsFreeAgainOnceItsProgramIsGone()
 {
     const QTemporaryDir directory;
-    auto first = std::make_unique<SingleInstance>(folder(directory));
+    auto first = std::make_unique<SingleInstance>(folder(directory), runtime());
     QCOMPARE(first->claim(), SingleInstance::Claim::granted);
     first.reset();
-    QCOMPARE(SingleInstance(folder(directory)).claim(), SingleInstance::Claim::granted);
+    QCOMPARE(SingleInstance(folder(directory), runtime()).claim(), SingleInstance::Claim::granted);
 }
 
-void SingleInstanceTest::noFileOrFolderIsMade()
+void SingleInstanceTest::noDataFolderIsMade()
 {
     const QTemporaryDir directory;
-    SingleInstance first(folder(directory));
+    SingleInstance first(folder(directory), runtime());
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    QVERIFY(!first.claimFolder());
     QVERIFY(QDir(directory.path()).isEmpty());
+}
+
+void SingleInstanceTest::twoSessionsCannotHoldOneFolder()
+{
+    const QTemporaryDir directory;
+    const QTemporaryDir otherRuntime;
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    SingleInstance first(folder(directory), runtime());
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    SingleInstance second(folder(directory), QFile::encodeName(otherRuntime.path()));
+    QCOMPARE(second.claim(), SingleInstance::Claim::otherIsSilent);
+}
+
+void SingleInstanceTest::withoutARuntimeFolderTheLockDecides_data()
+{
+    QTest::addColumn<bool>("isSet");
+    QTest::newRow("not set") << false;
+    QTest::newRow("open to others") << true;
+}
+
+void SingleInstanceTest::withoutARuntimeFolderTheLockDecides()
+{
+    QFETCH(bool, isSet);
+    const QTemporaryDir directory;
+    const QTemporaryDir open;
+    QVERIFY(QFile::setPermissions(
+        open.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup));
+    const QByteArray runtime = isSet ? QFile::encodeName(open.path()) : QByteArray();
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    auto first = std::make_unique<SingleInstance>(folder(directory), runtime);
+    QCOMPARE(first->claim(), SingleInstance::Claim::granted);
+    QCOMPARE(SingleInstance(folder(directory), runtime).claim(), SingleInstance::Claim::otherIsSilent);
+    first.reset();
+    QCOMPARE(SingleInstance(folder(directory), runtime).claim(), SingleInstance::Claim::granted);
+    QVERIFY(QDir(open.path()).isEmpty());
+}
+
+void SingleInstanceTest::leaveDeadSocket(const QString& name) const
+{
+    QLocalServer server;
+    QVERIFY(server.listen(m_runtime.filePath(QStringLiteral("passing"))));
+    // The program that made it ends without taking it away.
+    QVERIFY(QFile::rename(server.fullServerName(), m_runtime.filePath(name)));
+}
+
+void SingleInstanceTest::aSocketOfADeadProgramIsReplaced()
+{
+    const QTemporaryDir directory;
+    const QString name = QFileInfo(SingleInstance(folder(directory), runtime()).address()).fileName();
+    leaveDeadSocket(name);
+    SingleInstance first(folder(directory), runtime());
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    QCOMPARE(claimElsewhere(folder(directory)), SingleInstance::Claim::doneByOther);
+}
+
+void SingleInstanceTest::aLongRuntimeFolderIsUsed()
+{
+    const QTemporaryDir directory;
+    const QString path = m_runtime.filePath(QString(200, QLatin1Char('x')));
+    QVERIFY(QDir().mkdir(path));
+    QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    const QByteArray runtime = QFile::encodeName(path);
+    const QByteArray shortPath = QFile::encodeName(m_runtime.filePath(QStringLiteral("short")));
+    QVERIFY(QFile::link(path, QFile::decodeName(shortPath)));
+    SingleInstance first(folder(directory), runtime);
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    // The socket lies in the folder that was given, however it is reached.
+    QLocalSocket socket;
+    socket.connectToServer(QFile::decodeName(shortPath) + QLatin1Char('/') + QFileInfo(first.address()).fileName());
+    QVERIFY(socket.waitForConnected());
+}
+
+void SingleInstanceTest::aFolderThatComesLaterIsClaimed()
+{
+    const QTemporaryDir directory;
+    const QTemporaryDir otherRuntime;
+    SingleInstance first(folder(directory), runtime());
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    QVERIFY(!first.claimFolder());
+    SingleInstance second(folder(directory), QFile::encodeName(otherRuntime.path()));
+    QCOMPARE(second.claim(), SingleInstance::Claim::otherIsSilent);
+    // Another folder in its place is claimed as well.
+    QVERIFY(QDir(directory.path()).rename(QStringLiteral("Nookle"), QStringLiteral("away")));
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    QVERIFY(!first.claimFolder());
+    QCOMPARE(second.claim(), SingleInstance::Claim::otherIsSilent);
+}
+
+void SingleInstanceTest::aFolderThatAnotherProgramTookFirstStaysItsOwn()
+{
+    const QTemporaryDir directory;
+    SingleInstance first(folder(directory), {});
+    auto second = std::make_unique<SingleInstance>(folder(directory), QByteArray());
+    int lost = 0;
+    first.onFolderLost = [&] { ++lost; };
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    QCOMPARE(second->claim(), SingleInstance::Claim::granted);
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    QVERIFY(!second->claimFolder());
+    QVERIFY(first.claimFolder());
+    second.reset();
+    QVERIFY(first.claimFolder());
+    QCOMPARE(lost, 1);
+}
+
+void SingleInstanceTest::aProgramThatEndsJustNowIsWaitedFor()
+{
+    const QTemporaryDir directory;
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    auto first = std::make_unique<SingleInstance>(folder(directory), QByteArray());
+    QCOMPARE(first->claim(), SingleInstance::Claim::granted);
+    auto claim = SingleInstance::Claim::otherIsSilent;
+    QSemaphore isAsking;
+    const std::unique_ptr<QThread> thread(QThread::create([&] {
+        SingleInstance second(folder(directory), {});
+        isAsking.release();
+        claim = second.claim();
+    }));
+    thread->start();
+    isAsking.acquire();
+    first.reset();
+    QVERIFY(thread->wait());
+    QCOMPARE(claim, SingleInstance::Claim::granted);
 }
 
 QTEST_GUILESS_MAIN(SingleInstanceTest)

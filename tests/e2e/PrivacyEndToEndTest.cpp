@@ -7,6 +7,7 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QImage>
 #include <QLocalServer>
 #include <QProcess>
@@ -15,6 +16,7 @@
 
 #include <grp.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -283,42 +285,28 @@ void PrivacyEndToEndTest::otherUsersOfTheBusAreRefused()
 
 QByteArray PrivacyEndToEndTest::shelfSocket() const
 {
-    const QString descriptors = QStringLiteral("/proc/%1/fd").arg(m_shelf->processId());
-    QFile sockets(QStringLiteral("/proc/net/unix"));
-    if (!sockets.open(QIODevice::ReadOnly))
-        return {};
-    for (const QByteArray& line : sockets.readAll().split('\n')) {
-        const QByteArrayList words = line.simplified().split(' ');
-        if (!words.last().startsWith("@org.nookle.Nookle-"))
-            continue;
-        const QString own = QStringLiteral("socket:[%1]").arg(QString::fromLatin1(words.value(6)));
-        for (const QString& name : QDir(descriptors).entryList(QDir::AllEntries | QDir::System)) {
-            std::array<char, 64> target{};
-            const QByteArray link = QFile::encodeName(descriptors + QLatin1Char('/') + name);
-            if (::readlink(link.constData(), target.data(), target.size() - 1) > 0
-                && own == QLatin1String(target.data()))
-                return words.last().mid(1);
-        }
-    }
-    return {};
+    const QDir runtime(m_desktop->home(QStringLiteral("runtime")));
+    const QStringList sockets = runtime.entryList({ QStringLiteral("org.nookle.Nookle-*") }, QDir::System);
+    return sockets.size() == 1 ? QFile::encodeName(runtime.filePath(sockets.first())) : QByteArray();
 }
 
 QByteArray PrivacyEndToEndTest::answerToRequestOf(uid_t user) const
 {
-    const QByteArray name = shelfSocket();
+    const QByteArray path = shelfSocket();
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    if (name.isEmpty() || name.size() + 1 > qsizetype(sizeof(address.sun_path)))
+    if (path.isEmpty() || path.size() >= qsizetype(sizeof(address.sun_path)))
         return "no socket";
-    std::copy(name.begin(), name.end(), address.sun_path + 1);
-    const auto size = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + 1 + size_t(name.size()));
+    std::copy(path.begin(), path.end(), address.sun_path);
     const int socket = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     // Who asks is who connects.
     const uid_t self = ::geteuid();
     const bool isConnected =
-        ::seteuid(user) == 0 && ::connect(socket, reinterpret_cast<const sockaddr*>(&address), size) == 0;
-    if (::seteuid(self) != 0 || !isConnected)
-        qFatal("the shelf cannot be asked");
+        ::seteuid(user) == 0 && ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address)) == 0;
+    if (::seteuid(self) != 0)
+        qFatal("no way back");
+    if (!isConnected)
+        return "not connected";
     static_cast<void>(::send(socket, "show\n", 5, MSG_NOSIGNAL));
     std::array<char, 16> answer{};
     const ssize_t length = ::recv(socket, answer.data(), answer.size(), 0);
@@ -331,6 +319,11 @@ void PrivacyEndToEndTest::otherUsersCannotReachTheShelfAsASecondStart()
     if (::geteuid() != 0)
         QSKIP("only the administrator can become another user");
     QVERIFY(m_shelf->start());
+    QCOMPARE(answerToRequestOf(nobody), QByteArray("not connected"));
+    // Not even when somebody opens the way.
+    const QString runtime = m_desktop->home(QStringLiteral("runtime"));
+    for (const QString& path : { QFile::decodeName(shelfSocket()), runtime, QFileInfo(runtime).path() })
+        QCOMPARE(::chmod(QFile::encodeName(path).constData(), 0777), 0);
     QCOMPARE(answerToRequestOf(nobody), QByteArray());
     QVERIFY(holdsFor([this] { return panelIsGone(); }, 500));
     QCOMPARE(answerToRequestOf(::geteuid()), QByteArray("done\n"));

@@ -172,7 +172,7 @@ void DataFilesTest::aFileMovesWithinAFileSystem()
     const QString from = m_folder.filePath(QStringLiteral("from"));
     const QString to = m_folder.filePath(QStringLiteral("to"));
     write(from, "bytes");
-    QVERIFY(!moveFile(QFile::encodeName(from), QFile::encodeName(to)));
+    QVERIFY(!relocateFile(QFile::encodeName(from), QFile::encodeName(to)));
     QVERIFY(!QFile::exists(from));
     QCOMPARE(contents(to), QByteArray("bytes"));
 }
@@ -183,8 +183,8 @@ void DataFilesTest::aNameThatIsNotUtf8Moves()
     const QString plain = m_folder.filePath(QStringLiteral("plain"));
     const QString back = m_folder.filePath(QStringLiteral("back"));
     write(plain, "bytes");
-    QVERIFY(!moveFile(QFile::encodeName(plain), from));
-    QVERIFY(!moveFile(from, QFile::encodeName(back)));
+    QVERIFY(!relocateFile(QFile::encodeName(plain), from));
+    QVERIFY(!relocateFile(from, QFile::encodeName(back)));
     QCOMPARE(contents(back), QByteArray("bytes"));
 }
 
@@ -196,7 +196,7 @@ void DataFilesTest::aFileMovesAcrossFileSystems()
     const QString to = folder.filePath(QStringLiteral("a.png"));
     const QByteArray bytes(3'000'000, 'x');
     write(from, bytes);
-    QVERIFY(!moveFile(QFile::encodeName(from), QFile::encodeName(to)));
+    QVERIFY(!relocateFile(QFile::encodeName(from), QFile::encodeName(to)));
     QVERIFY(!QFile::exists(from));
     QCOMPARE(contents(to), bytes);
     QCOMPARE(entries(folder.path()).size(), 1);
@@ -207,7 +207,7 @@ void DataFilesTest::aSymbolicLinkMovesAcrossFileSystemsAsALink()
     const QString from = m_other.filePath(QStringLiteral("link"));
     const QString to = m_folder.filePath(QStringLiteral("link"));
     QVERIFY(QFile::link(QStringLiteral("/nowhere/at/all"), from));
-    QVERIFY(!moveFile(QFile::encodeName(from), QFile::encodeName(to)));
+    QVERIFY(!relocateFile(QFile::encodeName(from), QFile::encodeName(to)));
     QVERIFY(!QFileInfo(from).isSymLink());
     QCOMPARE(QFile::symLinkTarget(to), QStringLiteral("/nowhere/at/all"));
 }
@@ -231,7 +231,7 @@ void DataFilesTest::aFailedMoveAcrossFileSystemsLeavesTheSourceAndNothingElse()
     QFETCH(QString, to);
     const QTemporaryDir folder;
     QVERIFY(QDir().mkpath(folder.filePath(QStringLiteral("folder/inside"))));
-    QVERIFY(moveFile(QFile::encodeName(from), QFile::encodeName(folder.filePath(to))));
+    QVERIFY(relocateFile(QFile::encodeName(from), QFile::encodeName(folder.filePath(to))));
     QVERIFY(QFileInfo::exists(from));
     QCOMPARE(entries(folder.path()), QStringList{ QStringLiteral("folder") });
 }
@@ -239,7 +239,7 @@ void DataFilesTest::aFailedMoveAcrossFileSystemsLeavesTheSourceAndNothingElse()
 void DataFilesTest::aMissingFileDoesNotMove()
 {
     const QString to = m_folder.filePath(QStringLiteral("never"));
-    QVERIFY(moveFile(QFile::encodeName(m_folder.filePath(QStringLiteral("missing"))), QFile::encodeName(to)));
+    QVERIFY(relocateFile(QFile::encodeName(m_folder.filePath(QStringLiteral("missing"))), QFile::encodeName(to)));
     QVERIFY(!QFile::exists(to));
 }
 
