@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <optional>
 #include <utility>
@@ -47,10 +48,13 @@ FilePlaces::FilePlaces(std::shared_ptr<const MountTable> mounts, Patience patien
 
 FilePlace FilePlaces::placeOf(const QByteArray& path, Links last) const
 {
-    const Spot folder = folderSpot(parentFolder(path));
-    const QByteArray name = path.mid(path.lastIndexOf('/') + 1);
+    const qsizetype slash = path.lastIndexOf('/');
+    // Thousands of paths are asked for at once. What is only looked up needs no copy of its own.
+    const Spot folder = folderSpot(QByteArray::fromRawData(path.constData(), std::max<qsizetype>(slash, 1)));
+    const QByteArray name = QByteArray::fromRawData(path.constData() + slash + 1, path.size() - slash - 1);
     int linksLeft = mostLinks;
-    const Spot spot = walk(folder, name, last, linksLeft);
+    const bool isPlainEntry = last == Links::refuse && !folder.holdsMounts && name != "..";
+    const Spot spot = isPlainEntry ? folder : walk(folder, name, last, linksLeft);
     if (spot.kind == Kind::automount)
         return { Reach::unmounted, spot.distantMount };
     return { spot.distantMount.isEmpty() ? Reach::here : Reach::distant, spot.distantMount };
@@ -82,8 +86,9 @@ FilePlaces::Spot FilePlaces::folderSpot(const QByteArray& path) const
     }
     int linksLeft = mostLinks;
     Spot spot = walk(Spot(), path, Links::follow, linksLeft);
+    spot.holdsMounts = m_mounts->hasMountsIn(spot.path);
     const std::lock_guard lock(m_mutex);
-    m_folders.insert(path, spot);
+    m_folders.insert(QByteArray(path.constData(), path.size()), spot);
     return spot;
 }
 

@@ -59,6 +59,8 @@ private:
         QByteArray path = QByteArrayLiteral("/");
         MountTable::Kind kind = MountTable::Kind::own;
         QByteArray distantMount;
+        /// Of a folder that was walked to: whether something is mounted on one of its entries.
+        bool holdsMounts = true;
     };
 
     [[nodiscard]] Spot folderSpot(const QByteArray& path) const;

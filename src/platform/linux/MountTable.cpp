@@ -54,8 +54,10 @@ MountTable MountTable::parse(const QByteArray& mountInfo)
         const qsizetype hyphen = fields.indexOf("-", mountPointField);
         if (hyphen < 0)
             continue;
+        const QByteArray mountPoint = unescaped(fields.at(mountPointField));
         // What is mounted last hides what is below it.
-        table.m_kinds.insert(unescaped(fields.at(mountPointField)), kindOf(fields.value(hyphen + 1)));
+        table.m_kinds.insert(mountPoint, kindOf(fields.value(hyphen + 1)));
+        table.m_foldersOfMounts.insert(parentFolder(mountPoint));
     }
     table.setOwn("/");
     return table;

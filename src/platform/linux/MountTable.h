@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QSet>
 
 #include <optional>
 
@@ -28,6 +29,9 @@ public:
     /// What is mounted at exactly that path, which must hold no links.
     [[nodiscard]] std::optional<Kind> at(const QByteArray& path) const;
 
+    /// Whether something is mounted on an entry of the folder at that path, which must hold no links.
+    [[nodiscard]] bool hasMountsIn(const QByteArray& folder) const { return m_foldersOfMounts.contains(folder); }
+
     /// The mount point of the file system that holds `path`, which must hold no links.
     [[nodiscard]] QByteArray mountPointOf(QByteArray path) const;
 
@@ -36,6 +40,7 @@ public:
 
 private:
     QHash<QByteArray, Kind> m_kinds;
+    QSet<QByteArray> m_foldersOfMounts;
 };
 
 } // namespace nookle
