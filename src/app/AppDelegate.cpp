@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
+#include "HelperProgram.h"
 #include "LeftImageCopies.h"
 #include "PrimarySelection.h"
 
@@ -37,8 +38,8 @@ AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std
     , m_mounts(std::make_shared<Mounts>(QFile::encodeName(QDir::homePath())))
     , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue, std::chrono::steady_clock::now, m_mounts)
     , m_pictures(m_mounts, m_queue)
-    , m_webRoutes(m_queue)
-    , m_linkMetadata(m_webRoutes, m_pictures.converter(), m_queue)
+    , m_linkMetadata(helperProgram(QCoreApplication::applicationDirPath(), QStringLiteral("nookle-lookup")),
+                     m_pictures.converter(), m_queue)
     , m_pasteboard(m_pictures.converter())
     , m_fileTransfers(m_mounts)
     , m_loginItem(QCoreApplication::applicationFilePath())

@@ -32,7 +32,6 @@
 #include "StatusItem.h"
 #include "StatusMenu.h"
 #include "StatusNotifierTrayHost.h"
-#include "SystemWebRoutes.h"
 #include "WebLinkMetadata.h"
 
 #include <QObject>
@@ -95,7 +94,6 @@ private:
     std::shared_ptr<Mounts> m_mounts;
     LinuxFileReferences m_fileReferences;
     PictureServices m_pictures;
-    SystemWebRoutes m_webRoutes;
     WebLinkMetadata m_linkMetadata;
     ClipboardPasteboard m_pasteboard;
     DesktopWorkspace m_workspace;

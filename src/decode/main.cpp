@@ -12,12 +12,12 @@ using namespace nookle;
 
 namespace {
 
-[[nodiscard]] DecodeReply answer(RequestSocket::Incoming incoming)
+[[nodiscard]] DecodeReply answer(const DecodeRequest& request, FileDescriptor descriptor)
 {
     QFile file;
-    if (!file.open(incoming.file.release(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
+    if (!file.open(descriptor.release(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         return {};
-    return decodeImage(file, incoming.request);
+    return decodeImage(file, request);
 }
 
 } // namespace
@@ -26,11 +26,15 @@ namespace {
 int main()
 {
     limitProcess();
-    RequestSocket program((FileDescriptor(STDIN_FILENO)));
+    limitMemory(usualMemory);
+    RequestSocket program(FileDescriptor(STDIN_FILENO), DecodeRequest::longest);
     if (!program.send(decoderGreeting))
         return 1;
     while (auto incoming = program.receive()) {
-        if (!program.send(answer(std::move(*incoming)).encode()))
+        const auto request = DecodeRequest::decode(incoming->message);
+        if (!request || !incoming->file.isOpen())
+            return 0;
+        if (!program.send(answer(*request, std::move(incoming->file)).encode()))
             return 1;
     }
     return 0;

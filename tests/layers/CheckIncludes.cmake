@@ -8,11 +8,13 @@ set(may_see_triggers "triggers;platform")
 set(may_see_ui/drop "ui/drop;shelf;platform")
 set(may_see_ui "ui;ui/drop;panel;shelf;platform")
 set(may_see_platform/linux "platform/linux;platform")
-set(may_see_decode "decode;platform/linux;platform")
+set(may_see_helper "helper;platform/linux;platform")
+set(may_see_decode "decode;helper;platform/linux;platform")
+set(may_see_lookup "lookup;helper;platform/linux;platform")
 set(may_see_platform/linux/desktop "platform/linux/desktop;platform/linux/x11;platform")
 set(may_see_platform/linux/pictures "platform/linux/pictures;platform/linux;platform;decode")
 set(may_see_platform/linux/screenshots "platform/linux/screenshots;platform/linux;platform")
-set(may_see_platform/linux/web "platform/linux/web;platform")
+set(may_see_platform/linux/web "platform/linux/web;platform/linux;platform;lookup")
 set(may_see_platform/linux/x11 "platform/linux/x11;platform/linux/desktop;platform")
 
 set(display_headers "xcb/|X11/|wayland|QtGui/private")
@@ -28,6 +30,8 @@ set(layers
     ui
     ui/drop
     decode
+    helper
+    lookup
     platform/linux
     platform/linux/desktop
     platform/linux/pictures

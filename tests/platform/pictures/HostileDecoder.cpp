@@ -27,7 +27,7 @@ void attack(int descriptor)
 /// Speaks as the decoder does, attacks each file that it gets, and then answers with one pixel.
 int main()
 {
-    RequestSocket program((FileDescriptor(STDIN_FILENO)));
+    RequestSocket program(FileDescriptor(STDIN_FILENO), DecodeRequest::longest);
     if (!program.send(decoderGreeting))
         return 1;
     while (const auto incoming = program.receive()) {

@@ -2,7 +2,6 @@
 
 #include "FakeImageConverter.h"
 #include "FakeMainQueue.h"
-#include "FakeWebRoutes.h"
 #include "WebLinkMetadata.h"
 
 #include <QTimer>
@@ -34,13 +33,10 @@ struct LoadedIcon {
     int calls = 0;
 };
 
-/// The service, in virtual time but with real connections: what is posted runs while a test waits.
+/// The service with the real helper, in virtual time but with real connections: what is posted runs while a test waits.
 struct WebFixture {
     WebFixture()
     {
-        routes.add("private.test", WebReach::privateNetwork);
-        routes.add("public.test", WebReach::publicNetwork);
-        routes.add("secure.test", WebReach::publicNetwork);
         QObject::connect(&pump, &QTimer::timeout, &pump, [this] { queue.runPosted(); });
         pump.start(1);
     }
@@ -66,10 +62,17 @@ struct WebFixture {
         return icon;
     }
 
+    /// Uses another program than the one that looks up what is on this computer.
+    void useHelper(const QString& program,
+                   WebLinkMetadata::Confinement confinement = WebLinkMetadata::Confinement::none)
+    {
+        service = std::make_unique<WebLinkMetadata>(program, converter, queue, confinement);
+    }
+
     FakeMainQueue queue;
-    FakeWebRoutes routes{ queue };
     FakeImageConverter converter;
-    std::unique_ptr<WebLinkMetadata> service = std::make_unique<WebLinkMetadata>(routes, converter, queue);
+    std::unique_ptr<WebLinkMetadata> service = std::make_unique<WebLinkMetadata>(
+        QStringLiteral(NOOKLE_LOOKUP), converter, queue, WebLinkMetadata::Confinement::none);
     QTimer pump;
 };
 

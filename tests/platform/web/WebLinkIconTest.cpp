@@ -2,6 +2,7 @@
 #include "WebFixture.h"
 
 #include "IconLoad.h"
+#include "LookupHelper.h"
 
 #include <QTcpSocket>
 #include <QTest>
@@ -143,12 +144,11 @@ void WebLinkIconTest::aPageWithoutAnyIconGivesNothing()
     QTRY_COMPARE(icon->calls, 1);
     QVERIFY(!icon->png);
     QCOMPARE(m_server->requestsFor("/favicon.ico"), 1);
-    QCOMPARE(m_web->queue.waitingTasks(), 0);
 }
 
 void WebLinkIconTest::anIconThatJustFitsIsConverted()
 {
-    const QByteArray large = png + QByteArray(IconLoad::maximumBytes - png.size(), 'x');
+    const QByteArray large = png + QByteArray(LookupReply::largestIcon - png.size(), 'x');
     m_server->serve("/a.png", answer(large));
     const auto icon = WebFixture::loadIcon(*page("<link rel=icon href=a.png>"));
     QTRY_COMPARE(m_web->converter.asked.size(), 1);
@@ -157,7 +157,7 @@ void WebLinkIconTest::anIconThatJustFitsIsConverted()
 
 void WebLinkIconTest::anIconThatIsTooLargeIsNot()
 {
-    m_server->serve("/a.png", answer(png + QByteArray(IconLoad::maximumBytes, 'x')));
+    m_server->serve("/a.png", answer(png + QByteArray(LookupReply::largestIcon, 'x')));
     const auto icon = WebFixture::loadIcon(*page("<link rel=icon href=a.png>"));
     QTRY_COMPARE(icon->calls, 1);
     QVERIFY(!icon->png);
@@ -186,7 +186,7 @@ void WebLinkIconTest::anIconInADataAddressNeedsNoServer()
 
 void WebLinkIconTest::aDataAddressThatIsTooLargeIsNotConverted()
 {
-    const QByteArray large = png + QByteArray(IconLoad::maximumBytes, 'x');
+    const QByteArray large = png + QByteArray(LookupReply::largestIcon, 'x');
     const auto lookup = page("<link rel=icon href='data:image/png;base64," + large.toBase64() + "'>");
     const auto icon = WebFixture::loadIcon(*lookup);
     QTRY_COMPARE(icon->calls, 1);
@@ -247,7 +247,7 @@ void WebLinkIconTest::anIconThatTakesTooLongIsGivenUp()
     m_server->serve("/a.png", [](QTcpSocket&) {});
     const auto icon = WebFixture::loadIcon(*page("<link rel=icon href=a.png>"));
     QTRY_COMPARE(m_server->requestsFor("/a.png"), 1);
-    m_web->queue.advance(IconLoad::timeLimit - 0.001);
+    m_web->queue.advance(LookupHelper::longestLookup - 0.001);
     QCOMPARE(icon->calls, 0);
     m_web->queue.advance(0.001);
     QCOMPARE(icon->calls, 1);
@@ -260,7 +260,7 @@ void WebLinkIconTest::aConversionThatTakesTooLongIsGivenUp()
     m_server->serve("/a.png", answer(png));
     const auto icon = WebFixture::loadIcon(*page("<link rel=icon href=a.png>"));
     QTRY_COMPARE(m_web->converter.asked.size(), 1);
-    m_web->queue.advance(IconLoad::timeLimit);
+    m_web->queue.advance(IconLoad::longestConversion);
     QCOMPARE(icon->calls, 1);
     QVERIFY(!m_web->converter.finish(0, "converted"));
     QCOMPARE(icon->calls, 1);
@@ -276,7 +276,7 @@ void WebLinkIconTest::iconsWaitForTheirTurn()
     QTRY_COMPARE(m_server->requestsFor("/a.png"), 4);
     m_web->queue.advance(1);
     QCOMPARE(m_server->requestsFor("/a.png"), 4);
-    m_web->queue.advance(IconLoad::timeLimit);
+    m_web->queue.advance(LookupHelper::longestLookup);
     QTRY_COMPARE(m_server->requestsFor("/a.png"), 6);
 }
 

@@ -1,7 +1,5 @@
 #include "IconLoad.h"
 
-#include "ContentSniffing.h"
-#include "DataUrl.h"
 #include "ImageConverter.h"
 #include "MainQueue.h"
 
@@ -9,70 +7,58 @@
 
 namespace nookle {
 
-IconLoad::IconLoad(const Services& services, QList<QUrl> places, WebReach from)
-    : m_services(services)
-    , m_places(std::move(places))
-    , m_from(from)
+template <typename Work> auto IconLoad::guarded(Work work)
+{
+    return [weak = std::weak_ptr(m_self), work](auto&&... arguments) {
+        if (const auto self = weak.lock())
+            work(**self, std::forward<decltype(arguments)>(arguments)...);
+    };
+}
+
+IconLoad::IconLoad(Services services, const LookupReply& page, Completion completion)
+    : m_services(std::move(services))
+    , m_places(page.places)
+    , m_from(page.reach)
+    , m_completion(std::move(completion))
     , m_self(std::make_shared<IconLoad*>(this))
 {
+    m_services.queue.post(guarded([](IconLoad& self) { self.tryNextPlace(); }));
 }
 
 IconLoad::~IconLoad() = default;
 
-void IconLoad::start()
-{
-    m_limit = m_services.queue.after(timeLimit, [this] { finish(std::nullopt); });
-    m_services.queue.post([weak = std::weak_ptr(m_self)] {
-        if (const auto self = weak.lock())
-            (*self)->tryNextPlace();
-    });
-}
-
 void IconLoad::tryNextPlace()
 {
-    while (!m_places.isEmpty()) {
-        const QUrl place = m_places.takeFirst();
-        if (place.scheme() != QLatin1String("data"))
-            return fetch(place);
-        const QByteArray bytes = bytesOfDataUrl(place).value_or(QByteArray());
-        if (bytes.size() <= maximumBytes && looksLikeIcon(bytes))
-            return convert(bytes);
-    }
-    finish(std::nullopt);
+    if (m_places.isEmpty())
+        return finish(std::nullopt);
+    const IconPlace place = m_places.takeFirst();
+    if (!place.bytes.isEmpty())
+        return convert(place.bytes);
+    m_services.lookUp(LookupRequest{ LookupRequest::Purpose::icon, place.url, m_from },
+                      guarded([](IconLoad& self, const std::optional<LookupReply>& reply) { self.takeReply(reply); }));
 }
 
-void IconLoad::fetch(const QUrl& url)
+void IconLoad::takeReply(const std::optional<LookupReply>& reply)
 {
-    m_bytes.clear();
-    m_transfer = std::make_unique<WebTransfer>(m_services.routes, m_services.queue,
-                                               WebTransfer::Wish{ url, m_from, "image/*,*/*;q=0.1", maximumBytes });
-    m_transfer->onResponse = [](const WebResponse&) { return true; };
-    m_transfer->onData = [this](const QByteArray& bytes) {
-        m_bytes.append(bytes);
-        return true;
-    };
-    m_transfer->onEnd = [this](WebTransfer::End end) { takeEnd(end); };
-    m_transfer->start();
-}
-
-void IconLoad::takeEnd(WebTransfer::End end)
-{
-    m_transfer.reset();
-    const QByteArray bytes = std::exchange(m_bytes, {});
-    if (end == WebTransfer::End::complete && looksLikeIcon(bytes))
-        convert(bytes);
+    // A page that has held one lookup up to the end gets no other.
+    if (!reply)
+        finish(std::nullopt);
+    else if (reply->isFound)
+        convert(reply->icon);
     else
         tryNextPlace();
 }
 
 void IconLoad::convert(const QByteArray& bytes)
 {
+    m_limit = m_services.queue.after(longestConversion, [this] { finish(std::nullopt); });
     m_conversion = m_services.converter.convertToPng(
         bytes, maximumSide, [this](std::optional<QByteArray> png) { takePng(std::move(png)); });
 }
 
 void IconLoad::takePng(std::optional<QByteArray> png)
 {
+    m_limit.reset();
     m_conversion.reset();
     if (png)
         finish(std::move(png));
@@ -82,9 +68,8 @@ void IconLoad::takePng(std::optional<QByteArray> png)
 
 void IconLoad::finish(std::optional<QByteArray> png)
 {
-    const auto done = std::exchange(onEnd, nullptr);
-    if (done)
-        done(std::move(png));
+    const Completion completion = std::exchange(m_completion, nullptr);
+    completion(std::move(png));
 }
 
 } // namespace nookle

@@ -1,12 +1,9 @@
 #pragma once
 
-#include "WebJob.h"
-#include "WebReach.h"
-#include "WebTransfer.h"
+#include "LookupProtocol.h"
 
 #include <QByteArray>
 #include <QList>
-#include <QUrl>
 
 #include <functional>
 #include <memory>
@@ -18,48 +15,47 @@ class DelayedTask;
 class ImageConversion;
 class ImageConverter;
 class MainQueue;
-class WebRoutes;
 
-/// Fetches the icon of one page from the first place that has one, as PNG.
-class IconLoad final : public WebJob {
+/// Gets the icon of one page from the first place that has one, as PNG.
+class IconLoad final {
 public:
-    inline static constexpr double timeLimit = 10;
-    inline static constexpr qint64 maximumBytes = 524'288;
+    /// In seconds.
+    inline static constexpr double longestConversion = 10;
     inline static constexpr int maximumSide = 2048;
 
     struct Services {
-        WebRoutes& routes;
+        /// Looks something up, calling back once and never inside the call.
+        std::function<void(LookupRequest, std::function<void(std::optional<LookupReply>)>)> lookUp;
         ImageConverter& converter;
         MainQueue& queue;
     };
 
-    /// `from` is where the page stands that names these places.
-    IconLoad(const Services& services, QList<QUrl> places, WebReach from);
-    ~IconLoad() override;
+    using Completion = std::function<void(std::optional<QByteArray> png)>;
+
+    /// Takes the places of `page`. `completion` is called once, with nothing when there is no icon, never inside this
+    /// call or after the end of this object, which it may bring about.
+    IconLoad(Services services, const LookupReply& page, Completion completion);
+    ~IconLoad();
     IconLoad(const IconLoad&) = delete;
     IconLoad& operator=(const IconLoad&) = delete;
 
-    void start() override;
-
-    /// Called once, with nothing when there is no icon. May destroy the load. Set by the owner.
-    std::function<void(std::optional<QByteArray> png)> onEnd;
-
 private:
+    /// `work` on this object, for those who may outlive it.
+    template <typename Work> [[nodiscard]] auto guarded(Work work);
+
     void tryNextPlace();
-    void fetch(const QUrl& url);
-    void takeEnd(WebTransfer::End end);
+    void takeReply(const std::optional<LookupReply>& reply);
     void convert(const QByteArray& bytes);
     void takePng(std::optional<QByteArray> png);
     void finish(std::optional<QByteArray> png);
 
     Services m_services;
-    QList<QUrl> m_places;
+    QList<IconPlace> m_places;
     WebReach m_from;
-    QByteArray m_bytes;
-    std::unique_ptr<WebTransfer> m_transfer;
+    Completion m_completion;
     std::unique_ptr<ImageConversion> m_conversion;
     std::unique_ptr<DelayedTask> m_limit;
-    /// Expires with this object, for what is still in the queue then.
+    /// Expires with this object.
     std::shared_ptr<IconLoad*> m_self;
 };
 

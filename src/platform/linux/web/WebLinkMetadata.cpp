@@ -1,15 +1,28 @@
 #include "WebLinkMetadata.h"
 
 #include "IconLoad.h"
-#include "PageLookup.h"
+#include "Log.h"
+#include "MainQueue.h"
+
+#include <QFileInfo>
 
 #include <utility>
 
 namespace nookle {
 
+namespace {
+
+[[nodiscard]] bool isWebAddress(const QUrl& url)
+{
+    return url.isValid() && !url.host().isEmpty()
+        && (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
+}
+
+} // namespace
+
 class WebLinkMetadata::Request final : public LinkMetadataRequest {
 public:
-    Request(const std::shared_ptr<WebLinkMetadata*>& service, WebJobQueue::Id id)
+    Request(const std::shared_ptr<WebLinkMetadata*>& service, Id id)
         : m_service(service)
         , m_id(id)
     {
@@ -20,62 +33,147 @@ public:
     ~Request() override
     {
         if (const auto service = m_service.lock())
-            (*service)->m_jobs.remove(m_id);
+            (*service)->remove(m_id);
     }
 
 private:
     std::weak_ptr<WebLinkMetadata*> m_service;
-    WebJobQueue::Id m_id;
+    Id m_id;
 };
 
-WebLinkMetadata::WebLinkMetadata(WebRoutes& routes, ImageConverter& converter, MainQueue& queue)
-    : m_routes(routes)
+WebLinkMetadata::WebLinkMetadata(QString program, ImageConverter& converter, MainQueue& queue, Confinement confinement)
+    : m_program(std::move(program))
     , m_converter(converter)
     , m_queue(queue)
     , m_self(std::make_shared<WebLinkMetadata*>(this))
 {
+    for (auto& helper : m_helpers) {
+        helper = std::make_unique<LookupHelper>(queue, m_program, confinement);
+        helper->onNoStart = [this] { tellOfNoStart(); };
+    }
 }
 
 WebLinkMetadata::~WebLinkMetadata() = default;
 
 std::unique_ptr<LinkMetadataRequest> WebLinkMetadata::start(const QUrl& url, Completion completion)
 {
-    const WebJobQueue::Id id = m_jobs.nextId();
-    auto lookup = std::make_unique<PageLookup>(m_routes, m_queue, url);
-    lookup->onEnd = [this, id, completion = std::move(completion)](std::optional<PageFacts> facts) {
-        std::optional<LinkMetadata> found;
-        if (facts)
-            found = metadata(std::move(*facts));
-        // Last, because it may destroy everything else.
-        m_jobs.remove(id);
-        completion(std::move(found));
-    };
-    m_jobs.add(id, std::move(lookup));
+    QByteArray address;
+    if (isWebAddress(url))
+        address = url.toEncoded(QUrl::RemoveUserInfo | QUrl::RemoveFragment);
+    const Id id = add(LookupRequest{ LookupRequest::Purpose::page, address, WebReach::privateNetwork },
+                      [this, completion = std::move(completion)](const std::optional<LookupReply>& reply) {
+                          const bool isFound = reply && reply->isFound;
+                          completion(isFound ? std::optional(metadata(*reply)) : std::nullopt);
+                      });
     return std::make_unique<Request>(m_self, id);
 }
 
-LinkMetadata WebLinkMetadata::metadata(PageFacts facts) const
+QList<qint64> WebLinkMetadata::processIds() const
 {
-    LinkMetadata found{ facts.title, nullptr };
-    if (facts.iconPlaces.isEmpty())
-        return found;
-    found.loadIcon = [weak = std::weak_ptr(m_self), facts = std::move(facts)](IconCompletion completion) {
+    QList<qint64> ids;
+    for (const auto& helper : m_helpers) {
+        if (helper->processId() != 0)
+            ids.append(helper->processId());
+    }
+    return ids;
+}
+
+WebLinkMetadata::Id WebLinkMetadata::add(LookupRequest request, LookupHelper::Completion completion)
+{
+    const Id id = ++m_lastId;
+    if (canLookUp(request)) {
+        m_waiting.emplace(id, Job{ std::move(request), std::move(completion) });
+        schedule([](WebLinkMetadata& self) { self.startNext(); });
+    } else {
+        m_running.emplace(id, Job{ std::move(request), std::move(completion) });
+        schedule([id](WebLinkMetadata& self) { self.finish(id, std::nullopt); });
+    }
+    return id;
+}
+
+bool WebLinkMetadata::canLookUp(const LookupRequest& request)
+{
+    if (request.url.isEmpty() || request.url.size() > LookupRequest::longestUrl)
+        return false;
+    // Asked before there are processes that only find it out.
+    const bool hasProgram = QFileInfo(m_program).isExecutable();
+    if (!hasProgram)
+        tellOfNoStart();
+    return hasProgram;
+}
+
+void WebLinkMetadata::schedule(std::function<void(WebLinkMetadata&)> work)
+{
+    m_queue.post([weak = std::weak_ptr(m_self), work = std::move(work)] {
         if (const auto self = weak.lock())
-            (*self)->loadIcon(facts, std::move(completion));
+            work(**self);
+    });
+}
+
+void WebLinkMetadata::remove(Id id)
+{
+    m_waiting.erase(id);
+    const auto job = m_running.extract(id);
+    if (job && job.mapped().helper) {
+        job.mapped().helper->drop();
+        startNext();
+    }
+}
+
+void WebLinkMetadata::startNext()
+{
+    for (const auto& helper : m_helpers) {
+        if (m_waiting.empty())
+            return;
+        if (!helper->isFree())
+            continue;
+        const auto job = m_running.insert(m_waiting.extract(m_waiting.begin())).position;
+        job->second.helper = helper.get();
+        helper->ask(std::move(job->second.request),
+                    [this, id = job->first](std::optional<LookupReply> reply) { finish(id, std::move(reply)); });
+    }
+}
+
+void WebLinkMetadata::finish(Id id, std::optional<LookupReply> reply)
+{
+    const auto job = m_running.extract(id);
+    startNext();
+    // Last, because it may destroy everything else.
+    if (job)
+        job.mapped().completion(std::move(reply));
+}
+
+void WebLinkMetadata::tellOfNoStart()
+{
+    if (!std::exchange(m_hasToldOfNoStart, true))
+        logLine(QStringLiteral("linked pages are not looked up, their helper does not start: %1").arg(m_program));
+}
+
+LinkMetadata WebLinkMetadata::metadata(const LookupReply& page) const
+{
+    LinkMetadata found{ page.title, nullptr };
+    if (page.places.isEmpty())
+        return found;
+    found.loadIcon = [weak = std::weak_ptr(m_self), page](IconCompletion completion) {
+        if (const auto self = weak.lock())
+            (*self)->loadIcon(page, std::move(completion));
     };
     return found;
 }
 
-void WebLinkMetadata::loadIcon(const PageFacts& facts, IconCompletion completion)
+void WebLinkMetadata::loadIcon(const LookupReply& page, IconCompletion completion)
 {
-    const WebJobQueue::Id id = m_jobs.nextId();
-    auto load =
-        std::make_unique<IconLoad>(IconLoad::Services{ m_routes, m_converter, m_queue }, facts.iconPlaces, facts.reach);
-    load->onEnd = [this, id, completion = std::move(completion)](std::optional<QByteArray> png) {
-        m_jobs.remove(id);
-        completion(std::move(png));
-    };
-    m_jobs.add(id, std::move(load));
+    const Id id = ++m_lastId;
+    const IconLoad::Services services{ [this](LookupRequest request, LookupHelper::Completion done) {
+                                          add(std::move(request), std::move(done));
+                                      },
+                                       m_converter, m_queue };
+    m_icons.emplace(id,
+                    std::make_unique<IconLoad>(
+                        services, page, [this, id, completion = std::move(completion)](std::optional<QByteArray> png) {
+                            m_icons.erase(id);
+                            completion(std::move(png));
+                        }));
 }
 
 } // namespace nookle
