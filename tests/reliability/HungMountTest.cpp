@@ -6,7 +6,7 @@
 
 #include <QFile>
 #include <QUrl>
-#include <QtTest>
+#include <QTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
