@@ -3,6 +3,7 @@
 #include "FileReferences.h"
 #include "FileUrl.h"
 #include "Log.h"
+#include "PlainText.h"
 #include "ReaddedFiles.h"
 
 #include <QRandomGenerator>
@@ -105,7 +106,7 @@ void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title
     if (same != m_items.cend()) {
         moveToTop(same - m_items.cbegin());
     } else {
-        m_items.prepend(makeItem(LinkContent{ url, title, false }));
+        m_items.prepend(makeItem(LinkContent{ url, cleanedTitle(title), false }));
         if (m_environment.fetchesLinkMetadata)
             fetchLinkMetadata(m_items.constFirst().id, url.url());
     }

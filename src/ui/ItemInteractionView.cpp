@@ -1,5 +1,8 @@
 #include "ItemInteractionView.h"
 
+#include "PlainText.h"
+#include "PlainToolTip.h"
+
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMouseEvent>
@@ -29,7 +32,7 @@ ItemInteractionView::ItemInteractionView(QWidget* parent, DragRunner runDrag)
 
 void ItemInteractionView::setConfiguration(ItemInteraction configuration)
 {
-    setToolTip(configuration.toolTip.value_or(QString()));
+    setPlainToolTip(*this, configuration.toolTip.value_or(QString()));
     m_configuration = std::move(configuration);
 }
 
@@ -104,7 +107,7 @@ std::unique_ptr<QMenu> ItemInteractionView::makeMenu()
             menu->addSeparator();
             continue;
         }
-        QAction* entry = menu->addAction(each->title);
+        QAction* entry = menu->addAction(menuTitle(each->title));
         entry->setEnabled(each->isEnabled);
         connect(entry, &QAction::triggered, entry, [action = each->action] { callIfSet(action); });
     }

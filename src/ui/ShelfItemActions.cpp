@@ -53,6 +53,13 @@ inline constexpr int pictureSize = 104;
     return data;
 }
 
+/// Whether a text may be an address that can be opened. Most texts are none, and some are very long.
+[[nodiscard]] bool beginsAsAddress(QStringView text)
+{
+    const auto begins = [text](QLatin1String scheme) { return text.startsWith(scheme, Qt::CaseInsensitive); };
+    return begins(QLatin1String("http:")) || begins(QLatin1String("https:")) || begins(QLatin1String("mailto:"));
+}
+
 [[nodiscard]] bool fileExists(const QUrl& file)
 {
     std::error_code error;
@@ -116,13 +123,9 @@ std::optional<QUrl> ShelfItemActions::openURL(const ShelfItem& item) const
     const auto* text = std::get_if<TextContent>(&item.content);
     if (!text)
         return m_store.localURL(item);
-    const std::optional<LinkUrl> url = LinkUrl::parse(text->text.trimmed());
-    if (!url)
-        return std::nullopt;
-    const QString scheme = url->scheme();
-    const bool canBeOpened =
-        scheme == QLatin1String("http") || scheme == QLatin1String("https") || scheme == QLatin1String("mailto");
-    return canBeOpened ? std::optional(url->url()) : std::nullopt;
+    const QStringView trimmed = QStringView(text->text).trimmed();
+    const std::optional<LinkUrl> url = beginsAsAddress(trimmed) ? LinkUrl::parse(trimmed.toString()) : std::nullopt;
+    return url ? std::optional(url->url()) : std::nullopt;
 }
 
 void ShelfItemActions::open(const ShelfItem& item) const
@@ -176,7 +179,7 @@ QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUr
         return QString::fromUtf8(filePath(*localURL));
     if (const auto* link = std::get_if<LinkContent>(&item.content))
         return link->url.absoluteString();
-    return item.displayName();
+    return item.shownName();
 }
 
 void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation) const

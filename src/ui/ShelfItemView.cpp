@@ -53,7 +53,7 @@ void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& lo
     m_thumbnail.setUrl(localURL);
     if (std::exchange(m_iconURL, iconURL) != iconURL)
         m_icon = iconURL ? loadFavicon(*iconURL) : QPixmap();
-    setAccessibleName(item.displayName());
+    setAccessibleName(item.shownName());
     setAccessibleDescription(description());
     update();
 }
@@ -157,7 +157,7 @@ void ShelfItemView::paintName(QPainter& painter, int top) const
     QRect line(padding, top, textWidth, QFontMetrics(font).height());
     painter.setFont(font);
     painter.setPen(primaryColor(palette()));
-    for (const QString& text : m_metrics.nameLines(m_item.displayName(), textWidth)) {
+    for (const QString& text : m_metrics.nameLines(m_item.shownName(), textWidth)) {
         painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, text);
         line.translate(0, line.height());
     }

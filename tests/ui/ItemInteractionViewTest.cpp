@@ -2,6 +2,7 @@
 
 #include <QMenu>
 #include <QMouseEvent>
+#include <QTextDocument>
 #include <QtTest>
 
 using namespace nookle;
@@ -31,6 +32,10 @@ private Q_SLOTS:
     void theMenuIsBuiltAnewEachTime();
     void hoveringIsReported();
     void theToolTipIsSetAndCleared();
+    void markupInAToolTipIsShownAndNotObeyed_data();
+    void markupInAToolTipIsShownAndNotObeyed();
+    void aToolTipOfAnyLengthIsShort();
+    void anAmpersandInAMenuMarksNoKey();
     void withoutAConfigurationNothingHappens();
     void aConfigurationReplacedDuringADragStillReportsItsEnd();
 
@@ -251,6 +256,44 @@ void ItemInteractionViewTest::theToolTipIsSetAndCleared()
     interaction.toolTip.reset();
     view->setConfiguration(interaction);
     QVERIFY(view->toolTip().isEmpty());
+}
+
+void ItemInteractionViewTest::markupInAToolTipIsShownAndNotObeyed_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a picture") << QStringLiteral("<img src=\"/dev/ptmx\">");
+    QTest::newRow("a page") << QStringLiteral("<html><b>bold</b> &amp;  two  spaces");
+    QTest::newRow("no markup") << QStringLiteral("a < b & c > d");
+    QTest::newRow("a table") << QStringLiteral("<table border=1><tr><td>x</table>");
+}
+
+void ItemInteractionViewTest::markupInAToolTipIsShownAndNotObeyed()
+{
+    QFETCH(const QString, text);
+    ItemInteraction interaction = configuration();
+    interaction.toolTip = text;
+    view->setConfiguration(interaction);
+    // Read as the toolkit reads it.
+    QTextDocument shown;
+    if (Qt::mightBeRichText(view->toolTip()))
+        shown.setHtml(view->toolTip());
+    else
+        shown.setPlainText(view->toolTip());
+    QCOMPARE(shown.toPlainText(), text);
+}
+
+void ItemInteractionViewTest::aToolTipOfAnyLengthIsShort()
+{
+    ItemInteraction interaction = configuration();
+    interaction.toolTip = QString(50'000'000, QLatin1Char('a'));
+    view->setConfiguration(interaction);
+    QCOMPARE(view->toolTip().size(), 300);
+}
+
+void ItemInteractionViewTest::anAmpersandInAMenuMarksNoKey()
+{
+    menu = { MenuAction{ QStringLiteral("Copy & Paste"), true, {} } };
+    QCOMPARE(view->makeMenu()->actions().first()->text(), QStringLiteral("Copy && Paste"));
 }
 
 void ItemInteractionViewTest::withoutAConfigurationNothingHappens()

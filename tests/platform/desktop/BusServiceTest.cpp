@@ -45,11 +45,15 @@ private Q_SLOTS:
     void anotherActionDoesNothing();
     void aNameThatIsTakenIsSaidInOneLogLine();
     void aMessageIsShownByTheDesktopWithoutItsMarkup();
+    void aMessageIsShortAndHasNoControlCharacters();
     void aMessageThatNothingShowsGoesToTheLog();
 
 private:
     /// The reply to a call of the program's object by another program.
     [[nodiscard]] QDBusMessage call(const QString& interface, const QString& method, const QVariantList& arguments);
+
+    /// What a desktop shows of a message.
+    [[nodiscard]] static QStringList shownWhenNotified(const QString& message);
 
     PrivateBus m_bus;
     std::unique_ptr<BusService> m_service;
@@ -175,16 +179,31 @@ void BusServiceTest::aNameThatIsTakenIsSaidInOneLogLine()
     QCOMPARE(log.lines().size(), 1);
 }
 
-void BusServiceTest::aMessageIsShownByTheDesktopWithoutItsMarkup()
+QStringList BusServiceTest::shownWhenNotified(const QString& message)
 {
     FakeNotifications notifications;
     QDBusConnection other(otherProgram);
-    QVERIFY(other.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &notifications,
-                                 QDBusConnection::ExportAllSlots));
-    QVERIFY(other.registerService(QStringLiteral("org.freedesktop.Notifications")));
-    DesktopNotifier().notify(QStringLiteral("Not <b>that</b>"));
-    QTRY_COMPARE(notifications.shown, QStringList{ QStringLiteral("Nookle: Not &lt;b&gt;that&lt;/b&gt;") });
-    QVERIFY(other.unregisterService(QStringLiteral("org.freedesktop.Notifications")));
+    if (!other.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &notifications,
+                              QDBusConnection::ExportAllSlots)
+        || !other.registerService(QStringLiteral("org.freedesktop.Notifications")))
+        return {};
+    DesktopNotifier().notify(message);
+    const bool isShown = QTest::qWaitFor([&] { return !notifications.shown.isEmpty(); });
+    const bool isReset = other.unregisterService(QStringLiteral("org.freedesktop.Notifications"));
+    return isShown && isReset ? notifications.shown : QStringList();
+}
+
+void BusServiceTest::aMessageIsShownByTheDesktopWithoutItsMarkup()
+{
+    QCOMPARE(shownWhenNotified(QStringLiteral("Not <b>that</b>")),
+             QStringList{ QStringLiteral("Nookle: Not &lt;b&gt;that&lt;/b&gt;") });
+}
+
+void BusServiceTest::aMessageIsShortAndHasNoControlCharacters()
+{
+    QCOMPARE(shownWhenNotified(QStringLiteral("one\ntwo\u202e")), QStringList{ QStringLiteral("Nookle: one two") });
+    const QStringList shown = shownWhenNotified(QString(1000, QLatin1Char('a')));
+    QCOMPARE(shown.value(0).size(), QStringLiteral("Nookle: ").size() + 300);
 }
 
 void BusServiceTest::aMessageThatNothingShowsGoesToTheLog()
