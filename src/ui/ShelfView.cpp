@@ -223,12 +223,15 @@ std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
     return m_actions.dragItem(item, thumbnailOf(item));
 }
 
-// What the destination says that it did is no proof; where the file is now, is.
+// What the destination says that it did is no proof; where the file is now, is. After a drag that nobody took, whoever
+// moves the file to the Trash is not the destination.
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 {
     setHovered(std::nullopt);
     const bool hasFile = m_store.localURL(item).has_value();
-    if (hasFile && m_trashWatch.isInTrash())
+    if (hasFile && operation == DragOperation::none)
+        m_trashWatch.end();
+    else if (hasFile && m_trashWatch.isInTrash())
         operation = DragOperation::remove;
     m_actions.dragEnded(item, operation);
     if (hasFile && operation != DragOperation::remove && operation != DragOperation::none)

@@ -33,6 +33,7 @@ private Q_SLOTS:
     void aFileThatTheDestinationMovedToTheTrashLeavesTheShelf();
     void aFileThatIsMovedToTheTrashSomeTimeAfterTheDropLeavesTheShelf();
     void aFileThatWasMovedElsewhereStays();
+    void afterADragThatNobodyTookNobodyLooksInTheTrash();
     void anImageDraggedIntoAProgramStays();
     void aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile();
     void aFailedMoveToTheTrashIsLoggedAndTheItemGoes();
@@ -181,6 +182,20 @@ void ShelfViewTest::aFileThatWasMovedElsewhereStays()
     tile.onDragEnded(DragOperation::move);
     f.queue.advance(10);
     QCOMPARE(f.store.items().size(), 1);
+}
+
+void ShelfViewTest::afterADragThatNobodyTookNobodyLooksInTheTrash()
+{
+    ShelfFixture& f = *m_fixture;
+    const QUrl image = f.addImage();
+    const QUrl trashed = fileUrl("/somewhere/.Trash/Shot.png");
+    const ItemInteraction tile = f.view.interaction(f.top());
+    QVERIFY(tile.dragItem());
+    f.references.moveFile(image, trashed);
+    tile.onDragEnded(DragOperation::none);
+    f.queue.advance(10);
+    QCOMPARE(f.store.items().size(), 1);
+    QCOMPARE(f.references.released.size(), 1);
 }
 
 void ShelfViewTest::anImageDraggedIntoAProgramStays()
