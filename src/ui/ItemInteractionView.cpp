@@ -4,8 +4,10 @@
 #include "PlainToolTip.h"
 
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QStyleHints>
 
 #include <cmath>
 #include <utility>
@@ -36,22 +38,36 @@ void ItemInteractionView::setConfiguration(ItemInteraction configuration)
     m_configuration = std::move(configuration);
 }
 
-void ItemInteractionView::press(const QMouseEvent& event, int clickCount)
+// The toolkit tells a second press from a first one, and takes a third one for a first one again.
+void ItemInteractionView::press(const QMouseEvent& event)
 {
     if (event.button() != Qt::LeftButton)
         return;
     m_mouseDownLocation = event.position();
-    m_clickCount = clickCount;
+    Press latest{ event.globalPosition(), event.timestamp(), 1 };
+    if (m_lastPress && isSoonAfter(*m_lastPress, latest))
+        latest.clickCount = m_lastPress->clickCount + 1;
+    else if (event.type() == QEvent::MouseButtonDblClick)
+        latest.clickCount = 2;
+    m_lastPress = latest;
+}
+
+bool ItemInteractionView::isSoonAfter(const Press& first, const Press& second)
+{
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    const QPointF moved = second.globalPosition - first.globalPosition;
+    return second.time - first.time < static_cast<quint64>(hints.mouseDoubleClickInterval())
+        && moved.manhattanLength() < hints.mouseDoubleClickDistance();
 }
 
 void ItemInteractionView::mousePressEvent(QMouseEvent* event)
 {
-    press(*event, 1);
+    press(*event);
 }
 
 void ItemInteractionView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    press(*event, 2);
+    press(*event);
 }
 
 void ItemInteractionView::mouseMoveEvent(QMouseEvent* event)
@@ -85,7 +101,7 @@ void ItemInteractionView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const bool isClick = m_mouseDownLocation.has_value() && m_clickCount == 1;
+    const bool isClick = m_mouseDownLocation.has_value() && m_lastPress->clickCount == 1;
     m_mouseDownLocation.reset();
     if (!isClick || !m_configuration)
         return;

@@ -21,6 +21,9 @@ private Q_SLOTS:
     void aDragPictureFitsTheBoxAndKeepsItsShape();
     void aPressAndReleaseClicks();
     void aDoubleClickClicksOnce();
+    void aSeriesOfClicksClicksOnce();
+    void aClickAfterAPauseOrElsewhereClicksAgain_data();
+    void aClickAfterAPauseOrElsewhereClicksAgain();
     void otherButtonsDoNotClick();
     void aDragBeginsBeforeItRunsAndEndsWithWhatTheDestinationDid();
     void aRefusedDragEndsWithNone();
@@ -43,6 +46,7 @@ private:
     void send(QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons buttons)
     {
         QMouseEvent event(type, at, view->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        event.setTimestamp(time);
         QCoreApplication::sendEvent(view.get(), &event);
     }
 
@@ -75,6 +79,8 @@ private:
     }
 
     std::unique_ptr<ItemInteractionView> view;
+    /// Of the next events, in milliseconds.
+    quint64 time = 1000;
     bool isDraggable = true;
     MenuActions menu;
     DragOperation outcome = DragOperation::copy;
@@ -163,6 +169,40 @@ void ItemInteractionViewTest::aDoubleClickClicksOnce()
     pressAgain({ 20, 20 });
     release({ 20, 20 });
     QCOMPARE(log, QStringList{ QStringLiteral("click") });
+}
+
+// The toolkit gives every second press of a series as one of a double click, and all others as first ones.
+void ItemInteractionViewTest::aSeriesOfClicksClicksOnce()
+{
+    for (int count = 0; count < 5; ++count) {
+        if (count % 2 == 0)
+            press({ 20, 20 });
+        else
+            pressAgain({ 20, 20 });
+        release({ 20, 20 });
+        time += 150;
+    }
+    QCOMPARE(log, QStringList{ QStringLiteral("click") });
+}
+
+void ItemInteractionViewTest::aClickAfterAPauseOrElsewhereClicksAgain_data()
+{
+    QTest::addColumn<int>("pause");
+    QTest::addColumn<QPointF>("place");
+    QTest::newRow("after a pause") << 1000 << QPointF(20, 20);
+    QTest::newRow("elsewhere") << 150 << QPointF(60, 60);
+}
+
+void ItemInteractionViewTest::aClickAfterAPauseOrElsewhereClicksAgain()
+{
+    QFETCH(const int, pause);
+    QFETCH(const QPointF, place);
+    press({ 20, 20 });
+    release({ 20, 20 });
+    time += static_cast<quint64>(pause);
+    press(place);
+    release(place);
+    QCOMPARE(log.size(), 2);
 }
 
 void ItemInteractionViewTest::otherButtonsDoNotClick()
