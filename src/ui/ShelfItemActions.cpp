@@ -108,7 +108,7 @@ MenuActions ShelfItemActions::menuActions(const ShelfItem& item) const
     if (isFile && localURL)
         menu.push_back(MenuAction{ tr("Show in Finder"), true,
                                    [actions, file = *localURL] { actions.m_workspace.reveal(file); } });
-    menu.push_back(MenuAction{ tr("Copy"), !isFile || localURL, [actions, item] { actions.copyToPasteboard(item); } });
+    menu.push_back(MenuAction{ tr("Copy"), canBeCopied(item), [actions, item] { actions.copyToPasteboard(item); } });
     menu.push_back(MenuAction{ item.pinned ? tr("Unpin") : tr("Pin"), true,
                                [actions, id = item.id] { actions.m_store.togglePinned(id); } });
     menu.push_back(std::nullopt);
@@ -132,6 +132,11 @@ void ShelfItemActions::open(const ShelfItem& item) const
 {
     if (const auto url = openURL(item))
         m_workspace.open(*url);
+}
+
+bool ShelfItemActions::canBeCopied(const ShelfItem& item) const
+{
+    return !std::holds_alternative<FileContent>(item.content) || m_store.localURL(item);
 }
 
 void ShelfItemActions::copyToPasteboard(const ShelfItem& item) const

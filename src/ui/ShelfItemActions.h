@@ -36,6 +36,9 @@ public:
     [[nodiscard]] std::optional<QUrl> openURL(const ShelfItem& item) const;
     void open(const ShelfItem& item) const;
 
+    /// Whether there is anything to copy: not of a file that cannot be found.
+    [[nodiscard]] bool canBeCopied(const ShelfItem& item) const;
+
     /// Replaces the clipboard by the item; by nothing when its file is gone.
     void copyToPasteboard(const ShelfItem& item) const;
 

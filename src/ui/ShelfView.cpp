@@ -328,7 +328,8 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
 bool ShelfView::handleKey(const QKeyEvent& event, const ShelfItem& item)
 {
     if (event.matches(QKeySequence::Copy)) {
-        m_actions.copyToPasteboard(item);
+        if (m_actions.canBeCopied(item))
+            m_actions.copyToPasteboard(item);
         return true;
     }
     switch (event.key()) {
