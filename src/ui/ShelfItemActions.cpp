@@ -173,9 +173,8 @@ std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const 
     const std::optional<QUrl> localURL = m_store.localURL(item);
     if (!localURL)
         return std::nullopt;
-    const bool isImage = std::holds_alternative<ImageContent>(item.content);
     return DragItem{ std::make_unique<FileMimeData>(*localURL, m_transfers),
-                     isImage && !thumbnail.isNull() ? thumbnail : iconPicture(*localURL) };
+                     thumbnail.isNull() ? iconPicture(*localURL) : thumbnail };
 }
 
 QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL)

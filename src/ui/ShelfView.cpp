@@ -124,7 +124,7 @@ void ShelfView::setUpTiles()
 void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
 {
     tile.setItem(item, presentFile(item), m_store.iconURL(item));
-    tile.setHovered(m_hoveredID == item.id);
+    tile.setHovered(showsHover(item.id));
     tile.interaction().setConfiguration(interaction(item));
 }
 
@@ -210,10 +210,14 @@ void ShelfView::setHovered(const std::optional<QUuid>& id)
     const std::optional<QUuid> previous = std::exchange(m_hoveredID, id);
     if (previous == id)
         return;
-    if (ShelfItemView* tile = previous ? m_tiles->tile(*previous) : nullptr)
-        tile->setHovered(false);
+    updateHover(previous);
+    updateHover(id);
+}
+
+void ShelfView::updateHover(const std::optional<QUuid>& id)
+{
     if (ShelfItemView* tile = id ? m_tiles->tile(*id) : nullptr)
-        tile->setHovered(true);
+        tile->setHovered(showsHover(*id));
 }
 
 std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
@@ -252,6 +256,7 @@ void ShelfView::setDropTarget(bool isDropTarget)
     if (std::exchange(m_isDropTarget, isDropTarget) == isDropTarget)
         return;
     update();
+    updateHover(m_hoveredID);
     if (onDropTargetChanged)
         onDropTargetChanged(isDropTarget);
 }
@@ -276,6 +281,8 @@ void ShelfView::dragMoveEvent(QDragMoveEvent* event)
 
 void ShelfView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
+    // The pointer has left with the drag, of which no tile is told.
+    setHovered(std::nullopt);
     setDropTarget(false);
 }
 

@@ -109,6 +109,8 @@ private:
     [[nodiscard]] bool handleKey(const QKeyEvent& event, const ShelfItem& item);
     void setHovered(const std::optional<QUuid>& id);
     void itemHovered(const QUuid& id, bool isInside);
+    [[nodiscard]] bool showsHover(const QUuid& id) const { return !m_isDropTarget && m_hoveredID == id; }
+    void updateHover(const std::optional<QUuid>& id);
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragEnded(const ShelfItem& item, DragOperation operation);
 
