@@ -97,6 +97,7 @@ void AppDelegate::createShelfView()
     });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
+    view->onMenuOpenChanged = [this](bool isOpen) { m_panelController->menuOpenChanged(isOpen); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };
     view->onDragOutEnded = [this] { m_panelController->endDragOut(); };
     view->onHide = [this] { m_panelController->hide(); };

@@ -140,6 +140,11 @@ void ItemInteractionView::showMenu(const QPoint& globalPosition)
     std::unique_ptr<QMenu> menu = makeMenu();
     if (!menu)
         return;
+    // The menu may outlive the tile, and the next one may open before this one is closed.
+    if (const auto tell = m_configuration->onMenuOpenChanged) {
+        connect(menu.get(), &QMenu::aboutToShow, menu.get(), [tell] { tell(true); });
+        connect(menu.get(), &QMenu::aboutToHide, menu.get(), [tell] { tell(false); });
+    }
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu.release()->popup(globalPosition);
 }

@@ -170,13 +170,17 @@ void ShelfView::prepare()
 
 ItemInteraction ShelfView::interaction(const ShelfItem& item)
 {
-    // A drag outlives its tile, and may outlive the view.
+    // A drag and a menu outlive their tile, and may outlive the view.
     const QPointer<ShelfView> self(this);
     ItemInteraction interaction;
     interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
     interaction.dragItem = [this, item] { return beginDrag(item); };
     interaction.menu = [this, item] { return m_actions.menuActions(item); };
+    interaction.onMenuOpenChanged = [self](bool isOpen) {
+        if (self)
+            self->menuOpenChanged(isOpen);
+    };
     interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
     interaction.onDragBegan = [self] {
@@ -218,6 +222,15 @@ void ShelfView::updateHover(const std::optional<QUuid>& id)
 {
     if (ShelfItemView* tile = id ? m_tiles->tile(*id) : nullptr)
         tile->setHovered(showsHover(*id));
+}
+
+// One menu may open before the one before it has closed.
+void ShelfView::menuOpenChanged(bool isOpen)
+{
+    const bool wasOpen = m_openMenus > 0;
+    m_openMenus += isOpen ? 1 : -1;
+    if (onMenuOpenChanged && wasOpen != (m_openMenus > 0))
+        onMenuOpenChanged(m_openMenus > 0);
 }
 
 std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)

@@ -1,5 +1,6 @@
 #include "ItemInteractionView.h"
 
+#include <QApplication>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QTextDocument>
@@ -39,6 +40,7 @@ private Q_SLOTS:
     void markupInAToolTipIsShownAndNotObeyed();
     void aToolTipOfAnyLengthIsShort();
     void anAmpersandInAMenuMarksNoKey();
+    void openAndCloseOfTheMenuAreTold();
     void withoutAConfigurationNothingHappens();
     void aConfigurationReplacedDuringADragStillReportsItsEnd();
 
@@ -334,6 +336,22 @@ void ItemInteractionViewTest::anAmpersandInAMenuMarksNoKey()
 {
     menu = { MenuAction{ QStringLiteral("Copy & Paste"), true, {} } };
     QCOMPARE(view->makeMenu()->actions().first()->text(), QStringLiteral("Copy && Paste"));
+}
+
+void ItemInteractionViewTest::openAndCloseOfTheMenuAreTold()
+{
+    menu = { MenuAction{ QStringLiteral("One"), true, {} } };
+    ItemInteraction interaction = configuration();
+    interaction.onMenuOpenChanged = [this](bool isOpen) {
+        log.append(isOpen ? QStringLiteral("open") : QStringLiteral("closed"));
+    };
+    view->setConfiguration(interaction);
+    view->showMenu({ 5, 5 });
+    QCOMPARE(log, QStringList{ QStringLiteral("open") });
+    // The tile may go first.
+    view.reset();
+    QApplication::activePopupWidget()->close();
+    QCOMPARE(log, QStringList({ QStringLiteral("open"), QStringLiteral("closed") }));
 }
 
 void ItemInteractionViewTest::withoutAConfigurationNothingHappens()

@@ -56,6 +56,7 @@ private Q_SLOTS:
     void aDropThatAllowsNoCopyIsRefused();
     void theOwnerHearsOfDropsThatHover();
     void noTileIsHighlightedWhileADropHovers();
+    void theOwnerHearsOfTheFirstMenuThatOpensAndTheLastThatCloses();
     void thePinButtonTellsTheOwnerAndSaysWhatItDoes();
     void tilesExistOnlyForTheRowsInView();
     void tilesFollowTheStoresOrder();
@@ -493,6 +494,22 @@ void ShelfViewTest::noTileIsHighlightedWhileADropHovers()
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(&f.view, &leave);
     QVERIFY(!list->tile(b)->isHovered());
+}
+
+void ShelfViewTest::theOwnerHearsOfTheFirstMenuThatOpensAndTheLastThatCloses()
+{
+    ShelfFixture& f = *m_fixture;
+    QList<bool> heard;
+    f.view.onMenuOpenChanged = [&](bool isOpen) { heard.append(isOpen); };
+    f.store.addText(QStringLiteral("a"));
+    const ItemInteraction tile = f.view.interaction(f.top());
+    tile.onMenuOpenChanged(true);
+    QCOMPARE(heard, QList<bool>{ true });
+    tile.onMenuOpenChanged(true);
+    tile.onMenuOpenChanged(false);
+    QCOMPARE(heard, QList<bool>{ true });
+    tile.onMenuOpenChanged(false);
+    QCOMPARE(heard, QList<bool>({ true, false }));
 }
 
 void ShelfViewTest::thePinButtonTellsTheOwnerAndSaysWhatItDoes()

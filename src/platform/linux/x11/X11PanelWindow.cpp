@@ -3,8 +3,6 @@
 #include "Compositing.h"
 #include "Displays.h"
 
-#include <QCursor>
-#include <QGuiApplication>
 #include <QMoveEvent>
 #include <QRegion>
 #include <QScreen>
@@ -66,15 +64,6 @@ inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
             numbers.push_back(static_cast<std::uint32_t>(number));
     }
     return numbers;
-}
-
-[[nodiscard]] QWindow* openMenu()
-{
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWindow* window) {
-        return window->type() == Qt::Popup && window->isVisible();
-    });
-    return found == windows.end() ? nullptr : *found;
 }
 
 } // namespace
@@ -255,24 +244,6 @@ void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing ea
                       std::move(completion));
 }
 
-// A menu of the panel opens beside it: whoever chooses there has not left, until the menu closes.
-void X11PanelWindow::mouseLeft()
-{
-    QWindow* menu = openMenu();
-    if (!menu) {
-        if (onMouseExited)
-            onMouseExited();
-        return;
-    }
-    if (onMouseEntered)
-        onMouseEntered();
-    const auto menuClosed = [this] {
-        if (!covers(m_frame, QCursor::pos()))
-            mouseLeft();
-    };
-    connect(menu, &QWindow::visibleChanged, this, menuClosed, Qt::SingleShotConnection);
-}
-
 bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Move) {
@@ -281,8 +252,8 @@ bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::Enter && onMouseEntered)
         onMouseEntered();
-    if (event->type() == QEvent::Leave)
-        mouseLeft();
+    if (event->type() == QEvent::Leave && onMouseExited)
+        onMouseExited();
     return QObject::eventFilter(watched, event);
 }
 

@@ -56,7 +56,6 @@ private:
     void applyShape(const QRegion& pixels);
     [[nodiscard]] std::optional<double> slideLimit(const QRectF& from) const;
     void updateShape();
-    void mouseLeft();
 
     QWindow& m_window;
     double m_cornerRadius;
