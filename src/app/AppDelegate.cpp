@@ -140,6 +140,7 @@ void AppDelegate::provideServices()
 {
     m_serviceProvider = std::make_unique<ServiceProvider>(*m_store, [this] { showForAMomentSoon(); });
     m_busService.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
+    m_busService.onOpen = [this](const QStringList& uris) { open(uris); };
     m_busService.onActivate = [this] { showShelf(); };
     m_busService.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
     m_busService.start();
@@ -147,7 +148,11 @@ void AppDelegate::provideServices()
 
 std::optional<Failure> AppDelegate::addToShelf(const ServicePasteboard& pasteboard)
 {
-    auto failure = m_serviceProvider->addToShelf(pasteboard);
+    return toldToUser(m_serviceProvider->addToShelf(pasteboard));
+}
+
+std::optional<Failure> AppDelegate::toldToUser(std::optional<Failure> failure)
+{
     if (failure)
         m_notifier.notify(failure->description);
     return failure;
@@ -197,7 +202,7 @@ void AppDelegate::showShelf()
 
 void AppDelegate::open(const QStringList& uris)
 {
-    addToShelf(servicePasteboard(uris, {}));
+    toldToUser(m_serviceProvider->open(addressList(uris)));
 }
 
 } // namespace nookle

@@ -70,8 +70,9 @@ private:
     void startEdgeMonitor();
     void startScreenshotCollection();
     void provideServices();
-    /// Tells the user of a failure, and returns it.
     std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
+    /// Tells the user of a failure, and returns it.
+    std::optional<Failure> toldToUser(std::optional<Failure> failure);
     void createHotKey();
     void togglePanel();
     void togglePinned();
