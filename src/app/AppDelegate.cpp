@@ -108,6 +108,7 @@ void AppDelegate::createShelfView()
     });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };
+    view->onMenuOpenChanged = [this](bool isOpen) { m_panelController->menuOpenChanged(isOpen); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };
     view->onDragOutEnded = [this] { m_panelController->endDragOut(); };
     view->onHide = [this] { m_panelController->hide(); };
@@ -153,6 +154,7 @@ void AppDelegate::provideServices()
             showForAMomentSoon();
     });
     m_busService.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
+    m_busService.onOpen = [this](const QStringList& uris) { open(uris); };
     m_busService.onActivate = [this] { showShelf(); };
     m_busService.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
     m_busService.start();
@@ -161,7 +163,12 @@ void AppDelegate::provideServices()
 std::optional<Failure> AppDelegate::addToShelf(const ServicePasteboard& pasteboard)
 {
     m_lastRefusal.reset();
-    if (auto failure = m_serviceProvider->addToShelf(pasteboard)) {
+    return toldToUser(m_serviceProvider->addToShelf(pasteboard));
+}
+
+std::optional<Failure> AppDelegate::toldToUser(const std::optional<Failure>& failure)
+{
+    if (failure) {
         m_notifier.notify(failure->description);
         return failure;
     }
@@ -218,7 +225,8 @@ void AppDelegate::showShelf()
 
 void AppDelegate::open(const QStringList& uris)
 {
-    addToShelf(servicePasteboard(uris, {}));
+    m_lastRefusal.reset();
+    toldToUser(m_serviceProvider->open(addressList(uris)));
 }
 
 } // namespace nookle

@@ -73,9 +73,10 @@ private:
     void startEdgeMonitor();
     void startScreenshotCollection();
     void provideServices();
-    /// Tells the user of a failure, and returns it.
     std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
     void additionFailed(const QString& reason);
+    /// Tells the user of a failure. Returns it, or the refusal that the user has been told of already.
+    std::optional<Failure> toldToUser(const std::optional<Failure>& failure);
     void createHotKey();
     void togglePanel();
     void togglePinned();

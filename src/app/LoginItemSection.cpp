@@ -2,6 +2,7 @@
 
 #include "LaunchAtLogin.h"
 #include "LoginItem.h"
+#include "PlainText.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -38,6 +39,7 @@ LoginItemSection::LoginItemSection(LoginItem& item)
     , m_error(makeErrorLabel())
 {
     auto* hint = new QLabel(tr("Allow Nookle under Login Items in System Settings."));
+    hint->setTextFormat(Qt::PlainText);
     hint->setForegroundRole(QPalette::PlaceholderText);
     hint->setWordWrap(true);
     auto* button = new QPushButton(tr("Open System Settings"));
@@ -74,7 +76,7 @@ void LoginItemSection::setLaunchAtLogin(bool enabled)
 
 void LoginItemSection::showError(const QString& text)
 {
-    m_error->setText(text);
+    m_error->setText(shownText(text));
     m_error->setVisible(!text.isEmpty());
 }
 

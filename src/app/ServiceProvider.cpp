@@ -2,6 +2,7 @@
 
 #include "ShelfStore.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace nookle {
@@ -19,9 +20,25 @@ std::optional<Failure> ServiceProvider::addToShelf(const ServicePasteboard& past
     else if (pasteboard.string)
         m_store.addText(*pasteboard.string);
     else
-        return Failure{ tr("Nothing found that can be added to the shelf.") };
+        return nothingFound();
     m_onAdded();
     return std::nullopt;
+}
+
+std::optional<Failure> ServiceProvider::open(const AddressList& list)
+{
+    if (list.fileUrls.isEmpty() && list.pages.isEmpty())
+        return nothingFound();
+    // What is added last ends on top.
+    std::for_each(list.pages.crbegin(), list.pages.crend(), [this](const QString& page) { m_store.addText(page); });
+    m_store.addFiles(list.fileUrls);
+    m_onAdded();
+    return std::nullopt;
+}
+
+Failure ServiceProvider::nothingFound()
+{
+    return Failure{ tr("Nothing found that can be added to the shelf.") };
 }
 
 } // namespace nookle

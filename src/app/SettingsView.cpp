@@ -3,6 +3,7 @@
 #include "DescriptionLabel.h"
 #include "FileUrl.h"
 #include "LoginItemSection.h"
+#include "PlainText.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -19,6 +20,13 @@ namespace nookle {
 namespace {
 
 inline constexpr int formWidth = 440;
+
+[[nodiscard]] QLabel* makeLabel(const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
 
 [[nodiscard]] QHBoxLayout* makeRow(QLabel* title, QWidget* value)
 {
@@ -56,17 +64,17 @@ QGroupBox* SettingsView::makeShelfSection()
     column->addWidget(aboutExpanding);
 
     auto* expiry = makeExpiryPicker();
-    auto* expiryTitle = new QLabel(tr("Remove items"));
+    auto* expiryTitle = makeLabel(tr("Remove items"));
     expiryTitle->setBuddy(expiry);
     auto* aboutExpiry = new DescriptionLabel(*expiry);
     aboutExpiry->setDescription(tr("Pinned items always stay. Copies such as images go to the Trash."));
     column->addLayout(makeRow(expiryTitle, expiry));
     column->addWidget(aboutExpiry);
 
-    auto* shortcut = new QLabel(QStringLiteral("⌃⌥⌘D"));
+    auto* shortcut = makeLabel(QStringLiteral("⌃⌥⌘D"));
     shortcut->setAccessibleName(tr("Control, Alt, Super and D"));
     shortcut->setToolTip(shortcut->accessibleName());
-    column->addLayout(makeRow(new QLabel(tr("Show and hide")), shortcut));
+    column->addLayout(makeRow(makeLabel(tr("Show and hide")), shortcut));
     return section;
 }
 
@@ -132,7 +140,7 @@ void SettingsView::showEvent(QShowEvent* event)
 void SettingsView::showScreenshotFolder()
 {
     const QString folder = QFile::decodeName(filePath(m_screenshotDirectory()));
-    m_screenshotFolder->setDescription(QString(tr("Folder: ") + folder));
+    m_screenshotFolder->setDescription(QString(tr("Folder: ") + shownText(folder)));
 }
 
 } // namespace nookle

@@ -82,7 +82,7 @@ void PanelController::show()
 void PanelController::hide()
 {
     cancelPendingHide();
-    if (!m_isShown)
+    if (!m_isShown || m_isMenuOpen)
         return;
 
     m_isShown = false;
@@ -130,7 +130,8 @@ void PanelController::hideUnlessInUse()
 {
     if (m_pinning.isPinned())
         return;
-    if (!m_isDraggingOut && !covers(m_panel.frame(), m_pointer.position())) {
+    const bool isInUse = m_isDraggingOut || m_isMenuOpen || covers(m_panel.frame(), m_pointer.position());
+    if (!isInUse) {
         hide();
         return;
     }
@@ -156,6 +157,13 @@ void PanelController::dropTargetChanged(bool isDropTarget)
     if (isDropTarget)
         cancelPendingHide();
     else
+        scheduleHide(autoHideDelay);
+}
+
+void PanelController::menuOpenChanged(bool isOpen)
+{
+    m_isMenuOpen = isOpen;
+    if (!isOpen && m_isShown)
         scheduleHide(autoHideDelay);
 }
 

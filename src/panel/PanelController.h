@@ -33,7 +33,8 @@ public:
     /// Slides the panel in on the display under the pointer. On a shown panel it only cancels a pending hide.
     void show();
 
-    /// Slides the panel out, wherever the pointer is. On a hidden panel it only cancels a pending hide.
+    /// Slides the panel out, wherever the pointer is, unless a menu of its own is open. On a hidden panel it only
+    /// cancels a pending hide.
     void hide();
 
     /// Shows a hidden panel for a drag of another program, and lets it go once the left button is released.
@@ -42,8 +43,8 @@ public:
     /// Flips the pinned state. Unpinning a shown panel lets it go.
     void togglePinned();
 
-    /// Hides the panel in `seconds` unless it is pinned; puts it off while the pointer is over the panel or an item is
-    /// being dragged out of it. Replaces a hide that is already pending.
+    /// Hides the panel in `seconds` unless it is pinned; puts it off while the pointer is over the panel, a menu of its
+    /// own is open or an item is being dragged out of it. Replaces a hide that is already pending.
     void scheduleHide(double seconds);
 
     /// A display has come, gone or changed: a shown panel stands at rest on the display that it was on, or on another
@@ -52,6 +53,9 @@ public:
 
     /// A drop began (true) or ceased to hover over the shelf.
     void dropTargetChanged(bool isDropTarget);
+
+    /// A menu of the panel's own has opened (true) or closed. It would be left behind by a panel that slides out.
+    void menuOpenChanged(bool isOpen);
 
     /// The drag of an item out of the shelf has begun, or has ended and been dealt with.
     void beginDragOut();
@@ -74,6 +78,7 @@ private:
     std::unique_ptr<DelayedTask> m_pendingHide;
     std::unique_ptr<RepeatingTimer> m_dragInTimer;
     bool m_isDraggingOut = false;
+    bool m_isMenuOpen = false;
     bool m_isShown = false;
     /// The identity of the display that the panel was shown on last.
     QString m_display;

@@ -7,20 +7,29 @@ namespace nookle {
 
 ServicePasteboard servicePasteboard(const QStringList& uris, const QString& text)
 {
-    ServicePasteboard pasteboard;
+    const AddressList addresses = addressList(uris);
+    ServicePasteboard pasteboard{ addresses.fileUrls, std::nullopt };
     if (!text.isEmpty())
         pasteboard.string = text;
+    else if (!addresses.pages.isEmpty())
+        pasteboard.string = addresses.pages.first();
+    return pasteboard;
+}
+
+AddressList addressList(const QStringList& uris)
+{
+    AddressList list;
     for (const QString& uri : uris) {
         const auto address = uriAddress(uri.toUtf8());
         if (!address)
             continue;
         const QUrl url(*address, QUrl::StrictMode);
         if (!filePath(url).isEmpty())
-            pasteboard.fileUrls.append(url);
-        else if (!isFileAddress(*address) && !pasteboard.string)
-            pasteboard.string = *address;
+            list.fileUrls.append(url);
+        else if (!isFileAddress(*address))
+            list.pages.append(*address);
     }
-    return pasteboard;
+    return list;
 }
 
 } // namespace nookle

@@ -19,4 +19,13 @@ struct ServicePasteboard {
 /// the text when nothing else is.
 [[nodiscard]] ServicePasteboard servicePasteboard(const QStringList& uris, const QString& text);
 
+/// What a list of files and pages holds, each in the order of the list.
+struct AddressList {
+    QList<QUrl> fileUrls;
+    QStringList pages;
+};
+
+/// Leaves out what is no address, and files that are not on this machine.
+[[nodiscard]] AddressList addressList(const QStringList& uris);
+
 } // namespace nookle

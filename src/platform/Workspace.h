@@ -9,7 +9,8 @@ class Workspace {
 public:
     virtual ~Workspace() = default;
 
-    /// Opens a file or an address in the program that the user has chosen for it.
+    /// Opens a file or an address in the program that the user has chosen for it. An address that would run something
+    /// (see `refusedScheme`) is refused with one log line.
     virtual void open(const QUrl& url) = 0;
 
     /// Shows the file, selected, in the desktop's file manager.

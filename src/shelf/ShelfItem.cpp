@@ -1,6 +1,7 @@
 #include "ShelfItem.h"
 
 #include "Overloaded.h"
+#include "PlainText.h"
 
 #include <QStringView>
 
@@ -9,6 +10,9 @@
 namespace nookle {
 
 namespace {
+
+/// How much of a text is looked at for the line that it is shown by.
+inline constexpr qsizetype longestLine = 1 << 16;
 
 [[nodiscard]] bool isNewline(QChar character)
 {
@@ -58,6 +62,14 @@ QString ShelfItem::displayName() const
             [](const ImageContent& image) { return withoutExtension(image.fileName); },
         },
         content);
+}
+
+QString ShelfItem::shownName() const
+{
+    const TextContent* text = std::get_if<TextContent>(&content);
+    if (!text)
+        return shownText(displayName());
+    return shownText(withoutHorizontalSpace(firstLine(QStringView(text->text).left(longestLine))).toString());
 }
 
 std::optional<LinkUrl> ShelfItem::webURL(const QString& from)

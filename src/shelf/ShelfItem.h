@@ -62,6 +62,9 @@ struct ShelfItem {
     /// What to call the item; may be empty.
     [[nodiscard]] QString displayName() const;
 
+    /// The same as it is shown (see `shownText`). Takes no longer for the longest text.
+    [[nodiscard]] QString shownName() const;
+
     /// The web address (http or https, with a host) that `from` consists of, leaving aside white space around it.
     [[nodiscard]] static std::optional<LinkUrl> webURL(const QString& from);
 

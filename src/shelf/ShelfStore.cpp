@@ -3,6 +3,7 @@
 #include "FileReferences.h"
 #include "FileUrl.h"
 #include "Log.h"
+#include "PlainText.h"
 #include "ReaddedFiles.h"
 
 #include <QRandomGenerator>
@@ -123,7 +124,7 @@ void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title
     if (same != m_items.cend()) {
         moveToTop(same - m_items.cbegin());
     } else {
-        const ShelfItem item = makeItem(LinkContent{ url, title, false });
+        const ShelfItem item = makeItem(LinkContent{ url, cleanedTitle(title), false });
         if (!hasRoomFor({ item }))
             return;
         m_items.prepend(item);

@@ -67,7 +67,8 @@ public:
     /// Adds text as it is, or a link if it is a web address; nothing if it is only white space.
     void addText(const QString& text);
 
-    /// Adds a link and looks its page up. A link that is on the shelf moves to the top and keeps its title.
+    /// Adds a link and looks its page up. A link that is on the shelf moves to the top and keeps its title. What is
+    /// kept of a title, here and in `updateLink`, is what `cleanedTitle` leaves of it.
     void addLink(const LinkUrl& url, const std::optional<QString>& title);
 
     /// Moves an image file into the shelf's own folder and adds it. If that fails it is logged and told, and the file

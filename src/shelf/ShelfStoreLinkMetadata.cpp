@@ -1,6 +1,7 @@
 #include "ShelfStore.h"
 
 #include "Log.h"
+#include "PlainText.h"
 
 #include <QPointer>
 
@@ -37,8 +38,8 @@ void ShelfStore::updateLink(QUuid id, const std::optional<QString>& title, std::
     if (index < 0 || !std::holds_alternative<LinkContent>(m_items.at(index).content))
         return;
     LinkContent& link = std::get<LinkContent>(m_items[index].content);
-    if (title)
-        link.title = title;
+    if (const auto cleaned = cleanedTitle(title))
+        link.title = cleaned;
     if (hasIcon)
         link.hasIcon = *hasIcon;
     scheduleSave();

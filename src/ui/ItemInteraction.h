@@ -29,6 +29,8 @@ struct ItemInteraction {
     std::function<MenuActions()> menu;
     /// The hover text; none means no text.
     std::optional<QString> toolTip;
+    /// The context menu has opened (true) or closed.
+    std::function<void(bool isOpen)> onMenuOpenChanged;
     std::function<void(bool isInside)> onHover;
     std::function<void()> onClick;
     std::function<void()> onDragBegan;

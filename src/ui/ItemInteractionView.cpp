@@ -1,8 +1,13 @@
 #include "ItemInteractionView.h"
 
+#include "PlainText.h"
+#include "PlainToolTip.h"
+
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QStyleHints>
 
 #include <cmath>
 #include <utility>
@@ -29,26 +34,40 @@ ItemInteractionView::ItemInteractionView(QWidget* parent, DragRunner runDrag)
 
 void ItemInteractionView::setConfiguration(ItemInteraction configuration)
 {
-    setToolTip(configuration.toolTip.value_or(QString()));
+    setPlainToolTip(*this, configuration.toolTip.value_or(QString()));
     m_configuration = std::move(configuration);
 }
 
-void ItemInteractionView::press(const QMouseEvent& event, int clickCount)
+// The toolkit tells a second press from a first one, and takes a third one for a first one again.
+void ItemInteractionView::press(const QMouseEvent& event)
 {
     if (event.button() != Qt::LeftButton)
         return;
     m_mouseDownLocation = event.position();
-    m_clickCount = clickCount;
+    Press latest{ event.globalPosition(), event.timestamp(), 1 };
+    if (m_lastPress && isSoonAfter(*m_lastPress, latest))
+        latest.clickCount = m_lastPress->clickCount + 1;
+    else if (event.type() == QEvent::MouseButtonDblClick)
+        latest.clickCount = 2;
+    m_lastPress = latest;
+}
+
+bool ItemInteractionView::isSoonAfter(const Press& first, const Press& second)
+{
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    const QPointF moved = second.globalPosition - first.globalPosition;
+    return second.time - first.time < static_cast<quint64>(hints.mouseDoubleClickInterval())
+        && moved.manhattanLength() < hints.mouseDoubleClickDistance();
 }
 
 void ItemInteractionView::mousePressEvent(QMouseEvent* event)
 {
-    press(*event, 1);
+    press(*event);
 }
 
 void ItemInteractionView::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    press(*event, 2);
+    press(*event);
 }
 
 void ItemInteractionView::mouseMoveEvent(QMouseEvent* event)
@@ -82,7 +101,7 @@ void ItemInteractionView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const bool isClick = m_mouseDownLocation.has_value() && m_clickCount == 1;
+    const bool isClick = m_mouseDownLocation.has_value() && m_lastPress->clickCount == 1;
     m_mouseDownLocation.reset();
     if (!isClick || !m_configuration)
         return;
@@ -104,7 +123,7 @@ std::unique_ptr<QMenu> ItemInteractionView::makeMenu()
             menu->addSeparator();
             continue;
         }
-        QAction* entry = menu->addAction(each->title);
+        QAction* entry = menu->addAction(menuTitle(each->title));
         entry->setEnabled(each->isEnabled);
         connect(entry, &QAction::triggered, entry, [action = each->action] { callIfSet(action); });
     }
@@ -121,6 +140,11 @@ void ItemInteractionView::showMenu(const QPoint& globalPosition)
     std::unique_ptr<QMenu> menu = makeMenu();
     if (!menu)
         return;
+    // The menu may outlive the tile, and the next one may open before this one is closed.
+    if (const auto tell = m_configuration->onMenuOpenChanged) {
+        connect(menu.get(), &QMenu::aboutToShow, menu.get(), [tell] { tell(true); });
+        connect(menu.get(), &QMenu::aboutToHide, menu.get(), [tell] { tell(false); });
+    }
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu.release()->popup(globalPosition);
 }

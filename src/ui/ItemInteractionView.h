@@ -42,13 +42,23 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    void press(const QMouseEvent& event, int clickCount);
+    /// The left button going down.
+    struct Press {
+        QPointF globalPosition;
+        /// In milliseconds, on the clock of the events.
+        quint64 time = 0;
+        /// 1 for the first of a quick series at one place, 2 for the second, and so on.
+        int clickCount = 1;
+    };
+
+    void press(const QMouseEvent& event);
+    [[nodiscard]] static bool isSoonAfter(const Press& first, const Press& second);
     void beginDrag();
 
     DragRunner m_runDrag;
     std::optional<ItemInteraction> m_configuration;
     std::optional<QPointF> m_mouseDownLocation;
-    int m_clickCount = 0;
+    std::optional<Press> m_lastPress;
 };
 
 } // namespace nookle

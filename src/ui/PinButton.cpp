@@ -2,6 +2,7 @@
 
 #include "Colors.h"
 #include "PanelPinning.h"
+#include "PlainToolTip.h"
 #include "Symbol.h"
 
 #include <QPainter>
@@ -33,7 +34,7 @@ QSize PinButton::sizeHint() const
 void PinButton::showState()
 {
     const QString text = m_pinning.isPinned() ? tr("Allow Shelf to Hide") : tr("Keep Shelf Open");
-    setToolTip(text);
+    setPlainToolTip(*this, text);
     setAccessibleName(text);
     update();
 }

@@ -53,6 +53,13 @@ inline constexpr int pictureSize = 104;
     return data;
 }
 
+/// Whether a text may be an address that can be opened. Most texts are none, and some are very long.
+[[nodiscard]] bool beginsAsAddress(QStringView text)
+{
+    const auto begins = [text](QLatin1String scheme) { return text.startsWith(scheme, Qt::CaseInsensitive); };
+    return begins(QLatin1String("http:")) || begins(QLatin1String("https:")) || begins(QLatin1String("mailto:"));
+}
+
 [[nodiscard]] bool fileExists(const QUrl& file)
 {
     std::error_code error;
@@ -101,7 +108,7 @@ MenuActions ShelfItemActions::menuActions(const ShelfItem& item) const
     if (isFile && localURL)
         menu.push_back(MenuAction{ tr("Show in Finder"), true,
                                    [actions, file = *localURL] { actions.m_workspace.reveal(file); } });
-    menu.push_back(MenuAction{ tr("Copy"), !isFile || localURL, [actions, item] { actions.copyToPasteboard(item); } });
+    menu.push_back(MenuAction{ tr("Copy"), canBeCopied(item), [actions, item] { actions.copyToPasteboard(item); } });
     menu.push_back(MenuAction{ item.pinned ? tr("Unpin") : tr("Pin"), true,
                                [actions, id = item.id] { actions.m_store.togglePinned(id); } });
     menu.push_back(std::nullopt);
@@ -116,19 +123,20 @@ std::optional<QUrl> ShelfItemActions::openURL(const ShelfItem& item) const
     const auto* text = std::get_if<TextContent>(&item.content);
     if (!text)
         return m_store.localURL(item);
-    const std::optional<LinkUrl> url = LinkUrl::parse(text->text.trimmed());
-    if (!url)
-        return std::nullopt;
-    const QString scheme = url->scheme();
-    const bool canBeOpened =
-        scheme == QLatin1String("http") || scheme == QLatin1String("https") || scheme == QLatin1String("mailto");
-    return canBeOpened ? std::optional(url->url()) : std::nullopt;
+    const QStringView trimmed = QStringView(text->text).trimmed();
+    const std::optional<LinkUrl> url = beginsAsAddress(trimmed) ? LinkUrl::parse(trimmed.toString()) : std::nullopt;
+    return url ? std::optional(url->url()) : std::nullopt;
 }
 
 void ShelfItemActions::open(const ShelfItem& item) const
 {
     if (const auto url = openURL(item))
         m_workspace.open(*url);
+}
+
+bool ShelfItemActions::canBeCopied(const ShelfItem& item) const
+{
+    return !std::holds_alternative<FileContent>(item.content) || m_store.localURL(item);
 }
 
 void ShelfItemActions::copyToPasteboard(const ShelfItem& item) const
@@ -165,9 +173,8 @@ std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const 
     const std::optional<QUrl> localURL = m_store.localURL(item);
     if (!localURL)
         return std::nullopt;
-    const bool isImage = std::holds_alternative<ImageContent>(item.content);
     return DragItem{ std::make_unique<FileMimeData>(*localURL, m_transfers),
-                     isImage && !thumbnail.isNull() ? thumbnail : iconPicture(*localURL, m_store.isFolder(item)) };
+                      thumbnail.isNull() ? iconPicture(*localURL, m_store.isFolder(item)) : thumbnail };
 }
 
 QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL)
@@ -176,7 +183,7 @@ QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUr
         return QString::fromUtf8(filePath(*localURL));
     if (const auto* link = std::get_if<LinkContent>(&item.content))
         return link->url.absoluteString();
-    return item.displayName();
+    return item.shownName();
 }
 
 void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation) const

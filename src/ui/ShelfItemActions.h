@@ -36,11 +36,14 @@ public:
     [[nodiscard]] std::optional<QUrl> openURL(const ShelfItem& item) const;
     void open(const ShelfItem& item) const;
 
+    /// Whether there is anything to copy: not of a file that cannot be found.
+    [[nodiscard]] bool canBeCopied(const ShelfItem& item) const;
+
     /// Replaces the clipboard by the item; by nothing when its file is gone.
     void copyToPasteboard(const ShelfItem& item) const;
 
-    /// What a drag carries; nothing when the item cannot be dragged. The picture of an image is its `thumbnail`, as
-    /// long as that is not null.
+    /// What a drag carries; nothing when the item cannot be dragged. The picture of a file or an image is its
+    /// `thumbnail`, or the icon of its kind where that is null.
     [[nodiscard]] std::optional<DragItem> dragItem(const ShelfItem& item, const QPixmap& thumbnail) const;
 
     [[nodiscard]] static QString toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL);

@@ -53,7 +53,7 @@ void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& lo
     m_thumbnail.setUrl(localURL, isFolder);
     if (std::exchange(m_iconURL, iconURL) != iconURL)
         m_icon = iconURL ? loadFavicon(*iconURL) : QPixmap();
-    setAccessibleName(item.displayName());
+    setAccessibleName(item.shownName());
     setAccessibleDescription(description());
     update();
 }
@@ -159,7 +159,7 @@ void ShelfItemView::paintName(QPainter& painter, int top) const
     painter.setPen(primaryColor(palette()));
     // A name runs as its letters do, whichever way the interface runs.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    for (const QString& text : m_metrics.nameLines(m_item.displayName(), textWidth)) {
+    for (const QString& text : m_metrics.nameLines(m_item.shownName(), textWidth)) {
         painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, text);
         line.translate(0, line.height());
     }

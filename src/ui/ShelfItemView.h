@@ -39,6 +39,7 @@ public:
     [[nodiscard]] const ItemInteractionView& interaction() const { return *m_interaction; }
 
     [[nodiscard]] bool isFocused() const { return m_isFocused; }
+    [[nodiscard]] bool isHovered() const { return m_isHovered; }
 
     /// Whether the item is a file that cannot be found; `isFound` counts for no other kind.
     [[nodiscard]] static bool isUnavailable(const ShelfItem& item, bool isFound);

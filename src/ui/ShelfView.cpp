@@ -124,7 +124,7 @@ void ShelfView::setUpTiles()
 void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
 {
     tile.setItem(item, presentFile(item), m_store.isFolder(item), m_store.iconURL(item));
-    tile.setHovered(m_hoveredID == item.id);
+    tile.setHovered(showsHover(item.id));
     tile.interaction().setConfiguration(interaction(item));
 }
 
@@ -170,13 +170,17 @@ void ShelfView::prepare()
 
 ItemInteraction ShelfView::interaction(const ShelfItem& item)
 {
-    // A drag outlives its tile, and may outlive the view.
+    // A drag and a menu outlive their tile, and may outlive the view.
     const QPointer<ShelfView> self(this);
     ItemInteraction interaction;
     interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
     interaction.dragItem = [this, item] { return beginDrag(item); };
     interaction.menu = [this, item] { return m_actions.menuActions(item); };
+    interaction.onMenuOpenChanged = [self](bool isOpen) {
+        if (self)
+            self->menuOpenChanged(isOpen);
+    };
     interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
     interaction.onDragBegan = [self] {
@@ -210,10 +214,23 @@ void ShelfView::setHovered(const std::optional<QUuid>& id)
     const std::optional<QUuid> previous = std::exchange(m_hoveredID, id);
     if (previous == id)
         return;
-    if (ShelfItemView* tile = previous ? m_tiles->tile(*previous) : nullptr)
-        tile->setHovered(false);
+    updateHover(previous);
+    updateHover(id);
+}
+
+void ShelfView::updateHover(const std::optional<QUuid>& id)
+{
     if (ShelfItemView* tile = id ? m_tiles->tile(*id) : nullptr)
-        tile->setHovered(true);
+        tile->setHovered(showsHover(*id));
+}
+
+// One menu may open before the one before it has closed.
+void ShelfView::menuOpenChanged(bool isOpen)
+{
+    const bool wasOpen = m_openMenus > 0;
+    m_openMenus += isOpen ? 1 : -1;
+    if (onMenuOpenChanged && wasOpen != (m_openMenus > 0))
+        onMenuOpenChanged(m_openMenus > 0);
 }
 
 std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
@@ -223,12 +240,15 @@ std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
     return m_actions.dragItem(item, thumbnailOf(item));
 }
 
-// What the destination says that it did is no proof; where the file is now, is.
+// What the destination says that it did is no proof; where the file is now, is. After a drag that nobody took, whoever
+// moves the file to the Trash is not the destination.
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 {
     setHovered(std::nullopt);
     const bool hasFile = m_store.localURL(item).has_value();
-    if (hasFile && m_trashWatch.isInTrash())
+    if (hasFile && operation == DragOperation::none)
+        m_trashWatch.end();
+    else if (hasFile && m_trashWatch.isInTrash())
         operation = DragOperation::remove;
     m_actions.dragEnded(item, operation);
     if (hasFile && operation != DragOperation::remove && operation != DragOperation::none)
@@ -249,6 +269,7 @@ void ShelfView::setDropTarget(bool isDropTarget)
     if (std::exchange(m_isDropTarget, isDropTarget) == isDropTarget)
         return;
     update();
+    updateHover(m_hoveredID);
     if (onDropTargetChanged)
         onDropTargetChanged(isDropTarget);
 }
@@ -273,6 +294,8 @@ void ShelfView::dragMoveEvent(QDragMoveEvent* event)
 
 void ShelfView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
+    // The pointer has left with the drag, of which no tile is told.
+    setHovered(std::nullopt);
     setDropTarget(false);
 }
 
@@ -327,7 +350,8 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
 bool ShelfView::handleKey(const QKeyEvent& event, const ShelfItem& item)
 {
     if (event.matches(QKeySequence::Copy)) {
-        m_actions.copyToPasteboard(item);
+        if (m_actions.canBeCopied(item))
+            m_actions.copyToPasteboard(item);
         return true;
     }
     switch (event.key()) {

@@ -64,6 +64,8 @@ public:
     std::function<void(bool isDropTarget)> onDropTargetChanged;
     std::function<void()> onDragOutBegan;
     std::function<void()> onDragOutEnded;
+    /// The first context menu has opened (true) or the last one has closed.
+    std::function<void(bool isOpen)> onMenuOpenChanged;
     /// The user wants the shelf out of the way.
     std::function<void()> onHide;
 
@@ -109,6 +111,9 @@ private:
     [[nodiscard]] bool handleKey(const QKeyEvent& event, const ShelfItem& item);
     void setHovered(const std::optional<QUuid>& id);
     void itemHovered(const QUuid& id, bool isInside);
+    void menuOpenChanged(bool isOpen);
+    [[nodiscard]] bool showsHover(const QUuid& id) const { return !m_isDropTarget && m_hoveredID == id; }
+    void updateHover(const std::optional<QUuid>& id);
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragEnded(const ShelfItem& item, DragOperation operation);
 
@@ -126,6 +131,7 @@ private:
     TileList* m_tiles;
     bool m_isDropTarget = false;
     std::optional<QUuid> m_hoveredID;
+    int m_openMenus = 0;
 };
 
 } // namespace nookle

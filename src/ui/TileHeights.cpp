@@ -12,7 +12,7 @@ TileHeights::TileHeights(const TileMetrics& metrics)
 int TileHeights::height(const ShelfItem& item, bool isUnavailable, int width)
 {
     Measured& known = m_measured[item.id];
-    const QString name = item.displayName();
+    const QString name = item.shownName();
     if (known.height > 0 && known.width == width && known.isUnavailable == isUnavailable && known.name == name)
         return known.height;
     ++m_measurements;

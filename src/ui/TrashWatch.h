@@ -33,8 +33,10 @@ public:
     /// Looks a few times during the next seconds, and calls `onTrashed` once if the file turns up in the Trash.
     void keepLooking(std::function<void()> onTrashed);
 
-private:
+    /// Ends the watch; `onTrashed` is not called any more.
     void end();
+
+private:
     void lookAfter(std::size_t pause);
 
     FileReferences& m_references;

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void filesWinOverText();
     void textIsAddedWhereThereAreNoFiles();
     void aWebAddressBecomesALink();
+    void filesAndPagesThatAreNamedAreAllAdded();
+    void aListOfNothingSaysThatNothingWasFound();
 
 private:
     std::unique_ptr<StoreFixture> m_fixture;
@@ -81,6 +83,25 @@ void ServiceProviderTest::aWebAddressBecomesALink()
 {
     QVERIFY(!m_provider->addToShelf({ {}, QStringLiteral("https://example.com/") }));
     QVERIFY(std::holds_alternative<LinkContent>(m_store->items().first().content));
+}
+
+void ServiceProviderTest::filesAndPagesThatAreNamedAreAllAdded()
+{
+    const AddressList list =
+        addressList({ QStringLiteral("file:///a"), QStringLiteral("https://one.example/"), QStringLiteral("file:///b"),
+                      QStringLiteral("https://two.example/"), QStringLiteral("file://elsewhere/c") });
+    QVERIFY(!m_provider->open(list));
+    QCOMPARE(StoreFixture::names(*m_store).join(QLatin1Char(' ')), QStringLiteral("a b one.example two.example"));
+    QVERIFY(std::holds_alternative<LinkContent>(m_store->items().last().content));
+    QCOMPARE(m_shown, 1);
+}
+
+void ServiceProviderTest::aListOfNothingSaysThatNothingWasFound()
+{
+    const auto failure = m_provider->open(addressList({ QStringLiteral("file://elsewhere/c"), QString() }));
+    QVERIFY(failure);
+    QCOMPARE(failure->description, QStringLiteral("Nothing found that can be added to the shelf."));
+    QCOMPARE(m_shown, 0);
 }
 
 QTEST_GUILESS_MAIN(ServiceProviderTest)

@@ -34,6 +34,8 @@ private Q_SLOTS:
     void withoutCollectingTheMoveSwitchIsOffLimitsButKeepsItsValue();
     void theFolderIsShownAsItIsNow();
     void aPathIsShownAsItIsAndNeverWidensTheWindow();
+    void noLabelTakesItsTextForMarkup();
+    void controlCharactersInAPathAreNotShown();
 
     void anEnabledLoginItemIsShownAsOn();
     void aLoginItemThatTheDesktopCannotFindIsShownAsOff();
@@ -243,6 +245,22 @@ void SettingsWindowTest::aPathIsShownAsItIsAndNeverWidensTheWindow()
     open();
     QVERIFY(visibleLabel(QString(QStringLiteral("Folder: ") + path)));
     QCOMPARE(window()->width(), 440);
+}
+
+void SettingsWindowTest::noLabelTakesItsTextForMarkup()
+{
+    open();
+    const auto labels = window()->findChildren<QLabel*>();
+    QVERIFY(labels.size() > 5);
+    for (const QLabel* label : labels)
+        QVERIFY2(label->textFormat() == Qt::PlainText, qPrintable(label->text()));
+}
+
+void SettingsWindowTest::controlCharactersInAPathAreNotShown()
+{
+    m_folder = QUrl(QStringLiteral("file:///home/me/a%E2%80%AEb%0Ac"));
+    open();
+    QVERIFY(visibleLabel(QStringLiteral("Folder: /home/me/ab c")));
 }
 
 void SettingsWindowTest::anEnabledLoginItemIsShownAsOn()

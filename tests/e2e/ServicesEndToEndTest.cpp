@@ -58,6 +58,7 @@ private Q_SLOTS:
     void theScriptForFileManagersAddsWhatIsSelected();
     void theFirstStartTakesFiles();
     void aSecondStartTakesFilesOfAnyName();
+    void filesAndPagesAreTakenTogether();
     void anArgumentThatIsNothingIsSaid();
     void theBusStartsTheInstalledProgram();
 
@@ -216,6 +217,17 @@ void ServicesEndToEndTest::aSecondStartTakesFilesOfAnyName()
     QCOMPARE(m_shelf->startAgain({ uri(QStringLiteral("two words")), m_desktop->home(QStringLiteral("files/a")) }), 0);
     QVERIFY(shelfHas({ QStringLiteral("two words"), QStringLiteral("a") }));
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+}
+
+void ServicesEndToEndTest::filesAndPagesAreTakenTogether()
+{
+    const QString page = QStringLiteral("http://127.0.0.1:1/page");
+    QVERIFY(m_shelf->start({ m_desktop->home(QStringLiteral("files/a")), page }));
+    QVERIFY(shelfHas({ QStringLiteral("a") }));
+    QCOMPARE(m_shelf->savedItems().size(), 2);
+    QCOMPARE(m_shelf->startAgain({ page + QLatin1Char('2'), uri(QStringLiteral("two words")) }), 0);
+    QVERIFY(shelfHas({ QStringLiteral("two words"), QStringLiteral("a") }));
+    QCOMPARE(m_shelf->savedItems().size(), 4);
 }
 
 void ServicesEndToEndTest::anArgumentThatIsNothingIsSaid()

@@ -87,6 +87,9 @@ private Q_SLOTS:
     void thePointerLeavingSchedulesTheHide();
     void aDropTargetKeepsThePanelAndItsEndLetsItGo();
     void aLaterHideReplacesAnEarlierOne();
+    void thePanelStaysWhileItsMenuIsOpenWhoeverHidesIt();
+    void aPinnedPanelStaysAfterItsMenuHasClosed();
+    void aMenuThatClosesOnAHiddenPanelSchedulesNothing();
     void pinningIsWrittenAtOnceAndToldToObservers();
     void thePinnedStateIsReadAtTheStart();
     void unpinningAHiddenPanelSchedulesNothing();
@@ -407,6 +410,49 @@ void PanelControllerTest::aLaterHideReplacesAnEarlierOne()
     QVERIFY(f.panel.isShown());
     f.queue.advance(0.001);
     QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::thePanelStaysWhileItsMenuIsOpenWhoeverHidesIt()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.menuOpenChanged(true);
+    // The menu takes the pointer.
+    f.window.onMouseExited();
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+    f.panel.hide();
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+    QCOMPARE(f.window.animations.size(), 1);
+
+    f.panel.menuOpenChanged(false);
+    f.queue.advance(0.499);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aPinnedPanelStaysAfterItsMenuHasClosed()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.togglePinned();
+    f.panel.menuOpenChanged(true);
+    f.panel.hide();
+    f.panel.menuOpenChanged(false);
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+    f.panel.hide();
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aMenuThatClosesOnAHiddenPanelSchedulesNothing()
+{
+    Fixture& f = *m_fixture;
+    f.panel.menuOpenChanged(true);
+    f.panel.menuOpenChanged(false);
+    QCOMPARE(f.queue.waitingTasks(), 0);
 }
 
 void PanelControllerTest::pinningIsWrittenAtOnceAndToldToObservers()

@@ -7,9 +7,14 @@ using namespace nookle;
 
 namespace {
 
+[[nodiscard]] ShelfItem itemWith(ShelfItem::Content content)
+{
+    return { QUuid::createUuid(), QDateTime::currentDateTimeUtc(), std::move(content), false };
+}
+
 [[nodiscard]] QString nameOf(ShelfItem::Content content)
 {
-    return ShelfItem{ QUuid::createUuid(), QDateTime::currentDateTimeUtc(), std::move(content), false }.displayName();
+    return itemWith(std::move(content)).displayName();
 }
 
 [[nodiscard]] LinkUrl link(const char* text)
@@ -37,6 +42,8 @@ private Q_SLOTS:
     void anUntitledLinkIsCalledByItsHost();
     void anUntitledLinkWithoutHostIsCalledByItsWholeAddress();
     void anImageIsCalledByItsFileNameWithoutExtension();
+    void whatIsShownOfANameIsShortAndPlain_data();
+    void whatIsShownOfANameIsShortAndPlain();
     void webUrlKeepsTheLetterCaseAndDropsSpacesAround();
     void webUrlRefusesWhatIsNoWebAddress_data();
     void webUrlRefusesWhatIsNoWebAddress();
@@ -120,6 +127,32 @@ void ShelfItemTest::anImageIsCalledByItsFileNameWithoutExtension()
     QCOMPARE(nameOf(ImageContent{ QStringLiteral("photo.tar.gz") }), QStringLiteral("photo.tar"));
     QCOMPARE(nameOf(ImageContent{ QStringLiteral("photo") }), QStringLiteral("photo"));
     QCOMPARE(nameOf(ImageContent{ QStringLiteral("a.b/photo") }), QStringLiteral("a.b/photo"));
+}
+
+void ShelfItemTest::whatIsShownOfANameIsShortAndPlain_data()
+{
+    QTest::addColumn<ShelfItem::Content>("content");
+    QTest::addColumn<QString>("shown");
+    const QString longest(50'000'000, QLatin1Char('a'));
+    const QString cut = QString(150, QLatin1Char('a')) + QChar(0x2026) + QString(149, QLatin1Char('a'));
+    const auto row = [](const char* title, ShelfItem::Content content, const QString& shown) {
+        QTest::newRow(title) << std::move(content) << shown;
+    };
+    row("a text", TextContent{ QStringLiteral("\n  words  \nmore") }, QStringLiteral("words"));
+    row("a text of one line", TextContent{ longest }, cut);
+    row("a long line after empty ones", TextContent{ QString(QLatin1String("\n\n \t") + longest) }, cut);
+    row("a direction in a text", TextContent{ QStringLiteral("a\u202eb") }, QStringLiteral("ab"));
+    row("a direction in a file name", FileContent{ {}, QStringLiteral("a\u202egpj.exe") }, QStringLiteral("agpj.exe"));
+    row("a line feed in an image name", ImageContent{ QStringLiteral("a\nb.png") }, QStringLiteral("a b"));
+    row("a title", LinkContent{ link("https://example.com/"), longest, false }, cut);
+    row("an address", LinkContent{ link("mailto:a@example.com"), {}, false }, QStringLiteral("mailto:a@example.com"));
+}
+
+void ShelfItemTest::whatIsShownOfANameIsShortAndPlain()
+{
+    QFETCH(const ShelfItem::Content, content);
+    QFETCH(const QString, shown);
+    QCOMPARE(itemWith(content).shownName(), shown);
 }
 
 void ShelfItemTest::webUrlKeepsTheLetterCaseAndDropsSpacesAround()

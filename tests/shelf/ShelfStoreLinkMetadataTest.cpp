@@ -49,6 +49,8 @@ private Q_SLOTS:
     void readdingALinkStartsNoSecondLookup();
     void aRestartStartsNoLookup();
     void aTitleReplacesTheOneThatTheLinkHas();
+    void titlesAreKeptWithoutControlCharactersAndCut();
+    void aTitleOfNothingButControlCharactersIsNone();
     void aFailedLookupChangesNothing();
     void aFinishedRequestIsGivenUp();
     void aResultWithoutTitleStillBringsTheIcon();
@@ -111,6 +113,26 @@ void ShelfStoreLinkMetadataTest::aTitleReplacesTheOneThatTheLinkHas()
     QVERIFY(store->items().at(1) == expected);
     QCOMPARE(changes.size(), 1);
     QCOMPARE(fixture.queue.waitingTasks(), 1);
+}
+
+void ShelfStoreLinkMetadataTest::titlesAreKeptWithoutControlCharactersAndCut()
+{
+    const LinkFixture fixture;
+    const QString disguised = QStringLiteral("a\u202egpj.exe\x07\n");
+    fixture.store->addLink(LinkUrl::parse(QStringLiteral("https://example.com/b")).value(), disguised);
+    QCOMPARE(topLink(*fixture.store).title, QStringLiteral("agpj.exe "));
+    fixture.store->updateLink(fixture.id(), QString(QStringLiteral("\u2066") + QString(1000, QLatin1Char('a'))), {});
+    QCOMPARE(topLink(*fixture.store).title, QString(300, QLatin1Char('a')));
+}
+
+void ShelfStoreLinkMetadataTest::aTitleOfNothingButControlCharactersIsNone()
+{
+    const LinkFixture fixture;
+    fixture.store->addLink(LinkUrl::parse(QStringLiteral("https://example.com/b")).value(), QStringLiteral("\u202e"));
+    QVERIFY(!topLink(*fixture.store).title);
+    fixture.store->updateLink(fixture.id(), QStringLiteral("Title"), {});
+    fixture.store->updateLink(fixture.id(), QStringLiteral("\u202e\n"), {});
+    QCOMPARE(topLink(*fixture.store).title, QStringLiteral("Title"));
 }
 
 void ShelfStoreLinkMetadataTest::aFailedLookupChangesNothing()

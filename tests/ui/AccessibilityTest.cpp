@@ -20,6 +20,7 @@ private Q_SLOTS:
 
     void theTilesAreTheItemsOfAListInTheirOrder();
     void aTileHasNameAndDescription();
+    void aNameIsShortAndHasNoControlCharacters();
     void theDescriptionSaysPinnedAndUnavailable();
     void theActionsAreThoseOfTheMenu();
     void anActionDoesWhatItSays();
@@ -63,6 +64,16 @@ void AccessibilityTest::aTileHasNameAndDescription()
     for (int index = 0; index < 4; ++index)
         descriptions.append(tile(index).text(QAccessible::Description));
     QCOMPARE(descriptions.join(QLatin1Char(' ')), QStringLiteral("File Image Link Text"));
+}
+
+void AccessibilityTest::aNameIsShortAndHasNoControlCharacters()
+{
+    m_shelf->store.addText(QStringLiteral("a\u202e\x07") + QString(50'000'000, QLatin1Char('b')));
+    const QString name = tile(0).text(QAccessible::Name);
+    QCOMPARE(name.size(), 300);
+    QVERIFY(name.startsWith(QStringLiteral("abb")));
+    (void)m_shelf->addFile("a\xe2\x80\xaetxt.exe");
+    QCOMPARE(tile(0).text(QAccessible::Name), QStringLiteral("atxt.exe"));
 }
 
 void AccessibilityTest::theDescriptionSaysPinnedAndUnavailable()

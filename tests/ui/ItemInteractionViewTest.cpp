@@ -1,12 +1,14 @@
 #include "ItemInteractionView.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QEnterEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QTest>
+#include <QTextDocument>
 
 using namespace nookle;
 
@@ -24,6 +26,9 @@ private Q_SLOTS:
     void aDragPictureFitsTheBoxAndKeepsItsShape();
     void aPressAndReleaseClicks();
     void aDoubleClickClicksOnce();
+    void aSeriesOfClicksClicksOnce();
+    void aClickAfterAPauseOrElsewhereClicksAgain_data();
+    void aClickAfterAPauseOrElsewhereClicksAgain();
     void otherButtonsDoNotClick();
     void aDragBeginsBeforeItRunsAndEndsWithWhatTheDestinationDid();
     void aRefusedDragEndsWithNone();
@@ -35,6 +40,11 @@ private Q_SLOTS:
     void theMenuIsBuiltAnewEachTime();
     void hoveringIsReported();
     void theToolTipIsSetAndCleared();
+    void markupInAToolTipIsShownAndNotObeyed_data();
+    void markupInAToolTipIsShownAndNotObeyed();
+    void aToolTipOfAnyLengthIsShort();
+    void anAmpersandInAMenuMarksNoKey();
+    void openAndCloseOfTheMenuAreTold();
     void withoutAConfigurationNothingHappens();
     void aConfigurationReplacedDuringADragStillReportsItsEnd();
 
@@ -42,6 +52,7 @@ private:
     void send(QEvent::Type type, const QPointF& at, Qt::MouseButton button, Qt::MouseButtons buttons)
     {
         QMouseEvent event(type, at, view->mapToGlobal(at), button, buttons, Qt::NoModifier);
+        event.setTimestamp(time);
         QCoreApplication::sendEvent(view.get(), &event);
     }
 
@@ -74,6 +85,8 @@ private:
     }
 
     std::unique_ptr<ItemInteractionView> view;
+    /// Of the next events, in milliseconds.
+    quint64 time = 1000;
     bool isDraggable = true;
     MenuActions menu;
     DragOperation outcome = DragOperation::copy;
@@ -162,6 +175,40 @@ void ItemInteractionViewTest::aDoubleClickClicksOnce()
     pressAgain({ 20, 20 });
     release({ 20, 20 });
     QCOMPARE(log, QStringList{ QStringLiteral("click") });
+}
+
+// The toolkit gives every second press of a series as one of a double click, and all others as first ones.
+void ItemInteractionViewTest::aSeriesOfClicksClicksOnce()
+{
+    for (int count = 0; count < 5; ++count) {
+        if (count % 2 == 0)
+            press({ 20, 20 });
+        else
+            pressAgain({ 20, 20 });
+        release({ 20, 20 });
+        time += 150;
+    }
+    QCOMPARE(log, QStringList{ QStringLiteral("click") });
+}
+
+void ItemInteractionViewTest::aClickAfterAPauseOrElsewhereClicksAgain_data()
+{
+    QTest::addColumn<int>("pause");
+    QTest::addColumn<QPointF>("place");
+    QTest::newRow("after a pause") << 1000 << QPointF(20, 20);
+    QTest::newRow("elsewhere") << 150 << QPointF(60, 60);
+}
+
+void ItemInteractionViewTest::aClickAfterAPauseOrElsewhereClicksAgain()
+{
+    QFETCH(const int, pause);
+    QFETCH(const QPointF, place);
+    press({ 20, 20 });
+    release({ 20, 20 });
+    time += static_cast<quint64>(pause);
+    press(place);
+    release(place);
+    QCOMPARE(log.size(), 2);
 }
 
 void ItemInteractionViewTest::otherButtonsDoNotClick()
@@ -255,6 +302,60 @@ void ItemInteractionViewTest::theToolTipIsSetAndCleared()
     interaction.toolTip.reset();
     view->setConfiguration(interaction);
     QVERIFY(view->toolTip().isEmpty());
+}
+
+void ItemInteractionViewTest::markupInAToolTipIsShownAndNotObeyed_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("a picture") << QStringLiteral("<img src=\"/dev/ptmx\">");
+    QTest::newRow("a page") << QStringLiteral("<html><b>bold</b> &amp;  two  spaces");
+    QTest::newRow("no markup") << QStringLiteral("a < b & c > d");
+    QTest::newRow("a table") << QStringLiteral("<table border=1><tr><td>x</table>");
+}
+
+void ItemInteractionViewTest::markupInAToolTipIsShownAndNotObeyed()
+{
+    QFETCH(const QString, text);
+    ItemInteraction interaction = configuration();
+    interaction.toolTip = text;
+    view->setConfiguration(interaction);
+    // Read as the toolkit reads it.
+    QTextDocument shown;
+    if (Qt::mightBeRichText(view->toolTip()))
+        shown.setHtml(view->toolTip());
+    else
+        shown.setPlainText(view->toolTip());
+    QCOMPARE(shown.toPlainText(), text);
+}
+
+void ItemInteractionViewTest::aToolTipOfAnyLengthIsShort()
+{
+    ItemInteraction interaction = configuration();
+    interaction.toolTip = QString(50'000'000, QLatin1Char('a'));
+    view->setConfiguration(interaction);
+    QCOMPARE(view->toolTip().size(), 300);
+}
+
+void ItemInteractionViewTest::anAmpersandInAMenuMarksNoKey()
+{
+    menu = { MenuAction{ QStringLiteral("Copy & Paste"), true, {} } };
+    QCOMPARE(view->makeMenu()->actions().first()->text(), QStringLiteral("Copy && Paste"));
+}
+
+void ItemInteractionViewTest::openAndCloseOfTheMenuAreTold()
+{
+    menu = { MenuAction{ QStringLiteral("One"), true, {} } };
+    ItemInteraction interaction = configuration();
+    interaction.onMenuOpenChanged = [this](bool isOpen) {
+        log.append(isOpen ? QStringLiteral("open") : QStringLiteral("closed"));
+    };
+    view->setConfiguration(interaction);
+    view->showMenu({ 5, 5 });
+    QCOMPARE(log, QStringList{ QStringLiteral("open") });
+    // The tile may go first.
+    view.reset();
+    QApplication::activePopupWidget()->close();
+    QCOMPARE(log, QStringList({ QStringLiteral("open"), QStringLiteral("closed") }));
 }
 
 void ItemInteractionViewTest::withoutAConfigurationNothingHappens()

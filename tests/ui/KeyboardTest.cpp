@@ -24,6 +24,7 @@ private Q_SLOTS:
     void deleteRemovesAndTheNextTileTakesOver();
     void deletingTheLastTileLeavesTheOneAbove();
     void controlAndCCopy();
+    void controlAndCOnAFileThatIsGoneLeavesTheClipboard();
     void spacePins();
     void theMenuKeyOpensTheMenuOfTheTile();
     void escapeHides();
@@ -133,6 +134,18 @@ void KeyboardTest::controlAndCCopy()
     key(Qt::Key_Down);
     key(Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(m_shelf->pasteboard.operations, QStringList({ QStringLiteral("clear"), QStringLiteral("text 1") }));
+}
+
+void KeyboardTest::controlAndCOnAFileThatIsGoneLeavesTheClipboard()
+{
+    const QUrl file = m_shelf->addFile("a.txt");
+    key(Qt::Key_Home);
+    key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(m_shelf->pasteboard.operations.size(), 2);
+    m_shelf->references.removeFile(file);
+    m_shelf->store.refreshFiles();
+    key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(m_shelf->pasteboard.operations.size(), 2);
 }
 
 void KeyboardTest::spacePins()

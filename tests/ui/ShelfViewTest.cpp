@@ -34,6 +34,7 @@ private Q_SLOTS:
     void aFileThatTheDestinationMovedToTheTrashLeavesTheShelf();
     void aFileThatIsMovedToTheTrashSomeTimeAfterTheDropLeavesTheShelf();
     void aFileThatWasMovedElsewhereStays();
+    void afterADragThatNobodyTookNobodyLooksInTheTrash();
     void anImageDraggedIntoAProgramStays();
     void aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile();
     void aFailedMoveToTheTrashIsLoggedAndTheItemGoes();
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void aDragOfANameThatIsNotUtf8CarriesItsBytes();
     void aDragOfALinkCarriesAddressTextAndTitle();
     void aDraggedImageIsShownByItsThumbnail();
+    void aDraggedFileIsShownByItsThumbnail();
     void aFileInADragIsOfferedToSandboxesOnlyWhereTheyCanTakeIt();
     void anImageWhoseFileIsGoneLooksMissingAndIsNotDimmed();
     void filesThatASandboxHandsOverAreRetrieved();
@@ -54,6 +56,8 @@ private Q_SLOTS:
     void aDropOfAFileIsTakenAsACopy();
     void aDropThatAllowsNoCopyIsRefused();
     void theOwnerHearsOfDropsThatHover();
+    void noTileIsHighlightedWhileADropHovers();
+    void theOwnerHearsOfTheFirstMenuThatOpensAndTheLastThatCloses();
     void thePinButtonTellsTheOwnerAndSaysWhatItDoes();
     void tilesExistOnlyForTheRowsInView();
     void tilesFollowTheStoresOrder();
@@ -182,6 +186,20 @@ void ShelfViewTest::aFileThatWasMovedElsewhereStays()
     tile.onDragEnded(DragOperation::move);
     f.queue.advance(10);
     QCOMPARE(f.store.items().size(), 1);
+}
+
+void ShelfViewTest::afterADragThatNobodyTookNobodyLooksInTheTrash()
+{
+    ShelfFixture& f = *m_fixture;
+    const QUrl image = f.addImage();
+    const QUrl trashed = fileUrl("/somewhere/.Trash/Shot.png");
+    const ItemInteraction tile = f.view.interaction(f.top());
+    QVERIFY(tile.dragItem());
+    f.references.moveFile(image, trashed);
+    tile.onDragEnded(DragOperation::none);
+    f.queue.advance(10);
+    QCOMPARE(f.store.items().size(), 1);
+    QCOMPARE(f.references.released.size(), 1);
 }
 
 void ShelfViewTest::anImageDraggedIntoAProgramStays()
@@ -322,6 +340,17 @@ void ShelfViewTest::aDraggedImageIsShownByItsThumbnail()
     QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(40, 10));
 }
 
+void ShelfViewTest::aDraggedFileIsShownByItsThumbnail()
+{
+    ShelfFixture& f = *m_fixture;
+    (void)f.addFile("a.pdf");
+    f.view.grab();
+    const QSize icon = f.view.interaction(f.top()).dragItem()->picture.size();
+    QVERIFY(icon != QSize(40, 10));
+    QVERIFY(f.thumbnails.finish(0, Picture{ 40, 10, QByteArray(1600, '\xff') }));
+    QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(40, 10));
+}
+
 void ShelfViewTest::aFileInADragIsOfferedToSandboxesOnlyWhereTheyCanTakeIt()
 {
     ShelfFixture& f = *m_fixture;
@@ -434,6 +463,53 @@ void ShelfViewTest::theOwnerHearsOfDropsThatHover()
     QCoreApplication::sendEvent(&f.view, &enter);
     QDragLeaveEvent leave;
     QCoreApplication::sendEvent(&f.view, &leave);
+    QCOMPARE(heard, QList<bool>({ true, false }));
+}
+
+void ShelfViewTest::noTileIsHighlightedWhileADropHovers()
+{
+    ShelfFixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("a"));
+    f.store.addText(QStringLiteral("b"));
+    auto* list = f.view.findChild<TileList*>();
+    const QUuid b = f.store.items()[0].id;
+    const QUuid a = f.store.items()[1].id;
+    f.view.interaction(f.store.items()[1]).onHover(true);
+    QVERIFY(list->tile(a)->isHovered());
+
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(!list->tile(a)->isHovered());
+    f.view.interaction(f.store.items()[0]).onHover(true);
+    f.store.togglePinned(b);
+    QVERIFY(!list->tile(b)->isHovered());
+
+    QDropEvent drop({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &drop);
+    QVERIFY(list->tile(b)->isHovered());
+    QVERIFY(!list->tile(a)->isHovered());
+
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&f.view, &leave);
+    QVERIFY(!list->tile(b)->isHovered());
+}
+
+void ShelfViewTest::theOwnerHearsOfTheFirstMenuThatOpensAndTheLastThatCloses()
+{
+    ShelfFixture& f = *m_fixture;
+    QList<bool> heard;
+    f.view.onMenuOpenChanged = [&](bool isOpen) { heard.append(isOpen); };
+    f.store.addText(QStringLiteral("a"));
+    const ItemInteraction tile = f.view.interaction(f.top());
+    tile.onMenuOpenChanged(true);
+    QCOMPARE(heard, QList<bool>{ true });
+    tile.onMenuOpenChanged(true);
+    tile.onMenuOpenChanged(false);
+    QCOMPARE(heard, QList<bool>{ true });
+    tile.onMenuOpenChanged(false);
     QCOMPARE(heard, QList<bool>({ true, false }));
 }
 

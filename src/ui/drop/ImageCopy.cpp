@@ -3,6 +3,7 @@
 #include "DataFiles.h"
 #include "FileUrl.h"
 #include "Log.h"
+#include "PlainText.h"
 #include "UuidText.h"
 
 #include <QCoreApplication>
@@ -32,7 +33,8 @@ inline constexpr qsizetype longestName = 240;
 {
     const QString extension = extensionOf(name);
     const QString ending = extension.isEmpty() ? QString() : QLatin1Char('.') + extension;
-    QString stem = name.chopped(ending.size());
+    // No unit takes less than a byte.
+    QString stem = name.chopped(ending.size()).left(longestName);
     while (!stem.isEmpty() && (stem + ending).toUtf8().size() > longestName)
         stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
     return stem + ending;
@@ -54,7 +56,7 @@ void removeFolder(const QByteArray& folder)
 
 QString imageFileName(const DroppedImage& image)
 {
-    QString name = image.suggestedName.section(QChar(u'\0'), 0, 0);
+    QString name = withoutControls(image.suggestedName.section(QChar(u'\0'), 0, 0));
     const bool namesFolder = name == QLatin1String(".") || name == QLatin1String("..");
     if (name.isEmpty() || namesFolder)
         name = QCoreApplication::translate("nookle::DroppedImage", "Image");

@@ -40,21 +40,26 @@ private Q_SLOTS:
 
     void filesAndTextsAreHandedOver();
     void theErrorsTextReachesTheCaller();
-    void aDesktopOpensFiles();
+    void aDesktopOpensFilesAndPages();
     void aDesktopActivatesTheProgram();
     void theActionAddsTheSelection();
     void anotherActionDoesNothing();
     void aNameThatIsTakenIsSaidInOneLogLine();
     void aMessageIsShownByTheDesktopWithoutItsMarkup();
+    void aMessageIsShortAndHasNoControlCharacters();
     void aMessageThatNothingShowsGoesToTheLog();
 
 private:
     /// The reply to a call of the program's object by another program.
     [[nodiscard]] QDBusMessage call(const QString& interface, const QString& method, const QVariantList& arguments);
 
+    /// What a desktop shows of a message.
+    [[nodiscard]] static QStringList shownWhenNotified(const QString& message);
+
     PrivateBus m_bus;
     std::unique_ptr<BusService> m_service;
     QList<ServicePasteboard> m_added;
+    QStringList m_opened;
     QString m_refusal;
     int m_activations = 0;
     int m_selections = 0;
@@ -86,6 +91,7 @@ void BusServiceTest::initTestCase()
 void BusServiceTest::init()
 {
     m_added.clear();
+    m_opened.clear();
     m_refusal.clear();
     m_activations = 0;
     m_selections = 0;
@@ -94,6 +100,7 @@ void BusServiceTest::init()
         m_added.append(pasteboard);
         return m_refusal.isEmpty() ? std::nullopt : std::optional(Failure{ m_refusal });
     };
+    m_service->onOpen = [this](const QStringList& uris) { m_opened += uris; };
     m_service->onActivate = [this] { ++m_activations; };
     m_service->onAddSelection = [this] { ++m_selections; };
     m_service->start();
@@ -135,12 +142,12 @@ void BusServiceTest::theErrorsTextReachesTheCaller()
     QVERIFY(!m_added.first().string);
 }
 
-void BusServiceTest::aDesktopOpensFiles()
+void BusServiceTest::aDesktopOpensFilesAndPages()
 {
-    const QStringList uris{ QStringLiteral("file:///a") };
+    const QStringList uris{ QStringLiteral("file:///a"), QStringLiteral("https://example.com/") };
     const QDBusMessage reply = call(applicationInterface(), QStringLiteral("Open"), { uris, QVariantMap() });
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
-    QCOMPARE(m_added.value(0).fileUrls, QList<QUrl>{ QUrl(QStringLiteral("file:///a")) });
+    QCOMPARE(m_opened, uris);
 }
 
 void BusServiceTest::aDesktopActivatesTheProgram()
@@ -176,16 +183,31 @@ void BusServiceTest::aNameThatIsTakenIsSaidInOneLogLine()
     QCOMPARE(log.lines().size(), 1);
 }
 
-void BusServiceTest::aMessageIsShownByTheDesktopWithoutItsMarkup()
+QStringList BusServiceTest::shownWhenNotified(const QString& message)
 {
     FakeNotifications notifications;
     QDBusConnection other(otherProgram);
-    QVERIFY(other.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &notifications,
-                                 QDBusConnection::ExportAllSlots));
-    QVERIFY(other.registerService(QStringLiteral("org.freedesktop.Notifications")));
-    DesktopNotifier().notify(QStringLiteral("Not <b>that</b>"));
-    QTRY_COMPARE(notifications.shown, QStringList{ QStringLiteral("Nookle: Not &lt;b&gt;that&lt;/b&gt;") });
-    QVERIFY(other.unregisterService(QStringLiteral("org.freedesktop.Notifications")));
+    if (!other.registerObject(QStringLiteral("/org/freedesktop/Notifications"), &notifications,
+                              QDBusConnection::ExportAllSlots)
+        || !other.registerService(QStringLiteral("org.freedesktop.Notifications")))
+        return {};
+    DesktopNotifier().notify(message);
+    const bool isShown = QTest::qWaitFor([&] { return !notifications.shown.isEmpty(); });
+    const bool isReset = other.unregisterService(QStringLiteral("org.freedesktop.Notifications"));
+    return isShown && isReset ? notifications.shown : QStringList();
+}
+
+void BusServiceTest::aMessageIsShownByTheDesktopWithoutItsMarkup()
+{
+    QCOMPARE(shownWhenNotified(QStringLiteral("Not <b>that</b>")),
+             QStringList{ QStringLiteral("Nookle: Not &lt;b&gt;that&lt;/b&gt;") });
+}
+
+void BusServiceTest::aMessageIsShortAndHasNoControlCharacters()
+{
+    QCOMPARE(shownWhenNotified(QStringLiteral("one\ntwo\u202e")), QStringList{ QStringLiteral("Nookle: one two") });
+    const QStringList shown = shownWhenNotified(QString(1000, QLatin1Char('a')));
+    QCOMPARE(shown.value(0).size(), QStringLiteral("Nookle: ").size() + 300);
 }
 
 void BusServiceTest::aMessageThatNothingShowsGoesToTheLog()

@@ -1,5 +1,6 @@
 #include "DesktopWorkspace.h"
 
+#include "CapturedLog.h"
 #include "PrivateBus.h"
 
 #include <QDBusConnection>
@@ -31,6 +32,9 @@ private Q_SLOTS:
 
     void theFileManagerShowsTheFile();
     void withoutAFileManagerTheFolderIsOpened();
+    void anAddressThatRunsSomethingIsRefusedWithOneLogLine_data();
+    void anAddressThatRunsSomethingIsRefusedWithOneLogLine();
+    void otherAddressesAreOpened();
 
 public:
     /// Stands in for the desktop's programs.
@@ -76,6 +80,50 @@ void DesktopWorkspaceTest::withoutAFileManagerTheFolderIsOpened()
 {
     DesktopWorkspace().reveal(QUrl(QStringLiteral("file:///home/me/a")));
     QTRY_COMPARE(m_opened, QList<QUrl>{ QUrl(QStringLiteral("file:///home/me/")) });
+}
+
+void DesktopWorkspaceTest::anAddressThatRunsSomethingIsRefusedWithOneLogLine_data()
+{
+    QTest::addColumn<QUrl>("address");
+    QTest::addColumn<QString>("scheme");
+    const auto row = [](const char* address, const char* scheme) {
+        QTest::newRow(address) << QUrl(QString::fromLatin1(address)) << QString::fromLatin1(scheme);
+    };
+    row("javascript:moonlight", "javascript");
+    row("data:text/html,moonlight", "data");
+    row("vbscript:moonlight", "vbscript");
+    row("blob:moonlight", "blob");
+    row("about:moonlight", "about");
+    row("file://elsewhere/moonlight", "file");
+    row("view-source:javascript:moonlight", "javascript");
+}
+
+void DesktopWorkspaceTest::anAddressThatRunsSomethingIsRefusedWithOneLogLine()
+{
+    QFETCH(const QUrl, address);
+    QFETCH(const QString, scheme);
+    QDesktopServices::setUrlHandler(address.scheme(), this, "open");
+    const CapturedLog log;
+    DesktopWorkspace().open(address);
+    if (address.scheme() != QLatin1String("file"))
+        QDesktopServices::unsetUrlHandler(address.scheme());
+    QCOMPARE(m_opened, QList<QUrl>());
+    QCOMPARE(log.lines(), QStringList{ QString(QStringLiteral("Nookle: an address is not opened: ") + scheme) });
+}
+
+void DesktopWorkspaceTest::otherAddressesAreOpened()
+{
+    const QStringList schemes{ QStringLiteral("https"), QStringLiteral("mailto"), QStringLiteral("steam") };
+    for (const QString& scheme : schemes)
+        QDesktopServices::setUrlHandler(scheme, this, "open");
+    const QList<QUrl> addresses{ QUrl(QStringLiteral("https://example.com/")),
+                                 QUrl(QStringLiteral("mailto:a@b.example")), QUrl(QStringLiteral("steam://run/1")),
+                                 QUrl(QStringLiteral("file:///home/me/a")) };
+    for (const QUrl& address : addresses)
+        DesktopWorkspace().open(address);
+    for (const QString& scheme : schemes)
+        QDesktopServices::unsetUrlHandler(scheme);
+    QCOMPARE(m_opened, addresses);
 }
 
 QTEST_MAIN(DesktopWorkspaceTest)

@@ -56,8 +56,10 @@ void ImageCopyTest::aCopyIsNamedByWhatTheSourceSuggests_data()
     row("the folder above", "..", "image/png", "Image.png");
     row("the folder itself", ".", "image/x-of-nobody", "Image");
     row("a hidden file", ".png", "image/png", ".png.png");
-    row("a newline", "two\nlines", "image/png", "two\nlines.png");
-    row("a right-to-left mark", "a\xe2\x80\xaegnp", "image/png", "a\xe2\x80\xaegnp.png");
+    row("a newline", "two\nlines", "image/png", "two lines.png");
+    row("a right-to-left mark", "a\xe2\x80\xaegnp", "image/png", "agnp.png");
+    row("nothing but such a mark", "\xe2\x80\xae", "image/png", "Image.png");
+    row("a bell", "a\ab", "image/png", "ab.png");
 }
 
 void ImageCopyTest::aCopyIsNamedByWhatTheSourceSuggests()

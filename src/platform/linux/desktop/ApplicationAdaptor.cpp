@@ -17,8 +17,7 @@ void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/) const
 
 void ApplicationAdaptor::Open(const QStringList& uris, const QVariantMap& /*platformData*/) const
 {
-    // Nobody waits for an answer: the owner tells the user.
-    static_cast<void>(m_service.onAdd(servicePasteboard(uris, {})));
+    m_service.onOpen(uris);
 }
 
 void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList& /*parameters*/,

@@ -25,6 +25,7 @@ namespace {
 
 BusService::BusService()
     : onAdd([](const ServicePasteboard&) { return std::nullopt; })
+    , onOpen([](const QStringList&) {})
     , onActivate([] {})
     , onAddSelection([] {})
 {

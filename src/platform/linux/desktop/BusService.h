@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <optional>
@@ -25,6 +26,9 @@ public:
 
     /// A program hands something over; the failure is told to it. Set by the owner.
     std::function<std::optional<Failure>(const ServicePasteboard&)> onAdd;
+
+    /// The desktop opens files and pages with the program. Nobody waits for an answer. Set by the owner.
+    std::function<void(const QStringList& uris)> onOpen;
 
     /// The desktop starts the program once more. Set by the owner.
     std::function<void()> onActivate;

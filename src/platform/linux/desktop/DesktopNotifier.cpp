@@ -1,6 +1,7 @@
 #include "DesktopNotifier.h"
 
 #include "Log.h"
+#include "PlainText.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -19,7 +20,7 @@ void DesktopNotifier::notify(const QString& text)
     constexpr int usualTime = -1;
     // The text may hold signs that the desktop takes for markup.
     call << QStringLiteral("Nookle") << noOther << QStringLiteral("org.nookle.Nookle") << QStringLiteral("Nookle")
-         << text.toHtmlEscaped() << QStringList() << QVariantMap() << usualTime;
+         << shownText(text).toHtmlEscaped() << QStringList() << QVariantMap() << usualTime;
     auto* watcher =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), QCoreApplication::instance());
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, text] {

@@ -1,5 +1,8 @@
 #include "DesktopWorkspace.h"
 
+#include "Log.h"
+#include "OpenableAddress.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -8,9 +11,22 @@
 
 namespace nookle {
 
+namespace {
+
+/// The one way to the desktop's opener: what is on the shelf may come from anywhere.
+void openWithDesktop(const QUrl& address)
+{
+    if (const auto scheme = refusedScheme(address))
+        logLine(QStringLiteral("an address is not opened: %1").arg(*scheme));
+    else
+        QDesktopServices::openUrl(address);
+}
+
+} // namespace
+
 void DesktopWorkspace::open(const QUrl& url)
 {
-    QDesktopServices::openUrl(url);
+    openWithDesktop(url);
 }
 
 void DesktopWorkspace::reveal(const QUrl& file)
@@ -24,7 +40,7 @@ void DesktopWorkspace::reveal(const QUrl& file)
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, file] {
         // Where no file manager answers to that name, at least the folder can be shown.
         if (watcher->isError())
-            QDesktopServices::openUrl(file.adjusted(QUrl::RemoveFilename));
+            openWithDesktop(file.adjusted(QUrl::RemoveFilename));
         watcher->deleteLater();
     });
 }

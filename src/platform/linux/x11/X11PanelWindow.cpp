@@ -5,8 +5,6 @@
 #include "X11Coordinates.h"
 #include "XcbReply.h"
 
-#include <QCursor>
-#include <QGuiApplication>
 #include <QRegion>
 #include <QScreen>
 #include <QWindow>
@@ -67,15 +65,6 @@ inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
             numbers.push_back(static_cast<std::uint32_t>(number));
     }
     return numbers;
-}
-
-[[nodiscard]] QWindow* openMenu()
-{
-    const QWindowList windows = QGuiApplication::topLevelWindows();
-    const auto found = std::find_if(windows.begin(), windows.end(), [](const QWindow* window) {
-        return window->type() == Qt::Popup && window->isVisible();
-    });
-    return found == windows.end() ? nullptr : *found;
 }
 
 } // namespace
@@ -284,32 +273,14 @@ void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing ea
                       std::move(completion));
 }
 
-// A menu of the panel opens beside it: whoever chooses there has not left, until the menu closes.
-void X11PanelWindow::mouseLeft()
-{
-    QWindow* menu = openMenu();
-    if (!menu) {
-        if (onMouseExited)
-            onMouseExited();
-        return;
-    }
-    if (onMouseEntered)
-        onMouseEntered();
-    const auto menuClosed = [this] {
-        if (!covers(m_frame, QCursor::pos()))
-            mouseLeft();
-    };
-    connect(menu, &QWindow::visibleChanged, this, menuClosed, Qt::SingleShotConnection);
-}
-
 bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::Move && m_limit)
         updateShape();
     if (event->type() == QEvent::Enter && onMouseEntered)
         onMouseEntered();
-    if (event->type() == QEvent::Leave)
-        mouseLeft();
+    if (event->type() == QEvent::Leave && onMouseExited)
+        onMouseExited();
     return QObject::eventFilter(watched, event);
 }
 

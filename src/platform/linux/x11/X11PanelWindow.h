@@ -60,7 +60,6 @@ private:
     /// The left edge of the window, where it was put or where it still is.
     [[nodiscard]] int farthestLeft() const;
     void updateShape();
-    void mouseLeft();
 
     QWindow& m_window;
     double m_cornerRadius;
