@@ -1,7 +1,6 @@
 #include "ShelfItemActions.h"
 
 #include "Colors.h"
-#include "Favicon.h"
 #include "FileIcon.h"
 #include "FileMimeData.h"
 #include "FileUrl.h"
@@ -158,9 +157,7 @@ std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const 
         return DragItem{ std::move(data), symbolPicture(Symbol::document) };
     }
     if (const auto* link = std::get_if<LinkContent>(&item.content)) {
-        const auto icon = m_store.iconURL(item);
-        const QPixmap picture = icon ? loadFavicon(*icon) : QPixmap();
-        return DragItem{ linkData(*link), picture.isNull() ? symbolPicture(Symbol::link) : picture };
+        return DragItem{ linkData(*link), thumbnail.isNull() ? symbolPicture(Symbol::link) : thumbnail };
     }
     const std::optional<QUrl> localURL = m_store.localURL(item);
     if (!localURL)

@@ -39,8 +39,8 @@ public:
     /// Replaces the clipboard by the item; by nothing when its file is gone.
     void copyToPasteboard(const ShelfItem& item) const;
 
-    /// What a drag carries; nothing when the item cannot be dragged. The picture of an image is its `thumbnail`, as
-    /// long as that is not null.
+    /// What a drag carries; nothing when the item cannot be dragged. The picture of an image or a link is its
+    /// `thumbnail`, as long as that is not null.
     [[nodiscard]] std::optional<DragItem> dragItem(const ShelfItem& item, const QPixmap& thumbnail) const;
 
     [[nodiscard]] static QString toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL);

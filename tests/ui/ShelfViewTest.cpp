@@ -44,6 +44,7 @@ private Q_SLOTS:
     void aDragOfANameThatIsNotUtf8CarriesItsBytes();
     void aDragOfALinkCarriesAddressTextAndTitle();
     void aDraggedImageIsShownByItsThumbnail();
+    void theIconOfALinkComesAsAThumbnail();
     void aFileInADragIsOfferedToSandboxesOnlyWhereTheyCanTakeIt();
     void anImageWhoseFileIsGoneLooksMissingAndIsNotDimmed();
     void filesThatASandboxHandsOverAreRetrieved();
@@ -318,6 +319,22 @@ void ShelfViewTest::aDraggedImageIsShownByItsThumbnail()
     (void)f.addImage();
     f.view.grab();
     QVERIFY(f.thumbnails.finish(0, Picture{ 40, 10, QByteArray(1600, '\xff') }));
+    QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(40, 10));
+}
+
+void ShelfViewTest::theIconOfALinkComesAsAThumbnail()
+{
+    ShelfFixture& f = *m_fixture;
+    f.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/a")), std::nullopt);
+    f.view.grab();
+    QVERIFY(f.thumbnails.asked.isEmpty());
+    f.store.updateLink(f.top().id, std::nullopt, true);
+    const QImage withoutIcon = f.view.grab().toImage();
+    QCOMPARE(f.thumbnails.asked.size(), 1);
+    QCOMPARE(f.thumbnails.asked.first().file, f.store.iconURL(f.top()).value());
+    QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(104, 104));
+    QVERIFY(f.thumbnails.finish(0, Picture{ 40, 10, QByteArray(1600, '\xff') }));
+    QVERIFY(f.view.grab().toImage() != withoutIcon);
     QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(40, 10));
 }
 
