@@ -4,6 +4,7 @@
 #include "FileIcon.h"
 #include "FileMimeData.h"
 #include "FileUrl.h"
+#include "ImageType.h"
 #include "Log.h"
 #include "Overloaded.h"
 #include "Pasteboard.h"
@@ -126,7 +127,13 @@ std::optional<QUrl> ShelfItemActions::openURL(const ShelfItem& item) const
 
 void ShelfItemActions::open(const ShelfItem& item) const
 {
-    if (const auto url = openURL(item))
+    const auto url = openURL(item);
+    if (!url)
+        return;
+    // An image came from a stranger, and its file may be one that runs something when it is opened.
+    if (std::holds_alternative<ImageContent>(item.content) && !isImageFile(*url))
+        logLine(QStringLiteral("an image was not opened, because its file is none"));
+    else
         m_workspace.open(*url);
 }
 
