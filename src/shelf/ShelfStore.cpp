@@ -154,6 +154,18 @@ void ShelfStore::addImage(const QUrl& movingFrom)
     Q_EMIT itemsChanged();
 }
 
+void ShelfStore::restoreImage(QUuid id, const QByteArray& bytes)
+{
+    const qsizetype index = indexOf(id);
+    const auto* image = index < 0 ? nullptr : std::get_if<ImageContent>(&m_items.at(index).content);
+    if (!image)
+        return;
+    if (const std::optional<Failure> failure = m_itemFiles.write(bytes, id, image->fileName))
+        logLine(QStringLiteral("could not restore image: ") + failure->description);
+    else
+        Q_EMIT itemsChanged();
+}
+
 void ShelfStore::togglePinned(QUuid id)
 {
     const qsizetype index = indexOf(id);

@@ -75,6 +75,10 @@ public:
     /// stays where it was.
     void addImage(const QUrl& movingFrom);
 
+    /// Puts `bytes` in the place of the file of an image, whose own another program has taken away. Nothing for an id
+    /// that is no image's. A failure is logged.
+    void restoreImage(QUuid id, const QByteArray& bytes);
+
     void togglePinned(QUuid id);
 
     /// Takes an item off the shelf. An image goes to the Trash; a file that is only referred to is not touched.

@@ -1,10 +1,10 @@
 #include "ShelfItemActions.h"
 
 #include "Colors.h"
-#include "Favicon.h"
 #include "FileIcon.h"
 #include "FileMimeData.h"
 #include "FileUrl.h"
+#include "ImageType.h"
 #include "Log.h"
 #include "Overloaded.h"
 #include "Pasteboard.h"
@@ -130,7 +130,13 @@ std::optional<QUrl> ShelfItemActions::openURL(const ShelfItem& item) const
 
 void ShelfItemActions::open(const ShelfItem& item) const
 {
-    if (const auto url = openURL(item))
+    const auto url = openURL(item);
+    if (!url)
+        return;
+    // An image came from a stranger, and its file may be one that runs something when it is opened.
+    if (std::holds_alternative<ImageContent>(item.content) && !isImageFile(*url))
+        logLine(QStringLiteral("an image was not opened, because its file is none"));
+    else
         m_workspace.open(*url);
 }
 
@@ -166,9 +172,7 @@ std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const 
         return DragItem{ std::move(data), symbolPicture(Symbol::document) };
     }
     if (const auto* link = std::get_if<LinkContent>(&item.content)) {
-        const auto icon = m_store.iconURL(item);
-        const QPixmap picture = icon ? loadFavicon(*icon) : QPixmap();
-        return DragItem{ linkData(*link), picture.isNull() ? symbolPicture(Symbol::link) : picture };
+        return DragItem{ linkData(*link), thumbnail.isNull() ? symbolPicture(Symbol::link) : thumbnail };
     }
     const std::optional<QUrl> localURL = m_store.localURL(item);
     if (!localURL)

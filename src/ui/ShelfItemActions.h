@@ -42,8 +42,8 @@ public:
     /// Replaces the clipboard by the item; by nothing when its file is gone.
     void copyToPasteboard(const ShelfItem& item) const;
 
-    /// What a drag carries; nothing when the item cannot be dragged. The picture of a file or an image is its
-    /// `thumbnail`, or the icon of its kind where that is null.
+    /// What a drag carries; nothing when the item cannot be dragged. The picture of a file, an image or a link is its
+    /// `thumbnail`; where that is null, the icon of its kind.
     [[nodiscard]] std::optional<DragItem> dragItem(const ShelfItem& item, const QPixmap& thumbnail) const;
 
     [[nodiscard]] static QString toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL);

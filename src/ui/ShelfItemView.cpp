@@ -2,7 +2,6 @@
 
 #include "Cards.h"
 #include "Colors.h"
-#include "Favicon.h"
 #include "ItemInteractionView.h"
 #include "Overloaded.h"
 #include "Symbol.h"
@@ -50,9 +49,7 @@ void ShelfItemView::setItem(const ShelfItem& item, const std::optional<QUrl>& lo
     const bool hasFile =
         std::holds_alternative<FileContent>(item.content) || std::holds_alternative<ImageContent>(item.content);
     m_isMissing = hasFile && !localURL;
-    m_thumbnail.setUrl(localURL, isFolder);
-    if (std::exchange(m_iconURL, iconURL) != iconURL)
-        m_icon = iconURL ? loadFavicon(*iconURL) : QPixmap();
+    m_thumbnail.setUrl(iconURL ? iconURL : localURL, isFolder);
     setAccessibleName(item.shownName());
     setAccessibleDescription(description());
     update();
@@ -132,7 +129,7 @@ void ShelfItemView::paintPreview(QPainter& painter, const QRect& box)
     std::visit(overloaded{
                    [&](const FileContent&) { paintFile(painter, box); },
                    [&](const TextContent& text) { paintTextPage(painter, box, text.text, palette()); },
-                   [&](const LinkContent&) { paintLinkCard(painter, box, m_icon, palette()); },
+                   [&](const LinkContent&) { paintLink(painter, box); },
                    [&](const ImageContent&) { paintFile(painter, box); },
                },
                m_item.content);
@@ -148,6 +145,12 @@ void ShelfItemView::paintFile(QPainter& painter, const QRect& box)
     QRectF place(0, 0, missingSymbolSize, missingSymbolSize);
     place.moveCenter(QRectF(box).center());
     drawSymbol(painter, Symbol::missingFile, SymbolWeight::light, place, secondaryColor(palette()));
+}
+
+void ShelfItemView::paintLink(QPainter& painter, const QRect& box)
+{
+    m_thumbnail.load(devicePixelRatioF());
+    paintLinkCard(painter, box, m_thumbnail.picture(), palette());
 }
 
 void ShelfItemView::paintName(QPainter& painter, int top) const

@@ -32,7 +32,7 @@ public:
     /// Shows that keys are meant for this tile.
     void setFocused(bool isFocused);
 
-    /// Null until it has come, and for items without a file.
+    /// The icon of a link. Null until it has come, and for items without a file.
     [[nodiscard]] const QPixmap& thumbnail() const { return m_thumbnail.picture(); }
 
     [[nodiscard]] ItemInteractionView& interaction() { return *m_interaction; }
@@ -53,13 +53,12 @@ private:
     void paintBackground(QPainter& painter) const;
     void paintPreview(QPainter& painter, const QRect& box);
     void paintFile(QPainter& painter, const QRect& box);
+    void paintLink(QPainter& painter, const QRect& box);
     void paintName(QPainter& painter, int top) const;
 
     const TileMetrics& m_metrics;
     ShelfItem m_item;
     Thumbnail m_thumbnail;
-    std::optional<QUrl> m_iconURL;
-    QPixmap m_icon;
     bool m_isUnavailable = false;
     bool m_isMissing = false;
     bool m_isHovered = false;

@@ -66,6 +66,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_store(services.store)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
     , m_trashWatch(services.references, services.trash, services.queue)
+    , m_draggedImage(services.store, services.references, services.trash, services.queue)
     , m_dropHandler(services.store, services.queue, services.transfers)
     , m_thumbnails(services.thumbnails)
     , m_compositing(services.compositing)
@@ -237,6 +238,7 @@ std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
 {
     if (const auto file = m_store.localURL(item))
         m_trashWatch.begin(item, *file);
+    m_draggedImage.begin(item);
     return m_actions.dragItem(item, thumbnailOf(item));
 }
 
@@ -252,9 +254,18 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
         operation = DragOperation::remove;
     m_actions.dragEnded(item, operation);
     if (hasFile && operation != DragOperation::remove && operation != DragOperation::none)
-        m_trashWatch.keepLooking([this, item] { m_actions.dragEnded(item, DragOperation::remove); });
+        keepLooking(item);
+    else
+        m_draggedImage.end();
     if (onDragOutEnded)
         onDragOutEnded();
+}
+
+void ShelfView::keepLooking(const ShelfItem& item)
+{
+    const auto onTrashed = [this, item] { m_actions.dragEnded(item, DragOperation::remove); };
+    m_trashWatch.keepLooking(onTrashed);
+    m_draggedImage.keepLooking(onTrashed);
 }
 
 // Other programs' sources delete what they believe to be moved, so nothing but a copy is ever taken.

@@ -2,6 +2,7 @@
 
 #include "Compositing.h"
 #include "DragSession.h"
+#include "DraggedImage.h"
 #include "DropHandler.h"
 #include "DropPayload.h"
 #include "ShelfItemActions.h"
@@ -116,10 +117,12 @@ private:
     void updateHover(const std::optional<QUuid>& id);
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragEnded(const ShelfItem& item, DragOperation operation);
+    void keepLooking(const ShelfItem& item);
 
     ShelfStore& m_store;
     ShelfItemActions m_actions;
     TrashWatch m_trashWatch;
+    DraggedImage m_draggedImage;
     DropHandler m_dropHandler;
     Thumbnails& m_thumbnails;
     Compositing& m_compositing;

@@ -1,6 +1,8 @@
 #include "DropCapture.h"
+#include "DropImage.h"
 #include "FakeDropPayload.h"
 #include "FileUrl.h"
+#include "ImageType.h"
 #include "LinkUrl.h"
 
 #include <array>
@@ -27,6 +29,8 @@ constexpr std::array formats{
     "text/html",
     "image/png",
     "x-special/gnome-copied-files",
+    "image/svg+xml",
+    "application/x-moz-file-promise-dest-filename",
 };
 
 constexpr const char* separator = "\n--\n";
@@ -48,14 +52,22 @@ constexpr const char* separator = "\n--\n";
     return payload;
 }
 
+/// A name that stays in its folder, and by which no program takes the image for something else.
+[[nodiscard]] bool isSafeName(const QString& name)
+{
+    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && (isImageName(name) || !name.contains(QLatin1Char('.')));
+}
+
 } // namespace
 
-/// Whatever a source delivers, its elements can be taken apart, and a path that comes out is one.
+/// Whatever a source delivers, its elements can be taken apart, and a path or a name that comes out is one.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const FakeDropPayload payload =
         payloadOf(QByteArray(reinterpret_cast<const char*>(data), static_cast<qsizetype>(size)));
     static_cast<void>(offersDropItems(payload));
+    if (const auto image = loadDropImage(payload); image && !isSafeName(imageFileName(*image)))
+        __builtin_trap();
     const CapturedDrop drop = captureDrop(payload);
     for (const auto& item : drop.items) {
         if (item->hasText())

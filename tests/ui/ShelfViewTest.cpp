@@ -1,5 +1,6 @@
 #include "ShelfView.h"
 
+#include "CapturedLog.h"
 #include "EmptyShelfView.h"
 #include "ItemInteractionView.h"
 #include "PinButton.h"
@@ -28,6 +29,8 @@ private Q_SLOTS:
     void otherTextsCannotBeOpened_data();
     void otherTextsCannotBeOpened();
     void aMailAddressCanBeOpened();
+    void anImageIsOpenedOnlyIfItsFileIsOne_data();
+    void anImageIsOpenedOnlyIfItsFileIsOne();
     void aFileThatHasVanishedOffersOnlyWhatStillWorks();
     void aFileInPlaceOffersEverything();
     void anImageDraggedToTheTrashIsRemovedWithItsFile();
@@ -47,6 +50,7 @@ private Q_SLOTS:
     void aDragOfALinkCarriesAddressTextAndTitle();
     void aDraggedImageIsShownByItsThumbnail();
     void aDraggedFileIsShownByItsThumbnail();
+    void theIconOfALinkComesAsAThumbnail();
     void aFileInADragIsOfferedToSandboxesOnlyWhereTheyCanTakeIt();
     void anImageWhoseFileIsGoneLooksMissingAndIsNotDimmed();
     void filesThatASandboxHandsOverAreRetrieved();
@@ -119,6 +123,40 @@ void ShelfViewTest::aMailAddressCanBeOpened()
     f.view.interaction(f.top()).onClick();
     QCOMPARE(f.workspace.opened.size(), 1);
     QCOMPARE(f.workspace.opened.first().scheme(), QStringLiteral("mailto"));
+}
+
+void ShelfViewTest::anImageIsOpenedOnlyIfItsFileIsOne_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("isOpened");
+    const QByteArray png("\x89PNG\r\n\x1a\n");
+    const QByteArray entry("[Desktop Entry]\nType=Application\nName=a\nExec=true\n");
+    QTest::newRow("image") << QStringLiteral("a.png") << png << true;
+    QTest::newRow("image by another name of one") << QStringLiteral("a.jpg") << png << true;
+    QTest::newRow("image without an extension") << QStringLiteral("Photo") << png << true;
+    QTest::newRow("entry of the desktop") << QStringLiteral("a.desktop") << entry << false;
+    QTest::newRow("entry by the name of an image") << QStringLiteral("a.png") << entry << false;
+    QTest::newRow("entry without a name") << QStringLiteral("a") << entry << false;
+    QTest::newRow("image by the name of an entry") << QStringLiteral("a.desktop") << png << false;
+    QTest::newRow("image by the name of an entry alone") << QStringLiteral(".desktop") << png << false;
+}
+
+void ShelfViewTest::anImageIsOpenedOnlyIfItsFileIsOne()
+{
+    QFETCH(const QString, name);
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const bool, isOpened);
+    const CapturedLog log;
+    ShelfFixture& f = *m_fixture;
+    QFile source(f.directory.filePath(name));
+    QVERIFY(source.open(QIODevice::WriteOnly));
+    source.write(bytes);
+    source.close();
+    f.store.addImage(fileUrl(source.fileName().toUtf8()));
+    f.view.interaction(f.top()).onClick();
+    QCOMPARE(f.workspace.opened.size(), isOpened ? 1 : 0);
+    QCOMPARE(log.lines().size(), isOpened ? 0 : 1);
 }
 
 void ShelfViewTest::aFileThatHasVanishedOffersOnlyWhatStillWorks()
@@ -348,6 +386,22 @@ void ShelfViewTest::aDraggedFileIsShownByItsThumbnail()
     const QSize icon = f.view.interaction(f.top()).dragItem()->picture.size();
     QVERIFY(icon != QSize(40, 10));
     QVERIFY(f.thumbnails.finish(0, Picture{ 40, 10, QByteArray(1600, '\xff') }));
+    QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(40, 10));
+}
+
+void ShelfViewTest::theIconOfALinkComesAsAThumbnail()
+{
+    ShelfFixture& f = *m_fixture;
+    f.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/a")), std::nullopt);
+    f.view.grab();
+    QVERIFY(f.thumbnails.asked.isEmpty());
+    f.store.updateLink(f.top().id, std::nullopt, true);
+    const QImage withoutIcon = f.view.grab().toImage();
+    QCOMPARE(f.thumbnails.asked.size(), 1);
+    QCOMPARE(f.thumbnails.asked.first().file, f.store.iconURL(f.top()).value());
+    QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(104, 104));
+    QVERIFY(f.thumbnails.finish(0, Picture{ 40, 10, QByteArray(1600, '\xff') }));
+    QVERIFY(f.view.grab().toImage() != withoutIcon);
     QCOMPARE(f.view.interaction(f.top()).dragItem()->picture.size(), QSize(40, 10));
 }
 

@@ -2,6 +2,7 @@
 
 #include "DropPayload.h"
 #include "DropText.h"
+#include "ImageType.h"
 
 #include <QMimeDatabase>
 #include <QStringList>
@@ -54,11 +55,10 @@ namespace {
     return QString(name).remove(QLatin1Char('"')).trimmed();
 }
 
-/// What the bytes themselves say that they are.
-[[nodiscard]] std::optional<QString> sniffedImageType(const QByteArray& bytes)
+/// The type that the source names, which its file name follows; what the bytes are where no such type is known.
+[[nodiscard]] QString knownType(const QString& named, const QString& sniffed)
 {
-    const QString type = QMimeDatabase().mimeTypeForData(bytes).name();
-    return isNamedImage(type) ? std::optional(type) : std::nullopt;
+    return QMimeDatabase().mimeTypeForName(named).preferredSuffix().isEmpty() ? sniffed : named;
 }
 
 [[nodiscard]] std::optional<DroppedImage> loadNamedImage(const DropPayload& payload)
@@ -68,8 +68,10 @@ namespace {
     std::stable_sort(formats.begin(), formats.end(),
                      [](const QString& left, const QString& right) { return rank(left) < rank(right); });
     for (const QString& format : std::as_const(formats)) {
-        if (QByteArray bytes = payload.data(format); !bytes.isEmpty())
-            return DroppedImage{ std::move(bytes), typeOf(format), suggestedName(payload, format) };
+        QByteArray bytes = payload.data(format);
+        const QString named = typeOf(format);
+        if (const auto type = imageType(bytes, named))
+            return DroppedImage{ std::move(bytes), knownType(named, *type), suggestedName(payload, format) };
     }
     return std::nullopt;
 }
@@ -81,7 +83,7 @@ namespace {
     if (format == formats.end())
         return std::nullopt;
     QByteArray bytes = payload.data(*format);
-    const auto type = sniffedImageType(bytes);
+    const auto type = imageType(bytes);
     if (!type)
         return std::nullopt;
     return DroppedImage{ std::move(bytes), *type, suggestedName(payload, *format) };

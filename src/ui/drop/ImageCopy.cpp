@@ -2,6 +2,7 @@
 
 #include "DataFiles.h"
 #include "FileUrl.h"
+#include "ImageType.h"
 #include "Log.h"
 #include "PlainText.h"
 #include "UuidText.h"
@@ -40,6 +41,12 @@ inline constexpr qsizetype longestName = 240;
     return stem + ending;
 }
 
+/// No program is to take the image for something else: a name of an entry for the desktop would make it one.
+[[nodiscard]] QString withExtension(QString name, const QString& extension)
+{
+    return extension.isEmpty() ? name.replace(QLatin1Char('.'), QLatin1Char('-')) : name + QLatin1Char('.') + extension;
+}
+
 [[nodiscard]] std::optional<QUrl> failed(const QString& description)
 {
     logLine(QStringLiteral("could not read image: ") + description);
@@ -62,9 +69,8 @@ QString imageFileName(const DroppedImage& image)
         name = QCoreApplication::translate("nookle::DroppedImage", "Image");
     // A name must not make folders.
     name.replace(QLatin1Char('/'), QLatin1Char('-'));
-    const QString extension = QMimeDatabase().mimeTypeForName(image.type).preferredSuffix();
-    if (extensionOf(name).isEmpty() && !extension.isEmpty())
-        name += QLatin1Char('.') + extension;
+    if (extensionOf(name).isEmpty() || !isImageName(name))
+        name = withExtension(name, QMimeDatabase().mimeTypeForName(image.type).preferredSuffix());
     return withinLimit(name);
 }
 

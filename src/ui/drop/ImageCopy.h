@@ -17,8 +17,8 @@ struct DroppedImage {
     QString suggestedName;
 };
 
-/// The file name of a copy: the suggested name, or "Image", with an extension that says what it is unless it has one.
-/// Never leads out of its folder, and is never too long for a file system.
+/// The file name of a copy: the suggested name, or "Image", with an extension that says what it is unless it has one of
+/// an image. Never leads out of its folder, and is never too long for a file system.
 [[nodiscard]] QString imageFileName(const DroppedImage& image);
 
 /// Writes the image as it is into a new folder of its own in the system's temporary folder. Folder and copy are the

@@ -313,6 +313,7 @@ void ImageDecoderTest::decoderThatNeverAnswersCostsTheImage()
     ask("a");
     ask("b");
     QTRY_VERIFY((m_queue->runPosted(), QFile::exists(QFile::decodeName(m_folder->path("decoder.asked")))));
+    QTRY_COMPARE(descriptorsBelow(m_folder->path()), 0);
     m_queue->advance(4.999);
     QVERIFY(m_results.empty());
     m_queue->advance(0.001);

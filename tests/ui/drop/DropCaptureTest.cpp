@@ -10,6 +10,12 @@
 
 using namespace nookle;
 
+namespace {
+
+constexpr auto png = "\x89PNG\r\n\x1a\n";
+
+} // namespace
+
 class DropCaptureTest : public QObject {
     Q_OBJECT
 
@@ -24,6 +30,7 @@ private Q_SLOTS:
     void aLinkHasItsTitle();
     void aTitleBelongsToASingleLinkOnly();
     void anImageThatIsNotDeliveredLeavesTheLink();
+    void whatIsNoImageByItsBytesLeavesTheLinkOrTheText();
     void textWithoutAddressesIsOneText();
     void anEmptyAddressListFallsThroughToTheText();
     void wordsInTheAddressListAreTheTextBesideIt();
@@ -89,7 +96,7 @@ void DropCaptureTest::anImageOutOfAPageIsAnImageWithItsAddress()
 void DropCaptureTest::anImageWithoutAnAddressIsAnImage()
 {
     FakeDropPayload payload;
-    payload.offer("image/png", "png").offer("text/plain", "words");
+    payload.offer("image/png", png).offer("text/plain", "words");
     const auto items = captureDrop(payload).items;
     QCOMPARE(items.size(), std::size_t{ 1 });
     QVERIFY(items[0]->hasImage());
@@ -109,7 +116,7 @@ void DropCaptureTest::noTitleIsReadForAnImageOrAFile()
 {
     FakeDropPayload image;
     image.offer("text/uri-list", "https://example.com/a.png").offer("_NETSCAPE_URL", "x\nTitle");
-    image.offer("image/png", "png");
+    image.offer("image/png", png);
     QVERIFY(!captureDrop(image).items[0]->loadURLTitle());
     QVERIFY(!image.read.contains(QStringLiteral("_NETSCAPE_URL")));
     FakeDropPayload file;
@@ -141,6 +148,20 @@ void DropCaptureTest::anImageThatIsNotDeliveredLeavesTheLink()
     const auto items = captureDrop(payload).items;
     QVERIFY(!items[0]->hasImage());
     QVERIFY(items[0]->hasURL());
+}
+
+void DropCaptureTest::whatIsNoImageByItsBytesLeavesTheLinkOrTheText()
+{
+    FakeDropPayload link;
+    link.offer("text/uri-list", "https://example.com/a.png").offer("image/png", "[Desktop Entry]\n");
+    auto items = captureDrop(link).items;
+    QVERIFY(!items[0]->hasImage());
+    QVERIFY(items[0]->hasURL());
+    FakeDropPayload text;
+    text.offer("image/x-of-nobody", "bytes").offer("text/plain", "words");
+    items = captureDrop(text).items;
+    QVERIFY(!items[0]->hasImage());
+    QCOMPARE(items[0]->loadText(), QStringLiteral("words"));
 }
 
 void DropCaptureTest::textWithoutAddressesIsOneText()

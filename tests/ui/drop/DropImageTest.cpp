@@ -16,6 +16,11 @@ private Q_SLOTS:
     void aFormatThatDeliversNothingIsPassedOver();
     void bytesOfAnUnnamedKindAreAnImageIfTheyLookLikeOne();
     void aPageUnderTheNameOfAnImageIsNone();
+    void whatIsNoImageByItsBytesIsNone_data();
+    void whatIsNoImageByItsBytesIsNone();
+    void everyKindOfImageIsOne_data();
+    void everyKindOfImageIsOne();
+    void aTypeOfNobodyGivesWayToThatOfTheBytes();
     void theBytesAreKeptAsDelivered();
     void theNameIsTheSources();
     void theNameMayBePromisedInUtf16();
@@ -26,6 +31,9 @@ private Q_SLOTS:
 namespace {
 
 const QByteArray png("\x89PNG\r\n\x1a\n and the rest of it");
+const QByteArray tiff("II*\0 and the rest of it", 24);
+const QByteArray gif("GIF89a and the rest of it");
+const QByteArray desktopEntry("[Desktop Entry]\nType=Application\nName=Holiday\nExec=sh -c true\n");
 
 [[nodiscard]] QString typeIn(const FakeDropPayload& payload)
 {
@@ -38,8 +46,8 @@ const QByteArray png("\x89PNG\r\n\x1a\n and the rest of it");
 void DropImageTest::aPngIsTakenBeforeATiffThatIsOfferedFirst()
 {
     FakeDropPayload payload;
-    payload.offer("image/tiff", "tiff").offer("image/png", "png");
-    QCOMPARE(loadDropImage(payload)->bytes, QByteArray("png"));
+    payload.offer("image/tiff", tiff).offer("image/png", png);
+    QCOMPARE(loadDropImage(payload)->bytes, png);
     QCOMPARE(payload.read, QStringList{ QStringLiteral("image/png") });
 }
 
@@ -49,7 +57,7 @@ void DropImageTest::theOrderOfPreferenceHolds()
     for (qsizetype left = 0; left < best.size(); ++left) {
         FakeDropPayload payload;
         for (qsizetype index = best.size() - 1; index >= left; --index)
-            payload.offer(best[index].constData(), "bytes");
+            payload.offer(best[index].constData(), png);
         QCOMPARE(typeIn(payload), QString::fromLatin1(best[left]));
     }
 }
@@ -57,15 +65,15 @@ void DropImageTest::theOrderOfPreferenceHolds()
 void DropImageTest::theFirstFormatIsTakenWhereNoneIsPreferred()
 {
     FakeDropPayload payload;
-    payload.offer("text/plain", "words").offer("image/tiff", "tiff").offer("image/bmp", "bmp");
+    payload.offer("text/plain", "words").offer("image/tiff", tiff).offer("image/bmp", png);
     QCOMPARE(typeIn(payload), QStringLiteral("image/tiff"));
 }
 
 void DropImageTest::aFormatThatDeliversNothingIsPassedOver()
 {
     FakeDropPayload payload;
-    payload.offer("image/png", "").offer("image/gif", "").offer("image/bmp", "bmp");
-    QCOMPARE(typeIn(payload), QStringLiteral("image/bmp"));
+    payload.offer("image/png", "").offer("image/jpeg", desktopEntry).offer("image/gif", gif);
+    QCOMPARE(typeIn(payload), QStringLiteral("image/gif"));
 }
 
 void DropImageTest::bytesOfAnUnnamedKindAreAnImageIfTheyLookLikeOne()
@@ -85,11 +93,74 @@ void DropImageTest::aPageUnderTheNameOfAnImageIsNone()
     QCOMPARE(typeIn(payload), QStringLiteral("none"));
 }
 
+void DropImageTest::whatIsNoImageByItsBytesIsNone_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("entry of the desktop") << desktopEntry;
+    QTest::newRow("script") << QByteArray("#!/bin/sh\ntrue\n");
+    QTest::newRow("page") << QByteArray("<!DOCTYPE html><html><body><svg></svg></body></html>");
+    QTest::newRow("XML that is no drawing") << QByteArray("<?xml version=\"1.0\"?><!-- " + QByteArray(300, ' ')
+                                                          + " --><page><svg/></page>");
+    QTest::newRow("words") << QByteArray("words");
+    QTest::newRow("bytes of nobody") << QByteArray("\1\2\3\4\0\5", 6);
+    QTest::newRow("film") << QByteArray("\0\0\0\x18" "ftypmp42", 12);
+}
+
+void DropImageTest::whatIsNoImageByItsBytesIsNone()
+{
+    QFETCH(const QByteArray, bytes);
+    for (const char* format : { "image/png", "image/svg+xml", "image/x-of-nobody", "application/octet-stream" }) {
+        FakeDropPayload payload;
+        payload.offer(format, bytes);
+        QCOMPARE(typeIn(payload), QStringLiteral("none"));
+    }
+}
+
+void DropImageTest::everyKindOfImageIsOne_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    QTest::addColumn<QByteArray>("bytes");
+    const auto row = [](const char* type, const QByteArray& bytes) { QTest::newRow(type) << QByteArray(type) << bytes; };
+    row("image/png", png);
+    row("image/jpeg", "\xff\xd8\xff\xe0 and the rest of it");
+    row("image/gif", gif);
+    row("image/heic", QByteArray("\0\0\0\x18" "ftypheic\0\0\0\0mif1heic", 24));
+    row("image/avif", QByteArray("\0\0\0\x18" "ftypavif\0\0\0\0mif1avif", 24));
+    row("image/webp", QByteArray("RIFF\x24\0\0\0WEBPVP8 ", 16));
+    row("image/tiff", tiff);
+    row("image/bmp", QByteArray("BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0", 18));
+    row("image/vnd.microsoft.icon", QByteArray("\0\0\1\0\1\0\x10\x10\0\0\1\0\x20\0", 14));
+    row("image/svg+xml", "<svg xmlns=\"http://www.w3.org/2000/svg\"/>");
+    row("image/vnd.adobe.photoshop", QByteArray("8BPS\0\1\0\0\0\0\0\0", 12));
+    row("image/jxl", QByteArray("\xff\x0a\xfa\x1f", 4));
+    row("image/x-xpixmap", "/* XPM */\nstatic char* a[] = {};\n");
+    row("image/x-portable-pixmap", "P6\n1 1\n255\nabc");
+}
+
+void DropImageTest::everyKindOfImageIsOne()
+{
+    QFETCH(const QByteArray, type);
+    QFETCH(const QByteArray, bytes);
+    FakeDropPayload payload;
+    payload.offer(type.constData(), bytes);
+    QCOMPARE(typeIn(payload), QString::fromLatin1(type));
+}
+
+void DropImageTest::aTypeOfNobodyGivesWayToThatOfTheBytes()
+{
+    FakeDropPayload payload;
+    payload.offer("image/x-of-nobody", png);
+    QCOMPARE(typeIn(payload), QStringLiteral("image/png"));
+    FakeDropPayload drawing;
+    drawing.offer("image/svg+xml", "<?xml version=\"1.0\"?><!-- " + QByteArray(300, ' ') + " --><svg/>");
+    QCOMPARE(typeIn(drawing), QStringLiteral("image/svg+xml"));
+}
+
 void DropImageTest::theBytesAreKeptAsDelivered()
 {
     FakeDropPayload payload;
-    payload.offer("image/png", "no png at all");
-    QCOMPARE(loadDropImage(payload)->bytes, QByteArray("no png at all"));
+    payload.offer("image/png", gif);
+    QCOMPARE(loadDropImage(payload)->bytes, gif);
 }
 
 void DropImageTest::theNameIsTheSources()

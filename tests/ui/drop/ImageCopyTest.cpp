@@ -53,6 +53,17 @@ void ImageCopyTest::aCopyIsNamedByWhatTheSourceSuggests_data()
     row("an extension of another type", "Photo.jpg", "image/png", "Photo.jpg");
     row("a type without an extension", "Photo", "image/x-of-nobody", "Photo");
     row("a dot that begins no extension", "Mr. Smith", "image/png", "Mr. Smith.png");
+    row("an entry of the desktop", "holiday.desktop", "image/png", "holiday.desktop.png");
+    row("an entry behind an image", "x.png.desktop", "image/png", "x.png.desktop.png");
+    row("an entry in capitals", "holiday.DESKTOP", "image/png", "holiday.DESKTOP.png");
+    row("an entry of no name", ".desktop", "image/png", ".desktop.png");
+    row("a dot behind an entry", "holiday.desktop.", "image/png", "holiday.desktop..png");
+    row("a space behind an entry", "holiday.desktop ", "image/png", "holiday.desktop .png");
+    row("a script", "a.sh", "image/jpeg", "a.sh.jpg");
+    row("a page", "foo.html", "image/gif", "foo.html.gif");
+    row("an extension of nobody", "foo.of-nobody", "image/png", "foo.of-nobody.png");
+    row("an entry of a type without an extension", "x.desktop", "image/x-of-nobody", "x-desktop");
+    row("an extension in capitals", "PHOTO.JPG", "image/png", "PHOTO.JPG");
     row("the folder above", "..", "image/png", "Image.png");
     row("the folder itself", ".", "image/x-of-nobody", "Image");
     row("a hidden file", ".png", "image/png", ".png.png");

@@ -39,6 +39,12 @@ inline constexpr QSize shelfSize(112, 480);
     return palette;
 }
 
+[[nodiscard]] Picture picture(const QImage& image)
+{
+    return { image.width(), image.height(),
+             QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()) };
+}
+
 /// A landscape, so that one sees whether its shape is kept.
 [[nodiscard]] Picture landscape()
 {
@@ -56,11 +62,10 @@ inline constexpr QSize shelfSize(112, 480);
     painter.setBrush(QColor(0x2c, 0x52, 0x3c));
     painter.drawPolygon(QPolygon({ { 40, 70 }, { 78, 36 }, { 104, 70 } }));
     painter.end();
-    return { size.width(), size.height(),
-             QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes()) };
+    return picture(image);
 }
 
-[[nodiscard]] QByteArray siteIcon()
+[[nodiscard]] Picture siteIcon()
 {
     QImage image(64, 64, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -72,21 +77,20 @@ inline constexpr QSize shelfSize(112, 480);
     painter.setBrush(Qt::white);
     painter.drawEllipse(QPoint(32, 32), 13, 13);
     painter.end();
-    QByteArray png;
-    QBuffer buffer(&png);
-    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "PNG") ? png : QByteArray();
+    return picture(image);
 }
 
 void addLinkWithIcon(ShelfFixture& shelf)
 {
     shelf.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/")), QStringLiteral("An example page"));
-    const QString folder = shelf.directory.filePath(QStringLiteral("Nookle/Files/"))
-        + shelf.top().id.toString(QUuid::WithoutBraces).toUpper();
-    QFile icon(folder + QStringLiteral("/icon.png"));
-    if (QDir().mkpath(folder) && icon.open(QIODevice::WriteOnly))
-        icon.write(siteIcon());
-    icon.close();
     shelf.store.updateLink(shelf.top().id, std::nullopt, true);
+}
+
+[[nodiscard]] std::optional<Picture> pictureOf(const QString& path)
+{
+    if (path.endsWith(QLatin1String("/icon.png")))
+        return siteIcon();
+    return path.endsWith(QLatin1String(".png")) ? std::optional(landscape()) : std::nullopt;
 }
 
 void addOneOfEach(ShelfFixture& shelf)
@@ -99,14 +103,12 @@ void addOneOfEach(ShelfFixture& shelf)
     (void)shelf.addFile("Report.pdf");
 }
 
-/// The picture of every image that is on screen has come.
+/// The picture of every image and link that is on screen has come.
 void deliverThumbnails(ShelfFixture& shelf)
 {
     shelf.view.grab();
-    for (qsizetype index = 0; index < shelf.thumbnails.asked.size(); ++index) {
-        const bool isImage = shelf.thumbnails.asked[index].file.path().endsWith(QLatin1String(".png"));
-        shelf.thumbnails.finish(index, isImage ? std::optional(landscape()) : std::nullopt);
-    }
+    for (qsizetype index = 0; index < shelf.thumbnails.asked.size(); ++index)
+        shelf.thumbnails.finish(index, pictureOf(shelf.thumbnails.asked[index].file.path()));
 }
 
 void showUnavailable(ShelfFixture& shelf)

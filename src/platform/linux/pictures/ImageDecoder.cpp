@@ -126,11 +126,11 @@ void ImageDecoder::copyNext()
 
 void ImageDecoder::copy(const std::shared_ptr<Job>& job)
 {
-    const auto take = [weak = std::weak_ptr(m_self), weakJob = std::weak_ptr(job)](std::optional<RegularFile> copy) {
+    const auto take = [weak = std::weak_ptr(m_self), weakJob = std::weak_ptr(job)](std::optional<RegularFile> made) {
         const auto self = weak.lock();
-        const auto job = weakJob.lock();
-        if (self && job)
-            (*self)->takeCopy(job, std::move(copy));
+        const auto waiting = weakJob.lock();
+        if (self && waiting)
+            (*self)->takeCopy(waiting, std::move(made));
     };
     job->copyLimit = m_queue.after(longestDecoding, [take] { take(std::nullopt); });
     job->copy = std::make_unique<SealedCopy>(std::move(*job->file), longestFile, take);
