@@ -49,7 +49,7 @@ endfunction()
 set(NOOKLE_TEST_TIMEOUT 60 CACHE STRING "Seconds that a unit test may take")
 
 # nookle_test(NAME LINKS target... [LABELS label...])
-# The Qt Test executable of NAME.cpp, run on the offscreen platform.
+# The Qt Test executable of NAME.cpp.
 function(nookle_test name)
     cmake_parse_arguments(ARG "" "" "LINKS;LABELS" ${ARGN})
     add_executable(${name} ${name}.cpp)
@@ -61,6 +61,5 @@ function(nookle_test name)
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES
         LABELS "unit;${ARG_LABELS}"
-        TIMEOUT ${NOOKLE_TEST_TIMEOUT}
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+        TIMEOUT ${NOOKLE_TEST_TIMEOUT})
 endfunction()

@@ -63,11 +63,8 @@ void PrivateDesktop::setUpHome()
     m_environment.insert(QStringLiteral("XDG_CONFIG_HOME"), home(QStringLiteral("config")));
     m_environment.insert(QStringLiteral("XDG_CACHE_HOME"), home(QStringLiteral("cache")));
     m_environment.insert(QStringLiteral("XDG_RUNTIME_DIR"), home(QStringLiteral("runtime")));
-    m_environment.insert(QStringLiteral("LANG"), QStringLiteral("C.UTF-8"));
-    m_environment.insert(QStringLiteral("NO_AT_BRIDGE"), QStringLiteral("1"));
-    m_environment.insert(QStringLiteral("GIO_USE_VFS"), QStringLiteral("local"));
-    for (const char* name : { "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "DBUS_SESSION_BUS_ADDRESS", "XAUTHORITY" })
-        m_environment.remove(QLatin1String(name));
+    // Its programs are for its own display.
+    m_environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
 }
 
 bool PrivateDesktop::startServer(const QSize& size)
@@ -88,10 +85,26 @@ bool PrivateDesktop::startServer(const QSize& size)
     return true;
 }
 
+// The usual configuration of a session bus lets it start every service of the machine.
+QByteArray PrivateDesktop::busConfiguration() const
+{
+    QByteArray serviceFolders;
+    for (const QString& data : m_environment.value(QStringLiteral("XDG_DATA_DIRS")).split(QLatin1Char(':')))
+        serviceFolders += QByteArray("<servicedir>" + data.toUtf8() + "/dbus-1/services</servicedir>");
+    return "<!DOCTYPE busconfig PUBLIC \"-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN\" "
+           "\"http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd\">\n"
+           "<busconfig><type>session</type><listen>unix:path="
+        + home(QStringLiteral("runtime/bus")).toUtf8() + "</listen>" + serviceFolders
+        + "<policy context=\"default\"><allow send_destination=\"*\" eavesdrop=\"true\"/>"
+          "<allow eavesdrop=\"true\"/><allow own=\"*\"/></policy></busconfig>\n";
+}
+
 bool PrivateDesktop::startBus()
 {
+    writeFile(QStringLiteral("bus.conf"), busConfiguration());
     m_bus = start(QStringLiteral("dbus-daemon"),
-                  { QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address=1") });
+                  { QStringLiteral("--config-file"), home(QStringLiteral("bus.conf")), QStringLiteral("--nofork"),
+                    QStringLiteral("--print-address=1") });
     const QByteArray address = m_bus->readLine();
     m_environment.insert(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"), QString::fromLatin1(address));
     if (address.isEmpty())

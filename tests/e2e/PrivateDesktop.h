@@ -16,7 +16,7 @@
 namespace nookle::e2e {
 
 /// A desktop of a test's own: an X server, a session bus, perhaps a window manager, and a home folder. Everything ends
-/// with it.
+/// with it. Its programs see of the machine what the test sees, and the bus starts no other services.
 class PrivateDesktop {
 public:
     struct Options {
@@ -68,6 +68,7 @@ private:
 
     void setUpHome();
     [[nodiscard]] bool startServer(const QSize& size);
+    [[nodiscard]] QByteArray busConfiguration() const;
     [[nodiscard]] bool startBus();
     [[nodiscard]] bool startWindowManager(const QString& windowManager);
     /// Whether a window manager runs and has found the windows, other than the one with that mark.

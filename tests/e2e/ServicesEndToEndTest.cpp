@@ -85,11 +85,12 @@ void ServicesEndToEndTest::initTestCase()
     const QStringList install{ QStringLiteral("--install"), qEnvironmentVariable("NOOKLE_BUILD"),
                                QStringLiteral("--prefix"), m_prefix.path() };
     QProcess cmake;
-    cmake.start(QStringLiteral("cmake"), install);
+    cmake.start(qEnvironmentVariable("NOOKLE_CMAKE"), install);
     QVERIFY(cmake.waitForFinished());
     QVERIFY2(cmake.exitCode() == 0, cmake.readAllStandardError().constData());
     // For the session bus of the desktops below.
-    qputenv("XDG_DATA_DIRS", QFile::encodeName(m_prefix.filePath(QStringLiteral("share"))) + ":/usr/share");
+    qputenv("XDG_DATA_DIRS",
+            QFile::encodeName(m_prefix.filePath(QStringLiteral("share"))) + ':' + qgetenv("XDG_DATA_DIRS"));
     qputenv("PATH", QFile::encodeName(m_prefix.filePath(QStringLiteral("bin"))) + ':' + qgetenv("PATH"));
 }
 

@@ -8,7 +8,6 @@
 // Draws every scene into a folder. The pictures are to be looked at before they replace the ones that are kept.
 int main(int argc, char* argv[])
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     if (argc != 2) {
         std::fprintf(stderr, "usage: %s FOLDER\n", argv[0]);

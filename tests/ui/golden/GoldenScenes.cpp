@@ -12,6 +12,7 @@
 #include <QLinearGradient>
 #include <QMimeData>
 #include <QPainter>
+#include <QStandardPaths>
 #include <QStyleFactory>
 
 namespace nookle {
@@ -182,8 +183,10 @@ void prepareGoldenLook()
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPointSizeF(8.5);
     QApplication::setFont(font);
-    QIcon::setThemeSearchPaths({ QStringLiteral("/usr/share/icons") });
-    QIcon::setThemeName(QStringLiteral("Adwaita"));
+    // The offscreen platform knows no theme.
+    QIcon::setThemeSearchPaths(QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, QStringLiteral("icons"),
+                                                         QStandardPaths::LocateDirectory));
+    QIcon::setThemeName(QStringLiteral("hicolor"));
 }
 
 QImage drawScene(const GoldenScene& scene)
