@@ -15,6 +15,9 @@ inline constexpr int barHeight = 68;
 inline constexpr QPoint intoIcon(10, 20);
 /// For how long a view that is drawn stays as it is, in milliseconds.
 inline constexpr int rest = 100;
+/// The same after a selection. The file manager looks five times a second what is selected, and a drag before that
+/// carries what was selected the last time.
+inline constexpr int selectionRest = 400;
 
 } // namespace
 
@@ -46,12 +49,16 @@ std::unique_ptr<FileManager> FileManager::tryOpen(PrivateDesktop& desktop, const
     return manager;
 }
 
-void FileManager::selectAll(XScreen& screen) const
+bool FileManager::selectAll(XScreen& screen) const
 {
     screen.moveTo(emptyPlace());
     screen.press();
     screen.moveTo(m_window.frame.topLeft() + QPoint(sidePaneWidth, barHeight) + QPoint(12, 12));
     screen.release();
+    return waitFor([&] {
+        const QImage shown = screen.picture(m_window.frame);
+        return holdsFor([&] { return screen.picture(m_window.frame) == shown; }, selectionRest);
+    });
 }
 
 std::optional<QPoint> FileManager::findIcon(XScreen& screen, const QRect& window)

@@ -20,8 +20,8 @@ public:
     /// A place on the file's icon.
     [[nodiscard]] QPoint icon() const { return m_icon; }
 
-    /// Draws a frame around everything in the folder.
-    void selectAll(XScreen& screen) const;
+    /// Draws a frame around everything in the folder, and waits until the file manager has taken that over.
+    [[nodiscard]] bool selectAll(XScreen& screen) const;
 
     /// A place in the window where there is no file.
     [[nodiscard]] QPoint emptyPlace() const { return m_window.frame.bottomRight() - QPoint(60, 90); }

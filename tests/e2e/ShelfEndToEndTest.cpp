@@ -154,7 +154,7 @@ void ShelfEndToEndTest::threeFilesLandInTheirOrder()
     for (const QString& name : names)
         m_desktop->writeFile(QStringLiteral("files/") + name, "words");
     QVERIFY(openFileManager());
-    m_files->selectAll(screen());
+    QVERIFY(m_files->selectAll(screen()));
     QVERIFY(screen().beginDrag(m_files->icon()));
     QVERIFY(dropOnShelf());
     QVERIFY(waitFor([&] { return m_shelf->savedFileNames() == names; }));

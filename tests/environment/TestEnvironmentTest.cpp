@@ -53,7 +53,11 @@ void TestEnvironmentTest::theFoldersOfTheUserAreTheTestsOwn()
 
 void TestEnvironmentTest::thereIsOneFontFamily()
 {
-    QCOMPARE(QFontDatabase::families(), QStringList{ QStringLiteral("DejaVu Sans") });
+    // The toolkit adds names that stand for any family.
+    const QStringList generic{ QStringLiteral("Monospace"), QStringLiteral("Sans Serif"), QStringLiteral("Serif") };
+    QStringList families = QFontDatabase::families();
+    families.removeIf([&](const QString& family) { return generic.contains(family); });
+    QCOMPARE(families, QStringList{ QStringLiteral("DejaVu Sans") });
 }
 
 void TestEnvironmentTest::fileTypesAreKnownWithoutThoseThatProgramsAdd()

@@ -1,5 +1,6 @@
 #include "GoldenScenes.h"
 
+#include "OmittingDevice.h"
 #include "ShelfFixture.h"
 #include "ShelfItemView.h"
 #include "TileList.h"
@@ -95,8 +96,9 @@ void addLinkWithIcon(ShelfFixture& shelf)
 
 void addOneOfEach(ShelfFixture& shelf)
 {
-    shelf.store.addText(QStringLiteral("Dear all,\n\nthe train leaves at 9:40 from platform 7. Bring a coat: it is "
-                                       "going to be windy up there.\n\nSee you on Sunday"));
+    // An empty line lies on the lower edge of the page: of any other a few pixels would show.
+    shelf.store.addText(QStringLiteral("Dear all,\n\nthe train leaves at 9:40 from platform 7.\n\nBring a coat: it is "
+                                       "going to be windy up there."));
     shelf.store.addText(QStringLiteral("https://example.org/without-an-icon"));
     addLinkWithIcon(shelf);
     (void)shelf.addImage();
@@ -109,6 +111,21 @@ void deliverThumbnails(ShelfFixture& shelf)
     shelf.view.grab();
     for (qsizetype index = 0; index < shelf.thumbnails.asked.size(); ++index)
         shelf.thumbnails.finish(index, pictureOf(shelf.thumbnails.asked[index].file.path()));
+}
+
+void prepareShelf(ShelfFixture& shelf, const GoldenScene& scene)
+{
+    shelf.view.resize(shelfSize);
+    scene.prepare(shelf);
+    deliverThumbnails(shelf);
+}
+
+[[nodiscard]] QImage emptyPicture(const GoldenScene& scene)
+{
+    QImage picture(shelfSize * scene.scale, QImage::Format_ARGB32_Premultiplied);
+    picture.setDevicePixelRatio(scene.scale);
+    picture.fill(Qt::transparent);
+    return picture;
 }
 
 void showUnavailable(ShelfFixture& shelf)
@@ -195,14 +212,26 @@ QImage drawScene(const GoldenScene& scene)
 {
     QApplication::setPalette(scene.isDark ? darkPalette() : lightPalette());
     ShelfFixture shelf;
-    shelf.view.resize(shelfSize);
-    scene.prepare(shelf);
-    deliverThumbnails(shelf);
-    QImage image(shelfSize * scene.scale, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(scene.scale);
-    image.fill(Qt::transparent);
-    shelf.view.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
-    return image;
+    prepareShelf(shelf, scene);
+    QImage picture = emptyPicture(scene);
+    shelf.view.render(&picture, QPoint(), QRegion(), QWidget::DrawChildren);
+    return picture;
+}
+
+std::vector<QImage> drawSceneWithoutOneThing(const GoldenScene& scene)
+{
+    QApplication::setPalette(scene.isDark ? darkPalette() : lightPalette());
+    ShelfFixture shelf;
+    prepareShelf(shelf, scene);
+    std::vector<QImage> pictures;
+    for (int omitted = 0;; ++omitted) {
+        QImage picture = emptyPicture(scene);
+        OmittingDevice device(picture, omitted);
+        shelf.view.render(&device, QPoint(), QRegion(), QWidget::DrawChildren);
+        pictures.push_back(picture);
+        if (device.count() <= omitted)
+            return pictures;
+    }
 }
 
 } // namespace nookle

@@ -28,4 +28,7 @@ void prepareGoldenLook();
 
 [[nodiscard]] QImage drawScene(const GoldenScene& scene);
 
+/// A picture for each thing that is drawn in the scene, without that thing; and at the end one that has them all.
+[[nodiscard]] std::vector<QImage> drawSceneWithoutOneThing(const GoldenScene& scene);
+
 } // namespace nookle
