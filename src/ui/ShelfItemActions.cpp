@@ -3,13 +3,15 @@
 #include "Colors.h"
 #include "Favicon.h"
 #include "FileIcon.h"
-#include "FileMimeData.h"
+#include "FilePayload.h"
 #include "FileUrl.h"
+#include "LinkPayload.h"
 #include "Log.h"
 #include "Overloaded.h"
 #include "Pasteboard.h"
 #include "ShelfStore.h"
 #include "Symbol.h"
+#include "TextPayload.h"
 #include "Trash.h"
 #include "Workspace.h"
 
@@ -17,6 +19,8 @@
 #include <QPainter>
 
 #include <filesystem>
+#include <memory>
+#include <utility>
 
 namespace nookle {
 
@@ -40,17 +44,9 @@ inline constexpr int pictureSize = 104;
     return picture.isNull() ? symbolPicture(Symbol::document) : picture;
 }
 
-[[nodiscard]] std::unique_ptr<QMimeData> linkData(const LinkContent& link)
+[[nodiscard]] std::shared_ptr<const DragPayload> shared(DragPayload payload)
 {
-    const QString address = link.url.absoluteString();
-    auto data = std::make_unique<QMimeData>();
-    data->setUrls({ link.url.url() });
-    data->setText(address);
-    if (link.title) {
-        const QString titled = address + QLatin1Char('\n') + *link.title;
-        data->setData(QStringLiteral("_NETSCAPE_URL"), titled.toUtf8());
-    }
-    return data;
+    return std::make_shared<const DragPayload>(std::move(payload));
 }
 
 [[nodiscard]] bool fileExists(const QUrl& file)
@@ -152,21 +148,18 @@ void ShelfItemActions::copyToPasteboard(const ShelfItem& item) const
 
 std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const QPixmap& thumbnail) const
 {
-    if (const auto* text = std::get_if<TextContent>(&item.content)) {
-        auto data = std::make_unique<QMimeData>();
-        data->setText(text->text);
-        return DragItem{ std::move(data), symbolPicture(Symbol::document) };
-    }
+    if (const auto* text = std::get_if<TextContent>(&item.content))
+        return DragItem{ shared(textPayload(text->text)), symbolPicture(Symbol::document) };
     if (const auto* link = std::get_if<LinkContent>(&item.content)) {
         const auto icon = m_store.iconURL(item);
         const QPixmap picture = icon ? loadFavicon(*icon) : QPixmap();
-        return DragItem{ linkData(*link), picture.isNull() ? symbolPicture(Symbol::link) : picture };
+        return DragItem{ shared(linkPayload(*link)), picture.isNull() ? symbolPicture(Symbol::link) : picture };
     }
     const std::optional<QUrl> localURL = m_store.localURL(item);
     if (!localURL)
         return std::nullopt;
     const bool isImage = std::holds_alternative<ImageContent>(item.content);
-    return DragItem{ std::make_unique<FileMimeData>(*localURL, m_transfers),
+    return DragItem{ shared(filePayload(*localURL, m_transfers)),
                      isImage && !thumbnail.isNull() ? thumbnail : iconPicture(*localURL) };
 }
 

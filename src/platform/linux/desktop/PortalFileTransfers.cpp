@@ -21,13 +21,9 @@ namespace {
 
 using Descriptors = QList<QDBusUnixFileDescriptor>;
 
-/// In milliseconds. The first two block the interface.
-inline constexpr int patienceForBus = 200;
+/// In milliseconds. The first one blocks the interface.
 inline constexpr int patienceForOffer = 500;
 inline constexpr int patienceForRetrieval = 2000;
-
-/// The portal takes no more in one call.
-inline constexpr qsizetype mostDescriptors = 16;
 
 [[nodiscard]] QString portal()
 {
@@ -38,13 +34,6 @@ inline constexpr qsizetype mostDescriptors = 16;
 {
     return QDBusMessage::createMethodCall(portal(), QStringLiteral("/org/freedesktop/portal/documents"),
                                           QStringLiteral("org.freedesktop.portal.FileTransfer"), method);
-}
-
-[[nodiscard]] QDBusMessage busCall(const QString& method)
-{
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                          QStringLiteral("/org/freedesktop/DBus"),
-                                          QStringLiteral("org.freedesktop.DBus"), method);
 }
 
 [[nodiscard]] QDBusMessage callAndWait(const QDBusMessage& call, int patience)
@@ -63,41 +52,29 @@ inline constexpr qsizetype mostDescriptors = 16;
     return owned;
 }
 
-[[nodiscard]] bool addFiles(const QString& key, const Descriptors& descriptors)
-{
-    QDBusMessage call = portalCall(QStringLiteral("AddFiles"));
-    call << key << QVariant::fromValue(descriptors) << QVariantMap();
-    return callAndWait(call, patienceForOffer).type() == QDBusMessage::ReplyMessage;
-}
-
 } // namespace
 
-bool PortalFileTransfers::isAvailable()
+// A portal that cannot run would be started anew for each drag, which waits for it.
+std::optional<QByteArray> PortalFileTransfers::begin()
 {
-    for (const QString& list : { QStringLiteral("ListNames"), QStringLiteral("ListActivatableNames") }) {
-        const QDBusMessage reply = callAndWait(busCall(list), patienceForBus);
-        if (reply.arguments().value(0).toStringList().contains(portal()))
-            return true;
-    }
-    return false;
+    QDBusMessage call = portalCall(QStringLiteral("StartTransfer"));
+    call << QVariantMap();
+    call.setAutoStartService(m_mayStartPortal);
+    const QDBusMessage reply = callAndWait(call, patienceForOffer);
+    m_mayStartPortal = reply.type() == QDBusMessage::ReplyMessage;
+    const QByteArray key = m_mayStartPortal ? reply.arguments().value(0).toString().toUtf8() : QByteArray();
+    return key.isEmpty() ? std::nullopt : std::optional(key);
 }
 
-std::optional<QByteArray> PortalFileTransfers::offer(const QList<QUrl>& files)
+bool PortalFileTransfers::add(const QByteArray& key, const QUrl& file)
 {
     qDBusRegisterMetaType<Descriptors>();
-    Descriptors descriptors;
-    for (const QUrl& file : files) {
-        if (auto descriptor = descriptorOf(file))
-            descriptors.append(*descriptor);
-    }
-    if (descriptors.isEmpty() || descriptors.size() > mostDescriptors)
-        return std::nullopt;
-    QDBusMessage start = portalCall(QStringLiteral("StartTransfer"));
-    start << QVariantMap();
-    const QString key = callAndWait(start, patienceForOffer).arguments().value(0).toString();
-    if (key.isEmpty() || !addFiles(key, descriptors))
-        return std::nullopt;
-    return key.toUtf8();
+    const auto descriptor = descriptorOf(file);
+    if (!descriptor)
+        return false;
+    QDBusMessage call = portalCall(QStringLiteral("AddFiles"));
+    call << QString::fromUtf8(key) << QVariant::fromValue(Descriptors{ *descriptor }) << QVariantMap();
+    return callAndWait(call, patienceForOffer).type() == QDBusMessage::ReplyMessage;
 }
 
 void PortalFileTransfers::retrieve(const QByteArray& key, Completion completion)

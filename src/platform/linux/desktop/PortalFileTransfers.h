@@ -11,9 +11,13 @@ class PortalFileTransfers final : public QObject, public FileTransfers {
     Q_OBJECT
 
 public:
-    [[nodiscard]] bool isAvailable() override;
-    [[nodiscard]] std::optional<QByteArray> offer(const QList<QUrl>& files) override;
+    [[nodiscard]] std::optional<QByteArray> begin() override;
+    [[nodiscard]] bool add(const QByteArray& key, const QUrl& file) override;
     void retrieve(const QByteArray& key, Completion completion) override;
+
+private:
+    /// The bus may start the portal, unless that failed before.
+    bool m_mayStartPortal = true;
 };
 
 } // namespace nookle
