@@ -105,6 +105,11 @@ void AppDelegate::createShelfView()
         .compositing = m_desktop->compositing(),
         .queue = m_queue,
         .readDrop = [this](const QMimeData& data) { return m_desktop->dropPayload(data); },
+        .runDrag =
+            [this](QWidget& source, DragSession session) {
+                m_desktop->offerDrag(session.item.payload);
+                return runDragSession(source, std::move(session));
+            },
     });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };
     view->onDropTargetChanged = [this](bool isDropTarget) { m_panelController->dropTargetChanged(isDropTarget); };

@@ -1,10 +1,13 @@
 #include "DragSession.h"
 
+#include "PayloadMimeData.h"
+
 #include <QDrag>
 #include <QUrl>
 #include <QWidget>
 
 #include <algorithm>
+#include <memory>
 
 namespace nookle {
 
@@ -59,10 +62,11 @@ QSizeF dragPictureSize(const QSizeF& imageSize)
 
 DragOperation runDragSession(QWidget& source, DragSession session)
 {
-    const Qt::DropActions actions = offeredActions(session.allowed, carriesFile(*session.item.data));
+    auto data = std::make_unique<PayloadMimeData>(session.item.payload);
+    const Qt::DropActions actions = offeredActions(session.allowed, carriesFile(*data));
     // The tile may be gone before the drag ends; its window is not.
     auto* drag = new QDrag(source.window());
-    drag->setMimeData(session.item.data.release());
+    drag->setMimeData(data.release());
     if (!session.item.picture.isNull()) {
         const double ratio = source.devicePixelRatioF();
         QPixmap picture = session.item.picture.scaled((session.pictureSize * ratio).toSize(), Qt::IgnoreAspectRatio,

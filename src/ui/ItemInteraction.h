@@ -1,9 +1,9 @@
 #pragma once
 
 #include "DragOperation.h"
+#include "DragPayload.h"
 #include "MenuAction.h"
 
-#include <QMimeData>
 #include <QPixmap>
 #include <QString>
 
@@ -15,7 +15,8 @@ namespace nookle {
 
 /// What a drag carries, and the picture under the pointer.
 struct DragItem {
-    std::unique_ptr<QMimeData> data;
+    /// Never null.
+    std::shared_ptr<const DragPayload> payload;
     QPixmap picture;
 };
 

@@ -2,14 +2,16 @@
 
 #include "Colors.h"
 #include "FileIcon.h"
-#include "FileMimeData.h"
+#include "FilePayload.h"
 #include "FileUrl.h"
 #include "ImageType.h"
+#include "LinkPayload.h"
 #include "Log.h"
 #include "Overloaded.h"
 #include "Pasteboard.h"
 #include "ShelfStore.h"
 #include "Symbol.h"
+#include "TextPayload.h"
 #include "Trash.h"
 #include "Workspace.h"
 
@@ -17,6 +19,8 @@
 #include <QPainter>
 
 #include <filesystem>
+#include <memory>
+#include <utility>
 
 namespace nookle {
 
@@ -40,17 +44,9 @@ inline constexpr int pictureSize = 104;
     return picture.isNull() ? symbolPicture(Symbol::document) : picture;
 }
 
-[[nodiscard]] std::unique_ptr<QMimeData> linkData(const LinkContent& link)
+[[nodiscard]] std::shared_ptr<const DragPayload> shared(DragPayload payload)
 {
-    const QString address = link.url.absoluteString();
-    auto data = std::make_unique<QMimeData>();
-    data->setUrls({ link.url.url() });
-    data->setText(address);
-    if (link.title) {
-        const QString titled = address + QLatin1Char('\n') + *link.title;
-        data->setData(QStringLiteral("_NETSCAPE_URL"), titled.toUtf8());
-    }
-    return data;
+    return std::make_shared<const DragPayload>(std::move(payload));
 }
 
 /// Whether a text may be an address that can be opened. Most texts are none, and some are very long.
@@ -166,19 +162,16 @@ void ShelfItemActions::copyToPasteboard(const ShelfItem& item) const
 
 std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const QPixmap& thumbnail) const
 {
-    if (const auto* text = std::get_if<TextContent>(&item.content)) {
-        auto data = std::make_unique<QMimeData>();
-        data->setText(text->text);
-        return DragItem{ std::move(data), symbolPicture(Symbol::document) };
-    }
+    if (const auto* text = std::get_if<TextContent>(&item.content))
+        return DragItem{ shared(textPayload(text->text)), symbolPicture(Symbol::document) };
     if (const auto* link = std::get_if<LinkContent>(&item.content)) {
-        return DragItem{ linkData(*link), thumbnail.isNull() ? symbolPicture(Symbol::link) : thumbnail };
+        return DragItem{ shared(linkPayload(*link)), thumbnail.isNull() ? symbolPicture(Symbol::link) : thumbnail };
     }
     const std::optional<QUrl> localURL = m_store.localURL(item);
     if (!localURL)
         return std::nullopt;
-    return DragItem{ std::make_unique<FileMimeData>(*localURL, m_transfers),
-                      thumbnail.isNull() ? iconPicture(*localURL, m_store.isFolder(item)) : thumbnail };
+    return DragItem{ shared(filePayload(*localURL, m_transfers)),
+                     thumbnail.isNull() ? iconPicture(*localURL, m_store.isFolder(item)) : thumbnail };
 }
 
 QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL)

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "FileTransfers.h"
+#include "FileUrl.h"
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -10,12 +13,22 @@ namespace nookle {
 /// Transfers that last until a test finishes them.
 class FakeFileTransfers final : public FileTransfers {
 public:
-    [[nodiscard]] bool isAvailable() override { return available; }
-
-    [[nodiscard]] std::optional<QByteArray> offer(const QList<QUrl>& files) override
+    [[nodiscard]] bool canHandOver(const QUrl& file) override
     {
-        offered.append(files);
+        std::error_code ignored;
+        return std::filesystem::is_regular_file(filePath(file).toStdString(), ignored);
+    }
+
+    [[nodiscard]] std::optional<QByteArray> begin() override
+    {
+        ++begun;
         return key;
+    }
+
+    [[nodiscard]] bool add(const QByteArray& addedKey, const QUrl& file) override
+    {
+        added.append({ addedKey, file });
+        return !refuses;
     }
 
     void retrieve(const QByteArray& retrievedKey, Completion completion) override
@@ -31,9 +44,11 @@ public:
         completion(std::move(files));
     }
 
-    bool available = false;
+    /// None: there is no service.
     std::optional<QByteArray> key;
-    QList<QList<QUrl>> offered;
+    bool refuses = false;
+    int begun = 0;
+    QList<std::pair<QByteArray, QUrl>> added;
     QList<QByteArray> retrieved;
 
 private:

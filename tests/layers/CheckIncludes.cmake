@@ -5,8 +5,9 @@ set(may_see_platform "platform")
 set(may_see_shelf "shelf;platform")
 set(may_see_panel "panel;shelf;platform")
 set(may_see_triggers "triggers;platform")
+set(may_see_ui/drag "ui/drag;shelf;platform")
 set(may_see_ui/drop "ui/drop;shelf;platform")
-set(may_see_ui "ui;ui/drop;panel;shelf;platform")
+set(may_see_ui "ui;ui/drag;ui/drop;panel;shelf;platform")
 set(may_see_platform/linux "platform/linux;platform")
 set(may_see_helper "helper;platform/linux;platform")
 set(may_see_decode "decode;helper;platform/linux;platform")
@@ -28,6 +29,7 @@ set(layers
     panel
     triggers
     ui
+    ui/drag
     ui/drop
     decode
     helper

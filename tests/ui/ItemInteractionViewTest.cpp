@@ -1,5 +1,7 @@
 #include "ItemInteractionView.h"
 
+#include "TextPayload.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QEnterEvent>
@@ -68,9 +70,7 @@ private:
         interaction.dragItem = [this]() -> std::optional<DragItem> {
             if (!isDraggable)
                 return std::nullopt;
-            auto data = std::make_unique<QMimeData>();
-            data->setText(QStringLiteral("dragged"));
-            return DragItem{ std::move(data), QPixmap(10, 200) };
+            return DragItem{ std::make_shared<DragPayload>(textPayload(QStringLiteral("dragged"))), QPixmap(10, 200) };
         };
         interaction.menu = [this] { return menu; };
         interaction.onHover = [this](bool isInside) {
@@ -98,7 +98,9 @@ private:
 void ItemInteractionViewTest::init()
 {
     view = std::make_unique<ItemInteractionView>(nullptr, [this](QWidget&, const DragSession& session) {
-        log.append(QStringLiteral("run ") + session.item.data->text());
+        log.append(
+            QStringLiteral("run ")
+            + QString::fromUtf8(session.item.payload->data(QStringLiteral("text/plain")).value_or(QByteArray())));
         offered = session.allowed;
         pictureSize = session.pictureSize;
         return outcome;

@@ -35,6 +35,8 @@ public:
     Q_SLOT void AddFiles(const QString& key, const QList<QDBusUnixFileDescriptor>& files,
                          const QVariantMap& /*options*/)
     {
+        if (refuses)
+            sendErrorReply(QDBusError::AccessDenied);
         addedKey = key;
         for (const QDBusUnixFileDescriptor& file : files) {
             const QString link = QStringLiteral("/proc/self/fd/%1").arg(file.fileDescriptor());
@@ -67,11 +69,13 @@ private Q_SLOTS:
     void cleanup();
 
     void withoutAPortalThereAreNoTransfers();
-    void aPortalOnTheBusIsAvailable();
-    void anOfferedFileIsHandedOverOpen();
-    void aFileThatIsGoneIsNotOffered();
-    void aFileThatMayNotAnswerIsNotOffered();
-    void aRefusalIsNoOffer();
+    void anAddedFileIsHandedOverOpen();
+    void aFileThatIsGoneIsNotAdded();
+    void aFileThatMayNotAnswerIsNotAdded();
+    void foldersAndWhatMayNotAnswerAreNotHandedOver();
+    void aRefusalIsNoKey();
+    void aFileThatThePortalRefusesIsNotAdded();
+    void aPortalThatFailedOnceIsFoundWhenItRuns();
     void retrievedFilesHaveTheirNames();
     void aKeyThatIsUsedUpRetrievesNothing();
     void aPortalThatDoesNotAnswerIsGivenUp();
@@ -147,51 +151,73 @@ std::optional<QList<QUrl>> PortalFileTransfersTest::retrieve(const QByteArray& k
 
 void PortalFileTransfersTest::withoutAPortalThereAreNoTransfers()
 {
-    QVERIFY(!m_transfers->isAvailable());
-    QVERIFY(!m_transfers->offer({ fileUrl("/etc/passwd") }));
+    QVERIFY(!m_transfers->begin());
+    QVERIFY(!m_transfers->add("12345", fileUrl("/etc/passwd")));
     int answers = 0;
     QVERIFY(!retrieve("12345", answers));
     QCOMPARE(answers, 1);
 }
 
-void PortalFileTransfersTest::aPortalOnTheBusIsAvailable()
-{
-    startPortal();
-    QVERIFY(m_transfers->isAvailable());
-}
-
-void PortalFileTransfersTest::anOfferedFileIsHandedOverOpen()
+void PortalFileTransfersTest::anAddedFileIsHandedOverOpen()
 {
     startPortal();
     QFile file(m_folder.filePath(QStringLiteral("ü %.txt")));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(m_transfers->offer({ fileUrl(file.fileName().toUtf8()) }), QByteArray("12345"));
+    QCOMPARE(m_transfers->begin(), QByteArray("12345"));
+    QVERIFY(m_portal->added.isEmpty());
+    QVERIFY(m_transfers->add("12345", fileUrl(file.fileName().toUtf8())));
     QCOMPARE(m_portal->added, QStringList{ file.fileName() });
     QCOMPARE(m_portal->addedKey, QStringLiteral("12345"));
 }
 
-void PortalFileTransfersTest::aFileThatIsGoneIsNotOffered()
+void PortalFileTransfersTest::aFileThatIsGoneIsNotAdded()
 {
     startPortal();
-    QVERIFY(!m_transfers->offer({ fileUrl("/of/nobody") }));
+    QVERIFY(!m_transfers->add("12345", fileUrl("/of/nobody")));
 }
 
-void PortalFileTransfersTest::aFileThatMayNotAnswerIsNotOffered()
+void PortalFileTransfersTest::aFileThatMayNotAnswerIsNotAdded()
 {
     startPortal();
     const TemporaryFolder server;
     MountList list;
     list.add(server.path(), "nfs");
     PortalFileTransfers transfers(std::make_shared<Mounts>("/", list.path()));
-    QVERIFY(!transfers.offer({ fileUrl(server.makeFile("file")) }));
+    QVERIFY(!transfers.add("12345", fileUrl(server.makeFile("file"))));
 }
 
-void PortalFileTransfersTest::aRefusalIsNoOffer()
+void PortalFileTransfersTest::foldersAndWhatMayNotAnswerAreNotHandedOver()
+{
+    const TemporaryFolder folder;
+    const QUrl file = fileUrl(folder.makeFile("file"));
+    QVERIFY(m_transfers->canHandOver(file));
+    QVERIFY(!m_transfers->canHandOver(fileUrl(folder.path())));
+    QVERIFY(!m_transfers->canHandOver(fileUrl("/of/nobody")));
+    MountList list;
+    list.add(folder.path(), "nfs");
+    PortalFileTransfers transfers(std::make_shared<Mounts>("/", list.path()));
+    QVERIFY(!transfers.canHandOver(file));
+}
+
+void PortalFileTransfersTest::aRefusalIsNoKey()
 {
     startPortal();
     m_portal->refuses = true;
-    QVERIFY(!m_transfers->offer({ fileUrl("/etc/passwd") }));
-    QVERIFY(m_portal->added.isEmpty());
+    QVERIFY(!m_transfers->begin());
+}
+
+void PortalFileTransfersTest::aFileThatThePortalRefusesIsNotAdded()
+{
+    startPortal();
+    m_portal->refuses = true;
+    QVERIFY(!m_transfers->add("12345", fileUrl("/etc/passwd")));
+}
+
+void PortalFileTransfersTest::aPortalThatFailedOnceIsFoundWhenItRuns()
+{
+    QVERIFY(!m_transfers->begin());
+    startPortal();
+    QVERIFY(m_transfers->begin());
 }
 
 void PortalFileTransfersTest::retrievedFilesHaveTheirNames()

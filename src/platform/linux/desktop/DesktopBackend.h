@@ -2,6 +2,7 @@
 
 #include "Compositing.h"
 #include "Displays.h"
+#include "DragPayload.h"
 #include "DropPayload.h"
 #include "GlobalShortcuts.h"
 #include "InputMonitor.h"
@@ -34,6 +35,10 @@ public:
     /// Makes the drag readable that is over a window of this program, or was just dropped there; `data` is the
     /// toolkit's view of it, and must outlive the payload.
     [[nodiscard]] virtual std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) = 0;
+
+    /// The toolkit is about to begin a drag that carries `payload`. Receivers may ask for it until the next drag
+    /// begins.
+    virtual void offerDrag(std::shared_ptr<const DragPayload> payload) = 0;
 
     /// Makes a window of the toolkit the shelf's panel. Where nothing shines through windows, its left corners are cut
     /// off. `window` has been created, has not been shown, and must outlive the panel.

@@ -13,6 +13,7 @@
 #include <QVariantMap>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <utility>
@@ -23,13 +24,9 @@ namespace {
 
 using Descriptors = QList<QDBusUnixFileDescriptor>;
 
-/// In milliseconds. The first two block the interface.
-inline constexpr int patienceForBus = 200;
+/// In milliseconds. The first one blocks the interface.
 inline constexpr int patienceForOffer = 500;
 inline constexpr int patienceForRetrieval = 2000;
-
-/// The portal takes no more in one call.
-inline constexpr qsizetype mostDescriptors = 16;
 
 [[nodiscard]] QString portal()
 {
@@ -40,13 +37,6 @@ inline constexpr qsizetype mostDescriptors = 16;
 {
     return QDBusMessage::createMethodCall(portal(), QStringLiteral("/org/freedesktop/portal/documents"),
                                           QStringLiteral("org.freedesktop.portal.FileTransfer"), method);
-}
-
-[[nodiscard]] QDBusMessage busCall(const QString& method)
-{
-    return QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
-                                          QStringLiteral("/org/freedesktop/DBus"),
-                                          QStringLiteral("org.freedesktop.DBus"), method);
 }
 
 [[nodiscard]] QDBusMessage callAndWait(const QDBusMessage& call, int patience)
@@ -68,13 +58,6 @@ inline constexpr qsizetype mostDescriptors = 16;
     return owned;
 }
 
-[[nodiscard]] bool addFiles(const QString& key, const Descriptors& descriptors)
-{
-    QDBusMessage call = portalCall(QStringLiteral("AddFiles"));
-    call << key << QVariant::fromValue(descriptors) << QVariantMap();
-    return callAndWait(call, patienceForOffer).type() == QDBusMessage::ReplyMessage;
-}
-
 } // namespace
 
 PortalFileTransfers::PortalFileTransfers(std::shared_ptr<Mounts> mounts)
@@ -82,32 +65,35 @@ PortalFileTransfers::PortalFileTransfers(std::shared_ptr<Mounts> mounts)
 {
 }
 
-bool PortalFileTransfers::isAvailable()
+bool PortalFileTransfers::canHandOver(const QUrl& file)
 {
-    for (const QString& list : { QStringLiteral("ListNames"), QStringLiteral("ListActivatableNames") }) {
-        const QDBusMessage reply = callAndWait(busCall(list), patienceForBus);
-        if (reply.arguments().value(0).toStringList().contains(portal()))
-            return true;
-    }
-    return false;
+    const QByteArray path = filePath(file);
+    struct stat status {};
+    return FilePlaces(m_mounts->table()).mayLookAt(path, FilePlaces::Links::follow)
+        && ::stat(path.constData(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-std::optional<QByteArray> PortalFileTransfers::offer(const QList<QUrl>& files)
+// A portal that cannot run would be started anew for each drag, which waits for it.
+std::optional<QByteArray> PortalFileTransfers::begin()
+{
+    QDBusMessage call = portalCall(QStringLiteral("StartTransfer"));
+    call << QVariantMap();
+    call.setAutoStartService(m_mayStartPortal);
+    const QDBusMessage reply = callAndWait(call, patienceForOffer);
+    m_mayStartPortal = reply.type() == QDBusMessage::ReplyMessage;
+    const QByteArray key = m_mayStartPortal ? reply.arguments().value(0).toString().toUtf8() : QByteArray();
+    return key.isEmpty() ? std::nullopt : std::optional(key);
+}
+
+bool PortalFileTransfers::add(const QByteArray& key, const QUrl& file)
 {
     qDBusRegisterMetaType<Descriptors>();
-    Descriptors descriptors;
-    for (const QUrl& file : files) {
-        if (auto descriptor = descriptorOf(file, *m_mounts))
-            descriptors.append(*descriptor);
-    }
-    if (descriptors.isEmpty() || descriptors.size() > mostDescriptors)
-        return std::nullopt;
-    QDBusMessage start = portalCall(QStringLiteral("StartTransfer"));
-    start << QVariantMap();
-    const QString key = callAndWait(start, patienceForOffer).arguments().value(0).toString();
-    if (key.isEmpty() || !addFiles(key, descriptors))
-        return std::nullopt;
-    return key.toUtf8();
+    const auto descriptor = descriptorOf(file, *m_mounts);
+    if (!descriptor)
+        return false;
+    QDBusMessage call = portalCall(QStringLiteral("AddFiles"));
+    call << QString::fromUtf8(key) << QVariant::fromValue(Descriptors{ *descriptor }) << QVariantMap();
+    return callAndWait(call, patienceForOffer).type() == QDBusMessage::ReplyMessage;
 }
 
 void PortalFileTransfers::retrieve(const QByteArray& key, Completion completion)

@@ -18,12 +18,15 @@ class PortalFileTransfers final : public QObject, public FileTransfers {
 public:
     explicit PortalFileTransfers(std::shared_ptr<Mounts> mounts);
 
-    [[nodiscard]] bool isAvailable() override;
-    [[nodiscard]] std::optional<QByteArray> offer(const QList<QUrl>& files) override;
+    [[nodiscard]] bool canHandOver(const QUrl& file) override;
+    [[nodiscard]] std::optional<QByteArray> begin() override;
+    [[nodiscard]] bool add(const QByteArray& key, const QUrl& file) override;
     void retrieve(const QByteArray& key, Completion completion) override;
 
 private:
     std::shared_ptr<Mounts> m_mounts;
+    /// The bus may start the portal, unless that failed before.
+    bool m_mayStartPortal = true;
 };
 
 } // namespace nookle

@@ -2,6 +2,7 @@
 
 #include "X11Compositing.h"
 #include "X11Displays.h"
+#include "X11DragOffer.h"
 #include "X11Drops.h"
 #include "X11GlobalShortcuts.h"
 #include "X11InputMonitor.h"
@@ -11,6 +12,8 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+
+#include <utility>
 
 #include <xcb/xcb.h>
 
@@ -41,6 +44,7 @@ X11Backend::X11Backend()
     , m_globalShortcuts(std::make_unique<X11GlobalShortcuts>())
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
     , m_drops(std::make_unique<X11Drops>(m_connection))
+    , m_dragOffer(std::make_unique<X11DragOffer>(m_connection))
 {
     for (QScreen* screen : QGuiApplication::screens())
         watchScreen(screen);
@@ -73,6 +77,11 @@ Compositing& X11Backend::compositing()
 std::unique_ptr<DropPayload> X11Backend::dropPayload(const QMimeData& /*data*/)
 {
     return m_drops->payload();
+}
+
+void X11Backend::offerDrag(std::shared_ptr<const DragPayload> payload)
+{
+    m_dragOffer->begin(std::move(payload));
 }
 
 std::unique_ptr<PanelWindow> X11Backend::makePanelWindow(QWindow& window, double cornerRadius)

@@ -10,6 +10,7 @@ class QScreen;
 namespace nookle {
 
 class X11Compositing;
+class X11DragOffer;
 class X11Drops;
 
 /// Everything that goes through the X server.
@@ -29,6 +30,7 @@ public:
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_globalShortcuts; }
     [[nodiscard]] TrayHost& embeddingTray() override { return *m_embeddingTray; }
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
+    void offerDrag(std::shared_ptr<const DragPayload> payload) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
@@ -45,6 +47,7 @@ private:
     std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
     std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<X11Drops> m_drops;
+    std::unique_ptr<X11DragOffer> m_dragOffer;
     /// Ends what is connected to the application before the rest.
     QObject m_context;
 };

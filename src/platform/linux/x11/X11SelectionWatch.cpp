@@ -45,8 +45,11 @@ bool X11SelectionWatch::nativeEventFilter(const QByteArray& eventType, void* mes
         return false;
     const auto* event = static_cast<const xcb_xfixes_selection_notify_event_t*>(message);
     if ((event->response_type & 0x7f) == m_firstFixesEvent + XCB_XFIXES_SELECTION_NOTIFY
-        && event->selection == m_selection)
+        && event->selection == m_selection) {
+        m_owner = event->owner;
+        m_ownedSince = event->selection_timestamp;
         onChanged();
+    }
     return false;
 }
 

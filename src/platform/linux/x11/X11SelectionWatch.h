@@ -21,6 +21,10 @@ public:
     /// Asks the server.
     [[nodiscard]] bool hasOwner() const;
 
+    /// The owner and the server's time, as of the last change; 0 before the first one.
+    [[nodiscard]] std::uint32_t owner() const { return m_owner; }
+    [[nodiscard]] std::uint32_t ownedSince() const { return m_ownedSince; }
+
     /// The owner has changed, or there is none any more. Set by the one that watches.
     std::function<void()> onChanged = [] {};
 
@@ -29,6 +33,8 @@ private:
 
     xcb_connection_t* m_connection;
     std::uint32_t m_selection;
+    std::uint32_t m_owner = 0;
+    std::uint32_t m_ownedSince = 0;
     std::uint8_t m_firstFixesEvent = 0;
 };
 

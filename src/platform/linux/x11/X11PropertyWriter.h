@@ -1,0 +1,82 @@
+#pragma once
+
+#include "XcbConnection.h"
+
+#include <QByteArray>
+#include <QObject>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace nookle {
+
+/// Delivers selections to windows of other programs: small ones at once, large ones in pieces, the next of which goes
+/// out when the receiver has taken the last. On a connection of its own: receivers may be gone at any moment, and what
+/// the server says about it does not concern the toolkit, nor do the events that are asked of their windows. Windows
+/// and atoms are numbers of the server. Main thread only.
+class X11PropertyWriter final : public QObject {
+    Q_OBJECT
+
+public:
+    struct Limits {
+        /// In bytes; every server takes four times as much in one request.
+        std::size_t pieceSize = 65'536;
+        /// How many deliveries in pieces may be under way.
+        std::size_t deliveries = 32;
+        /// How long a receiver may take for a piece; it may become twice as long.
+        std::chrono::milliseconds patience{ 15'000 };
+    };
+
+    /// Connects to the server that the environment names. Null when that fails.
+    [[nodiscard]] static std::unique_ptr<X11PropertyWriter> tryCreate(const Limits& limits);
+    ~X11PropertyWriter() override;
+
+    /// Delivers `bytes`; false when too many deliveries are under way.
+    [[nodiscard]] bool write(std::uint32_t window, std::uint32_t property, std::uint32_t type, const QByteArray& bytes);
+
+    /// Writes a list of atoms or other numbers.
+    void writeNumbers(std::uint32_t window, std::uint32_t property, std::uint32_t type,
+                      const std::vector<std::uint32_t>& numbers);
+
+    /// The numbers of a list that a receiver has written.
+    [[nodiscard]] std::vector<std::uint32_t> readNumbers(std::uint32_t window, std::uint32_t property);
+
+    /// Tells the receiver that the answer to its request is there; or that there is none, if the property is 0.
+    void notify(const xcb_selection_notify_event_t& answer);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Delivery {
+        std::uint32_t window = 0;
+        std::uint32_t property = 0;
+        std::uint32_t type = 0;
+        QByteArray bytes;
+        std::size_t sent = 0;
+        Clock::time_point lastStep;
+    };
+
+    X11PropertyWriter(xcb_connection_t* connection, const Limits& limits);
+
+    void readEvents();
+    void handle(const xcb_generic_event_t& event);
+    void sendPiece(std::uint32_t window, std::uint32_t property);
+    template <typename Matches> void endDeliveries(Matches matches);
+    void watch(std::uint32_t window);
+    void endStalledDeliveries();
+
+    XcbConnection m_connection;
+    Limits m_limits;
+    /// The type that announces pieces.
+    std::uint32_t m_inPieces;
+    std::vector<Delivery> m_deliveries;
+    QSocketNotifier m_notifier;
+    QTimer m_stallTimer;
+};
+
+} // namespace nookle

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "DragPayload.h"
+
+namespace nookle {
+
+struct LinkContent;
+
+/// What a link offers: the formats of browsers, in their order.
+[[nodiscard]] DragPayload linkPayload(const LinkContent& link);
+
+} // namespace nookle

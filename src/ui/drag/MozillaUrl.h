@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace nookle {
+
+/// The format "text/x-moz-url": an address and a title in two lines, in UTF-16 without a mark.
+[[nodiscard]] QByteArray mozillaUrl(const QString& address, const QString& title);
+
+} // namespace nookle

@@ -1,0 +1,19 @@
+#include "TextPayload.h"
+
+namespace nookle {
+
+// Receivers that know both names take the first one: the other leaves the character set open.
+void addText(DragPayload& payload, const QString& text)
+{
+    for (const auto* format : { "text/plain;charset=utf-8", "text/plain" })
+        payload.add(QLatin1String(format), [text] { return text.toUtf8(); });
+}
+
+DragPayload textPayload(const QString& text)
+{
+    DragPayload payload;
+    addText(payload, text);
+    return payload;
+}
+
+} // namespace nookle
