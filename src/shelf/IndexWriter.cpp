@@ -13,11 +13,15 @@ namespace {
 /// In seconds. A thread cannot tell the main thread: that may be gone by then.
 constexpr double lookInterval = 0.1;
 
+/// In bytes. For each time as much, an index gets the whole patience once more: a slow disk is no dead one.
+constexpr qsizetype patienceSize = 100'000'000;
+
 } // namespace
 
 struct IndexWriter::Run {
     std::mutex mutex;
     std::condition_variable changed;
+    std::chrono::milliseconds patience{};
     bool isFinished = false;
     std::optional<Failure> failure;
 };
@@ -45,6 +49,7 @@ void IndexWriter::write(ShelfIndex index)
 void IndexWriter::start(ShelfIndex index)
 {
     m_run = std::make_shared<Run>();
+    m_run->patience = m_patience * (1 + ShelfIndex::upperBound(index.items) / patienceSize);
     const auto work = [run = m_run, write = m_write, index = std::move(index)] {
         std::optional<Failure> failure = write(index);
         const std::lock_guard lock(run->mutex);
@@ -92,7 +97,7 @@ std::optional<Failure> IndexWriter::finish()
         {
             std::unique_lock lock(m_run->mutex);
             // Nobody waits twice for the same disk.
-            const auto patience = m_hasGivenUp ? std::chrono::milliseconds(0) : m_patience;
+            const auto patience = m_hasGivenUp ? std::chrono::milliseconds(0) : m_run->patience;
             if (!m_run->changed.wait_for(lock, patience, [this] { return m_run->isFinished; })) {
                 m_hasGivenUp = true;
                 return Failure{ QStringLiteral("the disk does not answer") };

@@ -18,7 +18,7 @@ public:
     /// it may refer to nothing that ends before.
     using Write = std::function<std::optional<Failure>(const ShelfIndex&)>;
 
-    /// `patience` is how long `finish` waits for one index.
+    /// `patience` is how long `finish` waits for an index; for a large one it waits longer.
     IndexWriter(Write write, MainQueue& queue, std::chrono::milliseconds patience);
 
     /// Finishes first.

@@ -9,6 +9,8 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <numeric>
 #include <utility>
 
@@ -66,28 +68,32 @@ private:
         && !character.isSurrogate();
 }
 
-/// The character, or half of one, as an escape of JSON.
-[[nodiscard]] QByteArray escaped(QChar character)
-{
-    switch (character.unicode()) {
-    case '"':
-        return QByteArrayLiteral("\\\"");
-    case '\\':
-        return QByteArrayLiteral("\\\\");
-    case '\b':
-        return QByteArrayLiteral("\\b");
-    case '\f':
-        return QByteArrayLiteral("\\f");
-    case '\n':
-        return QByteArrayLiteral("\\n");
-    case '\r':
-        return QByteArrayLiteral("\\r");
-    case '\t':
-        return QByteArrayLiteral("\\t");
-    default:
-        return "\\u" + QByteArray::number(character.unicode(), 16).rightJustified(4, '0');
+/// An escape of JSON.
+class Escape {
+public:
+    /// Of a character, or of half of one.
+    explicit Escape(QChar character)
+    {
+        constexpr QByteArrayView shortOnes("\"\"\\\\\bb\ff\nn\rr\tt");
+        const char16_t code = character.unicode();
+        for (qsizetype place = 0; place < shortOnes.size(); place += 2) {
+            if (code == char16_t(shortOnes[place])) {
+                m_bytes[1] = shortOnes[place + 1];
+                m_size = 2;
+                return;
+            }
+        }
+        constexpr QByteArrayView digits("0123456789abcdef");
+        for (qsizetype place = m_size - 1, rest = code; place > 1; --place, rest >>= 4U)
+            m_bytes[std::size_t(place)] = digits[rest & 0xf];
     }
-}
+
+    [[nodiscard]] QByteArrayView bytes() const { return { m_bytes.data(), m_size }; }
+
+private:
+    std::array<char, 6> m_bytes{ '\\', 'u' };
+    qsizetype m_size = 6;
+};
 
 /// The length of the longest beginning of a text that JSON takes as it is.
 [[nodiscard]] qsizetype plainLength(QStringView text)
@@ -194,7 +200,7 @@ private:
             if (length > 0)
                 m_output.append(text.left(length).toUtf8());
             else
-                m_output.append(escaped(text[length++]));
+                m_output.append(Escape(text[length++]).bytes());
             text = text.mid(length);
         }
     }

@@ -21,7 +21,7 @@ constexpr qint64 orphanAgeInDays = 1;
 /// In bytes. Encoding and writing so much takes no time that anybody notices.
 constexpr qsizetype quickIndex = 4 << 20;
 
-/// For one index. Longer than the largest one takes on a slow disk.
+/// How long the end of the program waits for the disk.
 constexpr std::chrono::seconds savingPatience(60);
 
 /// What is on the shelf may grow a little, and must still be saved.
