@@ -55,7 +55,8 @@ constexpr const char* separator = "\n--\n";
 /// A name that stays in its folder, and by which no program takes the image for something else.
 [[nodiscard]] bool isSafeName(const QString& name)
 {
-    return !name.isEmpty() && !name.contains(QLatin1Char('/')) && (isImageName(name) || !name.contains(QLatin1Char('.')));
+    return !name.isEmpty() && !name.contains(QLatin1Char('/'))
+        && (isImageName(name) || !name.contains(QLatin1Char('.')));
 }
 
 } // namespace

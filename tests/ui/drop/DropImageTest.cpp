@@ -99,11 +99,13 @@ void DropImageTest::whatIsNoImageByItsBytesIsNone_data()
     QTest::newRow("entry of the desktop") << desktopEntry;
     QTest::newRow("script") << QByteArray("#!/bin/sh\ntrue\n");
     QTest::newRow("page") << QByteArray("<!DOCTYPE html><html><body><svg></svg></body></html>");
-    QTest::newRow("XML that is no drawing") << QByteArray("<?xml version=\"1.0\"?><!-- " + QByteArray(300, ' ')
-                                                          + " --><page><svg/></page>");
+    QTest::newRow("XML that is no drawing")
+        << QByteArray("<?xml version=\"1.0\"?><!-- " + QByteArray(300, ' ') + " --><page><svg/></page>");
     QTest::newRow("words") << QByteArray("words");
     QTest::newRow("bytes of nobody") << QByteArray("\1\2\3\4\0\5", 6);
-    QTest::newRow("film") << QByteArray("\0\0\0\x18" "ftypmp42", 12);
+    QTest::newRow("film") << QByteArray("\0\0\0\x18"
+                                        "ftypmp42",
+                                        12);
 }
 
 void DropImageTest::whatIsNoImageByItsBytesIsNone()
@@ -120,12 +122,20 @@ void DropImageTest::everyKindOfImageIsOne_data()
 {
     QTest::addColumn<QByteArray>("type");
     QTest::addColumn<QByteArray>("bytes");
-    const auto row = [](const char* type, const QByteArray& bytes) { QTest::newRow(type) << QByteArray(type) << bytes; };
+    const auto row = [](const char* type, const QByteArray& bytes) {
+        QTest::newRow(type) << QByteArray(type) << bytes;
+    };
     row("image/png", png);
     row("image/jpeg", "\xff\xd8\xff\xe0 and the rest of it");
     row("image/gif", gif);
-    row("image/heic", QByteArray("\0\0\0\x18" "ftypheic\0\0\0\0mif1heic", 24));
-    row("image/avif", QByteArray("\0\0\0\x18" "ftypavif\0\0\0\0mif1avif", 24));
+    row("image/heic",
+        QByteArray("\0\0\0\x18"
+                   "ftypheic\0\0\0\0mif1heic",
+                   24));
+    row("image/avif",
+        QByteArray("\0\0\0\x18"
+                   "ftypavif\0\0\0\0mif1avif",
+                   24));
     row("image/webp", QByteArray("RIFF\x24\0\0\0WEBPVP8 ", 16));
     row("image/tiff", tiff);
     row("image/bmp", QByteArray("BM\x46\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0", 18));
