@@ -81,7 +81,7 @@ namespace {
         const bool beginsFragment = each == '#' && !isInFragment;
         isInFragment = isInFragment || beginsFragment;
         if (standsForItself(each) || isBracketOfHost || beginsFragment
-            || beginsEscape(QByteArrayView(address).mid(index)))
+            || beginsEscape(QByteArrayView(address).sliced(index)))
             result += each;
         else
             result += escape(each);
