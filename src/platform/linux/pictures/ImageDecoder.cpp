@@ -146,7 +146,7 @@ void ImageDecoder::takeCopy(const std::shared_ptr<Job>& job, std::optional<Regul
         std::erase(m_waiting, job);
         finish(job, std::nullopt);
     }
-    schedulePump();
+    pump();
 }
 
 void ImageDecoder::startDecoder()
