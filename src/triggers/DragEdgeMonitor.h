@@ -17,7 +17,8 @@ class Pointer;
 
 /// Notices that the user drags content of another program against the right edge of a display, once for each press of
 /// the left button. The pointer is looked at now and then, and the whole way since the last look counts: a fast drag
-/// over the edge between two displays is in its zone for a moment only. What it is given must outlive it. Main thread only.
+/// over the edge between two displays is in its zone for a moment only. What it is given must outlive it. Main thread
+/// only.
 class DragEdgeMonitor final {
 public:
     DragEdgeMonitor(InputMonitor& input, const Pointer& pointer, const Displays& displays);

@@ -92,7 +92,7 @@ void ServicesEndToEndTest::initTestCase()
     // For the session bus of the desktops below.
     qputenv("XDG_DATA_DIRS",
             QByteArray(QFile::encodeName(m_prefix.filePath(QStringLiteral("share"))) + ':' + qgetenv("XDG_DATA_DIRS")));
-    qputenv("PATH", QFile::encodeName(m_prefix.filePath(QStringLiteral("bin"))) + ':' + qgetenv("PATH"));
+    qputenv("PATH", QByteArray(QFile::encodeName(m_prefix.filePath(QStringLiteral("bin"))) + ':' + qgetenv("PATH")));
 }
 
 void ServicesEndToEndTest::init()

@@ -253,7 +253,8 @@ void PageTest::iconsAreCollected()
 
 void PageTest::theFirstBaseCounts()
 {
-    QCOMPARE(readPage("<base target=_top><base href='/a/'><base href='/b/'>", "text/html").baseHref, QStringLiteral("/a/"));
+    QCOMPARE(readPage("<base target=_top><base href='/a/'><base href='/b/'>", "text/html").baseHref,
+             QStringLiteral("/a/"));
     QCOMPARE(readPage("<title>One</title>", "text/html").baseHref, QString());
 }
 

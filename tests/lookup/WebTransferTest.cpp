@@ -533,8 +533,7 @@ void WebTransferTest::headersThatDoNotEndFail_data()
     QTest::newRow("one line") << QByteArray(ok + "X: ") << QByteArray(1000, 'x');
     QTest::newRow("a status line") << QByteArray("HTTP/1.1 200 ") << QByteArray(1000, 'x');
     QTest::newRow("interim responses") << QByteArray() << QByteArray("HTTP/1.1 100 Continue\r\n\r\n");
-    QTest::newRow("trailers") << ok + "Transfer-Encoding: chunked\r\n\r\n3\r\nxxx\r\n0\r\n"
-                              << QByteArray("X: y\r\n");
+    QTest::newRow("trailers") << ok + "Transfer-Encoding: chunked\r\n\r\n3\r\nxxx\r\n0\r\n" << QByteArray("X: y\r\n");
 }
 
 void WebTransferTest::headersThatDoNotEndFail()

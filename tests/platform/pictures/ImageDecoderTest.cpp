@@ -381,7 +381,7 @@ void ImageDecoderTest::sandboxThatFailedIsTriedAgain()
                            "mkdir \"$0.3\"\nfor program; do :; done\nexec \"$program\"\n")
                 .constData(),
             0700);
-    qputenv("PATH", m_folder->path() + ':' + path);
+    qputenv("PATH", QByteArray(m_folder->path() + ':' + path));
     const CapturedLog log;
     useDecoder(QStringLiteral(NOOKLE_DECODER), ImageDecoder::Confinement::sandbox);
     ask("a");
