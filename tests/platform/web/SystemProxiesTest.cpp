@@ -1,6 +1,7 @@
 #include "SystemProxies.h"
 
-#include <QDir>
+#include <gio/gio.h>
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,13 +22,18 @@ private Q_SLOTS:
     void thoseOfPlasmaAreFound();
 
 private:
-    void write(const char* name, const QByteArray& content)
+    static void set(const char* schema, const char* key, GVariant* value)
     {
-        const QString path = m_folder.filePath(QString::fromLatin1(name));
-        QVERIFY(QDir().mkpath(path.section(u'/', 0, -2)));
-        QFile file(path);
+        GSettings* const settings = g_settings_new(schema);
+        QVERIFY(g_settings_set_value(settings, key, value));
+        g_object_unref(settings);
+    }
+
+    void writePlasma(const QByteArray& settings) const
+    {
+        QFile file(m_folder.filePath(QStringLiteral("kioslaverc")));
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        file.write("[Proxy Settings]\n" + settings);
     }
 
     QTemporaryDir m_folder;
@@ -36,7 +42,7 @@ private:
 void SystemProxiesTest::initTestCase()
 {
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path()));
-    qputenv("GSETTINGS_BACKEND", "keyfile");
+    qputenv("GSETTINGS_BACKEND", "memory");
 }
 
 void SystemProxiesTest::init()
@@ -55,7 +61,7 @@ void SystemProxiesTest::withoutSettingsThereIsNone()
 
 void SystemProxiesTest::theEnvironmentCountsFirst()
 {
-    write("kioslaverc", "[Proxy Settings]\nProxyType=3\n");
+    writePlasma("ProxyType=3\n");
     qputenv("XDG_CURRENT_DESKTOP", "KDE");
     qputenv("http_proxy", "http://a.test:1");
     qputenv("all_proxy", "socks://b.test:2");
@@ -66,32 +72,35 @@ void SystemProxiesTest::theEnvironmentCountsFirst()
 void SystemProxiesTest::thoseOfGnomeAreFound_data()
 {
     QTest::addColumn<QByteArray>("mode");
-    QTest::addColumn<QByteArray>("rest");
+    QTest::addColumn<QByteArray>("script");
     QTest::addColumn<QByteArray>("http");
     QTest::addColumn<QByteArray>("https");
     QTest::addColumn<QByteArray>("exceptions");
-    const QByteArray http = "[org/gnome/system/proxy/http]\nhost='a.test'\nport=3128\n";
-    QTest::newRow("off") << QByteArray("none") << http << QByteArray() << QByteArray() << QByteArray();
-    QTest::newRow("manual") << QByteArray("manual")
-                            << QByteArray("ignore-hosts=['c.test', '10.0.0.0/8']\n" + http
-                                          + "[org/gnome/system/proxy/socks]\nhost='s.test'\nport=1080\n")
-                            << QByteArray("http://a.test:3128") << QByteArray("socks://s.test:1080")
-                            << QByteArray("c.test,10.0.0.0/8");
-    QTest::newRow("script") << QByteArray("auto") << QByteArray("autoconfig-url='http://a.test/b'\n")
-                            << QByteArray("pac+http://a.test/b") << QByteArray("pac+http://a.test/b") << QByteArray();
-    QTest::newRow("discovered") << QByteArray("auto") << QByteArray() << QByteArray("wpad://") << QByteArray("wpad://")
-                                << QByteArray();
+    const QByteArray none;
+    QTest::newRow("off") << QByteArray("none") << none << none << none << none;
+    QTest::newRow("manual") << QByteArray("manual") << none << QByteArray("http://a.test:3128")
+                            << QByteArray("socks://s.test:1080") << QByteArray("c.test,10.0.0.0/8");
+    QTest::newRow("script") << QByteArray("auto") << QByteArray("http://a.test/b") << QByteArray("pac+http://a.test/b")
+                            << QByteArray("pac+http://a.test/b") << none;
+    QTest::newRow("discovered") << QByteArray("auto") << none << QByteArray("wpad://") << QByteArray("wpad://") << none;
 }
 
 void SystemProxiesTest::thoseOfGnomeAreFound()
 {
     QFETCH(QByteArray, mode);
-    QFETCH(QByteArray, rest);
+    QFETCH(QByteArray, script);
     QFETCH(QByteArray, http);
     QFETCH(QByteArray, https);
     QFETCH(QByteArray, exceptions);
-    write("glib-2.0/settings/keyfile", "[org/gnome/system/proxy]\nmode='" + mode + "'\n" + rest);
-    QTRY_COMPARE(systemProxies(), (ProxySettings{ http, https, exceptions }));
+    const char* const ignored[] = { "c.test", "10.0.0.0/8", nullptr };
+    set("org.gnome.system.proxy", "mode", g_variant_new_string(mode.constData()));
+    set("org.gnome.system.proxy", "autoconfig-url", g_variant_new_string(script.constData()));
+    set("org.gnome.system.proxy", "ignore-hosts", g_variant_new_strv(ignored, -1));
+    set("org.gnome.system.proxy.http", "host", g_variant_new_string("a.test"));
+    set("org.gnome.system.proxy.http", "port", g_variant_new_int32(3128));
+    set("org.gnome.system.proxy.socks", "host", g_variant_new_string("s.test"));
+    set("org.gnome.system.proxy.socks", "port", g_variant_new_int32(1080));
+    QCOMPARE(systemProxies(), (ProxySettings{ http, https, exceptions }));
 }
 
 void SystemProxiesTest::thoseOfPlasmaAreFound_data()
@@ -119,7 +128,7 @@ void SystemProxiesTest::thoseOfPlasmaAreFound()
     QFETCH(QByteArray, https);
     QFETCH(QByteArray, exceptions);
     qputenv("XDG_CURRENT_DESKTOP", "KDE");
-    write("kioslaverc", "[Proxy Settings]\n" + settings);
+    writePlasma(settings);
     QCOMPARE(systemProxies(), (ProxySettings{ http, https, exceptions }));
 }
 
