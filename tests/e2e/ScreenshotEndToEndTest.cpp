@@ -149,6 +149,8 @@ void ScreenshotEndToEndTest::aFolderThatIsMadeAnewIsCollectedFrom()
     makeMarked(QStringLiteral("a"));
     QVERIFY(waitFor([this] { return m_shelf->savedFileNames().size() == 1; }));
     QVERIFY(QDir(folder()).removeRecursively());
+    // The look at the folder that its removal brings about would find what is there soon after.
+    QVERIFY(holdsFor([this] { return m_shelf->savedFileNames().size() == 1; }, longerThanBothLooks));
     QVERIFY(QDir().mkpath(folder()));
     makeMarked(QStringLiteral("b"));
     QVERIFY(waitFor([this] { return m_shelf->savedFileNames().contains(QStringLiteral("b")); }));
