@@ -4,6 +4,8 @@
 #include "OpenDescriptors.h"
 #include "ShelfFixture.h"
 
+#include <QSignalSpy>
+
 #include <filesystem>
 
 using namespace nookle;
