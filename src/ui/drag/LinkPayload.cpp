@@ -33,6 +33,7 @@ namespace {
 
 } // namespace
 
+// No "text/uri-list": editors open what is in such a list, and fail with a page, where they insert a text.
 DragPayload linkPayload(const LinkContent& link)
 {
     const QString address = link.url.absoluteString();
@@ -40,7 +41,6 @@ DragPayload linkPayload(const LinkContent& link)
     DragPayload payload;
     payload.add(QStringLiteral("text/x-moz-url"), [=] { return mozillaUrl(address, title); });
     payload.add(QStringLiteral("_NETSCAPE_URL"), [=] { return QByteArray(address.toUtf8() + '\n' + title.toUtf8()); });
-    payload.add(QStringLiteral("text/uri-list"), [=] { return QByteArray(address.toUtf8() + "\r\n"); });
     payload.add(QStringLiteral("text/html"), [=] { return anchor(address, title); });
     addText(payload, address);
     return payload;
