@@ -1,5 +1,7 @@
 // Another program on the desktop, with one window:
 //   Peer receive FILE     takes drops and writes what it got into FILE: a line with the action, then the URI list
+//   Peer take FORMAT FILE takes drops and writes what it got in that format into FILE; FILE.over gets a byte each time
+//                         that something is moved over the window
 //   Peer trash            takes files and moves them to the Trash, some time after they were dropped
 //   Peer offer FILE TYPE [RESULT]
 //                         offers what is in FILE as TYPE to whoever it is dragged to, and writes into RESULT whether it
@@ -34,8 +36,16 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace {
+
+void writeFile(const QString& path, const QByteArray& content)
+{
+    QSaveFile file(path);
+    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size())
+        file.commit();
+}
 
 class Receiver final : public QWidget {
 public:
@@ -60,6 +70,38 @@ protected:
     }
 
 private:
+    QString m_path;
+};
+
+/// Takes one format as it comes.
+class Taker final : public QWidget {
+public:
+    Taker(QString format, QString path)
+        : m_format(std::move(format))
+        , m_path(std::move(path))
+    {
+        setAcceptDrops(true);
+    }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override { event->acceptProposedAction(); }
+
+    void dragMoveEvent(QDragMoveEvent* event) override
+    {
+        event->acceptProposedAction();
+        QFile file(m_path + QStringLiteral(".over"));
+        if (file.open(QIODevice::Append))
+            file.write(".");
+    }
+
+    void dropEvent(QDropEvent* event) override
+    {
+        event->acceptProposedAction();
+        writeFile(m_path, event->mimeData()->data(m_format));
+    }
+
+private:
+    QString m_format;
     QString m_path;
 };
 
@@ -108,7 +150,6 @@ private:
     bool m_isDying;
 };
 
-void writeFile(const QString& path, const QByteArray& content);
 [[nodiscard]] QByteArray content(const QString& path);
 
 /// The window that a drag of this program comes from.
@@ -190,13 +231,6 @@ private:
     QString m_path;
 };
 
-void writeFile(const QString& path, const QByteArray& content)
-{
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly) && file.write(content) == content.size())
-        file.commit();
-}
-
 /// A payload that takes its time.
 class Late final : public QMimeData {
 public:
@@ -266,6 +300,8 @@ private:
     const QString mode = arguments.value(1);
     if (mode == QLatin1String("receive"))
         return std::make_unique<Receiver>(arguments.value(2));
+    if (mode == QLatin1String("take"))
+        return std::make_unique<Taker>(arguments.value(2), arguments.value(3));
     if (mode == QLatin1String("trash"))
         return std::make_unique<TrashCan>();
     if (mode == QLatin1String("offer"))

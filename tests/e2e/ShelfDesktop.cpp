@@ -79,11 +79,11 @@ void ShelfDesktop::pressShortcut()
         screen().releaseKey(key);
 }
 
-std::optional<XWindow> ShelfDesktop::openPeer(const QStringList& arguments)
+std::optional<XWindow> ShelfDesktop::openPeer(const QStringList& arguments, const QString& program)
 {
     // The server gives the numbers of windows that are gone to the next program.
     const std::vector<XWindow> others = m_peer ? std::vector<XWindow>() : screen().windows();
-    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), arguments);
+    m_peer = m_desktop->start(program, arguments);
     std::optional<XWindow> window;
     QImage previous;
     // Drawn, and not moving any more.

@@ -37,7 +37,8 @@ protected:
     void pressShortcut();
 
     /// Opens the window of another program, which replaces the one before, and returns it.
-    [[nodiscard]] std::optional<XWindow> openPeer(const QStringList& arguments);
+    [[nodiscard]] std::optional<XWindow> openPeer(const QStringList& arguments,
+                                                  const QString& program = qEnvironmentVariable("NOOKLE_PEER"));
 
     /// Drops a payload of another program on the shelf.
     [[nodiscard]] bool offerToShelf(const QByteArray& payload, const QString& type = QStringLiteral("text/uri-list"));
