@@ -71,16 +71,18 @@ namespace {
 /// as it is.
 [[nodiscard]] QByteArray encoded(const QByteArray& address)
 {
-    const qsizetype host = endOfHost(address);
+    // The brackets of a file's name do no harm, and are what other programs know it by.
+    const bool isFile = isFileAddress(QString::fromLatin1(address.left(5)));
+    const qsizetype brackets = isFile ? address.size() : endOfHost(address);
     bool isInFragment = false;
     QByteArray result;
     result.reserve(address.size());
     for (qsizetype index = 0; index < address.size(); ++index) {
         const char each = address[index];
-        const bool isBracketOfHost = index < host && (each == '[' || each == ']');
+        const bool mayHaveBracket = index < brackets && (each == '[' || each == ']');
         const bool beginsFragment = each == '#' && !isInFragment;
         isInFragment = isInFragment || beginsFragment;
-        if (standsForItself(each) || isBracketOfHost || beginsFragment
+        if (standsForItself(each) || mayHaveBracket || beginsFragment
             || beginsEscape(QByteArrayView(address).sliced(index)))
             result += each;
         else

@@ -567,15 +567,15 @@ void ShelfStorePersistenceTest::anIndexBeyondTheLimitIsNotWritten()
 {
     StoreFixture fixture;
     fixture.fetchesLinkMetadata = false;
-    fixture.largestIndex = 1'000;
+    fixture.largestIndex = 500;
     const auto store = fixture.open();
     store->addLink(*LinkUrl::parse(QStringLiteral("https://example.org/")), {});
     store->saveNow();
     const QByteArray before = fixture.read(QStringLiteral("data/index.json"));
-    store->updateLink(store->items().constFirst().id, QString(1'000, QLatin1Char('x')), {});
+    store->updateLink(store->items().constFirst().id, QString(300, QLatin1Char('x')), {});
     const CapturedLog log;
     store->saveNow();
-    QCOMPARE(log.lines().join(QLatin1Char('\n')), QStringLiteral("Nookle: saving failed: larger than 1000 bytes"));
+    QCOMPARE(log.lines().join(QLatin1Char('\n')), QStringLiteral("Nookle: saving failed: larger than 500 bytes"));
     QCOMPARE(fixture.read(QStringLiteral("data/index.json")), before);
 }
 

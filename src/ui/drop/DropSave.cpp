@@ -23,8 +23,8 @@ inline constexpr qsizetype longestName = 200;
 
 [[nodiscard]] QString fileName(const DropPayload& payload)
 {
-    const QString suggested = decodeText(payload.suggestedName(), QStringLiteral("text/plain"));
-    QString name = suggested.section(QChar(u'\0'), 0, 0).section(QLatin1Char('/'), -1).trimmed();
+    const QByteArray suggested = payload.suggestedName().split('\0').constFirst();
+    QString name = decodeText(suggested, QStringLiteral("text/plain")).section(QLatin1Char('/'), -1).trimmed();
     while (name.toUtf8().size() > longestName)
         name.chop(name.back().isLowSurrogate() ? 2 : 1);
     return name.startsWith(QLatin1Char('.')) ? QString() : name;

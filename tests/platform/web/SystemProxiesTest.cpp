@@ -3,6 +3,7 @@
 #include <gio/gio.h>
 
 #include <QFile>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -43,6 +44,25 @@ void SystemProxiesTest::initTestCase()
 {
     qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder.path()));
     qputenv("GSETTINGS_BACKEND", "memory");
+    QFile schemas(m_folder.filePath(QStringLiteral("org.gnome.system.proxy.gschema.xml")));
+    QVERIFY(schemas.open(QIODevice::WriteOnly));
+    schemas.write("<schemalist><schema id='org.gnome.system.proxy' path='/system/proxy/'>"
+                  "<child name='http' schema='org.gnome.system.proxy.http'/>"
+                  "<child name='https' schema='org.gnome.system.proxy.https'/>"
+                  "<child name='socks' schema='org.gnome.system.proxy.socks'/>"
+                  "<key name='mode' type='s'><default>'none'</default></key>"
+                  "<key name='autoconfig-url' type='s'><default>''</default></key>"
+                  "<key name='ignore-hosts' type='as'><default>[]</default></key></schema>");
+    for (const char* kind : { "http", "https", "socks" })
+        schemas.write(QStringLiteral("<schema id='org.gnome.system.proxy.%1' path='/system/proxy/%1/'>"
+                                     "<key name='host' type='s'><default>''</default></key>"
+                                     "<key name='port' type='i'><default>0</default></key></schema>")
+                          .arg(QLatin1String(kind))
+                          .toUtf8());
+    schemas.write("</schemalist>");
+    schemas.close();
+    QCOMPARE(QProcess::execute(QStringLiteral("glib-compile-schemas"), { m_folder.path() }), 0);
+    qputenv("GSETTINGS_SCHEMA_DIR", QFile::encodeName(m_folder.path()));
 }
 
 void SystemProxiesTest::init()

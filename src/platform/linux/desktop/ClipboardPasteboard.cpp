@@ -3,6 +3,10 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QStringList>
+#include <QVariant>
+
+#include <utility>
 
 namespace nookle {
 
@@ -14,6 +18,32 @@ inline constexpr int longestSide = 32767;
 {
     return *QGuiApplication::clipboard();
 }
+
+/// A link, byte for byte: the toolkit's own data would make a URL of it, which rewrites some addresses.
+class LinkData final : public QMimeData {
+public:
+    explicit LinkData(QString address)
+        : m_address(std::move(address))
+    {
+    }
+
+    [[nodiscard]] QStringList formats() const override { return { addresses(), text() }; }
+    [[nodiscard]] bool hasFormat(const QString& format) const override { return formats().contains(format); }
+
+protected:
+    [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType /*preferredType*/) const override
+    {
+        if (format == addresses())
+            return QByteArray(m_address.toUtf8() + "\r\n");
+        return format == text() ? QVariant(m_address) : QVariant();
+    }
+
+private:
+    [[nodiscard]] static QString addresses() { return QStringLiteral("text/uri-list"); }
+    [[nodiscard]] static QString text() { return QStringLiteral("text/plain"); }
+
+    QString m_address;
+};
 
 } // namespace
 
@@ -50,11 +80,7 @@ void ClipboardPasteboard::writeText(const QString& text)
 
 void ClipboardPasteboard::writeLink(const QString& address)
 {
-    auto data = std::make_unique<QMimeData>();
-    // The toolkit's URLs would rewrite it.
-    data->setData(QStringLiteral("text/uri-list"), address.toUtf8() + "\r\n");
-    data->setText(address);
-    write(std::move(data));
+    write(std::make_unique<LinkData>(address));
 }
 
 void ClipboardPasteboard::writeImage(const QUrl& file)
