@@ -164,6 +164,8 @@ public:
     DragSource(const DragSource&) = delete;
     DragSource& operator=(const DragSource&) = delete;
 
+    [[nodiscard]] bool isThere() const { return m_window != XCB_WINDOW_NONE; }
+
     void setProperty(const QByteArray& name, const QByteArray& value)
     {
         xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, atom(name), atom("text/plain"), 8,
@@ -210,9 +212,14 @@ public:
     explicit Saved(QString path)
         : m_path(std::move(path))
     {
-        // The drag has a window only once it is under way.
-        QTimer::singleShot(0, this,
-                           [this] { DragSource().setProperty(format, QFileInfo(m_path).fileName().toUtf8()); });
+        // The drag has a window only once it is under way, and until then the selection may be another program's.
+        m_timer.callOnTimeout(this, [this] {
+            DragSource source;
+            if (source.isThere() && source.property(format).isEmpty())
+                source.setProperty(format, QFileInfo(m_path).fileName().toUtf8());
+        });
+        constexpr int interval = 20;
+        m_timer.start(interval);
     }
 
     [[nodiscard]] QStringList formats() const override { return { QString::fromLatin1(format) }; }
@@ -221,6 +228,7 @@ public:
 protected:
     [[nodiscard]] QVariant retrieveData(const QString& /*format*/, QMetaType /*type*/) const override
     {
+        // The receiver has put the place where the name was.
         const QUrl place = QUrl::fromEncoded(DragSource().property(format));
         writeFile(place.toLocalFile(), content(m_path));
         return QByteArray("S");
@@ -229,6 +237,7 @@ protected:
 private:
     static constexpr const char* format = "XdndDirectSave0";
     QString m_path;
+    QTimer m_timer;
 };
 
 /// A payload that takes its time.
