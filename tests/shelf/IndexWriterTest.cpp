@@ -61,7 +61,7 @@ void IndexWriterTest::nothingIsWaitedFor()
     QVERIFY(writer.isBusy());
     m_disk->asked.acquire();
     m_disk->mayAnswer.release();
-    QTRY_VERIFY((m_queue.advance(0.1), !writer.isBusy()));
+    QTRY_VERIFY_WITH_TIMEOUT((m_queue.advance(0.1), !writer.isBusy()), 50'000);
     QCOMPARE(m_disk->written, QList<qint64>{ 1 });
     QCOMPARE(m_queue.waitingTimers(), 0);
 }
@@ -97,7 +97,7 @@ void IndexWriterTest::aFailureIsToldOnceItIsKnown()
     m_disk->failure = Failure{ QStringLiteral("full") };
     writer.write(index(1));
     m_disk->mayAnswer.release();
-    QTRY_VERIFY((m_queue.advance(0.1), !writer.isBusy()));
+    QTRY_VERIFY_WITH_TIMEOUT((m_queue.advance(0.1), !writer.isBusy()), 50'000);
     QCOMPARE(told, QStringList{ QStringLiteral("full") });
 }
 

@@ -311,7 +311,8 @@ void ShelfStorePersistenceTest::aLongTextIsWrittenInTheBackground()
     fixture.queue.advance(0.3);
     // Somebody looks now and then whether it is written.
     QCOMPARE(fixture.queue.waitingTimers(), 1);
-    QTRY_COMPARE((fixture.queue.advance(0.1), fixture.queue.waitingTimers()), 0);
+    constexpr int patienceUnderValgrind = 50'000;
+    QTRY_COMPARE_WITH_TIMEOUT((fixture.queue.advance(0.1), fixture.queue.waitingTimers()), 0, patienceUnderValgrind);
     QCOMPARE(fixture.open()->items().size(), 1);
 }
 
