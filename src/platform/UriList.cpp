@@ -4,6 +4,7 @@
 #include <QSysInfo>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace nookle {
@@ -32,11 +33,21 @@ namespace {
     return rest.size() >= 3 && rest[0] == '%' && isHexadecimal(rest[1]) && isHexadecimal(rest[2]);
 }
 
-/// Whether a character stands for itself anywhere behind the host.
+/// Whether each character, as a byte, stands for itself anywhere behind the host.
+[[nodiscard]] constexpr std::array<bool, 256> charactersThatStandForThemselves()
+{
+    std::array<bool, 256> table{};
+    for (std::size_t each = '!'; each < 0x7f; ++each)
+        table[each] = true;
+    for (const char each : { '"', '#', '%', '<', '>', '[', '\\', ']', '^', '`', '{', '|', '}' })
+        table[static_cast<unsigned char>(each)] = false;
+    return table;
+}
+
 [[nodiscard]] bool standsForItself(char each)
 {
-    const bool isPrintable = each > ' ' && each < '\x7f';
-    return isPrintable && !QByteArrayView("\"#%<>[\\]^`{|}").contains(each);
+    static constexpr std::array<bool, 256> table = charactersThatStandForThemselves();
+    return table[static_cast<unsigned char>(each)];
 }
 
 [[nodiscard]] QByteArray escape(char each)
@@ -58,6 +69,8 @@ namespace {
 /// Browsers take a backslash in the path of such an address for a slash, also where it ends the host.
 [[nodiscard]] QByteArray withSlashes(QByteArray address)
 {
+    if (!address.contains('\\'))
+        return address;
     const QByteArray scheme = address.left(address.indexOf(':')).toLower();
     if (scheme != "http" && scheme != "https" && scheme != "ftp")
         return address;
@@ -71,6 +84,9 @@ namespace {
 /// as it is.
 [[nodiscard]] QByteArray encoded(const QByteArray& address)
 {
+    // Most are nothing else, and thousands may come at once.
+    if (std::all_of(address.begin(), address.end(), standsForItself))
+        return address;
     // The brackets of a file's name do no harm, and are what other programs know it by.
     const bool isFile = isFileAddress(QString::fromLatin1(address.left(5)));
     const qsizetype brackets = isFile ? address.size() : endOfHost(address);
