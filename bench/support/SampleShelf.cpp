@@ -4,7 +4,7 @@
 #include "FileUrl.h"
 #include "LinuxFileReferences.h"
 #include "ShelfIndex.h"
-#include "UuidText.h"
+#include "IndexText.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,17 +1,18 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
-#include "HelperProgram.h"
+#include "DesktopBackend.h"
+#include "FileReferences.h"
 #include "LeftImageCopies.h"
+#include "Notifier.h"
 #include "PrimarySelection.h"
+#include "ProgramRequests.h"
+#include "Trash.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
 #include <QPointer>
 
-#include <chrono>
 #include <utility>
 
 namespace nookle {
@@ -29,25 +30,14 @@ inline constexpr std::uint32_t controlAltSuper = 4096 + 2048 + 256;
 
 } // namespace
 
-AppDelegate::AppDelegate(const QByteArray& dataHome, const QUrl& dataFolder, std::unique_ptr<DesktopBackend> desktop,
+AppDelegate::AppDelegate(const Platform& platform, const QUrl& dataFolder,
                          std::function<std::optional<Failure>()> claimFolder)
-    : m_dataFolder(dataFolder)
+    : m_platform(platform)
+    , m_dataFolder(dataFolder)
     , m_claimFolder(std::move(claimFolder))
-    , m_desktop(std::move(desktop))
-    , m_trash(dataHome)
-    , m_mounts(std::make_shared<Mounts>(QFile::encodeName(QDir::homePath())))
-    , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue, std::chrono::steady_clock::now, m_mounts)
-    , m_pictures(m_mounts, m_queue)
-    , m_linkMetadata(helperProgram(QCoreApplication::applicationDirPath(), QStringLiteral("nookle-lookup")),
-                     m_pictures.converter(), m_queue)
-    , m_pasteboard(m_pictures.converter())
-    , m_fileTransfers(m_mounts)
-    , m_loginItem(QCoreApplication::applicationFilePath())
-    , m_folders(m_mounts)
-    , m_screenshotSettings(m_defaults)
-    , m_settings(m_defaults)
-    , m_dragEdgeMonitor(m_desktop->inputMonitor(), m_desktop->pointer(), m_desktop->displays())
-    , m_screenshotWatcher(m_folders, m_screenshotSettings, m_queue)
+    , m_settings(platform.defaults)
+    , m_dragEdgeMonitor(platform.desktop.inputMonitor(), platform.desktop.pointer(), platform.desktop.displays())
+    , m_screenshotWatcher(platform.folders, platform.screenshotSettings, platform.queue)
 {
 }
 
@@ -57,11 +47,11 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     createPanel();
     m_settingsWindow = std::make_unique<SettingsWindowController>(
-        m_settings, m_loginItem, [this] { return m_screenshotWatcher.screenshotDirectory(); });
+        m_settings, m_platform.loginItem, [this] { return m_screenshotWatcher.screenshotDirectory(); });
     setUpStatusItem();
     startEdgeMonitor();
     startScreenshotCollection();
-    m_expirySweep = std::make_unique<ExpirySweep>(m_settings, *m_store, m_queue);
+    m_expirySweep = std::make_unique<ExpirySweep>(m_settings, *m_store, m_platform.queue);
     provideServices();
     createHotKey();
     m_store->removeOrphans();
@@ -74,20 +64,21 @@ void AppDelegate::createPanel()
 {
     ShelfStore::Environment environment;
     environment.now = [] { return QDateTime::currentDateTimeUtc(); };
-    environment.moveToTrash = [this](const QUrl& file) { return m_trash.moveToTrash(file); };
+    environment.moveToTrash = [this](const QUrl& file) { return m_platform.trash.moveToTrash(file); };
     environment.fetchesLinkMetadata = true;
     environment.claimFolder = m_claimFolder;
-    m_store = std::make_unique<ShelfStore>(m_dataFolder, std::move(environment), m_fileReferences, m_trash,
-                                           m_linkMetadata, m_queue);
+    m_store = std::make_unique<ShelfStore>(m_dataFolder, std::move(environment), m_platform.fileReferences,
+                                           m_platform.trash, m_platform.linkMetadata, m_platform.queue);
     connect(m_store.get(), &ShelfStore::additionFailed, this, &AppDelegate::additionFailed);
-    m_fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };
+    m_platform.fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };
 
     installAccessibility();
     m_panelContent = std::make_unique<PanelContentView>();
-    m_panelWindow = m_desktop->makePanelWindow(m_panelContent->panelWindow(), ShelfView::cornerRadius);
-    m_panelController = std::make_unique<PanelController>(*m_store, m_defaults, *m_panelWindow, m_desktop->pointer(),
-                                                          m_desktop->displays(), m_queue);
-    m_desktop->onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
+    m_panelWindow = m_platform.desktop.makePanelWindow(m_panelContent->panelWindow(), ShelfView::cornerRadius);
+    m_panelController =
+        std::make_unique<PanelController>(*m_store, m_platform.defaults, *m_panelWindow, m_platform.desktop.pointer(),
+                                          m_platform.desktop.displays(), m_platform.queue);
+    m_platform.desktop.onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
     createShelfView();
 }
 
@@ -96,18 +87,18 @@ void AppDelegate::createShelfView()
     auto view = std::make_unique<ShelfView>(ShelfView::Services{
         .store = *m_store,
         .pinning = m_panelController->pinning(),
-        .workspace = m_workspace,
-        .pasteboard = m_pasteboard,
-        .trash = m_trash,
-        .references = m_fileReferences,
-        .transfers = m_fileTransfers,
-        .thumbnails = m_pictures.thumbnails(),
-        .compositing = m_desktop->compositing(),
-        .queue = m_queue,
-        .readDrop = [this](const QMimeData& data) { return m_desktop->dropPayload(data); },
+        .workspace = m_platform.workspace,
+        .pasteboard = m_platform.pasteboard,
+        .trash = m_platform.trash,
+        .references = m_platform.fileReferences,
+        .transfers = m_platform.fileTransfers,
+        .thumbnails = m_platform.thumbnails,
+        .compositing = m_platform.desktop.compositing(),
+        .queue = m_platform.queue,
+        .readDrop = [this](const QMimeData& data) { return m_platform.desktop.dropPayload(data); },
         .runDrag =
             [this](QWidget& source, DragSession session) {
-                m_desktop->offerDrag(session.item.payload);
+                m_platform.desktop.offerDrag(session.item.payload);
                 return runDragSession(source, std::move(session));
             },
     });
@@ -117,10 +108,11 @@ void AppDelegate::createShelfView()
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };
     view->onDragOutEnded = [this] { m_panelController->endDragOut(); };
     view->onHide = [this] { m_panelController->hide(); };
-    m_preparation = m_queue.after(preparationDelay, [content = QPointer(view.get())] {
-        if (content)
-            content->prepare();
+    m_preparation = m_platform.queue.after(preparationDelay, [this] {
+        if (m_shelfView)
+            m_shelfView->prepare();
     });
+    m_shelfView = view.get();
     m_panelContent->setContent(view.release());
 }
 
@@ -132,7 +124,8 @@ void AppDelegate::setUpStatusItem()
     m_statusMenu->onShowSettings = [this] { m_settingsWindow->show(); };
     // Not quit(), which asks every window first: the panel refuses to be closed.
     m_statusMenu->onQuit = [] { QCoreApplication::exit(); };
-    m_statusItem = std::make_unique<StatusItem>(*m_statusMenu, m_notifierTray, m_desktop->embeddingTray(), m_queue);
+    m_statusItem = std::make_unique<StatusItem>(*m_statusMenu, m_platform.notifierTray,
+                                                m_platform.desktop.embeddingTray(), m_platform.queue);
 }
 
 void AppDelegate::startEdgeMonitor()
@@ -146,10 +139,10 @@ void AppDelegate::startEdgeMonitor()
 
 void AppDelegate::startScreenshotCollection()
 {
-    m_screenshotCollector = std::make_unique<ScreenshotCollector>(m_settings, *m_store, m_queue);
+    m_screenshotCollector = std::make_unique<ScreenshotCollector>(m_settings, *m_store, m_platform.queue);
     m_screenshotCollector->onCollected = [this] { showForAMoment(); };
     m_screenshotWatcher.onScreenshot = [this](const QUrl& screenshot) { m_screenshotCollector->collect(screenshot); };
-    m_screenshotSwitch = std::make_unique<ScreenshotSwitch>(m_settings, m_screenshotWatcher, m_queue);
+    m_screenshotSwitch = std::make_unique<ScreenshotSwitch>(m_settings, m_screenshotWatcher, m_platform.queue);
 }
 
 void AppDelegate::provideServices()
@@ -158,11 +151,11 @@ void AppDelegate::provideServices()
         if (!m_lastRefusal)
             showForAMomentSoon();
     });
-    m_busService.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
-    m_busService.onOpen = [this](const QStringList& uris) { open(uris); };
-    m_busService.onActivate = [this] { showShelf(); };
-    m_busService.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
-    m_busService.start();
+    m_platform.requests.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
+    m_platform.requests.onOpen = [this](const QStringList& uris) { open(uris); };
+    m_platform.requests.onActivate = [this] { showShelf(); };
+    m_platform.requests.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
+    m_platform.requests.start();
 }
 
 std::optional<Failure> AppDelegate::addToShelf(const ServicePasteboard& pasteboard)
@@ -174,7 +167,7 @@ std::optional<Failure> AppDelegate::addToShelf(const ServicePasteboard& pasteboa
 std::optional<Failure> AppDelegate::toldToUser(const std::optional<Failure>& failure)
 {
     if (failure) {
-        m_notifier.notify(failure->description);
+        m_platform.notifier.notify(failure->description);
         return failure;
     }
     return m_lastRefusal;
@@ -183,12 +176,13 @@ std::optional<Failure> AppDelegate::toldToUser(const std::optional<Failure>& fai
 void AppDelegate::additionFailed(const QString& reason)
 {
     m_lastRefusal = Failure{ reason };
-    m_notifier.notify(reason);
+    m_platform.notifier.notify(reason);
 }
 
 void AppDelegate::createHotKey()
 {
-    m_hotKey = std::make_unique<HotKey>(m_desktop->globalShortcuts(), keyD, controlAltSuper, [this] { togglePanel(); });
+    m_hotKey = std::make_unique<HotKey>(m_platform.desktop.globalShortcuts(), keyD, controlAltSuper,
+                                        [this] { togglePanel(); });
 }
 
 void AppDelegate::togglePanel()
@@ -215,11 +209,13 @@ void AppDelegate::showForAMoment()
 // Not within the call that added to the shelf: for thousands of files both take a while.
 void AppDelegate::showForAMomentSoon()
 {
-    m_showing = m_queue.after(0, [this] { showForAMoment(); });
+    m_showing = m_platform.queue.after(0, [this] { showForAMoment(); });
 }
 
 void AppDelegate::applicationWillTerminate()
 {
+    if (m_shelfView)
+        m_shelfView->saveDraggedImages();
     m_store->saveNow();
 }
 

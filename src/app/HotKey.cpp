@@ -1,17 +1,37 @@
 #include "HotKey.h"
 
-#include <QtGlobal>
+#include <QCoreApplication>
 
 #include <limits>
 #include <utility>
 
 namespace nookle {
 
+namespace {
+
+[[nodiscard]] Qt::Key key(std::uint32_t keyCode)
+{
+    constexpr std::uint32_t codeOfD = 2;
+    return keyCode == codeOfD ? Qt::Key_D : Qt::Key_unknown;
+}
+
+[[nodiscard]] Qt::KeyboardModifiers keyboardModifiers(std::uint32_t modifiers)
+{
+    Qt::KeyboardModifiers held;
+    held.setFlag(Qt::MetaModifier, (modifiers & 256) != 0);
+    held.setFlag(Qt::ShiftModifier, (modifiers & 512) != 0);
+    held.setFlag(Qt::AltModifier, (modifiers & 2048) != 0);
+    held.setFlag(Qt::ControlModifier, (modifiers & 4096) != 0);
+    return held;
+}
+
+} // namespace
+
 HotKey::HotKey(GlobalShortcuts& shortcuts, std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> action)
     : m_id(takeId())
-    , m_action(std::move(action))
-    , m_handler(shortcuts.installHandler([this](ShortcutId pressed) { return handle(pressed); }))
-    , m_hotKey(shortcuts.registerShortcut({ keyCode, modifiers }, { signature, m_id }))
+    , m_hotKey(shortcuts.registerShortcut(QKeyCombination(keyboardModifiers(modifiers), key(keyCode)),
+                                          QCoreApplication::translate("HotKey", "Show or hide the shelf"),
+                                          std::move(action)))
 {
 }
 
@@ -20,14 +40,6 @@ std::uint32_t HotKey::takeId()
     if (nextID == std::numeric_limits<std::uint32_t>::max())
         qFatal("no number is left for another shortcut");
     return nextID++;
-}
-
-bool HotKey::handle(ShortcutId pressed) const
-{
-    if (pressed != ShortcutId{ signature, m_id })
-        return false;
-    m_action();
-    return true;
 }
 
 } // namespace nookle

@@ -1,5 +1,6 @@
 #include "SingleInstance.h"
 
+#include "DataFiles.h"
 #include "FileUrl.h"
 #include "Log.h"
 
@@ -100,7 +101,8 @@ inline constexpr qint64 longestRequest = 8 << 20;
 
 SingleInstance::SingleInstance(const QUrl& dataFolder, const QByteArray& runtimeFolder)
     : m_name(nameFor(dataFolder))
-    , m_folderLock(filePath(dataFolder))
+    , m_dataFolder(filePath(dataFolder))
+    , m_folderLock(m_dataFolder)
     , m_runtimeFolder(openPrivateFolder(runtimeFolder))
 {
     connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answerRequests);
@@ -143,6 +145,8 @@ bool SingleInstance::lock()
 
 FolderLock::State SingleInstance::lockFolder()
 {
+    // Who may read a folder may lock it.
+    keepPrivate(m_dataFolder);
     const FolderLock::State state = m_folderLock.take();
     if (state == FolderLock::State::impossible && !std::exchange(m_hasToldOfLock, true))
         logLine(QStringLiteral("the data folder cannot be locked: ") + m_folderLock.error());

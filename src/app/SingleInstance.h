@@ -63,6 +63,7 @@ private:
     [[nodiscard]] bool fulfil(const QByteArray& request) const;
 
     QByteArray m_name;
+    QByteArray m_dataFolder;
     FolderLock m_folderLock;
     bool m_hasToldOfLock = false;
     bool m_isFolderLost = false;

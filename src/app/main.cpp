@@ -3,6 +3,7 @@
 #include "FileArguments.h"
 #include "FilePlaces.h"
 #include "FileUrl.h"
+#include "LinuxPlatform.h"
 #include "Log.h"
 #include "LogOutput.h"
 #include "Mounts.h"
@@ -49,8 +50,8 @@ int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringL
 {
     // What is on this program's shelf has no place to be saved.
     instance.onFolderLost = [] { QApplication::exit(EXIT_FAILURE); };
-    nookle::AppDelegate delegate(dataHome(), dataFolder, nookle::makeDesktopBackend(),
-                                 [&instance] { return instance.claimFolder(); });
+    nookle::LinuxPlatform platform(dataHome(), nookle::makeDesktopBackend());
+    nookle::AppDelegate delegate(platform.parts(), dataFolder, [&instance] { return instance.claimFolder(); });
     delegate.applicationDidFinishLaunching();
     if (!uris.isEmpty())
         delegate.open(uris);

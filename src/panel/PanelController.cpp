@@ -34,7 +34,6 @@ PanelController::PanelController(ShelfStore& store, UserDefaults& defaults, Pane
     , m_displays(displays)
     , m_queue(queue)
     , m_pinning(defaults)
-    , m_self(std::make_shared<PanelController*>(this))
 {
     m_panel.onMouseEntered = [this] { cancelPendingHide(); };
     m_panel.onMouseExited = [this] { scheduleHide(autoHideDelay); };
@@ -87,12 +86,10 @@ void PanelController::hide()
 
     m_isShown = false;
     const QRectF frame = m_panel.frame();
-    m_panel.animateFrame(frame.translated(frame.width(), 0), slideDuration, Easing::in,
-                         [weakSelf = std::weak_ptr(m_self)] {
-                             const auto self = weakSelf.lock();
-                             if (self && !(*self)->m_isShown)
-                                 (*self)->m_panel.orderOut();
-                         });
+    m_panel.animateFrame(frame.translated(frame.width(), 0), slideDuration, Easing::in, m_lifetime.guarded([this] {
+        if (!m_isShown)
+            m_panel.orderOut();
+    }));
 }
 
 void PanelController::showForIncomingDrag()

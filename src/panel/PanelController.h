@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Lifetime.h"
 #include "MainQueue.h"
 #include "PanelPinning.h"
 
@@ -75,15 +76,14 @@ private:
     const Displays& m_displays;
     MainQueue& m_queue;
     PanelPinning m_pinning;
-    std::unique_ptr<DelayedTask> m_pendingHide;
-    std::unique_ptr<RepeatingTimer> m_dragInTimer;
+    std::unique_ptr<Cancellable> m_pendingHide;
+    std::unique_ptr<Cancellable> m_dragInTimer;
     bool m_isDraggingOut = false;
     bool m_isMenuOpen = false;
     bool m_isShown = false;
     /// The identity of the display that the panel was shown on last.
     QString m_display;
-    /// Lives as long as the controller: completions of the window's animations look here before they touch it.
-    std::shared_ptr<PanelController*> m_self;
+    Lifetime m_lifetime;
 };
 
 } // namespace nookle

@@ -6,6 +6,15 @@
 
 namespace nookle {
 
+/// What became of the request that a source saves what it carries.
+enum class SaveAnswer {
+    /// The files are there, or on their way.
+    saved,
+    refused,
+    /// None in time. The files may come all the same.
+    none,
+};
+
 /// What the source of a drop offers. It can be read only while the drop is being handled. Main thread only.
 class DropPayload {
 public:
@@ -26,8 +35,8 @@ public:
     [[nodiscard]] virtual bool canSave() const = 0;
 
     /// Has the source save what it carries at that path, under which nothing exists, in a folder for it alone: some
-    /// sources save several files there, under names of their own. False when it refuses. Files may arrive later.
-    [[nodiscard]] virtual bool save(const QByteArray& path) const = 0;
+    /// sources save several files there, under names of their own.
+    [[nodiscard]] virtual SaveAnswer save(const QByteArray& path) const = 0;
 };
 
 } // namespace nookle

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Cancellable.h"
+
 #include <QByteArray>
 #include <QUrl>
 
@@ -9,12 +11,6 @@
 #include <variant>
 
 namespace nookle {
-
-/// A conversion on its way. Destroying it drops it: its completion is not called any more.
-class ImageConversion {
-public:
-    virtual ~ImageConversion() = default;
-};
 
 /// Turns images that nobody vouches for into PNG. They are decoded in a process of their own, with limits on time and
 /// memory, so that a malicious or broken one harms nothing. Main thread only.
@@ -29,8 +25,8 @@ public:
     /// Converts the first frame of `source`. Refuses images with a side of more than `maximumSide` pixels.
     /// `completion` is called once, on the main thread and after this call has returned; nothing means that no image
     /// could be read. The conversion may be destroyed from within its completion.
-    [[nodiscard]] virtual std::unique_ptr<ImageConversion> convertToPng(Source source, int maximumSide,
-                                                                        Completion completion) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Cancellable> convertToPng(Source source, int maximumSide,
+                                                                    Completion completion) = 0;
 };
 
 } // namespace nookle

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Cancellable.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
@@ -18,12 +20,6 @@ struct LinkMetadata {
     std::function<void(std::function<void(std::optional<QByteArray> png)>)> loadIcon;
 };
 
-/// A lookup under way. Destroying it cancels it: its completion is not called any more.
-class LinkMetadataRequest {
-public:
-    virtual ~LinkMetadataRequest() = default;
-};
-
 /// Looks up titles and icons of web pages. Main thread only.
 class LinkMetadataService {
 public:
@@ -33,7 +29,7 @@ public:
 
     /// Looks `url` up. `completion` is called once, on the main thread and after this call has returned; nothing means
     /// that the lookup failed. The request may be destroyed from within its completion.
-    [[nodiscard]] virtual std::unique_ptr<LinkMetadataRequest> start(const QUrl& url, Completion completion) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Cancellable> start(const QUrl& url, Completion completion) = 0;
 };
 
 } // namespace nookle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Cancellable.h"
 #include "Picture.h"
 
 #include <QUrl>
@@ -9,12 +10,6 @@
 #include <optional>
 
 namespace nookle {
-
-/// A thumbnail on its way. Destroying it drops the request: its completion is not called any more.
-class ThumbnailRequest {
-public:
-    virtual ~ThumbnailRequest() = default;
-};
 
 /// Makes small pictures of what files contain. A file is never decoded in the program itself. Main thread only.
 class Thumbnails {
@@ -26,8 +21,8 @@ public:
     /// Asks for a picture of `file` that fits into a square of `size` points at `scale` pixels a point, keeping its
     /// shape and never enlarged. `completion` is called once, on the main thread and after this call has returned;
     /// nothing means that there is no thumbnail. The request may be destroyed from within its completion.
-    [[nodiscard]] virtual std::unique_ptr<ThumbnailRequest> request(const QUrl& file, double size, double scale,
-                                                                    Completion completion) = 0;
+    [[nodiscard]] virtual std::unique_ptr<Cancellable> request(const QUrl& file, double size, double scale,
+                                                               Completion completion) = 0;
 };
 
 } // namespace nookle

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <cstring>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -84,14 +85,35 @@ QList<ShelfItem> IndexFile::load()
                                                : ShelfIndex::decode(bytes);
     if (auto* index = std::get_if<ShelfIndex>(&decoded)) {
         m_obstacle.reset();
+        wasWritten();
         m_wasRead = true;
         return std::move(index->items);
     }
     m_obstacle = std::get<Failure>(decoded);
+    m_isBroken = bytes.size() == file.size();
     // What cannot be moved is tried again before the first write.
     if (!setAside())
         m_obstacle.reset();
     return {};
+}
+
+std::optional<IndexFile::State> IndexFile::stateOf(const QByteArray& path)
+{
+    struct stat status {};
+    if (::stat(path.constData(), &status) != 0 || !S_ISREG(status.st_mode))
+        return {};
+    return State{ quint64(status.st_dev), quint64(status.st_ino), qint64(status.st_size), qint64(status.st_mtim.tv_sec),
+                  qint64(status.st_mtim.tv_nsec) };
+}
+
+bool IndexFile::isOurs()
+{
+    const auto present = stateOf(m_path);
+    if (!m_obstacle && present && present != m_own) {
+        m_obstacle = Failure{ QStringLiteral("another program has written it") };
+        m_isBroken = false;
+    }
+    return !m_obstacle;
 }
 
 std::optional<Failure> IndexFile::makeWay(bool hasItemFolders)
@@ -108,17 +130,27 @@ std::optional<Failure> IndexFile::makeWay(bool hasItemFolders)
     return failure;
 }
 
+QByteArray IndexFile::asidePath() const
+{
+    constexpr int mostIndexes = 100;
+    QByteArray path = m_asidePath;
+    for (int number = 2; !m_isBroken && exists(path) && number <= mostIndexes; ++number)
+        path = m_asidePath.chopped(qsizetype(std::strlen(".json"))) + '-' + QByteArray::number(number) + ".json";
+    return path;
+}
+
 std::optional<Failure> IndexFile::setAside() const
 {
     std::error_code error;
     std::error_code ignored;
-    const fs::path aside = m_asidePath.toStdString();
+    const QByteArray asidePath = this->asidePath();
+    const fs::path aside = asidePath.toStdString();
     fs::rename(m_path.toStdString(), aside, error);
     if (isInTheWay(error)) {
         fs::remove_all(aside, ignored);
         fs::rename(m_path.toStdString(), aside, error);
     }
-    const QString place = QFile::decodeName(m_asidePath);
+    const QString place = QFile::decodeName(asidePath);
     if (error)
         return Failure{ QStringLiteral("the unreadable index cannot be moved to %1: %2")
                             .arg(place, QString::fromStdString(error.message())) };

@@ -83,6 +83,8 @@ std::optional<Failure> IndexWriter::takeResult()
 {
     const std::shared_ptr<Run> run = std::exchange(m_run, nullptr);
     m_hasGivenUp = false;
+    if (!run->failure && onWritten)
+        onWritten();
     if (m_next)
         start(*std::exchange(m_next, std::nullopt));
     else

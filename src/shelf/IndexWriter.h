@@ -34,6 +34,9 @@ public:
 
     [[nodiscard]] bool isBusy() const { return m_run != nullptr; }
 
+    /// An index was written. Called before the next one is begun. Set by the owner.
+    std::function<void()> onWritten;
+
     /// An index was not written, and nobody waits for it. Set by the owner.
     std::function<void(const Failure&)> onFailed;
 
@@ -51,7 +54,7 @@ private:
     bool m_hasGivenUp = false;
     std::shared_ptr<Run> m_run;
     std::optional<ShelfIndex> m_next;
-    std::unique_ptr<RepeatingTimer> m_timer;
+    std::unique_ptr<Cancellable> m_timer;
 };
 
 } // namespace nookle

@@ -2,7 +2,7 @@
 
 #include "DataFiles.h"
 #include "FileUrl.h"
-#include "UuidText.h"
+#include "IndexText.h"
 
 #include <sys/stat.h>
 #include <unistd.h>

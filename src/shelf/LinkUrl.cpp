@@ -10,8 +10,6 @@ namespace nookle {
 
 namespace {
 
-inline constexpr int highestPort = 65535;
-
 [[nodiscard]] bool isLetter(QChar each)
 {
     const ushort lower = each.unicode() | 0x20;
@@ -77,7 +75,7 @@ inline constexpr int highestPort = 65535;
 
 [[nodiscard]] bool isPort(QStringView port)
 {
-    return std::all_of(port.begin(), port.end(), isDigit) && (port.isEmpty() || port.toUInt() <= highestPort);
+    return std::all_of(port.begin(), port.end(), isDigit);
 }
 
 [[nodiscard]] bool isHostAndPort(QStringView text)
@@ -174,6 +172,13 @@ std::optional<QString> LinkUrl::host() const
     if (host.isEmpty())
         return {};
     return host.toString();
+}
+
+QUrl LinkUrl::url() const
+{
+    const QUrl strict(m_text, QUrl::StrictMode);
+    // The strict reading refuses every escape in a host.
+    return strict.isValid() ? strict : QUrl(m_text, QUrl::TolerantMode);
 }
 
 } // namespace nookle

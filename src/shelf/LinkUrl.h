@@ -11,7 +11,8 @@ namespace nookle {
 /// escapes. Two are equal when their texts are.
 class LinkUrl {
 public:
-    /// Reads RFC 3986 syntax. None for text that is not a valid URL, that has no scheme, or whose port is none.
+    /// Reads RFC 3986 syntax. None for text that is not a valid URL, that has no scheme, or whose port is no
+    /// number; a number may be larger than any port.
     [[nodiscard]] static std::optional<LinkUrl> parse(const QString& text);
 
     /// The same for the text of a saved link. It may also hold brackets and further "#" where they do not belong.
@@ -27,7 +28,9 @@ public:
     /// missing or empty.
     [[nodiscard]] std::optional<QString> host() const;
 
-    [[nodiscard]] QUrl url() const { return QUrl(m_text, QUrl::StrictMode); }
+    /// The same for programs that open it: a host in escapes or in letters of other scripts has its form in ASCII. Not
+    /// valid for one that the toolkit refuses, such as one whose port is too large.
+    [[nodiscard]] QUrl url() const;
 
     bool operator==(const LinkUrl&) const = default;
 

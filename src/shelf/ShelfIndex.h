@@ -24,11 +24,11 @@ struct ShelfIndex {
     /// JSON with sorted keys, one member a line. Dates lose their fractions of a second.
     [[nodiscard]] QByteArray encode() const;
 
-    /// How many bytes `encode` makes. As slow as that where there are long texts.
-    [[nodiscard]] qsizetype encodedSize() const;
-
     /// A number of bytes that these items do not exceed in an index. Quick: it does not look into texts.
     [[nodiscard]] static qsizetype upperBound(const QList<ShelfItem>& items);
+
+    /// The same, closer: it reads every character.
+    [[nodiscard]] static qsizetype closeUpperBound(const QList<ShelfItem>& items);
 
     /// Reads what `encode` wrote. One bad item makes all of it unreadable.
     [[nodiscard]] static std::variant<ShelfIndex, Failure> decode(const QByteArray& bytes);

@@ -1,12 +1,9 @@
 #pragma once
 
 #include "Failure.h"
-#include "FileUrls.h"
-#include "IndexFile.h"
-#include "IndexWriter.h"
 #include "ItemFiles.h"
-#include "LinkMetadataService.h"
-#include "MainQueue.h"
+#include "LinkLookups.h"
+#include "SavedIndex.h"
 #include "ShelfItem.h"
 
 #include <QDateTime>
@@ -18,13 +15,13 @@
 #include <QUuid>
 
 #include <functional>
-#include <map>
-#include <memory>
 #include <optional>
 
 namespace nookle {
 
 class FileReferences;
+class LinkMetadataService;
+class MainQueue;
 class Trash;
 struct ResolvedFile;
 
@@ -58,7 +55,7 @@ public:
     [[nodiscard]] const QList<ShelfItem>& items() const { return m_items; }
 
     /// Where the file of each file item was at the last look; no entry for one that is gone or in the Trash.
-    [[nodiscard]] const QHash<QUuid, QUrl>& fileURLs() const { return m_fileUrls.byId(); }
+    [[nodiscard]] const QHash<QUuid, QUrl>& fileURLs() const { return m_fileURLs; }
 
     /// Adds files and folders by reference, the first one on top. A file that is on the shelf moves to the top; a URL
     /// given twice counts twice. What cannot be referred to is left out.
@@ -74,6 +71,9 @@ public:
     /// Moves an image file into the shelf's own folder and adds it. If that fails it is logged and told, and the file
     /// stays where it was.
     void addImage(const QUrl& movingFrom);
+
+    /// An image that should have been added was lost on its way here: tells so as `addImage` does.
+    void imageNotAdded(const QString& reason);
 
     /// Puts `bytes` in the place of the file of an image, whose own another program has taken away. Nothing for an id
     /// that is no image's. A failure is logged.
@@ -121,14 +121,6 @@ Q_SIGNALS:
 
 private:
     void removeOrphan(const QUuid& id) const;
-    [[nodiscard]] QSet<QUuid> ids() const;
-    void scheduleSave();
-    enum class Wait { untilDone, whileShort };
-    void save(Wait wait);
-    [[nodiscard]] std::optional<Failure> prepareToSave();
-    void logSavingFailure(const Failure& failure) const;
-    /// Folders of items beside no index look like those of a lost one.
-    [[nodiscard]] std::optional<Failure> ensureIndex();
     /// Whether the index can take the items too; says so if not.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
     [[nodiscard]] FileContent refreshed(const FileContent& file, const ResolvedFile& resolved) const;
@@ -143,27 +135,17 @@ private:
     void moveImageToTrash(const ShelfItem& item) const;
     /// Releases those bookmarks that no item holds any more.
     void releaseUnused(QSet<QByteArray> bookmarks) const;
-
-    [[nodiscard]] static QString iconFileName() { return QStringLiteral("icon.png"); }
-    void fetchLinkMetadata(QUuid id, const QUrl& url);
-    void finishLookup(QUuid id, std::optional<LinkMetadata> metadata);
     void saveIcon(const QByteArray& png, QUuid id);
 
     QList<ShelfItem> m_items;
-    FileUrls m_fileUrls;
+    QHash<QUuid, QUrl> m_fileURLs;
     Environment m_environment;
     QUrl m_directory;
-    IndexFile m_index;
     ItemFiles m_itemFiles;
     FileReferences& m_fileReferences;
     const Trash& m_trash;
-    LinkMetadataService& m_linkMetadata;
-    MainQueue& m_queue;
-    IndexWriter m_indexWriter;
-    bool m_isSavingOff = false;
-    std::unique_ptr<DelayedTask> m_pendingSave;
-    /// The lookups under way.
-    std::map<QUuid, std::unique_ptr<LinkMetadataRequest>> m_metadataProviders;
+    SavedIndex m_index;
+    LinkLookups m_lookups;
 };
 
 } // namespace nookle

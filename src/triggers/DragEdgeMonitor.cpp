@@ -59,18 +59,19 @@ void DragEdgeMonitor::leftMouseDown()
 {
     m_changeCountAtMouseDown = m_input.dragChangeCount();
     m_hasFired = false;
-    m_lastPosition.reset();
+    m_lastPosition = m_pointer.position();
 }
 
-// Runs for every movement of every drag on the desktop: the cheap tests come first.
+// Runs for every movement of every drag on the desktop: the displays are asked for last.
 void DragEdgeMonitor::mouseDragged()
 {
     if (m_hasFired)
         return;
-    if (m_input.dragChangeCount() == m_changeCountAtMouseDown)
-        return;
+    // A drag of content begins somewhere between two looks.
     const QPointF position = m_pointer.position();
     const QPointF last = std::exchange(m_lastPosition, position).value_or(position);
+    if (m_input.dragChangeCount() == m_changeCountAtMouseDown)
+        return;
     if (!touchesRightEdge(m_displays.frames(), last, position))
         return;
     m_hasFired = true;

@@ -12,7 +12,7 @@ namespace nookle {
 
 class Displays;
 class InputMonitor;
-class InputSubscription;
+class Cancellable;
 class Pointer;
 
 /// Notices that the user drags content of another program against the right edge of a display, once for each press of
@@ -40,10 +40,10 @@ private:
     InputMonitor& m_input;
     const Pointer& m_pointer;
     const Displays& m_displays;
-    std::vector<std::unique_ptr<InputSubscription>> m_monitors;
+    std::vector<std::unique_ptr<Cancellable>> m_monitors;
     qint64 m_changeCountAtMouseDown = 0;
     bool m_hasFired = false;
-    /// Where the pointer was at the last look during this drag of content.
+    /// Where the pointer was at the press, or at the last look since.
     std::optional<QPointF> m_lastPosition;
 };
 

@@ -21,6 +21,9 @@ inline constexpr double retryDelay = 1.5;
 /// Whoever takes screenshots makes the folder again, or the user does.
 inline constexpr double pauseWithoutFolder = 5;
 
+/// A look at a path costs next to nothing.
+inline constexpr double checkInterval = 60;
+
 /// Another program has to end first.
 inline constexpr double pauseWithoutWatch = 60;
 
@@ -72,6 +75,7 @@ void ScreenshotWatcher::start()
 void ScreenshotWatcher::stop()
 {
     m_source.reset();
+    m_check.reset();
     m_nextTry.reset();
 }
 
@@ -79,6 +83,7 @@ WatchedFolder::Result ScreenshotWatcher::watchDirectory()
 {
     WatchedFolder watched = m_folders.watch(m_directory, [this] { scheduleScan(); });
     m_source = std::move(watched.subscription);
+    m_check = m_source ? m_queue.every(checkInterval, [this] { lookWhetherInPlace(); }) : nullptr;
     return watched.result;
 }
 
@@ -115,6 +120,12 @@ void ScreenshotWatcher::tellNoWatchLeft()
                     .arg(QFile::decodeName(filePath(m_directory))));
 }
 
+void ScreenshotWatcher::lookWhetherInPlace()
+{
+    if (!m_source->isInPlace())
+        scheduleScan();
+}
+
 std::set<QByteArray> ScreenshotWatcher::currentNames() const
 {
     std::set<QByteArray> names = m_folders.entryNames(m_directory);
@@ -129,8 +140,11 @@ void ScreenshotWatcher::scheduleScan()
 
 void ScreenshotWatcher::scan()
 {
-    if (m_source && !m_source->isInPlace())
+    if (m_source && !m_source->isInPlace()) {
+        // Names in another folder are other files, even where they are the same.
+        m_knownNames.clear();
         watchAgain();
+    }
     std::set<QByteArray> current = currentNames();
     std::vector<QByteArray> added;
     std::set_difference(current.begin(), current.end(), m_knownNames.begin(), m_knownNames.end(),

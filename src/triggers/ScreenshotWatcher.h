@@ -13,7 +13,7 @@
 
 namespace nookle {
 
-class DelayedTask;
+class Cancellable;
 class MainQueue;
 class ScreenshotSettings;
 
@@ -31,7 +31,8 @@ public:
 
     /// Begins to watch that folder, all of whose present files count as old. Does nothing while it watches already;
     /// when the folder cannot be opened it stays stopped and says so in one log line. A folder that goes later is
-    /// watched again once it is back, and one for which there was no watch left once there is.
+    /// watched again once it is back, and one for which there was no watch left once there is. All that is in a folder
+    /// that has taken the place of another counts as new.
     void start();
 
     /// Ends the watch. A look at the folder that is already due still happens.
@@ -41,13 +42,14 @@ public:
     std::function<void(const QUrl&)> onScreenshot = [](const QUrl&) {};
 
 private:
-    using Retries = std::list<std::unique_ptr<DelayedTask>>;
+    using Retries = std::list<std::unique_ptr<Cancellable>>;
 
     [[nodiscard]] std::set<QByteArray> currentNames() const;
     [[nodiscard]] WatchedFolder::Result watchDirectory();
     void watchAgainAfter(double seconds);
     void watchAgain();
     void tellNoWatchLeft();
+    void lookWhetherInPlace();
     void scheduleScan();
     void scan();
     void scheduleRetry(std::vector<QUrl> files);
@@ -58,11 +60,13 @@ private:
     MainQueue& m_queue;
     QUrl m_directory;
     std::unique_ptr<FolderSubscription> m_source;
+    /// Runs while there is a watch: of what happens to the folders above it tells nothing.
+    std::unique_ptr<Cancellable> m_check;
     /// Waits while there is no watch but should be one.
-    std::unique_ptr<DelayedTask> m_nextTry;
+    std::unique_ptr<Cancellable> m_nextTry;
     bool m_hasToldNoWatchLeft = false;
     std::set<QByteArray> m_knownNames;
-    std::unique_ptr<DelayedTask> m_pendingScan;
+    std::unique_ptr<Cancellable> m_pendingScan;
     Retries m_retries;
 };
 

@@ -15,8 +15,10 @@ namespace nookle {
 
 namespace {
 
-/// In seconds, from one look to the next: at first the program moves it, and later its user may still choose to.
-inline constexpr std::array pauses{ 0.3, 0.7, 2.0, 3.0, 6.0, 12.0, 18.0, 18.0 };
+/// In seconds, from one look to the next: at first the program moves it, and later its user may still choose to, in a
+/// menu or a question that stays open. The last one is repeated.
+inline constexpr std::array pauses{ 0.3, 0.7, 2.0, 3.0, 6.0, 12.0, 18.0 };
+inline constexpr std::size_t mostLooks = 38;
 
 [[nodiscard]] std::filesystem::file_type typeOf(const QUrl& file)
 {
@@ -26,30 +28,22 @@ inline constexpr std::array pauses{ 0.3, 0.7, 2.0, 3.0, 6.0, 12.0, 18.0, 18.0 };
 
 } // namespace
 
-DraggedImage::DraggedImage(ShelfStore& store, FileReferences& references, const Trash& trash, MainQueue& queue)
-    : m_store(store)
-    , m_references(references)
-    , m_trash(trash)
-    , m_queue(queue)
+DraggedImage::DraggedImage(Services services, const ShelfItem& item)
+    : m_services(services)
+    , m_item(item)
 {
+    const auto url = m_services.store.localURL(item);
+    const bool isImage = std::holds_alternative<ImageContent>(item.content);
+    if (!isImage || !url || typeOf(*url) != std::filesystem::file_type::regular)
+        return;
+    m_file.setFileName(QFile::decodeName(filePath(*url)));
+    if (m_file.open(QIODevice::ReadOnly))
+        m_reference = m_services.references.make(*url).value_or(QByteArray());
 }
 
 DraggedImage::~DraggedImage()
 {
     end();
-}
-
-void DraggedImage::begin(const ShelfItem& item)
-{
-    end();
-    const auto url = m_store.localURL(item);
-    const bool isImage = std::holds_alternative<ImageContent>(item.content);
-    if (!isImage || !url || typeOf(*url) != std::filesystem::file_type::regular)
-        return;
-    m_item = item;
-    m_file.setFileName(QFile::decodeName(filePath(*url)));
-    if (m_file.open(QIODevice::ReadOnly))
-        m_reference = m_references.make(*url).value_or(QByteArray());
 }
 
 void DraggedImage::keepLooking(std::function<void()> onTrashed)
@@ -60,22 +54,28 @@ void DraggedImage::keepLooking(std::function<void()> onTrashed)
     lookAfter(0);
 }
 
+void DraggedImage::lookNow()
+{
+    if (m_onTrashed && look())
+        end();
+}
+
 void DraggedImage::end()
 {
     m_nextLook.reset();
     m_onTrashed = nullptr;
     m_file.close();
     if (const QByteArray reference = std::exchange(m_reference, {}); !reference.isEmpty())
-        m_references.release(reference);
+        m_services.references.release(reference);
 }
 
 void DraggedImage::lookAfter(std::size_t pause)
 {
-    if (pause == pauses.size()) {
+    if (pause == mostLooks) {
         end();
         return;
     }
-    m_nextLook = m_queue.after(pauses[pause], [this, pause] {
+    m_nextLook = m_services.queue.after(pauses[std::min(pause, pauses.size() - 1)], [this, pause] {
         if (look())
             end();
         else
@@ -85,9 +85,9 @@ void DraggedImage::lookAfter(std::size_t pause)
 
 bool DraggedImage::look()
 {
-    const auto& items = m_store.items();
+    const auto& items = m_services.store.items();
     const auto isThis = [this](const ShelfItem& item) { return item.id == m_item.id; };
-    const auto url = m_store.localURL(m_item);
+    const auto url = m_services.store.localURL(m_item);
     if (!url || std::none_of(items.begin(), items.end(), isThis))
         return true;
     if (typeOf(*url) != std::filesystem::file_type::not_found)
@@ -103,15 +103,15 @@ bool DraggedImage::look()
 
 bool DraggedImage::isInTrash() const
 {
-    const auto found = m_reference.isEmpty() ? std::nullopt : m_references.resolve(m_reference);
-    return found && m_trash.contains(found->url);
+    const auto found = m_reference.isEmpty() ? std::nullopt : m_services.references.resolve(m_reference);
+    return found && m_services.trash.contains(found->url);
 }
 
 void DraggedImage::copyBack()
 {
     const QByteArray bytes = m_file.readAll();
     if (m_file.error() == QFileDevice::NoError)
-        m_store.restoreImage(m_item.id, bytes);
+        m_services.store.restoreImage(m_item.id, bytes);
     else
         logLine(QStringLiteral("could not restore image: ") + m_file.errorString());
 }

@@ -22,20 +22,30 @@ class Trash;
 /// shelf gets a copy of it in the old place. Borrows everything. Main thread only.
 class DraggedImage final {
 public:
-    DraggedImage(ShelfStore& store, FileReferences& references, const Trash& trash, MainQueue& queue);
+    struct Services {
+        ShelfStore& store;
+        FileReferences& references;
+        const Trash& trash;
+        MainQueue& queue;
+    };
+
+    /// `item` begins to be dragged: holds its file open if it is an image.
+    DraggedImage(Services services, const ShelfItem& item);
     ~DraggedImage();
     DraggedImage(const DraggedImage&) = delete;
     DraggedImage& operator=(const DraggedImage&) = delete;
 
-    /// `item` begins to be dragged: holds its file open if it is an image. Lets go of the one before.
-    void begin(const ShelfItem& item);
+    [[nodiscard]] const QUuid& id() const { return m_item.id; }
 
-    /// Looks again and again during the next minute whether the file is still there. A file that was moved is copied
-    /// back; for one in the Trash `onTrashed` is called instead. Then the file is let go of.
+    /// Whether it holds nothing, or nothing any more.
+    [[nodiscard]] bool isDone() const { return !m_file.isOpen(); }
+
+    /// Looks again and again during the next ten minutes whether the file is still there. A file that was moved is
+    /// copied back; for one in the Trash `onTrashed` is called instead. Then the file is let go of.
     void keepLooking(std::function<void()> onTrashed);
 
-    /// Lets go of the file.
-    void end();
+    /// Looks at once, if it is to keep looking.
+    void lookNow();
 
 private:
     void lookAfter(std::size_t pause);
@@ -43,16 +53,14 @@ private:
     [[nodiscard]] bool look();
     [[nodiscard]] bool isInTrash() const;
     void copyBack();
+    void end();
 
-    ShelfStore& m_store;
-    FileReferences& m_references;
-    const Trash& m_trash;
-    MainQueue& m_queue;
+    Services m_services;
     ShelfItem m_item;
     QFile m_file;
     QByteArray m_reference;
     std::function<void()> m_onTrashed;
-    std::unique_ptr<DelayedTask> m_nextLook;
+    std::unique_ptr<Cancellable> m_nextLook;
 };
 
 } // namespace nookle

@@ -66,7 +66,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_store(services.store)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
     , m_trashWatch(services.references, services.trash, services.queue)
-    , m_draggedImage(services.store, services.references, services.trash, services.queue)
+    , m_draggedImages({ services.store, services.references, services.trash, services.queue })
     , m_dropHandler(services.store, services.queue, services.transfers)
     , m_thumbnails(services.thumbnails)
     , m_compositing(services.compositing)
@@ -185,8 +185,8 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
     interaction.onDragBegan = [self] {
-        if (self && self->onDragOutBegan)
-            self->onDragOutBegan();
+        if (self)
+            self->dragBegan();
     };
     interaction.onDragEnded = [self, item](DragOperation operation) {
         if (self)
@@ -234,18 +234,31 @@ void ShelfView::menuOpenChanged(bool isOpen)
         onMenuOpenChanged(m_openMenus > 0);
 }
 
+void ShelfView::saveDraggedImages()
+{
+    m_draggedImages.lookNow();
+}
+
 std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
 {
     if (const auto file = m_store.localURL(item))
         m_trashWatch.begin(item, *file);
-    m_draggedImage.begin(item);
+    m_draggedImages.begin(item);
     return m_actions.dragItem(item, thumbnailOf(item));
+}
+
+void ShelfView::dragBegan()
+{
+    m_isDraggingOut = true;
+    if (onDragOutBegan)
+        onDragOutBegan();
 }
 
 // What the destination says that it did is no proof; where the file is now, is. After a drag that nobody took, whoever
 // moves the file to the Trash is not the destination.
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 {
+    m_isDraggingOut = false;
     setHovered(std::nullopt);
     const bool hasFile = m_store.localURL(item).has_value();
     if (hasFile && operation == DragOperation::none)
@@ -256,7 +269,7 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
     if (hasFile && operation != DragOperation::remove && operation != DragOperation::none)
         keepLooking(item);
     else
-        m_draggedImage.end();
+        m_draggedImages.end();
     if (onDragOutEnded)
         onDragOutEnded();
 }
@@ -265,14 +278,14 @@ void ShelfView::keepLooking(const ShelfItem& item)
 {
     const auto onTrashed = [this, item] { m_actions.dragEnded(item, DragOperation::remove); };
     m_trashWatch.keepLooking(onTrashed);
-    m_draggedImage.keepLooking(onTrashed);
+    m_draggedImages.keepLooking(onTrashed);
 }
 
 // Other programs' sources delete what they believe to be moved, so nothing but a copy is ever taken.
 bool ShelfView::canTake(const QDropEvent& event) const
 {
-    const bool isOwnItem = event.source() != nullptr;
-    return !isOwnItem && (event.possibleActions() & Qt::CopyAction) && offersDropItems(*m_readDrop(*event.mimeData()));
+    return !m_isDraggingOut && (event.possibleActions() & Qt::CopyAction)
+        && offersDropItems(*m_readDrop(*event.mimeData()));
 }
 
 void ShelfView::setDropTarget(bool isDropTarget)

@@ -2,7 +2,7 @@
 
 #include "Compositing.h"
 #include "DragSession.h"
-#include "DraggedImage.h"
+#include "DraggedImages.h"
 #include "DropHandler.h"
 #include "DropPayload.h"
 #include "ShelfItemActions.h"
@@ -70,9 +70,11 @@ public:
     /// The user wants the shelf out of the way.
     std::function<void()> onHide;
 
-    /// Loads what the first showing needs and what takes a while: the desktop's fonts and icons. Calling it is not a
-    /// must.
+    /// Loads what the first showing needs and what takes a while: the desktop's fonts and icons. May be left out.
     void prepare();
+
+    /// The program is about to end: what a receiver has moved of the images that were dragged out is copied back.
+    void saveDraggedImages();
 
     /// The item under the pointer, if any.
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
@@ -116,13 +118,14 @@ private:
     [[nodiscard]] bool showsHover(const QUuid& id) const { return !m_isDropTarget && m_hoveredID == id; }
     void updateHover(const std::optional<QUuid>& id);
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
+    void dragBegan();
     void dragEnded(const ShelfItem& item, DragOperation operation);
     void keepLooking(const ShelfItem& item);
 
     ShelfStore& m_store;
     ShelfItemActions m_actions;
     TrashWatch m_trashWatch;
-    DraggedImage m_draggedImage;
+    DraggedImages m_draggedImages;
     DropHandler m_dropHandler;
     Thumbnails& m_thumbnails;
     Compositing& m_compositing;
@@ -133,6 +136,8 @@ private:
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
     bool m_isDropTarget = false;
+    /// What is dragged is an item of the shelf, which it does not take back.
+    bool m_isDraggingOut = false;
     std::optional<QUuid> m_hoveredID;
     int m_openMenus = 0;
 };

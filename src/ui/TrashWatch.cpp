@@ -29,6 +29,7 @@ TrashWatch::~TrashWatch()
 
 void TrashWatch::begin(const ShelfItem& item, const QUrl& file)
 {
+    static_cast<void>(lookNow());
     end();
     const auto* referred = std::get_if<FileContent>(&item.content);
     m_isOwnReference = referred == nullptr;
@@ -49,6 +50,16 @@ void TrashWatch::keepLooking(std::function<void()> onTrashed)
     lookAfter(0);
 }
 
+bool TrashWatch::lookNow()
+{
+    if (!m_onTrashed || !isInTrash())
+        return false;
+    const auto onTrashed = std::exchange(m_onTrashed, nullptr);
+    end();
+    onTrashed();
+    return true;
+}
+
 void TrashWatch::lookAfter(std::size_t pause)
 {
     if (pause == pauses.size()) {
@@ -56,13 +67,8 @@ void TrashWatch::lookAfter(std::size_t pause)
         return;
     }
     m_nextLook = m_queue.after(pauses[pause], [this, pause] {
-        if (!isInTrash()) {
+        if (!lookNow())
             lookAfter(pause + 1);
-            return;
-        }
-        const auto onTrashed = std::exchange(m_onTrashed, nullptr);
-        end();
-        onTrashed();
     });
 }
 

@@ -24,7 +24,8 @@ public:
     TrashWatch(const TrashWatch&) = delete;
     TrashWatch& operator=(const TrashWatch&) = delete;
 
-    /// The file of `item`, at `file`, begins to be dragged. Ends the watch over the one before.
+    /// The file of `item`, at `file`, begins to be dragged. Ends the watch over the one before
+    /// with a last look at it.
     void begin(const ShelfItem& item, const QUrl& file);
 
     /// Whether the file is in the Trash now.
@@ -37,6 +38,8 @@ public:
     void end();
 
 private:
+    /// Whether the file has turned up in the Trash.
+    bool lookNow();
     void lookAfter(std::size_t pause);
 
     FileReferences& m_references;
@@ -46,7 +49,7 @@ private:
     /// An image of the shelf's own is referred to only as long as it is watched.
     bool m_isOwnReference = false;
     std::function<void()> m_onTrashed;
-    std::unique_ptr<DelayedTask> m_nextLook;
+    std::unique_ptr<Cancellable> m_nextLook;
 };
 
 } // namespace nookle

@@ -14,9 +14,8 @@ class HotKeyTest : public QObject {
 private Q_SLOTS:
     // The first, since numbers are counted from the start of the program.
     void twoHotKeysHaveTheNumbersOneAndTwoAndIgnoreEachOthersPresses();
-    void theShortcutIsRegisteredAsItIsGiven();
-    void aPressWithoutAnIdentifierIsNotHandled();
-    void aPressOfAnotherProgramsSignatureIsNotHandled();
+    void theKeysAreThoseOfTheNumbers_data();
+    void theKeysAreThoseOfTheNumbers();
     void afterItsReleasePressesReachNobody();
     void aShortcutThatIsTakenNeverFires();
 };
@@ -27,54 +26,48 @@ void HotKeyTest::twoHotKeysHaveTheNumbersOneAndTwoAndIgnoreEachOthersPresses()
     int first = 0;
     int second = 0;
     const HotKey one(shortcuts, 2, 6400, [&] { ++first; });
-    const HotKey two(shortcuts, 3, 6400, [&] { ++second; });
+    const HotKey two(shortcuts, 2, 4096, [&] { ++second; });
     QCOMPARE(one.id(), 1U);
     QCOMPARE(two.id(), 2U);
-    QVERIFY(shortcuts.press({ HotKey::signature, 2 }));
+    shortcuts.registered.at(2).pressed();
     QCOMPARE(first, 0);
     QCOMPARE(second, 1);
-    QVERIFY(shortcuts.press({ HotKey::signature, 1 }));
+    shortcuts.registered.at(1).pressed();
     QCOMPARE(first, 1);
     QCOMPARE(second, 1);
-    QVERIFY(!shortcuts.press({ HotKey::signature, 3 }));
 }
 
-void HotKeyTest::theShortcutIsRegisteredAsItIsGiven()
+void HotKeyTest::theKeysAreThoseOfTheNumbers_data()
 {
-    FakeGlobalShortcuts shortcuts;
-    const HotKey hotKey(shortcuts, 2, 6400, [] {});
-    const auto [shortcut, id] = shortcuts.registered.at(hotKey.id());
-    QCOMPARE(shortcut.keyCode, 2U);
-    QCOMPARE(shortcut.modifiers, 6400U);
-    QCOMPARE(id.signature, 0x4e4f4f4bU);
+    QTest::addColumn<std::uint32_t>("keyCode");
+    QTest::addColumn<std::uint32_t>("modifiers");
+    QTest::addColumn<QKeyCombination>("keys");
+    QTest::newRow("the shelf's own") << 2U << 6400U << QKeyCombination(Qt::CTRL | Qt::ALT | Qt::META, Qt::Key_D);
+    QTest::newRow("control") << 2U << 4096U << QKeyCombination(Qt::CTRL, Qt::Key_D);
+    QTest::newRow("alt") << 2U << 2048U << QKeyCombination(Qt::ALT, Qt::Key_D);
+    QTest::newRow("shift") << 2U << 512U << QKeyCombination(Qt::SHIFT, Qt::Key_D);
+    QTest::newRow("super") << 2U << 256U << QKeyCombination(Qt::META, Qt::Key_D);
+    QTest::newRow("another key") << 1U << 0U << QKeyCombination(Qt::Key_unknown);
 }
 
-void HotKeyTest::aPressWithoutAnIdentifierIsNotHandled()
+void HotKeyTest::theKeysAreThoseOfTheNumbers()
 {
+    QFETCH(const std::uint32_t, keyCode);
+    QFETCH(const std::uint32_t, modifiers);
+    QFETCH(const QKeyCombination, keys);
     FakeGlobalShortcuts shortcuts;
-    int presses = 0;
-    const HotKey hotKey(shortcuts, 2, 6400, [&] { ++presses; });
-    QVERIFY(!shortcuts.press({}));
-    QCOMPARE(presses, 0);
-}
-
-void HotKeyTest::aPressOfAnotherProgramsSignatureIsNotHandled()
-{
-    FakeGlobalShortcuts shortcuts;
-    const HotKey hotKey(shortcuts, 2, 6400, [] {});
-    QVERIFY(!shortcuts.press({ HotKey::signature + 1, hotKey.id() }));
+    const HotKey hotKey(shortcuts, keyCode, modifiers, [] {});
+    QCOMPARE(shortcuts.registered.at(1).keys, keys);
+    QCOMPARE(shortcuts.registered.at(1).description, QStringLiteral("Show or hide the shelf"));
 }
 
 void HotKeyTest::afterItsReleasePressesReachNobody()
 {
     FakeGlobalShortcuts shortcuts;
-    int presses = 0;
-    auto hotKey = std::make_unique<HotKey>(shortcuts, 2, 6400, [&] { ++presses; });
-    const ShortcutId id{ HotKey::signature, hotKey->id() };
+    auto hotKey = std::make_unique<HotKey>(shortcuts, 2, 6400, [] {});
+    QCOMPARE(shortcuts.registered.size(), 1U);
     hotKey.reset();
     QVERIFY(shortcuts.registered.empty());
-    QVERIFY(!shortcuts.press(id));
-    QCOMPARE(presses, 0);
 }
 
 void HotKeyTest::aShortcutThatIsTakenNeverFires()

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void aScreenshotIsIgnoredWhileCollectingIsOff();
     void aScreenshotIsAddedWhereItIs();
     void aScreenshotIsTakenOver();
+    void aLinkToAScreenshotIsNeverTakenOver();
     void theNewestScreenshotIsOnTop_data();
     void theNewestScreenshotIsOnTop();
     void manyAreAddedInOneChange();
@@ -90,6 +91,21 @@ void ScreenshotCollectorTest::aScreenshotIsTakenOver()
     m_fixture->queue.runPosted();
     QCOMPARE(m_store->items().size(), 1);
     QVERIFY(!QFile::exists(m_fixture->path(QStringLiteral("a.png"))));
+    QCOMPARE(m_collected, 1);
+}
+
+void ScreenshotCollectorTest::aLinkToAScreenshotIsNeverTakenOver()
+{
+    m_settings->setMoveScreenshots(true);
+    const QUrl target = makeFile(QStringLiteral("target.png"));
+    const QUrl link = m_fixture->urlOf(QStringLiteral("link.png"));
+    QVERIFY(QFile::link(target.toLocalFile(), link.toLocalFile()));
+    m_collector->collect(link);
+    m_fixture->queue.runPosted();
+    QCOMPARE(m_store->items().size(), 1);
+    QVERIFY(std::holds_alternative<FileContent>(m_store->items().constFirst().content));
+    QCOMPARE(m_store->fileURLs().value(m_store->items().constFirst().id), link);
+    QVERIFY(QFile::exists(link.toLocalFile()));
     QCOMPARE(m_collected, 1);
 }
 

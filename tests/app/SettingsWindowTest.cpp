@@ -8,14 +8,53 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 
 using namespace nookle;
+
+namespace {
+
+/// What a control says to whoever reads the window; none for what says nothing by its nature.
+[[nodiscard]] std::optional<QString> textOf(const QWidget& widget)
+{
+    if (const auto* section = qobject_cast<const QGroupBox*>(&widget))
+        return section->title();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(&widget))
+        return button->text();
+    const auto* picker = qobject_cast<const QComboBox*>(&widget);
+    QStringList choices;
+    for (int index = 0; picker && index < picker->count(); ++index)
+        choices.append(picker->itemText(index));
+    if (picker)
+        return choices.join(QStringLiteral(" | "));
+    const auto* label = qobject_cast<const QLabel*>(&widget);
+    return label ? std::optional(label->text().remove(QChar(0x200b))) : std::nullopt;
+}
+
+/// Adds the texts that are shown in `layout`, from the first to the last.
+void collectTexts(const QLayout& layout, QStringList& texts)
+{
+    for (int index = 0; index < layout.count(); ++index) {
+        QLayoutItem* item = layout.itemAt(index);
+        const QWidget* widget = item->widget();
+        if (widget && !widget->isVisible())
+            continue;
+        if (const auto text = widget ? textOf(*widget) : std::nullopt)
+            texts.append(*text);
+        if (const QLayout* inner = widget ? widget->layout() : item->layout())
+            collectTexts(*inner, texts);
+    }
+}
+
+} // namespace
 
 class SettingsWindowTest : public QObject {
     Q_OBJECT
@@ -26,8 +65,10 @@ private Q_SLOTS:
 
     void openingTwiceMakesOneWindow();
     void theWindowIsAsWideAsItsFormAndCannotBeResized();
+    void theWindowStandsInTheMiddleOfTheDisplay();
     void closingHidesTheWindowAndTheNextRequestShowsTheSame();
     void theSectionsStandInTheirOrder();
+    void everyTextStandsInItsPlace();
     void theFormShowsTheSettings();
     void eachControlWritesThroughAtOnce();
     void aChangeMadeElsewhereIsShown();
@@ -142,6 +183,15 @@ void SettingsWindowTest::theWindowIsAsWideAsItsFormAndCannotBeResized()
     QVERIFY(window()->windowFlags() & Qt::WindowCloseButtonHint);
 }
 
+void SettingsWindowTest::theWindowStandsInTheMiddleOfTheDisplay()
+{
+    open();
+    // The frame is not known before the window shows.
+    constexpr int frame = 20;
+    const QPoint away = window()->geometry().center() - window()->screen()->availableGeometry().center();
+    QVERIFY2(away.manhattanLength() <= frame, qPrintable(QStringLiteral("%1, %2").arg(away.x()).arg(away.y())));
+}
+
 void SettingsWindowTest::closingHidesTheWindowAndTheNextRequestShowsTheSame()
 {
     open();
@@ -165,6 +215,35 @@ void SettingsWindowTest::theSectionsStandInTheirOrder()
     const QStringList expected{ QStringLiteral("General"), QStringLiteral("Shelf"), QStringLiteral("Screenshots") };
     QCOMPARE(titles, expected);
     QVERIFY(visibleLabel(QStringLiteral("⌃⌥⌘D")));
+}
+
+void SettingsWindowTest::everyTextStandsInItsPlace()
+{
+    m_loginItem->current = LoginItem::Status::requiresApproval;
+    open();
+    QCOMPARE(window()->windowTitle(), QStringLiteral("Nookle Settings"));
+    QStringList texts;
+    collectTexts(*window()->layout(), texts);
+    const QStringList expected{
+        QStringLiteral("General"),
+        QStringLiteral("Open at login"),
+        QStringLiteral("Allow Nookle under Login Items in System Settings."),
+        QStringLiteral("Open System Settings"),
+        QStringLiteral("Shelf"),
+        QStringLiteral("Show when dragging to the edge"),
+        QStringLiteral("Drag something to the right edge of the screen and the shelf slides in automatically."),
+        QStringLiteral("Remove items"),
+        QStringLiteral("Never | After 1 hour | After 24 hours | After 1 week"),
+        QStringLiteral("Pinned items always stay. Copies such as images go to the Trash."),
+        QStringLiteral("Show and hide"),
+        QStringLiteral("⌃⌥⌘D"),
+        QStringLiteral("Screenshots"),
+        QStringLiteral("Add new screenshots to the shelf"),
+        QStringLiteral("Folder: /home/me/Pictures"),
+        QStringLiteral("Move them from the desktop to the shelf"),
+        QStringLiteral("Otherwise the screenshot stays where it is and the shelf only refers to it."),
+    };
+    QCOMPARE(texts.join(QLatin1Char('\n')), expected.join(QLatin1Char('\n')));
 }
 
 void SettingsWindowTest::theFormShowsTheSettings()
@@ -309,6 +388,8 @@ void SettingsWindowTest::anItemThatAwaitsApprovalIsShownAsOffWithTheHint()
     open();
     QVERIFY(!launchAtLogin().isChecked());
     QVERIFY(isHintShown());
+    const QLabel* hint = visibleLabel(QStringLiteral("Allow Nookle under Login Items in System Settings."));
+    QCOMPARE(hint->foregroundRole(), QPalette::PlaceholderText);
 }
 
 void SettingsWindowTest::switchingOnAnItemThatAwaitsApprovalRegistersItAgain()

@@ -1,6 +1,7 @@
 #include "SingleInstance.h"
 
 #include "FileUrl.h"
+#include "FolderLock.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -39,6 +40,7 @@ private Q_SLOTS:
     void aFolderThatComesLaterIsClaimed();
     void aFolderThatAnotherProgramTookFirstStaysItsOwn();
     void aProgramThatEndsJustNowIsWaitedFor();
+    void aFolderThatOthersMayReadIsClosedBeforeItIsLocked();
 
 private:
     [[nodiscard]] static QUrl folder(const QTemporaryDir& directory)
@@ -299,6 +301,20 @@ void SingleInstanceTest::aProgramThatEndsJustNowIsWaitedFor()
     first.reset();
     QVERIFY(thread->wait());
     QCOMPARE(claim, SingleInstance::Claim::granted);
+}
+
+void SingleInstanceTest::aFolderThatOthersMayReadIsClosedBeforeItIsLocked()
+{
+    const QTemporaryDir directory;
+    const QString path = directory.filePath(QStringLiteral("Nookle"));
+    QVERIFY(QDir().mkpath(path));
+    QVERIFY(QFile::setPermissions(path, QFile::Permissions(0x7755)));
+    // Another user holds the lock already.
+    FolderLock other(QFile::encodeName(path));
+    QCOMPARE(other.take(), FolderLock::State::held);
+    SingleInstance instance(folder(directory), QByteArray());
+    QVERIFY(instance.claim({}) != SingleInstance::Claim::granted);
+    QCOMPARE(QFile::permissions(path) & QFile::Permissions(0x0077), QFile::Permissions());
 }
 
 QTEST_GUILESS_MAIN(SingleInstanceTest)

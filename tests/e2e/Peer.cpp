@@ -9,7 +9,8 @@
 //   Peer slow FILE TYPE ASKED GATE
 //                         the same, but makes the file ASKED when somebody asks for it, and delivers only once there is
 //                         a file GATE, or after 0.7 seconds
-//   Peer save FILE        saves what is in FILE, under the name of FILE, to where it is dragged
+//   Peer save FILE [MILLISECONDS]
+//                         saves what is in FILE, under the name of FILE, to where it is dragged; after that time
 //   Peer silent           offers a URI list, and never answers who asks for it
 //   Peer dying            offers a URI list, and ends when somebody asks for it
 //   Peer text             shows text that can be selected
@@ -209,8 +210,9 @@ private:
 /// A file that this program saves itself where it is dropped, as archive managers do.
 class Saved final : public QMimeData {
 public:
-    explicit Saved(QString path)
+    Saved(QString path, int delay)
         : m_path(std::move(path))
+        , m_delay(delay)
     {
         // The drag has a window only once it is under way, and until then the selection may be another program's.
         m_timer.callOnTimeout(this, [this] {
@@ -230,6 +232,7 @@ protected:
     {
         // The receiver has put the place where the name was.
         const QUrl place = QUrl::fromEncoded(DragSource().property(format));
+        QThread::msleep(static_cast<unsigned long>(m_delay));
         writeFile(place.toLocalFile(), content(m_path));
         return QByteArray("S");
     }
@@ -237,6 +240,7 @@ protected:
 private:
     static constexpr const char* format = "XdndDirectSave0";
     QString m_path;
+    int m_delay;
     QTimer m_timer;
 };
 
@@ -320,7 +324,8 @@ private:
         return std::make_unique<Source>(
             [arguments] { return filled(std::make_unique<Late>(arguments.value(4), arguments.value(5)), arguments); });
     if (mode == QLatin1String("save"))
-        return std::make_unique<Source>([arguments] { return std::make_unique<Saved>(arguments.value(2)); });
+        return std::make_unique<Source>(
+            [arguments] { return std::make_unique<Saved>(arguments.value(2), arguments.value(3).toInt()); });
     if (mode == QLatin1String("silent") || mode == QLatin1String("dying"))
         return std::make_unique<Source>(
             [isDying = mode == QLatin1String("dying")] { return std::make_unique<Undelivered>(isDying); });

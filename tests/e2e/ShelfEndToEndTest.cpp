@@ -82,6 +82,7 @@ private Q_SLOTS:
     void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext();
     void aTextOfTenMegabytesLandsWhole();
     void aFileThatItsSourceSavesLands();
+    void aFileThatItsSourceSavesAfterTheDropLands();
     void aWaylandSessionIsSaidInOneLogLine();
 
 protected:
@@ -411,6 +412,16 @@ void ShelfEndToEndTest::aFileThatItsSourceSavesLands()
     QFile saved(m_desktop->home(QStringLiteral("Downloads/report 100%/report 100%.txt")));
     QVERIFY(saved.open(QIODevice::ReadOnly));
     QCOMPARE(saved.readAll(), QByteArray("words"));
+}
+
+void ShelfEndToEndTest::aFileThatItsSourceSavesAfterTheDropLands()
+{
+    const QString longerThanADropMayTake = QStringLiteral("1500");
+    m_desktop->writeFile(QStringLiteral("archive/.profile"), "words");
+    QVERIFY(dragPeerToShelf(
+        { QStringLiteral("save"), m_desktop->home(QStringLiteral("archive/.profile")), longerThanADropMayTake }));
+    QVERIFY(waitFor([&] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral(".profile") }; }));
+    QVERIFY(QFile::exists(m_desktop->home(QStringLiteral("Downloads/profile/.profile"))));
 }
 
 void ShelfEndToEndTest::aWaylandSessionIsSaidInOneLogLine()

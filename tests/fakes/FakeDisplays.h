@@ -4,7 +4,7 @@
 
 namespace nookle {
 
-/// Displays as the test sets them, the first of them the main one.
+/// Displays as the test sets them.
 class FakeDisplays final : public Displays {
 public:
     struct Entry {
@@ -24,7 +24,7 @@ public:
 
     [[nodiscard]] std::optional<QRectF> mainFrame() const override
     {
-        return entries.empty() ? std::nullopt : std::optional(entries.front().frame);
+        return entries.empty() ? std::nullopt : std::optional(entries.at(main).frame);
     }
 
     [[nodiscard]] QString identity(const QRectF& frame) const override
@@ -45,7 +45,9 @@ public:
         return frame;
     }
 
-    std::vector<Entry> entries{ { { 0, 0, 1280, 800 }, { 0, 0, 1280, 800 } } };
+    std::vector<Entry> entries{ { { 0, 0, 1280, 800 }, { 0, 0, 1280, 800 }, QStringLiteral("first") } };
+    /// The main display, counted from 0.
+    std::size_t main = 0;
     mutable int timesAsked = 0;
 };
 

@@ -28,15 +28,15 @@ public:
 
     [[nodiscard]] bool canSave() const override { return offersSaving; }
 
-    [[nodiscard]] bool save(const QByteArray& path) const override
+    [[nodiscard]] SaveAnswer save(const QByteArray& path) const override
     {
         savedTo.append(path);
-        return savesWhenAsked;
+        return saveAnswer;
     }
 
     QByteArray name;
     bool offersSaving = false;
-    bool savesWhenAsked = true;
+    SaveAnswer saveAnswer = SaveAnswer::saved;
     mutable QList<QByteArray> savedTo;
     mutable QStringList read;
 

@@ -11,7 +11,7 @@ namespace nookle {
 
 /// References to files that need not exist on disk: every file exists until a test says otherwise, and is followed
 /// wherever a test moves it. The bytes name the path, so that two references to the same place are equal.
-class FakeFileReferences final : public FileReferences {
+class FakeFileReferences : public FileReferences {
 public:
     std::optional<QByteArray> make(const QUrl& url) override
     {

@@ -11,7 +11,7 @@
 namespace nookle {
 
 /// Folders that need not exist on disk.
-class FakeFolderWatch final : public FolderWatch {
+class FakeFolderWatch : public FolderWatch {
 public:
     bool isFolder(const QUrl& url) const override { return m_folders.contains(url); }
 
@@ -44,6 +44,14 @@ public:
             each->isWatching = false;
             each->onChanged();
         }
+    }
+
+    /// Puts another folder in the place of one, by means of a folder above. Its watches hear of nothing any more.
+    void replaceFromAbove(const QUrl& folder, const std::set<QByteArray>& names)
+    {
+        m_folders[folder] = names;
+        for (Subscription* each : std::exchange(m_subscriptions, {}))
+            each->isWatching = false;
     }
 
     void addEntry(const QUrl& folder, const QByteArray& name)

@@ -17,11 +17,11 @@ public:
         int maximumSide = 0;
     };
 
-    std::unique_ptr<ImageConversion> convertToPng(Source source, int maximumSide, Completion completion) override
+    std::unique_ptr<Cancellable> convertToPng(Source source, int maximumSide, Completion completion) override
     {
         asked.append(Asked{ std::move(source), maximumSide });
         m_conversions.append(std::make_shared<Completion>(std::move(completion)));
-        return std::make_unique<Conversion>(m_conversions.constLast());
+        return std::make_unique<Cancellable>([running = m_conversions.constLast()] { *running = nullptr; });
     }
 
     /// Finishes the conversion number `index`, from 0. False when it was finished or dropped before.
@@ -37,20 +37,6 @@ public:
     QList<Asked> asked;
 
 private:
-    class Conversion final : public ImageConversion {
-    public:
-        explicit Conversion(std::shared_ptr<Completion> completion)
-            : m_completion(std::move(completion))
-        {
-        }
-        ~Conversion() override { *m_completion = nullptr; }
-        Conversion(const Conversion&) = delete;
-        Conversion& operator=(const Conversion&) = delete;
-
-    private:
-        std::shared_ptr<Completion> m_completion;
-    };
-
     QList<std::shared_ptr<Completion>> m_conversions;
 };
 

@@ -7,14 +7,14 @@
 namespace nookle {
 
 /// The mouse of other programs, moved by the test.
-class FakeInputMonitor final : public InputMonitor {
+class FakeInputMonitor : public InputMonitor {
 public:
-    [[nodiscard]] std::unique_ptr<InputSubscription> monitorLeftPress(std::function<void()> handler) override
+    [[nodiscard]] std::unique_ptr<Cancellable> monitorLeftPress(std::function<void()> handler) override
     {
         return subscribe(m_press, std::move(handler));
     }
 
-    [[nodiscard]] std::unique_ptr<InputSubscription> monitorLeftDrag(std::function<void()> handler) override
+    [[nodiscard]] std::unique_ptr<Cancellable> monitorLeftDrag(std::function<void()> handler) override
     {
         return subscribe(m_drag, std::move(handler));
     }
@@ -35,14 +35,13 @@ private:
             handler();
     }
 
-    [[nodiscard]] std::unique_ptr<InputSubscription> subscribe(std::function<void()>& place,
-                                                               std::function<void()> handler)
+    [[nodiscard]] std::unique_ptr<Cancellable> subscribe(std::function<void()>& place, std::function<void()> handler)
     {
         if (refuses)
             return nullptr;
         ++subscriptions;
         place = std::move(handler);
-        return std::make_unique<InputSubscription>();
+        return std::make_unique<Cancellable>([] {});
     }
 
     std::function<void()> m_press;

@@ -12,11 +12,11 @@ namespace nookle {
 /// Lookups that last until a test finishes them.
 class FakeLinkMetadataService final : public LinkMetadataService {
 public:
-    std::unique_ptr<LinkMetadataRequest> start(const QUrl& url, Completion completion) override
+    std::unique_ptr<Cancellable> start(const QUrl& url, Completion completion) override
     {
         started.append(url);
         m_lookups.append(std::make_shared<Completion>(std::move(completion)));
-        return std::make_unique<Request>(m_lookups.constLast());
+        return std::make_unique<Cancellable>([running = m_lookups.constLast()] { *running = nullptr; });
     }
 
     /// How many lookups are neither finished nor cancelled.
@@ -52,20 +52,6 @@ public:
     QList<QUrl> started;
 
 private:
-    class Request final : public LinkMetadataRequest {
-    public:
-        explicit Request(std::shared_ptr<Completion> completion)
-            : m_completion(std::move(completion))
-        {
-        }
-        Request(const Request&) = delete;
-        Request& operator=(const Request&) = delete;
-        ~Request() override { *m_completion = nullptr; }
-
-    private:
-        std::shared_ptr<Completion> m_completion;
-    };
-
     QList<std::shared_ptr<Completion>> m_lookups;
 };
 

@@ -13,30 +13,6 @@ namespace {
 
 } // namespace
 
-class FakeMainQueue::Handle final : public DelayedTask, public RepeatingTimer {
-public:
-    Handle(FakeMainQueue& queue, std::uint64_t order)
-        : m_queue(queue)
-        , m_order(order)
-    {
-    }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-
-    ~Handle() override
-    {
-        const auto place = m_queue.m_places.find(m_order);
-        if (place == m_queue.m_places.end())
-            return;
-        m_queue.m_entries.erase(place->second);
-        m_queue.m_places.erase(place);
-    }
-
-private:
-    FakeMainQueue& m_queue;
-    std::uint64_t m_order;
-};
-
 FakeMainQueue::~FakeMainQueue() = default;
 
 FakeMainQueue::Key FakeMainQueue::insert(Kind kind, double seconds, Work work)
@@ -46,18 +22,30 @@ FakeMainQueue::Key FakeMainQueue::insert(Kind kind, double seconds, Work work)
     return key;
 }
 
-std::unique_ptr<DelayedTask> FakeMainQueue::after(double seconds, Work work)
+std::unique_ptr<Cancellable> FakeMainQueue::insertCancellable(Kind kind, double seconds, Work work)
 {
-    const Key key = insert(Kind::task, seconds, std::move(work));
+    const Key key = insert(kind, seconds, std::move(work));
     m_places.emplace(key.second, key);
-    return std::make_unique<Handle>(*this, key.second);
+    return std::make_unique<Cancellable>([this, order = key.second] { cancel(order); });
 }
 
-std::unique_ptr<RepeatingTimer> FakeMainQueue::every(double seconds, Work work)
+void FakeMainQueue::cancel(std::uint64_t order)
 {
-    const Key key = insert(Kind::timer, seconds, std::move(work));
-    m_places.emplace(key.second, key);
-    return std::make_unique<Handle>(*this, key.second);
+    const auto place = m_places.find(order);
+    if (place == m_places.end())
+        return;
+    m_entries.erase(place->second);
+    m_places.erase(place);
+}
+
+std::unique_ptr<Cancellable> FakeMainQueue::after(double seconds, Work work)
+{
+    return insertCancellable(Kind::task, seconds, std::move(work));
+}
+
+std::unique_ptr<Cancellable> FakeMainQueue::every(double seconds, Work work)
+{
+    return insertCancellable(Kind::timer, seconds, std::move(work));
 }
 
 void FakeMainQueue::post(Work work)

@@ -9,12 +9,12 @@
 namespace nookle {
 
 /// A main queue in virtual time: nothing runs until a test advances it.
-class FakeMainQueue final : public MainQueue {
+class FakeMainQueue : public MainQueue {
 public:
     ~FakeMainQueue() override;
 
-    std::unique_ptr<DelayedTask> after(double seconds, Work work) override;
-    std::unique_ptr<RepeatingTimer> every(double seconds, Work work) override;
+    std::unique_ptr<Cancellable> after(double seconds, Work work) override;
+    std::unique_ptr<Cancellable> every(double seconds, Work work) override;
     void post(Work work) override;
 
     /// Runs, in order, everything that falls due within the next `seconds`.
@@ -39,11 +39,11 @@ private:
         Work work;
     };
 
-    class Handle;
-
     using Key = std::pair<std::int64_t, std::uint64_t>;
 
     Key insert(Kind kind, double seconds, Work work);
+    [[nodiscard]] std::unique_ptr<Cancellable> insertCancellable(Kind kind, double seconds, Work work);
+    void cancel(std::uint64_t order);
     [[nodiscard]] int count(Kind kind) const;
 
     double m_microseconds = 0;

@@ -11,7 +11,7 @@
 namespace nookle {
 
 /// A panel whose animations run in the virtual time of a queue: half way until they end.
-class FakePanelWindow final : public PanelWindow {
+class FakePanelWindow : public PanelWindow {
 public:
     struct Animation {
         QRectF from;
@@ -61,7 +61,7 @@ private:
 
     MainQueue& m_queue;
     QRectF m_frame;
-    std::unique_ptr<DelayedTask> m_end;
+    std::unique_ptr<Cancellable> m_end;
     std::function<void()> m_completion;
 };
 

@@ -12,13 +12,13 @@ namespace nookle {
 /// A maker whose thumbnails are done when a test says so.
 class FakeThumbnailMaker final : public ThumbnailMaker {
 public:
-    std::unique_ptr<ThumbnailMaking> make(const Wanted& wanted, Completion completion) override
+    std::unique_ptr<Cancellable> make(const Wanted& wanted, Completion completion) override
     {
         if (!canMake)
             return nullptr;
         asked.append(wanted);
         m_makings.append(std::make_shared<Completion>(std::move(completion)));
-        return std::make_unique<Making>(m_makings.constLast());
+        return std::make_unique<Cancellable>([running = m_makings.constLast()] { *running = nullptr; });
     }
 
     /// Finishes the thumbnail number `index`, from 0. False when it was finished or dropped before.
@@ -44,20 +44,6 @@ public:
     QList<Wanted> asked;
 
 private:
-    class Making final : public ThumbnailMaking {
-    public:
-        explicit Making(std::shared_ptr<Completion> completion)
-            : m_completion(std::move(completion))
-        {
-        }
-        ~Making() override { *m_completion = nullptr; }
-        Making(const Making&) = delete;
-        Making& operator=(const Making&) = delete;
-
-    private:
-        std::shared_ptr<Completion> m_completion;
-    };
-
     QList<std::shared_ptr<Completion>> m_makings;
 };
 

@@ -20,12 +20,11 @@ public:
         bool operator==(const Asked&) const = default;
     };
 
-    std::unique_ptr<ThumbnailRequest> request(const QUrl& file, double size, double scale,
-                                              Completion completion) override
+    std::unique_ptr<Cancellable> request(const QUrl& file, double size, double scale, Completion completion) override
     {
         asked.append(Asked{ file, size, scale });
         m_requests.append(std::make_shared<Completion>(std::move(completion)));
-        return std::make_unique<Request>(m_requests.constLast());
+        return std::make_unique<Cancellable>([running = m_requests.constLast()] { *running = nullptr; });
     }
 
     /// Answers the request number `index`, from 0. False when it was answered or dropped before.
@@ -52,20 +51,6 @@ public:
     QList<Asked> asked;
 
 private:
-    class Request final : public ThumbnailRequest {
-    public:
-        explicit Request(std::shared_ptr<Completion> completion)
-            : m_completion(std::move(completion))
-        {
-        }
-        ~Request() override { *m_completion = nullptr; }
-        Request(const Request&) = delete;
-        Request& operator=(const Request&) = delete;
-
-    private:
-        std::shared_ptr<Completion> m_completion;
-    };
-
     QList<std::shared_ptr<Completion>> m_requests;
 };
 

@@ -11,7 +11,7 @@
 namespace nookle {
 
 /// A Trash that swallows what is moved to it. Files of a test lie in it when their path has the folder ".Trash".
-class FakeTrash final : public Trash {
+class FakeTrash : public Trash {
 public:
     std::optional<Failure> moveToTrash(const QUrl& url) override
     {

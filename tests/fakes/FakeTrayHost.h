@@ -5,7 +5,7 @@
 namespace nookle {
 
 /// A tray that comes and goes as a test says.
-class FakeTrayHost final : public TrayHost {
+class FakeTrayHost : public TrayHost {
 public:
     bool isPresent() const override { return m_isPresent; }
 

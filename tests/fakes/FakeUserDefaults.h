@@ -7,7 +7,7 @@
 namespace nookle {
 
 /// Settings in memory; remembers every write.
-class FakeUserDefaults final : public UserDefaults {
+class FakeUserDefaults : public UserDefaults {
 public:
     void registerDefaults(const QVariantMap& defaults) override { registered.insert(defaults); }
 

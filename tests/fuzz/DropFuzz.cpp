@@ -70,15 +70,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (const auto image = loadDropImage(payload); image && !isSafeName(imageFileName(*image)))
         __builtin_trap();
     const CapturedDrop drop = captureDrop(payload);
-    for (const auto& item : drop.items) {
-        if (item->hasText())
-            static_cast<void>(item->loadText());
-        const auto address = item->loadURL();
-        if (!address)
+    for (const DropItem& item : drop.items) {
+        if (!item.address)
             continue;
-        static_cast<void>(LinkUrl::parse(*address));
-        static_cast<void>(item->loadURLTitle());
-        const QByteArray path = filePath(QUrl::fromEncoded(address->toUtf8()));
+        static_cast<void>(LinkUrl::parse(item.address->url));
+        const QByteArray path = filePath(QUrl::fromEncoded(item.address->url.toUtf8()));
         if (!path.isEmpty() && (!path.startsWith('/') || path.contains('\0')))
             __builtin_trap();
     }

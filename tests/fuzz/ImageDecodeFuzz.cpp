@@ -21,8 +21,7 @@ void decode(const QByteArray& bytes, DecodeRequest::Purpose purpose, int side, i
     file.setData(bytes);
     file.open(QIODevice::ReadOnly);
     const QByteArray reply = decodeImage(file, request).encode();
-    const auto header = DecodeReplyHeader::decode(reply);
-    if (!header || !header->fits(request))
+    if (quint32(reply.size()) > DecodeReply::longest(request) || !DecodeReply::decode(reply, request))
         __builtin_trap();
 }
 

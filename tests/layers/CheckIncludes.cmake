@@ -1,66 +1,79 @@
-# What each layer may include of the project: its own headers and those of the layers named here. The compiler already
-# refuses a header of a layer that is not linked; this also refuses the way round it, and links that point upwards.
+# What each room may include of the project: its own headers and those of the rooms named here. The compiler already
+# refuses a header of a room that is not linked; this also refuses the way round it, and links that point upwards.
 
-set(may_see_platform "platform")
-set(may_see_shelf "shelf;platform")
-set(may_see_panel "panel;shelf;platform")
-set(may_see_triggers "triggers;platform")
-set(may_see_ui/drag "ui/drag;shelf;platform")
-set(may_see_ui/drop "ui/drop;shelf;platform")
-set(may_see_ui "ui;ui/drag;ui/drop;panel;shelf;platform")
-set(may_see_platform/linux "platform/linux;platform")
-set(may_see_helper "helper;platform/linux;platform")
-set(may_see_decode "decode;helper;platform/linux;platform")
-set(may_see_lookup "lookup;helper;platform/linux;platform")
-set(may_see_platform/linux/desktop "platform/linux/desktop;platform/linux/x11;platform")
-set(may_see_platform/linux/pictures "platform/linux/pictures;platform/linux;platform;decode")
-set(may_see_platform/linux/screenshots "platform/linux/screenshots;platform/linux;platform")
-set(may_see_platform/linux/web "platform/linux/web;platform/linux;platform;lookup")
-set(may_see_platform/linux/x11 "platform/linux/x11;platform/linux/desktop;platform")
+set(may_see_base "")
+set(may_see_platform "base")
+set(may_see_shelf "platform;base")
+set(may_see_panel "shelf;platform;base")
+set(may_see_triggers "platform;base")
+set(may_see_drop "shelf;platform;base")
+set(may_see_disk "base")
+set(may_see_files "disk;platform;base")
+set(may_see_process "base")
+set(may_see_helper "base")
+set(may_see_pictures "pictures/decode;process;disk;platform;base")
+set(may_see_pictures/decode "helper;base")
+set(may_see_thumbnails "pictures;pictures/decode;process;disk;platform;base")
+set(may_see_screenshots "disk;platform;base")
+set(may_see_web "web/protocol;process;platform;base")
+set(may_see_web/protocol "")
+set(may_see_web/lookup "web/protocol;helper;base")
+set(may_see_x11 "x11/selections;x11/xcb;platform;base")
+set(may_see_x11/selections "x11/xcb;platform;base")
+set(may_see_x11/xcb "base")
+set(may_see_desktop "disk;platform;base")
+set(may_see_ui/style "base")
+set(may_see_ui/drag "shelf;platform;base")
+set(may_see_ui/tiles "ui/style;ui/drag;shelf;platform;base")
+set(may_see_ui "ui/tiles;ui/style;ui/drag;drop;panel;shelf;platform;base")
+set(may_see_app/settings "platform;base")
+set(may_see_app/services "app/settings;triggers;shelf;platform;base")
+set(may_see_app/tray "panel;shelf;platform;base")
+set(may_see_app
+    "app/settings;app/services;app/tray;ui;ui/tiles;ui/style;drop;panel;triggers;shelf;desktop;x11;thumbnails;pictures"
+    screenshots web files disk platform base)
 
-set(display_headers "xcb/|X11/|wayland|QtGui/private")
-set(may_name_display_servers "platform/linux/x11")
+# One backend a display server, each in a room with rooms inside.
+set(display_headers "xcb/|X11/|wayland|LayerShellQt|QtGui/private")
+set(display_rooms "x11")
+
+set(most_files 25)
 set(checked 0)
 
-# One folder a line, so that a new one is one more line.
-set(layers
-    platform
-    shelf
-    panel
-    triggers
-    ui
-    ui/drag
-    ui/drop
-    decode
-    helper
-    lookup
-    platform/linux
-    platform/linux/desktop
-    platform/linux/pictures
-    platform/linux/screenshots
-    platform/linux/web
-    platform/linux/x11)
-
-foreach(layer IN LISTS layers)
-    file(GLOB files "${SOURCE_FOLDER}/${layer}/*.h" "${SOURCE_FOLDER}/${layer}/*.cpp")
+file(GLOB_RECURSE folders LIST_DIRECTORIES true RELATIVE "${SOURCE_FOLDER}" "${SOURCE_FOLDER}/*")
+foreach(room IN LISTS folders)
+    file(GLOB files "${SOURCE_FOLDER}/${room}/*.h" "${SOURCE_FOLDER}/${room}/*.cpp")
+    list(LENGTH files count)
+    if(count EQUAL 0)
+        continue()
+    endif()
+    if(count GREATER most_files)
+        message(SEND_ERROR "${room} has ${count} files, more than ${most_files}")
+    endif()
+    if(NOT DEFINED may_see_${room})
+        message(SEND_ERROR "nobody says what ${room} may see")
+    endif()
     foreach(file IN LISTS files)
         file(STRINGS "${file}" includes REGEX "^#include ")
         foreach(include IN LISTS includes)
-            if(include MATCHES "<(${display_headers})" AND NOT layer STREQUAL may_name_display_servers)
-                message(FATAL_ERROR "${file} names a display server: ${include}")
+            if(include MATCHES "<(${display_headers})" AND NOT room MATCHES "^(${display_rooms})(/|$)")
+                message(SEND_ERROR "${file} names a display server: ${include}")
             endif()
             if(NOT include MATCHES "^#include \"([^\"]+)\"" OR include MATCHES "\\.moc\"")
                 continue()
             endif()
             set(header "${CMAKE_MATCH_1}")
             set(found FALSE)
-            foreach(visible IN LISTS may_see_${layer})
+            foreach(visible IN LISTS may_see_${room})
                 if(EXISTS "${SOURCE_FOLDER}/${visible}/${header}")
                     set(found TRUE)
                 endif()
             endforeach()
+            if(EXISTS "${SOURCE_FOLDER}/${room}/${header}")
+                set(found TRUE)
+            endif()
             if(NOT found OR header MATCHES "/")
-                message(FATAL_ERROR "${file} includes ${header}, which ${layer} may not see")
+                message(SEND_ERROR "${file} includes ${header}, which ${room} may not see")
             endif()
             math(EXPR checked "${checked} + 1")
         endforeach()

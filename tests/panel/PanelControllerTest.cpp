@@ -65,7 +65,7 @@ private Q_SLOTS:
     void showSlidesInFromBeyondTheRightEdge();
     void hideSlidesOutByThePanelsOwnWidthAndTakesItOffTheScreen();
     void showOnAShownPanelOnlyCancelsThePendingHide();
-    void hideOnAHiddenPanelDoesNothing();
+    void hideOnAHiddenPanelOnlyCancelsThePendingHide();
     void aPinnedPanelStaysAndGoesHalfASecondAfterItIsUnpinned();
     void thePanelStaysWhileThePointerRestsOnIt();
     void thePanelStaysDuringADragOutAndGoesHalfASecondAfterIt();
@@ -75,6 +75,7 @@ private Q_SLOTS:
     void showDuringTheSlideOutKeepsThePanelOnScreen();
     void thePanelKeepsClearOfPanelsAndDocks();
     void thePanelShowsOnTheDisplayUnderThePointer();
+    void aPointerOnNoDisplayMeansTheMainDisplay_data();
     void aPointerOnNoDisplayMeansTheMainDisplay();
     void withoutAnyDisplayNothingShows();
     void aDisplayThatGoesHandsThePanelOver();
@@ -141,11 +142,14 @@ void PanelControllerTest::showOnAShownPanelOnlyCancelsThePendingHide()
     QCOMPARE(f.window.animations.size(), 1);
 }
 
-void PanelControllerTest::hideOnAHiddenPanelDoesNothing()
+void PanelControllerTest::hideOnAHiddenPanelOnlyCancelsThePendingHide()
 {
     Fixture& f = *m_fixture;
     f.panel.hide();
     QVERIFY(f.window.animations.isEmpty());
+    f.panel.scheduleHide(0.5);
+    f.panel.hide();
+    QCOMPARE(f.queue.waitingTasks(), 0);
 }
 
 void PanelControllerTest::aPinnedPanelStaysAndGoesHalfASecondAfterItIsUnpinned()
@@ -188,7 +192,8 @@ void PanelControllerTest::thePanelStaysDuringADragOutAndGoesHalfASecondAfterIt()
     f.panel.beginDragOut();
     QCOMPARE(f.queue.waitingTasks(), 0);
     f.window.onMouseExited();
-    f.queue.advance(10);
+    // Not when a look that the pointer's leaving has begun would be due half a second later.
+    f.queue.advance(10.2);
     QVERIFY(f.panel.isShown());
     f.panel.endDragOut();
     f.queue.advance(0.499);
@@ -267,14 +272,25 @@ void PanelControllerTest::thePanelShowsOnTheDisplayUnderThePointer()
     QCOMPARE(f.window.frame(), QRectF(1440 - 112, 24, 112, 432));
 }
 
+void PanelControllerTest::aPointerOnNoDisplayMeansTheMainDisplay_data()
+{
+    QTest::addColumn<std::size_t>("main");
+    QTest::addColumn<QRectF>("frame");
+    QTest::newRow("the first one") << std::size_t{ 0 } << QRectF(800 - 112, 24, 112, 552);
+    QTest::newRow("the second one") << std::size_t{ 1 } << QRectF(1440 - 112, 24, 112, 432);
+}
+
 void PanelControllerTest::aPointerOnNoDisplayMeansTheMainDisplay()
 {
+    QFETCH(const std::size_t, main);
+    QFETCH(const QRectF, frame);
     Fixture& f = *m_fixture;
+    f.displays.main = main;
     f.displays.entries = { { { 0, 0, 800, 600 }, { 0, 0, 800, 600 } }, { { 800, 0, 640, 480 }, { 800, 0, 640, 480 } } };
     f.pointer.at = { 1000, 500 };
     f.panel.show();
     f.queue.advance(0.18);
-    QCOMPARE(f.window.frame(), QRectF(800 - 112, 24, 112, 552));
+    QCOMPARE(f.window.frame(), frame);
 }
 
 void PanelControllerTest::withoutAnyDisplayNothingShows()
@@ -300,6 +316,12 @@ void PanelControllerTest::aDisplayThatGoesHandsThePanelOver()
     QCOMPARE(f.window.frame(), restingFrame);
     QVERIFY(f.panel.isShown());
 
+    // It belongs there from now on, wherever the pointer is.
+    f.displays.entries.push_back({ { 1280, 0, 800, 600 }, { 1280, 0, 800, 600 }, QStringLiteral("third") });
+    f.pointer.at = QPointF(1500, 500);
+    f.panel.displaysChanged();
+    QCOMPARE(f.window.frame(), restingFrame);
+
     f.displays.entries.clear();
     f.panel.displaysChanged();
     QCOMPARE(f.window.frame(), restingFrame);
@@ -311,7 +333,7 @@ void PanelControllerTest::aDisplayThatChangesKeepsThePanelAtItsEdge()
     f.displays.entries.push_back({ { -800, 0, 800, 600 }, { -800, 0, 800, 600 }, QStringLiteral("left") });
     f.showAtRest();
     f.pointer.at = QPointF(-400, 300);
-    f.displays.entries.front() = { { 0, 0, 1280, 600 }, { 0, 0, 1280, 600 } };
+    f.displays.entries.front() = { { 0, 0, 1280, 600 }, { 0, 0, 1280, 600 }, QStringLiteral("first") };
     f.panel.displaysChanged();
     QCOMPARE(f.window.frame(), QRectF(1168, 24, 112, 552));
 }
@@ -501,6 +523,7 @@ void PanelControllerTest::aControllerThatIsGoneIsNotTouchedByTheEndOfItsSlide()
     f.queue.advance(1);
     QVERIFY(f.window.isOnScreen);
     QVERIFY(!f.window.onMouseEntered);
+    QVERIFY(!f.window.onMouseExited);
 }
 
 QTEST_GUILESS_MAIN(PanelControllerTest)

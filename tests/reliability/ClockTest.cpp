@@ -2,7 +2,7 @@
 #include "PrivateDesktop.h"
 #include "Shelf.h"
 #include "ShelfIndex.h"
-#include "UuidText.h"
+#include "IndexText.h"
 #include "Waiting.h"
 
 #include <QDateTime>
@@ -106,7 +106,10 @@ QStringList ClockTest::savedNames() const
 QByteArray ClockTest::complaints() const
 {
     QByteArrayList lines = m_shelf->log().split('\n');
-    lines.removeIf([](const QByteArray& line) { return line.startsWith("Nookle: no system tray"); });
+    // The minute passes for a decoder, too, that is just starting.
+    lines.removeIf([](const QByteArray& line) {
+        return line.startsWith("Nookle: no system tray") || line.startsWith("Nookle: the image decoder does not start");
+    });
     return lines.join('\n');
 }
 

@@ -5,6 +5,7 @@
 #include "Waiting.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QUrl>
 #include <QTest>
 
@@ -31,6 +32,7 @@ private Q_SLOTS:
     void whatIsAddedWhileNothingAnswersStaysOnTheShelf();
     void aLostFileIsFoundBesideAMountThatDoesNotAnswer();
     void aScreenshotFolderThatDoesNotAnswerBlocksNothing();
+    void aLinkBesideTheScreenshotsThatDoesNotAnswerBlocksNothing();
     void anArgumentThatDoesNotAnswerBlocksNothing();
 
 private:
@@ -254,6 +256,24 @@ void HungMountTest::aScreenshotFolderThatDoesNotAnswerBlocksNothing()
     QVERIFY(m_shelf->start());
     QVERIFY(showsItself());
     QVERIFY(endsAtOnce());
+}
+
+void HungMountTest::aLinkBesideTheScreenshotsThatDoesNotAnswerBlocksNothing()
+{
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"),
+                         "[General]\ncollectScreenshots=true\nmoveScreenshots=true\n[screenshots]\nlocation="
+                             + QFile::encodeName(file(QStringLiteral("shots"))) + "\n");
+    m_desktop->writeFile(QStringLiteral("files/shots/old.txt"), "words");
+    QVERIFY(m_shelf->start());
+    hang();
+    const QString link = file(QStringLiteral("shots/Screenshot_20260131_120000.png"));
+    QVERIFY(QFile::link(file(QStringLiteral("server/picture.png")), link));
+    m_desktop->writeFile(QStringLiteral("files/shots/Screenshot_20260131_120001.jpg"), "\xff\xd8\xff\xe0 JFIF");
+    // The picture beside it comes, so the link has been looked at by then.
+    QVERIFY(waitFor([this] { return m_shelf->savedItems().size() == 1; }));
+    QVERIFY(showsItself());
+    QVERIFY(endsAtOnce());
+    QVERIFY(QFileInfo(link).isSymLink());
 }
 
 void HungMountTest::anArgumentThatDoesNotAnswerBlocksNothing()

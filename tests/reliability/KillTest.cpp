@@ -6,7 +6,7 @@
 #include "ShelfIndex.h"
 #include "ShelfStore.h"
 #include "TemporaryFolder.h"
-#include "UuidText.h"
+#include "IndexText.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>

@@ -53,10 +53,10 @@ constexpr int warmUp = 1000;
 /// Thumbnails that take for ever.
 class EndlessThumbnails final : public Thumbnails {
 public:
-    std::unique_ptr<ThumbnailRequest> request(const QUrl& /*file*/, double /*size*/, double /*scale*/,
-                                              Completion /*completion*/) override
+    std::unique_ptr<Cancellable> request(const QUrl& /*file*/, double /*size*/, double /*scale*/,
+                                         Completion /*completion*/) override
     {
-        return std::make_unique<ThumbnailRequest>();
+        return std::make_unique<Cancellable>([] {});
     }
 };
 

@@ -5,7 +5,7 @@
 #include "ShelfIndex.h"
 #include "ShelfStore.h"
 #include "Trash.h"
-#include "UuidText.h"
+#include "IndexText.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>

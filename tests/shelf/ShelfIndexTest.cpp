@@ -62,8 +62,8 @@ private Q_SLOTS:
     void theWrittenFormIsPrettyPrintedWithSortedKeys();
     void theWrittenFormIsThatOfAGeneralWriter_data() { anItemReadBackIsTheSame_data(); }
     void theWrittenFormIsThatOfAGeneralWriter();
-    void theSizeIsKnownBefore_data() { anItemReadBackIsTheSame_data(); }
-    void theSizeIsKnownBefore();
+    void theSizeIsBoundedBefore_data() { anItemReadBackIsTheSame_data(); }
+    void theSizeIsBoundedBefore();
     void aLinkWithoutTitleIsWrittenWithoutTheKey();
     void aNullTitleReadsAsNoTitle();
     void unknownKeysAndOtherOrdersAreRead();
@@ -163,12 +163,15 @@ void ShelfIndexTest::theWrittenFormIsThatOfAGeneralWriter()
     }
 }
 
-void ShelfIndexTest::theSizeIsKnownBefore()
+void ShelfIndexTest::theSizeIsBoundedBefore()
 {
     QFETCH(ShelfItem, original);
     const ShelfIndex index{ .items = { original, original } };
-    QCOMPARE(index.encodedSize(), index.encode().size());
-    QVERIFY(ShelfIndex::upperBound(index.items) >= index.encodedSize());
+    const qsizetype size = index.encode().size();
+    const qsizetype close = ShelfIndex::closeUpperBound(index.items);
+    QVERIFY(close >= size);
+    QVERIFY2(close <= 3 * size + 1000, qPrintable(QStringLiteral("%1 for %2").arg(close).arg(size)));
+    QVERIFY(ShelfIndex::upperBound(index.items) >= close);
 }
 
 void ShelfIndexTest::aLinkWithoutTitleIsWrittenWithoutTheKey()

@@ -34,6 +34,8 @@ class ShelfItemTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void aLinkThatIsReadCanBeOpened_data();
+    void aLinkThatIsReadCanBeOpened();
     void aTextIsCalledByItsFirstLineWithoutSpacesAround_data();
     void aTextIsCalledByItsFirstLineWithoutSpacesAround();
     void aFileIsCalledByItsNameUnchanged();
@@ -195,7 +197,6 @@ void ShelfItemTest::aLinkUrlNeedsASchemeAndValidAsciiSyntax_data()
     QTest::newRow("NUL") << QStringLiteral("http://a/") + QChar(u'\0');
     QTest::newRow("half an escape") << QStringLiteral("http://a/%4");
     QTest::newRow("not ASCII") << QStringLiteral("http://a/\u00fc");
-    QTest::newRow("port out of range") << QStringLiteral("http://a:99999/");
     QTest::newRow("port of letters") << QStringLiteral("http://a:b/");
     QTest::newRow("bracket in the path") << QStringLiteral("http://a/[b]");
     QTest::newRow("bracket in the query") << QStringLiteral("http://a/?b[]=c");
@@ -220,7 +221,8 @@ void ShelfItemTest::aLinkUrlNeedsASchemeAndValidAsciiSyntax()
 void ShelfItemTest::aLinkUrlMayHoldWhatTheSyntaxAllows()
 {
     for (const char* text : { "http://a%20b/", "http://%C3%BC.example/", "http://[v1.a:b]/", "http://[2001:db8::7]:80",
-                              "http://user:pass%40@a/", "http://a:/", "urn:isbn:0451450523",
+                              "http://user:pass%40@a/", "http://a:/", "http://a:99999/",
+                              "http://a:184467440737095516160000000080/", "http://[::1]:65536/", "urn:isbn:0451450523",
                               "http://a/;b=c,d?e=f/?#g/?", "tel:+1-816-555-1212", "x:", "file:///a/b" }) {
         const auto url = LinkUrl::parse(QString::fromLatin1(text));
         QVERIFY2(url, text);
@@ -267,6 +269,29 @@ void ShelfItemTest::linksThatDifferInLetterCaseAreNotEqual()
 {
     QVERIFY(link("http://example.com/") == link("http://example.com/"));
     QVERIFY(link("http://example.com/") != link("http://Example.com/"));
+}
+
+void ShelfItemTest::aLinkThatIsReadCanBeOpened_data()
+{
+    QTest::addColumn<QByteArray>("address");
+    QTest::addColumn<QByteArray>("opened");
+    QTest::newRow("plain") << QByteArray("https://Example.com/a%2fb?c#d")
+                           << QByteArray("https://example.com/a%2Fb?c#d");
+    QTest::newRow("escapes in the host") << QByteArray("http://m%C3%BCller.example/a")
+                                         << QByteArray("http://xn--mller-kva.example/a");
+    QTest::newRow("escaped letter in the host")
+        << QByteArray("http://%65xample.com/") << QByteArray("http://example.com/");
+    QTest::newRow("IPv6") << QByteArray("http://[::1]:80/") << QByteArray("http://[::1]:80/");
+    QTest::newRow("mail") << QByteArray("mailto:a@example.com") << QByteArray("mailto:a@example.com");
+}
+
+void ShelfItemTest::aLinkThatIsReadCanBeOpened()
+{
+    QFETCH(const QByteArray, address);
+    QFETCH(const QByteArray, opened);
+    const QUrl url = link(address.constData()).url();
+    QVERIFY(url.isValid());
+    QCOMPARE(url.toEncoded(), opened);
 }
 
 QTEST_GUILESS_MAIN(ShelfItemTest)

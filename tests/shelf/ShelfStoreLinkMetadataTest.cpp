@@ -60,6 +60,8 @@ private Q_SLOTS:
     void anIconThatArrivesAfterRemovalLeavesNothingBehind();
     void aSavedIconHasItsUrl();
     void anIconThatDoesNotLoadChangesNothing();
+    void anIconWithoutAFolderIsLogged();
+    void anIconThatCannotBeWrittenIsLogged_data();
     void anIconThatCannotBeWrittenIsLogged();
     void removingALinkDeletesItsIconOutright();
     void lateResultsFindAStoreThatIsGone();
@@ -239,7 +241,7 @@ void ShelfStoreLinkMetadataTest::anIconThatDoesNotLoadChangesNothing()
     QCOMPARE(fixture.queue.waitingTasks(), 0);
 }
 
-void ShelfStoreLinkMetadataTest::anIconThatCannotBeWrittenIsLogged()
+void ShelfStoreLinkMetadataTest::anIconWithoutAFolderIsLogged()
 {
     LinkFixture fixture;
     fixture.write(QStringLiteral("data/Files"), "in the way");
@@ -249,6 +251,36 @@ void ShelfStoreLinkMetadataTest::anIconThatCannotBeWrittenIsLogged()
     load(QByteArray("PNG"));
     QVERIFY(!topLink(*fixture.store).hasIcon);
     QCOMPARE(log.lines().join(QLatin1Char('\n')), QStringLiteral("Nookle: could not save favicon: Not a directory"));
+}
+
+void ShelfStoreLinkMetadataTest::anIconThatCannotBeWrittenIsLogged_data()
+{
+    QTest::addColumn<bool>("hasIcon");
+    QTest::newRow("a link without an icon") << false;
+    QTest::newRow("a link with an icon") << true;
+}
+
+void ShelfStoreLinkMetadataTest::anIconThatCannotBeWrittenIsLogged()
+{
+    QFETCH(const bool, hasIcon);
+    LinkFixture fixture;
+    fixture.store->updateLink(fixture.id(), {}, hasIcon);
+    // The folder is there, and the file cannot take its place in it.
+    const QString inTheWay = fixture.itemFolder(fixture.id()) + QStringLiteral("/icon.png/inside");
+    QVERIFY(QDir().mkpath(inTheWay));
+    fixture.queue.advance(1);
+    IconCompletion load;
+    QVERIFY(fixture.linkMetadata.finish(0, metadata({}, load)));
+    const QList<ShelfItem> items = fixture.store->items();
+    const CapturedLog log;
+    load(QByteArray("PNG"));
+    QVERIFY(fixture.store->items() == items);
+    QCOMPARE(topLink(*fixture.store).hasIcon, hasIcon);
+    QCOMPARE(log.lines().join(QLatin1Char('\n')), QStringLiteral("Nookle: could not save favicon: Is a directory"));
+    QVERIFY(QFileInfo::exists(inTheWay));
+    QCOMPARE(QDir(fixture.itemFolder(fixture.id())).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{ QStringLiteral("icon.png") });
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
 }
 
 void ShelfStoreLinkMetadataTest::removingALinkDeletesItsIconOutright()

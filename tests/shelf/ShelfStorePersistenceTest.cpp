@@ -6,7 +6,11 @@
 #include <QFile>
 #include <QTest>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
 
 using namespace nookle;
 
@@ -34,13 +38,38 @@ void install(const StoreFixture& fixture, const QByteArray& index)
     fixture.write(QStringLiteral("data/index.json"), index);
 }
 
-void install(const StoreFixture& fixture, const char* name)
+[[nodiscard]] QByteArray sample(const char* name)
 {
     QFile file(QStringLiteral(NOOKLE_INDEX_DATA "/") + QLatin1String(name));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("cannot read %s", qPrintable(file.fileName()));
-    install(fixture, file.readAll());
+    return file.readAll();
 }
+
+void install(const StoreFixture& fixture, const char* name)
+{
+    install(fixture, sample(name));
+}
+
+/// A device of the test's own. Its folder takes no files, so that not even root can put one in its place: a shelf that
+/// wrote to where a link leads would otherwise take a device away from the whole machine.
+class Device {
+public:
+    Device()
+        : m_master(::posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC))
+    {
+        if (m_master < 0 || ::grantpt(m_master) != 0 || ::unlockpt(m_master) != 0)
+            qFatal("no pseudo terminal");
+    }
+    ~Device() { ::close(m_master); }
+    Device(const Device&) = delete;
+    Device& operator=(const Device&) = delete;
+
+    [[nodiscard]] QString path() const { return QFile::decodeName(::ptsname(m_master)); }
+
+private:
+    int m_master;
+};
 
 [[nodiscard]] mode_t permissions(const QString& path)
 {
@@ -78,6 +107,9 @@ private Q_SLOTS:
     void savingIsOffUntilTheFolderCanBeClaimed();
     void anImageIsNotTakenOverWhileSavingIsOff();
     void anIndexThatAppearsAfterTheStartIsSetAside();
+    void anIndexThatAnotherProgramPutsInItsPlaceIsSetAside();
+    void aFolderThatComesBackIsStillOurs();
+    void anIndexThatMayBeWholeReplacesNoneThatWasSetAside();
     void aShelfThatIsFullTakesNothing();
     void aShelfThatIsFullMovesWhatIsOnIt();
     void anIndexBeyondTheLimitIsNotWritten();
@@ -215,6 +247,7 @@ void ShelfStorePersistenceTest::whatIsNoRegularFileIsAnEmptyShelf_data()
 void ShelfStorePersistenceTest::whatIsNoRegularFileIsAnEmptyShelf()
 {
     QFETCH(QString, kind);
+    const Device device;
     StoreFixture fixture;
     QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data"))));
     if (kind == QStringLiteral("folder"))
@@ -222,7 +255,7 @@ void ShelfStorePersistenceTest::whatIsNoRegularFileIsAnEmptyShelf()
     else if (kind == QStringLiteral("pipe"))
         QCOMPARE(::mkfifo(QFile::encodeName(fixture.indexPath()).constData(), 0600), 0);
     else if (kind == QStringLiteral("link to a device"))
-        QVERIFY(QFile::link(QStringLiteral("/dev/zero"), fixture.indexPath()));
+        QVERIFY(QFile::link(device.path(), fixture.indexPath()));
     else if (kind == QStringLiteral("link to nothing"))
         QVERIFY(QFile::link(QStringLiteral("missing"), fixture.indexPath()));
     else
@@ -366,21 +399,26 @@ void ShelfStorePersistenceTest::anIndexThatCannotBeWrittenIsLogged()
 void ShelfStorePersistenceTest::aHostileFileNameReachesNothingOutside()
 {
     StoreFixture fixture;
-    install(fixture, "good/hostile-file-names.json");
+    const QByteArray absolute = QFile::encodeName(fixture.path(QStringLiteral("victim.png")));
+    install(fixture, sample("good/hostile-file-names.json").replace("/absolute/victim.png", absolute));
     fixture.write(QStringLiteral("data/victim.png"), "precious");
+    fixture.write(QStringLiteral("victim.png"), "precious");
+    QStringList located;
     {
         const auto store = fixture.open();
         QCOMPARE(store->items().size(), 7);
         for (const ShelfItem& item : QList<ShelfItem>(store->items())) {
             // With the folder there, a path through it leads somewhere.
             QVERIFY(QDir().mkpath(fixture.itemFolder(item.id)));
-            QVERIFY(!store->localURL(item));
+            if (store->localURL(item))
+                located.append(item.displayName());
             store->remove(item.id);
         }
     }
     QVERIFY(fixture.trash.moved.isEmpty());
     QCOMPARE(fixture.read(QStringLiteral("data/victim.png")), QByteArray("precious"));
-    QVERIFY(QFile::exists(QStringLiteral("/etc/passwd")));
+    QCOMPARE(fixture.read(QStringLiteral("victim.png")), QByteArray("precious"));
+    QCOMPARE(located, QStringList());
     QVERIFY(QDir(fixture.path(QStringLiteral("data/Files"))).isEmpty());
 }
 
@@ -449,15 +487,16 @@ void ShelfStorePersistenceTest::anIndexThatCannotBeReadIsSetAsideBeforeTheFirstS
     // Its first byte cannot be read.
     QTest::newRow("the disk fails") << QStringLiteral("/proc/self/mem");
     QTest::newRow("a link to itself") << QStringLiteral("index.json");
-    QTest::newRow("a device") << QStringLiteral("/dev/zero");
+    QTest::newRow("a device") << QString();
 }
 
 void ShelfStorePersistenceTest::anIndexThatCannotBeReadIsSetAsideBeforeTheFirstSave()
 {
     QFETCH(QString, target);
+    const Device device;
     StoreFixture fixture;
     QVERIFY(QDir().mkpath(fixture.itemFolder(orphan)));
-    QVERIFY(QFile::link(target, fixture.indexPath()));
+    QVERIFY(QFile::link(target.isEmpty() ? device.path() : target, fixture.indexPath()));
     const QString aside = fixture.path(QStringLiteral("data/index.corrupt.json"));
     const CapturedLog log;
     {
@@ -518,6 +557,56 @@ void ShelfStorePersistenceTest::anIndexThatAppearsAfterTheStartIsSetAside()
     store->saveNow();
     QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), other);
     QCOMPARE(log.lines().size(), 1);
+}
+
+void ShelfStorePersistenceTest::anIndexThatAnotherProgramPutsInItsPlaceIsSetAside()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("milk"));
+    store->saveNow();
+    QVERIFY(QDir().rename(fixture.path(QStringLiteral("data")), fixture.path(QStringLiteral("old"))));
+    install(fixture, "good/every-kind.json");
+    const QByteArray other = fixture.read(QStringLiteral("data/index.json"));
+    const CapturedLog log;
+    store->addText(QStringLiteral("bread"));
+    store->saveNow();
+    QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), other);
+    QCOMPARE(log.lines().size(), 1);
+    QCOMPARE(fixture.open()->items().size(), 2);
+}
+
+void ShelfStorePersistenceTest::anIndexThatMayBeWholeReplacesNoneThatWasSetAside()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->saveNow();
+    for (const char* other : { "first", "second", "third" }) {
+        QVERIFY(QFile::remove(fixture.indexPath()));
+        fixture.write(QStringLiteral("data/index.json"), other);
+        store->saveNow();
+    }
+    QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), QByteArray("first"));
+    QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt-2.json")), QByteArray("second"));
+    QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt-3.json")), QByteArray("third"));
+}
+
+void ShelfStorePersistenceTest::aFolderThatComesBackIsStillOurs()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("milk"));
+    store->saveNow();
+    const auto move = [&](const char* from, const char* to) {
+        return QDir().rename(fixture.path(QLatin1String(from)), fixture.path(QLatin1String(to)));
+    };
+    QVERIFY(move("data", "away"));
+    QVERIFY(move("away", "data"));
+    store->addText(QStringLiteral("bread"));
+    const CapturedLog log;
+    store->saveNow();
+    QVERIFY(log.lines().isEmpty());
+    QVERIFY(!QFile::exists(fixture.path(QStringLiteral("data/index.corrupt.json"))));
 }
 
 void ShelfStorePersistenceTest::aShelfThatIsFullTakesNothing()

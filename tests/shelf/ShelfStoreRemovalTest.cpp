@@ -29,8 +29,31 @@ private Q_SLOTS:
     void removingAFileItemLeavesTheFileAlone();
     void removingReleasesTheReferenceUnlessAnotherItemHoldsIt();
     void removingAnUnknownIdSavesAndTellsNobody();
+    void removingAnUnknownIdRemovesItsFolder();
+    void removingAnIdThatTwoItemsHaveRemovesBoth_data();
+    void removingAnIdThatTwoItemsHaveRemovesBoth();
+    void expiryOfOneOfTwoItemsOfAnIdRemovesBoth();
+    void pinningAnIdThatTwoItemsHavePinsTheFirst();
     void anIdInsideTheStoreMayBeGivenToRemove();
 };
+
+namespace {
+
+const QUuid doubled = QUuid::fromString(QStringLiteral("1B4E28BA-2FA1-11D2-883F-B9A761BDE3FB"));
+
+/// An index with an image and a text of the same id, and another text between them.
+void installDoubledId(const StoreFixture& fixture, bool isImageFirst)
+{
+    const ShelfItem image{ doubled, fixture.now, ImageContent{ QStringLiteral("a.png") }, false };
+    const ShelfItem text{ doubled, fixture.now, TextContent{ QStringLiteral("bread") }, false };
+    const ShelfItem between{ QUuid::createUuid(), fixture.now, TextContent{ QStringLiteral("milk") }, false };
+    ShelfIndex index;
+    index.items = { isImageFirst ? image : text, between, isImageFirst ? text : image };
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data"))));
+    fixture.write(QStringLiteral("data/index.json"), index.encode());
+}
+
+} // namespace
 
 void ShelfStoreRemovalTest::togglingThePinOfAnItemDoesNotMoveIt()
 {
@@ -252,6 +275,66 @@ void ShelfStoreRemovalTest::removingAnUnknownIdSavesAndTellsNobody()
     store->remove(QUuid::createUuid());
     QCOMPARE(changes.size(), 0);
     QCOMPARE(fixture.queue.waitingTasks(), 1);
+}
+
+void ShelfStoreRemovalTest::removingAnUnknownIdRemovesItsFolder()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("milk"));
+    const QUuid unknown = QUuid::createUuid();
+    QVERIFY(QDir().mkpath(fixture.itemFolder(unknown) + QStringLiteral("/inside")));
+    store->remove(unknown);
+    QVERIFY(!QFileInfo::exists(fixture.itemFolder(unknown)));
+    QCOMPARE(store->items().size(), 1);
+    QVERIFY(fixture.trash.moved.isEmpty());
+}
+
+void ShelfStoreRemovalTest::removingAnIdThatTwoItemsHaveRemovesBoth_data()
+{
+    QTest::addColumn<bool>("isImageFirst");
+    QTest::newRow("the image is the first") << true;
+    QTest::newRow("the image is the second") << false;
+}
+
+void ShelfStoreRemovalTest::removingAnIdThatTwoItemsHaveRemovesBoth()
+{
+    QFETCH(const bool, isImageFirst);
+    StoreFixture fixture;
+    installDoubledId(fixture, isImageFirst);
+    QVERIFY(QDir().mkpath(fixture.itemFolder(doubled)));
+    fixture.write(QStringLiteral("data/Files/1B4E28BA-2FA1-11D2-883F-B9A761BDE3FB/a.png"), "pixels");
+    const auto store = fixture.open();
+    QCOMPARE(store->items().size(), 3);
+    store->remove(doubled);
+    QCOMPARE(StoreFixture::names(*store), QStringList{ QStringLiteral("milk") });
+    // The first item says what becomes of the file.
+    QCOMPARE(fixture.trash.moved.size(), isImageFirst ? 1 : 0);
+    QVERIFY(!QFileInfo::exists(fixture.itemFolder(doubled)));
+    fixture.queue.advance(0.3);
+    QCOMPARE(fixture.open()->items().size(), 1);
+}
+
+void ShelfStoreRemovalTest::expiryOfOneOfTwoItemsOfAnIdRemovesBoth()
+{
+    StoreFixture fixture;
+    installDoubledId(fixture, true);
+    const auto store = fixture.open();
+    // It is the first one that is found by the id.
+    store->togglePinned(doubled);
+    fixture.now = store->items().constFirst().createdAt.addSecs(10);
+    store->removeExpired(5);
+    QVERIFY(store->items().isEmpty());
+}
+
+void ShelfStoreRemovalTest::pinningAnIdThatTwoItemsHavePinsTheFirst()
+{
+    StoreFixture fixture;
+    installDoubledId(fixture, true);
+    const auto store = fixture.open();
+    store->togglePinned(doubled);
+    QVERIFY(store->items().at(0).pinned);
+    QVERIFY(!store->items().at(2).pinned);
 }
 
 void ShelfStoreRemovalTest::anIdInsideTheStoreMayBeGivenToRemove()

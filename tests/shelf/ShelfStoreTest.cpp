@@ -31,6 +31,7 @@ private Q_SLOTS:
     void anImageIsMovedIntoTheItemsFolder();
     void anImageWhoseNameIsNotUtf8GetsANameThatIsText();
     void anImageThatCannotBeMovedIsLoggedAndNotAdded();
+    void theFolderOfAnImageThatWasNotMovedStaysForADay();
     void newItemsAreUnpinnedAndDatedNow();
     void everyNewItemHasARandomId();
     void listenersSeeTheChangeAndMayChangeMore();
@@ -291,6 +292,34 @@ void ShelfStoreTest::anImageThatCannotBeMovedIsLoggedAndNotAdded()
     QCOMPARE(fixture.read(QStringLiteral("a.png")), QByteArray("pixels"));
     QCOMPARE(log.lines().size(), 2);
     QCOMPARE(log.lines().at(0), QStringLiteral("Nookle: could not take over image: Not a directory"));
+}
+
+void ShelfStoreTest::theFolderOfAnImageThatWasNotMovedStaysForADay()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("milk"));
+    store->saveNow();
+    const CapturedLog log;
+    store->addImage(fixture.urlOf(QStringLiteral("missing.png")));
+    QCOMPARE(log.lines().join(QLatin1Char('\n')),
+             QStringLiteral("Nookle: could not take over image: No such file or directory"));
+    QCOMPARE(StoreFixture::names(*store), QStringList{ QStringLiteral("milk") });
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
+    const QDir files(fixture.path(QStringLiteral("data/Files")));
+    const QStringList folders = files.entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    QCOMPARE(folders.size(), 1);
+    QVERIFY(!QUuid::fromString(folders.constFirst()).isNull());
+    QVERIFY(QDir(files.filePath(folders.constFirst())).isEmpty());
+
+    fixture.now = QDateTime::currentDateTimeUtc().addSecs(3600);
+    const auto soon = fixture.open();
+    soon->removeOrphans();
+    QVERIFY(!files.isEmpty());
+    fixture.now = QDateTime::currentDateTimeUtc().addDays(2);
+    soon->removeOrphans();
+    QVERIFY(files.isEmpty());
+    QVERIFY(fixture.trash.moved.isEmpty());
 }
 
 void ShelfStoreTest::newItemsAreUnpinnedAndDatedNow()

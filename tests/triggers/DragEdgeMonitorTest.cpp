@@ -21,8 +21,10 @@ private Q_SLOTS:
     void onlyTheFirstDisplayUnderThePointerIsTested();
     void aFastDragOverAnInnerEdgeIsSeen();
     void aFastDragOverAGapBetweenDisplaysIsSeen();
+    void theWayOnWhichTheDragOfContentBeginsCounts();
+    void theWayFromThePressCounts();
     void theWayBeforeTheDragOfContentDoesNotCount();
-    void theWayOfThePressBeforeDoesNotCount();
+    void theWayBeforeThePressDoesNotCount();
     void aFastDragBesideTheEdgeDoesNotFire();
     void aDragThatWasUnderWayBeforeThePressDoesNotCount();
     void aDragOfThisProgramLeavesTheCounterAloneAndDoesNotFire();
@@ -54,6 +56,7 @@ void DragEdgeMonitorTest::init()
 {
     monitor.reset();
     input = std::make_unique<FakeInputMonitor>();
+    pointer = FakePointer();
     displays = FakeDisplays();
     monitor = std::make_unique<DragEdgeMonitor>(*input, pointer, displays);
     fired = 0;
@@ -95,6 +98,7 @@ void DragEdgeMonitorTest::theEdgeZoneIsTheLastThreePoints()
 void DragEdgeMonitorTest::theRightEdgeOfTheLeftDisplayIsAnEdgeToo()
 {
     displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
+    pointer.at = { 900, 300 };
     beginContentDrag();
     dragTo(800, 300);
     QCOMPARE(fired, 0);
@@ -105,6 +109,7 @@ void DragEdgeMonitorTest::theRightEdgeOfTheLeftDisplayIsAnEdgeToo()
 void DragEdgeMonitorTest::aPointerOnNoDisplayDoesNotFire()
 {
     displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 400 }, {} } };
+    pointer.at = { 900, 500 };
     beginContentDrag();
     dragTo(1599, 500);
     QCOMPARE(fired, 0);
@@ -140,23 +145,44 @@ void DragEdgeMonitorTest::aFastDragOverAGapBetweenDisplaysIsSeen()
     QCOMPARE(fired, 1);
 }
 
-void DragEdgeMonitorTest::theWayBeforeTheDragOfContentDoesNotCount()
+void DragEdgeMonitorTest::theWayOnWhichTheDragOfContentBeginsCounts()
 {
     displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
     input->press();
     dragTo(700, 300);
     ++input->changeCount;
     dragTo(900, 300);
+    QCOMPARE(fired, 1);
+}
+
+void DragEdgeMonitorTest::theWayFromThePressCounts()
+{
+    displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
+    pointer.at = { 700, 300 };
+    beginContentDrag();
+    dragTo(900, 300);
+    QCOMPARE(fired, 1);
+}
+
+void DragEdgeMonitorTest::theWayBeforeTheDragOfContentDoesNotCount()
+{
+    displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
+    input->press();
+    dragTo(700, 300);
+    dragTo(900, 300);
+    ++input->changeCount;
+    dragTo(910, 300);
     QCOMPARE(fired, 0);
 }
 
-void DragEdgeMonitorTest::theWayOfThePressBeforeDoesNotCount()
+void DragEdgeMonitorTest::theWayBeforeThePressDoesNotCount()
 {
     displays.entries = { { { 0, 0, 800, 600 }, {} }, { { 800, 0, 800, 600 }, {} } };
     beginContentDrag();
     dragTo(700, 300);
+    pointer.at = { 900, 300 };
     beginContentDrag();
-    dragTo(900, 300);
+    dragTo(910, 300);
     QCOMPARE(fired, 0);
 }
 

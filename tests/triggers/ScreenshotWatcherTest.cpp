@@ -37,6 +37,9 @@ private Q_SLOTS:
     void aFolderThatCannotBeOpenedIsSaidInOneLogLineAndTriedAgainAtTheNextStart();
     void aFolderThatIsRemovedAndMadeAnewIsWatchedAgain();
     void aFolderThatIsReplacedAtOnceIsWatchedAgainAtOnce();
+    void whatIsInAFolderThatTakesThePlaceOfAnotherIsNew();
+    void aFolderThatIsReplacedFromAboveIsNoticedWithinAMinute();
+    void aFolderThatStaysIsNotScannedAgain();
     void aStoppedWatcherDoesNotWaitForItsFolder();
     void whereNoWatchIsLeftTheReasonIsSaidOnceAndTheWatchTriedAgain();
     void whenNoWatchIsLeftForAFolderThatComesBackItIsTriedAgain();
@@ -299,6 +302,42 @@ void ScreenshotWatcherTest::aFolderThatIsReplacedAtOnceIsWatchedAgainAtOnce()
     addScreenshot(QStringLiteral("a.png"));
     m_queue->advance(0.4);
     QCOMPARE(m_reported, QList<QUrl>{ file(QStringLiteral("a.png")) });
+}
+
+// The tool may give the picture a name that it gave one in the folder before.
+void ScreenshotWatcherTest::whatIsInAFolderThatTakesThePlaceOfAnotherIsNew()
+{
+    addScreenshot(QStringLiteral("a.png"));
+    m_watcher->start();
+    m_folders->removeFolder(m_folder);
+    m_folders->addFolder(m_folder, { "a.png" });
+    m_queue->advance(10);
+    QCOMPARE(m_reported, QList<QUrl>{ file(QStringLiteral("a.png")) });
+    m_queue->advance(600);
+    QCOMPARE(m_reported.size(), 1);
+}
+
+void ScreenshotWatcherTest::aFolderThatIsReplacedFromAboveIsNoticedWithinAMinute()
+{
+    m_watcher->start();
+    m_settings->marked.insert(file(QStringLiteral("first.png")));
+    m_folders->replaceFromAbove(m_folder, { "first.png" });
+    m_queue->advance(61);
+    QCOMPARE(m_reported, QList<QUrl>{ file(QStringLiteral("first.png")) });
+    addScreenshot(QStringLiteral("second.png"));
+    m_queue->advance(1);
+    QCOMPARE(m_reported.size(), 2);
+    QCOMPARE(m_folders->subscriptions(), std::size_t(1));
+}
+
+void ScreenshotWatcherTest::aFolderThatStaysIsNotScannedAgain()
+{
+    m_watcher->start();
+    const int looks = m_folders->looks;
+    m_queue->advance(600);
+    QCOMPARE(m_folders->looks, looks);
+    m_watcher->stop();
+    QCOMPARE(m_queue->waitingTimers(), 0);
 }
 
 void ScreenshotWatcherTest::aStoppedWatcherDoesNotWaitForItsFolder()

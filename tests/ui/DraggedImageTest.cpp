@@ -24,7 +24,11 @@ private Q_SLOTS:
     void dragThatEndedNowhereLooksForNothing();
     void failureIsLogged();
     void fileIsLetGoOfInTheEnd();
-    void fileIsLetGoOfAtTheNextDrag();
+    void imageThatIsMovedDuringALongMenuIsCopiedBack();
+    void imageThatIsMovedIsCopiedBackAfterTheNextDragToo();
+    void imageThatIsMovedIsCopiedBackBeforeTheProgramEnds();
+    void imageThatIsMovedIsThereForItsNextDrag();
+    void imagesThatAreDraggedOneAfterTheOtherHoldOneFileEach();
 
 private:
     /// Drags the image out, to a program that says that it has done `operation`.
@@ -169,7 +173,7 @@ void DraggedImageTest::fileIsLetGoOfInTheEnd()
 {
     drag();
     QCOMPARE(heldDescriptors(), 1);
-    m_shelf->queue.advance(100);
+    m_shelf->queue.advance(700);
     QCOMPARE(heldDescriptors(), 0);
     drag();
     moveAway();
@@ -177,11 +181,53 @@ void DraggedImageTest::fileIsLetGoOfInTheEnd()
     QCOMPARE(heldDescriptors(), 0);
 }
 
-void DraggedImageTest::fileIsLetGoOfAtTheNextDrag()
+void DraggedImageTest::imageThatIsMovedDuringALongMenuIsCopiedBack()
 {
     drag();
+    m_shelf->queue.advance(5 * 60);
+    moveAway();
+    m_shelf->queue.advance(18);
+    QVERIFY(isInPlace());
+}
+
+void DraggedImageTest::imageThatIsMovedIsCopiedBackAfterTheNextDragToo()
+{
+    drag();
+    m_shelf->queue.advance(4);
+    moveAway();
     (void)m_shelf->addFile("a.txt");
+    drag();
+    QVERIFY(!isInPlace());
+    m_shelf->queue.advance(18);
+    QVERIFY(isInPlace());
+}
+
+void DraggedImageTest::imageThatIsMovedIsCopiedBackBeforeTheProgramEnds()
+{
+    drag();
+    moveAway();
+    m_shelf->view.saveDraggedImages();
+    QVERIFY(isInPlace());
+    QCOMPARE(heldDescriptors(), 0);
+}
+
+void DraggedImageTest::imageThatIsMovedIsThereForItsNextDrag()
+{
+    drag();
+    moveAway();
     QVERIFY(m_shelf->view.interaction(m_shelf->top()).dragItem());
+    QVERIFY(isInPlace());
+}
+
+void DraggedImageTest::imagesThatAreDraggedOneAfterTheOtherHoldOneFileEach()
+{
+    for (int count = 0; count < 5; ++count)
+        drag();
+    QCOMPARE(heldDescriptors(), 1);
+    (void)m_shelf->addFile("a.txt");
+    drag();
+    QCOMPARE(heldDescriptors(), 1);
+    m_shelf->queue.advance(700);
     QCOMPARE(heldDescriptors(), 0);
 }
 

@@ -13,6 +13,7 @@
 #include <QScrollBar>
 #include <QTest>
 
+#include <algorithm>
 #include <memory>
 
 using namespace nookle;
@@ -45,6 +46,7 @@ private Q_SLOTS:
     void theEndOfADragClearsTheHoverAndIsReported();
     void theOperationsOfEachKind();
     void copyingReplacesTheClipboard();
+    void copyingAVanishedFileLeavesTheClipboardEmpty();
     void aDragCarriesTheFilesUri();
     void aDragOfANameThatIsNotUtf8CarriesItsBytes();
     void aDragOfALinkCarriesAddressTextAndTitle();
@@ -59,6 +61,7 @@ private Q_SLOTS:
     void pinningAndRemovingFromTheMenu();
     void aDropOfAFileIsTakenAsACopy();
     void aDropThatAllowsNoCopyIsRefused();
+    void anItemOfItsOwnIsRefusedUntilItsDragHasEnded();
     void theOwnerHearsOfDropsThatHover();
     void noTileIsHighlightedWhileADropHovers();
     void theOwnerHearsOfTheFirstMenuThatOpensAndTheLastThatCloses();
@@ -341,6 +344,22 @@ void ShelfViewTest::copyingReplacesTheClipboard()
     QCOMPARE(f.pasteboard.operations, expected);
 }
 
+// The menu may have been opened before.
+void ShelfViewTest::copyingAVanishedFileLeavesTheClipboardEmpty()
+{
+    ShelfFixture& f = *m_fixture;
+    const QUrl file = f.addFile("a.txt");
+    const MenuActions menu = f.view.interaction(f.top()).menu();
+    const auto copy = std::find_if(menu.begin(), menu.end(), [](const std::optional<MenuAction>& each) {
+        return each && each->title == QStringLiteral("Copy");
+    });
+    QVERIFY(copy != menu.end());
+    f.references.removeFile(file);
+    f.store.refreshFiles();
+    (*copy)->action();
+    QCOMPARE(f.pasteboard.operations, QStringList{ QStringLiteral("clear") });
+}
+
 void ShelfViewTest::aDragCarriesTheFilesUri()
 {
     ShelfFixture& f = *m_fixture;
@@ -497,6 +516,30 @@ void ShelfViewTest::aDropThatAllowsNoCopyIsRefused()
     QCoreApplication::sendEvent(&f.view, &enter);
     QVERIFY(!enter.isAccepted());
     QVERIFY(!f.view.isDropTarget());
+}
+
+void ShelfViewTest::anItemOfItsOwnIsRefusedUntilItsDragHasEnded()
+{
+    ShelfFixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("words"));
+    f.store.addText(QStringLiteral("more words"));
+    const ItemInteraction tile = f.view.interaction(f.store.items().at(1));
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    tile.onDragBegan();
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(!enter.isAccepted());
+    QVERIFY(!f.view.isDropTarget());
+    QDropEvent drop({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &drop);
+    QVERIFY(!drop.isAccepted());
+    f.queue.runPosted();
+    QCOMPARE(f.top().displayName(), QStringLiteral("more words"));
+
+    tile.onDragEnded(DragOperation::none);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(enter.isAccepted());
 }
 
 void ShelfViewTest::theOwnerHearsOfDropsThatHover()

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void aFileThatIsTrashedLaterIsFoundOnce();
     void afterSomeSecondsNobodyLooksAnyMore();
     void theNextDragEndsTheWatch();
+    void whatIsInTheTrashBeforeTheNextDragIsFound();
     void anImagesReferenceIsReleasedAndAFilesIsKept();
     void withoutAReferenceThereIsNothingToWatch();
 
@@ -96,6 +97,16 @@ void TrashWatchTest::theNextDragEndsTheWatch()
     w.references.moveFile(w.file, w.trashed);
     w.queue.advance(10);
     QCOMPARE(w.found, 0);
+}
+
+void TrashWatchTest::whatIsInTheTrashBeforeTheNextDragIsFound()
+{
+    World w;
+    w.watch.begin(w.image, w.file);
+    w.keepLooking();
+    w.references.moveFile(w.file, w.trashed);
+    w.watch.begin(w.image, fileUrl("/home/b.png"));
+    QCOMPARE(w.found, 1);
 }
 
 void TrashWatchTest::anImagesReferenceIsReleasedAndAFilesIsKept()

@@ -1,0 +1,54 @@
+#include "LinuxPlatform.h"
+
+#include "HelperProgram.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+
+#include <chrono>
+#include <utility>
+
+namespace nookle {
+
+LinuxPlatform::LinuxPlatform(const QByteArray& dataHome, std::unique_ptr<DesktopBackend> desktop)
+    : m_desktop(std::move(desktop))
+    , m_trash(dataHome)
+    , m_mounts(std::make_shared<Mounts>(QFile::encodeName(QDir::homePath())))
+    , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue, std::chrono::steady_clock::now, m_mounts)
+    , m_pictures(m_mounts, m_queue)
+    , m_linkMetadata(helperProgram(QCoreApplication::applicationDirPath(), QStringLiteral("nookle-lookup")),
+                     m_pictures.converter(), m_queue)
+    , m_pasteboard(m_pictures.converter())
+    , m_fileTransfers(m_mounts)
+    , m_loginItem(QCoreApplication::applicationFilePath())
+    , m_folders(m_mounts)
+    , m_screenshotSettings(m_defaults, m_mounts)
+{
+}
+
+LinuxPlatform::~LinuxPlatform() = default;
+
+AppDelegate::Platform LinuxPlatform::parts()
+{
+    return {
+        .desktop = *m_desktop,
+        .queue = m_queue,
+        .defaults = m_defaults,
+        .trash = m_trash,
+        .fileReferences = m_fileReferences,
+        .thumbnails = m_pictures.thumbnails(),
+        .linkMetadata = m_linkMetadata,
+        .pasteboard = m_pasteboard,
+        .workspace = m_workspace,
+        .fileTransfers = m_fileTransfers,
+        .notifierTray = m_notifierTray,
+        .notifier = m_notifier,
+        .requests = m_requests,
+        .loginItem = m_loginItem,
+        .folders = m_folders,
+        .screenshotSettings = m_screenshotSettings,
+    };
+}
+
+} // namespace nookle

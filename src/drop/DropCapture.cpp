@@ -1,0 +1,79 @@
+#include "DropCapture.h"
+
+#include "DropAddresses.h"
+#include "DropImage.h"
+#include "DropPayload.h"
+#include "DropSave.h"
+#include "DropText.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] QStringList transferFormats()
+{
+    return { QStringLiteral("application/vnd.portal.filetransfer"), QStringLiteral("application/vnd.portal.files") };
+}
+
+[[nodiscard]] QByteArray loadTransferKey(const DropPayload& payload)
+{
+    const QStringList formats = payload.formats();
+    for (const QString& format : transferFormats()) {
+        if (!formats.contains(format))
+            continue;
+        QByteArray key = payload.data(format);
+        key.truncate(key.indexOf('\0') < 0 ? key.size() : key.indexOf('\0'));
+        if (!key.isEmpty())
+            return key;
+    }
+    return {};
+}
+
+/// A file is a file even if the source offers its picture as well, and several addresses share no picture.
+[[nodiscard]] bool canBeImage(const std::vector<DroppedAddress>& addresses)
+{
+    return addresses.empty() || (addresses.size() == 1 && !addresses.front().isFile());
+}
+
+} // namespace
+
+bool offersDropItems(const DropPayload& payload)
+{
+    const QStringList formats = payload.formats();
+    const bool isOffered = std::any_of(formats.begin(), formats.end(), [](const QString& format) {
+        return isAddressFormat(format) || isImageFormat(format) || isTextFormat(format)
+            || transferFormats().contains(format);
+    });
+    return isOffered || canSaveDrop(payload);
+}
+
+CapturedDrop captureDrop(const DropPayload& payload)
+{
+    CapturedDrop drop;
+    drop.transferKey = loadTransferKey(payload);
+    std::vector<DroppedAddress> addresses = loadDropAddresses(payload);
+    auto image = canBeImage(addresses) ? loadDropImage(payload) : std::nullopt;
+    if (image) {
+        auto address = addresses.empty() ? std::nullopt : std::optional(std::move(addresses.front()));
+        drop.items.push_back({ .address = std::move(address), .image = std::move(image), .text = {} });
+        return drop;
+    }
+    if (addresses.size() == 1 && !addresses.front().isFile())
+        addresses.front().title = loadDropTitle(payload, addresses.front().url);
+    for (DroppedAddress& address : addresses)
+        drop.items.push_back({ .address = std::move(address), .image = {}, .text = {} });
+    if (!drop.items.empty() || !drop.transferKey.isEmpty())
+        return drop;
+    drop.savedInto = saveDrop(payload);
+    if (drop.savedInto)
+        return drop;
+    if (auto text = loadDropText(payload))
+        drop.items.push_back({ .address = {}, .image = {}, .text = std::move(text) });
+    return drop;
+}
+
+} // namespace nookle

@@ -1,0 +1,48 @@
+#include "LeftImageCopies.h"
+
+#include "DataFiles.h"
+#include "IndexText.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <system_error>
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] bool isNameOfCopy(const QByteArray& name)
+{
+    const QByteArray prefix = QByteArrayLiteral("Nookle-");
+    const QString rest = QString::fromLatin1(name.mid(prefix.size()));
+    const auto id = uuidFromText(rest);
+    return name.startsWith(prefix) && id && uuidText(*id) == rest;
+}
+
+/// Everybody may put something of that name into the temporary folder.
+[[nodiscard]] bool isOwnFolder(const QByteArray& path, const QDateTime& unchangedSince)
+{
+    struct stat status {};
+    constexpr mode_t permissions = S_ISUID | S_ISGID | S_ISVTX | S_IRWXU | S_IRWXG | S_IRWXO;
+    return ::lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode) && status.st_uid == ::geteuid()
+        && (status.st_mode & permissions) == S_IRWXU && status.st_mtim.tv_sec < unchangedSince.toSecsSinceEpoch();
+}
+
+} // namespace
+
+void removeLeftImageCopies(const QDateTime& unchangedSince)
+{
+    std::error_code error;
+    const QByteArray temporary = QByteArray::fromStdString(std::filesystem::temp_directory_path(error).native());
+    if (error)
+        return;
+    for (const QByteArray& name : entriesOf(temporary).value_or(QList<QByteArray>())) {
+        const QByteArray path = temporary + '/' + name;
+        if (isNameOfCopy(name) && isOwnFolder(path, unchangedSince))
+            std::filesystem::remove_all(path.toStdString(), error);
+    }
+}
+
+} // namespace nookle

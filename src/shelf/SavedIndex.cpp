@@ -1,0 +1,125 @@
+#include "SavedIndex.h"
+
+#include "DataFiles.h"
+#include "ItemFiles.h"
+#include "Log.h"
+#include "MainQueue.h"
+
+#include <chrono>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// In seconds.
+constexpr double saveDelay = 0.3;
+
+/// In bytes. Encoding and writing so much takes no time that anybody notices.
+constexpr qsizetype quickIndex = 4 << 20;
+
+/// How long the end of the program waits for the disk.
+constexpr std::chrono::seconds savingPatience(60);
+
+/// What is on the shelf may grow a little, and must still be saved.
+constexpr qsizetype growthShare = 20;
+
+} // namespace
+
+SavedIndex::SavedIndex(Environment environment, const QList<ShelfItem>& items, const ItemFiles& itemFiles,
+                       MainQueue& queue)
+    : m_environment(std::move(environment))
+    , m_items(items)
+    , m_itemFiles(itemFiles)
+    , m_queue(queue)
+    , m_file(m_environment.dataFolder, m_environment.largestSize)
+    , m_writer(
+          [path = m_file.path(), largest = m_environment.largestSize](const ShelfIndex& index) {
+              const QByteArray bytes = index.encode();
+              if (bytes.size() > largest)
+                  return std::optional(Failure{ QStringLiteral("larger than %1 bytes").arg(largest) });
+              return writeAtomically(path, bytes);
+          },
+          queue, savingPatience)
+{
+    m_writer.onWritten = [this] { m_file.wasWritten(); };
+    m_writer.onFailed = [this](const Failure& failure) { log(failure); };
+}
+
+SavedIndex::~SavedIndex() = default;
+
+QList<ShelfItem> SavedIndex::load()
+{
+    return m_file.load();
+}
+
+void SavedIndex::schedule()
+{
+    m_pendingSave.reset();
+    m_pendingSave = m_queue.after(saveDelay, [this] { save(Wait::whileShort); });
+}
+
+void SavedIndex::saveNow()
+{
+    save(Wait::untilDone);
+}
+
+void SavedIndex::save(Wait wait)
+{
+    m_pendingSave.reset();
+    std::optional<Failure> failure = prepare();
+    if (!failure) {
+        const bool isShort = !m_writer.isBusy() && ShelfIndex::upperBound(m_items) <= quickIndex;
+        m_writer.write({ .items = m_items });
+        if (isShort || wait == Wait::untilDone)
+            failure = m_writer.finish();
+    }
+    if (failure)
+        log(*failure);
+}
+
+std::optional<Failure> SavedIndex::ensureWritten()
+{
+    if (m_file.isWritten())
+        return {};
+    if (std::optional<Failure> failure = prepare())
+        return failure;
+    m_writer.write({ .items = m_items });
+    return m_writer.finish();
+}
+
+std::optional<Failure> SavedIndex::prepare()
+{
+    if (std::optional<Failure> failure = makeFolder(m_environment.dataFolder))
+        return failure;
+    std::optional<Failure> failure = m_environment.claimFolder();
+    // While an index is being written, the one on disk changes at any moment.
+    if (!failure && !m_writer.isBusy() && !m_file.isOurs())
+        failure = m_file.makeWay(m_itemFiles.folders() != QList<QUuid>());
+    const bool wasOff = std::exchange(m_isSavingOff, failure.has_value());
+    if (m_isSavingOff && !wasOff)
+        logLine(QStringLiteral("saving is off: ") + failure->description);
+    return failure;
+}
+
+void SavedIndex::log(const Failure& failure) const
+{
+    // One line is enough to say that saving is off.
+    if (!m_isSavingOff)
+        logLine(QStringLiteral("saving failed: ") + failure.description);
+}
+
+bool SavedIndex::hasRoomFor(const QList<ShelfItem>& additions) const
+{
+    const qsizetype largest = m_environment.largestSize - m_environment.largestSize / growthShare;
+    const auto fits = [&](qsizetype (*bound)(const QList<ShelfItem>&)) {
+        return bound(m_items) + bound(additions) <= largest;
+    };
+    // Thousands of additions may follow one another: the texts are looked into only where that could matter.
+    if (fits(ShelfIndex::upperBound) || fits(ShelfIndex::closeUpperBound))
+        return true;
+    logLine(QStringLiteral("not added: the index would be larger than %1 bytes").arg(largest));
+    return false;
+}
+
+} // namespace nookle

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "Failure.h"
+#include "IndexFile.h"
+#include "IndexWriter.h"
+#include "ShelfItem.h"
+
+#include <QByteArray>
+#include <QList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace nookle {
+
+class Cancellable;
+class ItemFiles;
+class MainQueue;
+
+/// Keeps the index on disk as the items are: it is saved 0.3 seconds after the last change. What it is given must
+/// outlive it. Main thread only.
+class SavedIndex final {
+public:
+    struct Environment {
+        QByteArray dataFolder;
+        /// In bytes. No larger index is read or written.
+        qsizetype largestSize;
+        /// Called before each save, when the data folder exists. After a failure nothing is saved.
+        std::function<std::optional<Failure>()> claimFolder;
+    };
+
+    SavedIndex(Environment environment, const QList<ShelfItem>& items, const ItemFiles& itemFiles, MainQueue& queue);
+    ~SavedIndex();
+    SavedIndex(const SavedIndex&) = delete;
+    SavedIndex& operator=(const SavedIndex&) = delete;
+
+    /// The items that were saved; none if there is no index that can be read.
+    [[nodiscard]] QList<ShelfItem> load();
+
+    /// Saves the items soon, in place of a pending save.
+    void schedule();
+
+    /// Saves the items at once, in place of a pending save, and waits until that is done. A failure is logged.
+    void saveNow();
+
+    /// Saves the items if there is no index yet: folders of items beside no index look like those of a lost one.
+    [[nodiscard]] std::optional<Failure> ensureWritten();
+
+    /// Whether the index can take `additions` too; logs it if not.
+    [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions) const;
+
+    /// Whether every item is in the index that was read. Not while another index, which was lost or moved aside, may
+    /// name some.
+    [[nodiscard]] bool namesEveryItem() const { return m_file.namesEveryItem(); }
+
+    /// No folder is left that a lost index could have named.
+    void forgetLostIndex() const { m_file.forgetLostIndex(); }
+
+private:
+    enum class Wait { untilDone, whileShort };
+
+    void save(Wait wait);
+    [[nodiscard]] std::optional<Failure> prepare();
+    void log(const Failure& failure) const;
+
+    Environment m_environment;
+    const QList<ShelfItem>& m_items;
+    const ItemFiles& m_itemFiles;
+    MainQueue& m_queue;
+    IndexFile m_file;
+    IndexWriter m_writer;
+    bool m_isSavingOff = false;
+    std::unique_ptr<Cancellable> m_pendingSave;
+};
+
+} // namespace nookle

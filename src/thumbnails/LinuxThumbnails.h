@@ -1,0 +1,68 @@
+#pragma once
+
+#include "Lifetime.h"
+#include "ThumbnailCache.h"
+#include "ThumbnailJob.h"
+#include "ThumbnailMaker.h"
+#include "Thumbnails.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <set>
+#include <vector>
+
+namespace nookle {
+
+class ImageDecoder;
+class MainQueue;
+
+/// Thumbnails as the desktop's programs share them; what has none yet is decoded, and what cannot be decoded is given
+/// to others that make thumbnails. What was asked last comes first: that is what has just been scrolled into view,
+/// while the rest may already be out of it.
+class LinuxThumbnails final : public Thumbnails {
+public:
+    /// How many files are being decoded at a time, and how many are with the makers, which take longer.
+    inline static constexpr std::size_t mostDecoding = 2;
+    inline static constexpr std::size_t mostMaking = 2;
+
+    /// `makers` are asked in their order. `queue` and `decoder` must outlive this object.
+    LinuxThumbnails(MainQueue& queue, ImageDecoder& decoder, ThumbnailCache cache,
+                    std::vector<std::unique_ptr<ThumbnailMaker>> makers);
+    ~LinuxThumbnails() override;
+    LinuxThumbnails(const LinuxThumbnails&) = delete;
+    LinuxThumbnails& operator=(const LinuxThumbnails&) = delete;
+
+    std::unique_ptr<Cancellable> request(const QUrl& file, double size, double scale, Completion completion) override;
+
+private:
+    using Id = std::uint64_t;
+
+    struct Entry {
+        std::unique_ptr<ThumbnailJob> job;
+        Completion completion;
+    };
+
+    void schedulePump();
+    void pump();
+    void decode(Id id);
+    void askMakers(Id id);
+    void finish(Id id, std::optional<Picture> picture);
+    void drop(Id id);
+
+    MainQueue& m_queue;
+    ImageDecoder& m_decoder;
+    ThumbnailCache m_cache;
+    std::vector<std::unique_ptr<ThumbnailMaker>> m_makers;
+    Id m_lastId = 0;
+    std::map<Id, Entry> m_entries;
+    /// Sorted by age, since ids only grow.
+    std::set<Id> m_waiting;
+    std::set<Id> m_decoding;
+    std::set<Id> m_waitingForMakers;
+    std::set<Id> m_making;
+    bool m_isPumpScheduled = false;
+    Lifetime m_lifetime;
+};
+
+} // namespace nookle

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "DecodeAttempts.h"
+#include "Picture.h"
+#include "ThumbnailMaker.h"
+
+#include <QByteArray>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace nookle {
+
+class ImageDecoder;
+class ThumbnailCache;
+
+/// The way to one thumbnail. Destroying it drops what is under way.
+class ThumbnailJob final {
+public:
+    struct Tools {
+        ImageDecoder& decoder;
+        const ThumbnailCache& cache;
+        const std::vector<std::unique_ptr<ThumbnailMaker>>& makers;
+    };
+
+    /// Called once, never from within the call that it was given to. May destroy this object.
+    using Completion = std::function<void(std::optional<Picture>)>;
+
+    /// `side` is in pixels. What `tools` refer to must outlive this object.
+    ThumbnailJob(Tools tools, QByteArray path, int side);
+
+    /// Shows a thumbnail that was saved, or decodes the file itself.
+    void decode(Completion completion);
+
+    /// Whether others might make a thumbnail of what could not be decoded.
+    [[nodiscard]] bool canAskMakers() const;
+
+    /// Has others make the thumbnail, each in turn until one has.
+    void askMakers(Completion completion);
+
+private:
+    [[nodiscard]] std::vector<DecodeAttempts::Attempt> savedThumbnails() const;
+    [[nodiscard]] DecodeRequest request(DecodeRequest::Purpose purpose) const;
+    void tryAll(std::vector<DecodeAttempts::Attempt> attempts, std::function<void(std::optional<Picture>)> completion);
+    void askNextMaker();
+    void takeMade(std::optional<ThumbnailMaker::Made> made);
+    void finish(std::optional<Picture> picture);
+
+    Tools m_tools;
+    QByteArray m_path;
+    QByteArray m_uri;
+    int m_side;
+    bool m_isReadable = false;
+    qint64 m_modificationTime = 0;
+    qint64 m_fileSize = 0;
+    Completion m_completion;
+    std::unique_ptr<DecodeAttempts> m_attempts;
+    ThumbnailMaker::Wanted m_wanted;
+    std::size_t m_nextMaker = 0;
+    std::unique_ptr<Cancellable> m_making;
+};
+
+} // namespace nookle

@@ -1,0 +1,81 @@
+#include "DragSession.h"
+
+#include "PayloadMimeData.h"
+#include "UriList.h"
+
+#include <QDrag>
+#include <QWidget>
+
+#include <algorithm>
+#include <memory>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double pictureBox = 52;
+
+// No desktop protocol knows a drag that deletes: a destination that takes a file away moves it.
+[[nodiscard]] Qt::DropActions offeredActions(DragOperations allowed, bool carriesFile)
+{
+    Qt::DropActions actions;
+    if (allowed & (DragOperation::copy | DragOperation::generic))
+        actions |= Qt::CopyAction;
+    if (allowed & DragOperation::link)
+        actions |= Qt::LinkAction;
+    const bool canBeMoved = allowed & DragOperation::move;
+    const bool canBeDeleted = allowed & DragOperation::remove;
+    if (canBeMoved || (canBeDeleted && carriesFile))
+        actions |= Qt::MoveAction;
+    return actions;
+}
+
+[[nodiscard]] DragOperation operation(Qt::DropAction action)
+{
+    switch (action) {
+    case Qt::CopyAction:
+        return DragOperation::copy;
+    case Qt::LinkAction:
+        return DragOperation::link;
+    case Qt::MoveAction:
+    case Qt::TargetMoveAction:
+        return DragOperation::move;
+    default:
+        return DragOperation::none;
+    }
+}
+
+// The payload itself says it: releases of the toolkit differ in what they make of an address list.
+[[nodiscard]] bool carriesFile(const DragPayload& payload)
+{
+    const auto addresses = uriListAddresses(payload.data(QStringLiteral("text/uri-list")).value_or(QByteArray()));
+    return std::any_of(addresses.begin(), addresses.end(), isFileAddress);
+}
+
+} // namespace
+
+QSizeF dragPictureSize(const QSizeF& imageSize)
+{
+    const double scale =
+        std::min(pictureBox / std::max(imageSize.width(), 1.0), pictureBox / std::max(imageSize.height(), 1.0));
+    return imageSize * scale;
+}
+
+DragOperation runDragSession(QWidget& source, DragSession session)
+{
+    const Qt::DropActions actions = offeredActions(session.allowed, carriesFile(*session.item.payload));
+    // The tile may be gone before the drag ends; its window is not.
+    auto* drag = new QDrag(source.window());
+    drag->setMimeData(std::make_unique<PayloadMimeData>(session.item.payload).release());
+    if (!session.item.picture.isNull()) {
+        const double ratio = source.devicePixelRatioF();
+        QPixmap picture = session.item.picture.scaled((session.pictureSize * ratio).toSize(), Qt::IgnoreAspectRatio,
+                                                      Qt::SmoothTransformation);
+        picture.setDevicePixelRatio(ratio);
+        drag->setPixmap(picture);
+        drag->setHotSpot((QPointF(session.pictureSize.width(), session.pictureSize.height()) / 2).toPoint());
+    }
+    return operation(drag->exec(actions, Qt::CopyAction));
+}
+
+} // namespace nookle

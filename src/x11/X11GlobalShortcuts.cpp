@@ -1,0 +1,237 @@
+#include "X11GlobalShortcuts.h"
+
+#include "Log.h"
+#include "XcbReply.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+// From the keyboard symbols of the X protocol.
+constexpr xcb_keysym_t numLockSymbol = 0xff7f;
+constexpr xcb_keysym_t altSymbol = 0xffe9;
+constexpr xcb_keysym_t superSymbol = 0xffeb;
+
+struct KnownKey {
+    Qt::Key key;
+    xcb_keysym_t symbol;
+    /// Where the key is on most keyboards, for layouts that have no such letter.
+    xcb_keycode_t place;
+};
+
+constexpr KnownKey knownKeys[] = { { Qt::Key_D, 'd', 40 } };
+
+} // namespace
+
+X11GlobalShortcuts::X11GlobalShortcuts()
+    : m_connection(xcb_connect(nullptr, nullptr))
+{
+    if (xcb_connection_has_error(m_connection.get()) != 0) {
+        m_connection.reset();
+        return;
+    }
+    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+    m_symbols.reset(xcb_key_symbols_alloc(m_connection.get()));
+    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11GlobalShortcuts::readEvents);
+}
+
+X11GlobalShortcuts::~X11GlobalShortcuts() = default;
+
+std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombination keys, const QString& /*description*/,
+                                                                  std::function<void()> pressed)
+{
+    Grab wanted{ keys, std::make_shared<const std::function<void()>>(std::move(pressed)), {}, {}, false };
+    if (m_connection) {
+        wanted.keys = keysOf(keys.key());
+        wanted.states = statesOf(keys.keyboardModifiers());
+    }
+    const bool isGrabbed = m_connection && grab(wanted);
+    // Keys that came while the server was asked wait in the connection, of which its socket tells nothing any more.
+    QMetaObject::invokeMethod(this, &X11GlobalShortcuts::readEvents, Qt::QueuedConnection);
+    if (!isGrabbed) {
+        logLine(QStringLiteral("the keyboard shortcut is not available: another program may hold it"));
+        return nullptr;
+    }
+    const std::uint32_t number = ++m_lastNumber;
+    m_grabs.insert_or_assign(number, std::move(wanted));
+    return std::make_unique<Cancellable>(m_lifetime.guarded([this, number] { unregister(number); }));
+}
+
+void X11GlobalShortcuts::unregister(std::uint32_t number)
+{
+    if (const auto found = m_grabs.find(number); found != m_grabs.end()) {
+        ungrab(found->second);
+        m_grabs.erase(found);
+    }
+}
+
+std::vector<xcb_keycode_t> X11GlobalShortcuts::keysOf(Qt::Key key) const
+{
+    const auto known = std::find_if(std::begin(knownKeys), std::end(knownKeys),
+                                    [key](const KnownKey& each) { return each.key == key; });
+    if (known == std::end(knownKeys))
+        return {};
+    std::vector<xcb_keycode_t> keys;
+    const auto found = owned(xcb_key_symbols_get_keycode(m_symbols.get(), known->symbol));
+    for (const xcb_keycode_t* code = found.get(); code && *code != XCB_NO_SYMBOL; ++code)
+        keys.push_back(*code);
+    if (keys.empty())
+        keys.push_back(known->place);
+    return keys;
+}
+
+std::uint16_t X11GlobalShortcuts::modifierOf(xcb_keysym_t keysym) const
+{
+    const auto keys = owned(xcb_key_symbols_get_keycode(m_symbols.get(), keysym));
+    const auto cookie = xcb_get_modifier_mapping(m_connection.get());
+    const auto mapping = owned(xcb_get_modifier_mapping_reply(m_connection.get(), cookie, nullptr));
+    if (!keys || !mapping)
+        return 0;
+    const xcb_keycode_t* codes = xcb_get_modifier_mapping_keycodes(mapping.get());
+    const int count = xcb_get_modifier_mapping_keycodes_length(mapping.get());
+    for (int index = 0; index < count; ++index) {
+        for (const xcb_keycode_t* key = keys.get(); *key != XCB_NO_SYMBOL; ++key) {
+            if (codes[index] == *key)
+                return static_cast<std::uint16_t>(1U << (index / mapping->keycodes_per_modifier));
+        }
+    }
+    return 0;
+}
+
+std::uint16_t X11GlobalShortcuts::modifierMask(Qt::KeyboardModifiers modifiers) const
+{
+    std::uint16_t mask = 0;
+    const auto add = [&](Qt::KeyboardModifier modifier, std::uint16_t bit) {
+        if (modifiers.testFlag(modifier))
+            mask = static_cast<std::uint16_t>(mask | bit);
+    };
+    add(Qt::ShiftModifier, XCB_MOD_MASK_SHIFT);
+    add(Qt::ControlModifier, XCB_MOD_MASK_CONTROL);
+    add(Qt::AltModifier, modifierOf(altSymbol));
+    add(Qt::MetaModifier, modifierOf(superSymbol));
+    return mask;
+}
+
+// A grab holds for one exact state of all modifiers, and the lock keys are modifiers too.
+std::vector<std::uint16_t> X11GlobalShortcuts::statesOf(Qt::KeyboardModifiers modifiers) const
+{
+    const std::uint16_t mask = modifierMask(modifiers);
+    const std::uint16_t numLock = modifierOf(numLockSymbol);
+    std::vector<std::uint16_t> states;
+    for (const std::uint32_t locks : { 0U, 0U | XCB_MOD_MASK_LOCK, 0U | numLock, 0U | XCB_MOD_MASK_LOCK | numLock }) {
+        const auto state = static_cast<std::uint16_t>(mask | locks);
+        if (std::find(states.begin(), states.end(), state) == states.end())
+            states.push_back(state);
+    }
+    return states;
+}
+
+bool X11GlobalShortcuts::grab(const Grab& grab)
+{
+    bool isOwn = !grab.keys.empty();
+    for (const xcb_keycode_t key : grab.keys) {
+        for (const std::uint16_t state : grab.states) {
+            const auto cookie = xcb_grab_key_checked(m_connection.get(), 0, m_root, state, key, XCB_GRAB_MODE_ASYNC,
+                                                     XCB_GRAB_MODE_ASYNC);
+            const auto error = owned(xcb_request_check(m_connection.get(), cookie));
+            isOwn = isOwn && !error;
+        }
+    }
+    if (!isOwn)
+        ungrab(grab);
+    return isOwn;
+}
+
+void X11GlobalShortcuts::ungrab(const Grab& grab)
+{
+    // With whatever modifiers: those that it was grabbed with may mean something else by now.
+    for (const xcb_keycode_t key : grab.keys)
+        xcb_ungrab_key(m_connection.get(), key, m_root, XCB_MOD_MASK_ANY);
+    xcb_flush(m_connection.get());
+}
+
+void X11GlobalShortcuts::readEvents()
+{
+    if (!m_connection)
+        return;
+    while (const auto event = owned(xcb_poll_for_event(m_connection.get())))
+        handle(*event);
+    if (xcb_connection_has_error(m_connection.get()) != 0)
+        m_notifier->setEnabled(false);
+}
+
+void X11GlobalShortcuts::handle(const xcb_generic_event_t& event)
+{
+    switch (event.response_type & 0x7f) {
+    case XCB_KEY_PRESS:
+        keyPressed(reinterpret_cast<const xcb_key_press_event_t&>(event));
+        break;
+    case XCB_KEY_RELEASE:
+        keyReleased(reinterpret_cast<const xcb_key_release_event_t&>(event));
+        break;
+    case XCB_MAPPING_NOTIFY:
+        keyboardChanged(reinterpret_cast<const xcb_mapping_notify_event_t&>(event));
+        break;
+    default:
+        break;
+    }
+}
+
+void X11GlobalShortcuts::keyPressed(const xcb_key_press_event_t& event)
+{
+    std::vector<std::weak_ptr<const std::function<void()>>> pressed;
+    for (auto& [number, grab] : m_grabs) {
+        const bool isMeant = (event.state & grab.states.front()) == grab.states.front()
+            && std::find(grab.keys.begin(), grab.keys.end(), event.detail) != grab.keys.end();
+        if (isMeant && !std::exchange(grab.isDown, true))
+            pressed.push_back(grab.pressed);
+    }
+    // Each may take back its own shortcut and those of others.
+    for (const auto& each : pressed) {
+        if (const auto call = each.lock())
+            (*call)();
+    }
+}
+
+// A key that is held repeats itself: the server sends a release and a press of the same moment.
+void X11GlobalShortcuts::keyReleased(const xcb_key_release_event_t& event)
+{
+    const auto next = owned(xcb_poll_for_event(m_connection.get()));
+    const auto* press = reinterpret_cast<const xcb_key_press_event_t*>(next.get());
+    const bool isRepetition = press && (press->response_type & 0x7f) == XCB_KEY_PRESS && press->detail == event.detail
+        && press->time == event.time;
+    if (isRepetition)
+        return;
+    for (auto& [number, grab] : m_grabs) {
+        if (std::find(grab.keys.begin(), grab.keys.end(), event.detail) != grab.keys.end())
+            grab.isDown = false;
+    }
+    if (next)
+        handle(*next);
+}
+
+// Comes whenever another keyboard is used than before, in the middle of its first keys: a shortcut that is the same on
+// both must not be let go then.
+void X11GlobalShortcuts::keyboardChanged(xcb_mapping_notify_event_t event)
+{
+    if (event.request == XCB_MAPPING_POINTER)
+        return;
+    xcb_refresh_keyboard_mapping(m_symbols.get(), &event);
+    for (auto& [number, each] : m_grabs) {
+        auto keys = keysOf(each.combination.key());
+        auto states = statesOf(each.combination.keyboardModifiers());
+        if (keys == each.keys && states == each.states)
+            continue;
+        ungrab(each);
+        each.keys = std::move(keys);
+        each.states = std::move(states);
+        static_cast<void>(grab(each));
+    }
+}
+
+} // namespace nookle

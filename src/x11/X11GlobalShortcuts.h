@@ -1,0 +1,70 @@
+#pragma once
+
+#include "GlobalShortcuts.h"
+#include "Lifetime.h"
+#include "XcbConnection.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <vector>
+
+#include <xcb/xcb.h>
+#include <xcb/xcb_keysyms.h>
+
+namespace nookle {
+
+/// Shortcuts as passive grabs of the root window, on a connection of their own. They work whatever lock keys are on,
+/// and follow a change of the keyboard's layout. Main thread only.
+class X11GlobalShortcuts final : public QObject, public GlobalShortcuts {
+    Q_OBJECT
+
+public:
+    /// Connects to the server that the environment names. Without a connection no shortcut can be registered.
+    X11GlobalShortcuts();
+    ~X11GlobalShortcuts() override;
+
+    [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination keys, const QString& description,
+                                                                std::function<void()> pressed) override;
+
+private:
+    struct Grab {
+        QKeyCombination combination;
+        std::shared_ptr<const std::function<void()>> pressed;
+        std::vector<xcb_keycode_t> keys;
+        /// Of the modifiers: the shortcut's with every combination of lock keys, the one without any first.
+        std::vector<std::uint16_t> states;
+        /// The key is down, and what comes from it is its repetition.
+        bool isDown = false;
+    };
+
+    struct FreeSymbols {
+        void operator()(xcb_key_symbols_t* symbols) const { xcb_key_symbols_free(symbols); }
+    };
+
+    void readEvents();
+    void handle(const xcb_generic_event_t& event);
+    void keyPressed(const xcb_key_press_event_t& event);
+    void keyReleased(const xcb_key_release_event_t& event);
+    void keyboardChanged(xcb_mapping_notify_event_t event);
+    [[nodiscard]] bool grab(const Grab& grab);
+    void ungrab(const Grab& grab);
+    void unregister(std::uint32_t number);
+    [[nodiscard]] std::uint16_t modifierOf(xcb_keysym_t keysym) const;
+    [[nodiscard]] std::uint16_t modifierMask(Qt::KeyboardModifiers modifiers) const;
+    [[nodiscard]] std::vector<std::uint16_t> statesOf(Qt::KeyboardModifiers modifiers) const;
+    [[nodiscard]] std::vector<xcb_keycode_t> keysOf(Qt::Key key) const;
+
+    XcbConnection m_connection;
+    std::unique_ptr<xcb_key_symbols_t, FreeSymbols> m_symbols;
+    xcb_window_t m_root = 0;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::uint32_t m_lastNumber = 0;
+    std::map<std::uint32_t, Grab> m_grabs;
+    Lifetime m_lifetime;
+};
+
+} // namespace nookle

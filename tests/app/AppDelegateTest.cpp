@@ -1,0 +1,349 @@
+#include "AppFixture.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QDialog>
+#include <QTest>
+
+#include <algorithm>
+
+using namespace nookle;
+
+class AppDelegateTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_app.reset(); }
+
+    void everythingStartsInItsOrder();
+    void anUnpinnedShelfStaysHiddenAtTheStart();
+    void nothingExpiresWhileTheUserWantsItNotTo();
+    void theEndSavesWhatWasStillWaiting();
+
+    void whatAProgramAddsShowsTheShelfForAMoment();
+    void aProgramThatAddsNothingIsToldAndNothingShows();
+    void aScreenshotShowsTheShelfForAMoment_data();
+    void aScreenshotShowsTheShelfForAMoment();
+    void aScreenshotIsIgnoredOnceTheUserWantsNone();
+    void theFolderOfScreenshotsIsWatchedWhileTheUserWantsIt();
+    void aPinnedShelfStaysAfterItsMoment();
+    void aDragAtTheEdgeShowsTheShelf_data();
+    void aDragAtTheEdgeShowsTheShelf();
+    void theShortcutShowsAndHides();
+    void aSecondStartShowsTheShelf();
+
+    void showShelfInTheTrayShowsAndHides();
+    void pinningFromTheTrayShowsTheShelf();
+    void unpinningFromTheTrayLeavesTheShelfWhereItIs();
+    void unpinningFromTheTrayLeavesAHiddenShelfHidden();
+
+private:
+    /// A shelf of two days ago: an image below a file that is pinned.
+    void makeOldShelf() const;
+    /// Adds a screenshot, and lets the program find it.
+    void takeScreenshot(const QString& name) const;
+    /// Chooses an entry of the tray's menu.
+    static void choose(const QString& title);
+    static void clickSetting(const QString& title);
+
+    std::unique_ptr<AppFixture> m_app;
+};
+
+namespace {
+
+template <typename Widget> [[nodiscard]] Widget* topLevel()
+{
+    Widget* found = nullptr;
+    for (QWidget* each : QApplication::topLevelWidgets()) {
+        if (auto* widget = qobject_cast<Widget*>(each))
+            found = widget;
+    }
+    return found;
+}
+
+} // namespace
+
+void AppDelegateTest::init()
+{
+    m_app = std::make_unique<AppFixture>();
+    m_app->folders.addFolder(m_app->screenshotFolder());
+}
+
+void AppDelegateTest::makeOldShelf() const
+{
+    ShelfStore::Environment environment;
+    environment.now = [] { return QDateTime::currentDateTimeUtc().addDays(-2); };
+    AppFixture& app = *m_app;
+    ShelfStore store(app.dataFolder(), environment, app.references, app.trash, app.linkMetadata, app.queue);
+    store.addImage(app.makeFile(QStringLiteral("old.png")));
+    store.addFiles({ fileUrl("/somewhere/notes.txt") });
+    store.togglePinned(store.items().constFirst().id);
+    store.saveNow();
+}
+
+void AppDelegateTest::takeScreenshot(const QString& name) const
+{
+    m_app->screenshotSettings.marked.insert(m_app->makeFile(name));
+    m_app->folders.addEntry(m_app->screenshotFolder(), name.toUtf8());
+    m_app->queue.advance(0.3);
+}
+
+void AppDelegateTest::choose(const QString& title)
+{
+    const auto* menu = topLevel<StatusMenu>();
+    QVERIFY(menu);
+    const QList<QAction*> entries = menu->actions();
+    const auto entry =
+        std::find_if(entries.begin(), entries.end(), [&](const QAction* each) { return each->text() == title; });
+    QVERIFY(entry != entries.end());
+    (*entry)->trigger();
+}
+
+void AppDelegateTest::clickSetting(const QString& title)
+{
+    choose(QStringLiteral("Settings…"));
+    const auto* window = topLevel<QDialog>();
+    QVERIFY(window);
+    const auto toggles = window->findChildren<QCheckBox*>();
+    const auto toggle =
+        std::find_if(toggles.begin(), toggles.end(), [&](const QCheckBox* each) { return each->text() == title; });
+    QVERIFY(toggle != toggles.end());
+    (*toggle)->click();
+}
+
+void AppDelegateTest::everythingStartsInItsOrder()
+{
+    makeOldShelf();
+    m_app->defaults.stored.insert(QStringLiteral("panelPinned"), true);
+    m_app->defaults.stored.insert(QStringLiteral("collectScreenshots"), true);
+    m_app->start();
+    const QStringList expected{
+        QStringLiteral("resolve files"),
+        QStringLiteral("make the panel"),
+        QStringLiteral("read panelPinned"),
+        QStringLiteral("look for a tray"),
+        QStringLiteral("watch the mouse"),
+        QStringLiteral("watch the folder of screenshots"),
+        // The watch looks whether its folder is in place.
+        QStringLiteral("run every 60 s"),
+        // The sweep comes before its timer.
+        QStringLiteral("trash old.png"),
+        QStringLiteral("run every 60 s"),
+        QStringLiteral("take requests"),
+        QStringLiteral("register a shortcut"),
+        QStringLiteral("resolve files"),
+        QStringLiteral("show the panel"),
+    };
+    QCOMPARE(m_app->journal.join(QLatin1Char('\n')), expected.join(QLatin1Char('\n')));
+    // The window of the settings is made when it is asked for.
+    QVERIFY(!topLevel<QDialog>());
+}
+
+void AppDelegateTest::anUnpinnedShelfStaysHiddenAtTheStart()
+{
+    m_app->start();
+    m_app->queue.advance(1);
+    QVERIFY(!m_app->journal.contains(QStringLiteral("show the panel")));
+    QVERIFY(m_app->journal.contains(QStringLiteral("register a shortcut")));
+}
+
+void AppDelegateTest::nothingExpiresWhileTheUserWantsItNotTo()
+{
+    makeOldShelf();
+    m_app->defaults.stored.insert(QStringLiteral("expiry"), qint64{ 0 });
+    m_app->start();
+    m_app->queue.advance(120);
+    m_app->delegate->applicationWillTerminate();
+    QCOMPARE(m_app->saved().size(), 2);
+}
+
+void AppDelegateTest::theEndSavesWhatWasStillWaiting()
+{
+    m_app->start();
+    QVERIFY(!m_app->requests.onAdd({ {}, QStringLiteral("milk") }));
+    QVERIFY(m_app->saved().isEmpty());
+    m_app->delegate->applicationWillTerminate();
+    QCOMPARE(m_app->saved().size(), 1);
+}
+
+void AppDelegateTest::whatAProgramAddsShowsTheShelfForAMoment()
+{
+    m_app->start();
+    QVERIFY(!m_app->requests.onAdd({ {}, QStringLiteral("milk") }));
+    m_app->queue.runPosted();
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(1.499);
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(0.001);
+    QVERIFY(!m_app->isShown());
+}
+
+void AppDelegateTest::aProgramThatAddsNothingIsToldAndNothingShows()
+{
+    m_app->start();
+    const auto failure = m_app->requests.onAdd({});
+    QVERIFY(failure);
+    QCOMPARE(failure->description, QStringLiteral("Nothing found that can be added to the shelf."));
+    QCOMPARE(m_app->notifier.told, QStringList{ failure->description });
+    m_app->queue.advance(1);
+    QVERIFY(!m_app->isShown());
+}
+
+void AppDelegateTest::aScreenshotShowsTheShelfForAMoment_data()
+{
+    QTest::addColumn<bool>("isMoved");
+    QTest::newRow("left where it is") << false;
+    QTest::newRow("taken over") << true;
+}
+
+void AppDelegateTest::aScreenshotShowsTheShelfForAMoment()
+{
+    QFETCH(const bool, isMoved);
+    m_app->defaults.stored.insert(QStringLiteral("collectScreenshots"), true);
+    m_app->defaults.stored.insert(QStringLiteral("moveScreenshots"), isMoved);
+    m_app->start();
+    takeScreenshot(QStringLiteral("shot.png"));
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(1.499);
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(0.001);
+    QVERIFY(!m_app->isShown());
+
+    QCOMPARE(m_app->saved().size(), 1);
+    QCOMPARE(std::holds_alternative<ImageContent>(m_app->saved().constFirst().content), isMoved);
+    QCOMPARE(QFile::exists(m_app->directory.filePath(QStringLiteral("shot.png"))), !isMoved);
+}
+
+void AppDelegateTest::aScreenshotIsIgnoredOnceTheUserWantsNone()
+{
+    m_app->defaults.stored.insert(QStringLiteral("collectScreenshots"), true);
+    m_app->start();
+    const QUrl file = m_app->makeFile(QStringLiteral("shot.png"));
+    m_app->screenshotSettings.marked.insert(file);
+    m_app->folders.addEntry(m_app->screenshotFolder(), "shot.png");
+    // The look at the folder is due already.
+    clickSetting(QStringLiteral("Add new screenshots to the shelf"));
+    m_app->queue.advance(1);
+    QVERIFY(m_app->screenshotSettings.asked.contains(file));
+    QVERIFY(!m_app->isShown());
+    m_app->delegate->applicationWillTerminate();
+    QVERIFY(m_app->saved().isEmpty());
+}
+
+void AppDelegateTest::theFolderOfScreenshotsIsWatchedWhileTheUserWantsIt()
+{
+    m_app->start();
+    QCOMPARE(m_app->folders.subscriptions(), std::size_t{ 0 });
+    for (int round = 0; round < 3; ++round) {
+        clickSetting(QStringLiteral("Add new screenshots to the shelf"));
+        m_app->queue.runPosted();
+        QCOMPARE(m_app->folders.subscriptions(), std::size_t{ 1 });
+        clickSetting(QStringLiteral("Add new screenshots to the shelf"));
+        m_app->queue.runPosted();
+        QCOMPARE(m_app->folders.subscriptions(), std::size_t{ 0 });
+    }
+}
+
+void AppDelegateTest::aPinnedShelfStaysAfterItsMoment()
+{
+    m_app->defaults.stored.insert(QStringLiteral("panelPinned"), true);
+    m_app->start();
+    QVERIFY(!m_app->requests.onAdd({ {}, QStringLiteral("milk") }));
+    m_app->queue.advance(4);
+    QVERIFY(m_app->isShown());
+}
+
+void AppDelegateTest::aDragAtTheEdgeShowsTheShelf_data()
+{
+    QTest::addColumn<bool>("isWanted");
+    QTest::newRow("wanted") << true;
+    QTest::newRow("not wanted") << false;
+}
+
+void AppDelegateTest::aDragAtTheEdgeShowsTheShelf()
+{
+    QFETCH(const bool, isWanted);
+    m_app->defaults.stored.insert(QStringLiteral("autoExpandOnDrag"), isWanted);
+    m_app->start();
+    m_app->desktop.mouse.leftButtonDown = true;
+    m_app->desktop.input.press();
+    ++m_app->desktop.input.changeCount;
+    m_app->desktop.mouse.at = { 1279, 400 };
+    m_app->desktop.input.drag();
+    QCOMPARE(m_app->isShown(), isWanted);
+    m_app->desktop.mouse.at = { 100, 100 };
+    m_app->queue.advance(4);
+    QCOMPARE(m_app->isShown(), isWanted);
+}
+
+void AppDelegateTest::theShortcutShowsAndHides()
+{
+    m_app->start();
+    QCOMPARE(m_app->desktop.shortcuts.registered.size(), std::size_t{ 1 });
+    const auto& shortcut = m_app->desktop.shortcuts.registered.at(1);
+    QCOMPARE(shortcut.keys, Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::Key_D);
+    shortcut.pressed();
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(4);
+    QVERIFY(m_app->isShown());
+    shortcut.pressed();
+    QVERIFY(!m_app->isShown());
+}
+
+void AppDelegateTest::aSecondStartShowsTheShelf()
+{
+    m_app->start();
+    m_app->requests.onActivate();
+    QVERIFY(m_app->isShown());
+}
+
+void AppDelegateTest::showShelfInTheTrayShowsAndHides()
+{
+    m_app->start();
+    choose(QStringLiteral("Show Shelf"));
+    QVERIFY(m_app->isShown());
+    choose(QStringLiteral("Show Shelf"));
+    QVERIFY(!m_app->isShown());
+}
+
+void AppDelegateTest::pinningFromTheTrayShowsTheShelf()
+{
+    m_app->start();
+    choose(QStringLiteral("Keep Shelf Open"));
+    QVERIFY(m_app->isShown());
+    QCOMPARE(m_app->defaults.stored.value(QStringLiteral("panelPinned")), QVariant(true));
+    m_app->queue.advance(4);
+    QVERIFY(m_app->isShown());
+}
+
+void AppDelegateTest::unpinningFromTheTrayLeavesTheShelfWhereItIs()
+{
+    m_app->defaults.stored.insert(QStringLiteral("panelPinned"), true);
+    m_app->start();
+    m_app->queue.advance(1);
+    choose(QStringLiteral("Keep Shelf Open"));
+    QCOMPARE(m_app->defaults.stored.value(QStringLiteral("panelPinned")), QVariant(false));
+    QVERIFY(m_app->isShown());
+    // It goes as it would without the menu.
+    m_app->queue.advance(0.499);
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(0.001);
+    QVERIFY(!m_app->isShown());
+}
+
+void AppDelegateTest::unpinningFromTheTrayLeavesAHiddenShelfHidden()
+{
+    m_app->defaults.stored.insert(QStringLiteral("panelPinned"), true);
+    m_app->start();
+    choose(QStringLiteral("Show Shelf"));
+    QVERIFY(!m_app->isShown());
+    choose(QStringLiteral("Keep Shelf Open"));
+    m_app->queue.advance(1);
+    QVERIFY(!m_app->isShown());
+    QCOMPARE(m_app->desktop.window->animations.size(), 2);
+}
+
+QTEST_MAIN(AppDelegateTest)
+#include "AppDelegateTest.moc"
