@@ -3,19 +3,55 @@
 #include "FileUrl.h"
 
 #include <QMimeDatabase>
+#include <QSet>
+
+#include <utility>
 
 namespace nookle {
+
+namespace {
+
+/// The icons of the theme. It remembers the names that the theme lacks, because Qt looks through every folder of the
+/// theme and of its parents each time it is asked for one of those.
+class ThemeIcons {
+public:
+    [[nodiscard]] QIcon icon(const QString& name)
+    {
+        if (QString theme = QIcon::themeName(); theme != m_theme) {
+            m_theme = std::move(theme);
+            m_missing.clear();
+        }
+        if (m_missing.contains(name))
+            return {};
+        QIcon found = QIcon::fromTheme(name);
+        if (found.isNull())
+            m_missing.insert(name);
+        return found;
+    }
+
+private:
+    QString m_theme;
+    QSet<QString> m_missing;
+};
+
+[[nodiscard]] QIcon themeIcon(const QString& name)
+{
+    static ThemeIcons icons;
+    return icons.icon(name);
+}
+
+} // namespace
 
 QIcon fileIcon(const QUrl& url, bool isFolder)
 {
     if (isFolder)
-        return QIcon::fromTheme(QStringLiteral("folder"));
+        return themeIcon(QStringLiteral("folder"));
     const QMimeType type = QMimeDatabase().mimeTypeForFile(lastPathComponent(url), QMimeDatabase::MatchExtension);
     for (const QString& name : { type.iconName(), type.genericIconName() }) {
-        if (QIcon icon = QIcon::fromTheme(name); !icon.isNull())
+        if (QIcon icon = themeIcon(name); !icon.isNull())
             return icon;
     }
-    return QIcon::fromTheme(QStringLiteral("text-x-generic"));
+    return themeIcon(QStringLiteral("text-x-generic"));
 }
 
 } // namespace nookle
