@@ -5,6 +5,7 @@
 #include "FileReferences.h"
 #include "LeftImageCopies.h"
 #include "Notifier.h"
+#include "PanelBackground.h"
 #include "PrimarySelection.h"
 #include "ProgramRequests.h"
 #include "Trash.h"
@@ -74,7 +75,7 @@ void AppDelegate::createPanel()
 
     installAccessibility();
     m_panelContent = std::make_unique<PanelContentView>();
-    m_panelWindow = m_platform.desktop.makePanelWindow(m_panelContent->panelWindow(), ShelfView::cornerRadius);
+    m_panelWindow = m_platform.desktop.makePanelWindow(m_panelContent->panelWindow(), panelCornerRadius);
     m_panelController =
         std::make_unique<PanelController>(*m_store, m_platform.defaults, *m_panelWindow, m_platform.desktop.pointer(),
                                           m_platform.desktop.displays(), m_platform.queue);

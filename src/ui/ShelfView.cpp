@@ -1,11 +1,11 @@
 #include "ShelfView.h"
 
-#include "Colors.h"
 #include "DropCapture.h"
 #include "EmptyShelfView.h"
 #include "FileIcon.h"
 #include "FileUrl.h"
 #include "ItemInteractionView.h"
+#include "PanelBackground.h"
 #include "PinButton.h"
 #include "ShelfItemView.h"
 #include "ShelfStore.h"
@@ -15,7 +15,6 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QPainterPath>
 #include <QPointer>
 #include <QStackedLayout>
 #include <QVBoxLayout>
@@ -30,29 +29,6 @@ namespace nookle {
 namespace {
 
 inline constexpr int headerPadding = 6;
-inline constexpr double dropStrokeWidth = 2;
-
-/// Rounded on the left, square on the right, where the panel meets the edge of the screen.
-[[nodiscard]] QPainterPath panelShape(const QRectF& rect)
-{
-    constexpr double cornerRadius = ShelfView::cornerRadius;
-    QPainterPath rounded;
-    rounded.addRoundedRect(rect.adjusted(0, 0, cornerRadius, 0), cornerRadius, cornerRadius);
-    QPainterPath bounds;
-    bounds.addRect(rect);
-    return rounded.intersected(bounds);
-}
-
-/// What is behind the panel shines through: more of it where it is blurred, and cannot be mistaken for text.
-[[nodiscard]] QColor material(const QPalette& palette, Backdrop backdrop)
-{
-    constexpr float opacityBlurred = 0.75F;
-    constexpr float opacityPlain = 0.92F;
-    QColor color = palette.color(QPalette::Window);
-    color.setAlphaF(backdrop == Backdrop::blurred ? opacityBlurred : opacityPlain);
-    return color;
-}
-
 void acceptCopy(QDropEvent& event)
 {
     event.setDropAction(Qt::CopyAction);
@@ -65,8 +41,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     : QWidget(parent)
     , m_store(services.store)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
-    , m_trashWatch(services.references, services.trash, services.queue)
-    , m_draggedImages({ services.store, services.references, services.trash, services.queue })
+    , m_dragOutWatch({ services.store, services.references, services.trash, services.queue }, m_actions)
     , m_dropHandler(services.store, services.queue, services.transfers)
     , m_thumbnails(services.thumbnails)
     , m_compositing(services.compositing)
@@ -234,16 +209,9 @@ void ShelfView::menuOpenChanged(bool isOpen)
         onMenuOpenChanged(m_openMenus > 0);
 }
 
-void ShelfView::saveDraggedImages()
-{
-    m_draggedImages.lookNow();
-}
-
 std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
 {
-    if (const auto file = m_store.localURL(item))
-        m_trashWatch.begin(item, *file);
-    m_draggedImages.begin(item);
+    m_dragOutWatch.begin(item);
     return m_actions.dragItem(item, thumbnailOf(item));
 }
 
@@ -254,31 +222,13 @@ void ShelfView::dragBegan()
         onDragOutBegan();
 }
 
-// What the destination says that it did is no proof; where the file is now, is. After a drag that nobody took, whoever
-// moves the file to the Trash is not the destination.
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 {
     m_isDraggingOut = false;
     setHovered(std::nullopt);
-    const bool hasFile = m_store.localURL(item).has_value();
-    if (hasFile && operation == DragOperation::none)
-        m_trashWatch.end();
-    else if (hasFile && m_trashWatch.isInTrash())
-        operation = DragOperation::remove;
-    m_actions.dragEnded(item, operation);
-    if (hasFile && operation != DragOperation::remove && operation != DragOperation::none)
-        keepLooking(item);
-    else
-        m_draggedImages.end();
+    m_dragOutWatch.end(item, operation);
     if (onDragOutEnded)
         onDragOutEnded();
-}
-
-void ShelfView::keepLooking(const ShelfItem& item)
-{
-    const auto onTrashed = [this, item] { m_actions.dragEnded(item, DragOperation::remove); };
-    m_trashWatch.keepLooking(onTrashed);
-    m_draggedImages.keepLooking(onTrashed);
 }
 
 // Other programs' sources delete what they believe to be moved, so nothing but a copy is ever taken.
@@ -407,15 +357,9 @@ void ShelfView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    if (m_compositing.backdrop() == Backdrop::opaque)
-        painter.fillRect(rect(), palette().color(QPalette::Window));
-    else
-        painter.fillPath(panelShape(rect()), material(palette(), m_compositing.backdrop()));
-    if (!m_isDropTarget)
-        return;
-    const double inset = dropStrokeWidth / 2;
-    painter.setPen(QPen(accentColor(palette()), dropStrokeWidth));
-    painter.drawPath(panelShape(QRectF(rect()).adjusted(inset, inset, -inset, -inset)));
+    paintPanelBackground(painter, rect(), palette(), m_compositing.backdrop());
+    if (m_isDropTarget)
+        paintDropTarget(painter, rect(), palette());
 }
 
 } // namespace nookle

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "Compositing.h"
+#include "DragOutWatch.h"
 #include "DragSession.h"
-#include "DraggedImages.h"
 #include "DropHandler.h"
 #include "DropPayload.h"
 #include "ShelfItemActions.h"
 #include "TileHeights.h"
 #include "TileMetrics.h"
-#include "TrashWatch.h"
 
 #include <QUuid>
 #include <QWidget>
@@ -38,9 +37,6 @@ class ShelfView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Of the two left corners; the right ones stand at the edge of the screen and are square.
-    static constexpr double cornerRadius = 12;
-
     /// What the view works with.
     struct Services {
         ShelfStore& store;
@@ -74,7 +70,7 @@ public:
     void prepare();
 
     /// The program is about to end: what a receiver has moved of the images that were dragged out is copied back.
-    void saveDraggedImages();
+    void saveDraggedImages() { m_dragOutWatch.saveImages(); }
 
     /// The item under the pointer, if any.
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
@@ -120,12 +116,10 @@ private:
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragBegan();
     void dragEnded(const ShelfItem& item, DragOperation operation);
-    void keepLooking(const ShelfItem& item);
 
     ShelfStore& m_store;
     ShelfItemActions m_actions;
-    TrashWatch m_trashWatch;
-    DraggedImages m_draggedImages;
+    DragOutWatch m_dragOutWatch;
     DropHandler m_dropHandler;
     Thumbnails& m_thumbnails;
     Compositing& m_compositing;

@@ -13,6 +13,7 @@
 #include "FileUrl.h"
 #include "LinuxFileReferences.h"
 #include "MimeDropPayload.h"
+#include "PanelBackground.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
 #include "ShelfStore.h"
@@ -109,7 +110,7 @@ private:
     };
     X11Backend m_backend;
     PanelContentView m_content;
-    std::unique_ptr<PanelWindow> m_window = m_backend.makePanelWindow(m_content.panelWindow(), ShelfView::cornerRadius);
+    std::unique_ptr<PanelWindow> m_window = m_backend.makePanelWindow(m_content.panelWindow(), panelCornerRadius);
     PanelController m_controller{ m_store, m_defaults, *m_window, m_backend.pointer(), m_backend.displays(), m_queue };
 };
 

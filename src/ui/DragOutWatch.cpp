@@ -1,0 +1,45 @@
+#include "DragOutWatch.h"
+
+#include "ShelfItemActions.h"
+#include "ShelfStore.h"
+
+namespace nookle {
+
+DragOutWatch::DragOutWatch(const DraggedImage::Services& services, ShelfItemActions& actions)
+    : m_store(services.store)
+    , m_actions(actions)
+    , m_trash(services.references, services.trash, services.queue)
+    , m_images(services)
+{
+}
+
+void DragOutWatch::begin(const ShelfItem& item)
+{
+    if (const auto file = m_store.localURL(item))
+        m_trash.begin(item, *file);
+    m_images.begin(item);
+}
+
+void DragOutWatch::end(const ShelfItem& item, DragOperation operation)
+{
+    const bool hasFile = m_store.localURL(item).has_value();
+    // After a drag that nobody took, whoever moves the file to the Trash is not the destination.
+    if (hasFile && operation == DragOperation::none)
+        m_trash.end();
+    else if (hasFile && m_trash.isInTrash())
+        operation = DragOperation::remove;
+    m_actions.dragEnded(item, operation);
+    if (hasFile && operation != DragOperation::remove && operation != DragOperation::none)
+        keepLooking(item);
+    else
+        m_images.end();
+}
+
+void DragOutWatch::keepLooking(const ShelfItem& item)
+{
+    const auto onTrashed = [this, item] { m_actions.dragEnded(item, DragOperation::remove); };
+    m_trash.keepLooking(onTrashed);
+    m_images.keepLooking(onTrashed);
+}
+
+} // namespace nookle
