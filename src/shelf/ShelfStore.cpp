@@ -1,11 +1,9 @@
 #include "ShelfStore.h"
 
 #include "DataFiles.h"
-#include "FileReferences.h"
 #include "FileUrl.h"
 #include "Log.h"
 #include "PlainText.h"
-#include "Trash.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,19 +20,6 @@ constexpr qint64 orphanAgeInDays = 1;
     return QStringLiteral("icon.png");
 }
 
-/// The places of the items whose file is at a path, the topmost last.
-[[nodiscard]] QHash<QByteArray, QList<qsizetype>> placesByPath(const QList<ShelfItem>& items,
-                                                               const QHash<QUuid, QUrl>& fileURLs)
-{
-    QHash<QByteArray, QList<qsizetype>> places;
-    for (qsizetype place = items.size() - 1; place >= 0; --place) {
-        const auto url = fileURLs.constFind(items.at(place).id);
-        if (url != fileURLs.constEnd())
-            places[standardizedPath(*url)].append(place);
-    }
-    return places;
-}
-
 /// A file that is to be added: an item that was on the shelf already, or a new one.
 struct Addition {
     QUrl url;
@@ -48,8 +33,7 @@ ShelfStore::ShelfStore(const QUrl& directory, Environment environment, FileRefer
     : m_environment(std::move(environment))
     , m_directory(directory)
     , m_itemFiles(child(directory, QStringLiteral("Files")))
-    , m_fileReferences(fileReferences)
-    , m_trash(trash)
+    , m_files(fileReferences, trash)
     , m_index({ filePath(directory), m_environment.largestIndex, m_environment.claimFolder }, m_items, m_itemFiles,
               queue)
     , m_lookups(linkMetadata)
@@ -65,13 +49,13 @@ ShelfStore::~ShelfStore() = default;
 
 void ShelfStore::addFiles(const QList<QUrl>& urls)
 {
-    auto places = placesByPath(m_items, m_fileURLs);
+    auto itemsByPath = m_files.itemsByPath(m_items);
     QSet<QUuid> readded;
     std::vector<Addition> additions;
     QList<QUrl> newUrls;
     for (const QUrl& url : urls) {
         Addition addition{ standardized(url), {} };
-        QList<qsizetype>& known = places[filePath(addition.url)];
+        QList<qsizetype>& known = itemsByPath[filePath(addition.url)];
         while (!known.isEmpty() && !addition.known) {
             const ShelfItem& item = m_items.at(known.takeLast());
             // Two items of one id go together.
@@ -84,22 +68,22 @@ void ShelfStore::addFiles(const QList<QUrl>& urls)
         additions.push_back(std::move(addition));
     }
 
-    const QList<std::optional<QByteArray>> bookmarks = m_fileReferences.makeAll(newUrls);
-    auto bookmark = bookmarks.begin();
+    const QList<std::optional<FileContent>> newFiles = m_files.makeAll(newUrls);
+    auto newFile = newFiles.begin();
     QList<ShelfItem> top;
     QList<ShelfItem> newItems;
     for (Addition& addition : additions) {
         if (addition.known) {
             addition.known->createdAt = now();
             top.append(*std::move(addition.known));
-        } else if (const auto& made = *bookmark++) {
-            top.append(makeItem(FileContent{ *made, lastPathComponent(addition.url) }));
-            m_fileURLs.insert(top.constLast().id, addition.url);
+        } else if (const auto& file = *newFile++) {
+            top.append(makeItem(*file));
+            m_files.insert(top.constLast().id, addition.url);
             newItems.append(top.constLast());
         }
     }
     if (!newItems.isEmpty() && !hasRoomFor(newItems)) {
-        forgetFiles(newItems);
+        m_files.forget(newItems, m_items);
         return;
     }
     if (top.isEmpty())
@@ -199,16 +183,6 @@ bool ShelfStore::hasRoomFor(const QList<ShelfItem>& additions)
     return hasRoom;
 }
 
-void ShelfStore::forgetFiles(const QList<ShelfItem>& items)
-{
-    QSet<QByteArray> bookmarks;
-    for (const ShelfItem& item : items) {
-        m_fileURLs.remove(item.id);
-        bookmarks.insert(std::get<FileContent>(item.content).bookmark);
-    }
-    releaseUnused(bookmarks);
-}
-
 void ShelfStore::togglePinned(QUuid id)
 {
     const qsizetype index = indexOf(id);
@@ -239,29 +213,27 @@ void ShelfStore::removeExpired(double maxAge)
 
 void ShelfStore::removeAll(const QSet<QUuid>& ids)
 {
+    QList<ShelfItem> gone;
     QSet<QUuid> found;
-    QSet<QByteArray> bookmarks;
-    for (const ShelfItem& item : QList<ShelfItem>(m_items)) {
-        if (!ids.contains(item.id))
-            continue;
+    for (const ShelfItem& item : std::as_const(m_items)) {
+        if (ids.contains(item.id))
+            gone.append(item);
+    }
+    for (const ShelfItem& item : std::as_const(gone)) {
         if (!found.contains(item.id))
             moveImageToTrash(item);
         found.insert(item.id);
-        if (const FileContent* file = std::get_if<FileContent>(&item.content))
-            bookmarks.insert(file->bookmark);
     }
     m_items.removeIf([&](const ShelfItem& item) { return ids.contains(item.id); });
-    bool lostFileUrl = false;
+    const bool changedUrls = m_files.forget(gone, m_items);
     for (const QUuid& id : ids) {
-        lostFileUrl = m_fileURLs.remove(id) || lostFileUrl;
         m_lookups.cancel(id);
         m_itemFiles.removeFolder(id);
     }
-    releaseUnused(bookmarks);
     m_index.schedule();
-    if (lostFileUrl)
+    if (changedUrls)
         Q_EMIT fileURLsChanged();
-    if (!found.isEmpty())
+    if (!gone.isEmpty())
         Q_EMIT itemsChanged();
 }
 
@@ -272,17 +244,6 @@ void ShelfStore::moveImageToTrash(const ShelfItem& item) const
     // What cannot be trashed is deleted with the item's folder.
     if (url)
         static_cast<void>(m_environment.moveToTrash(*url));
-}
-
-void ShelfStore::releaseUnused(QSet<QByteArray> bookmarks) const
-{
-    // A file that was added twice has two items, and their bookmarks may be the same bytes.
-    for (const ShelfItem& item : m_items) {
-        if (const FileContent* file = std::get_if<FileContent>(&item.content))
-            bookmarks.remove(file->bookmark);
-    }
-    for (const QByteArray& bookmark : std::as_const(bookmarks))
-        m_fileReferences.release(bookmark);
 }
 
 void ShelfStore::updateLink(QUuid id, const std::optional<QString>& title, std::optional<bool> hasIcon)
@@ -315,10 +276,8 @@ void ShelfStore::saveIcon(const QByteArray& png, QUuid id)
 
 std::optional<QUrl> ShelfStore::localURL(const ShelfItem& item) const
 {
-    if (std::holds_alternative<FileContent>(item.content)) {
-        const auto url = m_fileURLs.constFind(item.id);
-        return url == m_fileURLs.constEnd() ? std::nullopt : std::optional(*url);
-    }
+    if (std::holds_alternative<FileContent>(item.content))
+        return m_files.url(item.id);
     if (const ImageContent* image = std::get_if<ImageContent>(&item.content))
         return m_itemFiles.file(item.id, image->fileName);
     return {};
@@ -327,7 +286,7 @@ std::optional<QUrl> ShelfStore::localURL(const ShelfItem& item) const
 bool ShelfStore::isFolder(const ShelfItem& item) const
 {
     const FileContent* file = std::get_if<FileContent>(&item.content);
-    return file && m_fileReferences.isFolder(file->bookmark);
+    return file && m_files.isFolder(*file);
 }
 
 std::optional<QUrl> ShelfStore::iconURL(const ShelfItem& item) const
@@ -340,49 +299,13 @@ std::optional<QUrl> ShelfStore::iconURL(const ShelfItem& item) const
 
 void ShelfStore::refreshFiles()
 {
-    QHash<QUuid, QUrl> urls;
-    QSet<QByteArray> replaced;
-    bool changedItems = false;
-    std::vector<QByteArray> bookmarks;
-    for (const ShelfItem& item : std::as_const(m_items)) {
-        if (const FileContent* file = std::get_if<FileContent>(&item.content))
-            bookmarks.push_back(file->bookmark);
-    }
-    const std::vector<std::optional<ResolvedFile>> files = m_fileReferences.resolveAll(bookmarks);
-    auto next = files.begin();
-    for (ShelfItem& item : m_items) {
-        FileContent* file = std::get_if<FileContent>(&item.content);
-        if (!file)
-            continue;
-        const std::optional<ResolvedFile>& resolved = *next++;
-        if (!resolved || m_trash.contains(resolved->url))
-            continue;
-        urls.insert(item.id, resolved->url);
-        FileContent present = refreshed(*file, *resolved);
-        if (present == *file)
-            continue;
-        if (present.bookmark != file->bookmark)
-            replaced.insert(file->bookmark);
-        *file = std::move(present);
-        changedItems = true;
-    }
-    const bool changedUrls = std::exchange(m_fileURLs, urls) != urls;
-    if (changedItems) {
-        releaseUnused(replaced);
+    const ReferencedFiles::Changes changes = m_files.refresh(m_items);
+    if (changes.ofItems)
         m_index.schedule();
-    }
-    if (changedUrls)
+    if (changes.ofUrls)
         Q_EMIT fileURLsChanged();
-    if (changedItems)
+    if (changes.ofItems)
         Q_EMIT itemsChanged();
-}
-
-FileContent ShelfStore::refreshed(const FileContent& file, const ResolvedFile& resolved) const
-{
-    FileContent present{ file.bookmark, lastPathComponent(resolved.url) };
-    if (resolved.isStale)
-        present.bookmark = m_fileReferences.make(resolved.url).value_or(file.bookmark);
-    return present;
 }
 
 void ShelfStore::removeOrphans()

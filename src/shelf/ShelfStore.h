@@ -3,6 +3,7 @@
 #include "Failure.h"
 #include "ItemFiles.h"
 #include "LinkLookups.h"
+#include "ReferencedFiles.h"
 #include "SavedIndex.h"
 #include "ShelfItem.h"
 
@@ -23,7 +24,6 @@ class FileReferences;
 class LinkMetadataService;
 class MainQueue;
 class Trash;
-struct ResolvedFile;
 
 /// The single owner of the items on the shelf and of the files that belong to them: every change goes through here, is
 /// told to whoever watches, and is saved 0.3 seconds after the last one. What the store is given must outlive it. Main
@@ -55,7 +55,7 @@ public:
     [[nodiscard]] const QList<ShelfItem>& items() const { return m_items; }
 
     /// Where the file of each file item was at the last look; no entry for one that is gone or in the Trash.
-    [[nodiscard]] const QHash<QUuid, QUrl>& fileURLs() const { return m_fileURLs; }
+    [[nodiscard]] const QHash<QUuid, QUrl>& fileURLs() const { return m_files.urls(); }
 
     /// Adds files and folders by reference, the first one on top. A file that is on the shelf moves to the top; a URL
     /// given twice counts twice. What cannot be referred to is left out.
@@ -123,27 +123,20 @@ private:
     void removeOrphan(const QUuid& id) const;
     /// Whether the index can take the items too; says so if not.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
-    [[nodiscard]] FileContent refreshed(const FileContent& file, const ResolvedFile& resolved) const;
 
     [[nodiscard]] QDateTime now() const;
     [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
     [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
     void moveToTop(qsizetype index);
     void removeAll(const QSet<QUuid>& ids);
-    /// Undoes what was noted of files that do not come to the shelf after all.
-    void forgetFiles(const QList<ShelfItem>& items);
     void moveImageToTrash(const ShelfItem& item) const;
-    /// Releases those bookmarks that no item holds any more.
-    void releaseUnused(QSet<QByteArray> bookmarks) const;
     void saveIcon(const QByteArray& png, QUuid id);
 
     QList<ShelfItem> m_items;
-    QHash<QUuid, QUrl> m_fileURLs;
     Environment m_environment;
     QUrl m_directory;
     ItemFiles m_itemFiles;
-    FileReferences& m_fileReferences;
-    const Trash& m_trash;
+    ReferencedFiles m_files;
     SavedIndex m_index;
     LinkLookups m_lookups;
 };

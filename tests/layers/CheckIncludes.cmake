@@ -3,10 +3,12 @@
 
 set(may_see_base "")
 set(may_see_platform "base")
-set(may_see_shelf "platform;base")
-set(may_see_panel "shelf;platform;base")
+set(may_see_shelf/items "platform;base")
+set(may_see_shelf/storage "shelf/items;platform;base")
+set(may_see_shelf "shelf/items;shelf/storage;platform;base")
+set(may_see_panel "shelf;shelf/items;platform;base")
 set(may_see_triggers "platform;base")
-set(may_see_drop "shelf;platform;base")
+set(may_see_drop "shelf;shelf/items;platform;base")
 set(may_see_disk "base")
 set(may_see_files "disk;platform;base")
 set(may_see_process "base")
@@ -23,14 +25,14 @@ set(may_see_x11/selections "x11/xcb;platform;base")
 set(may_see_x11/xcb "base")
 set(may_see_desktop "disk;platform;base")
 set(may_see_ui/style "base")
-set(may_see_ui/drag "shelf;platform;base")
-set(may_see_ui/tiles "ui/style;ui/drag;shelf;platform;base")
-set(may_see_ui "ui/tiles;ui/style;ui/drag;drop;panel;shelf;platform;base")
+set(may_see_ui/drag "shelf;shelf/items;platform;base")
+set(may_see_ui/tiles "ui/style;ui/drag;shelf;shelf/items;platform;base")
+set(may_see_ui "ui/tiles;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
 set(may_see_app/settings "platform;base")
-set(may_see_app/services "app/settings;triggers;shelf;platform;base")
-set(may_see_app/tray "panel;shelf;platform;base")
+set(may_see_app/services "app/settings;triggers;shelf;shelf/items;platform;base")
+set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/settings;app/services;app/tray;ui;ui/tiles;ui/style;drop;panel;triggers;shelf;desktop;x11;thumbnails;pictures"
+    "app/settings;app/services;app/tray;ui;ui/tiles;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;thumbnails;pictures"
     screenshots web files disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

@@ -109,6 +109,8 @@ private Q_SLOTS:
     void anIndexThatAppearsAfterTheStartIsSetAside();
     void anIndexThatAnotherProgramPutsInItsPlaceIsSetAside();
     void aFolderThatComesBackIsStillOurs();
+    void theSameIndexInAnotherFileIsStillOurs();
+    void anIndexOfTheSameSizeFromElsewhereIsSetAside();
     void anIndexThatMayBeWholeReplacesNoneThatWasSetAside();
     void aShelfThatIsFullTakesNothing();
     void aShelfThatIsFullMovesWhatIsOnIt();
@@ -574,6 +576,38 @@ void ShelfStorePersistenceTest::anIndexThatAnotherProgramPutsInItsPlaceIsSetAsid
     QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), other);
     QCOMPARE(log.lines().size(), 1);
     QCOMPARE(fixture.open()->items().size(), 2);
+}
+
+void ShelfStorePersistenceTest::theSameIndexInAnotherFileIsStillOurs()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    for (const char* text : { "milk", "bread" }) {
+        store->addText(QString::fromLatin1(text));
+        store->saveNow();
+        // As on file systems whose files get another identity or time by themselves.
+        QVERIFY(QFile::copy(fixture.indexPath(), fixture.path(QStringLiteral("copy"))));
+        QVERIFY(QFile::remove(fixture.indexPath()));
+        QVERIFY(QFile::rename(fixture.path(QStringLiteral("copy")), fixture.indexPath()));
+    }
+    const CapturedLog log;
+    store->saveNow();
+    QVERIFY(log.lines().isEmpty());
+    QVERIFY(!QFile::exists(fixture.path(QStringLiteral("data/index.corrupt.json"))));
+}
+
+void ShelfStorePersistenceTest::anIndexOfTheSameSizeFromElsewhereIsSetAside()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addText(QStringLiteral("milk"));
+    store->saveNow();
+    const QByteArray other = fixture.read(QStringLiteral("data/index.json")).replace("milk", "mild");
+    fixture.write(QStringLiteral("data/index.json"), other);
+    const CapturedLog log;
+    store->saveNow();
+    QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), other);
+    QCOMPARE(log.lines().size(), 1);
 }
 
 void ShelfStorePersistenceTest::anIndexThatMayBeWholeReplacesNoneThatWasSetAside()

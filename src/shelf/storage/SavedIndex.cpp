@@ -34,15 +34,18 @@ SavedIndex::SavedIndex(Environment environment, const QList<ShelfItem>& items, c
     , m_queue(queue)
     , m_file(m_environment.dataFolder, m_environment.largestSize)
     , m_writer(
-          [path = m_file.path(), largest = m_environment.largestSize](const ShelfIndex& index) {
+          [path = m_file.path(), largest = m_environment.largestSize, stamp = m_stamp](const ShelfIndex& index) {
               const QByteArray bytes = index.encode();
               if (bytes.size() > largest)
                   return std::optional(Failure{ QStringLiteral("larger than %1 bytes").arg(largest) });
-              return writeAtomically(path, bytes);
+              std::optional<Failure> failure = writeAtomically(path, bytes);
+              if (!failure)
+                  stamp->emplace(path, bytes);
+              return failure;
           },
           queue, savingPatience)
 {
-    m_writer.onWritten = [this] { m_file.wasWritten(); };
+    m_writer.onWritten = [this] { m_file.wasWritten(**m_stamp); };
     m_writer.onFailed = [this](const Failure& failure) { log(failure); };
 }
 

@@ -85,7 +85,7 @@ QList<ShelfItem> IndexFile::load()
                                                : ShelfIndex::decode(bytes);
     if (auto* index = std::get_if<ShelfIndex>(&decoded)) {
         m_obstacle.reset();
-        wasWritten();
+        m_own.emplace(m_path, bytes);
         m_wasRead = true;
         return std::move(index->items);
     }
@@ -97,19 +97,9 @@ QList<ShelfItem> IndexFile::load()
     return {};
 }
 
-std::optional<IndexFile::State> IndexFile::stateOf(const QByteArray& path)
-{
-    struct stat status {};
-    if (::stat(path.constData(), &status) != 0 || !S_ISREG(status.st_mode))
-        return {};
-    return State{ quint64(status.st_dev), quint64(status.st_ino), qint64(status.st_size), qint64(status.st_mtim.tv_sec),
-                  qint64(status.st_mtim.tv_nsec) };
-}
-
 bool IndexFile::isOurs()
 {
-    const auto present = stateOf(m_path);
-    if (!m_obstacle && present && present != m_own) {
+    if (!m_obstacle && lookAt(m_path) == Look::isFile && !(m_own && m_own->isOf(m_path))) {
         m_obstacle = Failure{ QStringLiteral("another program has written it") };
         m_isBroken = false;
     }

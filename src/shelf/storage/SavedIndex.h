@@ -69,6 +69,8 @@ private:
     const ItemFiles& m_itemFiles;
     MainQueue& m_queue;
     IndexFile m_file;
+    /// Of the index that was written last. The writer's thread sets it, between the start and the end of a run.
+    std::shared_ptr<std::optional<IndexStamp>> m_stamp = std::make_shared<std::optional<IndexStamp>>();
     IndexWriter m_writer;
     bool m_isSavingOff = false;
     std::unique_ptr<Cancellable> m_pendingSave;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Failure.h"
+#include "IndexStamp.h"
 #include "ShelfItem.h"
 
 #include <QByteArray>
@@ -23,12 +24,12 @@ public:
     /// understood, is moved aside at once.
     [[nodiscard]] QList<ShelfItem> load();
 
-    /// Whether the index may be written, over the one on disk if there is one. Not over one that came from elsewhere
-    /// since the program last read or wrote it.
+    /// Whether the index may be written, over the one on disk if there is one. Not over one that another program has
+    /// written since this one last read or wrote it.
     [[nodiscard]] bool isOurs();
 
-    /// The program has just written the index.
-    void wasWritten() { m_own = stateOf(m_path); }
+    /// The program has written the index, and `stamp` was taken then.
+    void wasWritten(const IndexStamp& stamp) { m_own = stamp; }
 
     /// Makes that so: moves aside what `load` has not read, and leaves a mark if there is no index, here or aside, that
     /// could name the folders of items that there are. After a failure nothing may be written.
@@ -45,19 +46,6 @@ public:
     void forgetLostIndex() const;
 
 private:
-    /// What changes when a file is written or replaced.
-    struct State {
-        quint64 device = 0;
-        quint64 inode = 0;
-        qint64 size = 0;
-        qint64 seconds = 0;
-        qint64 nanoseconds = 0;
-
-        bool operator==(const State&) const = default;
-    };
-
-    /// None where there is no regular file.
-    [[nodiscard]] static std::optional<State> stateOf(const QByteArray& path);
     [[nodiscard]] std::optional<Failure> setAside() const;
     /// Where what is there goes. One that was read and is broken replaces an older one; one that may be whole does not.
     [[nodiscard]] QByteArray asidePath() const;
@@ -72,7 +60,7 @@ private:
     /// What is there was read, and is no index.
     bool m_isBroken = false;
     /// The index as the program last read or wrote it.
-    std::optional<State> m_own;
+    std::optional<IndexStamp> m_own;
 };
 
 } // namespace nookle
