@@ -1,5 +1,7 @@
 #include "PngText.h"
 
+#include "PictureFormat.h"
+
 #include <QtEndian>
 
 #include <unistd.h>
@@ -10,7 +12,7 @@ namespace nookle {
 
 namespace {
 
-const QByteArray signature = QByteArrayLiteral("\x89PNG\r\n\x1a\n");
+inline constexpr qint64 signatureSize = 8;
 
 inline constexpr qint64 headSize = 8;
 inline constexpr qint64 checksumSize = 4;
@@ -66,17 +68,12 @@ void addText(PngText& texts, const QByteArray& type, const QByteArray& content)
 
 } // namespace
 
-bool isPngStart(const QByteArray& bytes)
-{
-    return bytes.startsWith(signature);
-}
-
 std::optional<PngText> readPngText(int descriptor)
 {
-    if (!isPngStart(readAt(descriptor, 0, signature.size())))
+    if (!isPngStart(readAt(descriptor, 0, signatureSize)))
         return std::nullopt;
     PngText texts;
-    qint64 offset = signature.size();
+    qint64 offset = signatureSize;
     for (int count = 0; count < mostChunks; ++count) {
         const auto head = readHead(descriptor, offset);
         if (!head)

@@ -1,5 +1,6 @@
 #include "ScreenshotMark.h"
 
+#include "PictureFormat.h"
 #include "PngText.h"
 #include "RegularFile.h"
 #include "ScreenshotNames.h"

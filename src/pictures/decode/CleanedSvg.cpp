@@ -1,6 +1,6 @@
 #include "CleanedSvg.h"
 
-#include "ImageContent.h"
+#include "PictureFormat.h"
 
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>

@@ -1,5 +1,7 @@
 #include "DecoderProtocol.h"
 
+#include "PictureFormat.h"
+
 #include <QDataStream>
 #include <QIODevice>
 
@@ -17,8 +19,6 @@ inline constexpr quint64 pngOverhead = 65'536;
 
 // The numbers before the pixels and the PNG.
 inline constexpr quint64 replyOverhead = 64;
-
-inline constexpr QByteArrayView pngSignature("\x89PNG\r\n\x1a\n");
 
 [[nodiscard]] quint64 largestPixels(int side)
 {
@@ -46,7 +46,7 @@ inline constexpr QByteArrayView pngSignature("\x89PNG\r\n\x1a\n");
     return isSide(reply.width) && isSide(reply.height)
         && reply.pixels.size() == qsizetype(reply.width) * reply.height * 4
         && static_cast<quint64>(reply.png.size()) <= largestPng(request)
-        && (reply.png.isEmpty() || reply.png.startsWith(pngSignature));
+        && (reply.png.isEmpty() || isPngStart(reply.png));
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "ImageDecode.h"
 
 #include "CleanedSvg.h"
-#include "ImageContent.h"
+#include "PictureFormat.h"
 
 #include <QBuffer>
 #include <QGuiApplication>

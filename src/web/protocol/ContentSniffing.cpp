@@ -1,5 +1,7 @@
 #include "ContentSniffing.h"
 
+#include "PictureFormat.h"
+
 #include <algorithm>
 #include <array>
 
@@ -48,10 +50,9 @@ bool looksLikePage(const QByteArray& bytes)
 
 bool looksLikeIcon(const QByteArray& bytes)
 {
-    const bool isWebP = bytes.startsWith("RIFF") && bytes.mid(8, 4) == "WEBP";
-    const bool isIco = bytes.size() > 6 && bytes.startsWith(QByteArray("\0\0\1\0", 4));
-    return bytes.startsWith("\x89PNG\r\n\x1a\n") || bytes.startsWith("\xff\xd8\xff") || bytes.startsWith("GIF87a")
-        || bytes.startsWith("GIF89a") || isWebP || isIco || looksLikeSvg(bytes);
+    constexpr std::array formats{ "png", "jpeg", "gif", "webp", "ico" };
+    const QByteArray format = pixelFormat(bytes);
+    return std::find(formats.begin(), formats.end(), format) != formats.end() || looksLikeSvg(bytes);
 }
 
 } // namespace nookle

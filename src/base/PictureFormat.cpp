@@ -1,4 +1,4 @@
-#include "ImageContent.h"
+#include "PictureFormat.h"
 
 #include <algorithm>
 #include <array>
@@ -22,8 +22,10 @@ using namespace std::string_view_literals;
     return { text.data(), static_cast<qsizetype>(text.size()) };
 }
 
+constexpr QByteArrayView pngSignature = bytes("\x89PNG\r\n\x1a\n"sv);
+
 constexpr std::array signatures{
-    Signature{ bytes("png"sv), bytes("\x89PNG\r\n\x1a\n"sv) },
+    Signature{ bytes("png"sv), pngSignature },
     Signature{ bytes("jpeg"sv), bytes("\xff\xd8\xff"sv) },
     Signature{ bytes("gif"sv), bytes("GIF87a"sv) },
     Signature{ bytes("gif"sv), bytes("GIF89a"sv) },
@@ -51,6 +53,11 @@ QByteArray pixelFormat(QByteArrayView start)
     const auto* found = std::find_if(signatures.begin(), signatures.end(),
                                      [start](const Signature& signature) { return matches(signature, start); });
     return found == signatures.end() ? QByteArray() : found->format.toByteArray();
+}
+
+bool isPngStart(QByteArrayView start)
+{
+    return start.startsWith(pngSignature);
 }
 
 bool looksLikeXml(QByteArrayView start)
