@@ -4,7 +4,9 @@
 #include "X11Coordinates.h"
 #include "XcbReply.h"
 
-#include <xcb/randr.h>
+#include <QGuiApplication>
+#include <QScreen>
+
 #include <xcb/xcb.h>
 
 #include <algorithm>
@@ -19,6 +21,15 @@ inline constexpr const char* strut = "_NET_WM_STRUT";
 inline constexpr const char* strutPartial = "_NET_WM_STRUT_PARTIAL";
 inline constexpr const char* workAreas = "_NET_WORKAREA";
 
+/// The screen with that full frame, if there is one.
+[[nodiscard]] const QScreen* screenOf(const QRectF& frame)
+{
+    const auto screens = QGuiApplication::screens();
+    const auto found = std::find_if(screens.begin(), screens.end(),
+                                    [&](const QScreen* screen) { return QRectF(screen->geometry()) == frame; });
+    return found == screens.end() ? nullptr : *found;
+}
+
 } // namespace
 
 X11Displays::X11Displays(xcb_connection_t* connection, std::uint32_t root)
@@ -26,24 +37,6 @@ X11Displays::X11Displays(xcb_connection_t* connection, std::uint32_t root)
     , m_root(root)
     , m_atoms(connection, { clientList, currentDesktop, strut, strutPartial, workAreas })
 {
-}
-
-std::vector<X11Displays::Monitor> X11Displays::monitors() const
-{
-    std::vector<Monitor> found;
-    const auto cookie = xcb_randr_get_monitors(m_connection, m_root, 1);
-    const auto reply = owned(xcb_randr_get_monitors_reply(m_connection, cookie, nullptr));
-    if (reply) {
-        for (auto each = xcb_randr_get_monitors_monitors_iterator(reply.get()); each.rem > 0;
-             xcb_randr_monitor_info_next(&each)) {
-            const auto& monitor = *each.data;
-            found.push_back(
-                { QRect(monitor.x, monitor.y, monitor.width, monitor.height), monitor.primary != 0, monitor.name });
-        }
-    }
-    if (found.empty() && !desktopSize().isEmpty())
-        found.push_back({ QRect(QPoint(0, 0), desktopSize()), true });
-    return found;
 }
 
 QSize X11Displays::desktopSize() const
@@ -65,7 +58,7 @@ std::optional<QRect> X11Displays::workArea() const
 
 // The work area is one rectangle for the whole desktop: with several displays it cuts off what a panel on one of them
 // takes from all, so there only the struts count.
-QRect X11Displays::usable(const QRect& monitor, std::size_t monitorCount) const
+QRect X11Displays::usable(const QRect& display) const
 {
     const QSize desktop = desktopSize();
     std::vector<Strut> struts;
@@ -76,8 +69,8 @@ QRect X11Displays::usable(const QRect& monitor, std::size_t monitorCount) const
         if (!numbers.empty())
             struts.push_back(Strut::fromNumbers(numbers, desktop));
     }
-    const QRect area = usableArea(monitor, desktop, struts);
-    if (monitorCount > 1)
+    const QRect area = usableArea(display, desktop, struts);
+    if (QGuiApplication::screens().size() > 1)
         return area;
     const QRect common = area.intersected(workArea().value_or(area));
     return common.isEmpty() ? area : common;
@@ -86,43 +79,26 @@ QRect X11Displays::usable(const QRect& monitor, std::size_t monitorCount) const
 std::vector<QRectF> X11Displays::frames() const
 {
     std::vector<QRectF> found;
-    for (const Monitor& monitor : monitors())
-        found.push_back(pointsFromPixels(monitor.frame));
+    for (const QScreen* screen : QGuiApplication::screens())
+        found.emplace_back(screen->geometry());
     return found;
 }
 
 std::optional<QRectF> X11Displays::mainFrame() const
 {
-    const auto found = monitors();
-    if (found.empty())
-        return std::nullopt;
-    const auto primary = std::find_if(found.begin(), found.end(), [](const Monitor& each) { return each.isPrimary; });
-    return pointsFromPixels((primary == found.end() ? found.front() : *primary).frame);
-}
-
-std::optional<X11Displays::Monitor> X11Displays::monitor(const QRectF& frame) const
-{
-    const auto found = monitors();
-    const auto monitor = std::find_if(found.begin(), found.end(),
-                                      [&](const Monitor& each) { return pointsFromPixels(each.frame) == frame; });
-    return monitor == found.end() ? std::nullopt : std::optional(*monitor);
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? std::optional(QRectF(screen->geometry())) : std::nullopt;
 }
 
 QString X11Displays::identity(const QRectF& frame) const
 {
-    const auto found = monitor(frame);
-    if (!found)
-        return {};
-    const auto reply =
-        owned(xcb_get_atom_name_reply(m_connection, xcb_get_atom_name(m_connection, found->name), nullptr));
-    return reply ? QString::fromLatin1(xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get()))
-                 : QString();
+    const QScreen* screen = screenOf(frame);
+    return screen ? screen->name() : QString();
 }
 
 QRectF X11Displays::visibleFrame(const QRectF& frame) const
 {
-    const auto found = monitor(frame);
-    return found ? pointsFromPixels(usable(found->frame, monitors().size())) : frame;
+    return screenOf(frame) ? pointsFromPixels(usable(pixelsFromPoints(frame, frame))) : frame;
 }
 
 } // namespace nookle

@@ -12,8 +12,8 @@ struct xcb_connection_t;
 
 namespace nookle {
 
-/// The monitors of the X server, with what panels, docks and the window manager leave of each. Asks the server at every
-/// call, so that a change of the displays needs no notice.
+/// The toolkit's screens, with what panels, docks and the window manager leave of each, for which it asks the X server
+/// at every call.
 class X11Displays final : public Displays {
 public:
     /// `connection` is borrowed.
@@ -26,17 +26,9 @@ public:
     [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override;
 
 private:
-    struct Monitor {
-        QRect frame;
-        bool isPrimary = false;
-        std::uint32_t name = 0;
-    };
-
-    [[nodiscard]] std::vector<Monitor> monitors() const;
-    [[nodiscard]] std::optional<Monitor> monitor(const QRectF& frame) const;
     [[nodiscard]] QSize desktopSize() const;
     [[nodiscard]] std::optional<QRect> workArea() const;
-    [[nodiscard]] QRect usable(const QRect& monitor, std::size_t monitorCount) const;
+    [[nodiscard]] QRect usable(const QRect& display) const;
 
     xcb_connection_t* m_connection;
     std::uint32_t m_root;
