@@ -25,7 +25,7 @@ std::unique_ptr<Cancellable> ProgramThumbnailMaker::make(const Wanted& wanted, C
     if (!entry || sandboxProgram().isEmpty())
         return nullptr;
     return Cancellable::keeping<ThumbnailerRun>(
-        ThumbnailerRun::tryStart(m_queue, *entry, wanted, longestRun, std::move(completion)));
+        ThumbnailerRun::tryStart(m_queue, *entry, wanted, timeout, std::move(completion)));
 }
 
 const ThumbnailerEntry* ProgramThumbnailMaker::entryFor(const QString& mimeType)

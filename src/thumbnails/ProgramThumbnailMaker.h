@@ -17,7 +17,7 @@ class MainQueue;
 class ProgramThumbnailMaker final : public ThumbnailMaker {
 public:
     /// In seconds.
-    inline static constexpr double longestRun = 10;
+    inline static constexpr double timeout = 10;
 
     /// Looks into `folders`, of which the first goes before the others, when the first thumbnail is wanted.
     ProgramThumbnailMaker(MainQueue& queue, QStringList folders);

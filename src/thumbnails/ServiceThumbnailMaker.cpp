@@ -1,6 +1,6 @@
 #include "ServiceThumbnailMaker.h"
 
-#include "ServiceThumbnailing.h"
+#include "ThumbnailerRequest.h"
 
 #include <utility>
 
@@ -17,7 +17,7 @@ std::unique_ptr<Cancellable> ServiceThumbnailMaker::make(const Wanted& wanted, C
     if (!m_bus.isConnected())
         return nullptr;
     return Cancellable::keeping(
-        std::make_shared<ServiceThumbnailing>(m_queue, m_bus, wanted, longestMaking, std::move(completion)));
+        std::make_shared<ThumbnailerRequest>(m_queue, m_bus, wanted, timeout, std::move(completion)));
 }
 
 } // namespace nookle

@@ -13,7 +13,7 @@ class MainQueue;
 class ServiceThumbnailMaker final : public ThumbnailMaker {
 public:
     /// In seconds.
-    inline static constexpr double longestMaking = 20;
+    inline static constexpr double timeout = 20;
 
     ServiceThumbnailMaker(MainQueue& queue, QDBusConnection bus);
 

@@ -20,7 +20,7 @@ namespace {
 // Enough for a video decoder with a thread for each core.
 inline constexpr rlim_t mostMemory = rlim_t(2) << 30;
 inline constexpr rlim_t largestOutput = rlim_t(16) << 20;
-inline constexpr rlim_t longestComputing = 10;
+inline constexpr rlim_t mostComputing = 10;
 
 constexpr auto outputFolder = "/tmp/output";
 constexpr auto outputName = "thumbnail.png";
@@ -35,7 +35,7 @@ void limitChild()
 {
     limit(RLIMIT_AS, mostMemory);
     limit(RLIMIT_FSIZE, largestOutput);
-    limit(RLIMIT_CPU, longestComputing);
+    limit(RLIMIT_CPU, mostComputing);
     limit(RLIMIT_CORE, 0);
 }
 
@@ -67,7 +67,7 @@ void limitChild()
 } // namespace
 
 std::unique_ptr<ThumbnailerRun> ThumbnailerRun::tryStart(MainQueue& queue, const ThumbnailerEntry& entry,
-                                                         const ThumbnailMaker::Wanted& wanted, double longestRun,
+                                                         const ThumbnailMaker::Wanted& wanted, double timeout,
                                                          ThumbnailMaker::Completion completion)
 {
     const bool isReadable = RegularFile::open(wanted.path, RegularFile::Links::follow).has_value();
@@ -81,7 +81,7 @@ std::unique_ptr<ThumbnailerRun> ThumbnailerRun::tryStart(MainQueue& queue, const
     std::unique_ptr<ThumbnailerRun> run(new ThumbnailerRun(queue, std::move(completion)));
     if (!run->m_output.isValid())
         return nullptr;
-    run->start(*command, *input, longestRun);
+    run->start(*command, *input, timeout);
     return run;
 }
 
@@ -98,9 +98,9 @@ ThumbnailerRun::~ThumbnailerRun()
         endChildProcess(std::move(m_process));
 }
 
-void ThumbnailerRun::start(const QStringList& command, const RegularFile& inputArguments, double longestRun)
+void ThumbnailerRun::start(const QStringList& command, const RegularFile& inputArguments, double timeout)
 {
-    m_limit = m_queue.after(longestRun, [this] { finish(std::nullopt); });
+    m_limit = m_queue.after(timeout, [this] { finish(std::nullopt); });
     const int descriptor = inputArguments.descriptor.get();
     m_process = makeChildProcess([descriptor] {
         limitChild();

@@ -18,8 +18,7 @@ class ThumbnailerRun final {
 public:
     /// Null when the file cannot be read or the command line is none.
     [[nodiscard]] static std::unique_ptr<ThumbnailerRun> tryStart(MainQueue& queue, const ThumbnailerEntry& entry,
-                                                                  const ThumbnailMaker::Wanted& wanted,
-                                                                  double longestRun,
+                                                                  const ThumbnailMaker::Wanted& wanted, double timeout,
                                                                   ThumbnailMaker::Completion completion);
     ~ThumbnailerRun();
     ThumbnailerRun(const ThumbnailerRun&) = delete;
@@ -28,7 +27,7 @@ public:
 private:
     ThumbnailerRun(MainQueue& queue, ThumbnailMaker::Completion completion);
 
-    void start(const QStringList& command, const RegularFile& inputArguments, double longestRun);
+    void start(const QStringList& command, const RegularFile& inputArguments, double timeout);
     void takeOutput();
     void finish(std::optional<ThumbnailMaker::Made> made);
 

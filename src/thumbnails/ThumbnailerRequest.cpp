@@ -1,4 +1,4 @@
-#include "ServiceThumbnailing.h"
+#include "ThumbnailerRequest.h"
 
 #include "MainQueue.h"
 #include "ThumbnailCache.h"
@@ -31,8 +31,8 @@ namespace {
 
 } // namespace
 
-ServiceThumbnailing::ServiceThumbnailing(MainQueue& queue, QDBusConnection bus, const ThumbnailMaker::Wanted& wanted,
-                                         double longest, ThumbnailMaker::Completion completion)
+ThumbnailerRequest::ThumbnailerRequest(MainQueue& queue, QDBusConnection bus, const ThumbnailMaker::Wanted& wanted,
+                                       double timeout, ThumbnailMaker::Completion completion)
     : m_queue(queue)
     , m_bus(std::move(bus))
     , m_uri(QString::fromLatin1(wanted.uri))
@@ -42,10 +42,10 @@ ServiceThumbnailing::ServiceThumbnailing(MainQueue& queue, QDBusConnection bus, 
     listen("Error", SLOT(takeError(uint, QStringList, int, QString)));
     listen("Finished", SLOT(takeFinished(uint)));
     queueRequest(wanted);
-    m_limit = queue.after(longest, [this] { finish(false); });
+    m_limit = queue.after(timeout, [this] { finish(false); });
 }
 
-ServiceThumbnailing::~ServiceThumbnailing()
+ThumbnailerRequest::~ThumbnailerRequest()
 {
     if (m_isAnswered || !m_request)
         return;
@@ -57,12 +57,12 @@ ServiceThumbnailing::~ServiceThumbnailing()
 
 // From whoever sends it: to ask the bus who the service is would mean to wait for the answer, and a false signal only
 // makes this program look for a thumbnail that is not there.
-void ServiceThumbnailing::listen(const char* signal, const char* slot)
+void ThumbnailerRequest::listen(const char* signal, const char* slot)
 {
     m_bus.connect(QString(), objectPath(), interfaceName(), QLatin1String(signal), this, slot);
 }
 
-void ServiceThumbnailing::queueRequest(const ThumbnailMaker::Wanted& wanted)
+void ThumbnailerRequest::queueRequest(const ThumbnailMaker::Wanted& wanted)
 {
     QDBusMessage call = methodCall(QStringLiteral("Queue"));
     call << QStringList{ m_uri } << QStringList{ wanted.mimeType };
@@ -71,7 +71,7 @@ void ServiceThumbnailing::queueRequest(const ThumbnailMaker::Wanted& wanted)
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] { takeAnswer(*watcher); });
 }
 
-void ServiceThumbnailing::takeAnswer(QDBusPendingCallWatcher& call)
+void ThumbnailerRequest::takeAnswer(QDBusPendingCallWatcher& call)
 {
     const QDBusPendingReply<uint> reply = call;
     if (reply.isError())
@@ -80,33 +80,33 @@ void ServiceThumbnailing::takeAnswer(QDBusPendingCallWatcher& call)
         m_request = reply.value();
 }
 
-void ServiceThumbnailing::takeReady(uint /*request*/, const QStringList& uris)
+void ThumbnailerRequest::takeReady(uint /*request*/, const QStringList& uris)
 {
     if (uris.contains(m_uri))
         finishSoon(true);
 }
 
-void ServiceThumbnailing::takeError(uint /*request*/, const QStringList& uris, int /*code*/, const QString& /*message*/)
+void ThumbnailerRequest::takeError(uint /*request*/, const QStringList& uris, int /*code*/, const QString& /*message*/)
 {
     if (uris.contains(m_uri))
         finishSoon(false);
 }
 
-void ServiceThumbnailing::takeFinished(uint request)
+void ThumbnailerRequest::takeFinished(uint request)
 {
     if (m_request == request)
         finishSoon(false);
 }
 
 // On the next turn: whoever takes the result may destroy what the bus is just talking to.
-void ServiceThumbnailing::finishSoon(bool hasThumbnail)
+void ThumbnailerRequest::finishSoon(bool hasThumbnail)
 {
     if (std::exchange(m_isAnswered, true))
         return;
     m_limit = m_queue.after(0, [this, hasThumbnail] { finish(hasThumbnail); });
 }
 
-void ServiceThumbnailing::finish(bool hasThumbnail)
+void ThumbnailerRequest::finish(bool hasThumbnail)
 {
     const auto completion = std::exchange(m_completion, nullptr);
     completion(hasThumbnail ? std::optional(ThumbnailMaker::Made()) : std::nullopt);

@@ -18,13 +18,13 @@ namespace nookle {
 class MainQueue;
 
 /// One thumbnail that the session's thumbnailer service is asked for. Destroying it takes the request back.
-class ServiceThumbnailing final : public QObject {
+class ThumbnailerRequest final : public QObject {
     Q_OBJECT
 
 public:
-    ServiceThumbnailing(MainQueue& queue, QDBusConnection bus, const ThumbnailMaker::Wanted& wanted, double longest,
-                        ThumbnailMaker::Completion completion);
-    ~ServiceThumbnailing() override;
+    ThumbnailerRequest(MainQueue& queue, QDBusConnection bus, const ThumbnailMaker::Wanted& wanted, double timeout,
+                       ThumbnailMaker::Completion completion);
+    ~ThumbnailerRequest() override;
 
 private:
     Q_SLOT void takeReady(uint request, const QStringList& uris);
