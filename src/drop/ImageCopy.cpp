@@ -5,7 +5,6 @@
 #include "ImageType.h"
 #include "Log.h"
 #include "PlainText.h"
-#include "IndexText.h"
 
 #include <QCoreApplication>
 #include <QMimeDatabase>
@@ -74,14 +73,18 @@ QString imageFileName(const DroppedImage& image)
     return withinLimit(name);
 }
 
+QByteArray imageCopyFolder(const QUuid& id)
+{
+    return "Nookle-" + id.toByteArray(QUuid::WithoutBraces).toUpper();
+}
+
 std::optional<QUrl> writeImageCopy(const DroppedImage& image)
 {
     std::error_code error;
     const std::string temporary = std::filesystem::temp_directory_path(error);
     if (error)
         return failed(QString::fromStdString(error.message()));
-    const QByteArray folder =
-        QByteArray::fromStdString(temporary) + "/Nookle-" + uuidText(QUuid::createUuid()).toLatin1();
+    const QByteArray folder = QByteArray::fromStdString(temporary) + '/' + imageCopyFolder(QUuid::createUuid());
     QUrl copy = child(fileUrl(folder), imageFileName(image));
     auto failure = makeFolder(folder);
     if (!failure)

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QString>
 #include <QUrl>
+#include <QUuid>
 
 #include <optional>
 
@@ -20,6 +21,9 @@ struct DroppedImage {
 /// The file name of a copy: the suggested name, or "Image", with an extension that says what it is unless it has one of
 /// an image. Never leads out of its folder, and is never too long for a file system.
 [[nodiscard]] QString imageFileName(const DroppedImage& image);
+
+/// The name of the folder of a copy.
+[[nodiscard]] QByteArray imageCopyFolder(const QUuid& id);
 
 /// Writes the image as it is into a new folder of its own in the system's temporary folder. Folder and copy are the
 /// caller's. A failure is logged, and leaves nothing behind.

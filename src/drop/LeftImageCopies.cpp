@@ -1,7 +1,7 @@
 #include "LeftImageCopies.h"
 
 #include "DataFiles.h"
-#include "IndexText.h"
+#include "ImageCopy.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -15,10 +15,8 @@ namespace {
 
 [[nodiscard]] bool isNameOfCopy(const QByteArray& name)
 {
-    const QByteArray prefix = QByteArrayLiteral("Nookle-");
-    const QString rest = QString::fromLatin1(name.mid(prefix.size()));
-    const auto id = uuidFromText(rest);
-    return name.startsWith(prefix) && id && uuidText(*id) == rest;
+    const QUuid id = QUuid::fromString(QLatin1String(name.mid(name.indexOf('-') + 1)));
+    return !id.isNull() && name == imageCopyFolder(id);
 }
 
 /// Everybody may put something of that name into the temporary folder.

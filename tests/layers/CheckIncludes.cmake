@@ -18,7 +18,7 @@ set(may_see_pictures/decode "helper;base")
 set(may_see_thumbnails "pictures;pictures/decode;process;disk;platform;base")
 set(may_see_screenshots "disk;platform;base")
 set(may_see_web "web/protocol;process;platform;base")
-set(may_see_web/protocol "")
+set(may_see_web/protocol "base")
 set(may_see_web/lookup "web/protocol;helper;base")
 set(may_see_x11 "x11/selections;x11/xcb;platform;base")
 set(may_see_x11/selections "x11/xcb;platform;base")
@@ -33,7 +33,7 @@ set(may_see_app/services "app/settings;triggers;shelf;shelf/items;platform;base"
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
     "app/settings;app/services;app/tray;ui;ui/tiles;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;thumbnails;pictures"
-    screenshots web files disk platform base)
+    screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.
 set(display_headers "xcb/|X11/|wayland|LayerShellQt|QtGui/private")
@@ -61,10 +61,14 @@ foreach(room IN LISTS folders)
             if(include MATCHES "<(${display_headers})" AND NOT room MATCHES "^(${display_rooms})(/|$)")
                 message(SEND_ERROR "${file} names a display server: ${include}")
             endif()
-            if(NOT include MATCHES "^#include \"([^\"]+)\"" OR include MATCHES "\\.moc\"")
+            # The last match sets the variables.
+            if(include MATCHES "\\.moc\"" OR NOT include MATCHES "^#include \"([^\"]+)\"")
                 continue()
             endif()
             set(header "${CMAKE_MATCH_1}")
+            if(header STREQUAL "")
+                message(FATAL_ERROR "no header was read from ${include}")
+            endif()
             set(found FALSE)
             foreach(visible IN LISTS may_see_${room})
                 if(EXISTS "${SOURCE_FOLDER}/${visible}/${header}")
