@@ -133,13 +133,15 @@ SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
 
 bool SingleInstance::lock()
 {
-    if (lockFolder() == FolderLock::State::heldByOther)
+    // Before the folder: a program that already runs may be about to lock that.
+    if (m_runtimeFolder.isOpen() && !lockSession())
         return false;
-    if (!m_runtimeFolder.isOpen())
-        return true;
-    if (!lockSession())
+    if (lockFolder() == FolderLock::State::heldByOther) {
+        m_sessionLock = FileDescriptor();
         return false;
-    listen();
+    }
+    if (m_runtimeFolder.isOpen())
+        listen();
     return true;
 }
 

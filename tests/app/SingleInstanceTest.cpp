@@ -38,6 +38,7 @@ private Q_SLOTS:
     void aSocketOfADeadProgramIsReplaced();
     void aLongRuntimeFolderIsUsed();
     void aFolderThatComesLaterIsClaimed();
+    void aSecondStartLeavesTheFolderToTheFirst();
     void aFolderThatAnotherProgramTookFirstStaysItsOwn();
     void aProgramThatEndsJustNowIsWaitedFor();
     void aFolderThatOthersMayReadIsClosedBeforeItIsLocked();
@@ -264,6 +265,22 @@ void SingleInstanceTest::aFolderThatComesLaterIsClaimed()
     QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
     QVERIFY(!first.claimFolder());
     QCOMPARE(second.claim(), SingleInstance::Claim::otherIsSilent);
+}
+
+void SingleInstanceTest::aSecondStartLeavesTheFolderToTheFirst()
+{
+    const QTemporaryDir directory;
+    SingleInstance first(folder(directory), runtime());
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    // The folder is there, and the first program is about to save for the first time.
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    int lost = 0;
+    first.onFolderLost = [&] { ++lost; };
+    bool isClaimed = false;
+    first.onShowRequested = [&] { isClaimed = !first.claimFolder(); };
+    QCOMPARE(claimElsewhere(folder(directory)), SingleInstance::Claim::doneByOther);
+    QVERIFY(isClaimed);
+    QCOMPARE(lost, 0);
 }
 
 void SingleInstanceTest::aFolderThatAnotherProgramTookFirstStaysItsOwn()
