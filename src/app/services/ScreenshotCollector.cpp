@@ -44,7 +44,7 @@ void ScreenshotCollector::collect(const QUrl& screenshot)
 void ScreenshotCollector::schedule()
 {
     if (!std::exchange(m_isScheduled, true))
-        m_queue.post([this] { addWaiting(); });
+        m_queue.post(m_lifetime.guarded([this] { addWaiting(); }));
 }
 
 void ScreenshotCollector::addWaiting()

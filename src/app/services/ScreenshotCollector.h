@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Lifetime.h"
+
 #include <QList>
 #include <QUrl>
 
@@ -36,6 +38,7 @@ private:
     QList<QUrl> m_filesToAdd;
     QList<QUrl> m_filesToTakeOver;
     bool m_isScheduled = false;
+    Lifetime m_lifetime;
 };
 
 } // namespace nookle
