@@ -163,16 +163,16 @@ void ShelfStore::imageNotAdded(const QString& reason)
     Q_EMIT additionFailed(tr("The image could not be added to the shelf: %1").arg(reason));
 }
 
-void ShelfStore::restoreImage(QUuid id, const QByteArray& bytes)
+std::optional<Failure> ShelfStore::restoreImage(QUuid id, const QByteArray& bytes)
 {
     const qsizetype index = indexOf(id);
     const auto* image = index < 0 ? nullptr : std::get_if<ImageContent>(&m_items.at(index).content);
     if (!image)
-        return;
-    if (const std::optional<Failure> failure = m_itemFiles.write(bytes, id, image->fileName))
-        logLine(QStringLiteral("could not restore image: ") + failure->description);
-    else
+        return {};
+    std::optional<Failure> failure = m_itemFiles.write(bytes, id, image->fileName);
+    if (!failure)
         Q_EMIT itemsChanged();
+    return failure;
 }
 
 bool ShelfStore::hasRoomFor(const QList<ShelfItem>& additions)
@@ -315,6 +315,8 @@ void ShelfStore::removeOrphans()
     const auto folders = m_itemFiles.folders();
     if (!folders)
         return;
+    for (const QUuid& id : *folders)
+        m_itemFiles.removeUnfinished(id, time);
     QSet<QUuid> orphans(folders->begin(), folders->end());
     for (const ShelfItem& item : std::as_const(m_items))
         orphans.remove(item.id);

@@ -76,8 +76,8 @@ public:
     void imageNotAdded(const QString& reason);
 
     /// Puts `bytes` in the place of the file of an image, whose own another program has taken away. Nothing for an id
-    /// that is no image's. A failure is logged.
-    void restoreImage(QUuid id, const QByteArray& bytes);
+    /// that is no image's.
+    [[nodiscard]] std::optional<Failure> restoreImage(QUuid id, const QByteArray& bytes);
 
     void togglePinned(QUuid id);
 

@@ -3,6 +3,8 @@
 #include "ShelfItemActions.h"
 #include "ShelfStore.h"
 
+#include <utility>
+
 namespace nookle {
 
 DragOutWatch::DragOutWatch(const DraggedImage::Services& services, ShelfItemActions& actions)
@@ -15,14 +17,16 @@ DragOutWatch::DragOutWatch(const DraggedImage::Services& services, ShelfItemActi
 
 void DragOutWatch::begin(const ShelfItem& item)
 {
-    if (const auto file = m_store.localURL(item))
-        m_trash.begin(item, *file);
     m_images.begin(item);
+    const auto* file = std::get_if<FileContent>(&item.content);
+    m_hasFile = m_store.localURL(item).has_value();
+    m_trash.begin(file && m_hasFile ? file->bookmark : m_images.reference());
 }
 
 void DragOutWatch::end(const ShelfItem& item, DragOperation operation)
 {
-    const bool hasFile = m_store.localURL(item).has_value();
+    // During the drag the store may have noticed that the file has gone to the Trash.
+    const bool hasFile = std::exchange(m_hasFile, false) || m_store.localURL(item).has_value();
     // After a drag that nobody took, whoever moves the file to the Trash is not the destination.
     if (hasFile && operation == DragOperation::none)
         m_trash.end();

@@ -14,7 +14,7 @@ class DragOutWatch final {
 public:
     DragOutWatch(const DraggedImage::Services& services, ShelfItemActions& actions);
 
-    /// `item` begins to be dragged.
+    /// `item` begins to be dragged. A last look at what was dragged before may change the shelf.
     void begin(const ShelfItem& item);
 
     /// The drag has ended, and its destination told `operation`. Its file is looked after for a while.
@@ -30,6 +30,8 @@ private:
     ShelfItemActions& m_actions;
     TrashWatch m_trash;
     DraggedImages m_images;
+    /// The item that is being dragged had a file when the drag began.
+    bool m_hasFile = false;
 };
 
 } // namespace nookle

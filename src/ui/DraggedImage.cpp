@@ -32,13 +32,7 @@ DraggedImage::DraggedImage(Services services, const ShelfItem& item)
     : m_services(services)
     , m_item(item)
 {
-    const auto url = m_services.store.localURL(item);
-    const bool isImage = std::holds_alternative<ImageContent>(item.content);
-    if (!isImage || !url || typeOf(*url) != std::filesystem::file_type::regular)
-        return;
-    m_file.setFileName(QFile::decodeName(filePath(*url)));
-    if (m_file.open(QIODevice::ReadOnly))
-        m_reference = m_services.references.make(*url).value_or(QByteArray());
+    hold();
 }
 
 DraggedImage::~DraggedImage()
@@ -46,8 +40,22 @@ DraggedImage::~DraggedImage()
     end();
 }
 
+void DraggedImage::hold()
+{
+    const auto url = m_services.store.localURL(m_item);
+    const bool isImage = std::holds_alternative<ImageContent>(m_item.content);
+    if (!isImage || !url || typeOf(*url) != std::filesystem::file_type::regular)
+        return;
+    m_file.setFileName(QFile::decodeName(filePath(*url)));
+    if (m_file.open(QIODevice::ReadOnly))
+        m_reference = m_services.references.make(*url).value_or(QByteArray());
+}
+
 void DraggedImage::keepLooking(std::function<void()> onTrashed)
 {
+    // It was let go of if it was looked for already, and was copied back during this drag.
+    if (!m_file.isOpen())
+        hold();
     if (!m_file.isOpen())
         return;
     m_onTrashed = std::move(onTrashed);
@@ -95,10 +103,12 @@ bool DraggedImage::look()
     if (isInTrash()) {
         const auto onTrashed = std::exchange(m_onTrashed, nullptr);
         onTrashed();
-    } else {
-        copyBack();
+        return true;
     }
-    return true;
+    const std::optional<Failure> failure = copyBack();
+    if (failure && !std::exchange(m_hasToldFailure, true))
+        logLine(QStringLiteral("could not restore image: ") + failure->description);
+    return !failure;
 }
 
 bool DraggedImage::isInTrash() const
@@ -107,13 +117,14 @@ bool DraggedImage::isInTrash() const
     return found && m_services.trash.contains(found->url);
 }
 
-void DraggedImage::copyBack()
+std::optional<Failure> DraggedImage::copyBack()
 {
+    m_file.unsetError();
+    m_file.seek(0);
     const QByteArray bytes = m_file.readAll();
-    if (m_file.error() == QFileDevice::NoError)
-        m_services.store.restoreImage(m_item.id, bytes);
-    else
-        logLine(QStringLiteral("could not restore image: ") + m_file.errorString());
+    if (m_file.error() != QFileDevice::NoError)
+        return Failure{ m_file.errorString() };
+    return m_services.store.restoreImage(m_item.id, bytes);
 }
 
 } // namespace nookle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Failure.h"
 #include "MainQueue.h"
 #include "ShelfItem.h"
 
@@ -10,6 +11,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace nookle {
 
@@ -40,19 +42,27 @@ public:
     /// Whether it holds nothing, or nothing any more.
     [[nodiscard]] bool isDone() const { return !m_file.isOpen(); }
 
+    /// Whether `keepLooking` was called, and the file was not let go of since.
+    [[nodiscard]] bool isLooking() const { return m_onTrashed != nullptr; }
+
+    /// The reference to the file, as long as it is held; empty otherwise.
+    [[nodiscard]] const QByteArray& reference() const { return m_reference; }
+
     /// Looks again and again during the next ten minutes whether the file is still there. A file that was moved is
-    /// copied back; for one in the Trash `onTrashed` is called instead. Then the file is let go of.
+    /// copied back; for one in the Trash `onTrashed` is called instead. Then the file is let go of. What cannot be
+    /// copied back is tried again at the next look, with one log line.
     void keepLooking(std::function<void()> onTrashed);
 
     /// Looks at once, if it is to keep looking.
     void lookNow();
 
 private:
+    void hold();
     void lookAfter(std::size_t pause);
     /// Whether there is nothing more to look for.
     [[nodiscard]] bool look();
     [[nodiscard]] bool isInTrash() const;
-    void copyBack();
+    [[nodiscard]] std::optional<Failure> copyBack();
     void end();
 
     Services m_services;
@@ -60,6 +70,7 @@ private:
     QFile m_file;
     QByteArray m_reference;
     std::function<void()> m_onTrashed;
+    bool m_hasToldFailure = false;
     std::unique_ptr<Cancellable> m_nextLook;
 };
 

@@ -1,5 +1,6 @@
 #include "DraggedImages.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace nookle {
@@ -12,25 +13,42 @@ DraggedImages::DraggedImages(DraggedImage::Services services)
 void DraggedImages::begin(const ShelfItem& item)
 {
     forgetThoseThatAreDone();
+    end();
     // One that was moved already is there again when the new drag needs it.
     for (const auto& each : m_watched) {
         if (each->id() == item.id)
             each->lookNow();
     }
-    m_current = std::make_unique<DraggedImage>(m_services, item);
+    forgetThoseThatAreDone();
+    const auto known =
+        std::find_if(m_watched.begin(), m_watched.end(), [&](const auto& each) { return each->id() == item.id; });
+    if (known == m_watched.end()) {
+        m_current = std::make_unique<DraggedImage>(m_services, item);
+        return;
+    }
+    m_current = std::move(*known);
+    m_watched.erase(known);
 }
 
 void DraggedImages::keepLooking(std::function<void()> onTrashed)
 {
-    if (!m_current || m_current->isDone())
+    if (!m_current)
         return;
-    std::erase_if(m_watched, [this](const auto& each) { return each->id() == m_current->id(); });
     m_current->keepLooking(std::move(onTrashed));
-    m_watched.push_back(std::move(m_current));
+    end();
+}
+
+void DraggedImages::end()
+{
+    if (m_current && m_current->isLooking())
+        m_watched.push_back(std::move(m_current));
+    m_current.reset();
 }
 
 void DraggedImages::lookNow()
 {
+    if (m_current)
+        m_current->lookNow();
     for (const auto& each : m_watched)
         each->lookNow();
     forgetThoseThatAreDone();

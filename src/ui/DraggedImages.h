@@ -20,8 +20,11 @@ public:
     /// The drag has ended, and its receiver may move the file: watches over it as `DraggedImage` does.
     void keepLooking(std::function<void()> onTrashed);
 
-    /// The drag has ended, and nobody has the file.
-    void end() { m_current.reset(); }
+    /// The drag has ended, and nobody has the file. A watch that was there before goes on.
+    void end();
+
+    /// The reference to the image that is being dragged; empty when there is none.
+    [[nodiscard]] QByteArray reference() const { return m_current ? m_current->reference() : QByteArray(); }
 
     /// Looks after all of them at once, before the program ends.
     void lookNow();

@@ -209,9 +209,17 @@ void ShelfView::menuOpenChanged(bool isOpen)
         onMenuOpenChanged(m_openMenus > 0);
 }
 
+bool ShelfView::isOnShelf(const QUuid& id) const
+{
+    const auto& items = m_store.items();
+    return std::any_of(items.begin(), items.end(), [&](const ShelfItem& item) { return item.id == id; });
+}
+
 std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
 {
     m_dragOutWatch.begin(item);
+    if (!isOnShelf(item.id))
+        return {};
     return m_actions.dragItem(item, thumbnailOf(item));
 }
 

@@ -113,6 +113,7 @@ private:
     void menuOpenChanged(bool isOpen);
     [[nodiscard]] bool showsHover(const QUuid& id) const { return !m_isDropTarget && m_hoveredID == id; }
     void updateHover(const std::optional<QUuid>& id);
+    [[nodiscard]] bool isOnShelf(const QUuid& id) const;
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragBegan();
     void dragEnded(const ShelfItem& item, DragOperation operation);

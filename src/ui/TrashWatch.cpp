@@ -22,18 +22,11 @@ TrashWatch::TrashWatch(FileReferences& references, const Trash& trash, MainQueue
 {
 }
 
-TrashWatch::~TrashWatch()
-{
-    end();
-}
-
-void TrashWatch::begin(const ShelfItem& item, const QUrl& file)
+void TrashWatch::begin(const QByteArray& reference)
 {
     static_cast<void>(lookNow());
     end();
-    const auto* referred = std::get_if<FileContent>(&item.content);
-    m_isOwnReference = referred == nullptr;
-    m_reference = referred ? referred->bookmark : m_references.make(file).value_or(QByteArray());
+    m_reference = reference;
 }
 
 bool TrashWatch::isInTrash()
@@ -76,9 +69,7 @@ void TrashWatch::end()
 {
     m_nextLook.reset();
     m_onTrashed = nullptr;
-    const QByteArray reference = std::exchange(m_reference, {});
-    if (m_isOwnReference && !reference.isEmpty())
-        m_references.release(reference);
+    m_reference.clear();
 }
 
 } // namespace nookle

@@ -1,10 +1,8 @@
 #pragma once
 
 #include "MainQueue.h"
-#include "ShelfItem.h"
 
 #include <QByteArray>
-#include <QUrl>
 
 #include <cstddef>
 #include <functional>
@@ -20,13 +18,10 @@ class Trash;
 class TrashWatch final {
 public:
     TrashWatch(FileReferences& references, const Trash& trash, MainQueue& queue);
-    ~TrashWatch();
-    TrashWatch(const TrashWatch&) = delete;
-    TrashWatch& operator=(const TrashWatch&) = delete;
 
-    /// The file of `item`, at `file`, begins to be dragged. Ends the watch over the one before
-    /// with a last look at it.
-    void begin(const ShelfItem& item, const QUrl& file);
+    /// The file behind `reference` begins to be dragged; an empty reference stands for none. Ends the watch over the
+    /// file before with a last look at it.
+    void begin(const QByteArray& reference);
 
     /// Whether the file is in the Trash now.
     [[nodiscard]] bool isInTrash();
@@ -46,8 +41,6 @@ private:
     const Trash& m_trash;
     MainQueue& m_queue;
     QByteArray m_reference;
-    /// An image of the shelf's own is referred to only as long as it is watched.
-    bool m_isOwnReference = false;
     std::function<void()> m_onTrashed;
     std::unique_ptr<Cancellable> m_nextLook;
 };

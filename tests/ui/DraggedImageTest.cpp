@@ -4,6 +4,8 @@
 #include "OpenDescriptors.h"
 #include "ShelfFixture.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QSignalSpy>
 
 #include <filesystem>
@@ -29,6 +31,12 @@ private Q_SLOTS:
     void imageThatIsMovedIsCopiedBackBeforeTheProgramEnds();
     void imageThatIsMovedIsThereForItsNextDrag();
     void imagesThatAreDraggedOneAfterTheOtherHoldOneFileEach();
+    void tileOfAnImageThatWasMovedCanBeDraggedAgain();
+    void tileOfAFileThatTurnsUpInTheTrashIsNotDragged();
+    void imageThatCannotBeCopiedBackIsTriedAgain();
+    void dragThatEndsNowhereLeavesTheWatchBeforeIt();
+    void imageThatIsCopiedBackDuringItsNextDragIsWatchedOn();
+    void imageStaysReferredToWhileItIsWatched();
 
 private:
     /// Drags the image out, to a program that says that it has done `operation`.
@@ -169,6 +177,23 @@ void DraggedImageTest::failureIsLogged()
     QVERIFY(log.lines().first().contains(QStringLiteral("could not restore image: ")));
 }
 
+void DraggedImageTest::imageThatCannotBeCopiedBackIsTriedAgain()
+{
+    const CapturedLog log;
+    drag();
+    moveAway();
+    const QString folder = QFileInfo(m_image.toLocalFile()).path();
+    QVERIFY(QDir(folder).removeRecursively());
+    QFile obstacle(folder);
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    m_shelf->queue.advance(100);
+    QVERIFY(!isInPlace());
+    QVERIFY(obstacle.remove());
+    m_shelf->queue.advance(20);
+    QVERIFY(isInPlace());
+    QCOMPARE(log.lines().size(), 1);
+}
+
 void DraggedImageTest::fileIsLetGoOfInTheEnd()
 {
     drag();
@@ -229,6 +254,75 @@ void DraggedImageTest::imagesThatAreDraggedOneAfterTheOtherHoldOneFileEach()
     QCOMPARE(heldDescriptors(), 1);
     m_shelf->queue.advance(700);
     QCOMPARE(heldDescriptors(), 0);
+}
+
+// What a look at the drag before changes on the shelf replaces what the tile does, while it does it.
+void DraggedImageTest::tileOfAnImageThatWasMovedCanBeDraggedAgain()
+{
+    int drags = 0;
+    m_shelf->dragOutcome = [&] {
+        ++drags;
+        return DragOperation::copy;
+    };
+    m_shelf->dragTop();
+    moveAway();
+    m_shelf->dragTop();
+    QCOMPARE(drags, 2);
+    QVERIFY(isInPlace());
+}
+
+void DraggedImageTest::tileOfAFileThatTurnsUpInTheTrashIsNotDragged()
+{
+    const QUrl file = m_shelf->addFile("a.txt");
+    int drags = 0;
+    m_shelf->dragOutcome = [&] {
+        ++drags;
+        return DragOperation::move;
+    };
+    m_shelf->dragTop();
+    QCOMPARE(drags, 1);
+    m_shelf->references.moveFile(file, fileUrl("/somewhere/.Trash/a.txt"));
+    m_shelf->dragTop();
+    QCOMPARE(drags, 1);
+    QCOMPARE(m_shelf->store.items().size(), 1);
+}
+
+void DraggedImageTest::dragThatEndsNowhereLeavesTheWatchBeforeIt()
+{
+    drag();
+    m_shelf->queue.advance(5);
+    drag(DragOperation::none);
+    QCOMPARE(heldDescriptors(), 1);
+    moveAway();
+    m_shelf->queue.advance(20);
+    QVERIFY(isInPlace());
+}
+
+void DraggedImageTest::imageThatIsCopiedBackDuringItsNextDragIsWatchedOn()
+{
+    drag();
+    m_shelf->dragOutcome = [this] {
+        moveAway();
+        m_shelf->queue.advance(20);
+        return DragOperation::copy;
+    };
+    m_shelf->dragTop();
+    QVERIFY(isInPlace());
+    QVERIFY(QFile::remove(m_shelf->directory.filePath(QStringLiteral("moved.png"))));
+    moveAway();
+    m_shelf->queue.advance(20);
+    QVERIFY(isInPlace());
+}
+
+void DraggedImageTest::imageStaysReferredToWhileItIsWatched()
+{
+    drag();
+    m_shelf->queue.advance(60);
+    drag();
+    m_shelf->queue.advance(60);
+    QVERIFY(m_shelf->references.released.isEmpty());
+    m_shelf->queue.advance(700);
+    QCOMPARE(m_shelf->references.released.size(), 1);
 }
 
 QTEST_MAIN(DraggedImageTest)

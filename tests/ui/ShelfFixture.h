@@ -11,16 +11,21 @@
 #include "FakeUserDefaults.h"
 #include "FakeWorkspace.h"
 #include "FileUrl.h"
+#include "ItemInteractionView.h"
 #include "MimeDropPayload.h"
 #include "PanelPinning.h"
 #include "ShelfStore.h"
 #include "ShelfView.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace nookle {
@@ -50,9 +55,12 @@ struct ShelfFixture {
     ShelfStore store{
         fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash, metadata, queue
     };
-    ShelfView view{ ShelfView::Services{
-        store, pinning, workspace, pasteboard, trash, references, transfers, thumbnails, compositing, queue,
-        [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); } } };
+    /// What becomes of a drag that begins with the mouse.
+    std::function<DragOperation()> dragOutcome = [] { return DragOperation::none; };
+    ShelfView view{ ShelfView::Services{ store, pinning, workspace, pasteboard, trash, references, transfers,
+                                         thumbnails, compositing, queue,
+                                         [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); },
+                                         [this](QWidget&, DragSession) { return dragOutcome(); } } };
 
     ShelfFixture()
     {
@@ -78,6 +86,21 @@ struct ShelfFixture {
         source.close();
         store.addImage(fileUrl(source.fileName().toUtf8()));
         return store.localURL(top()).value_or(QUrl());
+    }
+
+    /// Drags the top tile with the mouse.
+    void dragTop()
+    {
+        const auto tiles = view.findChildren<ItemInteractionView*>();
+        QVERIFY(!tiles.isEmpty());
+        const auto top = [](const QWidget* widget) { return widget->mapToGlobal(QPoint()).y(); };
+        ItemInteractionView* tile = *std::min_element(
+            tiles.begin(), tiles.end(), [&](const auto* one, const auto* other) { return top(one) < top(other); });
+        const QPoint start = tile->rect().center();
+        QTest::mousePress(tile, Qt::LeftButton, {}, start);
+        QMouseEvent move(QEvent::MouseMove, start + QPoint(20, 0), tile->mapToGlobal(start + QPoint(20, 0)),
+                         Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(tile, &move);
     }
 
     /// The menu of the top item in one line: "-" is a separator, brackets are a disabled entry.

@@ -84,8 +84,11 @@ void ItemInteractionView::beginDrag()
     m_mouseDownLocation.reset();
     if (!m_configuration->dragItem)
         return;
-    std::optional<DragItem> item = m_configuration->dragItem();
-    if (!item)
+    // A look at an item that was dragged before may replace the configuration, or remove the tile.
+    const QPointer<ItemInteractionView> self(this);
+    const auto dragItem = m_configuration->dragItem;
+    std::optional<DragItem> item = dragItem();
+    if (!item || !self)
         return;
     // The drag runs its own event loop: this view may be gone, or do something else, when it ends.
     const ItemInteraction configuration = *m_configuration;
@@ -114,7 +117,8 @@ std::unique_ptr<QMenu> ItemInteractionView::makeMenu()
 {
     if (!m_configuration || !m_configuration->menu)
         return nullptr;
-    const MenuActions actions = m_configuration->menu();
+    const auto makeActions = m_configuration->menu;
+    const MenuActions actions = makeActions();
     if (actions.empty())
         return nullptr;
     auto menu = std::make_unique<QMenu>();

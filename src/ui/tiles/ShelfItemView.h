@@ -32,7 +32,8 @@ public:
     /// Shows that keys are meant for this tile.
     void setFocused(bool isFocused);
 
-    /// The icon of a link. Null until it has come, and for items without a file.
+    /// The thumbnail of a file or an image, or the icon of a link. Null until it has come, and for items without a
+    /// file.
     [[nodiscard]] const QPixmap& thumbnail() const { return m_thumbnail.picture(); }
 
     [[nodiscard]] ItemInteractionView& interaction() { return *m_interaction; }
