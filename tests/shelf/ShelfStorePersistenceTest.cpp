@@ -87,6 +87,7 @@ private Q_SLOTS:
     void theShelfSurvivesARestart();
     void whatIsMadeIsForTheUserAlone();
     void anUndecodableIndexIsSetAsideInPlaceOfAnOlderOne();
+    void anUndecodableIndexReplacesNoneThatIsWhole();
     void anUndecodableIndexIsSetAsideInPlaceOfAFolder();
     void theSaveAfterAnUndecodableIndexWritesAFreshOne();
     void whatIsNoRegularFileIsAnEmptyShelf_data();
@@ -125,9 +126,11 @@ private Q_SLOTS:
     void afterALostIndexNothingIsClearedAwayUntilAllIsOnTheShelfAgain();
     void theFirstImageOfAShelfDoesNotLookLikeThatOfALostIndex();
     void filesHalfWrittenAreClearedAwayAfterADay();
+    void whatIsClearedAwayWaitsForEveryIndexThatWasSetAside();
 
 private:
     /// A shelf with an image and a folder that belongs to no item, two days ago.
+    [[nodiscard]] static std::unique_ptr<ShelfStore> openWithImage(StoreFixture& fixture);
     [[nodiscard]] static std::unique_ptr<ShelfStore> openWithOrphan(StoreFixture& fixture);
 };
 
@@ -137,14 +140,18 @@ const QUuid orphan = QUuid::fromString(QStringLiteral("1B4E28BA-2FA1-11D2-883F-B
 
 } // namespace
 
-std::unique_ptr<ShelfStore> ShelfStorePersistenceTest::openWithOrphan(StoreFixture& fixture)
+std::unique_ptr<ShelfStore> ShelfStorePersistenceTest::openWithImage(StoreFixture& fixture)
 {
     fixture.write(QStringLiteral("a.png"), "pixels");
-    {
-        const auto store = fixture.open();
-        store->addImage(fixture.urlOf(QStringLiteral("a.png")));
-        store->saveNow();
-    }
+    auto store = fixture.open();
+    store->addImage(fixture.urlOf(QStringLiteral("a.png")));
+    store->saveNow();
+    return store;
+}
+
+std::unique_ptr<ShelfStore> ShelfStorePersistenceTest::openWithOrphan(StoreFixture& fixture)
+{
+    (void)openWithImage(fixture);
     QDir().mkpath(fixture.itemFolder(orphan));
     const QString folder = QStringLiteral("data/Files/1B4E28BA-2FA1-11D2-883F-B9A761BDE3FB/");
     fixture.write(folder + QStringLiteral("lost.png"), "pixels");
@@ -211,6 +218,24 @@ void ShelfStorePersistenceTest::anUndecodableIndexIsSetAsideInPlaceOfAnOlderOne(
              QStringLiteral("Nookle: index unreadable, moved to %1: Invalid number of keys found, expected one.")
                  .arg(fixture.path(QStringLiteral("data/index.corrupt.json"))));
     QCOMPARE(fixture.queue.waitingTasks(), 0);
+}
+
+void ShelfStorePersistenceTest::anUndecodableIndexReplacesNoneThatIsWhole()
+{
+    StoreFixture fixture;
+    install(fixture, "good/every-kind.json");
+    const QString aside = fixture.path(QStringLiteral("data/index.corrupt.json"));
+    QVERIFY(QFile::rename(fixture.indexPath(), aside));
+    const QByteArray whole = fixture.read(QStringLiteral("data/index.corrupt.json"));
+    const CapturedLog log;
+    for (const char* broken : { "bad/truncated.json", "bad/content-with-two-kinds.json" }) {
+        install(fixture, broken);
+        const QByteArray index = fixture.read(QStringLiteral("data/index.json"));
+        (void)fixture.open();
+        QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt.json")), whole);
+        QCOMPARE(fixture.read(QStringLiteral("data/index.corrupt-2.json")), index);
+    }
+    QVERIFY(!QFile::exists(fixture.path(QStringLiteral("data/index.corrupt-3.json"))));
 }
 
 void ShelfStorePersistenceTest::anUndecodableIndexIsSetAsideInPlaceOfAFolder()
@@ -777,16 +802,36 @@ void ShelfStorePersistenceTest::theFirstImageOfAShelfDoesNotLookLikeThatOfALostI
 void ShelfStorePersistenceTest::filesHalfWrittenAreClearedAwayAfterADay()
 {
     StoreFixture fixture;
-    install(fixture, "good/every-kind.json");
-    const QString name = QStringLiteral("data/.unfinished-1234");
-    fixture.write(name, "half");
+    auto store = openWithImage(fixture);
+    const QUrl image = store->localURL(store->items().constFirst()).value_or(QUrl());
+    const QStringList names{ fixture.path(QStringLiteral("data/.unfinished-1234")),
+                             QFileInfo(image.toLocalFile()).path() + QStringLiteral("/.unfinished-5678") };
+    for (const QString& name : names) {
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
     fixture.now = QDateTime::currentDateTimeUtc().addSecs(3600);
-    fixture.open()->removeOrphans();
-    QVERIFY(QFile::exists(fixture.path(name)));
+    store->removeOrphans();
+    for (const QString& name : names)
+        QVERIFY(QFile::exists(name));
     fixture.now = QDateTime::currentDateTimeUtc().addDays(2);
-    fixture.open()->removeOrphans();
-    QVERIFY(!QFile::exists(fixture.path(name)));
+    store->removeOrphans();
+    for (const QString& name : names)
+        QVERIFY(!QFile::exists(name));
     QVERIFY(QFile::exists(fixture.indexPath()));
+    QVERIFY(QFile::exists(image.toLocalFile()));
+}
+
+void ShelfStorePersistenceTest::whatIsClearedAwayWaitsForEveryIndexThatWasSetAside()
+{
+    StoreFixture fixture;
+    (void)openWithOrphan(fixture);
+    fixture.write(QStringLiteral("data/index.corrupt-2.json"), "any");
+    fixture.open()->removeOrphans();
+    QVERIFY(QFile::exists(fixture.itemFolder(orphan)));
+    QVERIFY(QFile::remove(fixture.path(QStringLiteral("data/index.corrupt-2.json"))));
+    fixture.open()->removeOrphans();
+    QVERIFY(!QFile::exists(fixture.itemFolder(orphan)));
 }
 
 QTEST_GUILESS_MAIN(ShelfStorePersistenceTest)

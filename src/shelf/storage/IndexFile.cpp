@@ -9,6 +9,7 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -55,7 +56,8 @@ enum class Look { isFile, isMissing, isNoFile, fails };
 } // namespace
 
 IndexFile::IndexFile(const QByteArray& dataFolder, qsizetype largestSize)
-    : m_path(dataFolder + "/index.json")
+    : m_dataFolder(dataFolder)
+    , m_path(dataFolder + "/index.json")
     , m_asidePath(dataFolder + "/index.corrupt.json")
     , m_lostMark(dataFolder + "/index.missing")
     , m_largestSize(largestSize)
@@ -113,7 +115,7 @@ std::optional<Failure> IndexFile::makeWay(bool hasItemFolders)
     std::optional<Failure> failure;
     if (lookAt(m_path) != Look::isMissing)
         failure = setAside();
-    else if (hasItemFolders && !exists(m_asidePath))
+    else if (hasItemFolders && !hasIndexAside())
         failure = writeAtomically(m_lostMark, {});
     if (!failure)
         m_obstacle.reset();
@@ -124,9 +126,29 @@ QByteArray IndexFile::asidePath() const
 {
     constexpr int mostIndexes = 100;
     QByteArray path = m_asidePath;
-    for (int number = 2; !m_isBroken && exists(path) && number <= mostIndexes; ++number)
+    for (int number = 2; exists(path) && !(m_isBroken && isNoIndex(path)) && number <= mostIndexes; ++number)
         path = m_asidePath.chopped(qsizetype(std::strlen(".json"))) + '-' + QByteArray::number(number) + ".json";
     return path;
+}
+
+bool IndexFile::isNoIndex(const QByteArray& path) const
+{
+    const Look look = lookAt(path);
+    if (look != Look::isFile)
+        return look != Look::fails;
+    QFile file(QFile::decodeName(path));
+    if (!file.open(QIODevice::ReadOnly) || file.size() > m_largestSize)
+        return false;
+    const QByteArray bytes = file.readAll();
+    return file.error() == QFile::NoError && std::holds_alternative<Failure>(ShelfIndex::decode(bytes));
+}
+
+bool IndexFile::hasIndexAside() const
+{
+    const auto names = entriesOf(m_dataFolder);
+    return !names || std::any_of(names->begin(), names->end(), [](const QByteArray& name) {
+        return name.startsWith("index.corrupt") && name.endsWith(".json");
+    });
 }
 
 std::optional<Failure> IndexFile::setAside() const
@@ -155,7 +177,7 @@ bool IndexFile::isWritten() const
 
 bool IndexFile::namesEveryItem() const
 {
-    return m_wasRead && !exists(m_asidePath) && !exists(m_lostMark);
+    return m_wasRead && !hasIndexAside() && !exists(m_lostMark);
 }
 
 void IndexFile::forgetLostIndex() const

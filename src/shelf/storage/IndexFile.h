@@ -47,9 +47,15 @@ public:
 
 private:
     [[nodiscard]] std::optional<Failure> setAside() const;
-    /// Where what is there goes. One that was read and is broken replaces an older one; one that may be whole does not.
+    /// Where the index on disk goes. A broken index replaces an older broken one, and nothing replaces an index that
+    /// may be whole.
     [[nodiscard]] QByteArray asidePath() const;
+    /// Whether what is at `path` was read, and is no index.
+    [[nodiscard]] bool isNoIndex(const QByteArray& path) const;
+    /// Whether there is an index that was set aside, by this program or one before it.
+    [[nodiscard]] bool hasIndexAside() const;
 
+    QByteArray m_dataFolder;
     QByteArray m_path;
     QByteArray m_asidePath;
     QByteArray m_lostMark;

@@ -12,8 +12,8 @@ public:
     /// Of the file at `path`, whose content is `bytes`.
     IndexStamp(const QByteArray& path, const QByteArray& bytes);
 
-    /// Whether the file at `path` has that content. It is read only if it may be another one by what its folder says:
-    /// some file systems give a file another identity or time by themselves.
+    /// Whether the file at `path` has that content. Its content is read only if its identity, size or time differ:
+    /// some file systems change identities and times by themselves.
     [[nodiscard]] bool isOf(const QByteArray& path) const;
 
 private:

@@ -136,6 +136,12 @@ std::optional<QList<QUrl>> ItemFiles::contents(const QUuid& id) const
     return urls;
 }
 
+void ItemFiles::removeUnfinished(const QUuid& id, const QDateTime& unchangedSince) const
+{
+    if (!leadsElsewhere(id))
+        nookle::removeUnfinished(filePath(folder(id)), unchangedSince);
+}
+
 void ItemFiles::removeFolder(const QUuid& id) const
 {
     // A link in the folder's place goes, and nothing behind it.

@@ -46,6 +46,10 @@ public:
     /// What is in the item's folder, in no order; no list if that cannot all be found.
     [[nodiscard]] std::optional<QList<QUrl>> contents(const QUuid& id) const;
 
+    /// Removes the files in the item's folder that a crash left half written and that nobody has written to since that
+    /// time.
+    void removeUnfinished(const QUuid& id, const QDateTime& unchangedSince) const;
+
     /// Deletes the item's folder and everything in it, as far as that is possible.
     void removeFolder(const QUuid& id) const;
 
