@@ -1,12 +1,17 @@
 #include "AppFixture.h"
+#include "ImageCopy.h"
+#include "ShelfView.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QDialog>
+#include <QDir>
 #include <QTest>
 
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 
 using namespace nookle;
 
@@ -21,6 +26,8 @@ private Q_SLOTS:
     void anUnpinnedShelfStaysHiddenAtTheStart();
     void nothingExpiresWhileTheUserWantsItNotTo();
     void theEndSavesWhatWasStillWaiting();
+    void theEndCopiesBackWhatAReceiverHasMoved();
+    void whatACrashLeftIsClearedAwayAtTheStart();
 
     void whatAProgramAddsShowsTheShelfForAMoment();
     void aProgramThatAddsNothingIsToldAndNothingShows();
@@ -47,6 +54,11 @@ private:
     /// Chooses an entry of the tray's menu.
     static void choose(const QString& title);
     static void clickSetting(const QString& title);
+    [[nodiscard]] QString itemFolder(const QUuid& id) const
+    {
+        return m_app->directory.filePath(
+            QStringLiteral("data/Files/%1").arg(id.toString(QUuid::WithoutBraces).toUpper()));
+    }
 
     std::unique_ptr<AppFixture> m_app;
 };
@@ -166,6 +178,47 @@ void AppDelegateTest::theEndSavesWhatWasStillWaiting()
     QVERIFY(m_app->saved().isEmpty());
     m_app->delegate->applicationWillTerminate();
     QCOMPARE(m_app->saved().size(), 1);
+}
+
+void AppDelegateTest::theEndCopiesBackWhatAReceiverHasMoved()
+{
+    m_app->defaults.stored.insert(QStringLiteral("collectScreenshots"), true);
+    m_app->defaults.stored.insert(QStringLiteral("moveScreenshots"), true);
+    m_app->start();
+    takeScreenshot(QStringLiteral("shot.png"));
+    m_app->queue.advance(2);
+    const ShelfItem item = m_app->saved().constFirst();
+    const QString image = itemFolder(item.id) + QStringLiteral("/shot.png");
+    const auto widgets = QApplication::allWidgets();
+    const auto view =
+        std::find_if(widgets.begin(), widgets.end(), [](QWidget* each) { return qobject_cast<ShelfView*>(each); });
+    QVERIFY(view != widgets.end());
+    const ItemInteraction tile = qobject_cast<ShelfView*>(*view)->interaction(item);
+    QVERIFY(tile.dragItem());
+    tile.onDragEnded(DragOperation::copy);
+    QVERIFY(QFile::rename(image, m_app->directory.filePath(QStringLiteral("moved.png"))));
+    m_app->delegate->applicationWillTerminate();
+    QVERIFY(QFile::exists(image));
+}
+
+void AppDelegateTest::whatACrashLeftIsClearedAwayAtTheStart()
+{
+    makeOldShelf();
+    const QString orphan = itemFolder(QUuid::createUuid());
+    const QString copy = QDir::temp().filePath(QString::fromLatin1(imageCopyFolder(QUuid::createUuid())));
+    for (const QString& folder : { orphan, copy }) {
+        QVERIFY(QDir().mkpath(folder));
+        QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        QFile file(folder + QStringLiteral("/lost.png"));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.close();
+        const std::filesystem::path path = folder.toStdString();
+        std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::hours(48));
+    }
+    m_app->start();
+    QVERIFY(m_app->journal.contains(QStringLiteral("trash lost.png")));
+    QVERIFY(!QFile::exists(copy));
+    QDir(copy).removeRecursively();
 }
 
 void AppDelegateTest::whatAProgramAddsShowsTheShelfForAMoment()

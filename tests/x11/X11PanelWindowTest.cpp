@@ -52,6 +52,8 @@ private Q_SLOTS:
     void aPanelThatWasOnlyPutThereSlidesOutBehindItsEdge();
     void theSlideTakesAsLongAsItIsTold_data();
     void theSlideTakesAsLongAsItIsTold();
+    void theSlideFollowsItsCurve_data();
+    void theSlideFollowsItsCurve();
     void aParkedPanelIsAPointBeyondAllDisplays();
 
 private:
@@ -233,6 +235,35 @@ void X11PanelWindowTest::theSlideTakesAsLongAsItIsTold()
         else if (later < 1)
             QVERIFY2(sample.share >= later - 0.001, qPrintable(QString::number(sample.share)));
     }
+}
+
+void X11PanelWindowTest::theSlideFollowsItsCurve_data()
+{
+    theSlideTakesAsLongAsItIsTold_data();
+}
+
+// So slow that a late step matters little, and an even pace is told from both curves.
+void X11PanelWindowTest::theSlideFollowsItsCurve()
+{
+    QFETCH(bool, startsSlowly);
+    constexpr double seconds = 2;
+    constexpr double lateness = 0.1;
+    constexpr double distance = 0.1;
+    m_panel->setFrame(leftAtRest.translated(112, 0));
+    m_panel->orderFront();
+    const auto samples = slide(leftAtRest, seconds, startsSlowly ? Easing::in : Easing::out);
+    int judged = 0;
+    for (const Sample& sample : samples) {
+        const double time = sample.time / seconds;
+        if (time < 0.4 || time > 0.6)
+            continue;
+        ++judged;
+        if (startsSlowly)
+            QVERIFY2(sample.share < time - distance, qPrintable(QString::number(sample.share)));
+        else
+            QVERIFY2(sample.share > time + distance - lateness, qPrintable(QString::number(sample.share)));
+    }
+    QVERIFY(judged > 0);
 }
 
 void X11PanelWindowTest::aParkedPanelIsAPointBeyondAllDisplays()
