@@ -1,4 +1,5 @@
 #include "BusClient.h"
+#include "FileDescriptor.h"
 #include "PrivateDesktop.h"
 #include "Shelf.h"
 #include "Waiting.h"
@@ -11,7 +12,12 @@
 #include <QUrl>
 
 #include <memory>
+#include <utility>
 
+#include <fcntl.h>
+#include <sys/file.h>
+
+using namespace nookle;
 using namespace nookle::e2e;
 
 namespace {
@@ -60,6 +66,8 @@ private Q_SLOTS:
     void aSecondStartTakesFilesOfAnyName();
     void filesAndPagesAreTakenTogether();
     void anArgumentThatIsNothingIsSaid();
+    void aShelfThatAnotherSessionHoldsIsSaid();
+    void aProgramThatLostItsShelfEnds();
     void theBusStartsTheInstalledProgram();
 
 private:
@@ -74,6 +82,9 @@ private:
     [[nodiscard]] QString savedText() const;
 
     QTemporaryDir m_prefix;
+    /// Makes the folder of the shelf, and holds it as a program of another session does.
+    [[nodiscard]] FileDescriptor lockDataFolder() const;
+
     std::unique_ptr<PrivateDesktop> m_desktop;
     std::unique_ptr<Shelf> m_shelf;
     std::unique_ptr<BusClient> m_client;
@@ -230,11 +241,38 @@ void ServicesEndToEndTest::filesAndPagesAreTakenTogether()
     QCOMPARE(m_shelf->savedItems().size(), 4);
 }
 
+FileDescriptor ServicesEndToEndTest::lockDataFolder() const
+{
+    const QString path = m_desktop->home(QStringLiteral("data/Nookle"));
+    FileDescriptor folder(QDir().mkpath(path) ? ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC) : -1);
+    return folder.isOpen() && ::flock(folder.get(), LOCK_EX | LOCK_NB) == 0 ? std::move(folder) : FileDescriptor();
+}
+
 void ServicesEndToEndTest::anArgumentThatIsNothingIsSaid()
 {
     const auto program = m_desktop->start(qEnvironmentVariable("NOOKLE_PROGRAM"), { QStringLiteral("--version") });
     QCOMPARE(program->waitForExit(), 1);
     QCOMPARE(program->log(), QByteArray("Nookle: neither a file nor an address: --version\n"));
+}
+
+void ServicesEndToEndTest::aShelfThatAnotherSessionHoldsIsSaid()
+{
+    const FileDescriptor lock = lockDataFolder();
+    QVERIFY(lock.isOpen());
+    const auto program = m_desktop->start(qEnvironmentVariable("NOOKLE_PROGRAM"), {});
+    QCOMPARE(program->waitForExit(), 1);
+    QCOMPARE(program->log(), QByteArray("Nookle: another program holds the shelf and does not answer\n"));
+}
+
+void ServicesEndToEndTest::aProgramThatLostItsShelfEnds()
+{
+    const auto program = m_desktop->start(qEnvironmentVariable("NOOKLE_PROGRAM"), {});
+    QVERIFY(waitFor([&] { return program->log().contains("no system tray"); }));
+    const FileDescriptor lock = lockDataFolder();
+    QVERIFY(lock.isOpen());
+    QCOMPARE(m_shelf->startAgain({ m_desktop->home(QStringLiteral("files/a")) }), 0);
+    QCOMPARE(program->waitForExit(), 1);
+    QCOMPARE(program->log().count("Nookle: saving is off: another program holds the shelf\n"), 1);
 }
 
 void ServicesEndToEndTest::theBusStartsTheInstalledProgram()
