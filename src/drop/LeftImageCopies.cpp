@@ -21,7 +21,7 @@ namespace {
     return name.startsWith(prefix) && id && uuidText(*id) == rest;
 }
 
-/// Everybody may put something of that name into the temporary folder.
+/// Checks the owner and permissions, because any user can make a folder with such a name in the temporary folder.
 [[nodiscard]] bool isOwnFolder(const QByteArray& path, const QDateTime& unchangedSince)
 {
     struct stat status {};

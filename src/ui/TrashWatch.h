@@ -15,8 +15,9 @@ namespace nookle {
 class FileReferences;
 class Trash;
 
-/// Finds out whether the file of a drag has ended in the Trash. No desktop protocol tells: to the shelf a Trash is a
-/// program like any other, which moves a file some time after it was dropped. Borrows everything. Main thread only.
+/// Finds out whether a dragged file was moved to the Trash. No desktop protocol reports this: for the shelf, the Trash
+/// is a destination like any other, which moves the file some time after the drop. All arguments must outlive it. Main
+/// thread only.
 class TrashWatch final {
 public:
     TrashWatch(FileReferences& references, const Trash& trash, MainQueue& queue);
@@ -24,21 +25,20 @@ public:
     TrashWatch(const TrashWatch&) = delete;
     TrashWatch& operator=(const TrashWatch&) = delete;
 
-    /// The file of `item`, at `file`, begins to be dragged. Ends the watch over the one before
-    /// with a last look at it.
+    /// The drag of `item` begins, whose file is at `file`. Checks the previous file once more and ends its watch.
     void begin(const ShelfItem& item, const QUrl& file);
 
     /// Whether the file is in the Trash now.
     [[nodiscard]] bool isInTrash();
 
-    /// Looks a few times during the next seconds, and calls `onTrashed` once if the file turns up in the Trash.
+    /// Checks a few times during the next five seconds, and calls `onTrashed` once if the file is in the Trash.
     void keepLooking(std::function<void()> onTrashed);
 
-    /// Ends the watch; `onTrashed` is not called any more.
+    /// Ends the watch. `onTrashed` is not called after this.
     void end();
 
 private:
-    /// Whether the file has turned up in the Trash.
+    /// Checks once during a watch. If the file is in the Trash, ends the watch, calls `onTrashed` and returns true.
     bool lookNow();
     void lookAfter(std::size_t pause);
 
@@ -46,7 +46,7 @@ private:
     const Trash& m_trash;
     MainQueue& m_queue;
     QByteArray m_reference;
-    /// An image of the shelf's own is referred to only as long as it is watched.
+    /// Whether this object has made `m_reference` and must release it. True for images that the shelf owns.
     bool m_isOwnReference = false;
     std::function<void()> m_onTrashed;
     std::unique_ptr<Cancellable> m_nextLook;

@@ -12,16 +12,16 @@ struct xcb_connection_t;
 
 namespace nookle {
 
-/// The monitors of the X server, with what panels, docks and the window manager leave of each. Asks the server at every
-/// call, so that a change of the displays needs no notice.
+/// The monitors of the X server, with the area of each that panels, docks and the window manager leave free. Queries
+/// the server at every call, so the answers are always up to date.
 class X11Displays final : public Displays {
 public:
-    /// `connection` is borrowed.
+    /// `connection` must outlive this object.
     X11Displays(xcb_connection_t* connection, std::uint32_t root);
 
     [[nodiscard]] std::vector<QRectF> frames() const override;
     [[nodiscard]] std::optional<QRectF> mainFrame() const override;
-    /// The name of its monitor.
+    /// The name of the display's monitor.
     [[nodiscard]] QString identity(const QRectF& frame) const override;
     [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override;
 

@@ -4,14 +4,14 @@
 
 namespace nookle {
 
-/// How many bytes of a file tell what it is.
+/// The number of bytes at the start of a file that are enough to recognize its format.
 inline constexpr qsizetype contentSample = 512;
 
-/// The format of an image of pixels, by the name that the toolkit has for it, from the bytes that the image begins
-/// with. Empty for everything else, whatever a file name says.
+/// The toolkit's name for the format of a pixel image that begins with `start`. Empty for everything else. The file
+/// name does not matter.
 [[nodiscard]] QByteArray pixelFormat(QByteArrayView start);
 
-/// Whether what begins like this may be an XML document.
+/// Whether a file that begins with `start` may be an XML document.
 [[nodiscard]] bool looksLikeXml(QByteArrayView start);
 
 } // namespace nookle
