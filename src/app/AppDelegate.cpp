@@ -22,10 +22,10 @@ namespace {
 
 inline constexpr double momentOfShowing = 1.5;
 
-/// After the start, when everything that starts along with the session has had its turn.
+/// In seconds. Gives the other programs that start with the session time to finish their start.
 inline constexpr double preparationDelay = 1;
 
-// The shortcut, in the numbers of `Shortcut`.
+// The shortcut, in the numbers of `HotKey`.
 inline constexpr std::uint32_t keyD = 2;
 inline constexpr std::uint32_t controlAltSuper = 4096 + 2048 + 256;
 
@@ -207,7 +207,7 @@ void AppDelegate::showForAMoment()
     m_panelController->scheduleHide(momentOfShowing);
 }
 
-// Not within the call that added to the shelf: for thousands of files both take a while.
+// Called later, not within the call that added to the shelf: for thousands of files both take a while.
 void AppDelegate::showForAMomentSoon()
 {
     m_showing = m_platform.queue.after(0, [this] { showForAMoment(); });

@@ -33,12 +33,12 @@ class DesktopBackend;
 class Notifier;
 class ProgramRequests;
 
-/// Creates every long-lived component in its order and connects them. One for the life of the program.
+/// Creates all long-lived components in the right order and connects them. One for the life of the program.
 class AppDelegate final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the components work with.
+    /// The services that the components depend on.
     struct Platform {
         DesktopBackend& desktop;
         MainQueue& queue;
@@ -50,7 +50,7 @@ public:
         Pasteboard& pasteboard;
         Workspace& workspace;
         FileTransfers& fileTransfers;
-        /// The tray that draws icons and menus itself.
+        /// The kind of tray that draws icons and menus itself.
         TrayHost& notifierTray;
         Notifier& notifier;
         ProgramRequests& requests;
@@ -59,21 +59,21 @@ public:
         ScreenshotSettings& screenshotSettings;
     };
 
-    /// All of `platform` must outlive the delegate. `dataFolder` is this program's alone, which `claimFolder` makes
-    /// sure of (see `ShelfStore::Environment`).
+    /// All of `platform` must outlive the delegate. Only this program may use `dataFolder`; `claimFolder` ensures that
+    /// (see `ShelfStore::Environment`).
     AppDelegate(const Platform& platform, const QUrl& dataFolder, std::function<std::optional<Failure>()> claimFolder);
     ~AppDelegate() override;
 
-    /// Starts everything, once the application's event loop is about to run.
+    /// Starts everything. Call it right before the application's event loop.
     void applicationDidFinishLaunching();
 
-    /// Saves what is not saved yet. Call it when the event loop has ended.
+    /// Saves all unsaved changes. Call it when the event loop has ended, and when the session is about to end.
     void applicationWillTerminate();
 
-    /// What a second start of the program asks for.
+    /// Shows the shelf. A second start of the program requests this.
     void showShelf();
 
-    /// Adds files and pages that the program was started with.
+    /// Adds the files and pages on a command line, of this start or of a later one.
     void open(const QStringList& uris);
 
 private:
@@ -85,7 +85,8 @@ private:
     void provideServices();
     std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
     void additionFailed(const QString& reason);
-    /// Tells the user of a failure. Returns it, or the refusal that the user has been told of already.
+    /// Shows a failure to the user and returns it. Without one, returns the store's refusal (if any), which was shown
+    /// already.
     std::optional<Failure> toldToUser(const std::optional<Failure>& failure);
     void createHotKey();
     void togglePanel();
@@ -96,7 +97,7 @@ private:
     Platform m_platform;
     QUrl m_dataFolder;
     std::function<std::optional<Failure>()> m_claimFolder;
-    /// Why the store refused something last.
+    /// The store's last refusal since the present request began.
     std::optional<Failure> m_lastRefusal;
     AppSettings m_settings;
     DragEdgeMonitor m_dragEdgeMonitor;

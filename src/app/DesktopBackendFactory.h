@@ -8,8 +8,8 @@
 
 namespace nookle {
 
-/// Decides which display server the program runs on. Call it before the application object exists: the toolkit opens
-/// its connection there. Fails when there is no display server that can be used.
+/// Selects the display server for the program. Call it before the application object is made, because that opens the
+/// toolkit's connection. Fails when no usable display server is found.
 [[nodiscard]] std::optional<Failure> selectDesktopBackend();
 
 /// The backend for the display server that was selected. Call it once the application object exists.

@@ -12,7 +12,7 @@ namespace nookle {
 class HotKey final {
 public:
     /// Runs `action` at every press. Key code 2 is "D"; `modifiers` is the sum of 256 (Super), 512 (Shift), 2048 (Alt)
-    /// and 4096 (Control). Where the shortcut cannot be registered `action` never runs. `shortcuts` must outlive this
+    /// and 4096 (Control). If the shortcut cannot be registered, `action` never runs. `shortcuts` must outlive this
     /// object.
     HotKey(GlobalShortcuts& shortcuts, std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> action);
 

@@ -26,10 +26,11 @@
 
 namespace nookle {
 
-/// Owns what the program works with on the user's desktop. One for the life of the program. Main thread only.
+/// Owns the services of the user's desktop that the program uses. One for the life of the program. Main thread only.
 class LinuxPlatform final {
 public:
-    /// The application object exists. `dataHome` is the folder of all programs' data, which holds the Trash.
+    /// The application object must exist. `dataHome` is the data folder of all programs of the user, which contains the
+    /// Trash.
     LinuxPlatform(const QByteArray& dataHome, std::unique_ptr<DesktopBackend> desktop);
     ~LinuxPlatform();
     LinuxPlatform(const LinuxPlatform&) = delete;

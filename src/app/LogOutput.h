@@ -2,7 +2,7 @@
 
 namespace nookle {
 
-/// Sends every log line to standard error and nowhere else, without decoration. Call it first of all.
+/// Sends every log line to standard error only, without decoration. Drops debug messages. Call it before anything else.
 void sendLogToStandardError();
 
 } // namespace nookle

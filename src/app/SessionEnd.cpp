@@ -9,7 +9,7 @@ namespace nookle {
 SessionEnd::SessionEnd()
 {
     connect(qGuiApp, &QGuiApplication::commitDataRequest, this, [this](QSessionManager& session) {
-        // The user's start-up settings decide what starts with the next session.
+        // The session manager must not restart the program: the user's login settings decide that.
         session.setRestartHint(QSessionManager::RestartNever);
         onSave();
     });

@@ -27,10 +27,10 @@ inline constexpr int answerTimeoutMilliseconds = 5000;
 inline constexpr int lockPatienceMilliseconds = 1000;
 inline constexpr int lockIntervalMilliseconds = 20;
 
-/// More than a command line can hold.
+/// In bytes. More than a command line can hold.
 inline constexpr qint64 longestRequest = 8 << 20;
 
-// A request is a line: the word, or the word and addresses, with a space before each.
+// A request is one line: the word "show", or the word "add" and addresses, separated by spaces.
 [[nodiscard]] QByteArray showWord()
 {
     return QByteArrayLiteral("show");
@@ -53,7 +53,7 @@ inline constexpr qint64 longestRequest = 8 << 20;
     return addWord() + ' ' + uris.join(QLatin1Char(' ')).toUtf8() + '\n';
 }
 
-/// One name for each folder, by whatever path that is reached.
+/// A name that is the same for all paths to the same folder.
 [[nodiscard]] QByteArray nameFor(const QUrl& dataFolder)
 {
     std::error_code error;
@@ -65,7 +65,7 @@ inline constexpr qint64 longestRequest = 8 << 20;
     return "org.nookle.Nookle-" + hash;
 }
 
-/// A folder that nobody but the user can reach; none otherwise.
+/// Opens a folder that only the user can access; none for any other folder.
 [[nodiscard]] FileDescriptor openPrivateFolder(const QByteArray& path)
 {
     FileDescriptor folder(path.isEmpty() ? -1 : ::open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
@@ -76,7 +76,7 @@ inline constexpr qint64 longestRequest = 8 << 20;
     return isPrivate ? std::move(folder) : FileDescriptor();
 }
 
-/// Whoever could take the runtime folder over could answer in its place.
+/// Checks the other end of the socket: another user who could replace the runtime folder could also answer there.
 [[nodiscard]] bool isSameUser(const QLocalSocket& socket)
 {
     ucred credentials{};
@@ -110,13 +110,13 @@ SingleInstance::SingleInstance(const QUrl& dataFolder, const QByteArray& runtime
 
 QString SingleInstance::address() const
 {
-    // The path of the folder itself may be longer than a socket's address can be.
+    // The folder's own path may be too long for a socket address.
     return QStringLiteral("/proc/self/fd/%1/%2").arg(m_runtimeFolder.get()).arg(QString::fromLatin1(m_name));
 }
 
 SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
 {
-    // Another program may hold the shelf and not answer yet, or end just now.
+    // The other instance may still be starting, or ending right now, so try for a while.
     const QDeadlineTimer patience(lockPatienceMilliseconds);
     do {
         if (lock())
@@ -147,7 +147,7 @@ bool SingleInstance::lock()
 
 FolderLock::State SingleInstance::lockFolder()
 {
-    // Who may read a folder may lock it.
+    // Another user who can read the folder could lock it.
     keepPrivate(m_dataFolder);
     const FolderLock::State state = m_folderLock.take();
     if (state == FolderLock::State::impossible && !std::exchange(m_hasToldOfLock, true))
@@ -155,7 +155,8 @@ FolderLock::State SingleInstance::lockFolder()
     return state;
 }
 
-// The data folder may not exist yet, and a socket tells nobody whether its program lives.
+// A second lock, because the data folder may not exist yet, and a socket file does not show whether its program is
+// alive.
 bool SingleInstance::lockSession()
 {
     const QByteArray file = m_name + ".lock";
@@ -169,7 +170,7 @@ bool SingleInstance::lockSession()
 
 void SingleInstance::listen()
 {
-    // Left there by a program that has ended: the lock is ours.
+    // This instance holds the lock, so an existing socket file belongs to a program that has ended.
     ::unlinkat(m_runtimeFolder.get(), m_name.constData(), 0);
     if (!m_server.listen(address()))
         logLine(QStringLiteral("a second start cannot be answered: ") + m_server.errorString());

@@ -14,42 +14,44 @@
 
 namespace nookle {
 
-/// Keeps a second program away from a data folder: the first one that claims it locks the folder, and answers to the
-/// others of its session through a socket in the session's runtime folder. Main thread only.
+/// Ensures that only one instance of the program uses a data folder. The first instance that claims the folder locks
+/// it, and answers later instances of its session through a socket in the session's runtime folder. Main thread only.
 class SingleInstance final : public QObject {
     Q_OBJECT
 
 public:
     enum class Claim {
-        /// The folder is this program's now.
+        /// This instance may use the folder.
         granted,
-        /// Another one has it, and has done what was asked for.
+        /// Another instance has the folder, and has fulfilled the request.
         doneByOther,
-        /// Another one has it, and does not answer.
+        /// Another instance has the folder, and does not answer.
         otherIsSilent,
     };
 
-    /// `runtimeFolder` is used only if it is the user's alone. Without it nobody is asked, and the lock alone decides.
+    /// `runtimeFolder` is used only if no other user can access it. Without it there is no socket, and only the
+    /// folder's lock decides.
     SingleInstance(const QUrl& dataFolder, const QByteArray& runtimeFolder);
 
-    /// Claims the folder; or asks the program that has it to add the files and pages of `uris`, which hold no white
-    /// space, or to show its shelf when there are none. Waits at most a few seconds for it. Makes no data folder.
+    /// Claims the folder. If another instance has it, asks that one to add the files and pages in `uris`, or to show
+    /// its shelf if `uris` is empty. Addresses in `uris` contain no white space. Waits a few seconds for an answer.
+    /// Does not make the data folder.
     [[nodiscard]] Claim claim(const QStringList& uris = {});
 
-    /// Claims a data folder that may have come, or come anew, since the claim was granted. Once another program had it
-    /// first, the answer stays a failure: what is in it is not this program's.
+    /// Claims the data folder again: it may have been made or replaced since `claim` was granted. If another instance
+    /// has claimed it first, this call and all later ones fail, because the folder's content belongs to that instance.
     [[nodiscard]] std::optional<Failure> claimFolder();
 
-    /// Where this process reaches the socket.
+    /// The path of the socket, valid in this process.
     [[nodiscard]] QString address() const;
 
-    /// Another start asks to show the shelf. Set by the owner.
+    /// Called when a later instance asks to show the shelf. Set by the owner.
     std::function<void()> onShowRequested;
 
-    /// Another start asks to add something. Set by the owner.
+    /// Called when a later instance asks to add something. Set by the owner.
     std::function<void(const QStringList& uris)> onAddRequested;
 
-    /// The data folder is another program's after all. Set by the owner.
+    /// Called when another instance has claimed the data folder after all. Set by the owner.
     std::function<void()> onFolderLost;
 
 private:
@@ -59,7 +61,7 @@ private:
     void listen();
     void answerRequests();
     void answer(QLocalSocket& socket);
-    /// False for what is no request.
+    /// False if `request` is not a valid request.
     [[nodiscard]] bool fulfil(const QByteArray& request) const;
 
     QByteArray m_name;

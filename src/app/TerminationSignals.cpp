@@ -14,7 +14,7 @@ namespace {
 
 inline constexpr int handledSignals[] = { SIGTERM, SIGINT, SIGHUP };
 
-// A signal handler can reach nothing but this, and may do little more than write.
+// Global, because a signal handler has no other way to reach it; the handler may do little more than call write().
 std::atomic<int> wakeUpDescriptor = -1;
 
 void wakeUp(int /*signal*/)

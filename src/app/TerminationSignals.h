@@ -8,7 +8,7 @@
 
 namespace nookle {
 
-/// Turns SIGTERM, SIGINT and SIGHUP into a call on the main thread. One for the life of the program.
+/// Calls `onTerminate` on the main thread at SIGTERM, SIGINT and SIGHUP. One for the life of the program.
 class TerminationSignals final : public QObject {
     Q_OBJECT
 

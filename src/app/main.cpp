@@ -31,11 +31,11 @@ void describeApplication()
     QApplication::setApplicationName(QStringLiteral("nookle"));
     QApplication::setDesktopFileName(QStringLiteral("org.nookle.Nookle"));
     QApplication::setQuitOnLastWindowClosed(false);
-    // A desktop without an icon theme of its own, or with one that lacks a kind of file.
+    // For desktops without an icon theme, or with one that lacks icons for some file types.
     QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
 }
 
-/// What the toolkit has left of the command line, as bytes.
+/// The arguments that the toolkit has not removed, as bytes.
 [[nodiscard]] nookle::FileArguments fileArguments(int argc, char* argv[])
 {
     const QList<QByteArray> arguments(argv + 1, argv + argc);
@@ -48,7 +48,7 @@ void describeApplication()
 
 int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringList& uris)
 {
-    // What is on this program's shelf has no place to be saved.
+    // Ends the program, because it cannot save its shelf any more.
     instance.onFolderLost = [] { QApplication::exit(EXIT_FAILURE); };
     nookle::LinuxPlatform platform(dataHome(), nookle::makeDesktopBackend());
     nookle::AppDelegate delegate(platform.parts(), dataFolder, [&instance] { return instance.claimFolder(); });

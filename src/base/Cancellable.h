@@ -6,10 +6,10 @@
 
 namespace nookle {
 
-/// Something that is under way or installed. Destroying this ends it, also from within its own work or completion.
+/// A running operation or an installed handler. Destroying this object ends it; its own work or completion may do that.
 class Cancellable final {
 public:
-    /// `cancel` runs once, at the end of this object.
+    /// `cancel` runs once, in the destructor.
     explicit Cancellable(std::function<void()> cancel)
         : m_cancel(std::move(cancel))
     {
@@ -18,7 +18,7 @@ public:
     Cancellable(const Cancellable&) = delete;
     Cancellable& operator=(const Cancellable&) = delete;
 
-    /// Keeps `thing` until it is destroyed itself; null for null.
+    /// An object that keeps `thing` until it is destroyed itself; null if `thing` is null.
     template <typename Thing> [[nodiscard]] static std::unique_ptr<Cancellable> keeping(std::shared_ptr<Thing> thing)
     {
         if (!thing)

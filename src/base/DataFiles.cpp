@@ -73,7 +73,7 @@ inline constexpr auto* unfinishedPrefix = ".unfinished-";
     return {};
 }
 
-/// A file in the folder that nobody else writes. Short, whatever the file is called that it will become.
+/// A unique path in the folder for an unfinished file. Its name is short, whatever the final name is.
 [[nodiscard]] fs::path unfinishedFile(const fs::path& folder)
 {
     constexpr int hexadecimal = 16;
@@ -81,8 +81,8 @@ inline constexpr auto* unfinishedPrefix = ".unfinished-";
     return folder / QByteArray(unfinishedPrefix + number).toStdString();
 }
 
-/// Writes the file and waits until it has reached the disk. Qt's own writer does not tell when that fails, and would go
-/// on to replace a good file with a bad one.
+/// Writes the file and waits until it has reached the disk. Qt's own writer does not report a failure of that, and
+/// would replace a good file with a bad one.
 [[nodiscard]] std::error_code writeNewFile(const fs::path& path, const QByteArray& bytes, mode_t permissions)
 {
     const int descriptor =
@@ -90,7 +90,7 @@ inline constexpr auto* unfinishedPrefix = ".unfinished-";
     if (descriptor < 0)
         return lastError();
     std::error_code error = writeAll(descriptor, bytes);
-    // Some file systems know no permissions.
+    // Ignored, because some file systems do not support permissions.
     static_cast<void>(::fchmod(descriptor, permissions));
     if (!error && ::fsync(descriptor) != 0)
         error = lastError();
@@ -99,7 +99,8 @@ inline constexpr auto* unfinishedPrefix = ".unfinished-";
     return error;
 }
 
-/// Where a file is written that a link may stand for, whether or not it exists. No path for links that lead nowhere.
+/// The path to write to if `path` may be a link: its target, which need not exist. Sets `error` if the link cannot be
+/// resolved.
 [[nodiscard]] fs::path behindLinks(const fs::path& path, std::error_code& error)
 {
     std::error_code ignored;
@@ -109,7 +110,7 @@ inline constexpr auto* unfinishedPrefix = ".unfinished-";
     return error ? fs::path() : fs::weakly_canonical(path.parent_path() / target, error);
 }
 
-/// Those of the file that is to be replaced; a new one is for the user alone.
+/// The permissions of the file that is replaced. Only the user can access a new file.
 [[nodiscard]] mode_t permissionsFor(const fs::path& path)
 {
     struct stat status {};
@@ -127,17 +128,17 @@ inline constexpr auto* unfinishedPrefix = ".unfinished-";
         fs::copy_symlink(from, to, error);
         return error;
     }
-    // Refuses anything but a regular file.
+    // Fails for anything but a regular file.
     fs::copy_file(from, to, error);
     return error ? error : flush(to);
 }
 
-/// Waits until the names in the folder have reached the disk, and the folder's own, which may be new.
+/// Waits until the names in the folder have reached the disk, and the folder's own name, which may be new.
 [[nodiscard]] std::error_code flushNames(const fs::path& folder)
 {
     for (const fs::path& path : { folder, folder.parent_path() }) {
         const std::error_code error = flush(path);
-        // Some file systems cannot do that for folders.
+        // Some file systems do not support this for folders.
         if (error && error != std::errc::invalid_argument)
             return error;
     }
@@ -146,7 +147,7 @@ inline constexpr auto* unfinishedPrefix = ".unfinished-";
 
 [[nodiscard]] std::error_code moveAcrossFileSystems(const fs::path& from, const fs::path& to)
 {
-    // Under another name first: a copy that was cut short must never be taken for the file.
+    // Copied under another name first, so that an incomplete copy is never taken for the file.
     const fs::path unfinished = unfinishedFile(to.parent_path());
     std::error_code error = copyFile(from, unfinished);
     if (!error)
@@ -209,7 +210,7 @@ std::optional<QList<QByteArray>> entriesOf(const QByteArray& folder)
 {
     QList<QByteArray> names;
     std::error_code error;
-    // Its own increment throws.
+    // The increment operator of a range loop would throw.
     for (fs::directory_iterator entry(folder.toStdString(), error), end; !error && entry != end; entry.increment(error))
         names.append(QByteArray::fromStdString(entry->path().filename().native()));
     if (error && error != std::errc::no_such_file_or_directory)

@@ -4,7 +4,7 @@
 
 namespace nookle {
 
-/// Why something did not work, in the platform's plain words. Returned as an optional: none means that it worked.
+/// The reason of a failure, in the words of the system. Functions return it as an optional: none means success.
 struct Failure {
     QString description;
 };

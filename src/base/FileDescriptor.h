@@ -6,7 +6,7 @@
 
 namespace nookle {
 
-/// An open file descriptor, closed with its owner; or none.
+/// Owns an open file descriptor and closes it in the destructor. May also own none.
 class FileDescriptor final {
 public:
     explicit FileDescriptor(int descriptor = -1) noexcept
@@ -31,7 +31,7 @@ public:
     [[nodiscard]] bool isOpen() const { return m_descriptor >= 0; }
     [[nodiscard]] int get() const { return m_descriptor; }
 
-    /// Gives the descriptor away without closing it.
+    /// Gives up ownership of the descriptor without closing it.
     [[nodiscard]] int release() { return std::exchange(m_descriptor, -1); }
 
 private:

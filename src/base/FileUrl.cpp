@@ -7,7 +7,7 @@ namespace nookle {
 
 namespace {
 
-/// Whether there is nothing to resolve in a path. Nearly all are of this kind, and finding out is much quicker than
+/// Whether there is nothing to resolve in a path. That is so for nearly all paths, and this check is much quicker than
 /// resolving.
 [[nodiscard]] bool isNormal(const QByteArray& path)
 {
@@ -26,7 +26,7 @@ namespace {
     return QByteArray::fromStdString(normal);
 }
 
-/// Whether `fileUrl` would give the same URL for its path.
+/// Whether `fileUrl` would return the same URL for the URL's path.
 [[nodiscard]] bool isPlain(const QUrl& url)
 {
     return url.authority().isEmpty() && !url.hasQuery() && !url.hasFragment()
@@ -37,7 +37,8 @@ namespace {
 
 QUrl fileUrl(const QByteArray& path)
 {
-    // Text needs no encoding and decoding on its way. Two slashes would be taken for a host.
+    // A quick way for text, without encoding and decoding. Not for a path with two slashes at its start, which would be
+    // taken for a host.
     if (path.isValidUtf8() && !path.startsWith("//")) {
         QUrl url;
         url.setScheme(QStringLiteral("file"));

@@ -5,15 +5,15 @@
 
 namespace nookle {
 
-/// A member of an object whose closures may outlive it. It is declared last, so that it ends first. Main thread only;
-/// a guarded closure may be copied and destroyed on any thread.
+/// Disables closures that outlive their object. The object has a `Lifetime` as its last member, so that it is destroyed
+/// first. Main thread only; a guarded closure may be copied and destroyed on any thread.
 class Lifetime final {
 public:
     Lifetime() = default;
     Lifetime(const Lifetime&) = delete;
     Lifetime& operator=(const Lifetime&) = delete;
 
-    /// `work`, which does nothing any more once the object is gone.
+    /// A closure that calls `work`, and does nothing once the object is destroyed.
     template <typename Work> [[nodiscard]] auto guarded(Work work) const
     {
         return [token = std::weak_ptr<const bool>(m_token), work = std::move(work)](auto&&... arguments) mutable {

@@ -9,11 +9,11 @@ namespace nookle {
 
 namespace {
 
-/// Addresses that consist of what is to be run or shown.
+/// The schemes of addresses that contain a program or a page.
 inline constexpr std::array refusedSchemes{ QLatin1String("about"), QLatin1String("blob"), QLatin1String("data"),
                                             QLatin1String("javascript"), QLatin1String("vbscript") };
 
-/// More schemes one behind the other than any address has.
+/// More nested schemes than any real address has.
 inline constexpr int mostSchemes = 8;
 
 [[nodiscard]] bool isSchemeCharacter(QChar character)
@@ -23,7 +23,7 @@ inline constexpr int mostSchemes = 8;
         || code == '-' || code == '.';
 }
 
-/// As browsers read an address, which pass over white space and control characters in it.
+/// The address as browsers read it: they ignore white space and control characters.
 [[nodiscard]] QString readableText(const QUrl& address)
 {
     QString text = QString::fromLatin1(QByteArray::fromPercentEncoding(address.toEncoded()));

@@ -7,11 +7,11 @@
 
 namespace nookle {
 
-/// Why an address must not be handed to the desktop's opener, as its scheme or another word for the log, which holds
-/// nothing else of the address; none if it may. Refused are addresses that are themselves a program or a page
+/// Checks whether the desktop may open an address. None if it may; otherwise the reason for the log: the refused scheme
+/// or a short text, and nothing else of the address. Refused are: addresses that contain a program or a page
 /// (`javascript:`, `data:` and the like), alone or behind other schemes such as `view-source:`; files of other hosts;
-/// what has no scheme; and what is not valid, such as an address with a port that is too large. Every other scheme is
-/// open to the user, who has chosen the program that answers to it.
+/// addresses without a scheme; and invalid addresses, such as one whose port is too large. Every other scheme is
+/// allowed: the user has chosen the program that opens it.
 [[nodiscard]] std::optional<QString> refusedScheme(const QUrl& address);
 
 } // namespace nookle

@@ -10,7 +10,7 @@ namespace {
 struct Signature {
     QByteArrayView format;
     QByteArrayView start;
-    /// What stands further on, where the start is not telling enough.
+    /// Further bytes at `offset`, for formats whose first bytes are not distinctive enough.
     qsizetype offset = 0;
     QByteArrayView inside{};
 };

@@ -8,7 +8,7 @@ namespace nookle {
 
 namespace {
 
-/// Of a longer text only the start and the end are looked at, however many of their characters are left out.
+/// In UTF-16 units. Of a longer text, only so many at the start and at the end are read.
 inline constexpr qsizetype longestRead = 4096;
 
 [[nodiscard]] bool spacesLine(QChar character)
@@ -23,7 +23,7 @@ inline constexpr qsizetype longestRead = 4096;
     return code < 0x20 || (code >= 0x7f && code < 0xa0);
 }
 
-/// Marks, embeddings, overrides and isolates of writing direction.
+/// Whether the character is a mark, embedding, override or isolate of the writing direction.
 [[nodiscard]] bool turnsDirection(QChar character)
 {
     const char16_t code = character.unicode();
@@ -44,7 +44,8 @@ inline constexpr qsizetype longestRead = 4096;
     return character.isLowSurrogate() && (at == 0 || !text.at(at - 1).isHighSurrogate());
 }
 
-/// Whether a letter that reaches from `start` to `end` is too long to be kept whole: nobody reads hundreds of accents.
+/// Whether the letter from `start` to `end` is too long to be kept whole, for example because it has hundreds of
+/// accents.
 [[nodiscard]] bool isOverlongLetter(qsizetype start, qsizetype end)
 {
     constexpr qsizetype longestLetter = 64;

@@ -19,7 +19,7 @@ namespace {
 
 enum class Repeats { no, yes };
 
-// The work may destroy the timer: Qt keeps what it is calling until it has returned.
+// The work may destroy the timer, because Qt keeps the called function alive until it returns.
 [[nodiscard]] std::unique_ptr<Cancellable> started(double seconds, Repeats repeats, MainQueue::Work work)
 {
     auto timer = std::make_shared<QTimer>();

@@ -6,8 +6,8 @@
 
 namespace nookle {
 
-/// The event loop of the thread that makes it, which is the main thread. Must outlive every thread that posts to it;
-/// what was posted and did not run before its end never does.
+/// The event loop of the main thread, which must create this object. Must outlive every thread that posts to it. Work
+/// that has not run when this object is destroyed is dropped.
 class QtMainQueue final : public MainQueue {
 public:
     std::unique_ptr<Cancellable> after(double seconds, Work work) override;

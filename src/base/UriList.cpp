@@ -33,7 +33,7 @@ namespace {
     return rest.size() >= 3 && rest[0] == '%' && isHexadecimal(rest[1]) && isHexadecimal(rest[2]);
 }
 
-/// Whether each character, as a byte, stands for itself anywhere behind the host.
+/// For each byte, whether it needs no encoding anywhere behind the host.
 [[nodiscard]] constexpr std::array<bool, 256> charactersThatStandForThemselves()
 {
     std::array<bool, 256> table{};
@@ -55,7 +55,7 @@ namespace {
     return '%' + QByteArray(1, each).toHex().toUpper();
 }
 
-/// Where the part of an address ends that names its host; 0 when there is none.
+/// The end of the host part of an address; 0 when there is no host.
 [[nodiscard]] qsizetype endOfHost(const QByteArray& address)
 {
     const qsizetype colon = address.indexOf(':');
@@ -66,7 +66,7 @@ namespace {
     return end - address.begin();
 }
 
-/// Browsers take a backslash in the path of such an address for a slash, also where it ends the host.
+/// Replaces backslashes by slashes in the host and path of web and FTP addresses, as browsers do.
 [[nodiscard]] QByteArray withSlashes(QByteArray address)
 {
     if (!address.contains('\\'))
@@ -80,7 +80,8 @@ namespace {
     return address;
 }
 
-/// Browsers take the host to begin behind the last sign of a user, and the signs before it for part of the password.
+/// Encodes all "@" before the last one. Like browsers, takes the host to begin behind the last "@", and the others for
+/// part of the password.
 [[nodiscard]] QByteArray withOneUser(QByteArray address)
 {
     const qsizetype end = endOfHost(address);
@@ -90,14 +91,13 @@ namespace {
     return address.left(last).replace('@', "%40") + address.mid(last);
 }
 
-/// Not every source encodes what it should, and a file name need not be text at all. What is encoded already stays
-/// as it is.
+/// Percent-encodes what the source should have encoded; a file name need not even be text. Existing escapes are kept.
 [[nodiscard]] QByteArray encoded(const QByteArray& address)
 {
-    // Most are nothing else, and thousands may come at once.
+    // A quick path: most addresses need no encoding, and thousands may come at once.
     if (std::all_of(address.begin(), address.end(), standsForItself))
         return address;
-    // The brackets of a file's name do no harm, and are what other programs know it by.
+    // Brackets in a file's address do no harm, and other programs write them in the same way.
     const bool isFile = isFileAddress(QString::fromLatin1(address.left(5)));
     const qsizetype brackets = isFile ? address.size() : endOfHost(address);
     bool isInFragment = false;
@@ -117,10 +117,10 @@ namespace {
     return result;
 }
 
-/// A file's address may name the machine that it is on; this one needs no name.
+/// Removes this machine's name from a file's address.
 [[nodiscard]] QByteArray withoutOwnHost(const QByteArray& address)
 {
-    // Asking for it takes longer than all the rest.
+    // Cached, because reading the name takes longer than everything else.
     static const QByteArray own = "file://" + QSysInfo::machineHostName().toUtf8() + '/';
     return address.startsWith(own) ? "file:///" + address.mid(own.size()) : address;
 }

@@ -8,12 +8,12 @@
 
 namespace nookle {
 
-/// The address that a line holds, in ASCII: what its source did not encode is encoded as browsers do, whether or not it
-/// is text, and the name of this machine is left out of a file's. None for what has no scheme.
+/// The address in a line, in ASCII. Characters and bytes that its source should have percent-encoded are encoded as
+/// browsers do. The name of this machine is removed from a file's address. None for a line without a scheme.
 [[nodiscard]] std::optional<QString> uriAddress(const QByteArray& line);
 
-/// The addresses of a list with one in each line, in their order and without its comments. Sources end the lines with
-/// or without a carriage return, and the list with or without a NUL.
+/// The addresses of a list, one a line, in order; comment lines are skipped. Lines may end with a carriage return, and
+/// the list with a NUL.
 [[nodiscard]] std::vector<QString> uriListAddresses(QByteArray list);
 
 /// Whether an address is that of a file.

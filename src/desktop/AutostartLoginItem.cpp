@@ -23,7 +23,7 @@ struct Release {
 using KeyFile = std::unique_ptr<GKeyFile, Release>;
 
 constexpr const char* group = G_KEY_FILE_DESKTOP_GROUP;
-/// Written by the settings of several desktops, which leave the entry where it is.
+/// The settings of several desktops write this key to disable an entry without removing it.
 constexpr const char* switchKey = "X-GNOME-Autostart-enabled";
 
 [[nodiscard]] KeyFile emptyEntry()
@@ -31,7 +31,7 @@ constexpr const char* switchKey = "X-GNOME-Autostart-enabled";
     return KeyFile(g_key_file_new());
 }
 
-/// What is there already, with everything in it that is not ours; an empty entry when nothing can be read.
+/// The existing entry with all its keys, also those of other programs; an empty entry when it cannot be read.
 [[nodiscard]] KeyFile readEntry(const QByteArray& path)
 {
     constexpr auto everything = static_cast<GKeyFileFlags>(G_KEY_FILE_KEEP_COMMENTS | G_KEY_FILE_KEEP_TRANSLATIONS);
@@ -79,7 +79,7 @@ LoginItem::Status AutostartLoginItem::status() const
 {
     if (!QFileInfo::exists(m_entryPath))
         return Status::notRegistered;
-    // None either when the program that the entry names is not there.
+    // Also null if the program in the entry does not exist.
     const QByteArray path = QFile::encodeName(m_entryPath);
     const std::unique_ptr<GDesktopAppInfo, Release> info(g_desktop_app_info_new_from_filename(path.constData()));
     if (!info)

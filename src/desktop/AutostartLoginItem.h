@@ -8,16 +8,16 @@
 
 namespace nookle {
 
-/// An entry in the user's autostart folder. It is read anew at each question, since the desktop's settings write it
-/// too. Main thread only.
+/// The login item as an entry in the user's autostart folder. The entry is read anew at each call, because the
+/// desktop's settings write it too. Main thread only.
 class AutostartLoginItem final : public LoginItem {
     Q_DECLARE_TR_FUNCTIONS(AutostartLoginItem)
 
 public:
-    /// `program` is the absolute path of what is started.
+    /// `program` is the absolute path of the program to start.
     explicit AutostartLoginItem(const QString& program, const QString& entryPath = defaultEntryPath());
 
-    /// Where the desktop looks for the entry.
+    /// The path at which the desktop expects the entry.
     [[nodiscard]] static QString defaultEntryPath();
 
     [[nodiscard]] Status status() const override;

@@ -19,7 +19,7 @@ inline constexpr int longestSide = 32767;
     return *QGuiApplication::clipboard();
 }
 
-/// A link, byte for byte: the toolkit's own data would make a URL of it, which rewrites some addresses.
+/// A link with its original text. The toolkit's own class would convert it to a QUrl, which changes some addresses.
 class LinkData final : public QMimeData {
 public:
     explicit LinkData(QString address)

@@ -11,8 +11,8 @@ class QMimeData;
 
 namespace nookle {
 
-/// The desktop's clipboard, through the toolkit. An image gets there some time after it was written, because it is
-/// decoded elsewhere first; not at all if something else is copied meanwhile, here or in another program.
+/// The desktop's clipboard, through the toolkit. An image arrives there some time after `writeImage`, because another
+/// process decodes it first. It does not arrive if something else is copied meanwhile, in this program or another one.
 class ClipboardPasteboard final : public QObject, public Pasteboard {
     Q_OBJECT
 

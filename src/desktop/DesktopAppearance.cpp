@@ -24,7 +24,7 @@ constexpr uint prefersDark = 1;
     return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
 }
 
-/// In the accent colour of `palette`.
+/// A dark palette with the accent colour of `palette`.
 [[nodiscard]] QPalette darkened(const QPalette& palette)
 {
     const QColor window(0x2b, 0x2b, 0x2e);
@@ -66,7 +66,7 @@ void DesktopAppearance::follow()
     QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(service, path, settingsInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
-    // At login this program may be up before the service is.
+    // At login this program may start before the service.
     auto* starts = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
     connect(starts, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::askForPreference);
     askForPreference();

@@ -8,14 +8,14 @@ class QDBusVariant;
 
 namespace nookle {
 
-/// Gives the program dark colours while the desktop prefers them, where the toolkit does not do so by itself. Asks the
-/// desktop without waiting, and starts no service for it.
+/// Gives the program dark colours while the desktop prefers them, if the toolkit does not do so by itself. Asks the
+/// desktop asynchronously, and starts no service for that.
 class DesktopAppearance final : public QObject {
     Q_OBJECT
 
 public:
-    /// The application object exists. The colours that it has now are the light ones, unless they are dark already:
-    /// then they are left alone.
+    /// The application object must exist. If its present colours are light, they are used as the light ones. If they
+    /// are dark already, this object changes nothing.
     DesktopAppearance();
 
 private Q_SLOTS:

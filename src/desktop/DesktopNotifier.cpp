@@ -18,7 +18,7 @@ void DesktopNotifier::notify(const QString& text)
         QStringLiteral("org.freedesktop.Notifications"), QStringLiteral("Notify"));
     constexpr uint noOther = 0;
     constexpr int usualTime = -1;
-    // The text may hold signs that the desktop takes for markup.
+    // Escaped, because the desktop may interpret markup in the text.
     call << QStringLiteral("Nookle") << noOther << QStringLiteral("org.nookle.Nookle") << QStringLiteral("Nookle")
          << shownText(text).toHtmlEscaped() << QStringList() << QVariantMap() << usualTime;
     auto* watcher =

@@ -4,7 +4,7 @@
 
 namespace nookle {
 
-/// Messages in the desktop's own way. Where nothing shows them, they go to the log. Main thread only.
+/// Shows messages as desktop notifications. If the desktop cannot show a message, it goes to the log. Main thread only.
 class DesktopNotifier final : public Notifier {
 public:
     void notify(const QString& text) override;

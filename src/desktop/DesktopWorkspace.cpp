@@ -13,7 +13,7 @@ namespace nookle {
 
 namespace {
 
-/// The one way to the desktop's opener: what is on the shelf may come from anywhere.
+/// The only call of the desktop's opener. It checks the address, because items may come from untrusted sources.
 void openWithDesktop(const QUrl& address)
 {
     if (const auto scheme = refusedScheme(address))
@@ -38,7 +38,7 @@ void DesktopWorkspace::reveal(const QUrl& file)
     auto* watcher =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), QCoreApplication::instance());
     QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, file] {
-        // Where no file manager answers to that name, at least the folder can be shown.
+        // If no file manager has this service, at least open the folder.
         if (watcher->isError())
             openWithDesktop(file.adjusted(QUrl::RemoveFilename));
         watcher->deleteLater();

@@ -24,7 +24,7 @@ namespace {
 
 using Descriptors = QList<QDBusUnixFileDescriptor>;
 
-/// In milliseconds. The first one blocks the interface.
+/// In milliseconds. Waiting for an offer blocks the user interface.
 inline constexpr int patienceForOffer = 500;
 inline constexpr int patienceForRetrieval = 2000;
 
@@ -44,7 +44,7 @@ inline constexpr int patienceForRetrieval = 2000;
     return QDBusConnection::sessionBus().call(call, QDBus::Block, patience);
 }
 
-/// Opened without reading: the right to the file is what is handed over.
+/// Opened with O_PATH: the descriptor only stands for the access right that is handed over.
 [[nodiscard]] std::optional<QDBusUnixFileDescriptor> descriptorOf(const QUrl& file, Mounts& mounts)
 {
     const QByteArray path = filePath(file);
@@ -73,7 +73,7 @@ bool PortalFileTransfers::canHandOver(const QUrl& file)
         && ::stat(path.constData(), &status) == 0 && S_ISREG(status.st_mode);
 }
 
-// A portal that cannot run would be started anew for each drag, which waits for it.
+// A portal that cannot run is not started again at each drag, because the drag waits for it.
 std::optional<QByteArray> PortalFileTransfers::begin()
 {
     QDBusMessage call = portalCall(QStringLiteral("StartTransfer"));

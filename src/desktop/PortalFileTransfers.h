@@ -10,8 +10,7 @@ namespace nookle {
 
 class Mounts;
 
-/// File transfers through the desktop's document portal. Files that may not answer when they are opened are not
-/// offered.
+/// File transfers through the desktop's document portal. Files on file systems that may not answer are not offered.
 class PortalFileTransfers final : public QObject, public FileTransfers {
     Q_OBJECT
 
@@ -25,7 +24,7 @@ public:
 
 private:
     std::shared_ptr<Mounts> m_mounts;
-    /// The bus may start the portal, unless that failed before.
+    /// Whether the bus may start the portal: not after the last attempt to use it has failed.
     bool m_mayStartPortal = true;
 };
 

@@ -11,7 +11,7 @@ namespace nookle {
 
 namespace {
 
-/// A single text as the file holds it; a list, which unquoted commas make, is none.
+/// The value as a single text. None for a list, which QSettings makes of a text with unquoted commas.
 [[nodiscard]] std::optional<QString> text(const QVariant& value)
 {
     const bool isSingle = value.isValid() && value.typeId() != QMetaType::QStringList && value.canConvert<QString>();
@@ -35,7 +35,8 @@ namespace {
     return isNumber ? std::optional(number) : std::nullopt;
 }
 
-/// Reading a pipe would wait for its other end. Below one there is no file, which can be neither read nor written.
+/// Reading a pipe would wait for its other end. For a special file, returns a path below it, which can be neither read
+/// nor written.
 [[nodiscard]] QString withoutWaiting(const QString& path)
 {
     struct stat status {};
@@ -98,7 +99,7 @@ std::optional<QString> SettingsUserDefaults::string(const QString& domain, const
 
 void SettingsUserDefaults::write(const QString& key, const QVariant& value)
 {
-    // A second object on the same file, because the first failure would stick to the other one for good.
+    // Uses a second object on the same file, because `m_settings` would keep the status of its first failure for ever.
     QSettings writer(withoutWaiting(m_path), QSettings::IniFormat);
     writer.setValue(key, value);
     writer.sync();

@@ -10,14 +10,14 @@
 
 namespace nookle {
 
-/// The settings file, which the user may edit. What cannot be written is kept for as long as the program runs. Main
-/// thread only.
+/// The settings file, which the user may edit. Values that cannot be written are kept in memory while the program runs.
+/// Main thread only.
 class SettingsUserDefaults final : public UserDefaults {
 public:
-    /// Keeps the settings in the INI file at `path`; it is made, with the folders above it, at the first write.
+    /// Keeps the settings in the INI file at `path`. The first write makes the file and its folders.
     explicit SettingsUserDefaults(const QString& path = defaultPath());
 
-    /// Where the user's settings file is.
+    /// The path of the user's settings file.
     [[nodiscard]] static QString defaultPath();
 
     void registerDefaults(const QVariantMap& defaults) override;
@@ -34,7 +34,7 @@ private:
     void report(QSettings::Status status);
 
     QString m_path;
-    /// Stays open so that it keeps what could not be written.
+    /// Stays open so that it keeps values that could not be written.
     QSettings m_settings;
     QVariantMap m_defaults;
     Saving m_saving = Saving::works;

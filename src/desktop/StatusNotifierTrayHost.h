@@ -8,8 +8,8 @@ class QDBusPendingCallWatcher;
 
 namespace nookle {
 
-/// A tray that draws icons and menus of programs itself, which it is told over the session bus. Never waits for the
-/// bus. Main thread only.
+/// The kind of tray that draws the icons and menus of programs itself; it gets them over the session bus. Never waits
+/// for the bus. Main thread only.
 class StatusNotifierTrayHost final : public QObject, public TrayHost {
     Q_OBJECT
 

@@ -8,7 +8,7 @@
 
 namespace nookle {
 
-/// The work for one mount. Shared with its thread.
+/// The queue of work for one mount. Shared with its thread.
 class DistantWork::Lane {
 public:
     explicit Lane(std::shared_ptr<ReturnPath> way)
@@ -16,7 +16,7 @@ public:
     {
     }
 
-    /// Whether a thread has to be started for it.
+    /// Returns whether a thread must be started for the work.
     [[nodiscard]] bool add(Work work)
     {
         const std::lock_guard lock(m_mutex);
@@ -30,7 +30,7 @@ public:
             m_return->post(work());
     }
 
-    /// No thread could be started. The next work tries again.
+    /// Call this when no thread could be started. The next `add` tries again.
     void stop()
     {
         const std::lock_guard lock(m_mutex);

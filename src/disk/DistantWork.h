@@ -12,21 +12,22 @@ namespace nookle {
 
 class ReturnPath;
 
-/// Does what may never end, because a file system does not answer: one thing at a time for each mount, on a thread
-/// that nobody waits for. So a mount that is silent costs one thread, and holds up nothing of another mount. Main
-/// thread only.
+/// Runs work that may hang because a file system does not answer. Each mount has one thread, which does its work in
+/// order; nobody waits for the thread. So a mount that hangs costs one thread, and does not delay the work of other
+/// mounts. Main thread only.
 class DistantWork final {
 public:
-    /// Runs on another thread, and must own all that it needs. Returns what is to be done on the main thread then.
+    /// Runs on another thread, and must own all data that it needs. Returns a function that is then called on the main
+    /// thread.
     using Work = std::function<MainQueue::Work()>;
 
     explicit DistantWork(MainQueue& queue);
-    /// Waits for nothing. What has not begun is dropped.
+    /// Does not wait for running work. Work that has not begun is dropped.
     ~DistantWork();
     DistantWork(const DistantWork&) = delete;
     DistantWork& operator=(const DistantWork&) = delete;
 
-    /// Does `work` once all that was asked before for `mountPoint` is done.
+    /// Queues `work` behind all earlier work for `mountPoint`.
     void run(const QByteArray& mountPoint, Work work);
 
 private:

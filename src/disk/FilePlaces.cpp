@@ -19,7 +19,7 @@ namespace {
 using Kind = MountTable::Kind;
 using Reach = FilePlace::Reach;
 
-/// As many as the kernel follows in one path.
+/// The kernel's limit on links in one path.
 inline constexpr int mostLinks = 40;
 
 [[nodiscard]] std::optional<QByteArray> linkTarget(const QByteArray& path)
@@ -29,7 +29,7 @@ inline constexpr int mostLinks = 40;
     return length > 0 ? std::optional(QByteArray(target.data(), static_cast<qsizetype>(length))) : std::nullopt;
 }
 
-/// Whether going on from the folder at `path` would have something mounted there. Asking does not.
+/// Whether accessing something below the folder at `path` would trigger a mount. This check does not.
 [[nodiscard]] bool isAutomount(const QByteArray& path)
 {
     struct statx status {};
@@ -49,7 +49,7 @@ FilePlaces::FilePlaces(std::shared_ptr<const MountTable> mounts, Patience patien
 FilePlace FilePlaces::placeOf(const QByteArray& path, Links last) const
 {
     const qsizetype slash = path.lastIndexOf('/');
-    // Thousands of paths are asked for at once. What is only looked up needs no copy of its own.
+    // Does not copy the strings, because thousands of paths may be checked at once.
     const Spot folder = folderSpot(QByteArray::fromRawData(path.constData(), std::max<qsizetype>(slash, 1)));
     const QByteArray name = QByteArray::fromRawData(path.constData() + slash + 1, path.size() - slash - 1);
     int linksLeft = mostLinks;
@@ -76,7 +76,7 @@ QByteArray FilePlaces::resolved(const QByteArray& path) const
     return folderSpot(path).path;
 }
 
-// Most files share their folders, so each folder is walked to once.
+// Caches each folder, because most files share their folders.
 FilePlaces::Spot FilePlaces::folderSpot(const QByteArray& path) const
 {
     {
@@ -136,7 +136,7 @@ FilePlaces::Spot FilePlaces::enter(const Spot& folder, const QByteArray& name) c
     return spot;
 }
 
-// A path without links.
+// `path` must contain no links.
 FilePlaces::Spot FilePlaces::spotAt(const QByteArray& path) const
 {
     Spot spot;

@@ -10,32 +10,33 @@
 
 namespace nookle {
 
-/// Where a path leads, as far as that matters to whoever wants to look at it.
+/// Tells whether a path can be accessed without blocking.
 struct FilePlace {
     enum class Reach {
-        /// Only over file systems that answer.
+        /// The path crosses only file systems that always answer.
         here,
-        /// Over one that may never answer.
+        /// The path crosses a file system that may never answer.
         distant,
-        /// To where the system would have to mount something first.
+        /// The path leads to a place where the system would have to mount something first.
         unmounted,
     };
 
     Reach reach = Reach::here;
-    /// The first mount point on the way that may not answer.
+    /// The first mount point on the path that may not answer; empty if there is none.
     QByteArray distantMount;
 
     bool operator==(const FilePlace&) const = default;
 };
 
-/// Says which paths may be looked at, following the links in them folder by folder, so that nothing is mounted and
-/// nothing is asked that may not answer. Valid for a short while only: it remembers what it has seen. Any thread.
+/// Tells which paths may be accessed. Follows the links in a path folder by folder, so that it never triggers a mount
+/// and never accesses a file system that may not answer. Use it for a short time only: it caches what it has seen. Any
+/// thread.
 class FilePlaces final {
 public:
-    /// Whether what may not answer is looked at as well, which is for threads that nobody waits for. Not even they
-    /// have anything mounted.
+    /// Whether file systems that may not answer are accessed too. `endless` is only for threads that nobody waits for;
+    /// it still triggers no mount.
     enum class Patience { none, endless };
-    /// Whether a link in the last place of a path is followed.
+    /// Whether a symbolic link as the last component of a path is followed.
     enum class Links { follow, refuse };
 
     explicit FilePlaces(std::shared_ptr<const MountTable> mounts, Patience patience = Patience::none);
@@ -47,19 +48,19 @@ public:
     /// The mount point of the file system that holds `path`.
     [[nodiscard]] QByteArray mountPointOf(const QByteArray& path) const;
 
-    /// Whether something is mounted at `path`, which must hold no links.
+    /// Whether `path` is a mount point. `path` must contain no links.
     [[nodiscard]] bool isMountPoint(const QByteArray& path) const { return m_mounts->at(path).has_value(); }
 
-    /// `path` without links, as far as that can be told.
+    /// `path` with its links resolved, except for links that must not be accessed.
     [[nodiscard]] QByteArray resolved(const QByteArray& path) const;
 
 private:
-    /// A path whose links were followed.
+    /// A path with its links resolved.
     struct Spot {
         QByteArray path = QByteArrayLiteral("/");
         MountTable::Kind kind = MountTable::Kind::own;
         QByteArray distantMount;
-        /// Of a folder that was walked to: whether something is mounted on one of its entries.
+        /// Whether an entry of this folder is a mount point. Set by `folderSpot` only.
         bool holdsMounts = true;
     };
 

@@ -17,7 +17,7 @@ std::unique_ptr<FolderEntries> FolderEntries::tryOpen(const QByteArray& path, Li
     DIR* folder = descriptor.isOpen() ? ::fdopendir(descriptor.get()) : nullptr;
     if (folder == nullptr)
         return nullptr;
-    // The stream owns the descriptor from here on.
+    // The directory stream owns the descriptor now.
     static_cast<void>(descriptor.release());
     return std::unique_ptr<FolderEntries>(new FolderEntries(folder));
 }

@@ -9,22 +9,22 @@
 
 namespace nookle {
 
-/// The entries of one folder, read one after the other as the file system has them; names are bytes.
+/// Reads the entries of one folder one by one, in the file system's order. Names are bytes.
 class FolderEntries final {
 public:
     enum class Links { follow, refuse };
 
-    /// Opens the folder at `path`; null when it cannot be read. `lastComponent` says what a link in its place counts
-    /// as.
+    /// Opens the folder at `path`; null when it cannot be opened. `lastComponent` says whether `path` itself may be a
+    /// link.
     [[nodiscard]] static std::unique_ptr<FolderEntries> tryOpen(const QByteArray& path, Links lastComponent);
 
-    /// The next entry, valid until the next call, "." and ".." left out; null at the end or when reading fails.
+    /// The next entry, without "." and "..". It is valid until the next call. Null at the end, or when reading fails.
     [[nodiscard]] const dirent* next();
 
-    /// Whether `entry`, just read, is a folder itself and not a link to one.
+    /// Whether `entry` is a folder, and not a link to one. `entry` must be the one that `next` returned last.
     [[nodiscard]] bool isFolder(const dirent& entry) const;
 
-    /// The volume that the folder lies on.
+    /// The device number of the folder's volume.
     [[nodiscard]] std::optional<dev_t> device() const;
 
 private:

@@ -7,26 +7,26 @@
 
 namespace nookle {
 
-/// Keeps other programs that ask for the same lock away from a folder. The lock is on the folder itself, makes no file,
-/// and ends with this object or with the program, however that ends. Main thread only.
+/// An advisory lock on a folder, which keeps out other programs that take the same lock. The lock is on the folder
+/// itself and creates no file. It ends with this object, or with the program, even after a crash. Main thread only.
 class FolderLock {
 public:
     enum class State {
         held,
-        /// There is no folder yet.
+        /// The folder does not exist yet.
         noFolder,
         heldByOther,
-        /// The file system knows no locks, or the folder cannot be opened.
+        /// The file system does not support locks, or the folder cannot be opened.
         impossible,
     };
 
     explicit FolderLock(QByteArray path);
 
-    /// Locks the folder unless that has been done. Another folder that has taken the place of the one that is locked
-    /// is locked too. Never waits.
+    /// Locks the folder unless this object holds its lock already. If another folder has replaced the locked one, locks
+    /// the new folder. Never waits.
     [[nodiscard]] State take();
 
-    /// Why the last answer was `impossible`.
+    /// The reason why `take` last returned `impossible`.
     [[nodiscard]] const QString& error() const { return m_error; }
 
 private:

@@ -11,7 +11,7 @@ namespace nookle {
 
 namespace {
 
-/// File systems of disks and of memory. "fuseblk" is a disk that a program of this computer serves.
+/// The types of file systems on disks and in memory. "fuseblk" is a disk that is served by a program of this computer.
 constexpr std::array localTypes{ "apfs",    "bcachefs", "btrfs",    "cgroup", "cgroup2",  "cramfs",  "debugfs",
                                  "devpts",  "devtmpfs", "ecryptfs", "erofs",  "exfat",    "ext2",    "ext3",
                                  "ext4",    "f2fs",     "fuseblk",  "hfs",    "hfsplus",  "iso9660", "jfs",
@@ -27,7 +27,7 @@ constexpr std::array localTypes{ "apfs",    "bcachefs", "btrfs",    "cgroup", "c
     return isLocal ? MountTable::Kind::local : MountTable::Kind::distant;
 }
 
-/// The list writes spaces, tabs, line feeds and backslashes as three octal digits behind a backslash.
+/// In the list, spaces, tabs, line feeds and backslashes are written as a backslash and three octal digits.
 [[nodiscard]] QByteArray unescaped(const QByteArray& field)
 {
     constexpr qsizetype length = 4;
@@ -50,12 +50,12 @@ MountTable MountTable::parse(const QByteArray& mountInfo)
     MountTable table;
     for (const QByteArray& line : mountInfo.split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
-        // A number of optional fields stands before the hyphen, the type behind it.
+        // There may be optional fields before the hyphen. The type comes after it.
         const qsizetype hyphen = fields.indexOf("-", mountPointField);
         if (hyphen < 0)
             continue;
         const QByteArray mountPoint = unescaped(fields.at(mountPointField));
-        // What is mounted last hides what is below it.
+        // A later mount hides an earlier one at the same place.
         table.m_kinds.insert(mountPoint, kindOf(fields.value(hyphen + 1)));
         table.m_foldersOfMounts.insert(parentFolder(mountPoint));
     }

@@ -8,34 +8,34 @@
 
 namespace nookle {
 
-/// What is mounted where, as the kernel lists it.
+/// The kernel's list of mounts.
 class MountTable final {
 public:
     enum class Kind {
-        /// What the program cannot do without: the root folder's file system and that of the user's home folder.
-        /// Counts as local, whatever it is.
+        /// A file system that the program cannot do without: that of the root folder or of the user's home folder.
+        /// Treated as local, whatever its type.
         own,
-        /// A file system of this computer: whoever looks at it gets an answer.
+        /// A file system of this computer, which always answers.
         local,
-        /// A server or a program stands behind it, which may never answer.
+        /// A file system of a server or a program, which may never answer.
         distant,
-        /// Nothing yet: the system would mount something there for whoever goes on.
+        /// An automount point without a mount: accessing a path below it would mount something.
         automount,
     };
 
     /// Reads the text of `/proc/self/mountinfo`.
     [[nodiscard]] static MountTable parse(const QByteArray& mountInfo);
 
-    /// What is mounted at exactly that path, which must hold no links.
+    /// The kind of the mount at exactly `path`; none if `path` is no mount point. `path` must contain no links.
     [[nodiscard]] std::optional<Kind> at(const QByteArray& path) const;
 
-    /// Whether something is mounted on an entry of the folder at that path, which must hold no links.
+    /// Whether an entry of `folder` is a mount point. `folder` must contain no links.
     [[nodiscard]] bool hasMountsIn(const QByteArray& folder) const { return m_foldersOfMounts.contains(folder); }
 
-    /// The mount point of the file system that holds `path`, which must hold no links.
+    /// The mount point of the file system that holds `path`. `path` must contain no links.
     [[nodiscard]] QByteArray mountPointOf(QByteArray path) const;
 
-    /// The program cannot do without what is mounted there.
+    /// Marks the mount at `mountPoint` as `Kind::own`.
     void setOwn(const QByteArray& mountPoint) { m_kinds.insert(mountPoint, Kind::own); }
 
 private:

@@ -19,7 +19,7 @@ Mounts::Mounts(QByteArray home, QByteArray mountInfo)
 std::shared_ptr<const MountTable> Mounts::table()
 {
     const std::lock_guard lock(m_mutex);
-    // Asked first: what changes while the list is read is seen the next time.
+    // Check before reading: a change during the reading is then noticed by the next call.
     if (hasChanged() || !m_table) {
         auto table = std::make_shared<MountTable>(MountTable::parse(readAll()));
         table->setOwn(FilePlaces(table).mountPointOf(m_home));
@@ -28,7 +28,7 @@ std::shared_ptr<const MountTable> Mounts::table()
     return m_table;
 }
 
-// The kernel reports a change as an error of the list, once.
+// The kernel reports each change once, as an error condition of the file.
 bool Mounts::hasChanged() const
 {
     pollfd list{ m_list.get(), POLLPRI, 0 };

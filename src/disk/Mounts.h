@@ -10,15 +10,15 @@
 
 namespace nookle {
 
-/// Keeps the table of mounts up to date. Any thread.
+/// Provides an up-to-date mount table. Any thread.
 class Mounts final {
 public:
-    /// `home` is the user's home folder, `mountInfo` the kernel's list.
+    /// `home` is the user's home folder, `mountInfo` the path of the kernel's list.
     explicit Mounts(QByteArray home, QByteArray mountInfo = QByteArrayLiteral("/proc/self/mountinfo"));
     Mounts(const Mounts&) = delete;
     Mounts& operator=(const Mounts&) = delete;
 
-    /// The table as it is now; cheap while nothing is mounted or unmounted.
+    /// The present table. Reads the kernel's list again only after a mount or unmount.
     [[nodiscard]] std::shared_ptr<const MountTable> table();
 
 private:

@@ -19,7 +19,7 @@ inline constexpr qsizetype pieceSize = 1 << 18;
     return FileDescriptor(::memfd_create("image", MFD_CLOEXEC | MFD_ALLOW_SEALING));
 }
 
-// Writes at a place of its own, so that reading begins at the start.
+// Does not move the file position, so that reading begins at the start.
 [[nodiscard]] bool writeAt(const FileDescriptor& file, qint64 place, QByteArrayView bytes)
 {
     return ::pwrite(file.get(), bytes.data(), static_cast<size_t>(bytes.size()), place) == bytes.size();
@@ -51,7 +51,7 @@ std::optional<RegularFile> RegularFile::inMemory(const QByteArray& content)
 
 bool RegularFile::isSealed() const
 {
-    // Only a file in memory has seals.
+    // Only files in memory can have seals.
     const int seals = ::fcntl(descriptor.get(), F_GET_SEALS);
     return seals != -1 && (seals & F_SEAL_WRITE) != 0;
 }

@@ -19,18 +19,18 @@ struct RegularFile {
 
     enum class Links { follow, refuse };
 
-    /// Opens the file at `path`. Nothing for all that is no regular file, and for what cannot be read. Never waits for
-    /// anybody at the other end of a pipe, only for the file system.
+    /// Opens the file at `path`. None if it is not a regular file or cannot be read. Never waits for the other end of a
+    /// pipe, only for the file system.
     [[nodiscard]] static std::optional<RegularFile> open(const QByteArray& path, Links links);
 
-    /// A file in memory that holds `content` and cannot be changed any more.
+    /// A sealed file in memory that holds `content`: nobody can change it.
     [[nodiscard]] static std::optional<RegularFile> inMemory(const QByteArray& content);
 
-    /// Whether this is a file in memory that cannot be changed any more.
+    /// Whether this is a sealed file in memory.
     [[nodiscard]] bool isSealed() const;
 
-    /// A file in memory that holds what this one holds and cannot be changed any more. Nothing for more than `longest`
-    /// bytes, for what cannot be read, and once `isWanted` is false. Waits for the disk; for any thread.
+    /// A copy of this file as a sealed file in memory. None if the file has more than `longest` bytes, if it cannot be
+    /// read, or as soon as `isWanted` is false. Waits for the disk. Any thread.
     [[nodiscard]] std::optional<RegularFile> sealedCopy(qint64 longest, const std::atomic<bool>& isWanted) const;
 };
 

@@ -8,7 +8,7 @@
 
 namespace nookle {
 
-/// The way back to the main queue for a thread that may outlive whoever started it.
+/// Lets a thread post to the main queue, although it may outlive the object that started it.
 class ReturnPath final {
 public:
     explicit ReturnPath(MainQueue& queue)
@@ -16,13 +16,13 @@ public:
     {
     }
 
-    /// From now on nothing is posted, and the queue may go. Main thread only.
+    /// From now on `post` does nothing, and the queue may be destroyed. Main thread only.
     void close();
 
-    /// Whether nobody wants anything of the thread any more. Any thread.
+    /// Whether the thread's results are no longer wanted. Any thread.
     [[nodiscard]] bool isClosed() const { return m_isClosed.load(std::memory_order_relaxed); }
 
-    /// Posts `work`, unless this is closed. Any thread.
+    /// Posts `work` to the main queue, unless this is closed. Any thread.
     void post(MainQueue::Work work);
 
 private:
@@ -31,12 +31,12 @@ private:
     MainQueue* m_queue;
 };
 
-/// How soon a thread runs when others want to.
+/// The scheduling priority of a thread. An `idle` thread runs only when the processor has nothing else to do.
 enum class ThreadPriority { normal, idle };
 
-/// Runs `work` on a thread that nobody waits for, not even the end of the program: a look at a file system that does
-/// not answer cannot be ended. `work` must own all that it needs. False when there is no thread to be had. The name is
-/// for those who look at the process, and has at most 15 characters.
+/// Runs `work` on a thread that nobody waits for, not even at the end of the program: a call to a file system that does
+/// not answer cannot be cancelled. `work` must own all data that it needs. False when no thread can be started. `name`
+/// is the thread's name in debuggers and process lists, at most 15 characters.
 [[nodiscard]] bool runDetached(const char* name, ThreadPriority priority, std::function<void()> work);
 
 } // namespace nookle

@@ -19,13 +19,13 @@ namespace {
     return QStringLiteral("text/uri-list");
 }
 
-/// The address, a line feed, the title; in UTF-8.
+/// The address, a line feed and the title, in UTF-8.
 [[nodiscard]] QString netscapeFormat()
 {
     return QStringLiteral("_NETSCAPE_URL");
 }
 
-/// The same in UTF-16, or in UTF-8.
+/// The address, a line feed and the title, in UTF-16 or UTF-8.
 [[nodiscard]] QString mozillaFormat()
 {
     return QStringLiteral("text/x-moz-url");
@@ -54,7 +54,7 @@ namespace {
     return decodeText(load(payload, format), format).split(QLatin1Char('\n'));
 }
 
-/// The address that a source without a list of addresses tells.
+/// The address from a source that offers no list of addresses.
 [[nodiscard]] std::optional<QString> offeredAddress(const DropPayload& payload)
 {
     const QStringList lines{ loadLines(payload, netscapeFormat()).value(0),
@@ -113,7 +113,7 @@ std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload)
 std::optional<QString> loadDropTitle(const DropPayload& payload, const QString& url)
 {
     const auto title = offeredTitle(payload);
-    // Sources that know no title repeat the address in its place.
+    // Sources without a title repeat the address in its place.
     return title == url ? std::nullopt : title;
 }
 

@@ -12,7 +12,7 @@ class DropPayload;
 /// The address of a dropped file or page, in ASCII.
 struct DroppedAddress {
     QString url;
-    /// Of the page, if the source told it; never empty, and without white space around it.
+    /// The title of the page, if the source offers one. Never empty, and without white space around it.
     std::optional<QString> title;
 
     [[nodiscard]] bool isFile() const;
@@ -21,10 +21,10 @@ struct DroppedAddress {
 /// Whether a format carries addresses.
 [[nodiscard]] bool isAddressFormat(const QString& format);
 
-/// The addresses of a drop in the source's order, without titles. What no address can be is left out.
+/// The addresses of a drop in the source's order, without titles. Invalid addresses are left out.
 [[nodiscard]] std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload);
 
-/// The title of the page at `url`, which is the drop's only address.
+/// The title of the page at `url`, which must be the only address of the drop.
 [[nodiscard]] std::optional<QString> loadDropTitle(const DropPayload& payload, const QString& url);
 
 } // namespace nookle

@@ -33,7 +33,8 @@ namespace {
     return {};
 }
 
-/// A file is a file even if the source offers its picture as well, and several addresses share no picture.
+/// A drop of a file is not an image, even if the source also offers a picture of it. One picture cannot stand for
+/// several addresses.
 [[nodiscard]] bool canBeImage(const std::vector<DroppedAddress>& addresses)
 {
     return addresses.empty() || (addresses.size() == 1 && !addresses.front().isFile());

@@ -11,21 +11,21 @@ namespace nookle {
 
 class DropPayload;
 
-/// What was read of a drop while it could be read.
+/// The data of a drop, read before the source withdraws it.
 struct CapturedDrop {
     /// Each file, image, link or text, in the source's order.
     DropItems items;
-    /// The key by which a sandboxed source hands its files over, under names that this program can use; empty when it
-    /// does not. The items hold the source's own names for them.
+    /// The key with which this program can get the files of a sandboxed source under paths that it can use; empty when
+    /// the source offers no key. `items` hold the source's own paths of these files.
     QByteArray transferKey;
-    /// The folder into which the source saves what it carries, if it hands nothing else over.
+    /// The folder into which the source saves its files, if it offers no items and no key.
     std::optional<QUrl> savedInto;
 };
 
-/// Whether a drag offers anything that the shelf takes; reads none of it.
+/// Whether a drag offers anything that the shelf takes. Reads only the names of the formats.
 [[nodiscard]] bool offersDropItems(const DropPayload& payload);
 
-/// Reads what the drop's elements need, and no more.
+/// Reads the data of the drop, but only the formats that the shelf needs.
 [[nodiscard]] CapturedDrop captureDrop(const DropPayload& payload);
 
 } // namespace nookle

@@ -30,7 +30,7 @@ public:
     {
     }
 
-    // The image comes before the address: what is dragged out of a web page carries both, and is an image.
+    // The image has priority over the address: an image that is dragged out of a web page has both.
     void take(const DropItem& item)
     {
         if (item.hasFileURL())
@@ -102,7 +102,7 @@ bool DropHandler::handleTransfer(const QByteArray& key, DropItems items)
 
 bool DropHandler::handleSaved(const QUrl& folder)
 {
-    // Those that are done wait here for the next one: none may end while it calls.
+    // Finished objects are removed only here, because they must not be destroyed during their own callback.
     std::erase_if(m_saved, [](const auto& each) { return each->isDone(); });
     m_saved.push_back(std::make_unique<SavedFiles>(folder, m_queue, [this](const QList<QUrl>& files) {
         if (files.isEmpty())

@@ -17,7 +17,7 @@ class FileTransfers;
 class SavedFiles;
 class ShelfStore;
 
-/// Decides what each element of a drop becomes on the shelf. Borrows everything. Main thread only.
+/// Decides what each element of a drop becomes on the shelf. All arguments must outlive it. Main thread only.
 class DropHandler final {
 public:
     DropHandler(ShelfStore& store, MainQueue& queue, FileTransfers& transfers);
@@ -25,14 +25,15 @@ public:
     DropHandler(const DropHandler&) = delete;
     DropHandler& operator=(const DropHandler&) = delete;
 
-    /// Takes the elements in the source's order and puts them on the shelf after this call has returned. A drop is
-    /// always accepted, whatever it turns out to hold.
+    /// Adds the elements to the shelf in the source's order, after this call has returned. Always returns true: every
+    /// drop is accepted, whatever it holds.
     bool handleDrop(DropItems items);
 
-    /// The same for the files that a sandboxed source hands over under `key`; for `items` when it hands over none.
+    /// Adds the files that a sandboxed source hands over under `key`, or `items` when it hands over none. Always
+    /// returns true.
     bool handleTransfer(const QByteArray& key, DropItems items);
 
-    /// Adds the files that the source saves into that folder, once they are there.
+    /// Adds the files that the source saves into `folder`, once they are there. Always returns true.
     bool handleSaved(const QUrl& folder);
 
 private:

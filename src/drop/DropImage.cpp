@@ -29,7 +29,7 @@ namespace {
     return typeOf(format) == QLatin1String("application/octet-stream");
 }
 
-/// The formats that are taken before any other, the best one first.
+/// The preferred formats, the best one first.
 [[nodiscard]] QStringList preferredTypes()
 {
     return { QStringLiteral("image/png"), QStringLiteral("image/jpeg"), QStringLiteral("image/gif"),
@@ -43,7 +43,7 @@ namespace {
     return index < 0 ? preferred.size() : index;
 }
 
-/// A browser's name for what it drags stands in one of several places.
+/// The name that a browser suggests for a dragged image. It may be in one of several places.
 [[nodiscard]] QString suggestedName(const DropPayload& payload, const QString& format)
 {
     if (const QByteArray name = payload.suggestedName(); !name.isEmpty())
@@ -55,7 +55,8 @@ namespace {
     return QString(name).remove(QLatin1Char('"')).trimmed();
 }
 
-/// The type that the source names, which its file name follows; what the bytes are where no such type is known.
+/// The type that the source names, because its file name has the extension of that type. If that type is unknown, the
+/// type of the bytes.
 [[nodiscard]] QString knownType(const QString& named, const QString& sniffed)
 {
     return QMimeDatabase().mimeTypeForName(named).preferredSuffix().isEmpty() ? sniffed : named;

@@ -10,10 +10,11 @@ namespace nookle {
 
 class DropPayload;
 
-/// Whether a format is an image, or bytes of an unnamed kind that may turn out to be one.
+/// Whether a format is an image type, or "application/octet-stream", whose bytes may be an image.
 [[nodiscard]] bool isImageFormat(const QString& format);
 
-/// The drop's image in the best format that delivers an image: its bytes say what it is, not the format's name.
+/// The drop's image in the best format that delivers one. The bytes decide whether they are an image, not the format's
+/// name.
 [[nodiscard]] std::optional<DroppedImage> loadDropImage(const DropPayload& payload);
 
 } // namespace nookle

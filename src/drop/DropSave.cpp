@@ -20,7 +20,7 @@ namespace nookle {
 
 namespace {
 
-/// In bytes. File systems take 255, and a number may follow.
+/// In bytes. File systems allow 255, and a number may be appended.
 inline constexpr qsizetype longestName = 200;
 
 [[nodiscard]] QString fileName(const DropPayload& payload)
@@ -33,7 +33,7 @@ inline constexpr qsizetype longestName = 200;
     return name;
 }
 
-/// The name without its ending and without the dots that would hide the folder; empty where nothing else is left.
+/// The name without its extension and without leading dots, which would hide the folder; empty if nothing is left.
 [[nodiscard]] QString folderName(const QString& fileName)
 {
     const auto begin =
@@ -43,7 +43,7 @@ inline constexpr qsizetype longestName = 200;
     return dot > 0 ? name.left(dot) : name;
 }
 
-/// A new folder of that name, or of that name and a number; empty when none can be made.
+/// Makes a new folder with that name, or with that name and a number. Returns its path; empty when none can be made.
 [[nodiscard]] QByteArray makeNewFolder(const QByteArray& parent, const QString& name)
 {
     constexpr int mostTries = 1000;

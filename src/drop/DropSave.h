@@ -8,12 +8,12 @@ namespace nookle {
 
 class DropPayload;
 
-/// Whether the source offers to save what it carries, under a name that a file can have; asks it for nothing.
+/// Whether the source offers to save its data as a file with a usable name. Requests nothing from the source.
 [[nodiscard]] bool canSaveDrop(const DropPayload& payload);
 
-/// Has the source save what it carries, as archive managers do that unpack a file when it is dropped. The result is a
-/// new folder for it among the user's downloads, into which the files come now or later, or never when it does not
-/// answer in time; none when the source cannot save, refuses, or no folder can be made.
+/// Asks the source to save its data; archive managers, for example, unpack a dropped file in this way. The result is a
+/// new folder among the user's downloads. The files arrive there now or later, or never if the source does not answer
+/// in time. None when the source cannot save or refuses, or when the folder cannot be made.
 [[nodiscard]] std::optional<QUrl> saveDrop(const DropPayload& payload);
 
 } // namespace nookle

@@ -10,7 +10,7 @@ namespace nookle {
 
 namespace {
 
-/// Lower is better. Formats that say how they are encoded come before those that do not.
+/// Lower is better. Formats with a known encoding come before those without.
 enum class TextRank { utf8, otherCharset, plain, latin1, none };
 
 [[nodiscard]] QString charsetOf(const QString& format)
@@ -57,7 +57,7 @@ enum class TextRank { utf8, otherCharset, plain, latin1, none };
     return decoder.hasError() ? std::nullopt : std::optional(text);
 }
 
-/// UTF-16 of the machine's byte order shows itself by the zero bytes of its Latin letters, which no other text has.
+/// Latin letters in UTF-16 contain zero bytes, which text in other encodings does not.
 [[nodiscard]] bool looksLikeUtf16(const QByteArray& bytes)
 {
     return bytes.size() % 2 == 0 && bytes.contains('\0');
@@ -102,7 +102,7 @@ QString decodeText(const QByteArray& bytes, const QString& format)
     QStringDecoder decoder(charset.toLatin1().constData());
     if (charset.isEmpty() || !decoder.isValid())
         return withoutTrailingNuls(decodeWithoutCharset(bytes));
-    // What the format says is wrong more often than what the bytes can be read as.
+    // The format's character set is used only if all bytes are valid in it, because sources often name a wrong one.
     if (auto text = decodedStrictly(bytes, std::move(decoder)))
         return withoutTrailingNuls(*text);
     return withoutTrailingNuls(decodeWithoutCharset(bytes));

@@ -13,11 +13,11 @@ class DropPayload;
 /// Whether a format is plain text.
 [[nodiscard]] bool isTextFormat(const QString& format);
 
-/// The text in the best of the payload's formats that delivers any.
+/// The text in the best format of the payload that delivers one.
 [[nodiscard]] std::optional<QString> loadDropText(const DropPayload& payload);
 
-/// Decodes text that came in `format`: by its byte-order mark, by the format's character set, or else as UTF-8, as
-/// UTF-16 or as Latin-1, whichever it can be. NULs at the end are not part of it.
+/// Decodes text that came in `format`. Uses the byte-order mark, else the character set of the format, else the first
+/// of UTF-8, UTF-16 and Latin-1 that fits the bytes. NULs at the end are removed.
 [[nodiscard]] QString decodeText(const QByteArray& bytes, const QString& format);
 
 } // namespace nookle

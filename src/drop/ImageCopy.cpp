@@ -17,10 +17,10 @@ namespace nookle {
 
 namespace {
 
-/// In bytes. File systems take 255; writing the copy adds a few.
+/// In bytes. File systems allow 255, and writing the copy adds a few.
 inline constexpr qsizetype longestName = 240;
 
-/// What follows the last dot, if it can tell a kind of file: in "Mr. Smith" it does not.
+/// The text after the last dot, if it can be an extension: in "Mr. Smith" it is none.
 [[nodiscard]] QString extensionOf(const QString& name)
 {
     constexpr qsizetype longestExtension = 16;
@@ -33,14 +33,14 @@ inline constexpr qsizetype longestName = 240;
 {
     const QString extension = extensionOf(name);
     const QString ending = extension.isEmpty() ? QString() : QLatin1Char('.') + extension;
-    // No unit takes less than a byte.
+    // A first cut: each UTF-16 unit takes at least one byte.
     QString stem = name.chopped(ending.size()).left(longestName);
     while (!stem.isEmpty() && (stem + ending).toUtf8().size() > longestName)
         stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
     return stem + ending;
 }
 
-/// No program is to take the image for something else: a name of an entry for the desktop would make it one.
+/// Ensures that no program takes the image for another type of file, such as a desktop entry, because of its name.
 [[nodiscard]] QString withExtension(QString name, const QString& extension)
 {
     return extension.isEmpty() ? name.replace(QLatin1Char('.'), QLatin1Char('-')) : name + QLatin1Char('.') + extension;
@@ -66,7 +66,7 @@ QString imageFileName(const DroppedImage& image)
     const bool namesFolder = name == QLatin1String(".") || name == QLatin1String("..");
     if (name.isEmpty() || namesFolder)
         name = QCoreApplication::translate("nookle::DroppedImage", "Image");
-    // A name must not make folders.
+    // A slash would lead into another folder.
     name.replace(QLatin1Char('/'), QLatin1Char('-'));
     if (extensionOf(name).isEmpty() || !isImageName(name))
         name = withExtension(name, QMimeDatabase().mimeTypeForName(image.type).preferredSuffix());

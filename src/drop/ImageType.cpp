@@ -13,7 +13,7 @@ namespace nookle {
 
 namespace {
 
-/// More than any description of a type looks at.
+/// In bytes. More than the recognition of any type reads.
 inline constexpr qsizetype sampleSize = 1 << 16;
 
 [[nodiscard]] bool isImage(const QMimeType& type)
@@ -32,7 +32,7 @@ inline constexpr qsizetype sampleSize = 1 << 16;
     return reader.readNextStartElement() && reader.name() == QLatin1String("svg");
 }
 
-/// A name that is nothing but an extension tells a type to other programs.
+/// Other programs also recognize a type in a name that is only an extension, such as ".png".
 [[nodiscard]] QList<QMimeType> typesOfName(const QString& name)
 {
     const QString stem = name.startsWith(QLatin1Char('.')) ? QStringLiteral("name") : QString();
@@ -44,7 +44,7 @@ inline constexpr qsizetype sampleSize = 1 << 16;
     return std::all_of(types.begin(), types.end(), isImage);
 }
 
-/// Nothing for a link, a pipe and all else that is no file of its own.
+/// Empty for a link, a pipe and anything else that is not a regular file.
 [[nodiscard]] QByteArray beginningOf(const QByteArray& path)
 {
     std::error_code ignored;

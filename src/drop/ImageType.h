@@ -8,15 +8,15 @@
 
 namespace nookle {
 
-/// The type of the image that `bytes` are, such as "image/png"; nothing for all else, whatever it is called. What is
-/// `claimed` of the bytes counts for a drawing alone, whose text may begin with anything.
+/// The MIME type of the image in `bytes`, such as "image/png"; none if they are not an image. The type `claimed` by the
+/// source matters only for SVG, which cannot always be recognized by its first bytes.
 [[nodiscard]] std::optional<QString> imageType(const QByteArray& bytes, const QString& claimed = QString());
 
-/// Whether `name` says that its file is an image, and nothing else.
+/// Whether the file name `name` stands for image types only.
 [[nodiscard]] bool isImageName(const QString& name);
 
-/// Whether `file` is an image, and every program takes it for one: by its bytes, and by its name unless that says
-/// nothing. Reads the beginning of the file.
+/// Whether every program takes `file` for an image: its bytes are an image, and its name stands for image types or for
+/// no type at all. Reads the beginning of the file.
 [[nodiscard]] bool isImageFile(const QUrl& file);
 
 } // namespace nookle

@@ -19,7 +19,7 @@ namespace {
     return !id.isNull() && name == imageCopyFolder(id);
 }
 
-/// Everybody may put something of that name into the temporary folder.
+/// Checks the owner and permissions, because any user can make a folder with such a name in the temporary folder.
 [[nodiscard]] bool isOwnFolder(const QByteArray& path, const QDateTime& unchangedSince)
 {
     struct stat status {};

@@ -4,8 +4,9 @@
 
 namespace nookle {
 
-/// Removes the copies of dropped images that programs left in the temporary folder when they were killed: folders of
-/// the user's own that are called like those of `writeImageCopy`, and in which nothing has changed since that time.
+/// Removes the copies of dropped images that earlier runs left in the temporary folder because they were killed. These
+/// are folders that the user owns, that have names as `writeImageCopy` gives them, and whose entries last changed
+/// before `unchangedSince`.
 void removeLeftImageCopies(const QDateTime& unchangedSince);
 
 } // namespace nookle

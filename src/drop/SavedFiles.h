@@ -13,13 +13,13 @@
 
 namespace nookle {
 
-/// Waits for the files that a source saves into a folder after its drop. Main thread only.
+/// Waits for the files that the source of a drop saves into a folder. Main thread only.
 class SavedFiles final {
 public:
-    /// Calls `arrived` once, with everything that is in the folder when it has stopped changing, by name; or with
-    /// nothing when a minute has passed and the folder is still empty, which is then removed.
+    /// Calls `arrived` once, with all files in the folder, sorted by name, when the folder has stopped changing. If the
+    /// folder is still empty after a minute, removes it and calls `arrived` with an empty list.
     SavedFiles(const QUrl& folder, MainQueue& queue, std::function<void(QList<QUrl>)> arrived);
-    /// Removes the folder if nothing has come.
+    /// Removes the folder if no file has arrived.
     ~SavedFiles();
     SavedFiles(const SavedFiles&) = delete;
     SavedFiles& operator=(const SavedFiles&) = delete;

@@ -14,7 +14,7 @@ namespace nookle {
 
 namespace {
 
-/// In seconds. The answers to one round of questions come in quick succession, and are told together.
+/// In seconds. The answers to one round of requests arrive in quick succession, so they are reported together.
 inline constexpr double collectingTime = 0.1;
 
 } // namespace
@@ -35,7 +35,8 @@ std::optional<ResolvedFile> DistantFiles::resolve(const QByteArray& bytes, const
     Known& known = m_known[bytes];
     if (!known.isAnswered)
         known.answer.file = ResolvedFile{ fileUrl(reference.path), false };
-    // Whoever asks because an answer has come is not to have all others asked again.
+    // A call from within `onChanged` starts no new look at a file that has an answer: otherwise each answer would cause
+    // looks at all other files.
     const bool isNews = m_isTelling && known.isAnswered;
     if (!known.isBeingLookedAt && !isNews) {
         known.isBeingLookedAt = true;
@@ -54,7 +55,7 @@ QByteArray DistantFiles::make(const QByteArray& path) const
     return known == m_known.end() ? FileReference{ path, {} }.encode() : known->second.answer.made;
 }
 
-// On the thread of the mount.
+// Runs on the thread of the mount.
 DistantFiles::Answer DistantFiles::look(Mounts& mounts, const FileReference& reference, const QByteArray& dataHome)
 {
     const FilePlaces places(mounts.table(), FilePlaces::Patience::endless);

@@ -18,35 +18,37 @@ class MainQueue;
 class Mounts;
 struct FileReference;
 
-/// The files that lie where a look may never be answered. They are looked at on other threads, and keep their last
-/// known state until that is done. Main thread only.
+/// Resolves references to files on file systems that may never answer. Other threads access these files; until such a
+/// look is done, a file keeps its last known state. Main thread only.
 class DistantFiles final {
 public:
     /// `dataHome` is the folder that holds the user's Trash.
     DistantFiles(std::shared_ptr<Mounts> mounts, QByteArray dataHome, MainQueue& queue);
-    /// Waits for nothing.
+    /// Does not wait for running looks.
     ~DistantFiles();
     DistantFiles(const DistantFiles&) = delete;
     DistantFiles& operator=(const DistantFiles&) = delete;
 
-    /// What is last known of the file of `reference`, whose bytes are `bytes`, and which lies behind `mountPoint`: that
-    /// it is in its place, until it was looked at in this run. Has it looked at once more.
+    /// The last known state of the file of `reference`, and starts another look at it. Before the first look of this
+    /// run is done, the file counts as being in its place. `bytes` is the encoded reference; the file lies on the mount
+    /// at `mountPoint`.
     [[nodiscard]] std::optional<ResolvedFile> resolve(const QByteArray& bytes, const FileReference& reference,
                                                       const QByteArray& mountPoint);
 
-    /// A reference to what is last known to be at `path`; until it was looked at, one that holds the path alone.
+    /// A reference to the file at `path`: the new reference that a look made for a stale one, if that look found the
+    /// file at `path`. Otherwise a reference that holds only the path.
     [[nodiscard]] QByteArray make(const QByteArray& path) const;
 
-    /// Drops all that is known about the reference `bytes`.
+    /// Drops everything known about the reference `bytes`.
     void forget(const QByteArray& bytes) { m_known.erase(bytes); }
 
-    /// `resolve` has another answer for a file than before. Set by the owner.
+    /// Called when `resolve` returns something else for a file than before. Set by the owner.
     std::function<void()> onChanged;
 
 private:
     struct Answer {
         std::optional<ResolvedFile> file;
-        /// A new reference, where the old one is stale.
+        /// A new reference if the old one is stale; otherwise empty.
         QByteArray made;
 
         bool operator==(const Answer&) const = default;

@@ -38,7 +38,7 @@ namespace {
 [[nodiscard]] bool hasLastingHandles(const FileDescriptor& descriptor)
 {
     struct statfs fileSystem {};
-    // File systems in user space number their files anew at every mount, so that an old handle may name another file.
+    // FUSE file systems assign new numbers at every mount, so an old handle may belong to another file.
     return ::fstatfs(descriptor.get(), &fileSystem) == 0 && fileSystem.f_type != FUSE_SUPER_MAGIC;
 }
 

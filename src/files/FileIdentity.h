@@ -8,33 +8,35 @@
 
 namespace nookle {
 
-/// Opens `path` itself, be it a file, a folder or a link, without reading from it and without waiting for anything.
+/// Opens the file, folder or link at `path` itself, with O_PATH: it cannot be read, and a pipe does not block.
 [[nodiscard]] FileDescriptor openInPlace(const QByteArray& path);
 
-/// What stays the same about a file when it gets another name or folder on its volume. Times are nanoseconds since
-/// 1970.
+/// The properties of a file that stay the same when it is renamed or moved on its volume. Times are in nanoseconds
+/// since 1970.
 struct FileIdentity {
     quint64 inode = 0;
-    /// The kind bits of the mode.
+    /// The file type bits of the mode (S_IFMT).
     quint32 kind = 0;
     /// None on file systems that do not record it.
     std::optional<qint64> birthTime;
     quint64 size = 0;
     qint64 modificationTime = 0;
-    /// The file system's own name for the inode and its generation; empty where it has none that lasts.
+    /// The file handle: the file system's identifier for the inode and its generation. Empty if the file system has no
+    /// handle that stays valid.
     int handleType = 0;
     QByteArray handle;
 
-    /// The identity of what `descriptor` is open on.
+    /// The identity of the file behind `descriptor`.
     [[nodiscard]] static std::optional<FileIdentity> of(const FileDescriptor& descriptor);
 
-    /// The identity of what stands at `path`, of a link itself; none when nothing does.
+    /// The identity of the file at `path`. For a link, that of the link itself. None if nothing is at `path`.
     [[nodiscard]] static std::optional<FileIdentity> of(const QByteArray& path);
 
-    /// The same, but never with a handle, which takes several times as long.
+    /// The identity of the file at `path` without its handle. Several times as fast as `of`.
     [[nodiscard]] static std::optional<FileIdentity> withoutHandle(const QByteArray& path);
 
-    /// Whether both belong to one file. Numbers of inodes are used again, so an equal inode alone is not enough.
+    /// Whether both identities belong to the same file. Inode numbers are reused, so an equal inode alone is not
+    /// enough.
     [[nodiscard]] bool matches(const FileIdentity& other) const;
 
     bool operator==(const FileIdentity&) const = default;

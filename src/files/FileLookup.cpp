@@ -15,7 +15,7 @@ std::optional<StandingFile> FileLookup::at(const QByteArray& path) const
 {
     StandingFile file{ openInPlace(path), {} };
     file.identity = FileIdentity::of(file.descriptor);
-    // One that could not be opened may be there all the same.
+    // A file that could not be opened may still exist.
     const bool isNoLink = file.identity && file.identity->kind != S_IFLNK;
     return isNoLink || exists(path) ? std::optional(std::move(file)) : std::nullopt;
 }
@@ -47,7 +47,7 @@ std::optional<QByteArray> FileLookup::findIn(const QByteArray& folder, const Fil
         if (entry->d_ino != identity.inode)
             continue;
         const QByteArray path = entryPath(folder, entry->d_name);
-        // A folder's entry tells nothing of what is mounted there.
+        // A folder's entry does not show whether another file system is mounted on it.
         if (!m_places.mayLookAt(path, FilePlaces::Links::refuse))
             continue;
         const auto candidate = FileIdentity::of(path);

@@ -11,31 +11,32 @@ namespace nookle {
 class FilePlaces;
 struct FileReference;
 
-/// A file, folder or link that stands at a path.
+/// A file, folder or link that exists at a path.
 struct StandingFile {
-    /// Closed when the file cannot be opened, not even in place.
+    /// Opened by `openInPlace`; closed if even that failed.
     FileDescriptor descriptor;
     std::optional<FileIdentity> identity;
 };
 
-/// Looks for files where a look is cheap, and asks nothing that `places` does not allow. Any thread.
+/// Looks for files in a few likely places. Accesses nothing that `places` does not allow. Any thread.
 class FileLookup final {
 public:
-    /// `dataHome` is the folder that holds the user's Trash. Both must outlive this.
+    /// `dataHome` is the folder that holds the user's Trash. Both arguments must outlive this object.
     FileLookup(const FilePlaces& places, const QByteArray& dataHome)
         : m_places(places)
         , m_dataHome(dataHome)
     {
     }
 
-    /// What stands at `path`, which may be looked at. A link that leads nowhere counts as nothing.
+    /// The file at `path`; none if nothing is there. A link without a target counts as nothing. The caller has checked
+    /// that `path` may be accessed.
     [[nodiscard]] std::optional<StandingFile> at(const QByteArray& path) const;
 
-    /// Whether `path` leads somewhere; also true when that cannot be asked.
+    /// Whether something exists at `path`, links followed. Also true if `path` must not be accessed.
     [[nodiscard]] bool exists(const QByteArray& path) const;
 
-    /// Where the file went that is gone from its place: under another name in the same folder, or to the Trash of its
-    /// volume.
+    /// The new path of a file that is gone from its place: a new name in the same folder, or a place in the Trash of
+    /// its volume. None if it is in neither.
     [[nodiscard]] std::optional<QByteArray> newPath(const FileReference& reference) const;
 
 private:

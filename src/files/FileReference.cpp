@@ -14,10 +14,10 @@ namespace nookle {
 
 namespace {
 
-// What a record begins with: "NKR2".
+// The first bytes of a record: "NKR2".
 inline constexpr quint32 recordMark = 0x4e4b5232;
 
-// Far above the longest path and the longest handle that the kernel gives, and small enough to be read at once.
+// In bytes. Far more than the longest path and the longest file handle need, and small enough to be read at once.
 inline constexpr qsizetype longestReference = 65'536;
 
 [[nodiscard]] bool isSound(const FileReference& reference)
@@ -46,7 +46,7 @@ inline constexpr qsizetype longestReference = 65'536;
     return reference;
 }
 
-/// Takes numbers and bytes out of a map, and notices what is missing or of another kind.
+/// Reads numbers and bytes from a map, and remembers whether any was missing or of another type.
 class Fields final {
 public:
     explicit Fields(QCborMap map)
@@ -80,11 +80,11 @@ private:
     bool m_isWhole = true;
 };
 
-// The first form of references, which indexes may still hold.
+// The first format of references. Saved indexes may still contain it.
 [[nodiscard]] std::optional<FileReference> fromCbor(const QByteArray& bytes)
 {
     const QCborValue value = QCborValue::fromCbor(bytes);
-    // What is not written back as it was read has something behind it, or never was one.
+    // If encoding the value does not give the same bytes, there is more data behind it, or it is no such reference.
     if (!value.isMap() || value.toCbor() != bytes)
         return std::nullopt;
     Fields fields(value.toMap());

@@ -8,10 +8,10 @@
 
 namespace nookle {
 
-/// What the bytes of a file reference hold: where the file was, and how to know it again.
+/// The decoded form of a file reference: the file's path, and the identity by which to recognize it.
 struct FileReference {
     QByteArray path;
-    /// Empty, and that of no file, while the file could not be looked at.
+    /// Left at its defaults if the file could not be accessed when the reference was made.
     FileIdentity identity;
 
     [[nodiscard]] bool hasIdentity() const { return identity.kind != 0; }
@@ -19,7 +19,7 @@ struct FileReference {
     /// The same reference always gives the same bytes.
     [[nodiscard]] QByteArray encode() const;
 
-    /// Reads the forms of all versions of the program. Nothing for any other bytes; safe with all.
+    /// Reads the formats of all versions of the program. None for any other bytes; safe with hostile ones.
     [[nodiscard]] static std::optional<FileReference> decode(const QByteArray& bytes);
 
     bool operator==(const FileReference&) const = default;

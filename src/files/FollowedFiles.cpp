@@ -39,8 +39,8 @@ namespace {
     if (length <= 0 || target[0] != '/')
         return std::nullopt;
 
-    // The kernel appends a remark to the path of a name that was deleted, and a living name may end like that too:
-    // only the file itself can tell.
+    // The kernel appends " (deleted)" to the path of a deleted name, and an existing name may end like that too. So
+    // compare the file at the path with the open one.
     const QByteArray path(target.data(), length);
     struct stat followed {};
     struct stat found {};
@@ -80,13 +80,13 @@ void FollowedFiles::follow(const QByteArray& reference, const QByteArray& path, 
     struct stat status {};
     if (::fstat(descriptor.get(), &status) != 0 || status.st_dev != m_device)
         return;
-    // Deleting takes a name away from the file, which changes its attributes.
+    // Deleting a file changes its link count, which is reported as a change of attributes.
     const int watch = ::inotify_add_watch(m_inotify.get(), linkOf(descriptor).constData(), IN_ATTRIB);
     if (watch < 0)
         return;
     const auto file = m_files.emplace(reference, Followed{ std::move(descriptor), watch, path, status.st_ino }).first;
     m_referencesByWatch.emplace(watch, reference);
-    // It may have been deleted before the watch was there.
+    // The file may have been deleted before the watch was added.
     if (isDeleted(file->second.descriptor))
         release(file);
 }

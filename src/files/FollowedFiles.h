@@ -18,12 +18,11 @@ namespace nookle {
 
 class FilePlaces;
 
-/// Knows where files went while the program runs, whatever was moved or given a new name above them. Each costs a
-/// descriptor and one of the watches that all of the user's programs share, so only files on the volume of the home
-/// folder are followed, a thousand at most, and only as long as half of the descriptors that the program may have are
-/// left for everything else. A file that is deleted is let go at once: an
-/// open descriptor would keep its space on the disk. A deleted folder, which the system does not tell of and which
-/// holds nothing any more, is let go when it is asked for. Main thread only.
+/// Follows files while the program runs, even if a folder above them is moved or renamed. Each followed file costs a
+/// descriptor and an inotify watch, which all of the user's programs share. So only files on the volume of the home
+/// folder are followed: at most a thousand, and at most half of the program's limit on open descriptors. A deleted file
+/// is released at once, because an open descriptor would keep its disk space in use. The kernel does not report a
+/// deleted folder; it is released when `path` asks for it. Main thread only.
 class FollowedFiles final {
 public:
     explicit FollowedFiles(const QByteArray& home);
@@ -31,19 +30,19 @@ public:
     FollowedFiles(const FollowedFiles&) = delete;
     FollowedFiles& operator=(const FollowedFiles&) = delete;
 
-    /// How many more files can be afforded.
+    /// How many more files can be followed.
     [[nodiscard]] std::size_t room() const { return m_inotify.isOpen() ? m_mostFiles - m_files.size() : 0; }
 
-    /// Follows the file at `path`, which `descriptor` is open on, under the name of `reference`, if that can be
-    /// afforded.
+    /// Follows the file at `path` under the key `reference`, if the limits above allow it. `descriptor` is open on that
+    /// file.
     void follow(const QByteArray& reference, const QByteArray& path, FileDescriptor descriptor);
 
-    /// Where the file was when its following began, if it is still there. Much quicker than `path`. None for links,
-    /// which may stand in their place and lead nowhere. Looks only where `places` allows it.
+    /// The path that was given to `follow`, if the file is still there. Much quicker than `path`. None for a link,
+    /// because its target may be gone. Accesses only paths that `places` allows.
     [[nodiscard]] std::optional<QByteArray> pathInPlace(const QByteArray& reference, const FilePlaces& places) const;
 
-    /// Where the file is now; none when it is not followed or has no name any more. Looks only where `places` allows
-    /// it.
+    /// The present path of the file; none if it is not followed or was deleted. Accesses only paths that `places`
+    /// allows.
     [[nodiscard]] std::optional<QByteArray> path(const QByteArray& reference, const FilePlaces& places);
 
     void release(const QByteArray& reference);
@@ -53,7 +52,7 @@ private:
         FileDescriptor descriptor;
         int watch;
         QByteArray firstPath;
-        /// Nobody else has its number while the descriptor is open.
+        /// The kernel cannot reuse this number while the descriptor is open.
         ino_t inode;
     };
     using Files = std::unordered_map<QByteArray, Followed>;
@@ -68,7 +67,7 @@ private:
     FileDescriptor m_inotify;
     std::unique_ptr<QSocketNotifier> m_notifier;
     Files m_files;
-    /// The references of each watch: those of one file share it.
+    /// The references of each watch. References to the same file share one watch.
     std::unordered_multimap<int, QByteArray> m_referencesByWatch;
 };
 

@@ -31,7 +31,7 @@ std::optional<Failure> GioTrash::moveToTrash(const QUrl& url)
     const QByteArray path = standardizedPath(url);
     if (path.isEmpty())
         return Failure{ QStringLiteral("not a file of this computer") };
-    // The local file system alone: the default one would start the desktop's services for remote files.
+    // Uses the local file system only: the default one would start the desktop's services for remote files.
     const std::unique_ptr<GFile, Release> file(g_vfs_get_file_for_path(g_vfs_get_local(), path.constData()));
     GError* error = nullptr;
     if (g_file_trash(file.get(), nullptr, &error) != FALSE)

@@ -8,7 +8,7 @@
 
 namespace nookle {
 
-/// The Trash as all programs of the desktop share it. Main thread only.
+/// The Trash that all programs of the desktop share, through GIO. Main thread only.
 class GioTrash final : public Trash {
 public:
     /// `dataHome` is the user's data folder, which holds the Trash of its volume.
@@ -18,7 +18,7 @@ public:
     bool contains(const QUrl& url) const override;
 
 private:
-    /// What the path of a file in a Trash contains.
+    /// Parts of a path that show that the file is in a Trash.
     std::vector<QByteArray> m_fragments;
 };
 

@@ -20,8 +20,8 @@ namespace nookle {
 
 namespace {
 
-/// Whether the file is certainly where it was. Tells little about links and where files have no time of birth, but
-/// needs nothing opened.
+/// Whether the file is certainly in its place. Quick, because it opens nothing. Always false for links, and on file
+/// systems that record no birth time.
 [[nodiscard]] bool isInPlace(const FileReference& reference)
 {
     const auto present = FileIdentity::withoutHandle(reference.path);
@@ -34,7 +34,7 @@ struct NewReference {
     QByteArray bytes;
 };
 
-/// May be called on any thread. Has no bytes for a file that may not be looked at.
+/// The result has empty `bytes` for a file that must not be accessed. Any thread.
 [[nodiscard]] std::optional<NewReference> newReference(const QUrl& url, const FilePlaces& places,
                                                        const QByteArray& dataHome)
 {
@@ -49,7 +49,7 @@ struct NewReference {
     return NewReference{ path, std::move(file->descriptor), FileReference{ path, *file->identity }.encode() };
 }
 
-/// Does the work for each index below `count`, on several threads where that is worth it, and waits for its end.
+/// Calls `work` for each index below `count`, on several threads if there are many, and waits for the end.
 void inParallel(std::size_t count, const std::function<void(std::size_t index)>& work)
 {
     constexpr std::size_t worthAThread = 1000;
@@ -98,7 +98,7 @@ QList<std::optional<QByteArray>> LinuxFileReferences::makeAll(const QList<QUrl>&
     std::vector<std::optional<NewReference>> made(static_cast<std::size_t>(urls.size()));
     inParallel(made.size(), [&, room = m_followed.room()](std::size_t index) {
         made[index] = newReference(urls[static_cast<qsizetype>(index)], places, m_dataHome);
-        // Far more files can be added at once than descriptors may be open.
+        // Closes the descriptors that cannot be kept: more files can be added at once than descriptors may be open.
         if (made[index] && index >= room)
             made[index]->descriptor = FileDescriptor();
     });
@@ -167,7 +167,7 @@ std::vector<std::optional<ResolvedFile>> LinuxFileReferences::resolveAll(const s
     const FilePlaces places(m_mounts->table());
     std::vector<std::optional<ResolvedFile>> files(references.size());
     inParallel(files.size(), [&, room = m_followed.room()](std::size_t index) {
-        // What can still be followed needs more than a look.
+        // The first `room` files can still be followed, so they take the full way below.
         if (index >= room)
             files[index] = inPlace(references[index], places);
     });

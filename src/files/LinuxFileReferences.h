@@ -19,31 +19,31 @@ class MainQueue;
 class Mounts;
 struct FileReference;
 
-/// References that hold a path and the file's identity. A symbolic link is itself what is referred to, but one that
-/// leads nowhere counts as not there. What lies where a look may not be answered has the state that was last known of
-/// it, see `DistantFiles`. Main thread only.
+/// References that hold a path and the file's identity. A reference to a symbolic link means the link itself, but a
+/// link without a target counts as missing. Files on file systems that may not answer have their last known state, see
+/// `DistantFiles`. Main thread only.
 class LinuxFileReferences final : public FileReferences {
 public:
-    /// `home` is the folder below which lost files are looked for, `dataHome` the one that holds the user's Trash.
-    /// Without `mounts` the kernel is asked what is mounted.
+    /// Lost files are searched below `home`. `dataHome` is the folder that holds the user's Trash. Without `mounts` the
+    /// object makes its own mount table.
     LinuxFileReferences(const QByteArray& home, const QByteArray& dataHome, MainQueue& queue,
                         LostFileSearch::Clock now = std::chrono::steady_clock::now,
                         std::shared_ptr<Mounts> mounts = {});
     ~LinuxFileReferences() override;
 
     std::optional<QByteArray> make(const QUrl& url) override;
-    /// Looks at the files on several threads.
+    /// Accesses the files on several threads.
     QList<std::optional<QByteArray>> makeAll(const QList<QUrl>& urls) override;
     std::optional<ResolvedFile> resolve(const QByteArray& reference) override;
-    /// Looks on several threads at those that have nothing to be done for.
+    /// Checks on several threads whether the files are still in place. Only the others take the full, slower way.
     std::vector<std::optional<ResolvedFile>> resolveAll(const std::vector<QByteArray>& references) override;
     [[nodiscard]] bool isFolder(const QByteArray& reference) const override;
     void release(const QByteArray& reference) override;
 
 private:
     [[nodiscard]] std::optional<ResolvedFile> resolve(const QByteArray& reference, const FilePlaces& places);
-    /// The file where it was when its reference was made, if that can be said without changing anything here; may be
-    /// called on any thread.
+    /// The file at the path in its reference, if a quick check shows that it is still there. Changes nothing in this
+    /// object, so any thread may call it.
     [[nodiscard]] std::optional<ResolvedFile> inPlace(const QByteArray& reference, const FilePlaces& places) const;
     [[nodiscard]] std::optional<ResolvedFile> lookHere(const QByteArray& bytes, const FileReference& reference,
                                                        const FilePlaces& places);

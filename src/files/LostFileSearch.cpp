@@ -43,7 +43,7 @@ void LostFileSearch::forget(const QByteArray& reference)
     m_wanted.erase(reference);
     m_found.erase(reference);
     m_failures.erase(reference);
-    // The pass goes on, but what it finds for this one is of no use any more.
+    // The pass goes on, but its result for this reference is ignored.
     std::replace(m_searched.begin(), m_searched.end(), reference, QByteArray());
 }
 

@@ -18,9 +18,9 @@ class MainQueue;
 class Mounts;
 class TreeSearch;
 
-/// Looks in the background for files whose place is lost, anywhere below the home folder. Whatever is wanted in one
-/// turn of the main queue is looked for in one pass; what was not found is left alone for some minutes. Destroying it
-/// waits for nothing. Main thread only.
+/// Searches in the background, below the home folder, for files that have disappeared from their place. One pass
+/// searches for all files that were requested in one turn of the main queue. A file that was not found is not searched
+/// for again for `pauseAfterFailure`. The destructor does not wait. Main thread only.
 class LostFileSearch final {
 public:
     using Clock = std::function<std::chrono::steady_clock::time_point()>;
@@ -32,19 +32,19 @@ public:
     LostFileSearch(const LostFileSearch&) = delete;
     LostFileSearch& operator=(const LostFileSearch&) = delete;
 
-    /// Looks for the file of `reference`, unless that is under way or was in vain a short while ago.
+    /// Requests a search for the file of `reference`, unless one is running or failed a short while ago.
     void want(const QByteArray& reference, const FileIdentity& identity);
 
-    /// Where the file was when the search came past it.
+    /// The path at which the last search found the file. The file may have moved since.
     [[nodiscard]] std::optional<QByteArray> found(const QByteArray& reference) const;
 
-    /// Drops all that is known about `reference`.
+    /// Drops everything known about `reference`.
     void forget(const QByteArray& reference);
 
     /// Whether a pass is under way or about to begin.
     [[nodiscard]] bool isSearching() const;
 
-    /// A pass has found files. Set by the owner.
+    /// Called when a pass has found files. Set by the owner.
     std::function<void()> onFound;
 
 private:
@@ -56,9 +56,9 @@ private:
     std::shared_ptr<Mounts> m_mounts;
     MainQueue& m_queue;
     Clock m_now;
-    /// What the next pass looks for.
+    /// The files that the next pass searches for.
     std::map<QByteArray, FileIdentity> m_wanted;
-    /// What the pass under way looks for.
+    /// The references that the running pass searches for; empty bytes for one that was forgotten.
     std::vector<QByteArray> m_searched;
     std::unique_ptr<TreeSearch> m_pass;
     std::map<QByteArray, QByteArray> m_found;

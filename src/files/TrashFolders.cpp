@@ -21,7 +21,7 @@ namespace {
     return ::stat(path.constData(), &status) == 0 ? std::optional(status.st_dev) : std::nullopt;
 }
 
-/// The nearest folder above `path` that is there, with all links resolved.
+/// The nearest existing folder above `path`, with all links resolved.
 [[nodiscard]] QByteArray nearestFolder(const QByteArray& path)
 {
     struct Free {

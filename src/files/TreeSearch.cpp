@@ -37,7 +37,7 @@ public:
         while (!m_folders.empty() && !isDone()) {
             const QByteArray path = std::move(m_folders.back());
             m_folders.pop_back();
-            // Opening it would ask what is mounted there, or even have it mounted.
+            // Opening it would access the mounted file system, or even trigger a mount.
             if (isMountPoint(path))
                 continue;
             const auto folder = FolderEntries::tryOpen(path, FolderEntries::Links::refuse);
@@ -86,9 +86,9 @@ private:
     const std::vector<FileIdentity>& m_wanted;
     Mounts& m_mounts;
     const ReturnPath& m_return;
-    /// The places in `m_wanted` of what is still to be found, by inode.
+    /// The indexes in `m_wanted` of the files that are not found yet, by inode.
     std::unordered_multimap<quint64, std::size_t> m_missing;
-    /// Paths, not open folders: a tree may be deeper than there are descriptors.
+    /// Paths instead of open folders, because a tree may be deeper than the limit on descriptors.
     std::vector<QByteArray> m_folders;
     TreeSearch::Places m_places;
 };

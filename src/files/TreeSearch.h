@@ -15,17 +15,17 @@ class MainQueue;
 class Mounts;
 class ReturnPath;
 
-/// One pass through a folder's tree for a number of files, on a thread of its own that runs only when nothing else
-/// wants to. It stays on the folder's volume, opens nothing that is mounted in it, and follows no links. Destroying it
-/// waits for nothing: the thread ends soon after, or never, where the volume does not answer. Main thread only.
+/// Searches a folder tree for several files in one pass, on a thread of its own with idle priority. The search stays on
+/// the folder's volume, does not open mount points in the tree, and follows no links. The destructor does not wait: the
+/// thread ends soon after, or never if the volume does not answer. Main thread only.
 class TreeSearch final {
 public:
-    /// The path of each wanted file, in the same order, where one was found.
+    /// The path of each wanted file, in the same order; none for a file that was not found.
     using Places = std::vector<std::optional<QByteArray>>;
     using Completion = std::function<void(const Places&)>;
 
-    /// Begins at once. `completion` is called on the main thread, unless the search was destroyed before; it may
-    /// destroy the search.
+    /// Begins at once. `completion` is called on the main thread, unless the search is destroyed before. `completion`
+    /// may destroy the search.
     TreeSearch(const QByteArray& root, const std::vector<FileIdentity>& wanted, std::shared_ptr<Mounts> mounts,
                MainQueue& queue, Completion completion);
     ~TreeSearch();

@@ -46,7 +46,7 @@ void limitProcess()
     limit(RLIMIT_NOFILE, mostDescriptors);
     limit(RLIMIT_FSIZE, 0);
     limit(RLIMIT_CORE, 0);
-    // A library that writes to a cache of its own is told that it cannot, instead of ending the process.
+    // A library that tries to write a cache file gets an error, instead of a signal that ends the process.
     std::signal(SIGXFSZ, SIG_IGN);
     std::signal(SIGPIPE, SIG_IGN);
 }
@@ -68,7 +68,7 @@ bool forbidLocalSockets()
     if (filter == nullptr)
         return false;
     const std::uint32_t refusal = SCMP_ACT_ERRNO(EACCES);
-    // A ring of requests to the kernel makes sockets that no filter sees.
+    // With io_uring, a process could make sockets that the filter does not see.
     const bool isDone = ::seccomp_rule_add(filter, refusal, SCMP_SYS(socket), 1, SCMP_A0_32(SCMP_CMP_EQ, AF_UNIX)) == 0
         && ::seccomp_rule_add(filter, refusal, SCMP_SYS(io_uring_setup), 0) == 0 && ::seccomp_load(filter) == 0;
     ::seccomp_release(filter);

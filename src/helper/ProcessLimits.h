@@ -4,21 +4,21 @@
 
 namespace nookle {
 
-/// Takes from this process what no helper needs: many files, files to write, more rights, and a life beyond that of the
-/// process that started it.
+/// Restricts this process to what a helper needs: few open files, no writing to files, no new privileges. The process
+/// is killed when the process that started it ends.
 void limitProcess();
 
-/// What every helper can work with.
+/// The address space that is enough for every helper, in bytes.
 inline constexpr std::size_t usualMemory = std::size_t(512) << 20;
 
-/// Takes from this process all addresses but for so many bytes. It can have no more of them later.
+/// Limits the address space of this process to `bytes`. The limit cannot be raised later.
 void limitMemory(std::size_t bytes);
 
-/// Ends this process when it has used the processor for so long altogether.
+/// Ends this process when it has used `seconds` of processor time in total.
 void limitProcessorTime(unsigned seconds);
 
-/// Leaves this process the internet's sockets and no others: a display and a session bus listen on local ones, which no
-/// sandbox hides as long as it shares the network. False where the kernel refuses.
+/// Forbids this process to make local (Unix) sockets. The display server and the session bus listen on local sockets,
+/// and a sandbox that shares the network does not hide them. False if the kernel refuses.
 [[nodiscard]] bool forbidLocalSockets();
 
 } // namespace nookle

@@ -9,26 +9,26 @@
 
 namespace nookle {
 
-/// A helper's end of the socket to the program. Waits, without a time limit, for whatever it has to wait for.
+/// A helper's end of the socket to the program. Its calls block without a timeout.
 class RequestSocket final {
 public:
     struct Incoming {
         QByteArray message;
-        /// What came with it, or none.
+        /// The descriptor that came with the message; closed if there was none.
         FileDescriptor file;
     };
 
-    /// A longer message than `longest` counts as the end.
+    /// A message longer than `longest` bytes counts as the end of the requests.
     RequestSocket(FileDescriptor socket, quint32 longest);
 
-    /// The next request; nothing once the program has no more.
+    /// The next request; none once the program has closed its end.
     [[nodiscard]] std::optional<Incoming> receive();
 
-    /// False when the program does not listen any more.
+    /// False when the program no longer listens.
     [[nodiscard]] bool send(QByteArrayView bytes);
 
-    /// Sends the length of `message` as four bytes, the highest first, then the message. False when the program does
-    /// not listen any more.
+    /// Sends the length of `message` as four bytes, big-endian, then the message. False when the program no longer
+    /// listens.
     [[nodiscard]] bool sendMessage(const QByteArray& message);
 
 private:

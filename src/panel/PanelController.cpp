@@ -17,7 +17,7 @@ inline constexpr double slideDuration = 0.18;
 inline constexpr double autoHideDelay = 0.5;
 inline constexpr double dragInPollInterval = 0.1;
 
-/// The panel's place at rest: flush right in the usable area of a display, with a margin above and below.
+/// The panel's frame at rest: at the right edge of a display's usable area, with a margin above and below.
 [[nodiscard]] QRectF restingFrame(const QRectF& visibleFrame)
 {
     const QRectF area = visibleFrame.adjusted(0, verticalMargin, 0, -verticalMargin);

@@ -16,8 +16,8 @@ class PanelWindow;
 class Pointer;
 class ShelfStore;
 
-/// Every rule that decides when the shelf's panel slides in and out, and where. One for the life of the program; what
-/// it is given must outlive it. Main thread only.
+/// Decides when and where the shelf's panel slides in and out. One for the life of the program. The constructor's
+/// arguments must outlive it. Main thread only.
 class PanelController final {
 public:
     PanelController(ShelfStore& store, UserDefaults& defaults, PanelWindow& panel, const Pointer& pointer,
@@ -34,37 +34,38 @@ public:
     /// Slides the panel in on the display under the pointer. On a shown panel it only cancels a pending hide.
     void show();
 
-    /// Slides the panel out, wherever the pointer is, unless a menu of its own is open. On a hidden panel it only
+    /// Slides the panel out, even if the pointer is over it, unless one of its menus is open. On a hidden panel it only
     /// cancels a pending hide.
     void hide();
 
-    /// Shows a hidden panel for a drag of another program, and lets it go once the left button is released.
+    /// Shows a hidden panel for a drag of another program, and schedules its hiding once the left button is released.
     void showForIncomingDrag();
 
-    /// Flips the pinned state. Unpinning a shown panel lets it go.
+    /// Toggles the pinned state. Unpinning a shown panel schedules its hiding.
     void togglePinned();
 
-    /// Hides the panel in `seconds` unless it is pinned; puts it off while the pointer is over the panel, a menu of its
-    /// own is open or an item is being dragged out of it. Replaces a hide that is already pending.
+    /// Hides the panel in `seconds` unless it is pinned. Delays this while the pointer is over the panel, one of its
+    /// menus is open, or an item is being dragged out of it. Replaces a pending hide.
     void scheduleHide(double seconds);
 
-    /// A display has come, gone or changed: a shown panel stands at rest on the display that it was on, or on another
-    /// one when that is gone; a hidden one stays out of sight.
+    /// Call this when a display was added, removed or changed. Moves a shown panel to its place on its display, or on
+    /// another one if its own is gone. A hidden panel stays hidden.
     void displaysChanged();
 
-    /// A drop began (true) or ceased to hover over the shelf.
+    /// Call this when a drag that the shelf accepts has entered the shelf (true) or left it.
     void dropTargetChanged(bool isDropTarget);
 
-    /// A menu of the panel's own has opened (true) or closed. It would be left behind by a panel that slides out.
+    /// Call this when a menu of the panel has opened (true) or closed. The panel does not slide out under an open menu.
     void menuOpenChanged(bool isOpen);
 
-    /// The drag of an item out of the shelf has begun, or has ended and been dealt with.
+    /// Call these when the drag of an item out of the shelf has begun, and when it has ended and its result was
+    /// handled.
     void beginDragOut();
     void endDragOut();
 
 private:
     [[nodiscard]] std::optional<QRectF> displayUnderPointer() const;
-    /// The display that the panel was shown on, wherever it is now; none when it is gone.
+    /// The present frame of the display on which the panel was shown; none when that display is gone.
     [[nodiscard]] std::optional<QRectF> ownDisplay() const;
     void cancelPendingHide() { m_pendingHide.reset(); }
     void hideUnlessInUse();

@@ -6,8 +6,8 @@ namespace nookle {
 
 class UserDefaults;
 
-/// Whether the panel stays on screen, kept under the settings key "panelPinned". Shared by the panel controller, the
-/// shelf view and the status menu. Main thread only.
+/// Whether the panel is pinned, that is, stays on screen. Stored under the settings key "panelPinned". Shared by the
+/// panel controller, the shelf view and the status menu. Main thread only.
 class PanelPinning final : public QObject {
     Q_OBJECT
 
@@ -16,7 +16,7 @@ public:
 
     [[nodiscard]] bool isPinned() const { return m_isPinned; }
 
-    /// Writes the settings and tells observers, at every call.
+    /// Writes the setting and emits `isPinnedChanged`, even if nothing has changed.
     void setPinned(bool isPinned);
 
 Q_SIGNALS:

@@ -9,7 +9,7 @@
 
 namespace nookle {
 
-/// Images of which any would do, tried one after the other until one can be decoded. Destroying it drops the rest.
+/// Tries to decode several alternative images, one after the other, until one succeeds. Destroying it cancels the rest.
 class DecodeAttempts final {
 public:
     struct Attempt {
@@ -17,7 +17,7 @@ public:
         RegularFile file;
     };
 
-    /// With what came first, and the request that it answers; or with nothing.
+    /// Called with the first successful reply and its request, or with none if every attempt failed.
     using Completion = std::function<void(std::optional<DecodeReply>, const DecodeRequest&)>;
 
     /// `completion` is called once, never from within this call, and may destroy this object.
@@ -28,7 +28,7 @@ private:
     void take(std::optional<DecodeReply> reply);
 
     ImageDecoder& m_decoder;
-    /// The last one is the next to try.
+    /// In reverse order: the last one is tried next.
     std::vector<Attempt> m_attempts;
     Completion m_completion;
     DecodeRequest m_request;

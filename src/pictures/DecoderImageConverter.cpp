@@ -10,7 +10,7 @@ namespace nookle {
 
 namespace {
 
-// No image has a longer side: the decoder's memory would not do for it.
+// In pixels. The decoder has too little memory for images with a longer side.
 inline constexpr int largestSide = 8192;
 
 [[nodiscard]] std::optional<RegularFile> opened(const ImageConverter::Source& source)

@@ -6,7 +6,7 @@ namespace nookle {
 
 class ImageDecoder;
 
-/// Conversions in the process of an `ImageDecoder`, which must outlive this object.
+/// Converts images in the process of an `ImageDecoder`, which must outlive this object.
 class DecoderImageConverter final : public ImageConverter {
 public:
     explicit DecoderImageConverter(ImageDecoder& decoder);

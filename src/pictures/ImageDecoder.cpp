@@ -12,12 +12,12 @@ namespace nookle {
 struct ImageDecoder::Job {
     DecodeRequest request;
     std::optional<RegularFile> file;
-    /// While `file` is being copied.
+    /// Set while `file` is being copied.
     std::unique_ptr<SealedCopy> copy;
     std::unique_ptr<Cancellable> copyLimit;
-    /// Whether `file` is one that the decoder may have.
+    /// Whether `file` is sealed, so that it may be sent to the decoder.
     bool isSealed = false;
-    /// None once the result is not wanted any more.
+    /// Empty once the request was cancelled.
     Completion completion;
 };
 
@@ -30,7 +30,7 @@ ImageDecoder::ImageDecoder(MainQueue& queue, QString program, Confinement confin
 
 ImageDecoder::~ImageDecoder()
 {
-    // The handles may outlive both this object and the queue.
+    // The callers' handles keep the jobs alive, possibly longer than this object and the queue.
     for (const std::shared_ptr<Job>& job : m_waiting) {
         job->copyLimit.reset();
         job->copy.reset();
@@ -79,7 +79,8 @@ void ImageDecoder::pump()
     }
     m_idleEnd.reset();
     copyNext();
-    // Not before there is something to send: a decoder that always ends at once would be started again and again.
+    // Started only when there is something to send: otherwise a decoder that always crashes at once would be started in
+    // an endless loop.
     if (m_decoder == Decoder::none && canSend())
         startDecoder();
     while (m_decoder == Decoder::ready && canSend() && m_sent.size() < mostOnTheWay)
@@ -91,7 +92,7 @@ bool ImageDecoder::canSend() const
     return !m_waiting.empty() && m_waiting.front()->isSealed;
 }
 
-// While the decoder is at one image the next is copied.
+// Copies the next image while the decoder works on the present one.
 void ImageDecoder::copyNext()
 {
     const std::size_t most = std::min(m_waiting.size(), mostOnTheWay - m_sent.size());
@@ -161,14 +162,15 @@ void ImageDecoder::receive(QByteArrayView bytes)
         m_decoder = Decoder::ready;
         m_confinement.succeeded();
         m_limit.reset();
-        // At once: a decoder that ends before it has been asked anything would be started again and again.
+        // Send the first request at once: a decoder that crashes before it has a request would be started again and
+        // again.
         pump();
     }
     while (takeReply()) {}
     schedulePump();
 }
 
-// Whether there may be another one.
+// Returns whether there may be another reply.
 bool ImageDecoder::takeReply()
 {
     if (m_sent.empty()) {
@@ -194,7 +196,7 @@ bool ImageDecoder::takeReply()
     return true;
 }
 
-// How long the decoder has for what it does first: to start, or the oldest image.
+// Restarts the timeout of the decoder's present work: its start, or the oldest image.
 void ImageDecoder::restartLimit()
 {
     m_limit.reset();

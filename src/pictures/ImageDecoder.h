@@ -19,10 +19,10 @@ namespace nookle {
 
 class MainQueue;
 
-/// Has images decoded, in the order in which they come, by a process that is started when the first one comes, started
-/// again after a crash, and ended when nothing has come for a while. An image that crashes the decoder, or keeps it
-/// longer than `longestDecoding`, has no result; those behind it are not touched by that. The decoder gets copies in
-/// memory, so that it can change no file. Main thread only.
+/// Decodes images in a helper process, in the order of the requests. The process is started at the first request,
+/// restarted after a crash, and ended when it has been idle for `longestIdling`. An image that crashes the decoder, or
+/// takes longer than `longestDecoding`, has no result; the images behind it are still decoded. The decoder gets copies
+/// in memory, so that it cannot change a file. Main thread only.
 class ImageDecoder final {
 public:
     using Completion = std::function<void(std::optional<DecodeReply>)>;
@@ -32,24 +32,25 @@ public:
     inline static constexpr double longestDecoding = 5;
     inline static constexpr double longestIdling = 10;
 
-    /// In bytes. The decoder has no memory for the pixels of what is longer.
+    /// In bytes. Larger files get no result: the decoder has too little memory for their pixels.
     inline static constexpr qint64 longestFile = qint64{ 256 } << 20;
 
-    /// While one image is being decoded the next is there already, so that the decoder never waits for this process.
+    /// The maximum number of requests that the decoder holds. While it decodes one image, it has the next already, so
+    /// it never waits for this process.
     inline static constexpr std::size_t mostOnTheWay = 2;
 
-    /// `program` is the path of the decoder. Where no sandbox can be made, the decoder runs without one.
+    /// `program` is the path of the decoder. If no sandbox can be started, the decoder runs without one.
     ImageDecoder(MainQueue& queue, QString program, Confinement confinement = Confinement::sandbox);
     ~ImageDecoder();
     ImageDecoder(const ImageDecoder&) = delete;
     ImageDecoder& operator=(const ImageDecoder&) = delete;
 
-    /// Does what `request` asks with the image in `file`. `completion` is called once, on the main thread and after
-    /// this call has returned, with nothing when there is no image; also when there is no file.
+    /// Processes the image in `file` as `request` says. `completion` is called once, on the main thread and after this
+    /// call has returned. It gets none when there is no file, or no image in it.
     [[nodiscard]] std::unique_ptr<Cancellable> decode(DecodeRequest request, std::optional<RegularFile> file,
                                                       Completion completion);
 
-    /// The process that decodes, or that confines the one that does; 0 when there is none.
+    /// The id of the decoder's process, or of the sandbox around it; 0 when there is none.
     [[nodiscard]] qint64 processId() const;
 
 private:
@@ -80,14 +81,14 @@ private:
     HelperConfinement m_confinement;
     Decoder m_decoder = Decoder::none;
     std::deque<std::shared_ptr<Job>> m_waiting;
-    /// What the decoder has been asked and has not answered, the oldest first.
+    /// The requests that the decoder has not answered yet, the oldest first.
     std::deque<std::shared_ptr<Job>> m_sent;
     std::unique_ptr<HelperProcess> m_process;
     FrameReader m_reader;
     std::unique_ptr<Cancellable> m_limit;
     std::unique_ptr<Cancellable> m_idleEnd;
     bool m_isPumpScheduled = false;
-    /// Each image tries again, but the log is told once.
+    /// The failure to start the decoder is logged only once, although each image tries to start it again.
     bool m_hasToldOfFailure = false;
     Lifetime m_lifetime;
 };

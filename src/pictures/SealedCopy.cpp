@@ -16,14 +16,14 @@ std::atomic<int> runningThreads = 0;
 
 } // namespace
 
-/// What the thread and the main thread share. Belongs to both, since either may end first.
+/// The data that the thread and the main thread share. Both own it, because either may end first.
 struct SealedCopy::Order {
     RegularFile file;
     qint64 longest = 0;
     std::atomic<bool> isWanted = true;
     std::optional<RegularFile> copy;
     std::mutex mutex;
-    /// None once nobody waits any more.
+    /// Null once the `SealedCopy` was destroyed.
     SealedCopy* owner = nullptr;
 };
 

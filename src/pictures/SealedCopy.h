@@ -10,18 +10,18 @@
 
 namespace nookle {
 
-/// A file being copied into memory where nobody can change it, on a thread of its own, because a disk may be slow and a
-/// server may never answer. Destroying it drops the copy; nothing waits for the thread, which ends when it can. Main
-/// thread only, in an event loop.
+/// Copies a file into sealed memory, which nobody can change. Each copy has its own thread, because a disk may be slow
+/// and a server may never answer. Destroying it cancels the copy. It does not wait for the thread, which ends when its
+/// current read returns. Main thread only, with a running event loop.
 class SealedCopy final {
 public:
     using Completion = std::function<void(std::optional<RegularFile>)>;
 
-    /// So many files may keep their threads waiting. More get no copy.
+    /// The maximum number of copies that run at the same time. A further copy fails.
     inline static constexpr int mostThreads = 8;
 
-    /// `completion` is called once, after this call has returned, with nothing for a file of more than `longest` bytes
-    /// and for one that cannot be read. It may destroy this object.
+    /// `completion` is called once, after this call has returned. It gets none for a file of more than `longest` bytes,
+    /// or one that cannot be read. It may destroy this object.
     SealedCopy(RegularFile file, qint64 longest, Completion completion);
     ~SealedCopy();
     SealedCopy(const SealedCopy&) = delete;
@@ -35,7 +35,7 @@ private:
     void finish(const std::shared_ptr<Order>& order);
 
     Completion m_completion;
-    /// Where the thread's message arrives.
+    /// Receives the thread's message.
     QObject m_context;
     std::shared_ptr<Order> m_order;
 };

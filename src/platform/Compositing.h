@@ -4,17 +4,17 @@
 
 namespace nookle {
 
-/// What lies behind the parts of a window that let something through.
+/// What shows through the transparent parts of a window.
 enum class Backdrop {
-    /// Nothing: windows hide what is below them, and every pixel must be filled.
+    /// Nothing. The window must fill every pixel.
     opaque,
-    /// What is below the window, as it is.
+    /// The screen content below the window, unchanged.
     translucent,
-    /// What is below the window, blurred.
+    /// The screen content below the window, blurred.
     blurred,
 };
 
-/// Whether the desktop draws windows through one another. Main thread only.
+/// Tells whether the desktop supports transparent windows. Main thread only.
 class Compositing : public QObject {
     Q_OBJECT
 

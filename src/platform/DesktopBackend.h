@@ -18,7 +18,8 @@ class QWindow;
 
 namespace nookle {
 
-/// One display server's implementation of everything that goes through it. Main thread only.
+/// The implementation of all services that depend on the display server, for one kind of display server. Main thread
+/// only.
 class DesktopBackend {
 public:
     virtual ~DesktopBackend() = default;
@@ -29,22 +30,22 @@ public:
 
     [[nodiscard]] virtual Compositing& compositing() = 0;
     [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
-    /// The tray that shows windows of programs.
+    /// The kind of tray that embeds windows of programs.
     [[nodiscard]] virtual TrayHost& embeddingTray() = 0;
 
-    /// Makes the drag readable that is over a window of this program, or was just dropped there; `data` is the
-    /// toolkit's view of it, and must outlive the payload.
+    /// Makes a payload that reads the drag over a window of this program, or the one that was just dropped there.
+    /// `data` is the toolkit's object for that drag, and must outlive the payload.
     [[nodiscard]] virtual std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) = 0;
 
-    /// The toolkit is about to begin a drag that carries `payload`. Receivers may ask for it until the next drag
-    /// begins.
+    /// Call this before the toolkit begins a drag that carries `payload`. Receivers may request the payload until the
+    /// next drag begins.
     virtual void offerDrag(std::shared_ptr<const DragPayload> payload) = 0;
 
-    /// Makes a window of the toolkit the shelf's panel. Where nothing shines through windows, its left corners are cut
-    /// off. `window` has been created, has not been shown, and must outlive the panel.
+    /// Turns `window` into the shelf's panel. Without transparent windows, its left corners are cut off with
+    /// `cornerRadius`, in points. `window` has been created, has not been shown, and must outlive the panel.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) = 0;
 
-    /// A display has come, gone or changed. Set by the owner.
+    /// Called when a display was added, removed or changed. Set by the owner.
     std::function<void()> onDisplaysChanged;
 };
 

@@ -17,23 +17,23 @@ namespace nookle {
         && point.y() < rect.top() + rect.height();
 }
 
-/// The displays of the desktop, as they are at the call, in points of the desktop's coordinates (origin at the top
-/// left). Main thread only.
+/// The present displays of the desktop. Coordinates are points of the whole desktop, with the origin at the top left.
+/// Main thread only.
 class Displays {
 public:
     virtual ~Displays() = default;
 
-    /// The full frames of all displays, in the system's order. Cheap enough for every movement of a drag.
+    /// The full frames of all displays, in the system's order. Cheap enough to call at every movement of a drag.
     [[nodiscard]] virtual std::vector<QRectF> frames() const = 0;
 
     /// The full frame of the main display; none when there is no display.
     [[nodiscard]] virtual std::optional<QRectF> mainFrame() const = 0;
 
-    /// What tells the display with that full frame from the others while it is plugged in, wherever the arrangement of
-    /// the displays puts it. Empty when there is no such display.
+    /// An identifier of the display with the full frame `frame`. It stays the same while the display is plugged in,
+    /// even if the displays are rearranged. Empty when no display has that frame.
     [[nodiscard]] virtual QString identity(const QRectF& frame) const = 0;
 
-    /// What panels and docks leave of the display with that full frame.
+    /// The part of the display with the full frame `frame` that panels and docks leave free.
     [[nodiscard]] virtual QRectF visibleFrame(const QRectF& frame) const = 0;
 };
 

@@ -11,19 +11,20 @@
 
 namespace nookle {
 
-/// What a drag out of the shelf offers to other programs. Texts are UTF-8. Main thread only.
+/// The data that a drag out of the shelf offers to other programs, in several formats. Texts are UTF-8. Main thread
+/// only.
 class DragPayload final {
 public:
     using Maker = std::function<std::optional<QByteArray>()>;
 
-    /// Adds a format after those that are there. `make` is called each time somebody asks for its bytes, and returns
-    /// nothing when it cannot make them.
+    /// Adds a format behind the existing ones. `make` is called for each request for the bytes; it returns none if it
+    /// cannot make them.
     void add(const QString& format, Maker make);
 
-    /// The names of the formats, the best one first. Costs nothing.
+    /// The names of the formats, the best one first. Makes no bytes.
     [[nodiscard]] QStringList formats() const;
 
-    /// The bytes in that format; nothing when it is not offered, or its bytes cannot be made.
+    /// The bytes in `format`; none when the format is not offered, or its bytes cannot be made.
     [[nodiscard]] std::optional<QByteArray> data(const QString& format) const;
 
 private:

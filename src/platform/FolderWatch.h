@@ -9,22 +9,22 @@
 
 namespace nookle {
 
-/// A watch of a folder, which ends when this is destroyed.
+/// A running watch of a folder. Destroying it ends the watch.
 class FolderSubscription {
 public:
     virtual ~FolderSubscription() = default;
 
-    /// Whether the folder that is watched is still the one at its path. One that is not tells nothing any more.
+    /// Whether the watched folder is still the one at its path. If not, the watch reports nothing any more.
     [[nodiscard]] virtual bool isInPlace() const = 0;
 };
 
-/// A watch that was asked for.
+/// The result of a request to watch a folder.
 struct WatchedFolder {
     enum class Result {
         watched,
-        /// There is no such folder, or nobody may read it, or it may never answer.
+        /// The folder does not exist, cannot be read, or is on a file system that may never answer.
         unreadable,
-        /// The programs of the user have as many watches as the system allows.
+        /// The user's programs have reached the system's limit on watches.
         noWatchLeft,
     };
 
@@ -33,20 +33,20 @@ struct WatchedFolder {
     Result result = Result::watched;
 };
 
-/// Looks into folders, and tells when their entries change. A folder that may never answer counts as none. Main thread
-/// only.
+/// Lists folders, and reports changes of their entries. A folder on a file system that may never answer counts as
+/// missing. Main thread only.
 class FolderWatch {
 public:
     virtual ~FolderWatch() = default;
 
     [[nodiscard]] virtual bool isFolder(const QUrl& url) const = 0;
 
-    /// The names of the entries of `folder`, in ascending order; they are bytes, not text. Empty when it cannot be
-    /// read.
+    /// The names of the entries of `folder`, in ascending order; names are bytes, not text. Empty when the folder
+    /// cannot be read.
     [[nodiscard]] virtual std::set<QByteArray> entryNames(const QUrl& folder) const = 0;
 
-    /// Calls `onChanged` whenever an entry was added, removed or renamed, once or more for each, and when the folder
-    /// itself goes.
+    /// Calls `onChanged` after entries were added, removed or renamed, and after the folder itself was removed or
+    /// moved. One call may stand for several changes, and one change may cause several calls.
     [[nodiscard]] virtual WatchedFolder watch(const QUrl& folder, std::function<void()> onChanged) = 0;
 };
 

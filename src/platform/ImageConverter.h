@@ -12,8 +12,8 @@
 
 namespace nookle {
 
-/// Turns images that nobody vouches for into PNG. They are decoded in a process of their own, with limits on time and
-/// memory, so that a malicious or broken one harms nothing. Main thread only.
+/// Converts untrusted images to PNG. A separate process decodes them, with limits on time and memory, so that a
+/// malicious or broken image does no harm. Main thread only.
 class ImageConverter {
 public:
     /// An image file, or the bytes of one.
@@ -22,9 +22,9 @@ public:
 
     virtual ~ImageConverter() = default;
 
-    /// Converts the first frame of `source`. Refuses images with a side of more than `maximumSide` pixels.
-    /// `completion` is called once, on the main thread and after this call has returned; nothing means that no image
-    /// could be read. The conversion may be destroyed from within its completion.
+    /// Converts the first frame of `source`. Refuses images with a side of more than `maximumSide` pixels. `completion`
+    /// is called once, on the main thread and after this call has returned; none means that no image could be read. The
+    /// completion may destroy the conversion.
     [[nodiscard]] virtual std::unique_ptr<Cancellable> convertToPng(Source source, int maximumSide,
                                                                     Completion completion) = 0;
 };

@@ -12,11 +12,11 @@
 
 namespace nookle {
 
-/// What a web page says about itself.
+/// The title and icon that a web page declares.
 struct LinkMetadata {
     std::optional<QString> title;
-    /// Loads the page's icon and calls back once, on the main thread, with PNG bytes or nothing. Empty when the page
-    /// has no icon. Works on after the request is gone.
+    /// Loads the page's icon and calls back once, on the main thread, with PNG bytes or none. An empty function when
+    /// the page has no icon. May be called after the request was destroyed.
     std::function<void(std::function<void(std::optional<QByteArray> png)>)> loadIcon;
 };
 
@@ -27,8 +27,8 @@ public:
 
     virtual ~LinkMetadataService() = default;
 
-    /// Looks `url` up. `completion` is called once, on the main thread and after this call has returned; nothing means
-    /// that the lookup failed. The request may be destroyed from within its completion.
+    /// Looks up the page at `url`. `completion` is called once, on the main thread and after this call has returned;
+    /// none means that the lookup failed. The completion may destroy the request.
     [[nodiscard]] virtual std::unique_ptr<Cancellable> start(const QUrl& url, Completion completion) = 0;
 };
 

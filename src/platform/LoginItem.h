@@ -12,9 +12,9 @@ public:
     enum class Status {
         notRegistered,
         enabled,
-        /// Registered, but switched off in the desktop's own settings.
+        /// Registered, but disabled in the desktop's own settings.
         requiresApproval,
-        /// Registered in a way that the desktop can do nothing with.
+        /// Registered, but the desktop cannot use the registration.
         notFound,
     };
 
@@ -22,13 +22,14 @@ public:
 
     [[nodiscard]] virtual Status status() const = 0;
 
-    /// Asks the desktop to start the program. What the user has switched off in the desktop's settings stays off.
+    /// Asks the desktop to start the program at login. If the user has disabled it in the desktop's settings, it stays
+    /// disabled.
     [[nodiscard]] virtual std::optional<Failure> registerItem() = 0;
 
-    /// The desktop starts the program no more.
+    /// Asks the desktop not to start the program at login.
     [[nodiscard]] virtual std::optional<Failure> unregisterItem() = 0;
 
-    /// Shows the desktop's own settings for programs that start by themselves.
+    /// Shows the desktop's own settings for programs that start at login.
     virtual void openSystemSettings() = 0;
 };
 

@@ -9,7 +9,7 @@ class Notifier {
 public:
     virtual ~Notifier() = default;
 
-    /// Never waits until it is shown.
+    /// Does not wait until the message is shown.
     virtual void notify(const QString& text) = 0;
 };
 

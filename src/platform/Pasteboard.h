@@ -5,7 +5,7 @@
 
 namespace nookle {
 
-/// The general clipboard. Every operation replaces what it held. Main thread only.
+/// The clipboard. Every operation replaces its content. Main thread only.
 class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
@@ -14,10 +14,10 @@ public:
     virtual void writeFile(const QUrl& file) = 0;
     virtual void writeText(const QString& text) = 0;
 
-    /// The address both as an address and as text.
+    /// Writes the address both as an address and as text.
     virtual void writeLink(const QString& address) = 0;
 
-    /// The picture in the image file; writes nothing when the file holds none that can be read.
+    /// Writes the picture in the image file. Writes nothing when the file holds no readable image.
     virtual void writeImage(const QUrl& file) = 0;
 };
 

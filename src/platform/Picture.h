@@ -4,8 +4,8 @@
 
 namespace nookle {
 
-/// A picture as plain pixels: rows from the top, each pixel four bytes, 0xAARRGGBB in the machine's byte order with the
-/// colours multiplied by the alpha, and no gap between two rows.
+/// A picture as raw pixels, in rows from the top without padding. Each pixel is four bytes: 0xAARRGGBB in the machine's
+/// byte order, with premultiplied alpha.
 struct Picture {
     int width = 0;
     int height = 0;

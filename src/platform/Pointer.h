@@ -4,7 +4,7 @@
 
 namespace nookle {
 
-/// The pointer, wherever on the desktop it is. Main thread only.
+/// The mouse pointer, anywhere on the desktop. Main thread only.
 class Pointer {
 public:
     virtual ~Pointer() = default;

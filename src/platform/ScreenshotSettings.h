@@ -5,7 +5,7 @@
 
 namespace nookle {
 
-/// Where the desktop puts screenshots, and how it marks them. Main thread only.
+/// The folders in which the desktop saves screenshots, and the mark by which it identifies them. Main thread only.
 class ScreenshotSettings {
 public:
     virtual ~ScreenshotSettings() = default;
@@ -13,7 +13,7 @@ public:
     /// The folders that are set up for screenshots, the user's own choice first. They need not exist.
     [[nodiscard]] virtual QList<QUrl> locations() const = 0;
 
-    /// The folder for when none of them is there.
+    /// The folder to use when none of `locations` exists.
     [[nodiscard]] virtual QUrl desktopDirectory() const = 0;
 
     /// Whether the file is marked as a screenshot. A file that is still being written may not be marked yet.

@@ -16,7 +16,7 @@ public:
     /// Moves the file or folder at `url` to the Trash of its volume.
     [[nodiscard]] virtual std::optional<Failure> moveToTrash(const QUrl& url) = 0;
 
-    /// Whether the path of `url` lies in a Trash; looks at the path alone.
+    /// Whether the path of `url` lies in a Trash. Checks only the path, not the disk.
     [[nodiscard]] virtual bool contains(const QUrl& url) const = 0;
 };
 

@@ -4,14 +4,14 @@
 
 namespace nookle {
 
-/// A part of the desktop that shows the icons of programs. It may come and go at any time. Main thread only.
+/// A tray of the desktop, which shows icons of programs. It may start and stop at any time. Main thread only.
 class TrayHost {
 public:
     virtual ~TrayHost() = default;
 
     [[nodiscard]] virtual bool isPresent() const = 0;
 
-    /// It has come or gone. Set by the one that watches it.
+    /// Called when the tray has started or stopped. Set by the object that watches the tray.
     std::function<void()> onChanged = [] {};
 };
 

@@ -7,12 +7,12 @@
 
 namespace nookle {
 
-/// The user's settings: a persistent store of keys and values. Main thread only.
+/// The user's settings, a persistent store of keys and values. Main thread only.
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;
 
-    /// Values for keys that were never written, or whose stored value is not of the type asked for.
+    /// Sets the values for keys that were never written, or whose stored value has another type than requested.
     virtual void registerDefaults(const QVariantMap& defaults) = 0;
 
     /// The stored value, else the registered default, else false.
@@ -25,7 +25,7 @@ public:
     virtual void set(bool value, const QString& forKey) = 0;
     virtual void set(qint64 value, const QString& forKey) = 0;
 
-    /// A text under `key` of `domain`, a group of keys of its own; none when it is absent.
+    /// The text under `key` in the group `domain`; none when it is absent.
     [[nodiscard]] virtual std::optional<QString> string(const QString& domain, const QString& key) const = 0;
 };
 

@@ -4,13 +4,13 @@
 
 namespace nookle {
 
-/// What the desktop does with files and addresses. Main thread only.
+/// Opens files and addresses with the desktop's programs. Main thread only.
 class Workspace {
 public:
     virtual ~Workspace() = default;
 
-    /// Opens a file or an address in the program that the user has chosen for it. An address that would run something
-    /// (see `refusedScheme`) is refused with one log line.
+    /// Opens a file or an address in the program that the user has chosen for it. Refuses an address that
+    /// `refusedScheme` refuses, with one log line.
     virtual void open(const QUrl& url) = 0;
 
     /// Shows the file, selected, in the desktop's file manager.

@@ -16,7 +16,7 @@ namespace nookle {
 
 namespace {
 
-// A process that was killed ends at once, unless it hangs in the kernel.
+// In milliseconds. A killed process ends at once, unless it hangs in the kernel.
 inline constexpr int longestWait = 1000;
 
 } // namespace
@@ -30,7 +30,7 @@ std::unique_ptr<QProcess> makeChildProcess(std::function<void()> prepare)
     process->setChildProcessModifier([prepare = std::move(prepare)] {
         ::setsid();
         ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-        // Some library may have opened a descriptor that stays open across the start of a program.
+        // A library may have opened a descriptor without close-on-exec.
         ::close_range(STDERR_FILENO + 1, ~0U, CLOSE_RANGE_CLOEXEC);
         prepare();
     });
@@ -47,7 +47,7 @@ void endChildProcess(std::unique_ptr<QProcess> process)
     process->disconnect();
     if (process->state() == QProcess::NotRunning)
         return;
-    // The group as well: a sandbox that is killed while it is being set up leaves a part of itself behind.
+    // Kill the whole group: a sandbox that is killed during its set-up would leave a process behind.
     if (const auto group = static_cast<pid_t>(process->processId()); group > 0)
         ::kill(-group, SIGKILL);
     process->kill();

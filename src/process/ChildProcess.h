@@ -7,16 +7,16 @@ class QProcess;
 
 namespace nookle {
 
-/// A process, not started yet, with a session of its own, that says nothing to this one's standard streams, inherits no
-/// other descriptor, and dies with this process. Before its program starts it calls `prepare`, which must do nothing
-/// but plain system calls, and may pass on descriptors by `passOn`.
+/// A child process, not started yet. It gets a session of its own, has its standard streams on /dev/null, inherits no
+/// other descriptor, and is killed when this process ends. In the child, before the program starts, `prepare` is
+/// called. It must do nothing but plain system calls, and may pass on descriptors with `passOn`.
 [[nodiscard]] std::unique_ptr<QProcess> makeChildProcess(std::function<void()> prepare);
 
-/// Lets the program that is about to start inherit `descriptor`. For `prepare` alone.
+/// Lets the child's program inherit `descriptor`. Call it only within `prepare`.
 void passOn(int descriptor);
 
-/// Kills a child process with all that it has started, and forgets it, without waiting for its end as long as an event
-/// loop runs that can see to it. Not from within a signal of `process`.
+/// Kills a child process and its process group. Does not wait for its end while an event loop runs; otherwise waits at
+/// most a second. Do not call it within a signal of `process`.
 void endChildProcess(std::unique_ptr<QProcess> process);
 
 } // namespace nookle

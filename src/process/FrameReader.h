@@ -7,8 +7,8 @@
 
 namespace nookle {
 
-/// Puts together what a helper sends, in pieces of any size: a greeting, then messages that each come after their
-/// length in four bytes, the highest first. After nonsense, nothing it sends is worth anything.
+/// Assembles the messages of a helper from pieces of any size. A helper sends a greeting, then messages, each after its
+/// length in four bytes, big-endian. After `Nonsense` the caller must discard all that the helper sends.
 class FrameReader final {
 public:
     struct Incomplete {};
@@ -17,13 +17,13 @@ public:
 
     void append(QByteArrayView bytes);
 
-    /// The greeting, which comes first and once.
+    /// Takes the greeting, which the helper sends first and once.
     [[nodiscard]] std::variant<Incomplete, Nonsense, Greeted> takeGreeting(QByteArrayView greeting);
 
-    /// The next message. One longer than `longest` is nonsense, before any of it has come.
+    /// Takes the next message. A length above `longest` is `Nonsense`, even before the message has arrived.
     [[nodiscard]] std::variant<Incomplete, Nonsense, QByteArray> takeMessage(quint32 longest);
 
-    /// Whether there are bytes that nobody has taken.
+    /// Whether there are bytes that were not taken.
     [[nodiscard]] bool hasRest() const { return !m_bytes.isEmpty(); }
 
 private:

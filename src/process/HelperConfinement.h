@@ -6,23 +6,23 @@
 
 namespace nookle {
 
-/// How a helper program is confined, from one start to the next. A single failure may be chance, so the sandbox has a
-/// second try; where that fails too, or there is no sandbox at all, the helper runs without, for that one start: the
-/// next one tries the sandbox again.
+/// Decides for each start of a helper program whether it runs in the sandbox. A single failure may be chance, so the
+/// sandbox gets a second try. If that fails too, or no sandbox is installed, the helper runs without one for this
+/// start. The start after that tries the sandbox again.
 class HelperConfinement final {
 public:
     using Confinement = HelperProcess::Confinement;
 
-    /// `name` is what the log calls the helper.
+    /// `name` is the helper's name in log lines.
     HelperConfinement(QString name, Confinement wanted);
 
-    /// What the helper is to be started with.
+    /// The confinement for the next start of the helper.
     [[nodiscard]] Confinement next();
 
-    /// The helper has begun to work.
+    /// Call this when the helper has started successfully.
     void succeeded();
 
-    /// The helper has ended before it began. True if it is to be started again at once.
+    /// Call this when the helper has ended before it was ready. True if the caller must start it again at once.
     [[nodiscard]] bool failed();
 
 private:

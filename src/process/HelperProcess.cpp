@@ -52,7 +52,7 @@ HelperProcess::HelperProcess(const Program& program, Confinement confinement)
     m_socket = FileDescriptor(ends[0]);
     const FileDescriptor helperEnd(ends[1]);
     ::fcntl(m_socket.get(), F_SETFL, O_NONBLOCK);
-    // The socket tells of the end as well: nobody else holds the helper's end of it.
+    // The socket also signals the helper's end, because only the helper holds its other end.
     m_notifier = std::make_unique<QSocketNotifier>(m_socket.get(), QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { read(); });
     start(program, confinement, helperEnd.get());
@@ -86,7 +86,7 @@ bool HelperProcess::send(const QByteArray& message, const FileDescriptor& file)
     alignas(cmsghdr) Rights control{};
     if (file.isOpen())
         addDescriptor(header, control, file.get());
-    // The few messages that are on their way at a time always find room in the socket, or it is of no use.
+    // The few messages on their way always fit into the socket's buffer. If one does not, the helper is stuck.
     return ::sendmsg(m_socket.get(), &header, MSG_NOSIGNAL) == bytes.size();
 }
 
@@ -97,7 +97,7 @@ qint64 HelperProcess::processId() const
 
 void HelperProcess::read()
 {
-    // One piece a turn, so that a helper that never stops sending cannot keep the program from all else.
+    // Reads one piece for each event, so that a helper that never stops sending cannot block the main thread.
     std::array<char, pieceSize> piece{};
     const ssize_t count = ::recv(m_socket.get(), piece.data(), piece.size(), 0);
     if (count > 0) {

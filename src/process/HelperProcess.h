@@ -14,34 +14,34 @@ class QSocketNotifier;
 
 namespace nookle {
 
-/// A running helper program of ours and the socket to it, which is the helper's standard input. The process ends with
-/// this object. What a helper sends counts as hostile. Main thread only.
+/// A running helper program of this project and the socket to it. The helper's end of the socket is its standard input.
+/// The process ends with this object. Everything that a helper sends counts as hostile. Main thread only.
 class HelperProcess final {
 public:
     enum class Confinement { sandbox, none };
 
     struct Program {
         QString path;
-        /// What its sandbox gets beyond `sandboxArguments`, which hold what every helper needs.
+        /// Arguments for the sandbox in addition to those that `nookle::sandboxArguments` gives every helper.
         QStringList sandboxArguments;
     };
 
-    /// Starts the helper. That it cannot be started shows in its end.
+    /// Starts the helper. If the program cannot be started, `onEnd` is called.
     HelperProcess(const Program& program, Confinement confinement);
     ~HelperProcess();
     HelperProcess(const HelperProcess&) = delete;
     HelperProcess& operator=(const HelperProcess&) = delete;
 
-    /// Sends the length of `message` as four bytes, the highest first, then the message; with its first bytes comes
-    /// `file`, if it is open. False when the helper does not take it.
+    /// Sends the length of `message` as four bytes, big-endian, then the message. Passes `file`, if it is open, along
+    /// with the first bytes. False when the helper cannot receive it at once.
     [[nodiscard]] bool send(const QByteArray& message, const FileDescriptor& file = FileDescriptor());
 
     [[nodiscard]] qint64 processId() const;
 
-    /// The helper has sent something. May destroy this object. Set by the owner.
+    /// Called with bytes from the helper. May destroy this object. Set by the owner.
     std::function<void(QByteArrayView)> onBytes;
 
-    /// The helper has ended, or never began. May destroy this object. Set by the owner.
+    /// Called when the helper has ended or could not be started. May destroy this object. Set by the owner.
     std::function<void()> onEnd;
 
 private:

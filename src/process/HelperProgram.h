@@ -4,8 +4,8 @@
 
 namespace nookle {
 
-/// The path of the helper called `name` that belongs to a program in `programFolder`: beside it, as it is built, or
-/// where it is installed. The first of these when there is none.
+/// The path of the helper `name` of a program in `programFolder`. The helper lies beside the program (in a build) or in
+/// the folder of installed helpers. If it is in neither, the path beside the program.
 [[nodiscard]] QString helperProgram(const QString& programFolder, const QString& name);
 
 } // namespace nookle

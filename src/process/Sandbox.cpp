@@ -7,7 +7,7 @@ namespace nookle {
 
 namespace {
 
-// Folders that are links into /usr on one system and folders of their own on the other.
+// These folders are links into /usr on some systems, and real folders on others.
 void addSystemFolder(QStringList& arguments, const QString& folder)
 {
     const QFileInfo info(folder);
@@ -22,7 +22,7 @@ void addVariable(QStringList& arguments, const QString& name, const QString& val
     arguments << QStringLiteral("--setenv") << name << value;
 }
 
-// Only what a program needs to find its libraries: the rest says much about the user.
+// Passes only the variables that a program needs to find its libraries. The others reveal much about the user.
 void addEnvironment(QStringList& arguments)
 {
     arguments << QStringLiteral("--clearenv");
@@ -38,8 +38,8 @@ void addEnvironment(QStringList& arguments)
 
 QStringList sandboxArguments()
 {
-    // Without a session of its own, so that the group of processes stays one that can be killed together. Whoever
-    // starts the sandbox is to give it a session without a terminal.
+    // No new session for the sandbox, so that all its processes stay in one group that can be killed together. The
+    // caller must start the sandbox in a session without a terminal.
     QStringList arguments{ QStringLiteral("--unshare-all"), QStringLiteral("--die-with-parent") };
     for (const char* folder : { "/usr", "/bin", "/sbin", "/lib", "/lib32", "/lib64" })
         addSystemFolder(arguments, QString::fromLatin1(folder));

@@ -4,12 +4,13 @@
 
 namespace nookle {
 
-/// The arguments of `bwrap` that confine a program: no network, no other processes, the system's own files to read, an
-/// empty folder for temporary files, nothing of the user's. The process dies with the one that started it. What else
-/// the program needs, and the program itself, follow these arguments. To be started by `makeChildProcess`.
+/// The arguments of `bwrap` that confine a program. The program has no network, sees no other processes, can read the
+/// system's files, gets an empty folder for temporary files, and sees no file of the user. It is killed when the
+/// process that started it ends. The caller appends whatever else the program needs, and the program itself. Start it
+/// with `makeChildProcess`.
 [[nodiscard]] QStringList sandboxArguments();
 
-/// The path of `bwrap`; empty where it is not installed.
+/// The path of `bwrap`; empty if it is not installed.
 [[nodiscard]] QString sandboxProgram();
 
 } // namespace nookle

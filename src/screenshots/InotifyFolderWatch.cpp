@@ -22,7 +22,7 @@ namespace nookle {
 
 namespace {
 
-/// What tells one folder from another.
+/// The numbers that identify a folder.
 struct FolderNumbers {
     dev_t device;
     ino_t inode;
@@ -37,7 +37,7 @@ struct FolderNumbers {
     return isFolder ? std::optional(FolderNumbers{ status.st_dev, status.st_ino }) : std::nullopt;
 }
 
-/// Of the last call to inotify.
+/// The result for the failure of the last inotify call.
 [[nodiscard]] WatchedFolder failure()
 {
     const bool hasNoneLeft = errno == ENOSPC || errno == EMFILE || errno == ENFILE || errno == ENOMEM;
@@ -67,7 +67,7 @@ public:
 private:
     void takeEvents()
     {
-        // What happened to the entries does not matter, only that something did.
+        // Only reads whether the watch has ended. The changes of entries need no details.
         std::array<char, 16384> events;
         ssize_t length = 0;
         while ((length = ::read(m_inotify.get(), events.data(), events.size())) > 0) {
@@ -77,14 +77,14 @@ private:
                 m_hasEnded = m_hasEnded || (event.mask & IN_IGNORED) != 0;
             }
         }
-        // The receiver may end the subscription.
+        // Copied, because the receiver may destroy this object.
         const std::function<void()> onChanged = m_onChanged;
         onChanged();
     }
 
     QByteArray m_path;
     std::optional<FolderNumbers> m_folder;
-    /// The system ends a watch with its folder, whose numbers another one may get then.
+    /// Whether the kernel has ended the watch, because its folder is gone. A new folder may get the same numbers.
     bool m_hasEnded = false;
     std::shared_ptr<Mounts> m_mounts;
     FileDescriptor m_inotify;

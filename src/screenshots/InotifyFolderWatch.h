@@ -8,7 +8,7 @@ namespace nookle {
 
 class Mounts;
 
-/// Folders of the file system. Main thread only.
+/// Watches folders with inotify. Main thread only.
 class InotifyFolderWatch final : public FolderWatch {
 public:
     explicit InotifyFolderWatch(std::shared_ptr<Mounts> mounts);

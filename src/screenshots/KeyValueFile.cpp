@@ -12,7 +12,7 @@ namespace {
 
 inline constexpr qint64 greatestSize = 1 << 20;
 
-/// Without the flag in brackets behind it.
+/// The key without the flag in brackets behind it.
 [[nodiscard]] QByteArray plainKey(const QByteArray& key)
 {
     const qsizetype bracket = key.indexOf('[');

@@ -6,17 +6,18 @@
 
 namespace nookle {
 
-/// A settings file of lines "key=value" below headings "[group]", as other programs write it. It is only ever looked
-/// into: what is not such a line is passed over.
+/// Reads a settings file of another program, with lines "key=value" below headings "[group]". All other lines are
+/// ignored. Never writes the file.
 class KeyValueFile {
 public:
-    /// Reads the file; an unreadable, special or very large one counts as empty. Never waits for a pipe.
+    /// Reads the file. A file that is unreadable, not regular or larger than 1 MiB counts as empty. Never waits for a
+    /// pipe.
     [[nodiscard]] static KeyValueFile read(const QByteArray& path);
 
     explicit KeyValueFile(const QByteArray& content);
 
-    /// The text behind `key` in `group`, which is empty for what stands above the first heading. A key may carry a
-    /// flag, as in "key[$e]".
+    /// The value of `key` in `group`. An empty `group` means the lines above the first heading. In the file, a key may
+    /// have a flag, as in "key[$e]".
     [[nodiscard]] std::optional<QByteArray> value(const QByteArray& group, const QByteArray& key) const;
 
 private:

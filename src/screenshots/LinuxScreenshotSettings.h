@@ -9,11 +9,12 @@ namespace nookle {
 class Mounts;
 class UserDefaults;
 
-/// The user's own folder for screenshots, from the settings file, before those of the session's tools. Read anew at
-/// each question. A file that may never answer counts as no screenshot. Main thread only.
+/// The folders for screenshots: first the one in the user's settings, then those of the session's screenshot tools.
+/// They are read anew at each call. A file on a file system that may never answer does not count as a screenshot. Main
+/// thread only.
 class LinuxScreenshotSettings final : public ScreenshotSettings {
 public:
-    /// `defaults` must outlive this.
+    /// `defaults` must outlive this object.
     LinuxScreenshotSettings(const UserDefaults& defaults, std::shared_ptr<Mounts> mounts);
 
     [[nodiscard]] QList<QUrl> locations() const override;

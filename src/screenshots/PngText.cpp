@@ -17,9 +17,9 @@ inline constexpr qint64 signatureSize = 8;
 inline constexpr qint64 headSize = 8;
 inline constexpr qint64 checksumSize = 4;
 inline constexpr quint32 greatestLength = 0x7fffffff;
-/// A text that is longer than this is none that a tool marks its pictures with.
+/// In bytes. No tool marks its pictures with a longer text.
 inline constexpr quint32 longestText = 4096;
-/// More than the largest screenshot has; a hostile file may be nothing but empty chunks.
+/// More than the largest screenshot has. A hostile file may consist of endless empty chunks.
 inline constexpr int mostChunks = 100000;
 
 struct ChunkHead {
@@ -44,7 +44,7 @@ struct ChunkHead {
     return length > greatestLength ? std::nullopt : std::optional(ChunkHead{ length, bytes.mid(4) });
 }
 
-/// The text behind the key of an international text chunk, unless it is compressed.
+/// The text of an international text chunk, given the bytes behind its key; empty if it is compressed.
 [[nodiscard]] QByteArray internationalText(const QByteArray& rest)
 {
     const bool isCompressed = rest.size() < 2 || rest.at(0) != 0;

@@ -7,11 +7,11 @@
 
 namespace nookle {
 
-/// The texts that a PNG file carries beside its picture, by their keys. Texts that are compressed are left empty.
+/// The text entries of a PNG file, by their keys. Compressed texts are left empty.
 using PngText = std::map<QByteArray, QByteArray>;
 
-/// Reads the texts of the PNG file behind `descriptor`; none while it is no complete one. Reads the heads of its chunks
-/// and its short texts, never the picture.
+/// Reads the texts of the PNG file behind `descriptor`; none if it is not a complete PNG file. Reads only the chunk
+/// headers and short texts, not the picture.
 [[nodiscard]] std::optional<PngText> readPngText(int descriptor);
 
 } // namespace nookle

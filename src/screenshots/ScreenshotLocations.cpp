@@ -32,7 +32,7 @@ struct Release {
 {
     constexpr const char* name = "org.gnome.gnome-screenshot";
     constexpr const char* key = "auto-save-directory";
-    // A schema that is not installed would end the program.
+    // Requesting the settings of a schema that is not installed would abort the program.
     GSettingsSchemaSource* source = g_settings_schema_source_get_default();
     const std::unique_ptr<GSettingsSchema, Release> schema(
         source != nullptr ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
@@ -43,7 +43,7 @@ struct Release {
     return folder.get();
 }
 
-/// GNOME's own tool names its folder in the user's language.
+/// The name of the folder that GNOME's own tool uses, in the user's language.
 [[nodiscard]] QByteArray translatedScreenshots()
 {
     return g_dgettext("gnome-shell", "Screenshots");
@@ -65,7 +65,7 @@ struct Release {
 [[nodiscard]] QByteArray flameshotFolder(const QByteArray& configFolder)
 {
     const QByteArray path = configFolder + "/flameshot/flameshot.ini";
-    // The reader would wait for the other end of a pipe.
+    // Checked first, because QSettings would wait for the other end of a pipe.
     if (!RegularFile::open(path, RegularFile::Links::follow))
         return {};
     const QSettings settings(QFile::decodeName(path), QSettings::IniFormat);

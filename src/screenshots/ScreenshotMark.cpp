@@ -60,7 +60,7 @@ bool hasScreenshotMark(const QByteArray& path)
     const QByteArray start = startOf(file->descriptor.get());
     if (!isPngStart(start))
         return hasName && isImage(start);
-    // A picture that is not written to its end tells nothing yet.
+    // None while the picture is not completely written.
     const auto texts = readPngText(file->descriptor.get());
     return texts && (hasName || isWrittenByScreenshotTool(*texts));
 }

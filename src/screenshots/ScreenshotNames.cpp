@@ -8,7 +8,7 @@ namespace nookle {
 
 namespace {
 
-/// What stands before the ending of the name. A number is added where the name is taken already.
+/// The names without extension. Tools add a number if the name exists already.
 [[nodiscard]] const QStringList& patterns()
 {
     static const QStringList known{

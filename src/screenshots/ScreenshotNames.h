@@ -4,7 +4,7 @@
 
 namespace nookle {
 
-/// Whether a file name is one that a tool gives to screenshots by itself, of the tools that mark them in no other way.
+/// Whether a file name has the default form of a screenshot tool that marks its files in no other way.
 [[nodiscard]] bool isScreenshotName(const QByteArray& name);
 
 } // namespace nookle

@@ -15,7 +15,7 @@ LinkLookups::~LinkLookups() = default;
 
 void LinkLookups::fetchLinkMetadata(const QUuid& id, const QUrl& url)
 {
-    // The request lives no longer than this object, and its completion no longer than the request.
+    // Capturing `this` is safe: this object owns the request, and the completion is not called after the request's end.
     m_metadataProviders[id] =
         m_service.start(url, [this, id](const std::optional<LinkMetadata>& metadata) { finish(id, metadata); });
 }
@@ -25,7 +25,7 @@ void LinkLookups::finish(QUuid id, const std::optional<LinkMetadata>& metadata)
     m_metadataProviders.erase(id);
     if (!metadata)
         return;
-    // Made first: whoever hears of the title may end this object.
+    // Made before `onTitle` is called, because that may destroy this object.
     const auto takeIcon = m_lifetime.guarded([this, id](const std::optional<QByteArray>& png) {
         if (png)
             onIcon(id, *png);

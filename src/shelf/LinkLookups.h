@@ -18,7 +18,7 @@ class Cancellable;
 class LinkMetadataService;
 struct LinkMetadata;
 
-/// The lookups of titles and icons that are under way, at most one for each link. Main thread only.
+/// Runs the lookups of titles and icons, at most one for each link. Main thread only.
 class LinkLookups final {
 public:
     /// `service` must outlive this object.
@@ -27,16 +27,16 @@ public:
     LinkLookups(const LinkLookups&) = delete;
     LinkLookups& operator=(const LinkLookups&) = delete;
 
-    /// Looks up the page at `url`.
+    /// Looks up the page at `url` for the item `id`.
     void fetchLinkMetadata(const QUuid& id, const QUrl& url);
 
-    /// Ends the lookup for `id`, if there is one.
+    /// Cancels the lookup for `id`, if there is one.
     void cancel(const QUuid& id) { m_metadataProviders.erase(id); }
 
-    /// A page has a title. Set by the owner.
+    /// Called with the title of a page. Set by the owner.
     std::function<void(const QUuid& id, const QString& title)> onTitle;
 
-    /// A page has an icon, as PNG. Set by the owner.
+    /// Called with the icon of a page, as PNG. Set by the owner.
     std::function<void(const QUuid& id, const QByteArray& png)> onIcon;
 
 private:

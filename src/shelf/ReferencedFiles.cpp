@@ -107,7 +107,7 @@ void ReferencedFiles::releaseUnused(QSet<QByteArray> bookmarks, const QList<Shel
 {
     if (bookmarks.isEmpty())
         return;
-    // A file that was added twice has two items, and their bookmarks may be the same bytes.
+    // A file that was added twice has two items, whose bookmarks may be equal.
     for (const ShelfItem& item : items) {
         if (const FileContent* file = std::get_if<FileContent>(&item.content))
             bookmarks.remove(file->bookmark);

@@ -17,27 +17,27 @@ class FileReferences;
 class Trash;
 struct ResolvedFile;
 
-/// Where the files are that the items refer to, as of the last look. What it is given must outlive it. Main thread
-/// only.
+/// Keeps the last known places of the files that items refer to. The constructor's arguments must outlive it. Main
+/// thread only.
 class ReferencedFiles final {
 public:
     ReferencedFiles(FileReferences& references, const Trash& trash);
 
-    /// No entry for an item whose file is gone or in the Trash.
+    /// The URL of each item's file. No entry for an item whose file is missing or in the Trash.
     [[nodiscard]] const QHash<QUuid, QUrl>& urls() const { return m_urls; }
 
     [[nodiscard]] std::optional<QUrl> url(const QUuid& id) const;
 
-    /// Whether the file is a folder, as far as that is known without looking at it.
+    /// Whether the file is a folder. Does not wait for a file system that may not answer; false if that is not known.
     [[nodiscard]] bool isFolder(const FileContent& file) const;
 
-    /// The indexes of the items whose file is at a path, the topmost item last.
+    /// The indexes of the items for each path of a file; for each path, the topmost item comes last.
     [[nodiscard]] QHash<QByteArray, QList<qsizetype>> itemsByPath(const QList<ShelfItem>& items) const;
 
-    /// The contents of items that refer to the files, in their order; none for a file that cannot be referred to.
+    /// Item contents that refer to the files, in their order; none for a file that gets no reference.
     [[nodiscard]] QList<std::optional<FileContent>> makeAll(const QList<QUrl>& urls);
 
-    /// Notes where the file of a new item is.
+    /// Stores the URL of a new item's file.
     void insert(const QUuid& id, const QUrl& url) { m_urls.insert(id, url); }
 
     struct Changes {
@@ -45,15 +45,15 @@ public:
         bool ofItems = false;
     };
 
-    /// Looks where the files are now, and takes over their new places and names into the items.
+    /// Resolves all references, and updates bookmarks and names in `items`.
     Changes refresh(QList<ShelfItem>& items);
 
-    /// Lets go of items that left; `remaining` are those that stay. Returns whether a URL was known of one.
+    /// Forgets the items `gone`; `remaining` are the items that stay. Returns whether any of `gone` had a known URL.
     bool forget(const QList<ShelfItem>& gone, const QList<ShelfItem>& remaining);
 
 private:
     [[nodiscard]] FileContent refreshed(const FileContent& file, const ResolvedFile& resolved) const;
-    /// Releases those bookmarks that no item holds any more.
+    /// Releases the bookmarks that no item in `items` uses.
     void releaseUnused(QSet<QByteArray> bookmarks, const QList<ShelfItem>& items) const;
 
     FileReferences& m_references;

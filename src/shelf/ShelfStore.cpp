@@ -20,7 +20,7 @@ constexpr qint64 orphanAgeInDays = 1;
     return QStringLiteral("icon.png");
 }
 
-/// A file that is to be added: an item that was on the shelf already, or a new one.
+/// A file to add: as a new item, or by moving the item `known` to the top.
 struct Addition {
     QUrl url;
     std::optional<ShelfItem> known;
@@ -58,7 +58,7 @@ void ShelfStore::addFiles(const QList<QUrl>& urls)
         QList<qsizetype>& known = itemsByPath[filePath(addition.url)];
         while (!known.isEmpty() && !addition.known) {
             const ShelfItem& item = m_items.at(known.takeLast());
-            // Two items of one id go together.
+            // Items with the same id are moved as one.
             if (!readded.contains(item.id))
                 addition.known = item;
             readded.insert(item.id);
@@ -241,7 +241,7 @@ void ShelfStore::moveImageToTrash(const ShelfItem& item) const
 {
     const ImageContent* image = std::get_if<ImageContent>(&item.content);
     const std::optional<QUrl> url = image ? m_itemFiles.existingFile(item.id, image->fileName) : std::nullopt;
-    // What cannot be trashed is deleted with the item's folder.
+    // If this fails, the file is deleted with the item's folder.
     if (url)
         static_cast<void>(m_environment.moveToTrash(*url));
 }
@@ -332,7 +332,7 @@ void ShelfStore::removeOrphans()
 
 void ShelfStore::removeOrphan(const QUuid& id) const
 {
-    // A favicon looks like any other image of that name.
+    // A favicon cannot be told from an image with the same name, so all files go to the Trash.
     for (const QUrl& file : m_itemFiles.contents(id).value_or(QList<QUrl>())) {
         if (m_environment.moveToTrash(file))
             return;

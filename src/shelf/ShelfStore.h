@@ -25,103 +25,105 @@ class LinkMetadataService;
 class MainQueue;
 class Trash;
 
-/// The single owner of the items on the shelf and of the files that belong to them: every change goes through here, is
-/// told to whoever watches, and is saved 0.3 seconds after the last one. What the store is given must outlive it. Main
-/// thread only.
+/// The only owner of the items on the shelf and of the files that belong to them. Every change goes through this class.
+/// It emits a signal for each change, and saves the shelf 0.3 seconds after the last one. The constructor's arguments
+/// must outlive the store. Main thread only.
 class ShelfStore final : public QObject {
     Q_OBJECT
 
 public:
-    /// The store's outside world.
+    /// The functions and limits that the store depends on.
     struct Environment {
         std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
-        /// Must be set: moves the file at a URL to the Trash.
+        /// Must be set. Moves the file at a URL to the Trash.
         std::function<std::optional<Failure>(const QUrl&)> moveToTrash;
         bool fetchesLinkMetadata = true;
-        /// Keeps other programs away from the data folder, which exists by then. Called before each save: the folder
-        /// may be another one than before. After a failure nothing is saved.
+        /// Locks the data folder against other programs. Called before each save, when the folder exists, because the
+        /// folder may have been replaced. After a failure nothing is saved.
         std::function<std::optional<Failure>()> claimFolder = [] { return std::optional<Failure>(); };
-        /// In bytes. What would make the index larger is not added.
+        /// In bytes. An addition that would bring the index to within 5 % of this size is refused.
         qsizetype largestIndex = ShelfIndex::largestSize;
     };
 
-    /// Reads the shelf that is kept in the folder `directory`. Neither the folder nor anything in it need exist, and
-    /// nothing is made before there is something to save.
+    /// Reads the shelf from the folder `directory`. The folder need not exist; it is made at the first save.
     ShelfStore(const QUrl& directory, Environment environment, FileReferences& fileReferences, const Trash& trash,
                LinkMetadataService& linkMetadata, MainQueue& queue);
     ~ShelfStore() override;
 
-    /// In display order: what was last added, or added again, is first.
+    /// In display order. The first item is the one that was added, or added again, last.
     [[nodiscard]] const QList<ShelfItem>& items() const { return m_items; }
 
-    /// Where the file of each file item was at the last look; no entry for one that is gone or in the Trash.
+    /// The last known URL of each file item's file. No entry for a file that is missing or in the Trash.
     [[nodiscard]] const QHash<QUuid, QUrl>& fileURLs() const { return m_files.urls(); }
 
-    /// Adds files and folders by reference, the first one on top. A file that is on the shelf moves to the top; a URL
-    /// given twice counts twice. What cannot be referred to is left out.
+    /// Adds references to files and folders, the first one on top. The item of a file that is on the shelf moves to the
+    /// top. A URL that is given twice makes two items. A file that gets no reference is left out.
     void addFiles(const QList<QUrl>& urls);
 
-    /// Adds text as it is, or a link if it is a web address; nothing if it is only white space.
+    /// Adds `text` unchanged, or as a link if it is a web address. Adds nothing if it is only white space. A text that
+    /// is on the shelf moves to the top.
     void addText(const QString& text);
 
-    /// Adds a link and looks its page up. A link that is on the shelf moves to the top and keeps its title. What is
-    /// kept of a title, here and in `updateLink`, is what `cleanedTitle` leaves of it.
+    /// Adds a link and looks up its page. A link that is on the shelf moves to the top and keeps its title. Here and in
+    /// `updateLink`, the title is cleaned by `cleanedTitle`.
     void addLink(const LinkUrl& url, const std::optional<QString>& title);
 
-    /// Moves an image file into the shelf's own folder and adds it. If that fails it is logged and told, and the file
-    /// stays where it was.
+    /// Moves an image file into the shelf's own folder and adds it. A failure is logged and emitted as
+    /// `additionFailed`, and the file stays where it was.
     void addImage(const QUrl& movingFrom);
 
-    /// An image that should have been added was lost on its way here: tells so as `addImage` does.
+    /// Emits `additionFailed` for an image that was lost before `addImage` could be called.
     void imageNotAdded(const QString& reason);
 
-    /// Puts `bytes` in the place of the file of an image, whose own another program has taken away. Nothing for an id
-    /// that is no image's.
+    /// Writes `bytes` as the file of an image item, after another program has taken the file away. Does nothing if `id`
+    /// is not an image's.
     [[nodiscard]] std::optional<Failure> restoreImage(QUuid id, const QByteArray& bytes);
 
     void togglePinned(QUuid id);
 
-    /// Takes an item off the shelf. An image goes to the Trash; a file that is only referred to is not touched.
+    /// Removes an item from the shelf. An image goes to the Trash; a referenced file is not touched.
     void remove(QUuid id);
 
-    /// Removes the items that are older than `maxAge` seconds and not pinned.
+    /// Removes the unpinned items that are older than `maxAge` seconds.
     void removeExpired(double maxAge);
 
-    /// Changes what is given of a link's title and icon flag. Saves even if nothing differs.
+    /// Sets the title and the icon flag of a link, as far as they are given. Saves even if nothing has changed.
     void updateLink(QUuid id, const std::optional<QString>& title, std::optional<bool> hasIcon);
 
-    /// The file that stands for the item: where a referenced file is now, or where an image is kept, whether or not it
-    /// exists; none for an image whose name could lead out of its folder.
+    /// The file of the item. For a referenced file: its last known URL, none if it is missing. For an image: its file
+    /// in the shelf's folder, whether or not it exists; none if the name could lead out of the item's folder.
     [[nodiscard]] std::optional<QUrl> localURL(const ShelfItem& item) const;
 
-    /// Whether the item stands for a folder, as far as that is known without looking at it.
+    /// Whether the item stands for a folder. Does not wait for a file system that may not answer; false if that is not
+    /// known.
     [[nodiscard]] bool isFolder(const ShelfItem& item) const;
 
     /// The saved favicon of a link.
     [[nodiscard]] std::optional<QUrl> iconURL(const ShelfItem& item) const;
 
-    /// Looks where the referenced files are now, and takes over their new places and names.
+    /// Finds the present places of the referenced files, and updates URLs and names.
     void refreshFiles();
 
-    /// Clears away what a crash may leave, once it has not changed for a day: files half written, and the folders of
-    /// items that are not on the shelf, whose content goes to the Trash. Folders stay while an index that was lost or
-    /// could not be read may name them.
+    /// Removes leftovers of a crash that have not changed for a day. Half-written files are deleted. The content of
+    /// folders whose item is not on the shelf goes to the Trash. Such folders are kept while a lost or unreadable index
+    /// may name them.
     void removeOrphans();
 
-    /// Writes the index at once, in place of a pending save, and waits until that is done. A failure is logged.
+    /// Writes the index at once, in place of a pending save, and waits until it is written or a time limit is over. A
+    /// failure is logged.
     void saveNow();
 
 Q_SIGNALS:
-    /// Told after the change. A listener may change the store again.
+    /// Emitted after the change. A listener may change the store again.
     void itemsChanged();
     void fileURLsChanged();
 
-    /// Something was not added. `reason` is for the user.
+    /// An addition failed. `reason` is a text for the user.
     void additionFailed(const QString& reason);
 
 private:
     void removeOrphan(const QUuid& id) const;
-    /// Whether the index can take the items too; says so if not.
+    /// Whether the index has room for `additions`. If not, emits `additionFailed`.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
 
     [[nodiscard]] QDateTime now() const;

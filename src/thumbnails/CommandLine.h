@@ -7,11 +7,11 @@
 
 namespace nookle {
 
-/// The words of a command line as desktop entries write them, with quotes and backslashes but without anything else
-/// that a shell knows. Nothing when a quote does not end or there is no word.
+/// Splits a command line of a desktop entry into words. Quotes and backslashes work as in a shell; other shell features
+/// do not. None if a quote is not closed or there is no word.
 [[nodiscard]] std::optional<QStringList> commandWords(const QString& line);
 
-/// What the codes of a thumbnailer's command line stand for.
+/// The values of the field codes in a thumbnailer's command line.
 struct ThumbnailerFiles {
     /// %i
     QString inputPath;
@@ -23,7 +23,7 @@ struct ThumbnailerFiles {
     int side = 0;
 };
 
-/// `words` with what their codes stand for. Nothing when there is a code that is not known, or none for the output.
+/// `words` with their field codes replaced by `files`. None if there is an unknown code, or no code for the output.
 [[nodiscard]] std::optional<QStringList> expandedWords(const QStringList& words, const ThumbnailerFiles& files);
 
 } // namespace nookle

@@ -5,7 +5,8 @@
 
 namespace nookle {
 
-/// The MIME type of the regular file at `path`. Its content decides, and its name only between the kinds of that.
+/// The MIME type of the regular file at `path`; empty if it cannot be read. Its content decides. Its name decides only
+/// between subtypes of that type, or if the content is just text or unknown.
 [[nodiscard]] QString fileType(const QByteArray& path);
 
 } // namespace nookle

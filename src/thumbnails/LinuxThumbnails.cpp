@@ -12,7 +12,7 @@ namespace nookle {
 
 namespace {
 
-// No thumbnails are larger.
+// The maximum side of a thumbnail, in pixels.
 inline constexpr double largestSide = 1024;
 
 [[nodiscard]] int sideInPixels(double size, double scale)
@@ -93,7 +93,7 @@ void LinuxThumbnails::finish(Id id, std::optional<Picture> picture)
 
 void LinuxThumbnails::drop(Id id)
 {
-    // The job goes last: it may be what is running.
+    // The job is destroyed at the end of this function, because this may be called from within it.
     const auto entry = m_entries.extract(id);
     if (entry.empty())
         return;

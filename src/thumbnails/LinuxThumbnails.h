@@ -17,16 +17,17 @@ namespace nookle {
 class ImageDecoder;
 class MainQueue;
 
-/// Thumbnails as the desktop's programs share them; what has none yet is decoded, and what cannot be decoded is given
-/// to others that make thumbnails. What was asked last comes first: that is what has just been scrolled into view,
-/// while the rest may already be out of it.
+/// Uses the thumbnails that all programs of the desktop share. A file without one is decoded. A file that cannot be
+/// decoded is given to the thumbnail makers. The latest request is served first, because that file has just been
+/// scrolled into view; older ones may be out of view already.
 class LinuxThumbnails final : public Thumbnails {
 public:
-    /// How many files are being decoded at a time, and how many are with the makers, which take longer.
+    /// The maximum number of files that are decoded at a time, and that the makers work on at a time. Makers take
+    /// longer.
     inline static constexpr std::size_t mostDecoding = 2;
     inline static constexpr std::size_t mostMaking = 2;
 
-    /// `makers` are asked in their order. `queue` and `decoder` must outlive this object.
+    /// `makers` are tried in their order. `queue` and `decoder` must outlive this object.
     LinuxThumbnails(MainQueue& queue, ImageDecoder& decoder, ThumbnailCache cache,
                     std::vector<std::unique_ptr<ThumbnailMaker>> makers);
     ~LinuxThumbnails() override;

@@ -9,11 +9,11 @@ namespace nookle {
 class MainQueue;
 class Mounts;
 
-/// Has thumbnails made of the files that answer at once when they are looked at. Others have none: opening them,
-/// reading them and even closing them may never end. Main thread only.
+/// Requests thumbnails only for files on file systems that always answer. Other files get none: opening, reading and
+/// even closing them may block forever. Main thread only.
 class LocalThumbnails final : public Thumbnails {
 public:
-    /// `thumbnails` makes them. It and `queue` must outlive this object.
+    /// `thumbnails` makes the thumbnails. It and `queue` must outlive this object.
     LocalThumbnails(Thumbnails& thumbnails, std::shared_ptr<Mounts> mounts, MainQueue& queue);
 
     std::unique_ptr<Cancellable> request(const QUrl& file, double size, double scale, Completion completion) override;

@@ -12,8 +12,8 @@ namespace nookle {
 class MainQueue;
 class Mounts;
 
-/// Everything that has to do with images, on the user's desktop: its folders, its bus and its programs. Needs the
-/// application object.
+/// Makes and owns the image services of the program, with the desktop's folders, session bus and thumbnailer programs.
+/// Needs the application object.
 class PictureServices final {
 public:
     /// `queue` must outlive this object.
@@ -23,7 +23,7 @@ public:
     [[nodiscard]] ImageConverter& converter() { return m_converter; }
 
 private:
-    /// One process for both.
+    /// The converter and the thumbnails share one decoder process.
     ImageDecoder m_decoder;
     DecoderImageConverter m_converter;
     LinuxThumbnails m_thumbnails;

@@ -50,7 +50,7 @@ void ProgramThumbnailMaker::loadEntries()
         const QDir directory(folder);
         const QStringList names = directory.entryList({ QStringLiteral("*.thumbnailer") }, QDir::Files, QDir::Name);
         for (const QString& name : names) {
-            // A file that is shadowed by one of the same name counts as gone, even if that one is of no use.
+            // A file with the same name in an earlier folder hides this one, even if the earlier one is not usable.
             if (seen.contains(name))
                 continue;
             seen.insert(name);

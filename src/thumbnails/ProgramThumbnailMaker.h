@@ -12,14 +12,15 @@ namespace nookle {
 
 class MainQueue;
 
-/// The programs that are registered as thumbnailers. Each runs in a sandbox in which there is nothing of the user's but
-/// the one file, and with limits; where no sandbox can be had, none runs.
+/// Makes thumbnails with the programs that are registered as thumbnailers. Each runs in a sandbox that contains no file
+/// of the user but the one to show, and with limits on its resources. Without a sandbox no program is run.
 class ProgramThumbnailMaker final : public ThumbnailMaker {
 public:
     /// In seconds.
     inline static constexpr double timeout = 10;
 
-    /// Looks into `folders`, of which the first goes before the others, when the first thumbnail is wanted.
+    /// Reads the registrations in `folders` at the first request. A registration in an earlier folder hides one with
+    /// the same file name in a later folder.
     ProgramThumbnailMaker(MainQueue& queue, QStringList folders);
 
     std::unique_ptr<Cancellable> make(const Wanted& wanted, Completion completion) override;

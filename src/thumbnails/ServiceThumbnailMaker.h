@@ -8,8 +8,8 @@ namespace nookle {
 
 class MainQueue;
 
-/// The session's thumbnailer service, if it is running or can be started. It saves what it makes where all programs
-/// share their thumbnails.
+/// Makes thumbnails with the session's thumbnailer service, if it is running or can be started. The service saves them
+/// in the shared thumbnail folder.
 class ServiceThumbnailMaker final : public ThumbnailMaker {
 public:
     /// In seconds.

@@ -31,7 +31,7 @@ constexpr std::array sizes{ Size{ 128, "normal" }, Size{ 256, "large" }, Size{ 5
 
 void write(const QByteArray& folder, const QByteArray& name, const QByteArray& png)
 {
-    // Each folder may be the first of its kind; the one above all is the desktop's and there.
+    // Makes all missing folders of the path.
     for (qsizetype end = folder.indexOf('/', 1); end != -1; end = folder.indexOf('/', end + 1))
         ::mkdir(folder.left(end).constData(), 0700);
     ::mkdir(folder.constData(), 0700);
@@ -89,7 +89,7 @@ bool ThumbnailCache::takes(const QByteArray& path) const
 
 void ThumbnailCache::save(const QByteArray& uri, int savedSide, const QByteArray& png) const
 {
-    // Writing waits for the disk, and nothing waits for the writing.
+    // On another thread, because writing waits for the disk.
     QThreadPool::globalInstance()->start(
         [folder = sizeFolder(savedSide), name = fileName(uri), png] { write(folder, name, png); });
 }

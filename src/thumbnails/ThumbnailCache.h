@@ -8,30 +8,30 @@
 
 namespace nookle {
 
-/// The thumbnails that all programs of the desktop share: PNG files named after the address of the file they show, in a
-/// folder for each size.
+/// The thumbnails that all programs of the desktop share. They are PNG files in one folder for each size, named by a
+/// hash of the shown file's address.
 class ThumbnailCache final {
 public:
-    /// `folder` holds the folders of all sizes. Files below `temporaryFolder` get no thumbnail there.
+    /// `folder` holds the folders of all sizes. For files below `temporaryFolder` no thumbnail is saved.
     ThumbnailCache(QByteArray folder, QByteArray temporaryFolder);
 
-    /// The address by which all programs know the file at the absolute `path`.
+    /// The address of the file at the absolute `path`, in the form that all programs use for thumbnails.
     [[nodiscard]] static QByteArray uri(const QByteArray& path);
 
-    /// The side of the smallest thumbnails that show `side` pixels without being enlarged; 0 when none are that large.
+    /// The side of the smallest thumbnail size with at least `side` pixels; 0 when no size is that large.
     [[nodiscard]] static int savedSide(int side);
 
-    /// The name that other programs have for the size of `savedSide` pixels.
+    /// The standard name of the size with `savedSide` pixels.
     [[nodiscard]] static QByteArray sizeName(int savedSide);
 
-    /// The thumbnails there are of `uri` with room for `side` pixels, the smallest first. Whether they are of the
-    /// present state of the file, and whether they are images at all, stands in them.
+    /// The saved thumbnails of `uri` in all sizes of at least `side` pixels, the smallest first. They are not checked:
+    /// they may be outdated, or not even images.
     [[nodiscard]] std::vector<RegularFile> open(const QByteArray& uri, int side) const;
 
-    /// Whether a thumbnail of the file at `path` belongs here.
+    /// Whether a thumbnail of the file at `path` may be saved here.
     [[nodiscard]] bool takes(const QByteArray& path) const;
 
-    /// Saves a thumbnail of `uri`, in the background. One that cannot be saved is made again another time.
+    /// Saves a thumbnail of `uri` on another thread. A failure is ignored; the thumbnail is made again later.
     void save(const QByteArray& uri, int savedSide, const QByteArray& png) const;
 
 private:

@@ -16,7 +16,7 @@ namespace nookle {
 class ImageDecoder;
 class ThumbnailCache;
 
-/// The way to one thumbnail. Destroying it drops what is under way.
+/// Gets one thumbnail. Destroying it cancels the running work.
 class ThumbnailJob final {
 public:
     struct Tools {
@@ -25,19 +25,19 @@ public:
         const std::vector<std::unique_ptr<ThumbnailMaker>>& makers;
     };
 
-    /// Called once, never from within the call that it was given to. May destroy this object.
+    /// Called once, after the call that it was passed to has returned. May destroy this object.
     using Completion = std::function<void(std::optional<Picture>)>;
 
-    /// `side` is in pixels. What `tools` refer to must outlive this object.
+    /// `side` is in pixels. The objects in `tools` must outlive this object.
     ThumbnailJob(Tools tools, QByteArray path, int side);
 
-    /// Shows a thumbnail that was saved, or decodes the file itself.
+    /// Decodes a saved thumbnail, or else the file itself.
     void decode(Completion completion);
 
-    /// Whether others might make a thumbnail of what could not be decoded.
+    /// Whether a thumbnail maker may still succeed, after `decode` has failed.
     [[nodiscard]] bool canAskMakers() const;
 
-    /// Has others make the thumbnail, each in turn until one has.
+    /// Tries the thumbnail makers one after the other until one succeeds.
     void askMakers(Completion completion);
 
 private:

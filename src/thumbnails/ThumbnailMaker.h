@@ -12,20 +12,20 @@
 
 namespace nookle {
 
-/// Something outside this program that makes thumbnails of files. Main thread only.
+/// A program or service that makes thumbnails of files. Main thread only.
 class ThumbnailMaker {
 public:
     struct Wanted {
         QByteArray path;
-        /// The address by which all programs know the file.
+        /// The file's address in the form that all programs use for thumbnails.
         QByteArray uri;
         QString mimeType;
-        /// The side of the thumbnail, one of those that `ThumbnailCache` has.
+        /// The side of the thumbnail in pixels, one of the sizes of `ThumbnailCache`.
         int side = 0;
     };
 
     struct Made {
-        /// An image that nobody vouches for; none when the thumbnail has been put where all programs share theirs.
+        /// An untrusted image; none when the maker has saved the thumbnail in the shared folder.
         std::optional<RegularFile> image;
     };
 
@@ -33,8 +33,9 @@ public:
 
     virtual ~ThumbnailMaker() = default;
 
-    /// Makes a thumbnail. `completion` is called once, on the main thread and after this call has returned, with
-    /// nothing when there is none, and may destroy what this call returned. Null when this maker has no way to make it.
+    /// Makes a thumbnail. `completion` is called once, on the main thread and after this call has returned. It gets
+    /// none when there is no thumbnail, and may destroy the returned object. Returns null, without calling
+    /// `completion`, when this maker cannot handle the file.
     [[nodiscard]] virtual std::unique_ptr<Cancellable> make(const Wanted& wanted, Completion completion) = 0;
 };
 

@@ -7,15 +7,15 @@
 
 namespace nookle {
 
-/// What a program says of the thumbnails that it makes, in a file named *.thumbnailer.
+/// The registration of a thumbnailer program, a file named *.thumbnailer.
 struct ThumbnailerEntry {
-    /// The words of its command line, with their codes.
+    /// The words of the command line, with their field codes.
     QStringList command;
-    /// What must be there for the program to run; empty for nothing.
+    /// The program that must be installed for the command to work; empty if none is named.
     QString tryExec;
     QStringList mimeTypes;
 
-    /// Nothing for what is no such file, or lacks the command or the types.
+    /// None for a file of another format, or without the command or the types.
     [[nodiscard]] static std::optional<ThumbnailerEntry> parse(const QByteArray& content);
 
     /// Whether the program is installed.

@@ -25,7 +25,7 @@ namespace {
 
 [[nodiscard]] QDBusMessage methodCall(const QString& method)
 {
-    // The service has the name of its interface.
+    // The service's name is the same as its interface's.
     return QDBusMessage::createMethodCall(interfaceName(), objectPath(), interfaceName(), method);
 }
 
@@ -55,8 +55,8 @@ ThumbnailerRequest::~ThumbnailerRequest()
     m_bus.send(call);
 }
 
-// From whoever sends it: to ask the bus who the service is would mean to wait for the answer, and a false signal only
-// makes this program look for a thumbnail that is not there.
+// Accepts the signal from any sender, because asking the bus for the service's owner would block. A forged signal only
+// makes this program look for a missing thumbnail.
 void ThumbnailerRequest::listen(const char* signal, const char* slot)
 {
     m_bus.connect(QString(), objectPath(), interfaceName(), QLatin1String(signal), this, slot);
@@ -98,7 +98,8 @@ void ThumbnailerRequest::takeFinished(uint request)
         finishSoon(false);
 }
 
-// On the next turn: whoever takes the result may destroy what the bus is just talking to.
+// Finishes in the next turn of the queue: the receiver of the result may destroy this object, whose slot is being
+// called now.
 void ThumbnailerRequest::finishSoon(bool hasThumbnail)
 {
     if (std::exchange(m_isAnswered, true))

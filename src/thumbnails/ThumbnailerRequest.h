@@ -17,7 +17,7 @@ namespace nookle {
 
 class MainQueue;
 
-/// One thumbnail that the session's thumbnailer service is asked for. Destroying it takes the request back.
+/// One request to the session's thumbnailer service. Destroying it cancels the request.
 class ThumbnailerRequest final : public QObject {
     Q_OBJECT
 
@@ -41,11 +41,11 @@ private:
     QDBusConnection m_bus;
     QString m_uri;
     ThumbnailMaker::Completion m_completion;
-    /// The service's number for the request, once it has told it.
+    /// The service's number for the request; none before its reply has arrived.
     std::optional<uint> m_request;
-    /// The service has said how it ended.
+    /// Whether the service has reported the result.
     bool m_isAnswered = false;
-    /// The end of its time, or of the request that is answered.
+    /// The timeout; after the answer, the pending call of `finish`.
     std::unique_ptr<Cancellable> m_limit;
 };
 

@@ -17,7 +17,7 @@ namespace nookle {
 
 namespace {
 
-// Enough for a video decoder with a thread for each core.
+// In bytes. Enough for a video decoder with a thread for each core.
 inline constexpr rlim_t mostMemory = rlim_t(2) << 30;
 inline constexpr rlim_t largestOutput = rlim_t(16) << 20;
 inline constexpr rlim_t mostComputing = 10;
@@ -39,7 +39,7 @@ void limitChild()
     limit(RLIMIT_CORE, 0);
 }
 
-// Some programs go by the extension. It is kept where it is a plain one.
+// Keeps the letters and digits of the extension, because some programs depend on it.
 [[nodiscard]] QString inputPathFor(const QByteArray& path)
 {
     QString inputPath = QStringLiteral("/tmp/input");
@@ -56,8 +56,8 @@ void limitChild()
     return inputPath;
 }
 
-// Shows the file at `path` as `inputPath` in the sandbox. By its name: a program that inherits a descriptor can open
-// the file anew through it, for writing too.
+// The sandbox arguments that make the file at `path` visible as `inputPath`. Not by an inherited descriptor: through
+// that, the program could open the file again, even for writing.
 [[nodiscard]] QByteArray inputArguments(const QByteArray& path, const QString& inputPath)
 {
     const QByteArray end(1, '\0');
@@ -106,14 +106,15 @@ void ThumbnailerRun::start(const QStringList& command, const RegularFile& inputA
         limitChild();
         passOn(descriptor);
     });
-    // On the next turn: whoever takes the result may destroy the process, which is telling of its end.
+    // In the next turn of the queue: the receiver of the result may destroy the process, whose signal is being handled
+    // now.
     const auto endSoon = [this] { m_limit = m_queue.after(0, [this] { takeOutput(); }); };
     QObject::connect(m_process.get(), &QProcess::finished, m_process.get(), endSoon);
     QObject::connect(m_process.get(), &QProcess::errorOccurred, m_process.get(), endSoon);
 
     QStringList arguments = sandboxArguments();
-    // Read from a file, because an argument cannot hold all bytes of a file name, and shows in the list of processes.
-    // The sandbox closes it before the program starts.
+    // These arguments are passed in a file. A command line argument cannot hold all bytes of a file name, and is
+    // visible in the list of processes. The sandbox closes the file before the program starts.
     arguments << QStringLiteral("--args") << QString::number(descriptor);
     arguments << QStringLiteral("--bind") << m_output.path() << QLatin1String(outputFolder);
     m_process->start(sandboxProgram(), arguments + command);
@@ -124,7 +125,7 @@ void ThumbnailerRun::takeOutput()
     const bool hasSucceeded = m_process->state() == QProcess::NotRunning
         && m_process->exitStatus() == QProcess::NormalExit && m_process->exitCode() == 0;
     const QString path = m_output.filePath(QLatin1String(outputName));
-    // The program may have put anything there, also a link to another file of the user's.
+    // Links are refused, because the program may have made one to another file of the user.
     auto image = hasSucceeded ? RegularFile::open(QFile::encodeName(path), RegularFile::Links::refuse) : std::nullopt;
     finish(image ? std::optional(ThumbnailMaker::Made{ std::move(image) }) : std::nullopt);
 }

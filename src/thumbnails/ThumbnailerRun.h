@@ -13,10 +13,10 @@ namespace nookle {
 
 class MainQueue;
 
-/// A thumbnailer program at work on one file. Destroying it ends the program.
+/// Runs a thumbnailer program for one file. Destroying it kills the program.
 class ThumbnailerRun final {
 public:
-    /// Null when the file cannot be read or the command line is none.
+    /// Null when the file cannot be read, the command line is not valid, or the program's output folder cannot be made.
     [[nodiscard]] static std::unique_ptr<ThumbnailerRun> tryStart(MainQueue& queue, const ThumbnailerEntry& entry,
                                                                   const ThumbnailMaker::Wanted& wanted, double timeout,
                                                                   ThumbnailMaker::Completion completion);
@@ -33,10 +33,10 @@ private:
 
     MainQueue& m_queue;
     ThumbnailMaker::Completion m_completion;
-    /// What the program may write to.
+    /// The only folder of the host that the program can write to.
     QTemporaryDir m_output;
     std::unique_ptr<QProcess> m_process;
-    /// The end of its time, or of the work that is done.
+    /// The timeout; after the program's end, the pending call of `takeOutput`.
     std::unique_ptr<Cancellable> m_limit;
 };
 

@@ -22,7 +22,8 @@ inline constexpr double edgeZoneWidth = 3;
     return display && position.x() >= display->right() - edgeZoneWidth;
 }
 
-/// Whether the straight way from one place to another touches an edge zone. Its steps are shorter than a zone is wide.
+/// Whether the straight line between two points touches an edge zone. The points that are tested are closer together
+/// than a zone is wide.
 [[nodiscard]] bool touchesRightEdge(const std::vector<QRectF>& frames, const QPointF& from, const QPointF& to)
 {
     const QPointF way = to - from;
@@ -62,12 +63,13 @@ void DragEdgeMonitor::leftMouseDown()
     m_lastPosition = m_pointer.position();
 }
 
-// Runs for every movement of every drag on the desktop: the displays are asked for last.
+// Called for every movement of every drag on the desktop, so the displays are queried last.
 void DragEdgeMonitor::mouseDragged()
 {
     if (m_hasFired)
         return;
-    // A drag of content begins somewhere between two looks.
+    // The position is stored even before a drag of content is known, because the drag begins somewhere between two
+    // samples.
     const QPointF position = m_pointer.position();
     const QPointF last = std::exchange(m_lastPosition, position).value_or(position);
     if (m_input.dragChangeCount() == m_changeCountAtMouseDown)

@@ -15,10 +15,10 @@ class InputMonitor;
 class Cancellable;
 class Pointer;
 
-/// Notices that the user drags content of another program against the right edge of a display, once for each press of
-/// the left button. The pointer is looked at now and then, and the whole way since the last look counts: a fast drag
-/// over the edge between two displays is in its zone for a moment only. What it is given must outlive it. Main thread
-/// only.
+/// Detects that the user drags content of another program to the right edge of a display, once for each press of the
+/// left button. The pointer's position is sampled. The whole line since the last sample is tested, because a fast drag
+/// across the edge between two displays is in the edge zone only for a moment. The constructor's arguments must outlive
+/// it. Main thread only.
 class DragEdgeMonitor final {
 public:
     DragEdgeMonitor(InputMonitor& input, const Pointer& pointer, const Displays& displays);
@@ -26,11 +26,10 @@ public:
     DragEdgeMonitor(const DragEdgeMonitor&) = delete;
     DragEdgeMonitor& operator=(const DragEdgeMonitor&) = delete;
 
-    /// Begins to watch, for as long as the monitor lives. A second call does nothing, unless the system refused the
-    /// first.
+    /// Begins to watch, as long as this object lives. A second call does nothing, unless the first one failed.
     void start();
 
-    /// A drag has reached a right edge. Set by the owner.
+    /// Called when a drag has reached a right edge. Set by the owner.
     std::function<void()> onEdgeReached = [] {};
 
 private:
@@ -43,7 +42,7 @@ private:
     std::vector<std::unique_ptr<Cancellable>> m_monitors;
     qint64 m_changeCountAtMouseDown = 0;
     bool m_hasFired = false;
-    /// Where the pointer was at the press, or at the last look since.
+    /// The last sample of the pointer's position, or its position at the press.
     std::optional<QPointF> m_lastPosition;
 };
 

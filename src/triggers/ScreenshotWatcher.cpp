@@ -18,13 +18,13 @@ namespace {
 inline constexpr double scanDelay = 0.3;
 inline constexpr double retryDelay = 1.5;
 
-/// Whoever takes screenshots makes the folder again, or the user does.
+/// In seconds. The screenshot tool or the user may make the folder again.
 inline constexpr double pauseWithoutFolder = 5;
 
-/// A look at a path costs next to nothing.
+/// In seconds. Checking a path costs very little.
 inline constexpr double checkInterval = 60;
 
-/// Another program has to end first.
+/// In seconds. Another program must free a watch first.
 inline constexpr double pauseWithoutWatch = 60;
 
 [[nodiscard]] QUrl entryUrl(const QUrl& folder, const QByteArray& name)
@@ -57,7 +57,7 @@ void ScreenshotWatcher::start()
     if (m_source || m_nextTry)
         return;
     m_directory = screenshotDirectory();
-    // Watched before it is looked at, so that nothing that comes in between is missed.
+    // The watch begins before the folder is listed, so that no file in between is missed.
     switch (watchDirectory()) {
     case WatchedFolder::Result::watched:
         break;
@@ -95,7 +95,7 @@ void ScreenshotWatcher::watchAgainAfter(double seconds)
     });
 }
 
-// What has come meanwhile is found by a look.
+// A scan finds the files that have arrived meanwhile.
 void ScreenshotWatcher::watchAgain()
 {
     switch (watchDirectory()) {
@@ -141,7 +141,7 @@ void ScreenshotWatcher::scheduleScan()
 void ScreenshotWatcher::scan()
 {
     if (m_source && !m_source->isInPlace()) {
-        // Names in another folder are other files, even where they are the same.
+        // In another folder, the same names are other files.
         m_knownNames.clear();
         watchAgain();
     }
@@ -163,7 +163,7 @@ void ScreenshotWatcher::scan()
         scheduleRetry(std::move(unmarked));
 }
 
-// The tool may mark a file a moment after it shows up.
+// A tool may mark a file a moment after the file appears.
 void ScreenshotWatcher::scheduleRetry(std::vector<QUrl> files)
 {
     const auto place = m_retries.emplace(m_retries.end());

@@ -17,8 +17,8 @@ class Cancellable;
 class MainQueue;
 class ScreenshotSettings;
 
-/// Notices new screenshots in the folder that the desktop saves them in. What it is given must outlive it. Main thread
-/// only.
+/// Detects new screenshots in the folder in which the desktop saves them. The constructor's arguments must outlive it.
+/// Main thread only.
 class ScreenshotWatcher final {
 public:
     ScreenshotWatcher(FolderWatch& folders, const ScreenshotSettings& settings, MainQueue& queue);
@@ -26,19 +26,20 @@ public:
     ScreenshotWatcher(const ScreenshotWatcher&) = delete;
     ScreenshotWatcher& operator=(const ScreenshotWatcher&) = delete;
 
-    /// The folder that is set up for screenshots and exists, else the desktop folder.
+    /// The first configured screenshot folder that exists, else the desktop folder.
     [[nodiscard]] QUrl screenshotDirectory() const;
 
-    /// Begins to watch that folder, all of whose present files count as old. Does nothing while it watches already;
-    /// when the folder cannot be opened it stays stopped and says so in one log line. A folder that goes later is
-    /// watched again once it is back, and one for which there was no watch left once there is. All that is in a folder
-    /// that has taken the place of another counts as new.
+    /// Begins to watch `screenshotDirectory()`. The files that are there now count as old. Does nothing if the watch is
+    /// running. If the folder cannot be opened, writes one log line and stays stopped. If the system's limit on watches
+    /// is reached, tries again later. A folder that disappears later is watched again once it is back. If another
+    /// folder has replaced it, all files in that folder count as new.
     void start();
 
-    /// Ends the watch. A look at the folder that is already due still happens.
+    /// Ends the watch. A scan of the folder that is already scheduled still runs.
     void stop();
 
-    /// A new screenshot is there; called once for each, in the order of their names. Set by the owner.
+    /// Called once for each new screenshot. The files of one scan come in the order of their names, but a file that is
+    /// marked as a screenshot later comes later. Set by the owner.
     std::function<void(const QUrl&)> onScreenshot = [](const QUrl&) {};
 
 private:
@@ -60,9 +61,10 @@ private:
     MainQueue& m_queue;
     QUrl m_directory;
     std::unique_ptr<FolderSubscription> m_source;
-    /// Runs while there is a watch: of what happens to the folders above it tells nothing.
+    /// Checks regularly whether the watched folder is still in place, because the watch does not report changes of the
+    /// folders above it.
     std::unique_ptr<Cancellable> m_check;
-    /// Waits while there is no watch but should be one.
+    /// The next attempt to watch the folder, while a watch is wanted but there is none.
     std::unique_ptr<Cancellable> m_nextTry;
     bool m_hasToldNoWatchLeft = false;
     std::set<QByteArray> m_knownNames;

@@ -25,9 +25,9 @@ void DragOutWatch::begin(const ShelfItem& item)
 
 void DragOutWatch::end(const ShelfItem& item, DragOperation operation)
 {
-    // During the drag the store may have noticed that the file has gone to the Trash.
+    // During the drag the store may have noticed that the file has moved to the Trash.
     const bool hasFile = std::exchange(m_hasFile, false) || m_store.localURL(item).has_value();
-    // After a drag that nobody took, whoever moves the file to the Trash is not the destination.
+    // If no destination accepted the drag, a later move of the file to the Trash has nothing to do with it.
     if (hasFile && operation == DragOperation::none)
         m_trash.end();
     else if (hasFile && m_trash.isInTrash())

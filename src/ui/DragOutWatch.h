@@ -8,19 +8,21 @@ namespace nookle {
 
 class ShelfItemActions;
 
-/// Finds out what becomes of the item that is dragged out of the shelf, and lets the shelf follow: what the destination
-/// says that it did is no proof; where the file is now, is. What it is given must outlive it. Main thread only.
+/// Finds out what happens to an item that is dragged out of the shelf, and updates the shelf. The operation that the
+/// destination reports is not reliable, so this class checks where the file is now. The constructor's arguments must
+/// outlive it. Main thread only.
 class DragOutWatch final {
 public:
     DragOutWatch(const DraggedImage::Services& services, ShelfItemActions& actions);
 
-    /// `item` begins to be dragged. A last look at what was dragged before may change the shelf.
+    /// The drag of `item` begins. Checks the previous items once more, which may change the shelf.
     void begin(const ShelfItem& item);
 
-    /// The drag has ended, and its destination told `operation`. Its file is looked after for a while.
+    /// The drag of `item` has ended, and its destination has reported `operation`. The item's file is watched for a
+    /// while.
     void end(const ShelfItem& item, DragOperation operation);
 
-    /// The program is about to end: what a receiver has moved of the images that were dragged out is copied back.
+    /// Call this before the program ends. Copies back each dragged image whose file a receiver has moved away.
     void saveImages() { m_images.lookNow(); }
 
 private:

@@ -15,8 +15,8 @@ namespace nookle {
 
 namespace {
 
-/// In seconds, from one look to the next: at first the program moves it, and later its user may still choose to, in a
-/// menu or a question that stays open. The last one is repeated.
+/// The pauses between checks, in seconds; the last one is repeated. Short ones come first, because most programs move
+/// the file at once. A user may still decide to move it later, in a menu or dialog that stays open.
 inline constexpr std::array pauses{ 0.3, 0.7, 2.0, 3.0, 6.0, 12.0, 18.0 };
 inline constexpr std::size_t mostLooks = 38;
 

@@ -19,9 +19,9 @@ class FileReferences;
 class ShelfStore;
 class Trash;
 
-/// Keeps an image of the shelf's own that is dragged to a program which moves it, although it was asked to copy it: a
-/// file manager does so when its user says so in its menu, some time after the drop. The file is held open, and the
-/// shelf gets a copy of it in the old place. Borrows everything. Main thread only.
+/// Preserves an image that the shelf owns when the destination of a drag moves its file, although only copying was
+/// offered. A file manager does that if its user chooses "move" in a menu, some time after the drop. This object keeps
+/// the file open, and copies it back to its old place. All services must outlive it. Main thread only.
 class DraggedImage final {
 public:
     struct Services {
@@ -31,7 +31,7 @@ public:
         MainQueue& queue;
     };
 
-    /// `item` begins to be dragged: holds its file open if it is an image.
+    /// The drag of `item` begins. Opens its file if the item is an image.
     DraggedImage(Services services, const ShelfItem& item);
     ~DraggedImage();
     DraggedImage(const DraggedImage&) = delete;
@@ -39,27 +39,27 @@ public:
 
     [[nodiscard]] const QUuid& id() const { return m_item.id; }
 
-    /// Whether it holds nothing, or nothing any more.
+    /// Whether no file is open (any more).
     [[nodiscard]] bool isDone() const { return !m_file.isOpen(); }
 
-    /// Whether `keepLooking` was called, and the file was not let go of since.
+    /// Whether `keepLooking` was called, and the file has not been closed since.
     [[nodiscard]] bool isLooking() const { return m_onTrashed != nullptr; }
 
-    /// The reference to the file, as long as it is held; empty otherwise.
+    /// The reference to the file while it is open; empty otherwise.
     [[nodiscard]] const QByteArray& reference() const { return m_reference; }
 
-    /// Looks again and again during the next ten minutes whether the file is still there. A file that was moved is
-    /// copied back; for one in the Trash `onTrashed` is called instead. Then the file is let go of. What cannot be
-    /// copied back is tried again at the next look, with one log line.
+    /// Checks repeatedly during the next ten minutes whether the file is still in its place. If it was moved, copies it
+    /// back; if it was moved to the Trash, calls `onTrashed` instead. Then closes the file. If copying back fails, logs
+    /// one line and tries again at the next check.
     void keepLooking(std::function<void()> onTrashed);
 
-    /// Looks at once, if it is to keep looking.
+    /// Checks at once, if `keepLooking` is running.
     void lookNow();
 
 private:
     void hold();
     void lookAfter(std::size_t pause);
-    /// Whether there is nothing more to look for.
+    /// Checks once. Returns whether the watch is finished.
     [[nodiscard]] bool look();
     [[nodiscard]] bool isInTrash() const;
     [[nodiscard]] std::optional<Failure> copyBack();

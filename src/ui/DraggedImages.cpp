@@ -14,7 +14,7 @@ void DraggedImages::begin(const ShelfItem& item)
 {
     forgetThoseThatAreDone();
     end();
-    // One that was moved already is there again when the new drag needs it.
+    // If the image was moved already, this copies it back for the new drag.
     for (const auto& each : m_watched) {
         if (each->id() == item.id)
             each->lookNow();

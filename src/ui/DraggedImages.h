@@ -8,25 +8,25 @@
 
 namespace nookle {
 
-/// The image that is being dragged out of the shelf, and those that were a short while ago, each of which its receiver
-/// may still move. Main thread only.
+/// Holds the image that is being dragged out of the shelf, and those that were dragged a short while ago: their
+/// receivers may still move them. Main thread only.
 class DraggedImages final {
 public:
     explicit DraggedImages(DraggedImage::Services services);
 
-    /// `item` begins to be dragged. Those before it are watched on.
+    /// The drag of `item` begins. Earlier images stay watched.
     void begin(const ShelfItem& item);
 
-    /// The drag has ended, and its receiver may move the file: watches over it as `DraggedImage` does.
+    /// The drag has ended, and its receiver may move the file. Calls `DraggedImage::keepLooking`.
     void keepLooking(std::function<void()> onTrashed);
 
-    /// The drag has ended, and nobody has the file. A watch that was there before goes on.
+    /// The drag has ended without a receiver. If the image was watched before this drag, it stays watched.
     void end();
 
     /// The reference to the image that is being dragged; empty when there is none.
     [[nodiscard]] QByteArray reference() const { return m_current ? m_current->reference() : QByteArray(); }
 
-    /// Looks after all of them at once, before the program ends.
+    /// Checks all watched images at once. Call it before the program ends.
     void lookNow();
 
 private:

@@ -21,7 +21,8 @@ inline constexpr double dropStrokeWidth = 2;
     return rounded.intersected(bounds);
 }
 
-/// What is behind the panel shines through: more of it where it is blurred, and cannot be mistaken for text.
+/// The panel's colour, partly transparent. It is more transparent on a blurred backdrop, which does not disturb
+/// reading.
 [[nodiscard]] QColor material(const QPalette& palette, Backdrop backdrop)
 {
     constexpr float opacityBlurred = 0.75F;

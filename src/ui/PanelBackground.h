@@ -9,14 +9,14 @@ class QPalette;
 
 namespace nookle {
 
-/// Of the two left corners of the panel, in points.
+/// The radius of the panel's two left corners, in points.
 inline constexpr double panelCornerRadius = 12;
 
-/// Paints what lies under the content of the panel: its shape, round at the left and square at the right, where it
-/// meets the edge of the screen.
+/// Paints the background of the panel. Its left corners are round. The right ones are square, because they touch the
+/// edge of the screen.
 void paintPanelBackground(QPainter& painter, const QRectF& panel, const QPalette& palette, Backdrop backdrop);
 
-/// Paints a line within that shape: a drop is welcome.
+/// Paints a line along the inside of that shape, which shows that a drop is accepted.
 void paintDropTarget(QPainter& painter, const QRectF& panel, const QPalette& palette);
 
 } // namespace nookle

@@ -40,7 +40,7 @@ QWindow& PanelContentView::panelWindow()
     return *windowHandle();
 }
 
-// Only the panel's controller decides when the panel goes; a window manager's close button does not.
+// Only the panel's controller hides the panel. A request of the window manager to close it is ignored.
 void PanelContentView::closeEvent(QCloseEvent* event)
 {
     event->ignore();

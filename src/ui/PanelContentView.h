@@ -5,19 +5,19 @@
 
 namespace nookle {
 
-/// The top-level widget that becomes the panel's window; the shelf view fills it. Made before the shelf view, because
-/// the panel's controller, whose state the shelf view shows, needs the window first. A window of a single pixel is one
-/// that nobody sees: the shelf view is hidden then, and keeps its size.
+/// The top-level widget that becomes the panel's window. The shelf view fills it. It is made before the shelf view,
+/// because the panel's controller needs the window, and the shelf view needs the controller's state. While the window
+/// is one pixel wide (off the screen), the shelf view is hidden and keeps its size.
 class PanelContentView final : public QWidget {
     Q_OBJECT
 
 public:
     PanelContentView();
 
-    /// Fills the window with `content`, and takes it over. Call it once.
+    /// Fills the window with `content`, and takes ownership of it. Call it once.
     void setContent(QWidget* content);
 
-    /// The window of the toolkit, created and not shown.
+    /// The toolkit's window of this widget, created but not shown.
     [[nodiscard]] QWindow& panelWindow();
 
 protected:

@@ -6,7 +6,7 @@ namespace nookle {
 
 class PanelPinning;
 
-/// The button in the shelf's header that shows and changes whether the panel stays.
+/// The button in the shelf's header that shows and toggles whether the panel is pinned.
 class PinButton final : public QAbstractButton {
     Q_OBJECT
 

@@ -26,7 +26,7 @@ namespace nookle {
 
 namespace {
 
-/// Pictures are made larger than they are shown, for displays with more pixels than points.
+/// In pixels. Larger than shown, for displays with several pixels a point.
 inline constexpr int pictureSize = 104;
 
 [[nodiscard]] QPixmap symbolPicture(Symbol symbol)
@@ -49,7 +49,7 @@ inline constexpr int pictureSize = 104;
     return std::make_shared<const DragPayload>(std::move(payload));
 }
 
-/// Whether a text may be an address that can be opened. Most texts are none, and some are very long.
+/// A quick test whether a text may be an address that can be opened. Most texts are not, and some are very long.
 [[nodiscard]] bool beginsAsAddress(QStringView text)
 {
     const auto begins = [text](QLatin1String scheme) { return text.startsWith(scheme, Qt::CaseInsensitive); };
@@ -129,7 +129,7 @@ void ShelfItemActions::open(const ShelfItem& item) const
     const auto url = openURL(item);
     if (!url)
         return;
-    // An image came from a stranger, and its file may be one that runs something when it is opened.
+    // An image comes from an untrusted source, and its file may be one that runs something when it is opened.
     if (std::holds_alternative<ImageContent>(item.content) && !isImageFile(*url))
         logLine(QStringLiteral("an image was not opened, because its file is none"));
     else
@@ -187,7 +187,8 @@ void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation)
 {
     if (operation != DragOperation::remove)
         return;
-    // A file that is only referred to may lie where a look is not answered, so the references are asked.
+    // A referenced file may be on a file system that does not answer, so the references are resolved instead of
+    // accessing it.
     const bool isReferredTo = std::holds_alternative<FileContent>(item.content);
     if (isReferredTo)
         m_store.refreshFiles();

@@ -18,7 +18,7 @@ class ShelfStore;
 class Trash;
 class Workspace;
 
-/// What a user can do with one item of the shelf. Borrows everything. Main thread only.
+/// The actions of a user on one item of the shelf. All arguments must outlive it. Main thread only.
 class ShelfItemActions final {
     Q_DECLARE_TR_FUNCTIONS(nookle::ShelfItemActions)
 
@@ -26,30 +26,30 @@ public:
     ShelfItemActions(ShelfStore& store, Workspace& workspace, Pasteboard& pasteboard, Trash& trash,
                      FileTransfers& transfers);
 
-    /// What other programs may do with an item of that kind when it is dragged to them.
+    /// The operations that other programs may do when `item` is dragged to them.
     [[nodiscard]] static DragOperations allowedOperations(const ShelfItem& item);
 
-    /// The context menu.
+    /// The entries of the item's context menu.
     [[nodiscard]] MenuActions menuActions(const ShelfItem& item) const;
 
-    /// What a click opens, if anything.
+    /// The address or file that a click opens, if any.
     [[nodiscard]] std::optional<QUrl> openURL(const ShelfItem& item) const;
     void open(const ShelfItem& item) const;
 
-    /// Whether there is anything to copy: not of a file that cannot be found.
+    /// Whether the item can be copied. False for a file that is missing.
     [[nodiscard]] bool canBeCopied(const ShelfItem& item) const;
 
-    /// Replaces the clipboard by the item; by nothing when its file is gone.
+    /// Replaces the clipboard's content by the item. Clears the clipboard when the item's file is missing.
     void copyToPasteboard(const ShelfItem& item) const;
 
-    /// What a drag carries; nothing when the item cannot be dragged. The picture of a file, an image or a link is its
-    /// `thumbnail`; where that is null, the icon of its kind.
+    /// The payload and picture for a drag; none when the item cannot be dragged. The picture of a file, an image or a
+    /// link is `thumbnail`, or the icon of its kind if `thumbnail` is null.
     [[nodiscard]] std::optional<DragItem> dragItem(const ShelfItem& item, const QPixmap& thumbnail) const;
 
     [[nodiscard]] static QString toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL);
 
-    /// After a drag out: a destination that deleted the item takes it off the shelf and its file to the Trash. Anything
-    /// else leaves it where it is.
+    /// Call this after a drag out. If `operation` is `remove`, moves the item's file to the Trash and removes the item
+    /// from the shelf. Otherwise does nothing.
     void dragEnded(const ShelfItem& item, DragOperation operation) const;
 
 private:

@@ -104,7 +104,7 @@ void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
     tile.interaction().setConfiguration(interaction(item));
 }
 
-// Nobody else knows where the shelf keeps its images, so only their files are looked at.
+// Checks on disk only the files of images. The store knows whether other files exist.
 std::optional<QUrl> ShelfView::presentFile(const ShelfItem& item) const
 {
     std::optional<QUrl> file = m_store.localURL(item);
@@ -146,7 +146,7 @@ void ShelfView::prepare()
 
 ItemInteraction ShelfView::interaction(const ShelfItem& item)
 {
-    // A drag and a menu outlive their tile, and may outlive the view.
+    // A drag and a menu may outlive their tile and this view.
     const QPointer<ShelfView> self(this);
     ItemInteraction interaction;
     interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
@@ -200,7 +200,7 @@ void ShelfView::updateHover(const std::optional<QUuid>& id)
         tile->setHovered(showsHover(*id));
 }
 
-// One menu may open before the one before it has closed.
+// A menu may open before the previous one has closed.
 void ShelfView::menuOpenChanged(bool isOpen)
 {
     const bool wasOpen = m_openMenus > 0;
@@ -239,7 +239,7 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
         onDragOutEnded();
 }
 
-// Other programs' sources delete what they believe to be moved, so nothing but a copy is ever taken.
+// Only copies are accepted, because a source deletes what it believes to be moved.
 bool ShelfView::canTake(const QDropEvent& event) const
 {
     return !m_isDraggingOut && (event.possibleActions() & Qt::CopyAction)
@@ -276,7 +276,7 @@ void ShelfView::dragMoveEvent(QDragMoveEvent* event)
 
 void ShelfView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
-    // The pointer has left with the drag, of which no tile is told.
+    // The pointer has left together with the drag, and tiles get no leave event for that.
     setHovered(std::nullopt);
     setDropTarget(false);
 }
@@ -298,7 +298,7 @@ void ShelfView::dropEvent(QDropEvent* event)
     acceptCopy(*event);
 }
 
-// Colours are asked for at each painting; sizes are kept.
+// Colours are read at each painting, but sizes are cached.
 bool ShelfView::event(QEvent* event)
 {
     if (event->type() == QEvent::ApplicationFontChange && m_tileSizes) {
@@ -352,7 +352,7 @@ bool ShelfView::handleKey(const QKeyEvent& event, const ShelfItem& item)
     }
 }
 
-// From the keyboard; a tile opens its own menu for the mouse.
+// Handles only the keyboard. For the mouse, a tile opens its menu itself.
 void ShelfView::contextMenuEvent(QContextMenuEvent* event)
 {
     const std::optional<ShelfItem> item = currentItem();

@@ -28,16 +28,16 @@ class ShelfItemView;
 class Thumbnails;
 class TileList;
 
-/// Makes a drop readable: what the toolkit hands over, or what the display server offers.
+/// Makes a payload that reads a drop, from the toolkit's data or directly from the display server.
 using DropReader = std::function<std::unique_ptr<DropPayload>(const QMimeData&)>;
 
-/// The panel's content: the header with its pin, and the tiles of the shelf or the hint that it is empty. Shows what
-/// the store holds and changes it only through the store. Everything that it is given must outlive it.
+/// The panel's content: the header with the pin button, and the tiles of the shelf or the hint that it is empty. Shows
+/// the items of the store, and changes them only through the store. All services must outlive it.
 class ShelfView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// What the view works with.
+    /// The objects that the view depends on.
     struct Services {
         ShelfStore& store;
         PanelPinning& pinning;
@@ -57,26 +57,27 @@ public:
 
     /// Set by the owner.
     std::function<void()> onTogglePin;
-    /// A drop that the view accepts began (true) or ceased to hover over it.
+    /// Called when a drag that the view accepts has entered it (true) or left it.
     std::function<void(bool isDropTarget)> onDropTargetChanged;
     std::function<void()> onDragOutBegan;
     std::function<void()> onDragOutEnded;
-    /// The first context menu has opened (true) or the last one has closed.
+    /// Called when the first context menu has opened (true) or the last one has closed.
     std::function<void(bool isOpen)> onMenuOpenChanged;
-    /// The user wants the shelf out of the way.
+    /// Called when the user wants to hide the shelf.
     std::function<void()> onHide;
 
-    /// Loads what the first showing needs and what takes a while: the desktop's fonts and icons. May be left out.
+    /// Loads the desktop's fonts and icons in advance, which takes a while. Optional: without it the first showing
+    /// loads them.
     void prepare();
 
-    /// The program is about to end: what a receiver has moved of the images that were dragged out is copied back.
+    /// Call this before the program ends. Copies back each dragged image whose file a receiver has moved away.
     void saveDraggedImages() { m_dragOutWatch.saveImages(); }
 
     /// The item under the pointer, if any.
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
     [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
 
-    /// What the tile of that item does with the mouse.
+    /// The actions of the item's tile on mouse events.
     [[nodiscard]] ItemInteraction interaction(const ShelfItem& item);
 
 protected:
@@ -100,9 +101,9 @@ private:
     void fillTile(ShelfItemView& tile, const ShelfItem& item);
     [[nodiscard]] std::optional<QUrl> presentFile(const ShelfItem& item) const;
     void showItems();
-    /// Made when they are first needed: the desktop's fonts take a while to load.
+    /// Makes the sizes at the first call, because loading the desktop's fonts takes a while.
     [[nodiscard]] TileSizes& tileSizes();
-    /// Null unless it is on screen.
+    /// The picture in the item's tile; null if the tile is not in view.
     [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
     [[nodiscard]] bool canTake(const QDropEvent& event) const;
     void setDropTarget(bool isDropTarget);
@@ -131,7 +132,7 @@ private:
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
     bool m_isDropTarget = false;
-    /// What is dragged is an item of the shelf, which it does not take back.
+    /// True while an item of this shelf is dragged. The shelf does not accept its own items.
     bool m_isDraggingOut = false;
     std::optional<QUuid> m_hoveredID;
     int m_openMenus = 0;

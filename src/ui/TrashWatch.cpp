@@ -10,7 +10,7 @@ namespace nookle {
 
 namespace {
 
-/// In seconds, from one look to the next.
+/// The pauses between checks, in seconds.
 inline constexpr std::array pauses{ 0.2, 0.5, 1.3, 3.0 };
 
 } // namespace

@@ -13,27 +13,28 @@ namespace nookle {
 class FileReferences;
 class Trash;
 
-/// Finds out whether the file of a drag has ended in the Trash. No desktop protocol tells: to the shelf a Trash is a
-/// program like any other, which moves a file some time after it was dropped. Borrows everything. Main thread only.
+/// Finds out whether a dragged file was moved to the Trash. No desktop protocol reports this: for the shelf, the Trash
+/// is a destination like any other, which moves the file some time after the drop. All arguments must outlive it. Main
+/// thread only.
 class TrashWatch final {
 public:
     TrashWatch(FileReferences& references, const Trash& trash, MainQueue& queue);
 
-    /// The file behind `reference` begins to be dragged; an empty reference stands for none. Ends the watch over the
-    /// file before with a last look at it.
+    /// The drag of the file behind `reference` begins; an empty reference means no file. Checks the previous file once
+    /// more and ends its watch.
     void begin(const QByteArray& reference);
 
     /// Whether the file is in the Trash now.
     [[nodiscard]] bool isInTrash();
 
-    /// Looks a few times during the next seconds, and calls `onTrashed` once if the file turns up in the Trash.
+    /// Checks a few times during the next five seconds, and calls `onTrashed` once if the file is in the Trash.
     void keepLooking(std::function<void()> onTrashed);
 
-    /// Ends the watch; `onTrashed` is not called any more.
+    /// Ends the watch. `onTrashed` is not called after this.
     void end();
 
 private:
-    /// Whether the file has turned up in the Trash.
+    /// Checks once during a watch. If the file is in the Trash, ends the watch, calls `onTrashed` and returns true.
     bool lookNow();
     void lookAfter(std::size_t pause);
 

@@ -31,7 +31,7 @@ void IconLoad::tryNextPlace()
 
 void IconLoad::takeReply(const std::optional<LookupReply>& reply)
 {
-    // A page that has held one lookup up to the end gets no other.
+    // If a lookup for this page has timed out or failed, no other place is tried.
     if (!reply)
         finish(std::nullopt);
     else if (reply->isFound)

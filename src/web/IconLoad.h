@@ -16,7 +16,7 @@ class Cancellable;
 class ImageConverter;
 class MainQueue;
 
-/// Gets the icon of one page from the first place that has one, as PNG.
+/// Loads the icon of one page as PNG, from the first place that has a usable one.
 class IconLoad final {
 public:
     /// In seconds.
@@ -24,7 +24,7 @@ public:
     inline static constexpr int maximumSide = 2048;
 
     struct Services {
-        /// Looks something up, calling back once and never inside the call.
+        /// Starts a lookup. Its callback is called once, after the call has returned.
         std::function<void(LookupRequest, std::function<void(std::optional<LookupReply>)>)> lookUp;
         ImageConverter& converter;
         MainQueue& queue;
@@ -32,8 +32,8 @@ public:
 
     using Completion = std::function<void(std::optional<QByteArray> png)>;
 
-    /// Takes the places of `page`. `completion` is called once, with nothing when there is no icon, never inside this
-    /// call or after the end of this object, which it may bring about.
+    /// Tries the places of `page`. `completion` is called once, after this call has returned, with none when there is
+    /// no icon. It may destroy this object, and is not called after its destruction.
     IconLoad(Services services, const LookupReply& page, Completion completion);
     ~IconLoad();
     IconLoad(const IconLoad&) = delete;

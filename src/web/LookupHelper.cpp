@@ -67,7 +67,7 @@ void LookupHelper::send()
     m_request.proxies = m_proxies;
     if (m_process->send(m_request.encode()))
         return;
-    // It has ended since the last lookup, which is no fault of this one.
+    // The process has ended since the last lookup. This lookup is not the cause, so start a new process.
     stop();
     start();
 }

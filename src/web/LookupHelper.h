@@ -16,9 +16,9 @@ namespace nookle {
 class Cancellable;
 class MainQueue;
 
-/// Looks one thing up at a time, by a process that is started when there is something to look up, started again after a
-/// crash, and ended when nothing has come for a while. What crashes it, or takes it longer than `longestLookup`, has no
-/// reply. Main thread only.
+/// Runs one lookup at a time in a helper process. The process is started at the first request, restarted after a crash,
+/// and ended when it has been idle for `longestIdling`. A lookup that crashes the process, or takes longer than
+/// `longestLookup`, has no reply. Main thread only.
 class LookupHelper final {
 public:
     using Completion = std::function<void(std::optional<LookupReply>)>;
@@ -28,7 +28,7 @@ public:
     inline static constexpr double longestLookup = 10;
     inline static constexpr double longestIdling = 60;
 
-    /// `program` is the path of nookle-lookup. Where no sandbox can be made, it runs without one.
+    /// `program` is the path of nookle-lookup. If no sandbox can be started, it runs without one.
     LookupHelper(MainQueue& queue, QString program, Confinement confinement);
     ~LookupHelper();
     LookupHelper(const LookupHelper&) = delete;
@@ -36,17 +36,17 @@ public:
 
     [[nodiscard]] bool isFree() const { return !m_completion; }
 
-    /// Looks up what `request` asks, when it is free. `completion` is called once, after this call has returned, and
-    /// may destroy this object.
+    /// Starts the lookup of `request`. Call it only if `isFree()`. `completion` is called once, after this call has
+    /// returned, and may destroy this object.
     void ask(LookupRequest request, Completion completion);
 
-    /// Ends the lookup under way, and all that it has open. Its completion is not called any more.
+    /// Cancels the running lookup and ends its process. Its completion is not called.
     void drop();
 
-    /// The process that looks things up, or that confines the one that does; 0 when there is none.
+    /// The id of the helper process, or of the sandbox around it; 0 when there is none.
     [[nodiscard]] qint64 processId() const;
 
-    /// The process cannot be started. Called before the completion of the lookup that it was for. Set by the owner.
+    /// Called when the process cannot be started, before the completion of the lookup. Set by the owner.
     std::function<void()> onNoStart;
 
 private:
@@ -67,10 +67,10 @@ private:
     State m_state = State::none;
     std::unique_ptr<HelperProcess> m_process;
     FrameReader m_reader;
-    /// As they were when the process started, which is often enough.
+    /// The proxy settings, read when the process was started. That is often enough.
     ProxySettings m_proxies;
     LookupRequest m_request;
-    /// None when it is free.
+    /// The completion of the running lookup; empty if there is none.
     Completion m_completion;
     std::unique_ptr<Cancellable> m_limit;
     std::unique_ptr<Cancellable> m_idleEnd;

@@ -4,8 +4,8 @@
 
 namespace nookle {
 
-/// What the lookup of web pages needs in its sandbox beyond what every helper does: the network, the certificates of
-/// this computer, and how it reaches other ones.
+/// The sandbox arguments that the lookup of web pages needs in addition to those of every helper. They give it the
+/// network, this computer's certificates, and its name resolution settings.
 [[nodiscard]] QStringList lookupSandboxArguments();
 
 } // namespace nookle

@@ -52,7 +52,7 @@ using Settings = std::unique_ptr<GSettings, Release>;
     return QByteArray(value.get());
 }
 
-/// "http://a.test:3128", or empty.
+/// A proxy such as "http://a.test:3128", or empty.
 [[nodiscard]] QByteArray gnomeProxy(GSettings* settings, const char* kind, const char* scheme)
 {
     const Settings proxy(g_settings_get_child(settings, kind));
@@ -92,7 +92,7 @@ using Settings = std::unique_ptr<GSettings, Release>;
     const auto value = [&settings](const char* key) {
         return settings.value(QLatin1String(key)).toStringList().join(u',').toUtf8();
     };
-    // The port stands behind a space.
+    // The settings have a space before the port.
     const auto proxy = [&value](const char* key) { return value(key).trimmed().replace(' ', ':'); };
     switch (value("ProxyType").toInt()) {
     case manual: {

@@ -4,8 +4,8 @@
 
 namespace nookle {
 
-/// What the environment says about proxies, or else the settings of the desktop that runs: Plasma's, or those that the
-/// others share with GNOME.
+/// The proxies from the environment variables, or else from the settings of the running desktop: those of Plasma, or
+/// GNOME's, which the other desktops share.
 [[nodiscard]] ProxySettings systemProxies();
 
 } // namespace nookle

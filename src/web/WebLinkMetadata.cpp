@@ -73,7 +73,7 @@ bool WebLinkMetadata::canLookUp(const LookupRequest& request)
 {
     if (request.url.isEmpty() || request.url.size() > LookupRequest::longestUrl)
         return false;
-    // Asked before there are processes that only find it out.
+    // Checked here, before processes are started that can only fail.
     const bool hasProgram = QFileInfo(m_program).isExecutable();
     if (!hasProgram)
         tellOfNoStart();
@@ -108,7 +108,7 @@ void WebLinkMetadata::finish(Id id, std::optional<LookupReply> reply)
 {
     const auto job = m_running.extract(id);
     startNext();
-    // Last, because it may destroy everything else.
+    // Called last, because it may destroy this object.
     if (job)
         job.mapped().completion(std::move(reply));
 }

@@ -20,9 +20,9 @@ class IconLoad;
 class ImageConverter;
 class MainQueue;
 
-/// Has pages looked up by helper processes: a few at once, the rest in their turn. An address that is no page is looked
-/// up successfully, and has neither title nor icon; one whose server answers with an error is not. When this object
-/// goes, what it has under way is dropped, and nobody is called back.
+/// Looks up web pages in helper processes, at most `mostAtOnce` at a time; further requests wait. If the address leads
+/// to something else than a page, the lookup succeeds, with neither title nor icon. If the server answers with an
+/// error, the lookup fails. Destroying this object cancels all lookups; no completion is called after that.
 class WebLinkMetadata final : public LinkMetadataService {
 public:
     using Confinement = LookupHelper::Confinement;
@@ -38,7 +38,7 @@ public:
 
     std::unique_ptr<Cancellable> start(const QUrl& url, Completion completion) override;
 
-    /// The processes that look pages up, or that confine those that do.
+    /// The ids of the helper processes, or of the sandboxes around them.
     [[nodiscard]] QList<qint64> processIds() const;
 
 private:
@@ -48,7 +48,7 @@ private:
     struct Job {
         LookupRequest request;
         LookupHelper::Completion completion;
-        /// None before its turn, and when there is nothing to look up.
+        /// Null while the job waits, and for a job that fails without a lookup.
         LookupHelper* helper = nullptr;
     };
 
@@ -65,12 +65,12 @@ private:
     ImageConverter& m_converter;
     MainQueue& m_queue;
     std::array<std::unique_ptr<LookupHelper>, mostAtOnce> m_helpers;
-    /// In the order in which they came.
+    /// In the order of the requests.
     std::map<Id, Job> m_waiting;
     std::map<Id, Job> m_running;
     std::map<Id, std::unique_ptr<IconLoad>> m_icons;
     Id m_lastId = 0;
-    /// Each link tries again, but the log is told once.
+    /// The failure to start a helper is logged only once, although each link tries again.
     bool m_hasToldOfNoStart = false;
     Lifetime m_lifetime;
 };

@@ -10,7 +10,7 @@
 
 namespace nookle {
 
-/// Moves a rectangle from one place to another, a step for each frame of the display. Main thread only.
+/// Moves a rectangle from one place to another, one step for each frame of the display. Main thread only.
 class FrameAnimation final : public QObject {
     Q_OBJECT
 
@@ -20,11 +20,11 @@ public:
 
     explicit FrameAnimation(Step step);
 
-    /// Ends the animation under way, runs its completion, and starts another one.
+    /// Ends the running animation, runs its completion, and starts another one.
     void start(const QRectF& from, const QRectF& to, double seconds, double framesPerSecond, const QEasingCurve& curve,
                Completion completion);
 
-    /// Ends the animation where it is and runs its completion.
+    /// Ends the animation at its present place and runs its completion.
     void stop();
 
 private:

@@ -8,7 +8,7 @@
 
 namespace nookle {
 
-/// The space that a panel or dock reserves along the edges of the whole desktop, in pixels: `_NET_WM_STRUT_PARTIAL`.
+/// The space that a panel or dock reserves along the edges of the whole desktop, in pixels (`_NET_WM_STRUT_PARTIAL`).
 struct Strut {
     int left = 0;
     int right = 0;
@@ -23,13 +23,13 @@ struct Strut {
     int bottomStart = 0;
     int bottomEnd = 0;
 
-    /// From the twelve numbers of `_NET_WM_STRUT_PARTIAL` or the four of `_NET_WM_STRUT`, which hold along the whole
-    /// edge; anything else reserves nothing.
+    /// Reads the twelve numbers of `_NET_WM_STRUT_PARTIAL`, or the four of `_NET_WM_STRUT`, which apply to the whole
+    /// edge. A list of any other length reserves nothing.
     [[nodiscard]] static Strut fromNumbers(const std::vector<std::uint32_t>& numbers, const QSize& desktop);
 };
 
-/// What the struts leave of a display. A strut counts for the display in which it ends: one that covers a display
-/// across, because it belongs to another one behind it, takes nothing away.
+/// The part of a display that the struts leave free. A strut counts only for the display in which it ends. A strut that
+/// crosses a whole display, because it belongs to another display behind it, takes nothing away from the crossed one.
 [[nodiscard]] QRect usableArea(const QRect& display, const QSize& desktop, const std::vector<Strut>& struts);
 
 } // namespace nookle

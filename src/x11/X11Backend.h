@@ -13,13 +13,13 @@ class X11Compositing;
 class X11DragOffer;
 class X11Drops;
 
-/// Everything that goes through the X server.
+/// The desktop backend for the X server.
 class X11Backend final : public DesktopBackend {
 public:
     /// Whether the server that the environment names accepts a connection.
     [[nodiscard]] static bool isServerRunning();
 
-    /// The application object exists and runs on X11.
+    /// The application object must exist and run on X11.
     X11Backend();
     ~X11Backend() override;
 
@@ -38,7 +38,7 @@ private:
     void displaysChanged();
 
     xcb_connection_t* m_connection;
-    /// For what is asked some forty times a second while something is dragged.
+    /// For queries that are sent about forty times a second during a drag.
     XcbConnection m_queries;
     std::unique_ptr<Displays> m_displays;
     std::unique_ptr<Pointer> m_pointer;
@@ -48,7 +48,7 @@ private:
     std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<X11Drops> m_drops;
     std::unique_ptr<X11DragOffer> m_dragOffer;
-    /// Ends what is connected to the application before the rest.
+    /// The context of the connections to the application's signals. Declared last, so that they end first.
     QObject m_context;
 };
 

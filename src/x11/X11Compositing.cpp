@@ -21,7 +21,7 @@ Backdrop X11Compositing::look() const
 {
     if (!m_manager.hasOwner())
         return Backdrop::opaque;
-    // A compositing manager that blurs what a window asks for says so on the root window.
+    // A compositing manager that can blur the background of windows sets this property on the root window.
     const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
     const auto blur = xcb_get_property(m_connection, 0, root, xcbAtom(m_connection, "_KDE_NET_WM_BLUR_BEHIND_REGION"),
                                        XCB_ATOM_ANY, 0, 1);

@@ -5,7 +5,7 @@
 
 namespace nookle {
 
-/// Watches for a compositing manager: it owns a selection while it runs. Main thread only.
+/// Watches the selection that a compositing manager owns while it runs. Main thread only.
 class X11Compositing final : public Compositing {
 public:
     explicit X11Compositing(xcb_connection_t* connection);

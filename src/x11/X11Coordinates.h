@@ -7,16 +7,17 @@
 
 namespace nookle {
 
-// The X server counts pixels. The toolkit's points keep the origin of each screen in pixels and scale only within the
-// screen, and everything here follows it.
+// The X server counts in pixels, the toolkit in points. In the toolkit's points, the origin of each screen stays in
+// pixels, and only the offset within the screen is scaled. These functions do the same.
 
-/// Where a pixel of the root window stands in points.
+/// The position in points of a pixel of the root window.
 [[nodiscard]] QPointF pointsFromPixels(const QPoint& pixel);
 
-/// A rectangle of pixels in points; it lies on the screen of its top left corner.
+/// A rectangle of pixels in points. The scale is that of the screen with its top left corner.
 [[nodiscard]] QRectF pointsFromPixels(const QRect& pixels);
 
-/// The pixels of a rectangle that belongs to the display with the full frame `display`, beyond whose edges it may lie.
+/// A rectangle of points in pixels. It belongs to the display with the full frame `display`, but may lie beyond that
+/// display's edges.
 [[nodiscard]] QRect pixelsFromPoints(const QRectF& points, const QRectF& display);
 
 } // namespace nookle

@@ -56,8 +56,8 @@ std::optional<QRect> X11Displays::workArea() const
     return QRect(number(0), number(1), number(2), number(3));
 }
 
-// The work area is one rectangle for the whole desktop: with several displays it cuts off what a panel on one of them
-// takes from all, so there only the struts count.
+// The work area is one rectangle for the whole desktop. With several displays, a panel on one of them reduces the work
+// area of all, so then only the struts are used.
 QRect X11Displays::usable(const QRect& display) const
 {
     const QSize desktop = desktopSize();

@@ -12,16 +12,16 @@ struct xcb_connection_t;
 
 namespace nookle {
 
-/// The toolkit's screens, with what panels, docks and the window manager leave of each, for which it asks the X server
-/// at every call.
+/// The toolkit's screens, with the area of each that panels, docks and the window manager leave free. Queries the X
+/// server for that area at every call.
 class X11Displays final : public Displays {
 public:
-    /// `connection` is borrowed.
+    /// `connection` must outlive this object.
     X11Displays(xcb_connection_t* connection, std::uint32_t root);
 
     [[nodiscard]] std::vector<QRectF> frames() const override;
     [[nodiscard]] std::optional<QRectF> mainFrame() const override;
-    /// The name of its monitor.
+    /// The name of the display's monitor.
     [[nodiscard]] QString identity(const QRectF& frame) const override;
     [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override;
 

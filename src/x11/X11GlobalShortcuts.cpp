@@ -19,7 +19,7 @@ constexpr xcb_keysym_t superSymbol = 0xffeb;
 struct KnownKey {
     Qt::Key key;
     xcb_keysym_t symbol;
-    /// Where the key is on most keyboards, for layouts that have no such letter.
+    /// The key's code on most keyboards, for layouts without this letter.
     xcb_keycode_t place;
 };
 
@@ -51,7 +51,8 @@ std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombinatio
         wanted.states = statesOf(keys.keyboardModifiers());
     }
     const bool isGrabbed = m_connection && grab(wanted);
-    // Keys that came while the server was asked wait in the connection, of which its socket tells nothing any more.
+    // Key events that arrived during the requests are in the connection's queue, and its socket does not signal them
+    // again.
     QMetaObject::invokeMethod(this, &X11GlobalShortcuts::readEvents, Qt::QueuedConnection);
     if (!isGrabbed) {
         logLine(QStringLiteral("the keyboard shortcut is not available: another program may hold it"));
@@ -117,7 +118,7 @@ std::uint16_t X11GlobalShortcuts::modifierMask(Qt::KeyboardModifiers modifiers) 
     return mask;
 }
 
-// A grab holds for one exact state of all modifiers, and the lock keys are modifiers too.
+// A grab applies to one exact state of all modifiers, and the lock keys count as modifiers.
 std::vector<std::uint16_t> X11GlobalShortcuts::statesOf(Qt::KeyboardModifiers modifiers) const
 {
     const std::uint16_t mask = modifierMask(modifiers);
@@ -149,7 +150,7 @@ bool X11GlobalShortcuts::grab(const Grab& grab)
 
 void X11GlobalShortcuts::ungrab(const Grab& grab)
 {
-    // With whatever modifiers: those that it was grabbed with may mean something else by now.
+    // With any modifiers, because the modifiers of the grab may have another meaning by now.
     for (const xcb_keycode_t key : grab.keys)
         xcb_ungrab_key(m_connection.get(), key, m_root, XCB_MOD_MASK_ANY);
     xcb_flush(m_connection.get());
@@ -191,14 +192,14 @@ void X11GlobalShortcuts::keyPressed(const xcb_key_press_event_t& event)
         if (isMeant && !std::exchange(grab.isDown, true))
             pressed.push_back(grab.pressed);
     }
-    // Each may take back its own shortcut and those of others.
+    // Each call may unregister its own shortcut and others.
     for (const auto& each : pressed) {
         if (const auto call = each.lock())
             (*call)();
     }
 }
 
-// A key that is held repeats itself: the server sends a release and a press of the same moment.
+// For the auto-repeat of a held key, the server sends a release and a press with the same timestamp.
 void X11GlobalShortcuts::keyReleased(const xcb_key_release_event_t& event)
 {
     const auto next = owned(xcb_poll_for_event(m_connection.get()));
@@ -215,8 +216,8 @@ void X11GlobalShortcuts::keyReleased(const xcb_key_release_event_t& event)
         handle(*next);
 }
 
-// Comes whenever another keyboard is used than before, in the middle of its first keys: a shortcut that is the same on
-// both must not be let go then.
+// The server sends this whenever the user switches to another keyboard, while its first keys are pressed. A shortcut
+// that is the same on both keyboards must stay grabbed then.
 void X11GlobalShortcuts::keyboardChanged(xcb_mapping_notify_event_t event)
 {
     if (event.request == XCB_MAPPING_POINTER)

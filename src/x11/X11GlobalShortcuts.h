@@ -17,8 +17,8 @@
 
 namespace nookle {
 
-/// Shortcuts as passive grabs of the root window, on a connection of their own. They work whatever lock keys are on,
-/// and follow a change of the keyboard's layout. Main thread only.
+/// Shortcuts as passive key grabs on the root window, on a connection of their own. They work with any lock keys on,
+/// and adapt to a change of the keyboard layout. Main thread only.
 class X11GlobalShortcuts final : public QObject, public GlobalShortcuts {
     Q_OBJECT
 
@@ -35,9 +35,10 @@ private:
         QKeyCombination combination;
         std::shared_ptr<const std::function<void()>> pressed;
         std::vector<xcb_keycode_t> keys;
-        /// Of the modifiers: the shortcut's with every combination of lock keys, the one without any first.
+        /// The modifier states: the shortcut's modifiers with every combination of lock keys; the one without lock keys
+        /// comes first.
         std::vector<std::uint16_t> states;
-        /// The key is down, and what comes from it is its repetition.
+        /// True while the key is held down: further presses are its auto-repeat.
         bool isDown = false;
     };
 

@@ -17,7 +17,7 @@ namespace {
 
 inline constexpr std::uint32_t leftButton = 1;
 
-/// Quick enough for a panel that comes out, and slow enough not to be noticed however often the mouse reports.
+/// Short enough that the panel opens without a visible delay, and long enough to cost little with any mouse.
 inline constexpr std::chrono::milliseconds movementInterval{ 25 };
 
 [[nodiscard]] const xcb_screen_t* screenOf(xcb_connection_t* connection, int number)
@@ -45,16 +45,16 @@ X11InputMonitor::X11InputMonitor(xcb_connection_t* ownConnection)
     connect(&m_pause, &QTimer::timeout, this, &X11InputMonitor::readEvents);
     readButtonMapping();
     selectRawEvents(false);
-    // A reply comes after everything before it: from here on no press is missed.
+    // The server handles requests in order: once this reply is here, no press is missed.
     const auto cookie = xcb_get_input_focus(m_connection.get());
     [[maybe_unused]] const auto reply = owned(xcb_get_input_focus_reply(m_connection.get(), cookie, nullptr));
-    // Those that came before the reply wait in the connection, of which its socket tells nothing any more.
+    // Events that arrived before the reply are in the connection's queue, and its socket does not signal them again.
     QMetaObject::invokeMethod(this, &X11InputMonitor::readEvents, Qt::QueuedConnection);
 }
 
 X11InputMonitor::~X11InputMonitor() = default;
 
-// A connection of its own keeps these events, a thousand a second during a drag, away from the toolkit's queue.
+// With a connection of its own, these events do not fill the toolkit's queue: up to a thousand a second during a drag.
 bool X11InputMonitor::connectToServer()
 {
     int screenNumber = 0;
@@ -74,7 +74,7 @@ bool X11InputMonitor::hasInputExtension()
     if (!extension || extension->present == 0)
         return false;
     m_inputOpcode = extension->major_opcode;
-    // From 2.1 on, raw events keep coming while another program holds a grab.
+    // From version 2.1 on, raw events also arrive while another program holds a grab.
     const auto cookie = xcb_input_xi_query_version(m_connection.get(), 2, 2);
     const auto reply = owned(xcb_input_xi_query_version_reply(m_connection.get(), cookie, nullptr));
     return reply && (reply->major_version > 2 || (reply->major_version == 2 && reply->minor_version >= 1));
@@ -122,7 +122,7 @@ void X11InputMonitor::readButtonMapping()
     m_buttonMapping.assign(buttons, buttons + xcb_get_pointer_mapping_map_length(reply.get()));
 }
 
-// Raw events count the buttons as the device does.
+// Raw events contain the button numbers of the device.
 std::uint32_t X11InputMonitor::userButton(std::uint32_t deviceButton) const
 {
     const bool isMapped = deviceButton >= 1 && deviceButton <= m_buttonMapping.size();
@@ -141,7 +141,8 @@ void X11InputMonitor::readEvents()
     m_notifier->setEnabled(!m_hasMoved);
     if (!m_hasMoved)
         return;
-    // However many movements were waiting, the pointer is in one place only. Those that come next wait for a while.
+    // All waiting movements count as one, because only the pointer's last position matters. The pause delays the next
+    // ones.
     m_pause.start();
     call(m_dragHandlers);
 }
@@ -169,7 +170,7 @@ void X11InputMonitor::handleRawEvent(const xcb_generic_event_t& event)
     if (generic.extension != m_inputOpcode)
         return;
     if (generic.event_type == XCB_INPUT_RAW_MOTION) {
-        // Some still come after the release: the server learns of it later that they are not wanted any more.
+        // Some motion events still arrive after the release, because the server stops them a little later.
         m_hasMoved = m_isLeftButtonDown;
         return;
     }

@@ -15,16 +15,16 @@
 
 namespace nookle {
 
-/// Raw events of the X Input extension, which arrive whichever program has the pointer, also during its drags; and the
-/// owner of the XdndSelection, which tells when a drag of content begins. Movements are asked for only while the left
-/// button is down, so that the mouse alone never wakes the program, and then looked at some forty times a second. Which
-/// button is the left one is the user's choice: the server's mapping is followed.
+/// Uses raw events of the X Input extension, which arrive no matter which program has the pointer, even during that
+/// program's drags. A change of the owner of XdndSelection shows that a drag of content begins. Motion events are
+/// selected only while the left button is down, so that mouse movements alone never wake the program, and are handled
+/// about forty times a second. The user may have swapped the buttons, so the server's button mapping is applied.
 class X11InputMonitor final : public QObject, public InputMonitor {
     Q_OBJECT
 
 public:
-    /// `ownConnection` is the one whose drags are not counted: the program's own. Where the server has no such events,
-    /// the reason is logged and no monitor can be installed.
+    /// `ownConnection` is the program's own connection, whose drags are not counted. If the server lacks these events,
+    /// that is logged and no monitor can be installed.
     explicit X11InputMonitor(xcb_connection_t* ownConnection);
     ~X11InputMonitor() override;
 
@@ -53,12 +53,12 @@ private:
     xcb_connection_t* m_ownConnection;
     XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
-    /// Runs while a drag is under way: a mouse may report a thousand movements a second.
+    /// Limits the rate at which movements are handled during a drag: a mouse may report a thousand a second.
     QTimer m_pause;
     std::uint32_t m_root = 0;
     std::uint8_t m_inputOpcode = 0;
     std::uint8_t m_firstFixesEvent = 0;
-    /// What the user has made of each button of the device, counted from 1.
+    /// The logical button for each device button. The first entry is for button 1.
     std::vector<std::uint8_t> m_buttonMapping;
     Handlers m_pressHandlers;
     Handlers m_dragHandlers;

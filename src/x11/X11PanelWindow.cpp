@@ -99,7 +99,7 @@ void X11PanelWindow::setFrame(const QRectF& frame)
     place(frame);
 }
 
-// Its own display is the one just left of where it starts, and around it where it rests.
+// The panel's own display covers the point just left of its frame, both at the start of the slide and at rest.
 void X11PanelWindow::findDisplay(const QRectF& frame)
 {
     const std::vector<QRectF> frames = m_displays.frames();
@@ -120,8 +120,8 @@ void X11PanelWindow::place(const QRectF& frame)
     moveTo(m_pixels);
 }
 
-// Straight to the server: the toolkit would count the points of a window that sticks out of its display from the origin
-// of another one.
+// Sent directly to the server: for a window that extends beyond its display, the toolkit may convert points with the
+// origin of another display.
 void X11PanelWindow::moveTo(const QRect& pixels)
 {
     const std::uint32_t values[] = { static_cast<std::uint32_t>(pixels.x()), static_cast<std::uint32_t>(pixels.y()),
@@ -133,7 +133,7 @@ void X11PanelWindow::moveTo(const QRect& pixels)
     xcb_flush(m_connection);
 }
 
-// The window manager moves the window later than it is asked to: nothing may show in the place where it still is.
+// The window manager moves the window with a delay, so the window must not be visible at its old place either.
 int X11PanelWindow::farthestLeft() const
 {
     const auto cookie = xcb_translate_coordinates(m_connection, static_cast<xcb_window_t>(m_window.winId()),
@@ -151,8 +151,8 @@ void X11PanelWindow::updateShape()
         applyShape(shape);
 }
 
-// Straight to the server: the toolkit's masks are made of points, and the corners would be coarse where a point is
-// several pixels.
+// Sent directly to the server: the toolkit's masks consist of points, so the corners would be coarse on displays with
+// several pixels a point.
 void X11PanelWindow::applyShape(const QRegion& pixels)
 {
     const std::vector<std::uint32_t> numbers = rectangleNumbers(pixels);
@@ -168,7 +168,7 @@ void X11PanelWindow::applyShape(const QRegion& pixels)
                              static_cast<std::uint32_t>(rectangles.size()), rectangles.data());
 }
 
-// Where windows shine through, the content draws its corners itself, and smoother.
+// With transparent windows, the content draws its round corners itself, with smooth edges.
 QRegion X11PanelWindow::outline(const QSize& size) const
 {
     if (m_compositing.backdrop() != Backdrop::opaque)
@@ -206,7 +206,7 @@ void X11PanelWindow::orderFront()
 void X11PanelWindow::orderOut()
 {
     m_animation.stop();
-    // Taking it away for a moment makes the window manager hand the focus on, in case that the panel has it.
+    // Hiding the window for a moment makes the window manager give the focus to another window, if the panel has it.
     m_window.setVisible(false);
     m_parking.start(timeToLoseTheFocus);
 }
@@ -217,7 +217,7 @@ void X11PanelWindow::park()
     for (const QRectF& frame : m_displays.frames())
         all |= pixelsFromPoints(frame, frame);
     const QRect beyondAll(all.bottomRight() + QPoint(2, 2), QSize(1, 1));
-    // The toolkit gives a window that comes up the place and the size that it knows.
+    // When the window is shown, the toolkit sets the position and the size that it knows.
     m_window.setGeometry(beyondAll);
     moveTo(beyondAll);
     setDockProperties();
@@ -225,7 +225,7 @@ void X11PanelWindow::park()
     moveTo(beyondAll);
 }
 
-// The window manager removes the states whenever a window is taken off the screen: they are set at each showing.
+// The window manager removes these states when a window is hidden, so they are set at each showing.
 void X11PanelWindow::setDockProperties()
 {
     const auto window = static_cast<xcb_window_t>(m_window.winId());
@@ -242,8 +242,8 @@ void X11PanelWindow::setDockProperties()
           m_atoms["_NET_WM_STATE_SKIP_PAGER"] });
 }
 
-// Some window managers put a full-screen window that has the focus above every dock, but none of them puts it above a
-// window that belongs to it.
+// Some window managers put a focused full-screen window above every dock. None puts it above a window that is transient
+// for it.
 void X11PanelWindow::standAboveFullScreenWindow()
 {
     const auto window = static_cast<xcb_window_t>(m_window.winId());

@@ -21,17 +21,17 @@ namespace nookle {
 class Compositing;
 class Displays;
 
-/// The shelf's window on X11: a managed window of the dock type, because some window managers hand drags to managed
-/// windows only, and because no window manager keeps a dock from sliding in from beyond the edge. Where another display
-/// lies beyond that edge, the window is cut off there by its shape.
+/// The shelf's window on X11. It is a managed window of the dock type, for two reasons: some window managers deliver
+/// drags only to managed windows, and no window manager prevents a dock from sliding in from beyond the edge. If
+/// another display lies beyond that edge, the window's shape is cut off there.
 ///
-/// While it is off the screen it is parked: shown, but a single pixel beyond all displays. Browsers know only the
-/// windows that were there when a drag began, and the panel comes out in the middle of one.
+/// While the panel is hidden, its window is "parked": it stays mapped, with a size of one pixel beyond all displays.
+/// Browsers consider only the windows that existed when a drag began, and the panel slides in during a drag.
 class X11PanelWindow final : public QObject, public PanelWindow {
     Q_OBJECT
 
 public:
-    /// Borrows everything. `window` has been created and not yet been shown.
+    /// All arguments must outlive this object. `window` has been created but not shown.
     X11PanelWindow(QWindow& window, double cornerRadius, const Displays& displays, const Compositing& compositing,
                    xcb_connection_t* connection);
     ~X11PanelWindow() override;
@@ -51,13 +51,13 @@ private:
     void standAboveFullScreenWindow();
     void raise();
     void askForBlur();
-    /// Of a window of that size; all in pixels.
+    /// The outline of a window of that size, in pixels.
     [[nodiscard]] QRegion outline(const QSize& size) const;
     [[nodiscard]] int cornerPixels() const;
     void applyShape(const QRegion& pixels);
     void findDisplay(const QRectF& frame);
     void moveTo(const QRect& pixels);
-    /// The left edge of the window, where it was put or where it still is.
+    /// The window's left edge in pixels: its target or its present position, whichever is farther right.
     [[nodiscard]] int farthestLeft() const;
     void updateShape();
 
@@ -74,9 +74,9 @@ private:
     QRectF m_display;
     /// The frame in pixels.
     QRect m_pixels;
-    /// The right edge that nothing of the window may show beyond, in pixels; none while no display lies there.
+    /// The x coordinate in pixels beyond which no part of the window may be visible; none if no display lies there.
     std::optional<int> m_limit;
-    /// What the window's shape shows, in pixels; none before it was set.
+    /// The window's shape in pixels; none before it was set.
     std::optional<QRegion> m_shape;
 };
 

@@ -8,10 +8,10 @@ struct xcb_connection_t;
 
 namespace nookle {
 
-/// The core pointer, asked for at every call.
+/// The core pointer. Queries the server at every call.
 class X11Pointer final : public Pointer {
 public:
-    /// `connection` is borrowed.
+    /// `connection` must outlive this object.
     X11Pointer(xcb_connection_t* connection, std::uint32_t root);
 
     [[nodiscard]] QPointF position() const override;

@@ -9,7 +9,7 @@ namespace nookle {
 
 class BusService;
 
-/// The interface by which a desktop starts programs and opens files with them.
+/// The bus interface with which a desktop starts programs and opens files with them.
 class ApplicationAdaptor final : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -18,10 +18,10 @@ public:
     explicit ApplicationAdaptor(BusService& service);
 
 public Q_SLOTS:
-    /// `platformData`, here and below, is about windows and start-up feedback, which the shelf has no use for.
+    /// `platformData`, here and below, concerns windows and start-up feedback. The shelf ignores it.
     void Activate(const QVariantMap& platformData) const;
     void Open(const QStringList& uris, const QVariantMap& platformData) const;
-    /// The one action is "add-selection"; others do nothing.
+    /// The only action is "add-selection". Other names do nothing.
     void ActivateAction(const QString& name, const QVariantList& parameters, const QVariantMap& platformData) const;
 
 private:

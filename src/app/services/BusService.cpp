@@ -38,7 +38,7 @@ BusService::~BusService()
 void BusService::start()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
-    // The object first: calls may be waiting for the name.
+    // Register the object before the name, because calls may be waiting for the name.
     if (bus.isConnected() && bus.registerObject(path(), this) && bus.registerService(name()))
         return;
     const QString reason = bus.isConnected() ? bus.lastError().message() : QStringLiteral("there is no session bus");

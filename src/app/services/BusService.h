@@ -6,8 +6,8 @@
 
 namespace nookle {
 
-/// The program on the session bus, as its desktop file promises: other programs, file managers and the desktop itself
-/// hand over what is to be put on the shelf. Without a bus there is none of it. Main thread only.
+/// The program's service on the session bus, which its desktop file declares. Other programs, file managers and the
+/// desktop use it to add to the shelf. Without a bus, they cannot. Main thread only.
 class BusService final : public QObject, public ProgramRequests {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ public:
     BusService();
     ~BusService() override;
 
-    /// Takes the program's name on the bus.
+    /// Registers the service and the program's name on the bus.
     void start() override;
 };
 

@@ -9,8 +9,8 @@ class MainQueue;
 class Cancellable;
 class ShelfStore;
 
-/// Removes what has been on the shelf for longer than the user wants, now and every minute as long as this lives. The
-/// setting is read each time. What it is given must outlive it. Main thread only.
+/// Removes expired items from the shelf, at once and then every minute as long as this object lives. Reads the user's
+/// setting each time. The constructor's arguments must outlive it. Main thread only.
 class ExpirySweep final {
 public:
     ExpirySweep(const AppSettings& settings, ShelfStore& store, MainQueue& queue);

@@ -11,7 +11,7 @@ namespace {
 
 [[nodiscard]] bool exists(const QByteArray& path)
 {
-    // A link that leads nowhere is there, too.
+    // A link without a target exists too.
     struct stat status {};
     return ::lstat(path.constData(), &status) == 0;
 }

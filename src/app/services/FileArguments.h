@@ -8,15 +8,15 @@
 
 namespace nookle {
 
-/// What the program was started with: files, by path or by address, and other addresses.
+/// The program's command line arguments: files, by path or by address, and other addresses.
 struct FileArguments {
-    /// Of everything that is there, in its order.
+    /// The addresses of all usable arguments, in their order.
     QStringList uris;
-    /// What is neither a file that exists nor an address, as it was given.
+    /// The arguments that are neither an existing file nor an address, unchanged.
     QList<QByteArray> unknown;
 
-    /// Relative paths count from `workingDirectory`. Names are bytes, and may begin with a hyphen. A path that
-    /// `mayLookAt` refuses counts as a file unless it reads as an address.
+    /// Relative paths are relative to `workingDirectory`. Names are bytes, and may begin with a hyphen. A path that
+    /// `mayLookAt` refuses is not accessed; it counts as a file unless it has the form of an address.
     [[nodiscard]] static FileArguments parse(const QList<QByteArray>& arguments, const QByteArray& workingDirectory,
                                              const std::function<bool(const QByteArray& path)>& mayLookAt);
 };

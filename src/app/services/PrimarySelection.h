@@ -4,7 +4,8 @@
 
 namespace nookle {
 
-/// What is selected in whichever program selected something last. Waits for that program. Main thread only.
+/// The primary selection: the text or files that the user selected last, in any program. Waits for that program. Main
+/// thread only.
 [[nodiscard]] ServicePasteboard readPrimarySelection();
 
 } // namespace nookle

@@ -11,24 +11,24 @@
 
 namespace nookle {
 
-/// What other programs and the desktop itself ask of this one. Main thread only.
+/// Requests of other programs and of the desktop to this program. Main thread only.
 class ProgramRequests {
 public:
     virtual ~ProgramRequests() = default;
 
-    /// Begins to take requests; says in one log line why there are none to be had.
+    /// Begins to accept requests. If that is impossible, writes the reason in one log line.
     virtual void start() = 0;
 
-    /// A program hands something over; the failure is told to it. Set by the owner.
+    /// Called when a program hands something over. A returned failure is sent to that program. Set by the owner.
     std::function<std::optional<Failure>(const ServicePasteboard&)> onAdd = [](const auto&) { return std::nullopt; };
 
-    /// The desktop opens files and pages with the program. Nobody waits for an answer. Set by the owner.
+    /// Called when the desktop opens files and pages with this program. There is no answer. Set by the owner.
     std::function<void(const QStringList& uris)> onOpen = [](const QStringList&) {};
 
-    /// The desktop starts the program once more. Set by the owner.
+    /// Called when the desktop starts the program once more. Set by the owner.
     std::function<void()> onActivate = [] {};
 
-    /// What is selected in another program is to be added. Set by the owner.
+    /// Called to add the present selection of another program. Set by the owner.
     std::function<void()> onAddSelection = [] {};
 };
 

@@ -14,7 +14,7 @@ namespace nookle {
 
 namespace {
 
-/// As many as are moved without the user noticing it.
+/// Moving so many files takes no noticeable time.
 inline constexpr qsizetype filesTakenOverAtOnce = 10;
 
 [[nodiscard]] bool isLink(const QUrl& file)
@@ -57,7 +57,7 @@ void ScreenshotCollector::addWaiting()
         schedule();
 }
 
-// The store puts the first of several files on top, and the last screenshot is the newest.
+// Reverses the order: the store puts the first file on top, but the newest screenshot is the last one.
 void ScreenshotCollector::addFiles()
 {
     QList<QUrl> files = std::exchange(m_filesToAdd, {});

@@ -13,17 +13,17 @@ class AppSettings;
 class MainQueue;
 class ShelfStore;
 
-/// Puts new screenshots on the shelf, as the settings say. Thousands at once leave the program responsive. What it is
-/// given must outlive it. Main thread only.
+/// Puts new screenshots on the shelf, as the settings say. The program stays responsive even with thousands at once.
+/// The constructor's arguments must outlive it. Main thread only.
 class ScreenshotCollector final {
 public:
     ScreenshotCollector(const AppSettings& settings, ShelfStore& store, MainQueue& queue);
 
-    /// Adds the screenshot soon, as the newest item; ignores it while the settings say so. A link is never moved: what
-    /// it leads to would stay behind.
+    /// Adds the screenshot soon, as the newest item; ignores it while the setting is off. A link is never moved,
+    /// because its target would stay behind.
     void collect(const QUrl& screenshot);
 
-    /// Something was put on the shelf. Set by the owner.
+    /// Called after each batch of screenshots was processed. Set by the owner.
     std::function<void()> onCollected = [] {};
 
 private:

@@ -25,7 +25,7 @@ void ScreenshotSwitch::updateScreenshotWatcher()
         m_watcher.stop();
 }
 
-// Told once only, and acted upon later: several changes in a row count as one.
+// Listens to one change and handles it later, so several changes in a row count as one.
 void ScreenshotSwitch::observeScreenshotSetting()
 {
     const auto actLater = [this] {

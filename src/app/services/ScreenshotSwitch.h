@@ -8,13 +8,13 @@ class AppSettings;
 class MainQueue;
 class ScreenshotWatcher;
 
-/// Lets the watcher run exactly while the user wants screenshots collected. What it is given must outlive it. Main
-/// thread only.
+/// Runs the screenshot watcher while the setting to collect screenshots is on. The constructor's arguments must outlive
+/// it. Main thread only.
 class ScreenshotSwitch final : public QObject {
     Q_OBJECT
 
 public:
-    /// Starts or stops the watcher at once, and follows the setting from then on.
+    /// Starts or stops the watcher at once, and at each later change of the setting.
     ScreenshotSwitch(const AppSettings& settings, ScreenshotWatcher& watcher, MainQueue& queue);
 
 private:

@@ -9,23 +9,23 @@
 
 namespace nookle {
 
-/// What another program hands over to be put on the shelf.
+/// The data that another program hands over for the shelf.
 struct ServicePasteboard {
     QList<QUrl> fileUrls;
     std::optional<QString> string;
 };
 
-/// Sorts addresses and a text, which is empty when there is none, into what they are. An address that is no file's is
-/// the text when nothing else is.
+/// Sorts addresses and a text (empty for none) into a pasteboard. If there is no text, the first address that is not a
+/// file's takes its place.
 [[nodiscard]] ServicePasteboard servicePasteboard(const QStringList& uris, const QString& text);
 
-/// What a list of files and pages holds, each in the order of the list.
+/// The files and pages of a list of addresses, each in the order of the list.
 struct AddressList {
     QList<QUrl> fileUrls;
     QStringList pages;
 };
 
-/// Leaves out what is no address, and files that are not on this machine.
+/// Sorts `uris`. Leaves out invalid addresses and files of other machines.
 [[nodiscard]] AddressList addressList(const QStringList& uris);
 
 } // namespace nookle

@@ -29,7 +29,7 @@ std::optional<Failure> ServiceProvider::open(const AddressList& list)
 {
     if (list.fileUrls.isEmpty() && list.pages.isEmpty())
         return nothingFound();
-    // What is added last ends on top.
+    // The item that is added last is on top.
     std::for_each(list.pages.crbegin(), list.pages.crend(), [this](const QString& page) { m_store.addText(page); });
     m_store.addFiles(list.fileUrls);
     m_onAdded();

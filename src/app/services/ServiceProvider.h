@@ -12,19 +12,20 @@ namespace nookle {
 
 class ShelfStore;
 
-/// Puts what other programs hand over on the shelf. Main thread only.
+/// Adds to the shelf what other programs hand over. Main thread only.
 class ServiceProvider final {
     Q_DECLARE_TR_FUNCTIONS(ServiceProvider)
 
 public:
-    /// `store` must outlive this. `onAdded` is called after something was added.
+    /// `store` must outlive this object. `onAdded` is called after the store got something to add, even if it refused
+    /// that.
     ServiceProvider(ShelfStore& store, std::function<void()> onAdded);
 
-    /// Adds the files, or else the text; says for the user what was wrong when there is neither.
+    /// Adds the files, or else the text. When there is neither, returns a failure with a text for the user.
     [[nodiscard]] std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
 
-    /// Adds all that a user names one by one: the files on top, the pages below, each in the order of the list. Says
-    /// for the user what was wrong when there is nothing among it that can be added.
+    /// Adds all files and pages of a list: the files on top, the pages below, each in the order of the list. When the
+    /// list is empty, returns a failure with a text for the user.
     [[nodiscard]] std::optional<Failure> open(const AddressList& list);
 
 private:

@@ -8,7 +8,7 @@ namespace nookle {
 
 class BusService;
 
-/// The program's own interface on the bus.
+/// The program's own bus interface.
 class ShelfAdaptor final : public QDBusAbstractAdaptor {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.nookle.Nookle1")
@@ -17,8 +17,7 @@ public:
     explicit ShelfAdaptor(BusService& service);
 
 public Q_SLOTS:
-    /// Adds the files of `uris`, or else `text`, which is empty when there is none. The error's message is for the
-    /// user.
+    /// Adds the files in `uris`, or else `text` (empty for none). The message of an error reply is a text for the user.
     void AddToShelf(const QStringList& uris, const QString& text, const QDBusMessage& message) const;
 
 private:

@@ -9,22 +9,23 @@ namespace nookle {
 
 class UserDefaults;
 
-/// The user's choices. Every assignment is written to the settings; only a real change is told. Main thread only.
+/// The user's settings. Every assignment is written to the settings file. A signal is emitted only if the value has
+/// changed. Main thread only.
 class AppSettings final : public QObject {
     Q_OBJECT
 
 public:
-    /// How long an item that is not pinned stays. The value is the greatest age in seconds; `never` has none.
+    /// How long an unpinned item stays on the shelf. The value is the maximum age in seconds; `never` means no limit.
     enum class Expiry : qint64 { never = 0, hour = 3600, day = 86400, week = 604800 };
 
-    /// In the order in which they are offered.
+    /// In the order in which the user sees them.
     static constexpr std::array allExpiries{ Expiry::never, Expiry::hour, Expiry::day, Expiry::week };
 
-    /// The choice with that number of seconds; none for any other number.
+    /// The value with that number of seconds; none for any other number.
     [[nodiscard]] static std::optional<Expiry> expiry(qint64 rawValue);
     [[nodiscard]] static QString title(Expiry expiry);
 
-    /// Reads the settings once. `defaults` must outlive this.
+    /// Reads the settings once. `defaults` must outlive this object.
     explicit AppSettings(UserDefaults& defaults);
 
     [[nodiscard]] bool autoExpandOnDrag() const { return m_autoExpandOnDrag; }

@@ -15,7 +15,7 @@ namespace {
         + control.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, &control);
 }
 
-/// The toolkit breaks lines at spaces alone, and a path has none.
+/// Allows line breaks after slashes, because the toolkit breaks lines only at spaces and a path may have none.
 [[nodiscard]] QString breakable(QString text)
 {
     const QString zeroWidthSpace(QChar(0x200b));

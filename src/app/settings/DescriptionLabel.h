@@ -4,15 +4,16 @@
 
 namespace nookle {
 
-/// A sentence below a control that says more about it, in the secondary colour. Main thread only.
+/// A sentence below a control that explains it, in the secondary colour. Main thread only.
 class DescriptionLabel final : public QLabel {
     Q_OBJECT
 
 public:
-    /// Describes `control` to assistive programs as well. Under a check box the text stands in line with the box's.
+    /// The text is also the description of `control` for assistive programs. Under a check box, the text is aligned
+    /// with the box's text.
     explicit DescriptionLabel(QWidget& control);
 
-    /// Shown as it is, whatever characters it has; a word that is too long for the line is broken.
+    /// Shows `text` as plain text. A path that is too long for the line is broken at its slashes.
     void setDescription(const QString& text);
 
 private:

@@ -8,12 +8,12 @@ namespace nookle {
 
 class LoginItem;
 
-/// Switches on and off that the program opens when the user logs in. Main thread only.
+/// Switches the start of the program at login on and off. Main thread only.
 class LaunchAtLogin {
 public:
     LaunchAtLogin() = delete;
 
-    /// Registers or unregisters the program; says why it did not work.
+    /// Registers or unregisters the program. Returns the reason of a failure.
     [[nodiscard]] static std::optional<Failure> setEnabled(LoginItem& item, bool enabled);
 };
 

@@ -55,7 +55,7 @@ LoginItemSection::LoginItemSection(LoginItem& item)
     column->addWidget(m_error);
 
     const LoginItem::Status status = m_item.status();
-    // An item that waits for approval is shown as off here, and as on once the user has switched it on.
+    // At first a disabled item is shown as off. Once the user has switched it on here, it is shown as on.
     m_launchAtLogin->setChecked(status == LoginItem::Status::enabled);
     m_approvalHint->setVisible(status == LoginItem::Status::requiresApproval);
     m_error->hide();

@@ -9,14 +9,14 @@ namespace nookle {
 
 class LoginItem;
 
-/// The part of the settings about opening at login: the switch, the hint that the desktop has it switched off, and what
-/// went wrong. Shows the state that was read when it was made, and from then on what its own switch brings about. Main
-/// thread only.
+/// The part of the settings about starting at login: the switch, the hint that the desktop has disabled it, and an
+/// error message. Shows the state at the time of its construction, and then the results of its own switch. Main thread
+/// only.
 class LoginItemSection final : public QGroupBox {
     Q_OBJECT
 
 public:
-    /// `item` must outlive this.
+    /// `item` must outlive this object.
     explicit LoginItemSection(LoginItem& item);
 
 private:

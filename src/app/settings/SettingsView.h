@@ -16,16 +16,16 @@ namespace nookle {
 class DescriptionLabel;
 class LoginItem;
 
-/// The form that edits the settings. Each control writes through at once and follows changes made elsewhere. Main
-/// thread only.
+/// The form that edits the settings. Each control writes its setting at once, and shows changes that are made
+/// elsewhere. Main thread only.
 class SettingsView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// The folder of new screenshots, asked for each time the form is shown.
+    /// Returns the folder of new screenshots. Called each time the form is shown.
     using ScreenshotDirectory = std::function<QUrl()>;
 
-    /// `settings` and `loginItem` must outlive this.
+    /// `settings` and `loginItem` must outlive this object.
     SettingsView(AppSettings& settings, LoginItem& loginItem, ScreenshotDirectory screenshotDirectory);
 
     [[nodiscard]] QSize sizeHint() const override;

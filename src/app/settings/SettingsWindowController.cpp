@@ -13,7 +13,7 @@ namespace nookle {
 
 namespace {
 
-/// On the display that the user looks at.
+/// Centres the window on the display with the pointer.
 void centre(QDialog& window)
 {
     const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
@@ -56,7 +56,7 @@ std::unique_ptr<QDialog> SettingsWindowController::makeWindow() const
     window->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.nookle.Nookle")));
     auto* content = new QVBoxLayout(window.get());
     content->setContentsMargins({});
-    // The window is as large as its form, also when a row comes or goes.
+    // The window always has the size of its form, also when a row appears or disappears.
     content->setSizeConstraint(QLayout::SetFixedSize);
     content->addWidget(new SettingsView(m_settings, m_loginItem, m_screenshotDirectory));
     return window;

@@ -8,17 +8,17 @@
 
 namespace nookle {
 
-/// Owns the settings window, which is made once and kept when it is closed. Main thread only.
+/// Owns the settings window. The window is made once, and kept when it is closed. Main thread only.
 class SettingsWindowController final {
 public:
-    /// `settings` and `loginItem` must outlive this.
+    /// `settings` and `loginItem` must outlive this object.
     SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
                              SettingsView::ScreenshotDirectory screenshotDirectory);
     ~SettingsWindowController();
     SettingsWindowController(const SettingsWindowController&) = delete;
     SettingsWindowController& operator=(const SettingsWindowController&) = delete;
 
-    /// Brings the window to the front, making it first if need be.
+    /// Brings the window to the front. Makes it at the first call.
     void show();
 
 private:

@@ -13,7 +13,7 @@ namespace nookle {
 
 namespace {
 
-// The shapes below are given on a square of that size.
+// The shapes below are defined on a square of this size.
 inline constexpr double canvasSize = 18;
 inline constexpr double lineWidth = 1.3;
 inline constexpr double smileWidth = 0.9;
@@ -72,7 +72,7 @@ inline constexpr double smileWidth = 0.9;
     return { color, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin };
 }
 
-/// Takes away what lies under a shape: a single colour cannot paint over it.
+/// Clears the area of a shape. With a single colour, a shape cannot be painted over.
 void erase(QPainter& painter, const QPainterPath& shape, const QPen& outline)
 {
     painter.save();
@@ -83,7 +83,7 @@ void erase(QPainter& painter, const QPainterPath& shape, const QPen& outline)
     painter.restore();
 }
 
-/// On a layer that holds nothing else: what is erased must be the icon's own.
+/// `painter` must paint on a layer of its own, because `erase` clears everything below a shape.
 void drawShapes(QPainter& painter, const QColor& color)
 {
     const QPen line = linePen(color, lineWidth);
@@ -121,7 +121,7 @@ public:
         return pixmap;
     }
 
-    // What a tray is sent that cannot scale it itself.
+    // The sizes that are sent to a tray which cannot scale the icon itself.
     QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override
     {
         QList<QSize> sizes;

@@ -14,11 +14,11 @@ class MenuBarIcon {
 public:
     MenuBarIcon() = delete;
 
-    /// The icon at any size, in the present colour of the desktop's text. Where it is installed in the desktop's icon
-    /// theme it also carries its name, so that a tray can tint it as its own.
+    /// The icon, scalable to any size, in the present colour of the desktop's text. If it is installed in the desktop's
+    /// icon theme, it also has its theme name, so that a tray can tint it like its own icons.
     [[nodiscard]] static QIcon make();
 
-    /// Draws it as large as fits into `box`. Does nothing on a painter that paints on nothing.
+    /// Draws the icon as large as fits into `box`. Does nothing if `painter` is not active.
     static void draw(QPainter& painter, const QRectF& box, const QColor& color);
 };
 

@@ -38,7 +38,7 @@ void StatusItem::activated(QSystemTrayIcon::ActivationReason reason)
 
 bool StatusItem::eventFilter(QObject* watched, QEvent* event)
 {
-    // A tray holds a copy of the picture, in the colour of its time.
+    // The tray keeps a copy of the icon in its old colour.
     if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance() && m_icon)
         m_icon->setIcon(MenuBarIcon::make());
     return QObject::eventFilter(watched, event);

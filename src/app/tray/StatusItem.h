@@ -13,13 +13,13 @@ class MainQueue;
 class StatusMenu;
 class TrayHost;
 
-/// The program's icon in the desktop's tray, from the moment on that there is one. Any click opens the menu. Main
-/// thread only.
+/// The program's icon in the desktop's tray, shown as soon as there is a tray. Any click opens the menu. Main thread
+/// only.
 class StatusItem final : public QObject {
     Q_OBJECT
 
 public:
-    /// What it is given must outlive it.
+    /// All arguments must outlive this object.
     StatusItem(StatusMenu& menu, TrayHost& notifier, TrayHost& embedding, MainQueue& queue);
     ~StatusItem() override;
 

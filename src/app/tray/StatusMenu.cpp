@@ -32,7 +32,7 @@ QAction* StatusMenu::addEntry(const QString& title, const QKeySequence& key, std
     entry->setShortcut(key);
     connect(entry, &QAction::triggered, this, [this, action] {
         (this->*action)();
-        // The click itself has flipped the mark, whatever came of it.
+        // The click has toggled the check mark even if the state has not changed.
         showPinned();
     });
     return entry;
@@ -43,7 +43,7 @@ void StatusMenu::showPinned()
     m_pinItem->setChecked(m_pinning.isPinned());
 }
 
-// The menu belongs to no window whose shortcuts the toolkit would look at.
+// Handles the shortcuts itself, because the menu belongs to no window for which the toolkit would do it.
 void StatusMenu::keyPressEvent(QKeyEvent* event)
 {
     const QKeySequence pressed(event->keyCombination());

@@ -12,8 +12,8 @@ namespace nookle {
 
 class PanelPinning;
 
-/// The menu of the icon in the tray. Its check mark follows the pinned state at once, because a tray that draws the
-/// menu itself never asks for it. Main thread only.
+/// The menu of the icon in the tray. Its check mark is updated at every change of the pinned state, because a tray that
+/// draws the menu itself never asks for the state. Main thread only.
 class StatusMenu final : public QMenu {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ public:
     /// `pinning` must outlive the menu.
     explicit StatusMenu(const PanelPinning& pinning);
 
-    /// What the entries do. Set by the owner.
+    /// The actions of the entries. Set by the owner.
     std::function<void()> onTogglePanel = [] {};
     std::function<void()> onTogglePinned = [] {};
     std::function<void()> onShowSettings = [] {};

@@ -9,21 +9,22 @@ class Cancellable;
 class MainQueue;
 class TrayHost;
 
-/// Waits until the desktop shows the icons of programs. The toolkit settles for one kind of tray with its first icon
-/// and stays with it, so a desktop that is still starting gets time to bring the kind that follows its theme before an
-/// embedding tray is taken. Main thread only.
+/// Waits until the desktop has a tray. The toolkit chooses the kind of tray when the first icon is shown, and never
+/// changes it. So a desktop that is still starting gets five seconds to provide the kind that draws icons itself and
+/// follows the theme. After that an embedding tray is accepted too. Main thread only.
 class TrayFinder final {
 public:
-    /// `notifier` draws icons and menus itself; `embedding` shows a window of the program. Both must outlive this.
+    /// `notifier` draws icons and menus itself; `embedding` shows a window of the program. Both must outlive this
+    /// object.
     TrayFinder(TrayHost& notifier, TrayHost& embedding, MainQueue& queue);
     ~TrayFinder();
     TrayFinder(const TrayFinder&) = delete;
     TrayFinder& operator=(const TrayFinder&) = delete;
 
-    /// Begins to wait. A desktop that shows no icons is said so in one log line, and may begin to at any time.
+    /// Begins to wait. Without a tray, writes one log line. A tray that starts later is still used.
     void start();
 
-    /// A tray is there for the icon. Called once, perhaps from within `start`. Set by the owner.
+    /// Called once when a tray was found, possibly within `start`. Set by the owner.
     std::function<void()> onFound = [] {};
 
 private:

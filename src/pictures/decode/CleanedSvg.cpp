@@ -14,7 +14,7 @@ namespace {
     return qualifiedName.mid(qualifiedName.lastIndexOf(u':') + 1);
 }
 
-// The reference with nothing in it but pixels, whatever type it claims for them; empty when there is no more to it.
+// A "data:" reference rebuilt from its pixel image, with the image's true type; empty for any other reference.
 [[nodiscard]] QString embeddedPixels(QStringView reference)
 {
     static constexpr QLatin1String mark("base64,");
@@ -56,7 +56,7 @@ std::optional<QByteArray> cleanedSvg(const QByteArray& document)
 {
     QByteArray cleaned;
     QXmlStreamReader reader(document);
-    // Prefixes are copied as they stand.
+    // Prefixes are copied unchanged.
     reader.setNamespaceProcessing(false);
     QXmlStreamWriter writer(&cleaned);
     bool isInDrawing = false;

@@ -6,8 +6,8 @@
 
 namespace nookle {
 
-/// The SVG drawing in `document` without anything that reaches beyond it: the toolkit opens whatever file a drawing
-/// names. Images within the drawing stay, as long as they are pixels. Nothing for what is no well-formed SVG.
+/// The SVG drawing in `document` without references to other files: the toolkit would open any file that a drawing
+/// names. Embedded pixel images are kept. None if `document` is not well-formed SVG.
 [[nodiscard]] std::optional<QByteArray> cleanedSvg(const QByteArray& document);
 
 } // namespace nookle

@@ -11,13 +11,13 @@ namespace nookle {
 
 namespace {
 
-// Pictures in the folder of thumbnails have at most this side.
+// The maximum side of shared thumbnails, in pixels.
 inline constexpr int largestThumbnail = 1024;
 
-// What a PNG may be larger than the pixels in it, for its chunks and for pixels that cannot be compressed.
+// The maximum size of a PNG beyond its pixels, in bytes: for its chunks, and for pixels that cannot be compressed.
 inline constexpr quint64 pngOverhead = 65'536;
 
-// The numbers before the pixels and the PNG.
+// The maximum size of the numbers in a reply, in bytes.
 inline constexpr quint64 replyOverhead = 64;
 
 [[nodiscard]] quint64 largestPixels(int side)

@@ -7,20 +7,20 @@
 
 namespace nookle {
 
-// What the program and its image decoder say to each other over a socket of their own. The decoder begins with a
-// greeting and then answers requests in the order in which they came. Each request comes with one descriptor, open for
-// reading on the image. What the decoder sends counts as hostile: an image may have taken it over.
+// The protocol between the program and its image decoder, over a socket of their own. The decoder sends a greeting and
+// then answers requests in their order. Each request comes with one descriptor from which the image can be read.
+// Everything that the decoder sends counts as hostile: a malicious image may have taken it over.
 
-/// What a decoder says once it is ready.
+/// The decoder sends this when it is ready.
 inline constexpr QByteArrayView decoderGreeting("nookle-decode-1\n");
 
 /// What to do with an image.
 struct DecodeRequest {
     enum class Purpose : quint8 {
-        /// The pixels of the image, made to fit into a square of `side` pixels.
+        /// The pixels of the image, reduced to fit into a square of `side` pixels.
         thumbnail = 1,
-        /// The same of a thumbnail that another program has left, unless it belongs to another file or another state of
-        /// it than `uri` and `modificationTime` say.
+        /// The pixels of a thumbnail that another program has saved, reduced like `thumbnail`. No image if the saved
+        /// thumbnail does not belong to `uri` and `modificationTime`.
         savedThumbnail = 2,
         /// The image as PNG. Images with a longer side than `side` are refused.
         conversion = 3,
@@ -28,7 +28,7 @@ struct DecodeRequest {
 
     Purpose purpose = Purpose::thumbnail;
     int side = 0;
-    /// The side of the thumbnail to make a PNG of as well, for other programs; 0 for none.
+    /// The side of an additional thumbnail as PNG, for other programs; 0 for none.
     int savedSide = 0;
     QByteArray uri;
     /// Seconds since 1970.
@@ -37,16 +37,16 @@ struct DecodeRequest {
 
     [[nodiscard]] QByteArray encode() const;
 
-    /// Nothing for bytes that `encode` cannot have written.
+    /// None for bytes that `encode` cannot have written.
     [[nodiscard]] static std::optional<DecodeRequest> decode(const QByteArray& bytes);
 
-    /// No encoded request is longer.
+    /// The maximum size of an encoded request, in bytes.
     inline static constexpr quint32 longest = 65'536;
 
     bool operator==(const DecodeRequest&) const = default;
 };
 
-/// The answer to one request. Without pixels and without PNG it says that there is no image.
+/// The answer to one request. Empty `pixels` and `png` mean that there is no image.
 struct DecodeReply {
     int width = 0;
     int height = 0;
@@ -56,10 +56,10 @@ struct DecodeReply {
 
     [[nodiscard]] QByteArray encode() const;
 
-    /// Nothing for bytes that an honest decoder does not answer `request` with.
+    /// None for bytes that are not a valid answer to `request`.
     [[nodiscard]] static std::optional<DecodeReply> decode(const QByteArray& bytes, const DecodeRequest& request);
 
-    /// No encoded reply to `request` is longer.
+    /// The maximum size of an encoded reply to `request`, in bytes.
     [[nodiscard]] static quint32 longest(const DecodeRequest& request);
 
     bool operator==(const DecodeReply&) const = default;

@@ -15,21 +15,22 @@ namespace nookle {
 
 namespace {
 
-// A picture of 50 million pixels; JPEG, which is made smaller while it is decoded, goes far beyond that.
+// Enough for a picture of 50 million pixels. A JPEG may be far larger, because it is reduced while it is decoded.
 inline constexpr int mostMegabytes = 192;
 
-// Longer drawings take longer than anybody waits.
+// In bytes. Longer drawings would take too long.
 inline constexpr qint64 longestDrawing = 16 << 20;
 
 inline constexpr int largestIcon = 256;
 
-/// An image about to be read, and the bytes that it is read from where that is not the file itself.
+/// A reader for an image, and the cleaned bytes of a drawing, which is not read from the file itself.
 struct Source {
     QBuffer drawing;
     QImageReader reader;
 };
 
-// Fonts, which a drawing may need, exist only under an application. Most images need none, and start without it.
+// A drawing may need fonts, which require an application object. It is made only then, because other images do not need
+// it.
 void prepareForText()
 {
     if (QCoreApplication::instance() != nullptr)
@@ -108,7 +109,7 @@ void selectBestSize(QImageReader& reader, int maximumSide)
     if (!open(file, source))
         return {};
     selectBestSize(source.reader, largestIcon);
-    // Whether the image is turned afterwards makes no difference: what it has to fit into is a square.
+    // A later rotation of the image does not matter, because it must fit into a square.
     const QSize size = source.reader.size();
     if (size.isEmpty())
         return {};
@@ -128,7 +129,7 @@ void selectBestSize(QImageReader& reader, int maximumSide)
     if (size.isEmpty() || isTooLarge(size))
         return {};
     const QImage image = source.reader.read();
-    // What an icon file says of its sizes need not be true.
+    // The sizes that an icon file declares may be wrong.
     return isTooLarge(image.size()) ? QImage() : image;
 }
 

@@ -6,9 +6,9 @@ class QIODevice;
 
 namespace nookle {
 
-/// Does what `request` asks with the image in `file`, a device of random access. Content alone decides what kind of
-/// image it is. Uses no more memory for pixels than some hundred megabytes, but may take long, or die of a defect in a
-/// decoder: not for a process that has anything else to do.
+/// Processes the image in `file`, a random-access device, as `request` says. The image's format is recognized by its
+/// content only. Uses at most a few hundred megabytes for pixels. It may take long, or crash because of a bug in an
+/// image library: call it only in a process that does nothing else.
 [[nodiscard]] DecodeReply decodeImage(QIODevice& file, const DecodeRequest& request);
 
 } // namespace nookle

@@ -22,7 +22,7 @@ namespace {
 
 } // namespace
 
-/// Decodes images for the program that started it, which is at the other end of standard input, until that closes it.
+/// Decodes images for the program at the other end of standard input, until that end is closed.
 int main()
 {
     limitProcess();

@@ -38,7 +38,7 @@ namespace {
     return isLetter(each) || isDigit(each) || isOneOf(each, "-._~!$&'()*+,;=");
 }
 
-/// Whether a part holds nothing but common characters, escapes and the `others`.
+/// Whether a part contains only common characters, escapes and the characters in `others`.
 [[nodiscard]] bool consistsOf(QStringView part, const char* others)
 {
     for (qsizetype index = 0; index < part.size(); ++index) {
@@ -102,7 +102,7 @@ namespace {
     return isOneOf(character, "/?#");
 }
 
-/// What stands between the two slashes and the path; none without the slashes.
+/// The text between the two slashes and the path; none without the slashes.
 [[nodiscard]] std::optional<QStringView> authorityOf(QStringView behindScheme)
 {
     if (!behindScheme.startsWith(QLatin1String("//")))
@@ -145,7 +145,7 @@ std::optional<LinkUrl> LinkUrl::parseSaved(const QString& text)
     if (isAbsoluteAddress(text))
         return LinkUrl(text);
     const QUrl url(text, QUrl::StrictMode);
-    // Even in strict mode QUrl takes text that is not ASCII, and encodes it.
+    // Even in strict mode, QUrl accepts non-ASCII text and encodes it.
     const bool isAscii = !text.isEmpty() && std::all_of(text.begin(), text.end(), isPrintableAscii);
     return isAscii && url.isValid() && !url.scheme().isEmpty() ? std::optional(LinkUrl(text)) : std::nullopt;
 }
@@ -177,7 +177,7 @@ std::optional<QString> LinkUrl::host() const
 QUrl LinkUrl::url() const
 {
     const QUrl strict(m_text, QUrl::StrictMode);
-    // The strict reading refuses every escape in a host.
+    // The strict mode refuses every escape in a host.
     return strict.isValid() ? strict : QUrl(m_text, QUrl::TolerantMode);
 }
 

@@ -7,29 +7,30 @@
 
 namespace nookle {
 
-/// An absolute URL that keeps the text it was made from: QUrl alone would rewrite the host's letter case and some
-/// escapes. Two are equal when their texts are.
+/// An absolute URL that keeps its original text. QUrl would change the host's letter case and some escapes. Two objects
+/// are equal if their texts are equal.
 class LinkUrl {
 public:
-    /// Reads RFC 3986 syntax. None for text that is not a valid URL, that has no scheme, or whose port is no
-    /// number; a number may be larger than any port.
+    /// Parses RFC 3986 syntax. None if the text is not a valid URL, has no scheme, or has a port that is not a number.
+    /// The port number may be too large.
     [[nodiscard]] static std::optional<LinkUrl> parse(const QString& text);
 
-    /// The same for the text of a saved link. It may also hold brackets and further "#" where they do not belong.
+    /// Parses the text of a saved link. Accepts what `parse` accepts, and also misplaced brackets and more than one
+    /// "#".
     [[nodiscard]] static std::optional<LinkUrl> parseSaved(const QString& text);
 
-    /// The text as it was given.
+    /// The original text.
     [[nodiscard]] const QString& absoluteString() const { return m_text; }
 
-    /// In lower case.
+    /// The scheme, in lower case.
     [[nodiscard]] QString scheme() const;
 
-    /// The host as it stands in the text, without user, port and the brackets of an IPv6 address; none when it is
-    /// missing or empty.
+    /// The host as it is written, without user, port and the brackets of an IPv6 address. None if it is missing or
+    /// empty.
     [[nodiscard]] std::optional<QString> host() const;
 
-    /// The same for programs that open it: a host in escapes or in letters of other scripts has its form in ASCII. Not
-    /// valid for one that the toolkit refuses, such as one whose port is too large.
+    /// The URL for programs that open it, with the host in ASCII form. The result is invalid if QUrl refuses the text,
+    /// for example because the port is too large.
     [[nodiscard]] QUrl url() const;
 
     bool operator==(const LinkUrl&) const = default;

@@ -11,7 +11,7 @@ namespace nookle {
 
 namespace {
 
-/// How much of a text is looked at for the line that it is shown by.
+/// The number of characters of a text that are searched for its first line.
 inline constexpr qsizetype longestLine = 1 << 16;
 
 [[nodiscard]] bool isNewline(QChar character)

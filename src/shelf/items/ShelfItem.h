@@ -12,11 +12,11 @@
 
 namespace nookle {
 
-/// A file or folder that stays where it is.
+/// A referenced file or folder, which stays in its place.
 struct FileContent {
-    /// What FileReferences made for it.
+    /// The reference that `FileReferences` made.
     QByteArray bookmark;
-    /// The last path component as last seen.
+    /// The last known file name.
     QString name;
 
     bool operator==(const FileContent&) const = default;
@@ -42,7 +42,7 @@ struct LinkContent {
 
 /// An image that the shelf owns.
 struct ImageContent {
-    /// Its name inside the item's folder.
+    /// The name of the file in the item's folder.
     QString fileName;
 
     bool operator==(const ImageContent&) const = default;
@@ -59,13 +59,14 @@ struct ShelfItem {
     /// Pinned items do not expire.
     bool pinned = false;
 
-    /// What to call the item; may be empty.
+    /// The item's name; may be empty.
     [[nodiscard]] QString displayName() const;
 
-    /// The same as it is shown (see `shownText`). Takes no longer for the longest text.
+    /// The name as it is shown (see `shownText`). The time does not grow with the length of the text.
     [[nodiscard]] QString shownName() const;
 
-    /// The web address (http or https, with a host) that `from` consists of, leaving aside white space around it.
+    /// The web address (http or https, with a host) in `from`, which may have white space around it; none if `from` is
+    /// anything else.
     [[nodiscard]] static std::optional<LinkUrl> webURL(const QString& from);
 
     bool operator==(const ShelfItem&) const = default;

@@ -23,10 +23,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What becomes of a look at a file.
+/// The result of `lookAt`.
 enum class Look { isFile, isMissing, isNoFile, fails };
 
-/// Follows links; one that leads to no file counts as missing.
+/// Follows links. A link without a target counts as missing.
 [[nodiscard]] Look lookAt(const QByteArray& path)
 {
     struct stat status {};
@@ -46,7 +46,7 @@ enum class Look { isFile, isMissing, isNoFile, fails };
     return { QString::fromStdString(std::generic_category().message(errno)) };
 }
 
-/// Nothing is moved in place of a folder, nor a folder in place of a file.
+/// Whether a rename failed because a folder cannot replace a file, or a file a folder.
 [[nodiscard]] bool isInTheWay(const std::error_code& error)
 {
     return error == std::errc::is_a_directory || error == std::errc::not_a_directory
@@ -93,7 +93,7 @@ QList<ShelfItem> IndexFile::load()
     }
     m_obstacle = std::get<Failure>(decoded);
     m_isBroken = bytes.size() == file.size();
-    // What cannot be moved is tried again before the first write.
+    // If moving fails, `makeWay` tries again before the first write.
     if (!setAside())
         m_obstacle.reset();
     return {};

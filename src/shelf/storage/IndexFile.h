@@ -11,44 +11,45 @@
 
 namespace nookle {
 
-/// The index in the data folder. An index that the program cannot read is never written over: it is moved aside. Main
-/// thread only.
+/// The index file in the data folder. An index that the program cannot read is never overwritten; it is renamed ("moved
+/// aside"). Main thread only.
 class IndexFile {
 public:
-    /// Reads no index of more than `largestSize` bytes.
+    /// An index of more than `largestSize` bytes counts as unreadable.
     IndexFile(const QByteArray& dataFolder, qsizetype largestSize);
 
     [[nodiscard]] const QByteArray& path() const { return m_path; }
 
-    /// The items of the index; none if there is no index, or none that can be read. One that can be read, but not be
-    /// understood, is moved aside at once.
+    /// The items of the index; an empty list if there is no index or it cannot be read. A file that is not a valid
+    /// index, or is too large, is moved aside at once.
     [[nodiscard]] QList<ShelfItem> load();
 
-    /// Whether the index may be written, over the one on disk if there is one. Not over one that another program has
-    /// written since this one last read or wrote it.
+    /// Whether the index on disk, if any, may be overwritten. False if `load` could not read it, or if another program
+    /// has written it since this program last read or wrote it. If false, call `makeWay` before writing.
     [[nodiscard]] bool isOurs();
 
-    /// The program has written the index, and `stamp` was taken then.
+    /// Call this when the program has written the index. `stamp` is the stamp of the new index.
     void wasWritten(const IndexStamp& stamp) { m_own = stamp; }
 
-    /// Makes that so: moves aside what `load` has not read, and leaves a mark if there is no index, here or aside, that
-    /// could name the folders of items that there are. After a failure nothing may be written.
+    /// Makes it safe to write the index. Moves aside the file that must not be overwritten. If there is no such file,
+    /// but item folders exist (`hasItemFolders`) and no index was moved aside that could name them, leaves a mark file.
+    /// After a failure the index must not be written.
     [[nodiscard]] std::optional<Failure> makeWay(bool hasItemFolders);
 
-    /// Whether there is an index on disk that this program has read or written.
+    /// Whether the index on disk was read or written by this program.
     [[nodiscard]] bool isWritten() const;
 
-    /// Whether every item is in the index that was read. Not while another index, which was lost or moved aside, may
-    /// name some.
+    /// Whether the index that was read names every item. False if no index was read. Also false while there is an index
+    /// that was moved aside, or a mark of a lost one: that index may name other items.
     [[nodiscard]] bool namesEveryItem() const;
 
-    /// Takes the mark away that an index was lost.
+    /// Removes the mark of a lost index.
     void forgetLostIndex() const;
 
 private:
     [[nodiscard]] std::optional<Failure> setAside() const;
-    /// Where the index on disk goes. A broken index replaces an older broken one, and nothing replaces an index that
-    /// may be whole.
+    /// The new path for an index that is moved aside. A broken index replaces an older broken one. Nothing replaces an
+    /// index that may be valid.
     [[nodiscard]] QByteArray asidePath() const;
     /// Whether what is at `path` was read, and is no index.
     [[nodiscard]] bool isNoIndex(const QByteArray& path) const;
@@ -60,12 +61,12 @@ private:
     QByteArray m_asidePath;
     QByteArray m_lostMark;
     qsizetype m_largestSize;
-    /// Why what is there is not ours to replace; none once it is.
+    /// The reason why the file at `m_path` must not be overwritten; none if it may be.
     std::optional<Failure> m_obstacle;
     bool m_wasRead = false;
-    /// What is there was read, and is no index.
+    /// The file at `m_path` was read completely and is not a valid index.
     bool m_isBroken = false;
-    /// The index as the program last read or wrote it.
+    /// The stamp of the index that the program last read or wrote.
     std::optional<IndexStamp> m_own;
 };
 

@@ -15,14 +15,13 @@ using namespace indexKeys;
 
 namespace {
 
-/// Reads one document. The first thing that is wrong ends up in `failure()`, and every reading function that met
-/// something wrong returns nothing.
+/// Reads one document. `failure()` returns the first error. A reading function returns none if it has found an error.
 class Reader {
 public:
     [[nodiscard]] std::optional<ShelfIndex> index(const QJsonObject& object)
     {
         const QJsonValue version = object.value(versionKey);
-        // The default comes back for anything but an integer.
+        // `toInteger` returns its default for anything but an integer.
         if (version.toInteger(0) != version.toInteger(1))
             return fail(versionKey, "expected an integer.");
         const QJsonValue items = object.value(itemsKey);
@@ -145,7 +144,7 @@ private:
             return {};
         const QByteArray::FromBase64Result bookmark = QByteArray::fromBase64Encoding(
             base64->toLatin1(), QByteArray::Base64Encoding | QByteArray::AbortOnBase64DecodingErrors);
-        // Qt does without padding when there is none at all.
+        // Qt accepts base64 without any padding; the index always has padding.
         if (!bookmark || base64->size() % 4 != 0)
             return fail(bookmarkKey, "expected Base64.");
         std::optional<QString> name = string(payload, nameKey);

@@ -9,7 +9,7 @@
 
 namespace nookle {
 
-/// Reads the JSON form of an index. The first thing that is wrong is the failure.
+/// Reads the JSON form of an index. The failure describes the first error.
 [[nodiscard]] std::variant<ShelfIndex, Failure> readIndex(const QJsonObject& object);
 
 } // namespace nookle

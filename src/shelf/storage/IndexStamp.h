@@ -6,18 +6,18 @@
 
 namespace nookle {
 
-/// Tells whether the index on disk is still the one that the program has read or written. Any thread.
+/// Tells whether the index on disk still has the content that the program last read or wrote. Any thread.
 class IndexStamp {
 public:
-    /// Of the file at `path`, whose content is `bytes`.
+    /// Makes the stamp of the file at `path`, whose content is `bytes`.
     IndexStamp(const QByteArray& path, const QByteArray& bytes);
 
-    /// Whether the file at `path` has that content. Its content is read only if its identity, size or time differ:
-    /// some file systems change identities and times by themselves.
+    /// Whether the file at `path` has the same content. The file is read only if its size is the same but its inode or
+    /// time differs: some file systems change these by themselves.
     [[nodiscard]] bool isOf(const QByteArray& path) const;
 
 private:
-    /// What changes when a file is written or replaced.
+    /// The properties that change when a file is written or replaced.
     struct State {
         quint64 device = 0;
         quint64 inode = 0;
@@ -28,7 +28,7 @@ private:
         bool operator==(const State&) const = default;
     };
 
-    /// None where there is no regular file.
+    /// None if there is no regular file.
     [[nodiscard]] static std::optional<State> stateOf(const QByteArray& path);
 
     std::optional<State> m_state;

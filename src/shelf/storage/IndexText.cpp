@@ -7,7 +7,8 @@ QString uuidText(const QUuid& uuid)
     return uuid.toString(QUuid::WithoutBraces).toUpper();
 }
 
-// Qt reads more forms of both than the index has. Only what is written back as it was read has the index's form.
+// Qt accepts more forms of UUIDs and dates than the index uses. A text has the index's form only if writing the value
+// gives the same text.
 
 std::optional<QUuid> uuidFromText(const QString& text)
 {

@@ -8,17 +8,17 @@
 
 namespace nookle {
 
-/// The canonical text of an identity: 36 characters, hyphenated, upper case.
+/// The canonical text of a UUID: 36 characters, hyphenated, upper case.
 [[nodiscard]] QString uuidText(const QUuid& uuid);
 
-/// Reads exactly that form, in any letter case.
+/// Reads the form that `uuidText` writes, in any letter case; none for any other form.
 [[nodiscard]] std::optional<QUuid> uuidFromText(const QString& text);
 
 /// A moment in whole seconds as the index writes it, such as 2026-01-31T12:00:00Z; empty before the year 1 and after
 /// the year 9999.
 [[nodiscard]] QString dateText(const QDateTime& date);
 
-/// The moment; nothing for any other form.
+/// Reads the form that `dateText` writes; none for any other form.
 [[nodiscard]] std::optional<QDateTime> dateFromText(const QString& text);
 
 } // namespace nookle

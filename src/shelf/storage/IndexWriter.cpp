@@ -10,10 +10,11 @@ namespace nookle {
 
 namespace {
 
-/// In seconds. A thread cannot tell the main thread: that may be gone by then.
+/// In seconds. Polled, because the thread may outlive the main queue and so cannot post to it.
 constexpr double lookInterval = 0.1;
 
-/// In bytes. For each time as much, an index gets the whole patience once more: a slow disk is no dead one.
+/// In bytes. For each full multiple of this size, the timeout grows by `patience`, so that a slow disk does not count
+/// as hanging.
 constexpr qsizetype patienceSize = 100'000'000;
 
 } // namespace
@@ -60,7 +61,7 @@ void IndexWriter::start(ShelfIndex index)
     try {
         std::thread(work).detach();
     } catch (const std::system_error&) {
-        // No thread can be had.
+        // No thread can be started.
         work();
     }
     if (!m_timer)
@@ -98,7 +99,7 @@ std::optional<Failure> IndexWriter::finish()
     while (m_run) {
         {
             std::unique_lock lock(m_run->mutex);
-            // Nobody waits twice for the same disk.
+            // After a timeout, do not wait for the same disk again.
             const auto patience = m_hasGivenUp ? std::chrono::milliseconds(0) : m_run->patience;
             if (!m_run->changed.wait_for(lock, patience, [this] { return m_run->isFinished; })) {
                 m_hasGivenUp = true;

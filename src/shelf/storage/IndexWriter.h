@@ -11,33 +11,33 @@
 
 namespace nookle {
 
-/// Has indexes written by a thread, one after the other, so that the main thread need not wait. Main thread only.
+/// Writes indexes on a worker thread, one after the other, so that the main thread need not wait. Main thread only.
 class IndexWriter {
 public:
-    /// Writes one index. Runs on the thread, which a disk that does not answer may keep longer than the program runs:
-    /// it may refer to nothing that ends before.
+    /// Writes one index, on the worker thread. If the disk does not answer, the thread may outlive this object, so the
+    /// function must own all data that it uses.
     using Write = std::function<std::optional<Failure>(const ShelfIndex&)>;
 
-    /// `patience` is how long `finish` waits for an index; for a large one it waits longer.
+    /// `patience` is the timeout of `finish` for an index; a large index gets a longer one.
     IndexWriter(Write write, MainQueue& queue, std::chrono::milliseconds patience);
 
-    /// Finishes first.
+    /// Calls `finish`.
     ~IndexWriter();
     IndexWriter(const IndexWriter&) = delete;
     IndexWriter& operator=(const IndexWriter&) = delete;
 
-    /// Writes the index after the one that is being written. One that still waits for its turn is left out.
+    /// Writes the index, after the one that is being written. It replaces an index that still waits.
     void write(ShelfIndex index);
 
-    /// Waits until everything is written, and returns why the last index was not.
+    /// Waits until everything is written or the timeout is over. Returns the reason if the last index was not written.
     [[nodiscard]] std::optional<Failure> finish();
 
     [[nodiscard]] bool isBusy() const { return m_run != nullptr; }
 
-    /// An index was written. Called before the next one is begun. Set by the owner.
+    /// Called when an index was written, before the next one is begun. Set by the owner.
     std::function<void()> onWritten;
 
-    /// An index was not written, and nobody waits for it. Set by the owner.
+    /// Called when writing an index failed outside of `finish`. Set by the owner.
     std::function<void(const Failure&)> onFailed;
 
 private:
@@ -45,7 +45,7 @@ private:
 
     void start(ShelfIndex index);
     void look();
-    /// Takes the end of a run, and starts the next one.
+    /// Handles the result of a finished run, and starts the next one.
     [[nodiscard]] std::optional<Failure> takeResult();
 
     Write m_write;

@@ -21,7 +21,7 @@ namespace {
         && !name.contains(QLatin1Char('/')) && !name.contains(QChar(u'\0'));
 }
 
-/// Of the folder itself, in seconds since 1970; none for a link and for everything else that is no folder.
+/// The modification time of a folder, in seconds since 1970; none for a link and anything else that is not a folder.
 [[nodiscard]] std::optional<qint64> folderTime(const std::string& path)
 {
     struct stat status {};
@@ -53,7 +53,7 @@ QString ItemFiles::storedName(const QUrl& source)
     const QByteArray path = standardizedPath(source);
     const QByteArray bytes = path.mid(path.lastIndexOf('/') + 1);
     QString name = QString::fromUtf8(bytes);
-    // Not with the replacement character itself: at three bytes it could make the name too long for the file system.
+    // Replaces U+FFFD by "_": with its three bytes, U+FFFD could make the name too long for the file system.
     if (name.toUtf8() != bytes)
         name.replace(QChar(QChar::ReplacementCharacter), QLatin1Char('_'));
     return name;
@@ -144,7 +144,7 @@ void ItemFiles::removeUnfinished(const QUuid& id, const QDateTime& unchangedSinc
 
 void ItemFiles::removeFolder(const QUuid& id) const
 {
-    // A link in the folder's place goes, and nothing behind it.
+    // If a link has replaced the folder, only the link is removed, not its target.
     std::error_code ignored;
     if (!isLink(m_directory))
         std::filesystem::remove_all(filePath(folder(id)).toStdString(), ignored);

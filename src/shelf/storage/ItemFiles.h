@@ -13,37 +13,38 @@
 
 namespace nookle {
 
-/// The files that the shelf owns: below one folder, a folder for each item that owns a file, named by the item's id.
-/// Nothing outside an item's own folder is ever reached through this class, whatever name it is given, and whatever
-/// link stands in place of the folder or of the one above it.
+/// The files that the shelf owns. Each item that owns a file has a folder, named by the item's id, below one common
+/// folder. Neither a hostile file name nor a link in place of the item's folder or the common folder leads this class
+/// to a file outside the item's folder.
 class ItemFiles {
 public:
     explicit ItemFiles(const QUrl& directory);
 
-    /// The name under which a file from outside is kept: its own, with "_" for bytes that are not UTF-8, because the
-    /// index can only name files by text.
+    /// The name under which a file from outside is stored. It is the file's own name, with "_" for bytes that are not
+    /// UTF-8, because the index stores names as text.
     [[nodiscard]] static QString storedName(const QUrl& source);
 
-    /// The item's file of that name, whether or not it exists; none for a name that is not a plain file name, such as
-    /// a hostile index might hold, and none where a link stands for a folder.
+    /// The item's file with that name, whether or not it exists. None if the name is not a plain file name (a hostile
+    /// index may hold any name), or if a link has replaced a folder.
     [[nodiscard]] std::optional<QUrl> file(const QUuid& id, const QString& name) const;
 
-    /// The same, if it exists.
+    /// The item's file with that name; none if it does not exist.
     [[nodiscard]] std::optional<QUrl> existingFile(const QUuid& id, const QString& name) const;
 
-    /// Moves a file from outside into the item's folder, making that first. After a failure the file is where it was.
+    /// Moves a file from outside into the item's folder. Makes the folder if needed. After a failure the file is where
+    /// it was.
     [[nodiscard]] std::optional<Failure> takeOver(const QUrl& source, const QUuid& id, const QString& name) const;
 
-    /// Writes a file into the item's folder, making that first.
+    /// Writes a file into the item's folder. Makes the folder if needed.
     [[nodiscard]] std::optional<Failure> write(const QByteArray& bytes, const QUuid& id, const QString& name) const;
 
-    /// The ids of all item folders; no list if they cannot all be found.
+    /// The ids of all item folders; no list if they cannot be listed completely.
     [[nodiscard]] std::optional<QList<QUuid>> folders() const;
 
-    /// Whether nothing has come to the item's folder and nothing has gone from it since that time.
+    /// Whether no entry was added to the item's folder or removed from it since `time`.
     [[nodiscard]] bool isUnchangedSince(const QUuid& id, const QDateTime& time) const;
 
-    /// What is in the item's folder, in no order; no list if that cannot all be found.
+    /// The entries of the item's folder, unsorted; no list if they cannot be listed completely.
     [[nodiscard]] std::optional<QList<QUrl>> contents(const QUuid& id) const;
 
     /// Removes the files in the item's folder that a crash left half written and that nobody has written to since that
@@ -53,7 +54,7 @@ public:
     /// Deletes the item's folder and everything in it, as far as that is possible.
     void removeFolder(const QUuid& id) const;
 
-    /// The same for a folder with nothing in it; any other one stays.
+    /// Deletes the item's folder if it is empty.
     void removeEmptyFolder(const QUuid& id) const;
 
 private:

@@ -15,13 +15,14 @@ namespace {
 /// In seconds.
 constexpr double saveDelay = 0.3;
 
-/// In bytes. Encoding and writing so much takes no time that anybody notices.
+/// In bytes. An index of this size is encoded and written in no noticeable time.
 constexpr qsizetype quickIndex = 4 << 20;
 
 /// How long the end of the program waits for the disk.
 constexpr std::chrono::seconds savingPatience(60);
 
-/// What is on the shelf may grow a little, and must still be saved.
+/// The share of the maximum size (one twentieth) that is kept free, because existing items may grow a little and must
+/// still be saved.
 constexpr qsizetype growthShare = 20;
 
 } // namespace
@@ -96,7 +97,7 @@ std::optional<Failure> SavedIndex::prepare()
     if (std::optional<Failure> failure = makeFolder(m_environment.dataFolder))
         return failure;
     std::optional<Failure> failure = m_environment.claimFolder();
-    // While an index is being written, the one on disk changes at any moment.
+    // While an index is being written, the file on disk may change at any moment, so it is not checked.
     if (!failure && !m_writer.isBusy() && !m_file.isOurs())
         failure = m_file.makeWay(m_itemFiles.folders() != QList<QUuid>());
     const bool wasOff = std::exchange(m_isSavingOff, failure.has_value());
@@ -107,7 +108,7 @@ std::optional<Failure> SavedIndex::prepare()
 
 void SavedIndex::log(const Failure& failure) const
 {
-    // One line is enough to say that saving is off.
+    // That saving is off was already logged.
     if (!m_isSavingOff)
         logLine(QStringLiteral("saving failed: ") + failure.description);
 }
@@ -118,7 +119,7 @@ bool SavedIndex::hasRoomFor(const QList<ShelfItem>& additions) const
     const auto fits = [&](qsizetype (*bound)(const QList<ShelfItem>&)) {
         return bound(m_items) + bound(additions) <= largest;
     };
-    // Thousands of additions may follow one another: the texts are looked into only where that could matter.
+    // There may be thousands of additions in a row, so the texts are read only if the quick bound is too large.
     if (fits(ShelfIndex::upperBound) || fits(ShelfIndex::closeUpperBound))
         return true;
     logLine(QStringLiteral("not added: the index would be larger than %1 bytes").arg(largest));

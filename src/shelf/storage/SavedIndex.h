@@ -18,13 +18,13 @@ class Cancellable;
 class ItemFiles;
 class MainQueue;
 
-/// Keeps the index on disk as the items are: it is saved 0.3 seconds after the last change. What it is given must
-/// outlive it. Main thread only.
+/// Saves the items to the index on disk, 0.3 seconds after the last change. The constructor's references must stay
+/// valid. Main thread only.
 class SavedIndex final {
 public:
     struct Environment {
         QByteArray dataFolder;
-        /// In bytes. No larger index is read or written.
+        /// In bytes. Larger indexes are neither read nor written.
         qsizetype largestSize;
         /// Called before each save, when the data folder exists. After a failure nothing is saved.
         std::function<std::optional<Failure>()> claimFolder;
@@ -35,26 +35,27 @@ public:
     SavedIndex(const SavedIndex&) = delete;
     SavedIndex& operator=(const SavedIndex&) = delete;
 
-    /// The items that were saved; none if there is no index that can be read.
+    /// The saved items; an empty list if there is no readable index.
     [[nodiscard]] QList<ShelfItem> load();
 
-    /// Saves the items soon, in place of a pending save.
+    /// Saves the items in 0.3 seconds, in place of a pending save.
     void schedule();
 
-    /// Saves the items at once, in place of a pending save, and waits until that is done. A failure is logged.
+    /// Saves the items at once, in place of a pending save, and waits until that is done or a time limit is over. A
+    /// failure is logged.
     void saveNow();
 
-    /// Saves the items if there is no index yet: folders of items beside no index look like those of a lost one.
+    /// Saves the items if there is no index yet. Call it before making an item's folder: item folders without an index
+    /// look like those of a lost index.
     [[nodiscard]] std::optional<Failure> ensureWritten();
 
-    /// Whether the index can take `additions` too; logs it if not.
+    /// Whether the index has room for `additions`. Logs a line if not.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions) const;
 
-    /// Whether every item is in the index that was read. Not while another index, which was lost or moved aside, may
-    /// name some.
+    /// See `IndexFile::namesEveryItem`.
     [[nodiscard]] bool namesEveryItem() const { return m_file.namesEveryItem(); }
 
-    /// No folder is left that a lost index could have named.
+    /// Call this when no folder is left that a lost index could have named.
     void forgetLostIndex() const { m_file.forgetLostIndex(); }
 
 private:
@@ -69,7 +70,8 @@ private:
     const ItemFiles& m_itemFiles;
     MainQueue& m_queue;
     IndexFile m_file;
-    /// Of the index that was written last. The writer's thread sets it, between the start and the end of a run.
+    /// The stamp of the index that was written last. The writer's thread sets it, between the start and the end of a
+    /// run.
     std::shared_ptr<std::optional<IndexStamp>> m_stamp = std::make_shared<std::optional<IndexStamp>>();
     IndexWriter m_writer;
     bool m_isSavingOff = false;

@@ -17,7 +17,7 @@ using namespace indexKeys;
 
 namespace {
 
-/// In bytes, a character as JSON's longest escape.
+/// The size of JSON's longest escape of a character, in bytes.
 inline constexpr qsizetype longestEscape = 6;
 
 [[nodiscard]] QJsonObject json(const FileContent& file)
@@ -60,7 +60,7 @@ inline constexpr qsizetype longestEscape = 6;
              { pinnedKey, item.pinned } };
 }
 
-/// What a text takes at most in JSON.
+/// The maximum size of a text in JSON, in bytes.
 [[nodiscard]] qsizetype closeLength(QStringView text)
 {
     const auto lengthOf = [](QChar character) -> qsizetype {
@@ -83,10 +83,10 @@ inline constexpr qsizetype longestEscape = 6;
 
 using Length = qsizetype (*)(QStringView);
 
-/// What the items take at most, each text as long as `length` says.
+/// The maximum size of the items. `length` gives that of each text.
 [[nodiscard]] qsizetype bound(const QList<ShelfItem>& items, Length length)
 {
-    // Brackets, keys, dates and ids.
+    // For brackets, keys, dates and ids.
     constexpr qsizetype restOfAnItem = 330;
     constexpr qsizetype frame = 45;
     const auto lengthOf = overloaded{

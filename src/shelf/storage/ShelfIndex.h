@@ -10,10 +10,10 @@
 
 namespace nookle {
 
-/// The persisted form of the whole shelf.
+/// The stored form of the whole shelf.
 struct ShelfIndex {
-    /// The most bytes that are read, and so the most that are written. A damaged file without an end could exhaust the
-    /// memory.
+    /// The maximum size of an index that is read, and so also of one that is written. A larger, damaged file could
+    /// exhaust the memory.
     static constexpr qsizetype largestSize = 1'000'000'000;
 
     /// The format's version; read, but not checked.
@@ -21,16 +21,16 @@ struct ShelfIndex {
     /// In display order.
     QList<ShelfItem> items;
 
-    /// JSON with sorted keys, one member a line. Dates lose their fractions of a second.
+    /// The index as JSON with sorted keys, one member a line. Dates are written in whole seconds.
     [[nodiscard]] QByteArray encode() const;
 
-    /// A number of bytes that these items do not exceed in an index. Quick: it does not look into texts.
+    /// An upper bound of the size of an index with these items, in bytes. Quick: does not read the texts.
     [[nodiscard]] static qsizetype upperBound(const QList<ShelfItem>& items);
 
-    /// The same, closer: it reads every character.
+    /// A closer upper bound. Slower: reads every character.
     [[nodiscard]] static qsizetype closeUpperBound(const QList<ShelfItem>& items);
 
-    /// Reads what `encode` wrote. One bad item makes all of it unreadable.
+    /// Reads an index that `encode` wrote. One bad item makes the whole index invalid.
     [[nodiscard]] static std::variant<ShelfIndex, Failure> decode(const QByteArray& bytes);
 
     bool operator==(const ShelfIndex&) const = default;

@@ -12,7 +12,7 @@ namespace nookle {
 
 namespace {
 
-/// Keys for one file. Each works once, so each receiver that asks gets one of its own.
+/// Makes keys for one file. A key works only once, so each request gets a new one.
 class TransferKeys {
 public:
     TransferKeys(QByteArray first, QUrl file, FileTransfers& transfers)
@@ -27,7 +27,7 @@ public:
         const auto key = m_next ? std::exchange(m_next, std::nullopt) : m_transfers->begin();
         if (!key || !m_transfers->add(*key, m_file))
             return std::nullopt;
-        // Receivers expect the NUL.
+        // Receivers expect a NUL at the end.
         return QByteArray(*key + '\0');
     }
 
@@ -43,8 +43,9 @@ DragPayload filePayload(const QUrl& file, FileTransfers& transfers)
 {
     const QByteArray address = file.toEncoded();
     DragPayload payload;
-    // First in the list: a program that understands both cannot tell whether it may open the address. It would not turn
-    // to the address when there is no key, either.
+    // The key comes first in the list, because a program that understands both formats does not know whether it may
+    // open the address. It is offered only if there is a key, because such a program would not fall back to the
+    // address.
     if (auto key = transfers.canHandOver(file) ? transfers.begin() : std::nullopt)
         payload.add(QStringLiteral("application/vnd.portal.filetransfer"),
                     TransferKeys(std::move(*key), file, transfers));

@@ -8,8 +8,8 @@ namespace nookle {
 
 class FileTransfers;
 
-/// What a file or folder offers: its address, and for a file, where the desktop has a service for it, a key by which a
-/// sandboxed program gets access. `transfers` must outlive the payload.
+/// The formats of a file or folder: its address, and for a file also a key with which a sandboxed program gets access,
+/// if the desktop has a service for that. `transfers` must outlive the payload.
 [[nodiscard]] DragPayload filePayload(const QUrl& file, FileTransfers& transfers);
 
 } // namespace nookle

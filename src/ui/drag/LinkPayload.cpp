@@ -16,7 +16,7 @@ namespace {
         || character == QChar::ParagraphSeparator;
 }
 
-/// On one line, since it is one line of most formats.
+/// The title without line breaks, because most formats use one line for it.
 [[nodiscard]] QString titleOf(const LinkContent& link)
 {
     QString title = link.title.value_or(QString());
@@ -24,7 +24,7 @@ namespace {
     return title.isEmpty() ? link.url.absoluteString() : title;
 }
 
-// Without the character set, receivers guess one.
+// Without this character set, receivers would guess one.
 [[nodiscard]] QByteArray anchor(const QString& address, const QString& title)
 {
     return "<meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8\"><a href=\""
@@ -33,7 +33,8 @@ namespace {
 
 } // namespace
 
-// No "text/uri-list": editors open what is in such a list, and fail with a page, where they insert a text.
+// No "text/uri-list": editors try to open the addresses in such a list as files, and fail with a web page. Without it
+// they insert the text.
 DragPayload linkPayload(const LinkContent& link)
 {
     const QString address = link.url.absoluteString();

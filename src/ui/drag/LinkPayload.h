@@ -6,7 +6,8 @@ namespace nookle {
 
 struct LinkContent;
 
-/// What a link offers: the formats of browsers, in their order, but none that stands for files.
+/// The formats of a link: those of browsers, in the same order, but without the one that receivers take for a list of
+/// files.
 [[nodiscard]] DragPayload linkPayload(const LinkContent& link);
 
 } // namespace nookle

@@ -5,7 +5,7 @@
 
 namespace nookle {
 
-/// The format "text/x-moz-url": an address and a title in two lines, in UTF-16 without a mark.
+/// The format "text/x-moz-url": an address and a title on two lines, in UTF-16 without a byte-order mark.
 [[nodiscard]] QByteArray mozillaUrl(const QString& address, const QString& title);
 
 } // namespace nookle

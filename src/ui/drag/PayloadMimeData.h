@@ -8,7 +8,7 @@
 
 namespace nookle {
 
-/// A payload as the toolkit wants it.
+/// Offers a payload in the toolkit's class for drag data.
 class PayloadMimeData final : public QMimeData {
     Q_OBJECT
 

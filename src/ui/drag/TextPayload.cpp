@@ -2,7 +2,7 @@
 
 namespace nookle {
 
-// Receivers that know both names take the first one: the other leaves the character set open.
+// Receivers that know both formats take the first one, which names the character set.
 void addText(DragPayload& payload, const QString& text)
 {
     for (const auto* format : { "text/plain;charset=utf-8", "text/plain" })

@@ -6,10 +6,10 @@
 
 namespace nookle {
 
-/// Adds the formats of plain text.
+/// Adds `text` to the payload in the formats of plain text.
 void addText(DragPayload& payload, const QString& text);
 
-/// What a text offers.
+/// The formats of a text.
 [[nodiscard]] DragPayload textPayload(const QString& text);
 
 } // namespace nookle

@@ -5,17 +5,17 @@
 
 namespace nookle {
 
-// The desktop's own colours, by what the shelf uses them for.
+// The desktop's own colours, named by their use in the shelf.
 
-/// Text, and what is as important.
+/// For text and equally important parts.
 [[nodiscard]] QColor primaryColor(const QPalette& palette);
-/// What stands back: hints, symbols.
+/// For less important parts: hints and symbols.
 [[nodiscard]] QColor secondaryColor(const QPalette& palette);
-/// Barely visible: borders of cards.
+/// Barely visible, for the borders of cards.
 [[nodiscard]] QColor quaternaryColor(const QPalette& palette);
-/// What is on, or chosen.
+/// For parts that are switched on or selected.
 [[nodiscard]] QColor accentColor(const QPalette& palette);
-/// The paper of cards and pages.
+/// The background of cards and pages.
 [[nodiscard]] QColor cardColor(const QPalette& palette);
 
 } // namespace nookle

@@ -14,7 +14,8 @@ inline constexpr double smallerCaptionScale = 0.9;
 
 } // namespace
 
-// Many desktops name no font for small print; the size that the toolkit assumes then is worth more than its family.
+// Many desktops define no font for small print. Then the toolkit's fallback has a useful size but a wrong family, so
+// only its size is used.
 QFont captionFont()
 {
     QFont font = QGuiApplication::font();

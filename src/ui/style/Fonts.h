@@ -7,7 +7,7 @@ namespace nookle {
 /// The desktop's font for small print.
 [[nodiscard]] QFont captionFont();
 
-/// One size below that.
+/// A slightly smaller font than `captionFont`.
 [[nodiscard]] QFont smallerCaptionFont();
 
 } // namespace nookle

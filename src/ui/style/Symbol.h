@@ -10,7 +10,7 @@ namespace nookle {
 /// The shelf's own pictograms, drawn in one style at any size.
 enum class Symbol { pin, pinFill, tray, link, document, missingFile };
 
-/// How heavy the lines are. Large symbols take light ones.
+/// The weight of the lines. Large symbols use `light`.
 enum class SymbolWeight { light, medium, semibold };
 
 /// Draws `symbol` in `color`, as large as fits into `box`, centred.

@@ -13,7 +13,7 @@ namespace nookle {
 
 namespace {
 
-/// One tile: an item of a list. What can be done with it is what its context menu holds.
+/// Presents a tile as an item of a list. Its actions are the entries of its context menu.
 class AccessibleTile final : public QAccessibleWidget {
 public:
     explicit AccessibleTile(ShelfItemView* tile)
@@ -22,7 +22,7 @@ public:
     {
     }
 
-    // Not the widgets in between.
+    // The list, not the widgets in between.
     [[nodiscard]] QAccessibleInterface* parent() const override
     {
         return QAccessible::queryAccessibleInterface(list());
@@ -88,7 +88,7 @@ private:
     ShelfItemView& m_tile;
 };
 
-/// The column of tiles, as far as they are in view.
+/// Presents the tiles in view as a list.
 class AccessibleTileList final : public QAccessibleWidget {
 public:
     explicit AccessibleTileList(TileList* list)
@@ -127,7 +127,7 @@ private:
 
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)
 {
-    // The toolkit owns what it is given here.
+    // The toolkit takes ownership of the returned object.
     if (auto* tile = qobject_cast<ShelfItemView*>(object))
         return std::make_unique<AccessibleTile>(tile).release();
     if (auto* list = qobject_cast<TileList*>(object))

@@ -2,8 +2,8 @@
 
 namespace nookle {
 
-/// Makes the shelf known to assistive programs as a list of items with their actions. Call it once, before the first
-/// view is made.
+/// Presents the shelf to assistive programs as a list of items with their actions. Call it once, before the first view
+/// is made.
 void installAccessibility();
 
 } // namespace nookle

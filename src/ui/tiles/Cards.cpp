@@ -22,7 +22,7 @@ inline constexpr double cardCornerRadius = 10;
 inline constexpr int iconSize = 28;
 inline constexpr int linkSymbolSize = 24;
 
-/// More than a page shows. Laying out a text takes time for each of its characters.
+/// More characters than a page can show. The time to lay out a text grows with its length.
 inline constexpr qsizetype longestPage = 600;
 
 void paintCard(QPainter& painter, const QRect& box, double cornerRadius, const QPalette& palette)
@@ -36,7 +36,7 @@ void paintCard(QPainter& painter, const QRect& box, double cornerRadius, const Q
     painter.drawRoundedRect(inner, cornerRadius - borderWidth / 2, cornerRadius - borderWidth / 2);
 }
 
-/// The beginning of the text, whose lines turn no direction and break nowhere else.
+/// The beginning of the text, without control characters except line feeds.
 [[nodiscard]] QString pageText(const QString& text)
 {
     QStringList lines = text.left(longestPage).split(QLatin1Char('\n'));

@@ -4,7 +4,7 @@
 
 namespace nookle {
 
-/// What a drag does with the thing that it carries. The numbers are fixed.
+/// The operations of a drag on the dragged item. The numbers are fixed.
 enum class DragOperation {
     none = 0,
     copy = 1,

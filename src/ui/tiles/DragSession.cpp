@@ -15,7 +15,7 @@ namespace {
 
 inline constexpr double pictureBox = 52;
 
-// No desktop protocol knows a drag that deletes: a destination that takes a file away moves it.
+// No desktop protocol has a "delete" operation. A destination that deletes a file uses "move".
 [[nodiscard]] Qt::DropActions offeredActions(DragOperations allowed, bool carriesFile)
 {
     Qt::DropActions actions;
@@ -45,7 +45,7 @@ inline constexpr double pictureBox = 52;
     }
 }
 
-// The payload itself says it: releases of the toolkit differ in what they make of an address list.
+// Reads the payload itself, because versions of the toolkit parse an address list differently.
 [[nodiscard]] bool carriesFile(const DragPayload& payload)
 {
     const auto addresses = uriListAddresses(payload.data(QStringLiteral("text/uri-list")).value_or(QByteArray()));
@@ -64,7 +64,7 @@ QSizeF dragPictureSize(const QSizeF& imageSize)
 DragOperation runDragSession(QWidget& source, DragSession session)
 {
     const Qt::DropActions actions = offeredActions(session.allowed, carriesFile(*session.item.payload));
-    // The tile may be gone before the drag ends; its window is not.
+    // The tile may be destroyed before the drag ends, but its window is not.
     auto* drag = new QDrag(source.window());
     drag->setMimeData(std::make_unique<PayloadMimeData>(session.item.payload).release());
     if (!session.item.picture.isNull()) {

@@ -19,14 +19,14 @@ struct DragSession {
     DragOperations allowed;
 };
 
-/// Runs a session to its end and returns what the destination did. Events are handled meanwhile.
+/// Runs a session to its end and returns the operation that the destination reports. Runs an event loop meanwhile.
 using DragRunner = std::function<DragOperation(QWidget& source, DragSession session)>;
 
-/// The size of a drag picture: as large as fits into the box of a tile's preview, keeping its shape. Small pictures
-/// grow.
+/// The size of a drag picture: the largest one that fits into the box of a tile's preview, with the same aspect ratio.
+/// Small pictures are enlarged.
 [[nodiscard]] QSizeF dragPictureSize(const QSizeF& imageSize);
 
-/// Runs a session on the desktop.
+/// Runs a session with the toolkit's drag and drop.
 [[nodiscard]] DragOperation runDragSession(QWidget& source, DragSession session);
 
 } // namespace nookle

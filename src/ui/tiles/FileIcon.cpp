@@ -11,8 +11,8 @@ namespace nookle {
 
 namespace {
 
-/// The icons of the theme. It remembers the names that the theme lacks, because Qt looks through every folder of the
-/// theme and of its parents each time it is asked for one of those.
+/// The icons of the theme. It caches the names that the theme lacks, because Qt searches all folders of the theme and
+/// its parents at each request for such a name.
 class ThemeIcons {
 public:
     [[nodiscard]] QIcon icon(const QString& name)

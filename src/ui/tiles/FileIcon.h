@@ -5,8 +5,8 @@
 
 namespace nookle {
 
-/// The desktop's icon for a folder, or for the kind of file that the name at `url` tells, at once: the file is not
-/// looked at. May be a null icon where the icon theme has none.
+/// The desktop's icon for a folder, or for the file type that the file name in `url` implies. Does not access the file.
+/// A null icon if the icon theme has none.
 [[nodiscard]] QIcon fileIcon(const QUrl& url, bool isFolder);
 
 } // namespace nookle

@@ -38,7 +38,7 @@ void ItemInteractionView::setConfiguration(ItemInteraction configuration)
     m_configuration = std::move(configuration);
 }
 
-// The toolkit tells a second press from a first one, and takes a third one for a first one again.
+// Counts presses itself, because the toolkit recognizes a double press but treats the third press as a first one.
 void ItemInteractionView::press(const QMouseEvent& event)
 {
     if (event.button() != Qt::LeftButton)
@@ -90,7 +90,7 @@ void ItemInteractionView::beginDrag()
     std::optional<DragItem> item = dragItem();
     if (!item || !self)
         return;
-    // The drag runs its own event loop: this view may be gone, or do something else, when it ends.
+    // The drag runs its own event loop. When it ends, this view may be destroyed or have another configuration.
     const ItemInteraction configuration = *m_configuration;
     const DragRunner runDrag = m_runDrag;
     const QSizeF pictureSize = dragPictureSize(item->picture.deviceIndependentSize());
@@ -108,7 +108,7 @@ void ItemInteractionView::mouseReleaseEvent(QMouseEvent* event)
     m_mouseDownLocation.reset();
     if (!isClick || !m_configuration)
         return;
-    // What a click does may replace the configuration, or remove the tile.
+    // The click's action may replace the configuration, or remove the tile.
     const auto onClick = m_configuration->onClick;
     callIfSet(onClick);
 }
@@ -144,7 +144,7 @@ void ItemInteractionView::showMenu(const QPoint& globalPosition)
     std::unique_ptr<QMenu> menu = makeMenu();
     if (!menu)
         return;
-    // The menu may outlive the tile, and the next one may open before this one is closed.
+    // The menu may outlive the tile, and the next menu may open before this one is closed.
     if (const auto tell = m_configuration->onMenuOpenChanged) {
         connect(menu.get(), &QMenu::aboutToShow, menu.get(), [tell] { tell(true); });
         connect(menu.get(), &QMenu::aboutToHide, menu.get(), [tell] { tell(false); });

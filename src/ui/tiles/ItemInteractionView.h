@@ -13,23 +13,23 @@ class QMenu;
 
 namespace nookle {
 
-/// Lies over a tile and takes the mouse: tells a click from a drag, opens the context menu, reports hovering. Draws
-/// nothing.
+/// Covers a tile and handles its mouse events: distinguishes a click from a drag, opens the context menu, and reports
+/// hovering. Draws nothing.
 class ItemInteractionView final : public QWidget {
     Q_OBJECT
 
 public:
     explicit ItemInteractionView(QWidget* parent = nullptr, DragRunner runDrag = runDragSession);
 
-    /// Replaces what the view does. Until the first call it does nothing.
+    /// Replaces the actions of the view. Before the first call the view does nothing.
     void setConfiguration(ItemInteraction configuration);
 
     [[nodiscard]] const std::optional<ItemInteraction>& configuration() const { return m_configuration; }
 
-    /// Opens the context menu at a place on the screen; nothing happens when there is none.
+    /// Opens the context menu at a position on the screen. Does nothing when there is no menu.
     void showMenu(const QPoint& globalPosition);
 
-    /// The context menu as it should be now; null when there is none.
+    /// Makes the context menu with its present entries; null when there is none.
     [[nodiscard]] std::unique_ptr<QMenu> makeMenu();
 
 protected:
@@ -42,12 +42,12 @@ protected:
     void leaveEvent(QEvent* event) override;
 
 private:
-    /// The left button going down.
+    /// A press of the left button.
     struct Press {
         QPointF globalPosition;
-        /// In milliseconds, on the clock of the events.
+        /// The event's timestamp, in milliseconds.
         quint64 time = 0;
-        /// 1 for the first of a quick series at one place, 2 for the second, and so on.
+        /// The number of this press in a series of quick presses at one place, beginning with 1.
         int clickCount = 1;
     };
 

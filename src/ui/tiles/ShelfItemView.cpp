@@ -160,7 +160,7 @@ void ShelfItemView::paintName(QPainter& painter, int top) const
     QRect line(padding, top, textWidth, QFontMetrics(font).height());
     painter.setFont(font);
     painter.setPen(primaryColor(palette()));
-    // A name runs as its letters do, whichever way the interface runs.
+    // The name's own letters decide its writing direction, not the interface.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     for (const QString& text : m_metrics.nameLines(m_item.shownName(), textWidth)) {
         painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, text);

@@ -15,8 +15,8 @@ namespace nookle {
 
 class ItemInteractionView;
 
-/// One tile: a preview with the item's name below it. Everything that the mouse does is the interaction view's, which
-/// covers it.
+/// One tile: a preview with the item's name below it. The interaction view, which covers the tile, handles all mouse
+/// events.
 class ShelfItemView final : public QWidget {
     Q_OBJECT
 
@@ -24,15 +24,15 @@ public:
     /// `metrics` and `thumbnails` must outlive the tile.
     ShelfItemView(QWidget* parent, const TileMetrics& metrics, Thumbnails& thumbnails, DragRunner runDrag);
 
-    /// Shows `item`; `localURL` is the file that stands for it on disk, if it is there, or the folder, and `iconURL`
-    /// the saved icon of a link.
+    /// Shows `item`. `localURL` is its file or folder on disk, none if that is missing. `iconURL` is the saved icon of
+    /// a link.
     void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, bool isFolder,
                  const std::optional<QUrl>& iconURL);
     void setHovered(bool isHovered);
-    /// Shows that keys are meant for this tile.
+    /// Shows whether this tile has the keyboard focus.
     void setFocused(bool isFocused);
 
-    /// The thumbnail of a file or an image, or the icon of a link. Null until it has come, and for items without a
+    /// The thumbnail of a file or an image, or the icon of a link. Null until it has arrived, and for items without a
     /// file.
     [[nodiscard]] const QPixmap& thumbnail() const { return m_thumbnail.picture(); }
 
@@ -42,7 +42,7 @@ public:
     [[nodiscard]] bool isFocused() const { return m_isFocused; }
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
 
-    /// Whether the item is a file that cannot be found; `isFound` counts for no other kind.
+    /// Whether the item is a referenced file that is missing. `isFound` has no effect on other kinds of items.
     [[nodiscard]] static bool isUnavailable(const ShelfItem& item, bool isFound);
 
 protected:

@@ -23,7 +23,7 @@ namespace {
         return {};
     const QImage image(reinterpret_cast<const uchar*>(picture.pixels.constData()), picture.width, picture.height,
                        bytesPerLine, QImage::Format_ARGB32_Premultiplied);
-    // The image only borrows the bytes, and a pixmap may do no more than share the image.
+    // Copied, because the image only borrows the bytes, and the pixmap may share the image's data.
     return QPixmap::fromImage(image.copy());
 }
 

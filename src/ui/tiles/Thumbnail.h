@@ -15,22 +15,23 @@ class QRect;
 
 namespace nookle {
 
-/// The preview of a file on disk: the icon of its kind at once, and a thumbnail as soon as there is one.
+/// The preview of a file on disk: first the icon of its type, then a thumbnail as soon as there is one.
 class Thumbnail final {
 public:
-    /// `thumbnails` must outlive the preview; `onChanged` is called when the thumbnail has come.
+    /// `thumbnails` must outlive the preview. `onChanged` is called when the thumbnail has arrived.
     Thumbnail(Thumbnails& thumbnails, std::function<void()> onChanged);
 
-    /// Shows the file or folder at `url`; nothing shows nothing. The same file keeps its thumbnail.
+    /// Shows the file or folder at `url`, or nothing if there is none. If the file is the same as before, the thumbnail
+    /// is kept.
     void setUrl(const std::optional<QUrl>& url, bool isFolder = false);
 
-    /// Asks for the thumbnail, once for each file and scale. Called when the preview is about to be seen.
+    /// Requests the thumbnail, once for each file and scale. Call it when the preview is about to be shown.
     void load(double displayScale);
 
-    /// As large as fits into `box`, centred, in the shape of the picture.
+    /// Paints the preview centred in `box`, as large as fits, with the picture's aspect ratio.
     void paint(QPainter& painter, const QRect& box) const;
 
-    /// Null until the thumbnail has come.
+    /// The thumbnail; null until it has arrived.
     [[nodiscard]] const QPixmap& picture() const { return m_thumbnail; }
 
 private:

@@ -10,8 +10,8 @@ namespace nookle {
 
 class TileMetrics;
 
-/// The heights of all tiles. Measuring a name takes time, and most items are the same from one change to the next, so
-/// that each is measured once.
+/// Caches the heights of all tiles. Measuring a name takes time, and most items stay the same from one change to the
+/// next, so each is measured only once.
 class TileHeights final {
 public:
     /// `metrics` must outlive this object.
@@ -19,10 +19,10 @@ public:
 
     [[nodiscard]] int height(const ShelfItem& item, bool isUnavailable, int width);
 
-    /// Forgets everything; the metrics have changed.
+    /// Empties the cache. Call it when the metrics have changed.
     void clear() { m_measured.clear(); }
 
-    /// Forgets items that have gone, once they are more than those that are left.
+    /// Empties the cache when it holds far more items than the `itemCount` that exist.
     void trim(qsizetype itemCount);
 
     [[nodiscard]] qsizetype measurements() const { return m_measurements; }

@@ -5,7 +5,8 @@
 
 namespace nookle {
 
-/// Where the tiles of a column stand: one below the other, with a margin around the column and a gap between two.
+/// The positions of the tiles in a column: one below the other, with a margin around the column and a gap between
+/// tiles.
 class TileLayout {
 public:
     struct Range {
@@ -23,10 +24,10 @@ public:
     [[nodiscard]] int top(std::size_t row) const;
     [[nodiscard]] int height(std::size_t row) const { return m_bottoms[row] - top(row); }
 
-    /// Of the whole column with its margins; 0 when it is empty.
+    /// The height of the whole column with its margins; 0 when it is empty.
     [[nodiscard]] int totalHeight() const;
 
-    /// The tiles of which something lies between two heights.
+    /// The tiles that are at least partly between the vertical positions `upper` and `lower`.
     [[nodiscard]] Range rowsBetween(int upper, int lower) const;
 
 private:

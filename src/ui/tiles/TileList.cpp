@@ -105,7 +105,7 @@ void TileList::placeTiles(bool refill)
         m_tiles.insert(m_ids[row], tile);
         tile->show();
     }
-    // A tile may be in the middle of an event of its own: it goes once that is over.
+    // A tile may be handling an event right now, so it is deleted later.
     for (ShelfItemView* tile : std::as_const(unused)) {
         tile->hide();
         tile->deleteLater();
@@ -120,7 +120,7 @@ ShelfItemView* TileList::newTile(const QUuid& id)
     return tile;
 }
 
-// A tile that is pressed becomes the current one, and keys go on from there.
+// A pressed tile becomes the current one, from which the arrow keys continue.
 bool TileList::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonPress) {

@@ -14,27 +14,29 @@ namespace nookle {
 
 class ShelfItemView;
 
-/// A scrolling column of tiles, of which only those in view exist. One of them is the current one as soon as the list
-/// has had the keyboard: it moves with the arrow keys, and its frame shows while they are used.
+/// A scrolling column of tiles. Only the tiles in view exist as widgets. Once the list has had the keyboard focus or a
+/// tile was pressed, one row is the current one. The arrow keys change the current row, and its tile has a frame while
+/// the keyboard is used.
 class TileList final : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
     explicit TileList(QWidget* parent = nullptr);
 
-    /// Makes a tile, as a child of the widget handed in; called when a row comes into view.
+    /// Makes a tile as a child of `parent`. Called when a row comes into view.
     std::function<ShelfItemView*(QWidget* parent)> makeTile;
-    /// Fills the tile of a row; called when it comes into view, after every change of the rows, and when the list is
-    /// shown.
+    /// Fills the tile of a row. Called when the row comes into view, after every change of the rows, and when the list
+    /// is shown.
     std::function<void(ShelfItemView& tile, std::size_t row)> fillTile;
-    /// The height of a row's tile at a width.
+    /// Returns the height of a row's tile for the given width.
     std::function<int(std::size_t row, int width)> tileHeight;
 
-    /// Replaces the rows, each known by the id of its item. A tile whose id stays is kept. A current row that is gone
-    /// hands over to the one that takes its place. The tiles follow as soon as the list can be seen.
+    /// Replaces the rows; each is identified by the id of its item. A tile whose id stays is kept. If the current row
+    /// is gone, the row that takes its place becomes the current one. While the list is hidden, the tiles are updated
+    /// at the next showing.
     void setRows(std::vector<QUuid> ids);
 
-    /// The tile of that item; null when it is not in view.
+    /// The tile of the item `id`; null when it is not in view.
     [[nodiscard]] ShelfItemView* tile(const QUuid& id) const { return m_tiles.value(id); }
 
     [[nodiscard]] int tileCount() const { return static_cast<int>(m_tiles.size()); }
@@ -42,7 +44,7 @@ public:
     /// The tiles in view from top to bottom.
     [[nodiscard]] std::vector<ShelfItemView*> tilesInOrder() const;
 
-    /// The item that keys are meant for.
+    /// The item in the current row, to which key presses apply.
     [[nodiscard]] std::optional<QUuid> currentId() const;
 
 protected:
@@ -69,7 +71,7 @@ private:
     TileLayout m_layout;
     QHash<QUuid, ShelfItemView*> m_tiles;
     int m_measuredWidth = 0;
-    /// The layout and the tiles are not those of the rows yet.
+    /// True while the layout and the tiles do not match the rows yet.
     bool m_isOutdated = false;
     std::optional<std::size_t> m_currentRow;
     bool m_usesKeys = false;

@@ -10,13 +10,13 @@ namespace nookle {
 
 namespace {
 
-/// More than two lines of a tile can ever hold. Measuring a text takes time for each of its characters.
+/// More characters than two lines of a tile can hold. The time to measure a text grows with its length.
 inline constexpr qsizetype longestName = 256;
 
-/// How far the rough width of a text may be from the true one.
+/// The maximum error of the rough width of a text, as a fraction of the line's width.
 inline constexpr double roughness = 0.15;
 
-/// Of the plain characters of ASCII.
+/// The widths of the printable ASCII characters.
 [[nodiscard]] std::array<int, 128> characterWidths(const QFontMetrics& metrics)
 {
     std::array<int, 128> widths{};
@@ -25,7 +25,7 @@ inline constexpr double roughness = 0.15;
     return widths;
 }
 
-/// The name on one line. What is cut out of the middle of a long one would not be seen anyway.
+/// The name as one line. The middle of a very long name is cut out, because it would not be visible anyway.
 [[nodiscard]] QString onOneLine(QString text)
 {
     if (text.size() > longestName)
@@ -66,7 +66,8 @@ QStringList TileMetrics::nameLines(const QString& name, int width) const
     return { text.left(length).trimmed(), m_captionMetrics.elidedText(rest, Qt::ElideMiddle, width) };
 }
 
-// Nearly all names are clearly shorter or clearly longer than a line, and thousands are measured at once.
+// Measures exactly only if the rough width is close to the line's width: that is rare, and thousands of names are
+// measured at once.
 bool TileMetrics::fitsOnOneLine(const QString& text, int width) const
 {
     const std::optional<int> rough = roughWidth(text);

@@ -9,20 +9,20 @@
 
 namespace nookle {
 
-/// Sizes and fonts of a tile. Made once and kept: every tile of a long shelf is measured with it.
+/// Sizes and fonts of a tile. Make it once and keep it: it measures every tile of a long shelf.
 class TileMetrics {
 public:
     static constexpr int padding = 6;
     static constexpr int spacing = 4;
     static constexpr int previewSize = 52;
 
-    /// In the desktop's fonts.
+    /// Uses the desktop's fonts.
     TileMetrics();
 
     [[nodiscard]] const QFont& captionFont() const { return m_captionFont; }
     [[nodiscard]] const QFont& smallerCaptionFont() const { return m_smallerCaptionFont; }
 
-    /// The height at `width` of the tile of an item with that name.
+    /// The height of a tile with this name at the width `width`.
     [[nodiscard]] int height(const QString& name, bool isUnavailable, int width) const;
 
     /// The name in at most two lines of `width`, cut in the middle so that its start and its extension stay visible.
@@ -30,8 +30,7 @@ public:
 
 private:
     [[nodiscard]] bool fitsOnOneLine(const QString& text, int width) const;
-    /// The sum of the characters' own widths, which leaves out what the font does between two of them; none for text
-    /// whose characters have no such width.
+    /// The sum of the widths of the characters, without kerning. None if the text contains non-ASCII characters.
     [[nodiscard]] std::optional<int> roughWidth(const QString& text) const;
     [[nodiscard]] int firstLineLength(const QString& text, int width) const;
 

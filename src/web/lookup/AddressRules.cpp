@@ -21,7 +21,7 @@ constexpr Network mappedIPv4{ "::ffff:0:0", 96 };
 constexpr Network translatedIPv4{ "64:ff9b::", 96 };
 constexpr Network tunnelledIPv4{ "2002::", 16 };
 
-// The special-purpose registry of IPv4, with multicast and what is reserved for the future.
+// The special-purpose registry of IPv4, with multicast and the addresses that are reserved for the future.
 constexpr std::array privateIPv4{
     Network{ "0.0.0.0", 8 },      Network{ "10.0.0.0", 8 },     Network{ "100.64.0.0", 10 },
     Network{ "127.0.0.0", 8 },    Network{ "169.254.0.0", 16 }, Network{ "172.16.0.0", 12 },
@@ -30,7 +30,7 @@ constexpr std::array privateIPv4{
     Network{ "203.0.113.0", 24 }, Network{ "224.0.0.0", 4 },    Network{ "240.0.0.0", 4 },
 };
 
-// The registry of IPv6: outside of 2000::/3 nothing is public.
+// From the registry of IPv6: only addresses in 2000::/3 are public.
 constexpr Network publicIPv6{ "2000::", 3 };
 constexpr std::array privateIPv6{ Network{ "2001::", 23 }, Network{ "2001:db8::", 32 }, Network{ "3fff::", 20 } };
 
@@ -61,7 +61,7 @@ template <typename Networks> [[nodiscard]] bool isInAny(const WebAddress& addres
                        [&](const Network& network) { return isIn(address, network); });
 }
 
-/// The address of IPv4 that this one leads to.
+/// The IPv4 address that is embedded in this one, if any.
 [[nodiscard]] std::optional<WebAddress> carriedIPv4(const WebAddress& address)
 {
     if (isIn(address, mappedIPv4) || isIn(address, translatedIPv4))
@@ -124,7 +124,7 @@ WebReach reachOfName(const QString& host)
         if (name.endsWith(QLatin1String(suffix)))
             return WebReach::privateNetwork;
     }
-    // A name whose last label is a number is an address in one of its odd forms.
+    // A name whose last label begins with a digit may be an address in an unusual notation.
     const QString lastLabel = name.section(u'.', -1);
     return lastLabel.isEmpty() || lastLabel.at(0).isDigit() ? WebReach::privateNetwork : WebReach::publicNetwork;
 }

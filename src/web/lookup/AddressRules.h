@@ -13,22 +13,23 @@ struct sockaddr;
 
 namespace nookle {
 
-/// An address of IPv6, or one of IPv4 in its mapped form ("::ffff:1.2.3.4").
+/// An IPv6 address, or an IPv4 address in its mapped form ("::ffff:1.2.3.4").
 using WebAddress = std::array<std::uint8_t, 16>;
 
-/// None for what is not the usual form of an address.
+/// Parses an address; none if `text` is not in the usual form of one.
 [[nodiscard]] std::optional<WebAddress> addressOf(const QByteArray& text);
 
-/// None for an address of another family.
+/// None for an address that is neither IPv4 nor IPv6.
 [[nodiscard]] std::optional<WebAddress> addressOf(const sockaddr& address);
 
-/// Where `address` stands. Only what is known to be public counts as public.
+/// Whether `address` is public or private. An address counts as public only if it is known to be public.
 [[nodiscard]] WebReach reachOf(const WebAddress& address);
 
-/// Where a host stands whose address is not known, because a proxy looks it up. `host` may be an address.
+/// Whether a host is public or private, judged by its name, for hosts whose address is unknown because a proxy resolves
+/// it. `host` may be an address.
 [[nodiscard]] WebReach reachOfName(const QString& host);
 
-/// Whether `host` is this computer by its name or address alone.
+/// Whether the name or address `host` always means this computer, such as "localhost".
 [[nodiscard]] bool isThisComputer(const QString& host);
 
 } // namespace nookle

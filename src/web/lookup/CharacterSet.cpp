@@ -15,7 +15,8 @@ struct Meaning {
     const char* meant;
 };
 
-// What names mean on the web, which is often a superset of what they say, and names that the converter does not know.
+// The meaning of character set names on the web, which is often a superset of the named set. Also names that the
+// converter does not know.
 constexpr std::array meanings{
     Meaning{ "ISO-8859-1", "windows-1252" },
     Meaning{ "US-ASCII", "windows-1252" },
@@ -55,7 +56,7 @@ std::optional<QByteArray> characterSetOf(const QByteArray& label)
         return meant;
     const QStringDecoder decoder(wanted.constData());
     const bool isKnown = !wanted.isEmpty() && decoder.isValid();
-    // Not a set, but that of this computer.
+    // "locale" is not a character set; the converter takes it for that of this computer.
     if (!isKnown || wanted == "locale")
         return std::nullopt;
     const QByteArray name(decoder.name());

@@ -8,14 +8,14 @@
 
 namespace nookle {
 
-/// The converter's name of the character set that a web page calls `label`, as browsers understand it. None for a label
-/// that nobody knows.
+/// The converter's name for the character set that a web page calls `label`. Labels have the same meaning as in
+/// browsers. None for an unknown label.
 [[nodiscard]] std::optional<QByteArray> characterSetOf(const QByteArray& label);
 
-/// The value of `charset` in a Content-Type, or empty.
+/// The value of the `charset` parameter of a Content-Type; empty if there is none.
 [[nodiscard]] QByteArray charsetParameter(const QByteArray& contentType);
 
-/// The text of `bytes`, in a set that `characterSetOf` has named. What cannot be read becomes U+FFFD.
+/// Decodes `bytes` with a character set that `characterSetOf` has returned. Invalid bytes become U+FFFD.
 [[nodiscard]] QString decoded(const QByteArray& bytes, const QByteArray& set);
 
 } // namespace nookle

@@ -7,7 +7,7 @@
 
 namespace nookle {
 
-/// The bytes that a "data:" address carries. None when it is none or is broken.
+/// The bytes in a "data:" address. None for another address or a malformed one.
 [[nodiscard]] std::optional<QByteArray> bytesOfDataUrl(const QUrl& url);
 
 } // namespace nookle

@@ -10,33 +10,33 @@
 
 namespace nookle {
 
-/// A page as browsers take it apart, however broken it is. Scripts count as running.
+/// The element tree of an HTML page, parsed as browsers do, however broken the page is.
 class HtmlTree final {
 public:
-    /// `text` is in UTF-8, and stays where it is as long as the tree.
+    /// `text` is in UTF-8, and must outlive the tree.
     explicit HtmlTree(const QByteArray& text);
     HtmlTree(const HtmlTree&) = delete;
     HtmlTree& operator=(const HtmlTree&) = delete;
 
-    /// Calls `take` for each HTML element under `root`, in the order of their start tags, except for those in
+    /// Calls `take` for `root` and each HTML element below it, in the order of their start tags. Skips the content of
     /// templates.
     static void forEach(const GumboNode& root, const std::function<void(const GumboNode&)>& take);
 
-    /// The element of that kind under the root, which every page has.
+    /// The child of the root element with the tag `tag`; null if there is none.
     [[nodiscard]] const GumboNode* part(GumboTag tag) const;
 
     [[nodiscard]] const GumboNode& document() const { return *m_output->document; }
 
-    /// Whether the page itself has the start tag of `element`.
+    /// Whether the start tag of `element` is in the page. If not, the parser has inserted the element.
     [[nodiscard]] static bool isWritten(const GumboNode& element);
 
     [[nodiscard]] static bool hasAttribute(const GumboNode& element, const char* name);
-    /// Without white space around it.
+    /// The value of an attribute, without white space around it; empty if there is none.
     [[nodiscard]] static QString attribute(const GumboNode& element, const char* name);
     [[nodiscard]] static QString text(const GumboNode& element);
 
 private:
-    /// Given back all at once: the parser's own way of doing so descends as deep as the elements are nested.
+    /// Holds the whole tree and frees it at once: the parser's own cleanup recurses as deep as the elements are nested.
     std::pmr::monotonic_buffer_resource m_memory;
     GumboOutput* m_output;
 };

@@ -4,10 +4,10 @@
 
 namespace nookle {
 
-/// A `link` of a page that names an icon, as the page says it.
+/// A `link` element of a page that names an icon, with the page's own values.
 struct IconLink {
     QString href;
-    /// The pixels that it says it has, such as "16x16 32x32" or "any".
+    /// The declared sizes in pixels, such as "16x16 32x32" or "any".
     QString sizes;
     QString type;
     QString media;

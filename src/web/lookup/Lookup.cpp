@@ -16,13 +16,13 @@ namespace nookle {
 
 namespace {
 
-// How often a page is read before all of it is there.
+// The maximum number of times that a page is parsed before it is complete.
 inline constexpr int mostEarlyReadings = 4;
 
-// An engine that runs scripts reserves far more addresses than it uses.
+// An engine that runs scripts reserves far more address space than it uses.
 inline constexpr std::size_t memoryWithScript = std::size_t(16) << 30;
 
-/// Watches a page come, for the end of its head: what follows it is not waited for.
+/// Detects the end of a page's head while the page arrives, so that the rest need not be loaded.
 class HeadWatch final {
 public:
     [[nodiscard]] bool isEnough(const WebResponse& response);
@@ -42,7 +42,7 @@ bool HeadWatch::isEnough(const WebResponse& response)
         return true;
     const QByteArray added = body.mid(m_searched).toLower();
     const bool isMarked = added.contains("</head>") || added.contains("<body") || added.contains("<frameset");
-    // The next part may bring the rest of a mark.
+    // A tag may be split between two parts, so its beginning is searched again with the next part.
     if (!isMarked || m_readings == mostEarlyReadings) {
         m_searched = qMax(m_searched, body.size() - qsizetype(qstrlen("<frameset")));
         return false;

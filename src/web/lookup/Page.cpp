@@ -26,15 +26,15 @@ namespace {
     return bytes.startsWith("\xfe\xff") ? "UTF-16BE" : "";
 }
 
-/// The text as the parser is to see it, so that it takes it apart as a browser does.
+/// The decoded text, changed so that the parser treats it as a browser does.
 [[nodiscard]] QByteArray parsed(const QByteArray& bytes, const QByteArray& set, bool isXhtml)
 {
     QString text = decoded(bytes, set);
-    // The parser shows that there was one; a page is better off without.
+    // Removed, because the parser would replace control characters by visible ones.
     constexpr QChar nextLine(0x85);
     text.replace(nextLine, QLatin1Char(' '));
     text.removeIf([](QChar c) { return c.category() == QChar::Other_Control && !c.isSpace() && !c.isNull(); });
-    // Where scripts run, this is text as well. The parser takes them not to.
+    // Browsers, which run scripts, treat the content of `noscript` as text. The parser does so only for `noframes`.
     text.replace(QLatin1String("<noscript"), QLatin1String("<noframes"), Qt::CaseInsensitive);
     text.replace(QLatin1String("</noscript"), QLatin1String("</noframes"), Qt::CaseInsensitive);
     static const QRegularExpression emptyElement(
@@ -45,20 +45,20 @@ namespace {
     return text.toUtf8();
 }
 
-/// What `parsed` has changed in a text that is shown.
+/// Undoes the changes of `parsed` in a text for display.
 [[nodiscard]] QString restored(QString text)
 {
     text.replace(QLatin1String("<noframes"), QLatin1String("<noscript"), Qt::CaseInsensitive);
     return text.replace(QLatin1String("</noframes"), QLatin1String("</noscript"), Qt::CaseInsensitive);
 }
 
-/// Reads the elements of one tree.
+/// Reads the relevant elements of one tree.
 class PageReader final {
 public:
     explicit PageReader(const HtmlTree& tree);
 
     [[nodiscard]] Page page() const { return m_page; }
-    /// What the page calls its character set, as far as that is known, or empty.
+    /// The character set that the page declares, if it is known; otherwise empty.
     [[nodiscard]] QByteArray characterSet() const { return m_characterSet; }
 
 private:
@@ -80,7 +80,8 @@ PageReader::PageReader(const HtmlTree& tree)
     const GumboNode* const body = tree.part(GUMBO_TAG_BODY);
     if (head)
         HtmlTree::forEach(*head, read);
-    // What is shown is no part of a head; but sloppy pages put it before their title.
+    // Visible content ends the head, but some pages put it before their title. So without a body tag, the body is read
+    // too.
     const bool isBodyWritten = body && HtmlTree::isWritten(*body);
     if (body && !isBodyWritten)
         HtmlTree::forEach(*body, read);
@@ -166,7 +167,7 @@ Page readPage(const QByteArray& bytes, const QByteArray& contentType)
     QByteArray said = declaredSet(bytes);
     if (said.isEmpty())
         said = reader.characterSet();
-    // A page whose own words could be read is in no set of two-byte units, whatever they say.
+    // A declaration of UTF-16 is ignored: it could be read as UTF-8, so the page does not have two-byte units.
     if (isCertain || said.isEmpty() || said.startsWith("UTF-"))
         return reader.page();
     const QByteArray otherText = parsed(bytes, said, isXhtml);

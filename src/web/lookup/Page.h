@@ -10,21 +10,22 @@
 
 namespace nookle {
 
-/// What a web page says about itself in its head.
+/// The data in the head of a web page.
 struct Page {
-    /// Ready to be shown. None when the page has none or an empty one.
+    /// The title, cleaned by `presentableTitle`. None when the page has no title or an empty one.
     std::optional<QString> title;
     QList<IconLink> icons;
-    /// What addresses in the page are relative to, itself relative to the page's. Empty when the page does not say.
+    /// The base for relative addresses in the page. It may itself be relative to the page's address. Empty when the
+    /// page sets none.
     QString baseHref;
-    /// Whether the head ends in what was read, so that nothing that follows makes a difference.
+    /// Whether the end of the head was read, so that the rest of the page does not matter.
     bool isHeadOver = false;
 
     inline static constexpr qsizetype mostIcons = 64;
 };
 
-/// Reads a page, or the beginning of one. `contentType` is what the server says, which decides on the character set
-/// before the page itself does. A page made for it takes long, or more memory than there is.
+/// Reads a page, or the beginning of one. `contentType` is the server's header; its character set has priority over the
+/// one that the page declares. A malicious page may take very long or exhaust the memory.
 [[nodiscard]] Page readPage(const QByteArray& bytes, const QByteArray& contentType);
 
 } // namespace nookle

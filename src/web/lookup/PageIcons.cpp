@@ -10,7 +10,7 @@ namespace nookle {
 
 namespace {
 
-// What icons that do not say their size usually have.
+// The usual sides of icons that do not declare their size, in pixels.
 inline constexpr int usualTouchIconSide = 180;
 inline constexpr int usualIconSide = 32;
 
@@ -42,7 +42,8 @@ constexpr std::array readableTypes{ "image/png",    "image/x-icon", "image/vnd.m
     return isNumber && side > 0 ? std::optional(side) : std::nullopt;
 }
 
-/// Smaller is better: first what is large enough, the smallest before; then what is too small, the largest before.
+/// Lower is better: first the icons that are large enough, from small to large, then those that are too small, from
+/// large to small.
 [[nodiscard]] int rankOfSide(int side)
 {
     return side >= wantedIconSide ? side - wantedIconSide : 1'000'000 - side;
@@ -81,7 +82,7 @@ constexpr std::array readableTypes{ "image/png",    "image/x-icon", "image/vnd.m
         && (scheme == QLatin1String("http") || scheme == QLatin1String("https"));
 }
 
-/// What `href` leads to, unless it is empty or no address.
+/// The address of `href`; none if it is empty or invalid.
 [[nodiscard]] std::optional<QUrl> resolved(const QUrl& base, const QString& href)
 {
     const QUrl url(href);
@@ -99,7 +100,7 @@ constexpr std::array readableTypes{ "image/png",    "image/x-icon", "image/vnd.m
 
 QList<QUrl> iconPlaces(const QUrl& page, const QString& baseHref, const QList<IconLink>& links)
 {
-    // Of equally good ones, the page's last is the one that counts.
+    // Of equally good icons, the last one in the page wins.
     QList<IconLink> ranked(links.crbegin(), links.crend());
     std::stable_sort(ranked.begin(), ranked.end(), isBetter);
     const QUrl base = resolved(page, baseHref).value_or(page);

@@ -7,14 +7,14 @@
 
 namespace nookle {
 
-/// Where to look for a page's icon, the best place first; the site's own icon, which pages need not name, last. The
-/// page is at `page`, and `baseHref` is what it says its addresses are relative to, or empty.
+/// The addresses of a page's icons, the best one first. The last one is the site's default icon, which pages need not
+/// name. `page` is the page's address, and `baseHref` its declared base for relative addresses, or empty.
 [[nodiscard]] QList<QUrl> iconPlaces(const QUrl& page, const QString& baseHref, const QList<IconLink>& links);
 
-/// The pixels that an icon should have at least, to be drawn sharp.
+/// The minimum width of an icon in pixels for drawing it sharp.
 inline constexpr int wantedIconSide = 56;
 
-/// How many places of a page's own choice are tried.
+/// The maximum number of icons named by the page that are tried.
 inline constexpr qsizetype maximumIconPlaces = 3;
 
 } // namespace nookle

@@ -31,7 +31,7 @@ void setVariable(const char* name, const QByteArray& value)
     ::px_proxy_factory_free_proxies(proxies);
     if (first.startsWith("direct:"))
         return {};
-    // Whoever looks the name up also knows whether it is a private one: the proxy.
+    // With these schemes the proxy resolves the host name. It also knows whether the name is a private one.
     if (first.startsWith("socks:") || first.startsWith("socks5:"))
         return "socks5h" + first.mid(first.indexOf(':'));
     return first.startsWith("socks4:") ? "socks4a" + first.mid(6) : first;
@@ -41,7 +41,7 @@ void setVariable(const char* name, const QByteArray& value)
 
 void setSystemProxies(const ProxySettings& settings)
 {
-    // Variables are what libproxy can be told by.
+    // Environment variables are the way to pass settings to libproxy.
     for (const char* other : { "HTTP_PROXY", "HTTPS_PROXY", "NO_PROXY", "all_proxy", "ALL_PROXY" })
         qunsetenv(other);
     setVariable("http_proxy", settings.http);

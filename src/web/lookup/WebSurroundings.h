@@ -12,22 +12,23 @@
 
 namespace nookle {
 
-/// What a transfer finds around it.
+/// The environment of a transfer.
 struct WebSurroundings {
-    /// Where an address stands that a connection is about to be made to.
+    /// Whether an address is public or private. Called before a connection to it is made.
     std::function<WebReach(const WebAddress&)> reachOf;
-    /// The proxy to a host, as an address; empty when there is none.
+    /// The address of the proxy for a URL; empty when there is none.
     std::function<QByteArray(const QUrl&)> proxyFor;
-    /// A file with the certificates of the authorities to trust; empty for the system's.
+    /// The path of a file with the certificates of the trusted authorities; empty for the system's.
     QByteArray authorities;
-    /// Names that stand for others, as in CURLOPT_CONNECT_TO.
+    /// Replacements for host names, in the form of CURLOPT_CONNECT_TO.
     std::vector<QByteArray> aliases;
 };
 
-/// Tells the system's way of finding proxies what the settings are, in place of what the environment says.
+/// Sets the proxies that `systemSurroundings` uses, in place of those in the environment variables. Changes this
+/// process's environment.
 void setSystemProxies(const ProxySettings& settings);
 
-/// Those of this computer: its proxies, and the rules for addresses.
+/// The environment of this computer: its proxies, and the rules in AddressRules.h.
 [[nodiscard]] WebSurroundings systemSurroundings();
 
 } // namespace nookle

@@ -82,7 +82,7 @@ private:
     int m_headerLines = 0;
     QByteArray m_location;
     bool m_hasHead = false;
-    /// How it ended, if it was this step that ended it.
+    /// The result, if this object has ended the transfer itself.
     std::optional<End> m_end;
     WebResponse m_response;
 };
@@ -132,7 +132,7 @@ void Step::setRoute()
     const bool isLocal = isThisComputer(m_response.url.host());
     const QByteArray proxy = isLocal ? QByteArray() : m_surroundings.proxyFor(m_response.url);
     m_hasProxy = !proxy.isEmpty();
-    // Said even when there is none: the library would look for one itself.
+    // Set even if it is empty: otherwise the library would read the proxy from the environment.
     set(CURLOPT_PROXY, proxy.constData());
     set(CURLOPT_NOPROXY, "");
     set(CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
@@ -175,7 +175,7 @@ bool Step::takeHeader(const QByteArray& line)
     return true;
 }
 
-// The end of the headers.
+// Called at the end of the headers.
 bool Step::takeHead()
 {
     long status = 0;
@@ -229,7 +229,7 @@ curl_socket_t Step::onSocket(void* step, curlsocktype, curl_sockaddr* address)
     return ::socket(address->family, address->socktype | SOCK_CLOEXEC, address->protocol);
 }
 
-// Counts the body as it was sent, which may decode to nothing.
+// Limits the size of the body as it was sent, because it may decode to nothing.
 int Step::onProgress(void* step, curl_off_t, curl_off_t received, curl_off_t, curl_off_t)
 {
     auto& self = *static_cast<Step*>(step);

@@ -7,13 +7,12 @@ using namespace nookle;
 
 namespace {
 
-// Thousands of pages take less.
+// Enough for thousands of pages.
 inline constexpr unsigned mostProcessorSeconds = 60;
 
 } // namespace
 
-/// Looks web pages up for the program that started it, which is at the other end of standard input, until that closes
-/// it.
+/// Looks up web pages for the program at the other end of standard input, until that end is closed.
 int main()
 {
     limitProcess();

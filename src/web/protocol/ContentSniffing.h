@@ -6,16 +6,16 @@
 
 namespace nookle {
 
-/// Whether the Content-Type says that this is a web page. None when it says nothing.
+/// Whether the Content-Type is that of a web page. None when it is empty.
 [[nodiscard]] std::optional<bool> isPageType(const QByteArray& contentType);
 
-/// How many bytes `looksLikePage` needs at most.
+/// The number of bytes that is always enough for `looksLikePage`.
 inline constexpr qsizetype sniffedBytes = 512;
 
-/// Whether what begins with `bytes` is a web page.
+/// Whether a document that begins with `bytes` seems to be a web page.
 [[nodiscard]] bool looksLikePage(const QByteArray& bytes);
 
-/// Whether `bytes` are an image in one of the formats of icons.
+/// Whether `bytes` begin like an image in a format that icons have.
 [[nodiscard]] bool looksLikeIcon(const QByteArray& bytes);
 
 } // namespace nookle

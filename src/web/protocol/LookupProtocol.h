@@ -12,17 +12,17 @@
 
 namespace nookle {
 
-// What the program and nookle-lookup say to each other over a socket of their own. The helper begins with a greeting
-// and then answers requests in the order in which they came. What it sends counts as hostile: a server may have taken
-// it over.
+// The protocol between the program and nookle-lookup, over a socket of their own. The helper sends a greeting and then
+// answers requests in their order. Everything that it sends counts as hostile: a malicious server may have taken it
+// over.
 
-/// What the helper says once it is ready.
+/// The helper sends this when it is ready.
 inline constexpr QByteArrayView lookupGreeting("nookle-lookup-1\n");
 
-/// What to find out.
+/// A request for one lookup.
 struct LookupRequest {
     enum class Purpose : quint8 {
-        /// The title of a page, and where its icon may be.
+        /// The title of a page, and the places of its icon.
         page = 1,
         /// The icon at an address.
         icon = 2,
@@ -30,26 +30,27 @@ struct LookupRequest {
 
     Purpose purpose = Purpose::page;
     QByteArray url;
-    /// Where the wish comes from. What comes from the internet is not led to a private address.
+    /// The network of the page that caused this request. A request caused by a public page must not reach a private
+    /// address.
     WebReach from = WebReach::privateNetwork;
     ProxySettings proxies = {};
 
     [[nodiscard]] QByteArray encode() const;
 
-    /// Nothing for bytes that `encode` cannot have written.
+    /// None for bytes that `encode` cannot have written.
     [[nodiscard]] static std::optional<LookupRequest> decode(const QByteArray& bytes);
 
-    /// A longer address is not asked for.
+    /// The maximum length of an address. A longer one is not looked up.
     inline static constexpr qsizetype longestUrl = 16'384;
-    /// No encoded request is longer, or else its proxies are left out.
+    /// The maximum size of an encoded request. `encode` leaves out the proxies of a request that would be larger.
     inline static constexpr quint32 longest = 65'536;
 
     bool operator==(const LookupRequest&) const = default;
 };
 
-/// Where an icon may be: at an address, or in the page itself.
+/// A place of an icon: an address, or the icon's bytes if they are in the page itself.
 struct IconPlace {
-    /// Of http or https; empty when there are bytes.
+    /// An http or https address; empty when `bytes` are set.
     QByteArray url;
     QByteArray bytes;
 
@@ -58,25 +59,25 @@ struct IconPlace {
 
 /// The answer to one request.
 struct LookupReply {
-    /// Whether there is something at the address.
+    /// Whether the server delivered something (for an icon: an image).
     bool isFound = false;
-    /// Ready to be shown.
+    /// The title, cleaned by `presentableTitle`.
     std::optional<QString> title;
-    /// The best place first. Empty for what is no page.
+    /// The best place first. Empty for anything but a page.
     QList<IconPlace> places;
-    /// Where the page stands, and so what its icon may be fetched from.
+    /// The network of the page, which decides from where its icon may be fetched.
     WebReach reach = WebReach::publicNetwork;
-    /// In one of the formats of icons.
+    /// The image file, in a format that icons have.
     QByteArray icon;
 
     [[nodiscard]] QByteArray encode() const;
 
-    /// Nothing for bytes that an honest helper does not answer `request` with.
+    /// None for bytes that are not a valid answer to `request`.
     [[nodiscard]] static std::optional<LookupReply> decode(const QByteArray& bytes, const LookupRequest& request);
 
     inline static constexpr qsizetype mostPlaces = 4;
     inline static constexpr qsizetype largestIcon = 524'288;
-    /// No encoded reply is longer.
+    /// The maximum size of an encoded reply.
     inline static constexpr quint32 longest = mostPlaces * (largestIcon + LookupRequest::longestUrl) + 65'536;
 
     bool operator==(const LookupReply&) const = default;

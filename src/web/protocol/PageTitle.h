@@ -6,11 +6,11 @@
 
 namespace nookle {
 
-/// The longest title that a page can have, in UTF-16 units.
+/// The maximum length of a page's title, in UTF-16 units.
 inline constexpr qsizetype maximumTitleLength = 1000;
 
-/// A page's title as it can be shown in one line: white space collapsed; no control characters, and none that turn the
-/// direction of the text around; cut where it is overlong. None when nothing is left.
+/// A page's title as one line for display. White space is collapsed. Control characters and characters that override
+/// the writing direction are removed. An overlong title is cut. None when nothing is left.
 [[nodiscard]] std::optional<QString> presentableTitle(const QString& text);
 
 } // namespace nookle

@@ -4,15 +4,15 @@
 
 namespace nookle {
 
-/// How web pages are reached, in the words of libproxy: a proxy ("http://a.test:3128"), a script that knows
-/// ("pac+http://a.test/b"), or whatever the network says ("wpad://"). Empty where there is none.
+/// The proxies for web pages, in libproxy's notation: a proxy ("http://a.test:3128"), a configuration script
+/// ("pac+http://a.test/b"), or automatic discovery ("wpad://"). Empty for no proxy.
 struct ProxySettings {
     QByteArray http;
     QByteArray https;
-    /// Hosts that are reached without, between commas.
+    /// Hosts that are reached without a proxy, separated by commas.
     QByteArray exceptions;
 
-    /// Whether a script is run to find a proxy.
+    /// Whether a script must be run to find the proxy.
     [[nodiscard]] bool hasScript() const
     {
         const auto isScript = [](const QByteArray& proxy) { return proxy.startsWith("pac+") || proxy == "wpad://"; };

@@ -2,9 +2,9 @@
 
 namespace nookle {
 
-/// Where a host stands, as seen from this computer.
+/// The network of a host, as seen from this computer.
 enum class WebReach {
-    /// Anybody's host on the internet.
+    /// The internet.
     publicNetwork,
     /// This computer, its local network, or an address that no host on the internet has.
     privateNetwork,

@@ -18,7 +18,7 @@ inline constexpr const char* pairOfAtoms = "ATOM_PAIR";
 inline constexpr const char* utf8String = "UTF8_STRING";
 inline constexpr const char* anyText = "TEXT";
 
-/// More than any program asks for at a time.
+/// More than any program requests at a time.
 inline constexpr std::size_t mostPairs = 64;
 
 [[nodiscard]] QString plainText()
@@ -26,7 +26,8 @@ inline constexpr std::size_t mostPairs = 64;
     return QStringLiteral("text/plain");
 }
 
-/// Nothing for what Latin-1 cannot hold: a receiver that takes nothing else gets the text whole or not at all.
+/// None if Latin-1 cannot represent the whole text: a receiver that accepts only Latin-1 gets the complete text or
+/// none.
 [[nodiscard]] std::optional<QByteArray> latin1(const QByteArray& utf8)
 {
     const QString text = QString::fromUtf8(utf8);
@@ -60,7 +61,7 @@ void X11DragOffer::begin(std::shared_ptr<const DragPayload> payload)
     m_next = std::move(payload);
 }
 
-// The events of a connection keep their order: what is asked of a new owner comes after this.
+// The events of a connection keep their order, so requests to the new owner arrive after this call.
 void X11DragOffer::ownerChanged()
 {
     m_payload = m_next && isOwnWindow(m_watch.owner()) ? std::move(m_next) : nullptr;
@@ -89,7 +90,7 @@ bool X11DragOffer::nativeEventFilter(const QByteArray& eventType, void* message,
 
 void X11DragOffer::answer(const xcb_selection_request_event_t& request)
 {
-    // Old receivers name no property.
+    // Old receivers set no property.
     const std::uint32_t property = request.property != XCB_ATOM_NONE ? request.property : request.target;
     const bool isAnswered = request.target == m_atoms[severalTargets]
         ? convertPairs(request.requestor, property)
@@ -118,7 +119,7 @@ bool X11DragOffer::convert(std::uint32_t window, std::uint32_t target, std::uint
     return found && m_writer->write(window, property, found->type, found->bytes);
 }
 
-// What is refused is marked in the list, which goes back to the receiver.
+// The list goes back to the receiver, with refused targets marked in it.
 bool X11DragOffer::convertPairs(std::uint32_t window, std::uint32_t property)
 {
     std::vector<std::uint32_t> pairs = m_writer->readNumbers(window, property);

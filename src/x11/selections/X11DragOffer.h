@@ -19,16 +19,17 @@ struct xcb_selection_request_event_t;
 
 namespace nookle {
 
-/// Answers whoever asks for what this program's drag carries, during the drag and after it, in place of the toolkit.
-/// That keeps silent when a receiver asks with a time that it does not know, or for anything that was not offered:
-/// GTK 4 and the bridges to Wayland do both, and wait for an answer. Main thread only.
+/// Answers requests for the payload of this program's drag, during the drag and after it, in place of the toolkit. The
+/// toolkit does not answer a request with an unknown timestamp or for a format that was not offered. Some receivers
+/// send such requests and wait for an answer. Main thread only.
 class X11DragOffer final : private QAbstractNativeEventFilter {
 public:
-    /// `connection` is the toolkit's.
+    /// `connection` is the toolkit's connection.
     explicit X11DragOffer(xcb_connection_t* connection, const X11PropertyWriter::Limits& limits = {});
     ~X11DragOffer() override;
 
-    /// The next drag of this program carries `payload`. Until then nothing changes for the receivers of the last one.
+    /// The next drag of this program carries `payload`. Until it begins, receivers still get the payload of the last
+    /// one.
     void begin(std::shared_ptr<const DragPayload> payload);
 
 private:
@@ -52,7 +53,7 @@ private:
     XcbAtoms m_atoms;
     X11SelectionWatch m_watch;
     std::unique_ptr<X11PropertyWriter> m_writer;
-    /// What a drag will carry that has not begun yet.
+    /// The payload of a drag that has not begun yet.
     std::shared_ptr<const DragPayload> m_next;
     std::shared_ptr<const DragPayload> m_payload;
     /// The atoms of the payload's formats.

@@ -97,7 +97,7 @@ std::unique_ptr<DropPayload> X11Drops::payload()
     return std::make_unique<Payload>(*this);
 }
 
-// The toolkit tells neither the window that a drag comes from nor the time of the drop.
+// The toolkit does not provide the source window of a drag and the timestamp of the drop.
 bool X11Drops::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/)
 {
     if (eventType != "xcb_generic_event_t")
@@ -152,7 +152,7 @@ void X11Drops::suggestPlace(const QByteArray& address)
 {
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_source, m_atoms[directSave], m_atoms[plainText], 8,
                         static_cast<std::uint32_t>(address.size()), address.constData());
-    // The request for the file comes over another connection.
+    // Waits until the server has set the property: the request for the file goes over another connection.
     const auto cookie = xcb_get_input_focus(m_connection);
     [[maybe_unused]] const auto reply = owned(xcb_get_input_focus_reply(m_connection, cookie, nullptr));
 }

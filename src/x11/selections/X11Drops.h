@@ -16,15 +16,15 @@ namespace nookle {
 
 class X11SelectionReader;
 
-/// The drag of another program over this one's windows, as the server tells it. It must outlive the payloads that it
-/// hands out. Main thread only.
+/// Follows a drag of another program over this program's windows, from the X events. Must outlive the payloads that it
+/// returns. Main thread only.
 class X11Drops final : private QAbstractNativeEventFilter {
 public:
     explicit X11Drops(xcb_connection_t* connection);
     ~X11Drops() override;
 
-    /// The drag that is over a window, or was just dropped there. Its bytes can be read for less than a second in all:
-    /// some sources give a drop up that takes longer.
+    /// A payload of the drag that is over a window, or was just dropped there. Its data can be read during 0.9 seconds
+    /// from this call: some sources abandon a drop that takes longer.
     [[nodiscard]] std::unique_ptr<DropPayload> payload();
 
 private:
@@ -34,7 +34,7 @@ private:
     void enter(const xcb_client_message_event_t& event);
     [[nodiscard]] const QStringList& formats();
     [[nodiscard]] QByteArray suggestedName() const;
-    /// Tells the source where to save.
+    /// Tells the source the address of the file to save to.
     void suggestPlace(const QByteArray& address);
     [[nodiscard]] X11SelectionReader* reader();
 
@@ -43,7 +43,7 @@ private:
 
     std::uint32_t m_source = 0;
     std::uint32_t m_time = 0;
-    /// As the source announced them; its window holds a longer list.
+    /// The formats in the source's announcement, at most three. With `m_hasMore`, its window has the whole list.
     std::vector<std::uint32_t> m_announced;
     bool m_hasMore = false;
     QStringList m_formats;

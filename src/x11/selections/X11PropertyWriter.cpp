@@ -32,7 +32,7 @@ X11PropertyWriter::~X11PropertyWriter() = default;
 
 bool X11PropertyWriter::write(std::uint32_t window, std::uint32_t property, std::uint32_t type, const QByteArray& bytes)
 {
-    // A receiver that asks again has given up what it was getting there.
+    // A receiver that repeats a request has given up the delivery that was running there.
     endDeliveries([=](const Delivery& each) { return each.window == window && each.property == property; });
     const auto size = static_cast<std::size_t>(bytes.size());
     if (size <= m_limits.pieceSize) {
@@ -45,7 +45,7 @@ bool X11PropertyWriter::write(std::uint32_t window, std::uint32_t property, std:
     m_deliveries.push_back(Delivery{ window, property, type, bytes, 0, Clock::now() });
     if (!m_stallTimer.isActive())
         m_stallTimer.start();
-    // Before the announcement: the receiver may answer it at once.
+    // Select the events before the announcement, because the receiver may react at once.
     watch(window);
     const auto announcedSize = static_cast<std::uint32_t>(size);
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, window, property, m_inPieces, 32, 1, &announcedSize);
@@ -68,7 +68,7 @@ void X11PropertyWriter::notify(const xcb_selection_notify_event_t& answer)
 {
     xcb_send_event(m_connection.get(), 0, answer.requestor, XCB_EVENT_MASK_NO_EVENT,
                    reinterpret_cast<const char*>(&answer));
-    // A reply brings events along, of which the socket tells nothing any more.
+    // Waiting for a reply may have queued events, and the socket does not signal them again.
     readEvents();
 }
 
@@ -87,7 +87,7 @@ void X11PropertyWriter::handle(const xcb_generic_event_t& event)
     };
     switch (event.response_type & 0x7f) {
     case error:
-        // Errors about properties are those of windows that are gone.
+        // An error about a property means that its window is gone.
         endDeliveries(windowIs(reinterpret_cast<const xcb_value_error_t&>(event).bad_value));
         return;
     case XCB_DESTROY_NOTIFY:
@@ -104,7 +104,7 @@ void X11PropertyWriter::handle(const xcb_generic_event_t& event)
     }
 }
 
-// An empty piece says that there are no more.
+// An empty piece marks the end.
 void X11PropertyWriter::sendPiece(std::uint32_t window, std::uint32_t property)
 {
     const auto found = std::find_if(m_deliveries.begin(), m_deliveries.end(), [=](const Delivery& each) {
@@ -134,7 +134,7 @@ template <typename Matches> void X11PropertyWriter::endDeliveries(Matches matche
         m_stallTimer.stop();
 }
 
-// Asks for the events of a window as long as something is delivered to it.
+// Selects the events of a window while something is being delivered to it.
 void X11PropertyWriter::watch(std::uint32_t window)
 {
     const bool isReceiving = std::any_of(m_deliveries.begin(), m_deliveries.end(),

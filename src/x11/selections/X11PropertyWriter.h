@@ -15,20 +15,20 @@
 
 namespace nookle {
 
-/// Delivers selections to windows of other programs: small ones at once, large ones in pieces, the next of which goes
-/// out when the receiver has taken the last. On a connection of its own: receivers may be gone at any moment, and what
-/// the server says about it does not concern the toolkit, nor do the events that are asked of their windows. Windows
-/// and atoms are numbers of the server. Main thread only.
+/// Delivers selections to windows of other programs: small ones at once, large ones in pieces. The next piece is sent
+/// when the receiver has taken the last one. Uses a connection of its own, because receivers may disappear at any
+/// moment: the toolkit must get neither the resulting errors nor the events of the receivers' windows. Windows and
+/// atoms are the server's numbers. Main thread only.
 class X11PropertyWriter final : public QObject {
     Q_OBJECT
 
 public:
     struct Limits {
-        /// In bytes; every server takes four times as much in one request.
+        /// In bytes. Every server accepts requests four times as large.
         std::size_t pieceSize = 65'536;
-        /// How many deliveries in pieces may be under way.
+        /// The maximum number of deliveries in pieces that run at the same time.
         std::size_t deliveries = 32;
-        /// How long a receiver may take for a piece; it may become twice as long.
+        /// The timeout for a receiver to take a piece. It expires after up to twice this time.
         std::chrono::milliseconds patience{ 15'000 };
     };
 
@@ -43,10 +43,10 @@ public:
     void writeNumbers(std::uint32_t window, std::uint32_t property, std::uint32_t type,
                       const std::vector<std::uint32_t>& numbers);
 
-    /// The numbers of a list that a receiver has written.
+    /// Reads a list of numbers that a receiver has written.
     [[nodiscard]] std::vector<std::uint32_t> readNumbers(std::uint32_t window, std::uint32_t property);
 
-    /// Tells the receiver that the answer to its request is there; or that there is none, if the property is 0.
+    /// Notifies the receiver that its request was answered, or was refused if the property is 0.
     void notify(const xcb_selection_notify_event_t& answer);
 
 private:
@@ -72,7 +72,7 @@ private:
 
     XcbConnection m_connection;
     Limits m_limits;
-    /// The type that announces pieces.
+    /// The atom INCR, the property type that announces a delivery in pieces.
     std::uint32_t m_inPieces;
     std::vector<Delivery> m_deliveries;
     QSocketNotifier m_notifier;

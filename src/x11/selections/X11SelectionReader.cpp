@@ -29,7 +29,8 @@ using Clock = X11SelectionReader::Clock;
 
 } // namespace
 
-/// The window that a selection is delivered to. Each request has its own: an answer that comes too late finds it gone.
+/// The window that receives a selection. Each request has a window of its own, so an answer that arrives too late has
+/// no effect.
 class X11SelectionReader::Requestor {
 public:
     Requestor(xcb_connection_t* connection, std::uint32_t root)
@@ -133,7 +134,7 @@ std::optional<QByteArray> X11SelectionReader::take(const Requestor& requestor, q
                       xcb_get_property_value_length(reply.get()));
 }
 
-// Taking one piece away asks for the next; an empty one is the end.
+// Deleting one piece requests the next one. An empty piece is the end.
 std::optional<QByteArray> X11SelectionReader::readInPieces(const Requestor& requestor, qsizetype maximumSize,
                                                            Clock::time_point deadline)
 {

@@ -11,8 +11,8 @@
 
 namespace nookle {
 
-/// Reads what the owner of a selection offers, on a connection of its own, so that it can give up at any moment: the
-/// toolkit would wait five seconds for each format that a source does not deliver. Blocks. Main thread only.
+/// Reads selections of other programs. Uses a connection of its own, so that it can set its own timeout: the toolkit
+/// would wait five seconds for each format that a source does not deliver. Blocks. Main thread only.
 class X11SelectionReader final {
 public:
     using Clock = std::chrono::steady_clock;
@@ -20,8 +20,8 @@ public:
     /// Connects to the server that the environment names. Null when that fails.
     [[nodiscard]] static std::unique_ptr<X11SelectionReader> tryCreate();
 
-    /// The selection `selection`, converted to `target`; both are atoms, `time` is the server's. Nothing when the owner
-    /// refuses, delivers more than `maximumSize` bytes, or is not done at `deadline`.
+    /// The data of `selection`, converted to `target`. Both are atoms; `time` is a timestamp of the server. None when
+    /// the owner refuses, delivers more than `maximumSize` bytes, or has not finished at `deadline`.
     [[nodiscard]] std::optional<QByteArray> read(std::uint32_t selection, std::uint32_t target, std::uint32_t time,
                                                  qsizetype maximumSize, Clock::time_point deadline);
 
@@ -33,7 +33,7 @@ private:
     [[nodiscard]] bool waitForData(const Requestor& requestor, Clock::time_point deadline);
     [[nodiscard]] bool waitForMore(const Requestor& requestor, Clock::time_point deadline);
     template <typename Matches> [[nodiscard]] bool waitForEvent(Clock::time_point deadline, Matches matches);
-    /// Takes the property away; nothing when it is larger than `maximumSize`.
+    /// Reads and deletes the property; none when it is larger than `maximumSize`.
     [[nodiscard]] std::optional<QByteArray> take(const Requestor& requestor, qsizetype maximumSize);
     [[nodiscard]] std::optional<QByteArray> readInPieces(const Requestor& requestor, qsizetype maximumSize,
                                                          Clock::time_point deadline);
@@ -42,7 +42,7 @@ private:
     std::uint32_t m_root = 0;
     std::uint32_t m_property = 0;
     std::uint32_t m_pieces = 0;
-    /// Of what was taken last.
+    /// The type of the property that `take` read last.
     std::uint32_t m_takenType = 0;
 };
 

@@ -10,7 +10,8 @@ struct xcb_connection_t;
 
 namespace nookle {
 
-/// Watches who owns a selection, as programs do that offer a service to the whole display. Main thread only.
+/// Watches the owner of a selection. Programs that offer a service to the whole display own a selection for it. Main
+/// thread only.
 class X11SelectionWatch final : private QAbstractNativeEventFilter {
 public:
     X11SelectionWatch(xcb_connection_t* connection, const char* selection);
@@ -18,14 +19,14 @@ public:
     X11SelectionWatch(const X11SelectionWatch&) = delete;
     X11SelectionWatch& operator=(const X11SelectionWatch&) = delete;
 
-    /// Asks the server.
+    /// Whether the selection has an owner now. Queries the server.
     [[nodiscard]] bool hasOwner() const;
 
-    /// The owner and the server's time, as of the last change; 0 before the first one.
+    /// The owner's window and the server's timestamp at the last change; 0 before the first one.
     [[nodiscard]] std::uint32_t owner() const { return m_owner; }
     [[nodiscard]] std::uint32_t ownedSince() const { return m_ownedSince; }
 
-    /// The owner has changed, or there is none any more. Set by the one that watches.
+    /// Called when the owner has changed or there is none any more. Set by the user of this object.
     std::function<void()> onChanged = [] {};
 
 private:

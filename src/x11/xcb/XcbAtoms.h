@@ -16,19 +16,19 @@ namespace nookle {
 /// The atom of that name; 0 when the connection is broken.
 [[nodiscard]] std::uint32_t xcbAtom(xcb_connection_t* connection, const QByteArray& name);
 
-/// Atoms that are known by their names, asked for together: one after the other, each costs a round trip.
+/// A set of atoms by their names. All are requested together; requested one by one, each would cost a round trip.
 class XcbAtoms final {
 public:
     XcbAtoms(xcb_connection_t* connection, std::initializer_list<const char*> names);
 
-    /// One of those names' atom; 0 when the connection is broken.
+    /// The atom of `name`, which must be one of `names`; 0 when the connection is broken.
     [[nodiscard]] std::uint32_t operator[](QByteArrayView name) const;
 
 private:
     std::map<QByteArray, std::uint32_t, std::less<>> m_atoms;
 };
 
-/// A property that is a list of 32-bit numbers; empty when the window does not have it.
+/// The value of a property that is a list of 32-bit numbers; empty when the window does not have it.
 [[nodiscard]] std::vector<std::uint32_t> xcbNumbers(xcb_connection_t* connection, std::uint32_t window,
                                                     std::uint32_t property);
 

@@ -10,8 +10,8 @@ struct XcbDisconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
 };
 
-/// A connection to the X server beside the toolkit's. Its replies are read by the thread that asked; the toolkit reads
-/// its own on a thread, and each of them wakes two.
+/// A connection to the X server in addition to the toolkit's. The calling thread reads the replies itself. On the
+/// toolkit's connection, another thread reads them, so each reply wakes two threads.
 using XcbConnection = std::unique_ptr<xcb_connection_t, XcbDisconnect>;
 
 } // namespace nookle
