@@ -16,6 +16,9 @@ namespace {
 
 inline constexpr rlim_t mostDescriptors = 64;
 
+/// The resolver asks the kernel through it which addresses this machine has.
+inline constexpr unsigned lastFamily = AF_NETLINK;
+
 // The address sanitizer maps terabytes for its own use.
 #if defined(__SANITIZE_ADDRESS__)
 inline constexpr bool canLimitMemory = false;
@@ -62,15 +65,22 @@ void limitProcessorTime(unsigned seconds)
     limit(RLIMIT_CPU, seconds);
 }
 
-bool forbidLocalSockets()
+bool allowInternetSocketsOnly()
 {
     const scmp_filter_ctx filter = ::seccomp_init(SCMP_ACT_ALLOW);
     if (filter == nullptr)
         return false;
     const std::uint32_t refusal = SCMP_ACT_ERRNO(EACCES);
     // With io_uring, a process could make sockets that the filter does not see.
-    const bool isDone = ::seccomp_rule_add(filter, refusal, SCMP_SYS(socket), 1, SCMP_A0_32(SCMP_CMP_EQ, AF_UNIX)) == 0
-        && ::seccomp_rule_add(filter, refusal, SCMP_SYS(io_uring_setup), 0) == 0 && ::seccomp_load(filter) == 0;
+    bool isDone = ::seccomp_rule_add(filter, refusal, SCMP_SYS(io_uring_setup), 0) == 0
+        && ::seccomp_rule_add(filter, refusal, SCMP_SYS(socket), 1, SCMP_A0_32(SCMP_CMP_GT, lastFamily)) == 0;
+    for (unsigned family = 0; family < lastFamily; ++family) {
+        const bool isInternet = family == AF_INET || family == AF_INET6;
+        isDone = isDone
+            && (isInternet
+                || ::seccomp_rule_add(filter, refusal, SCMP_SYS(socket), 1, SCMP_A0_32(SCMP_CMP_EQ, family)) == 0);
+    }
+    isDone = isDone && ::seccomp_load(filter) == 0;
     ::seccomp_release(filter);
     return isDone;
 }

@@ -17,8 +17,9 @@ void limitMemory(std::size_t bytes);
 /// Ends this process when it has used `seconds` of processor time in total.
 void limitProcessorTime(unsigned seconds);
 
-/// Forbids this process to make local (Unix) sockets. The display server and the session bus listen on local sockets,
-/// and a sandbox that shares the network does not hide them. False if the kernel refuses.
-[[nodiscard]] bool forbidLocalSockets();
+/// Forbids this process to make other sockets than those of the internet and those that ask the kernel for addresses.
+/// The display server and the session bus listen on local (Unix) sockets, and a sandbox that shares the network does
+/// not hide them. False if the kernel refuses.
+[[nodiscard]] bool allowInternetSocketsOnly();
 
 } // namespace nookle

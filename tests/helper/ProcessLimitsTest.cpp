@@ -39,19 +39,22 @@ class ProcessLimitsTest final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void localSocketsAreRefusedAndOthersAreNot();
+    void internetSocketsAreAllowedAndOthersAreNot();
     void memoryIsLimitedForGood();
     void filesAreLimited();
     void processorTimeIsLimited();
 };
 
-void ProcessLimitsTest::localSocketsAreRefusedAndOthersAreNot()
+void ProcessLimitsTest::internetSocketsAreAllowedAndOthersAreNot()
 {
     QVERIFY(isTrueInAChild([] { return canMakeSocket(AF_UNIX, SOCK_STREAM); }));
     QVERIFY(isTrueInAChild([] {
-        return forbidLocalSockets() && !canMakeSocket(AF_UNIX, SOCK_STREAM) && errno == EACCES
+        return allowInternetSocketsOnly() && !canMakeSocket(AF_UNIX, SOCK_STREAM) && errno == EACCES
             && !canMakeSocket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC) && canMakeSocket(AF_INET, SOCK_STREAM)
-            && canMakeSocket(AF_INET, SOCK_DGRAM);
+            && canMakeSocket(AF_INET, SOCK_DGRAM) && canMakeSocket(AF_INET6, SOCK_STREAM)
+            && canMakeSocket(AF_NETLINK, SOCK_RAW) && !canMakeSocket(AF_BLUETOOTH, SOCK_RAW) && errno == EACCES
+            && !canMakeSocket(AF_VSOCK, SOCK_STREAM) && errno == EACCES && !canMakeSocket(AF_PACKET, SOCK_DGRAM)
+            && errno == EACCES;
     }));
 }
 

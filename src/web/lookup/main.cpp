@@ -17,7 +17,7 @@ int main()
 {
     limitProcess();
     limitProcessorTime(mostProcessorSeconds);
-    if (!forbidLocalSockets() || ::curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK)
+    if (!allowInternetSocketsOnly() || ::curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK)
         return 1;
     return answerRequests(systemSurroundings());
 }

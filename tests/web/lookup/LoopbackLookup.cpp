@@ -8,7 +8,7 @@
 int main()
 {
     nookle::limitProcess();
-    if (!nookle::forbidLocalSockets() || ::curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK)
+    if (!nookle::allowInternetSocketsOnly() || ::curl_global_init(CURL_GLOBAL_DEFAULT) != CURLE_OK)
         return 1;
     return nookle::answerRequests(nookle::loopbackWeb());
 }
