@@ -53,7 +53,7 @@ void DraggedImage::hold()
 
 void DraggedImage::keepLooking(std::function<void()> onTrashed)
 {
-    // It was let go of if it was looked for already, and was copied back during this drag.
+    // An earlier watch may have copied the file back during this drag and closed it.
     if (!m_file.isOpen())
         hold();
     if (!m_file.isOpen())

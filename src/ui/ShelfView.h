@@ -25,7 +25,7 @@ class EmptyShelfView;
 class MainQueue;
 class PanelPinning;
 class ShelfItemView;
-class Thumbnails;
+class ThumbnailGenerator;
 class TileList;
 
 /// Makes a payload that reads a drop, from the toolkit's data or directly from the display server.
@@ -46,7 +46,7 @@ public:
         Trash& trash;
         FileReferences& references;
         FileTransfers& transfers;
-        Thumbnails& thumbnails;
+        ThumbnailGenerator& thumbnails;
         Compositing& compositing;
         MainQueue& queue;
         DropReader readDrop;
@@ -123,7 +123,7 @@ private:
     ShelfItemActions m_actions;
     DragOutWatch m_dragOutWatch;
     DropHandler m_dropHandler;
-    Thumbnails& m_thumbnails;
+    ThumbnailGenerator& m_thumbnails;
     Compositing& m_compositing;
     DropReader m_readDrop;
     DragRunner m_runDrag;

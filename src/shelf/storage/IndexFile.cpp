@@ -61,6 +61,7 @@ IndexFile::IndexFile(const QByteArray& dataFolder, qsizetype largestSize)
     , m_asidePath(dataFolder + "/index.corrupt.json")
     , m_lostMark(dataFolder + "/index.missing")
     , m_largestSize(largestSize)
+    // Until `load` succeeds, the file must not be overwritten.
     , m_obstacle(Failure{ QStringLiteral("it was not there at the start") })
 {
 }
@@ -108,6 +109,17 @@ bool IndexFile::isOurs()
     return !m_obstacle;
 }
 
+std::variant<IndexStamp, Failure> IndexFile::write(const ShelfIndex& index, const QByteArray& path,
+                                                   qsizetype largestSize)
+{
+    const QByteArray bytes = index.encode();
+    if (bytes.size() > largestSize)
+        return Failure{ QStringLiteral("larger than %1 bytes").arg(largestSize) };
+    if (std::optional<Failure> failure = writeAtomically(path, bytes))
+        return *std::move(failure);
+    return IndexStamp(path, bytes);
+}
+
 std::optional<Failure> IndexFile::makeWay(bool hasItemFolders)
 {
     if (!m_obstacle)
@@ -122,13 +134,19 @@ std::optional<Failure> IndexFile::makeWay(bool hasItemFolders)
     return failure;
 }
 
-QByteArray IndexFile::asidePath() const
+std::optional<QByteArray> IndexFile::asidePath() const
 {
     constexpr int mostIndexes = 100;
-    QByteArray path = m_asidePath;
-    for (int number = 2; exists(path) && !(m_isBroken && isNoIndex(path)) && number <= mostIndexes; ++number)
-        path = m_asidePath.chopped(qsizetype(std::strlen(".json"))) + '-' + QByteArray::number(number) + ".json";
-    return path;
+    const auto isFree = [this](const QByteArray& path) { return !exists(path) || (m_isBroken && isNoIndex(path)); };
+    if (isFree(m_asidePath))
+        return m_asidePath;
+    const QByteArray stem = m_asidePath.chopped(qsizetype(std::strlen(".json")));
+    for (int number = 2; number <= mostIndexes; ++number) {
+        const QByteArray path = stem + '-' + QByteArray::number(number) + ".json";
+        if (isFree(path))
+            return path;
+    }
+    return {};
 }
 
 bool IndexFile::isNoIndex(const QByteArray& path) const
@@ -155,14 +173,16 @@ std::optional<Failure> IndexFile::setAside() const
 {
     std::error_code error;
     std::error_code ignored;
-    const QByteArray asidePath = this->asidePath();
-    const fs::path aside = asidePath.toStdString();
+    const std::optional<QByteArray> asidePath = this->asidePath();
+    if (!asidePath)
+        return Failure{ QStringLiteral("too many indexes were moved aside") };
+    const fs::path aside = asidePath->toStdString();
     fs::rename(m_path.toStdString(), aside, error);
     if (isInTheWay(error)) {
         fs::remove_all(aside, ignored);
         fs::rename(m_path.toStdString(), aside, error);
     }
-    const QString place = QFile::decodeName(asidePath);
+    const QString place = QFile::decodeName(*asidePath);
     if (error)
         return Failure{ QStringLiteral("the unreadable index cannot be moved to %1: %2")
                             .arg(place, QString::fromStdString(error.message())) };

@@ -2,12 +2,13 @@
 
 #include "Failure.h"
 #include "IndexStamp.h"
-#include "ShelfItem.h"
+#include "ShelfIndex.h"
 
 #include <QByteArray>
 #include <QList>
 
 #include <optional>
+#include <variant>
 
 namespace nookle {
 
@@ -28,19 +29,24 @@ public:
     /// has written it since this program last read or wrote it. If false, call `makeWay` before writing.
     [[nodiscard]] bool isOurs();
 
-    /// Call this when the program has written the index. `stamp` is the stamp of the new index.
+    /// Writes the index to the file at `path`, or leaves that file as it was. An index of more than `largestSize` bytes
+    /// is not written. Any thread.
+    [[nodiscard]] static std::variant<IndexStamp, Failure> write(const ShelfIndex& index, const QByteArray& path,
+                                                                 qsizetype largestSize);
+
+    /// Call this when `write` has written the index. `stamp` is its result.
     void wasWritten(const IndexStamp& stamp) { m_own = stamp; }
 
-    /// Makes it safe to write the index. Moves aside the file that must not be overwritten. If there is no such file,
-    /// but item folders exist (`hasItemFolders`) and no index was moved aside that could name them, leaves a mark file.
-    /// After a failure the index must not be written.
+    /// Makes it safe to write the index: moves aside the file that must not be overwritten. If the index is gone but
+    /// item folders remain (`hasItemFolders`), creates `index.missing`, so that a later clean-up does not take those
+    /// folders for leftovers. After a failure the index must not be written.
     [[nodiscard]] std::optional<Failure> makeWay(bool hasItemFolders);
 
     /// Whether the index on disk was read or written by this program.
     [[nodiscard]] bool isWritten() const;
 
-    /// Whether the index that was read names every item. False if no index was read. Also false while there is an index
-    /// that was moved aside, or a mark of a lost one: that index may name other items.
+    /// Whether an item folder that is not in the index is surely a leftover. False if no index was read, and while
+    /// there is an index that was moved aside, or the mark of a lost one: that index may name other items.
     [[nodiscard]] bool namesEveryItem() const;
 
     /// Removes the mark of a lost index.
@@ -48,12 +54,12 @@ public:
 
 private:
     [[nodiscard]] std::optional<Failure> setAside() const;
-    /// The new path for an index that is moved aside. A broken index replaces an older broken one. Nothing replaces an
-    /// index that may be valid.
-    [[nodiscard]] QByteArray asidePath() const;
-    /// Whether what is at `path` was read, and is no index.
+    /// The new path for an index that is moved aside; none if all are taken. A broken index replaces an older broken
+    /// one. Nothing replaces an index that may be valid.
+    [[nodiscard]] std::optional<QByteArray> asidePath() const;
+    /// Whether it is certain that no valid index is at `path`. False if it could not be read, or is too large.
     [[nodiscard]] bool isNoIndex(const QByteArray& path) const;
-    /// Whether there is an index that was set aside, by this program or one before it.
+    /// Whether there is an index that was moved aside, by this program or one before it.
     [[nodiscard]] bool hasIndexAside() const;
 
     QByteArray m_dataFolder;

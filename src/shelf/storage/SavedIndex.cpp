@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <utility>
+#include <variant>
 
 namespace nookle {
 
@@ -36,13 +37,11 @@ SavedIndex::SavedIndex(Environment environment, const QList<ShelfItem>& items, c
     , m_file(m_environment.dataFolder, m_environment.largestSize)
     , m_writer(
           [path = m_file.path(), largest = m_environment.largestSize, stamp = m_stamp](const ShelfIndex& index) {
-              const QByteArray bytes = index.encode();
-              if (bytes.size() > largest)
-                  return std::optional(Failure{ QStringLiteral("larger than %1 bytes").arg(largest) });
-              std::optional<Failure> failure = writeAtomically(path, bytes);
-              if (!failure)
-                  stamp->emplace(path, bytes);
-              return failure;
+              const auto written = IndexFile::write(index, path, largest);
+              if (const auto* failure = std::get_if<Failure>(&written))
+                  return std::optional(*failure);
+              *stamp = std::get<IndexStamp>(written);
+              return std::optional<Failure>();
           },
           queue, savingPatience)
 {
@@ -108,7 +107,7 @@ std::optional<Failure> SavedIndex::prepare()
 
 void SavedIndex::log(const Failure& failure) const
 {
-    // That saving is off was already logged.
+    // `prepare` has already logged why saving is off.
     if (!m_isSavingOff)
         logLine(QStringLiteral("saving failed: ") + failure.description);
 }

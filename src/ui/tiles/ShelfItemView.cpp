@@ -28,7 +28,8 @@ inline constexpr double unavailableOpacity = 0.5;
 
 } // namespace
 
-ShelfItemView::ShelfItemView(QWidget* parent, const TileMetrics& metrics, Thumbnails& thumbnails, DragRunner runDrag)
+ShelfItemView::ShelfItemView(QWidget* parent, const TileMetrics& metrics, ThumbnailGenerator& thumbnails,
+                             DragRunner runDrag)
     : QWidget(parent)
     , m_metrics(metrics)
     , m_thumbnail(thumbnails, [this] { update(); })

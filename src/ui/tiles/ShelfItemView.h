@@ -22,7 +22,7 @@ class ShelfItemView final : public QWidget {
 
 public:
     /// `metrics` and `thumbnails` must outlive the tile.
-    ShelfItemView(QWidget* parent, const TileMetrics& metrics, Thumbnails& thumbnails, DragRunner runDrag);
+    ShelfItemView(QWidget* parent, const TileMetrics& metrics, ThumbnailGenerator& thumbnails, DragRunner runDrag);
 
     /// Shows `item`. `localURL` is its file or folder on disk, none if that is missing. `iconURL` is the saved icon of
     /// a link.

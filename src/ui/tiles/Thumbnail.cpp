@@ -29,7 +29,7 @@ namespace {
 
 } // namespace
 
-Thumbnail::Thumbnail(Thumbnails& thumbnails, std::function<void()> onChanged)
+Thumbnail::Thumbnail(ThumbnailGenerator& thumbnails, std::function<void()> onChanged)
     : m_thumbnails(thumbnails)
     , m_onChanged(std::move(onChanged))
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Thumbnails.h"
+#include "ThumbnailGenerator.h"
 
 #include <QIcon>
 #include <QPixmap>
@@ -19,7 +19,7 @@ namespace nookle {
 class Thumbnail final {
 public:
     /// `thumbnails` must outlive the preview. `onChanged` is called when the thumbnail has arrived.
-    Thumbnail(Thumbnails& thumbnails, std::function<void()> onChanged);
+    Thumbnail(ThumbnailGenerator& thumbnails, std::function<void()> onChanged);
 
     /// Shows the file or folder at `url`, or nothing if there is none. If the file is the same as before, the thumbnail
     /// is kept.
@@ -37,7 +37,7 @@ public:
 private:
     void paintIcon(QPainter& painter, const QRect& box) const;
 
-    Thumbnails& m_thumbnails;
+    ThumbnailGenerator& m_thumbnails;
     std::function<void()> m_onChanged;
     std::optional<QUrl> m_url;
     bool m_isFolder = false;
