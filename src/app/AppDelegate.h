@@ -45,7 +45,7 @@ public:
         UserDefaults& defaults;
         Trash& trash;
         FileReferences& fileReferences;
-        Thumbnails& thumbnails;
+        ThumbnailGenerator& thumbnails;
         LinkMetadataService& linkMetadata;
         Pasteboard& pasteboard;
         Workspace& workspace;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "LoginItem.h"
-#include "StartupSettings.h"
+#include "LoginProgramsPage.h"
 
 #include <QCoreApplication>
 #include <QString>
@@ -30,7 +30,7 @@ private:
 
     QString m_program;
     QString m_entryPath;
-    StartupSettings m_settings;
+    LoginProgramsPage m_settings;
 };
 
 } // namespace nookle

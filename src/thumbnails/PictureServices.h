@@ -2,8 +2,8 @@
 
 #include "DecoderImageConverter.h"
 #include "ImageDecoder.h"
-#include "LinuxThumbnails.h"
-#include "LocalThumbnails.h"
+#include "LinuxThumbnailGenerator.h"
+#include "LocalThumbnailGenerator.h"
 
 #include <memory>
 
@@ -19,15 +19,15 @@ public:
     /// `queue` must outlive this object.
     PictureServices(std::shared_ptr<Mounts> mounts, MainQueue& queue);
 
-    [[nodiscard]] Thumbnails& thumbnails() { return m_localThumbnails; }
+    [[nodiscard]] ThumbnailGenerator& thumbnails() { return m_localThumbnails; }
     [[nodiscard]] ImageConverter& converter() { return m_converter; }
 
 private:
     /// The converter and the thumbnails share one decoder process.
     ImageDecoder m_decoder;
     DecoderImageConverter m_converter;
-    LinuxThumbnails m_thumbnails;
-    LocalThumbnails m_localThumbnails;
+    LinuxThumbnailGenerator m_thumbnails;
+    LocalThumbnailGenerator m_localThumbnails;
 };
 
 } // namespace nookle

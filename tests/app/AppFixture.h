@@ -16,7 +16,7 @@
 #include "FakePasteboard.h"
 #include "FakePointer.h"
 #include "FakeScreenshotSettings.h"
-#include "FakeThumbnails.h"
+#include "FakeThumbnailGenerator.h"
 #include "FakeTrash.h"
 #include "FakeTrayHost.h"
 #include "FakeUserDefaults.h"
@@ -275,7 +275,7 @@ struct AppFixture {
     JournalingDefaults defaults{ journal };
     JournalingTrash trash{ journal };
     JournalingReferences references{ journal };
-    FakeThumbnails thumbnails;
+    FakeThumbnailGenerator thumbnails;
     FakeLinkMetadataService linkMetadata;
     FakePasteboard pasteboard;
     FakeWorkspace workspace;

@@ -19,7 +19,7 @@
 #include "ShelfStore.h"
 #include "ShelfView.h"
 #include "TemporaryFolder.h"
-#include "Thumbnails.h"
+#include "ThumbnailGenerator.h"
 #include "X11Backend.h"
 
 #include <QApplication>
@@ -51,8 +51,8 @@ constexpr int warmUp = 1000;
     return environment;
 }
 
-/// Thumbnails that take for ever.
-class EndlessThumbnails final : public Thumbnails {
+/// ThumbnailGenerator that take for ever.
+class EndlessThumbnails final : public ThumbnailGenerator {
 public:
     std::unique_ptr<Cancellable> request(const QUrl& /*file*/, double /*size*/, double /*scale*/,
                                          Completion /*completion*/) override

@@ -1,4 +1,4 @@
-#include "LinuxThumbnails.h"
+#include "LinuxThumbnailGenerator.h"
 
 #include "ThumbnailsFixture.h"
 

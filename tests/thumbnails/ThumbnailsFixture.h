@@ -5,7 +5,7 @@
 #include "FileUrl.h"
 #include "ImageDecoder.h"
 #include "ImageFiles.h"
-#include "LinuxThumbnails.h"
+#include "LinuxThumbnailGenerator.h"
 #include "TemporaryFolder.h"
 
 #include <QCryptographicHash>
@@ -22,7 +22,7 @@
 
 namespace nookle {
 
-/// Thumbnails of files in a folder of their own, by the real decoder, with a cache of their own and two makers.
+/// ThumbnailGenerator of files in a folder of their own, by the real decoder, with a cache of their own and two makers.
 class ThumbnailsFixture {
 public:
     ThumbnailsFixture()
@@ -35,7 +35,7 @@ public:
         makers.push_back(std::move(firstMaker));
         makers.push_back(std::move(secondMaker));
         files.makeFolder("temporary");
-        thumbnails = std::make_unique<LinuxThumbnails>(
+        thumbnails = std::make_unique<LinuxThumbnailGenerator>(
             queue, decoder, ThumbnailCache(cacheFolder(), files.path("temporary")), std::move(makers));
         maker->canMake = false;
         otherMaker->canMake = false;
@@ -98,7 +98,7 @@ public:
     ImageDecoder decoder{ queue, QStringLiteral(NOOKLE_DECODER) };
     FakeThumbnailMaker* maker = nullptr;
     FakeThumbnailMaker* otherMaker = nullptr;
-    std::unique_ptr<LinuxThumbnails> thumbnails;
+    std::unique_ptr<LinuxThumbnailGenerator> thumbnails;
     std::map<QByteArray, std::unique_ptr<Cancellable>> requests;
     std::map<QByteArray, std::optional<Picture>> pictures;
     QList<QByteArray> order;

@@ -6,7 +6,7 @@
 #include "FakeLinkMetadataService.h"
 #include "FakeMainQueue.h"
 #include "FakePasteboard.h"
-#include "FakeThumbnails.h"
+#include "FakeThumbnailGenerator.h"
 #include "FakeTrash.h"
 #include "FakeUserDefaults.h"
 #include "FakeWorkspace.h"
@@ -50,7 +50,7 @@ struct ShelfFixture {
     FakePasteboard pasteboard;
     FakeCompositing compositing;
     FakeFileTransfers transfers;
-    FakeThumbnails thumbnails;
+    FakeThumbnailGenerator thumbnails;
     PanelPinning pinning{ defaults };
     ShelfStore store{
         fileUrl(directory.path().toUtf8() + "/Nookle"), environmentWith(trash), references, trash, metadata, queue

@@ -1,6 +1,6 @@
 #include "Thumbnail.h"
 
-#include "FakeThumbnails.h"
+#include "FakeThumbnailGenerator.h"
 
 #include <QImage>
 #include <QPainter>
@@ -34,7 +34,7 @@ private:
     }
 
     const QUrl m_file{ QStringLiteral("file:///a.png") };
-    FakeThumbnails m_thumbnails;
+    FakeThumbnailGenerator m_thumbnails;
     int m_changes = 0;
     std::unique_ptr<Thumbnail> m_preview;
 };
@@ -52,7 +52,7 @@ void ThumbnailTest::theThumbnailIsAskedForOnceAtThePreviewsSize()
 {
     m_preview->load(1.5);
     m_preview->load(1.5);
-    QCOMPARE(m_thumbnails.asked, (QList<FakeThumbnails::Asked>{ { m_file, 52, 1.5 } }));
+    QCOMPARE(m_thumbnails.asked, (QList<FakeThumbnailGenerator::Asked>{ { m_file, 52, 1.5 } }));
 }
 
 void ThumbnailTest::anotherFileIsAskedForAndTheOldRequestDropped()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Thumbnails.h"
+#include "ThumbnailGenerator.h"
 
 #include <QList>
 
@@ -9,8 +9,8 @@
 
 namespace nookle {
 
-/// Thumbnails that are made when a test says so.
-class FakeThumbnails final : public Thumbnails {
+/// ThumbnailGenerator that are made when a test says so.
+class FakeThumbnailGenerator final : public ThumbnailGenerator {
 public:
     struct Asked {
         QUrl file;

@@ -12,11 +12,11 @@
 namespace nookle {
 
 /// Makes small pictures of the content of files. Another process decodes the files. Main thread only.
-class Thumbnails {
+class ThumbnailGenerator {
 public:
     using Completion = std::function<void(std::optional<Picture>)>;
 
-    virtual ~Thumbnails() = default;
+    virtual ~ThumbnailGenerator() = default;
 
     /// Requests a picture of `file` that fits into a square of `size` points with `scale` pixels a point. The picture
     /// keeps its aspect ratio and is never enlarged. `completion` is called once, on the main thread and after this

@@ -1,4 +1,4 @@
-#include "LinuxThumbnails.h"
+#include "LinuxThumbnailGenerator.h"
 
 #include "FileUrl.h"
 #include "MainQueue.h"
@@ -23,8 +23,8 @@ inline constexpr double largestSide = 1024;
 
 } // namespace
 
-LinuxThumbnails::LinuxThumbnails(MainQueue& queue, ImageDecoder& decoder, ThumbnailCache cache,
-                                 std::vector<std::unique_ptr<ThumbnailMaker>> makers)
+LinuxThumbnailGenerator::LinuxThumbnailGenerator(MainQueue& queue, ImageDecoder& decoder, ThumbnailCache cache,
+                                                 std::vector<std::unique_ptr<ThumbnailMaker>> makers)
     : m_queue(queue)
     , m_decoder(decoder)
     , m_cache(std::move(cache))
@@ -32,10 +32,10 @@ LinuxThumbnails::LinuxThumbnails(MainQueue& queue, ImageDecoder& decoder, Thumbn
 {
 }
 
-LinuxThumbnails::~LinuxThumbnails() = default;
+LinuxThumbnailGenerator::~LinuxThumbnailGenerator() = default;
 
-std::unique_ptr<Cancellable> LinuxThumbnails::request(const QUrl& file, double size, double scale,
-                                                      Completion completion)
+std::unique_ptr<Cancellable> LinuxThumbnailGenerator::request(const QUrl& file, double size, double scale,
+                                                              Completion completion)
 {
     const Id id = ++m_lastId;
     const ThumbnailJob::Tools tools{ m_decoder, m_cache, m_makers };
@@ -46,14 +46,14 @@ std::unique_ptr<Cancellable> LinuxThumbnails::request(const QUrl& file, double s
     return std::make_unique<Cancellable>(m_lifetime.guarded([this, id] { drop(id); }));
 }
 
-void LinuxThumbnails::schedulePump()
+void LinuxThumbnailGenerator::schedulePump()
 {
     if (std::exchange(m_isPumpScheduled, true))
         return;
     m_queue.post(m_lifetime.guarded([this] { pump(); }));
 }
 
-void LinuxThumbnails::pump()
+void LinuxThumbnailGenerator::pump()
 {
     m_isPumpScheduled = false;
     while (!m_waiting.empty() && m_decoding.size() < mostDecoding)
@@ -62,7 +62,7 @@ void LinuxThumbnails::pump()
         askMakers(*m_waitingForMakers.rbegin());
 }
 
-void LinuxThumbnails::decode(Id id)
+void LinuxThumbnailGenerator::decode(Id id)
 {
     m_waiting.erase(id);
     m_decoding.insert(id);
@@ -77,21 +77,21 @@ void LinuxThumbnails::decode(Id id)
     });
 }
 
-void LinuxThumbnails::askMakers(Id id)
+void LinuxThumbnailGenerator::askMakers(Id id)
 {
     m_waitingForMakers.erase(id);
     m_making.insert(id);
     m_entries.at(id).job->askMakers([this, id](std::optional<Picture> picture) { finish(id, std::move(picture)); });
 }
 
-void LinuxThumbnails::finish(Id id, std::optional<Picture> picture)
+void LinuxThumbnailGenerator::finish(Id id, std::optional<Picture> picture)
 {
     const Completion completion = std::move(m_entries.at(id).completion);
     drop(id);
     completion(std::move(picture));
 }
 
-void LinuxThumbnails::drop(Id id)
+void LinuxThumbnailGenerator::drop(Id id)
 {
     // The job is destroyed at the end of this function, because this may be called from within it.
     const auto entry = m_entries.extract(id);

@@ -1,7 +1,7 @@
-#include "LocalThumbnails.h"
+#include "LocalThumbnailGenerator.h"
 
 #include "FakeMainQueue.h"
-#include "FakeThumbnails.h"
+#include "FakeThumbnailGenerator.h"
 #include "FileUrl.h"
 #include "MountList.h"
 #include "Mounts.h"
@@ -10,7 +10,7 @@
 
 using namespace nookle;
 
-class LocalThumbnailsTest final : public QObject {
+class LocalThumbnailGeneratorTest final : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -32,23 +32,24 @@ private:
 
     std::unique_ptr<TemporaryFolder> m_folder;
     FakeMainQueue m_queue;
-    std::unique_ptr<FakeThumbnails> m_all;
-    std::unique_ptr<LocalThumbnails> m_thumbnails;
+    std::unique_ptr<FakeThumbnailGenerator> m_all;
+    std::unique_ptr<LocalThumbnailGenerator> m_thumbnails;
     int m_refusals = 0;
 };
 
-void LocalThumbnailsTest::init()
+void LocalThumbnailGeneratorTest::init()
 {
     m_folder = std::make_unique<TemporaryFolder>();
     m_folder->makeFolder("server");
     MountList list;
     list.add(m_folder->path("server"), "nfs");
-    m_all = std::make_unique<FakeThumbnails>();
-    m_thumbnails = std::make_unique<LocalThumbnails>(*m_all, std::make_shared<Mounts>("/", list.path()), m_queue);
+    m_all = std::make_unique<FakeThumbnailGenerator>();
+    m_thumbnails =
+        std::make_unique<LocalThumbnailGenerator>(*m_all, std::make_shared<Mounts>("/", list.path()), m_queue);
     m_refusals = 0;
 }
 
-void LocalThumbnailsTest::whatAnswersIsAskedFor()
+void LocalThumbnailGeneratorTest::whatAnswersIsAskedFor()
 {
     const auto before = m_all->requestCount();
     const auto request = ask("file");
@@ -58,7 +59,7 @@ void LocalThumbnailsTest::whatAnswersIsAskedFor()
     QCOMPARE(m_refusals, 0);
 }
 
-void LocalThumbnailsTest::whatMayNotAnswerHasNoThumbnail()
+void LocalThumbnailGeneratorTest::whatMayNotAnswerHasNoThumbnail()
 {
     const auto before = m_all->requestCount();
     const auto request = ask("server/file");
@@ -68,7 +69,7 @@ void LocalThumbnailsTest::whatMayNotAnswerHasNoThumbnail()
     QCOMPARE(m_all->requestCount(), before);
 }
 
-void LocalThumbnailsTest::aLinkToWhatMayNotAnswerHasNoThumbnail()
+void LocalThumbnailGeneratorTest::aLinkToWhatMayNotAnswerHasNoThumbnail()
 {
     makeLink("server/file", m_folder->path("link"));
     const auto before = m_all->requestCount();
@@ -78,7 +79,7 @@ void LocalThumbnailsTest::aLinkToWhatMayNotAnswerHasNoThumbnail()
     QCOMPARE(m_all->requestCount(), before);
 }
 
-void LocalThumbnailsTest::aRefusalThatIsNotWantedAnyMoreIsNotTold()
+void LocalThumbnailGeneratorTest::aRefusalThatIsNotWantedAnyMoreIsNotTold()
 {
     auto request = ask("server/file");
     request.reset();
@@ -86,5 +87,5 @@ void LocalThumbnailsTest::aRefusalThatIsNotWantedAnyMoreIsNotTold()
     QCOMPARE(m_refusals, 0);
 }
 
-QTEST_GUILESS_MAIN(LocalThumbnailsTest)
-#include "LocalThumbnailsTest.moc"
+QTEST_GUILESS_MAIN(LocalThumbnailGeneratorTest)
+#include "LocalThumbnailGeneratorTest.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Thumbnails.h"
+#include "ThumbnailGenerator.h"
 
 #include <memory>
 
@@ -11,15 +11,15 @@ class Mounts;
 
 /// Requests thumbnails only for files on file systems that always answer. Other files get none: opening, reading and
 /// even closing them may block forever. Main thread only.
-class LocalThumbnails final : public Thumbnails {
+class LocalThumbnailGenerator final : public ThumbnailGenerator {
 public:
     /// `thumbnails` makes the thumbnails. It and `queue` must outlive this object.
-    LocalThumbnails(Thumbnails& thumbnails, std::shared_ptr<Mounts> mounts, MainQueue& queue);
+    LocalThumbnailGenerator(ThumbnailGenerator& thumbnails, std::shared_ptr<Mounts> mounts, MainQueue& queue);
 
     std::unique_ptr<Cancellable> request(const QUrl& file, double size, double scale, Completion completion) override;
 
 private:
-    Thumbnails& m_thumbnails;
+    ThumbnailGenerator& m_thumbnails;
     std::shared_ptr<Mounts> m_mounts;
     MainQueue& m_queue;
 };

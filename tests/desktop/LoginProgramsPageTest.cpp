@@ -1,4 +1,4 @@
-#include "StartupSettings.h"
+#include "LoginProgramsPage.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -8,7 +8,7 @@
 
 using namespace nookle;
 
-class StartupSettingsTest : public QObject {
+class LoginProgramsPageTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -25,49 +25,49 @@ private:
     std::unique_ptr<QTemporaryDir> m_programs;
 };
 
-void StartupSettingsTest::init()
+void LoginProgramsPageTest::init()
 {
     m_programs = std::make_unique<QTemporaryDir>();
     qputenv("PATH", QFile::encodeName(m_programs->path()));
 }
 
-void StartupSettingsTest::install(const QString& program)
+void LoginProgramsPageTest::install(const QString& program)
 {
     QFile file(m_programs->filePath(program));
     QVERIFY(file.open(QIODevice::WriteOnly));
     QVERIFY(file.setPermissions(QFile::ReadOwner | QFile::ExeOwner));
 }
 
-void StartupSettingsTest::withoutAnySuchProgramThereIsNoPage()
+void LoginProgramsPageTest::withoutAnySuchProgramThereIsNoPage()
 {
-    QVERIFY(!StartupSettings::command({ QStringLiteral("XFCE") }));
+    QVERIFY(!LoginProgramsPage::command({ QStringLiteral("XFCE") }));
 }
 
-void StartupSettingsTest::thePageOfTheRunningDesktopComesFirst()
+void LoginProgramsPageTest::thePageOfTheRunningDesktopComesFirst()
 {
     for (const char* program :
          { "gnome-tweaks", "systemsettings", "xfce4-session-settings", "mate-session-properties" })
         install(QLatin1String(program));
-    QCOMPARE(StartupSettings::command({ QStringLiteral("XFCE") }),
+    QCOMPARE(LoginProgramsPage::command({ QStringLiteral("XFCE") }),
              QStringList{ QStringLiteral("xfce4-session-settings") });
     const QStringList plasma{ QStringLiteral("systemsettings"), QStringLiteral("kcm_autostart") };
-    QCOMPARE(StartupSettings::command({ QStringLiteral("KDE") }), plasma);
-    QCOMPARE(StartupSettings::command({ QStringLiteral("ubuntu"), QStringLiteral("GNOME") }),
+    QCOMPARE(LoginProgramsPage::command({ QStringLiteral("KDE") }), plasma);
+    QCOMPARE(LoginProgramsPage::command({ QStringLiteral("ubuntu"), QStringLiteral("GNOME") }),
              QStringList{ QStringLiteral("gnome-tweaks") });
 }
 
-void StartupSettingsTest::anotherDesktopsPageIsBetterThanNone()
+void LoginProgramsPageTest::anotherDesktopsPageIsBetterThanNone()
 {
     install(QStringLiteral("mate-session-properties"));
-    QCOMPARE(StartupSettings::command({}), QStringList{ QStringLiteral("mate-session-properties") });
+    QCOMPARE(LoginProgramsPage::command({}), QStringList{ QStringLiteral("mate-session-properties") });
 }
 
-void StartupSettingsTest::theNextProgramOfTheSameDesktopStandsIn()
+void LoginProgramsPageTest::theNextProgramOfTheSameDesktopStandsIn()
 {
     install(QStringLiteral("gnome-session-properties"));
-    QCOMPARE(StartupSettings::command({ QStringLiteral("GNOME") }),
+    QCOMPARE(LoginProgramsPage::command({ QStringLiteral("GNOME") }),
              QStringList{ QStringLiteral("gnome-session-properties") });
 }
 
-QTEST_GUILESS_MAIN(StartupSettingsTest)
-#include "StartupSettingsTest.moc"
+QTEST_GUILESS_MAIN(LoginProgramsPageTest)
+#include "LoginProgramsPageTest.moc"

@@ -1,4 +1,4 @@
-#include "LocalThumbnails.h"
+#include "LocalThumbnailGenerator.h"
 
 #include "FilePlaces.h"
 #include "FileUrl.h"
@@ -9,15 +9,16 @@
 
 namespace nookle {
 
-LocalThumbnails::LocalThumbnails(Thumbnails& thumbnails, std::shared_ptr<Mounts> mounts, MainQueue& queue)
+LocalThumbnailGenerator::LocalThumbnailGenerator(ThumbnailGenerator& thumbnails, std::shared_ptr<Mounts> mounts,
+                                                 MainQueue& queue)
     : m_thumbnails(thumbnails)
     , m_mounts(std::move(mounts))
     , m_queue(queue)
 {
 }
 
-std::unique_ptr<Cancellable> LocalThumbnails::request(const QUrl& file, double size, double scale,
-                                                      Completion completion)
+std::unique_ptr<Cancellable> LocalThumbnailGenerator::request(const QUrl& file, double size, double scale,
+                                                              Completion completion)
 {
     const QByteArray path = standardizedPath(file);
     const bool mayLook = path.isEmpty() || FilePlaces(m_mounts->table()).mayLookAt(path, FilePlaces::Links::follow);

@@ -1,4 +1,4 @@
-#include "StartupSettings.h"
+#include "LoginProgramsPage.h"
 
 #include <QDesktopServices>
 #include <QProcess>
@@ -42,7 +42,7 @@ struct Page {
 
 } // namespace
 
-std::optional<QStringList> StartupSettings::command(const QStringList& desktops)
+std::optional<QStringList> LoginProgramsPage::command(const QStringList& desktops)
 {
     std::vector<Page> installed;
     std::copy_if(pages().begin(), pages().end(), std::back_inserter(installed), isInstalled);
@@ -53,7 +53,7 @@ std::optional<QStringList> StartupSettings::command(const QStringList& desktops)
     return installed.empty() ? std::nullopt : std::optional(installed.front().command);
 }
 
-void StartupSettings::open(const QString& folder) const
+void LoginProgramsPage::open(const QString& folder) const
 {
     const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(QLatin1Char(':'));
     const auto page = command(desktops);

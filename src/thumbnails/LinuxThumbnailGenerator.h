@@ -4,7 +4,7 @@
 #include "ThumbnailCache.h"
 #include "ThumbnailJob.h"
 #include "ThumbnailMaker.h"
-#include "Thumbnails.h"
+#include "ThumbnailGenerator.h"
 
 #include <cstdint>
 #include <map>
@@ -20,7 +20,7 @@ class MainQueue;
 /// Uses the thumbnails that all programs of the desktop share. A file without one is decoded. A file that cannot be
 /// decoded is given to the thumbnail makers. The latest request is served first, because that file has just been
 /// scrolled into view; older ones may be out of view already.
-class LinuxThumbnails final : public Thumbnails {
+class LinuxThumbnailGenerator final : public ThumbnailGenerator {
 public:
     /// The maximum number of files that are decoded at a time, and that the makers work on at a time. Makers take
     /// longer.
@@ -28,11 +28,11 @@ public:
     inline static constexpr std::size_t mostMaking = 2;
 
     /// `makers` are tried in their order. `queue` and `decoder` must outlive this object.
-    LinuxThumbnails(MainQueue& queue, ImageDecoder& decoder, ThumbnailCache cache,
-                    std::vector<std::unique_ptr<ThumbnailMaker>> makers);
-    ~LinuxThumbnails() override;
-    LinuxThumbnails(const LinuxThumbnails&) = delete;
-    LinuxThumbnails& operator=(const LinuxThumbnails&) = delete;
+    LinuxThumbnailGenerator(MainQueue& queue, ImageDecoder& decoder, ThumbnailCache cache,
+                            std::vector<std::unique_ptr<ThumbnailMaker>> makers);
+    ~LinuxThumbnailGenerator() override;
+    LinuxThumbnailGenerator(const LinuxThumbnailGenerator&) = delete;
+    LinuxThumbnailGenerator& operator=(const LinuxThumbnailGenerator&) = delete;
 
     std::unique_ptr<Cancellable> request(const QUrl& file, double size, double scale, Completion completion) override;
 

@@ -1,4 +1,4 @@
-#include "LinuxThumbnails.h"
+#include "LinuxThumbnailGenerator.h"
 
 #include "OpenDescriptors.h"
 #include "ThumbnailsFixture.h"
@@ -11,7 +11,7 @@
 
 using namespace nookle;
 
-class LinuxThumbnailsTest : public QObject {
+class LinuxThumbnailGeneratorTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -35,7 +35,7 @@ private Q_SLOTS:
     void thumbnailsMayEndWithRequestsUnderWay();
 };
 
-void LinuxThumbnailsTest::thumbnailFitsIntoThePixelsOfItsSquare_data()
+void LinuxThumbnailGeneratorTest::thumbnailFitsIntoThePixelsOfItsSquare_data()
 {
     QTest::addColumn<QSize>("image");
     QTest::addColumn<double>("size");
@@ -53,7 +53,7 @@ void LinuxThumbnailsTest::thumbnailFitsIntoThePixelsOfItsSquare_data()
     QTest::newRow("largest size") << QSize(2000, 100) << 1e9 << 1.0 << QSize(1024, 51);
 }
 
-void LinuxThumbnailsTest::thumbnailFitsIntoThePixelsOfItsSquare()
+void LinuxThumbnailGeneratorTest::thumbnailFitsIntoThePixelsOfItsSquare()
 {
     QFETCH(const QSize, image);
     QFETCH(const double, size);
@@ -71,7 +71,7 @@ void LinuxThumbnailsTest::thumbnailFitsIntoThePixelsOfItsSquare()
     }
 }
 
-void LinuxThumbnailsTest::fileNameMayHoldAnyBytes_data()
+void LinuxThumbnailGeneratorTest::fileNameMayHoldAnyBytes_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::newRow("not UTF-8") << QByteArray("caf\xe9\xff.png");
@@ -81,7 +81,7 @@ void LinuxThumbnailsTest::fileNameMayHoldAnyBytes_data()
     QTest::newRow("semicolon") << QByteArray("a;b[c]\\d.png");
 }
 
-void LinuxThumbnailsTest::fileNameMayHoldAnyBytes()
+void LinuxThumbnailGeneratorTest::fileNameMayHoldAnyBytes()
 {
     QFETCH(const QByteArray, name);
     ThumbnailsFixture fixture;
@@ -91,7 +91,7 @@ void LinuxThumbnailsTest::fileNameMayHoldAnyBytes()
     QCOMPARE(colourOf(fixture.thumbnail(name)), QColor(Qt::blue));
 }
 
-void LinuxThumbnailsTest::contentDecidesWhatIsAnImage_data()
+void LinuxThumbnailGeneratorTest::contentDecidesWhatIsAnImage_data()
 {
     QTest::addColumn<QByteArray>("name");
     QTest::addColumn<QByteArray>("content");
@@ -110,7 +110,7 @@ void LinuxThumbnailsTest::contentDecidesWhatIsAnImage_data()
                              << true;
 }
 
-void LinuxThumbnailsTest::contentDecidesWhatIsAnImage()
+void LinuxThumbnailGeneratorTest::contentDecidesWhatIsAnImage()
 {
     QFETCH(const QByteArray, name);
     QFETCH(const QByteArray, content);
@@ -120,7 +120,7 @@ void LinuxThumbnailsTest::contentDecidesWhatIsAnImage()
     QCOMPARE(colourOf(fixture.thumbnail(name)), isImage ? QColor(Qt::red) : QColor());
 }
 
-void LinuxThumbnailsTest::brokenImageHasNoThumbnail_data()
+void LinuxThumbnailGeneratorTest::brokenImageHasNoThumbnail_data()
 {
     QTest::addColumn<QByteArray>("content");
     const QByteArray png = encoded(plainImage(100, 100), "png");
@@ -131,7 +131,7 @@ void LinuxThumbnailsTest::brokenImageHasNoThumbnail_data()
     QTest::newRow("huge PNG") << blackPng(30'000);
 }
 
-void LinuxThumbnailsTest::brokenImageHasNoThumbnail()
+void LinuxThumbnailGeneratorTest::brokenImageHasNoThumbnail()
 {
     QFETCH(const QByteArray, content);
     ThumbnailsFixture fixture;
@@ -141,7 +141,7 @@ void LinuxThumbnailsTest::brokenImageHasNoThumbnail()
     QVERIFY(fixture.thumbnail("good"));
 }
 
-void LinuxThumbnailsTest::truncatedPhotographShowsWhatThereIs()
+void LinuxThumbnailGeneratorTest::truncatedPhotographShowsWhatThereIs()
 {
     ThumbnailsFixture fixture;
     const QByteArray jpeg = encoded(plainImage(1000, 1000), "jpeg");
@@ -151,7 +151,7 @@ void LinuxThumbnailsTest::truncatedPhotographShowsWhatThereIs()
     QVERIFY(colourOf(thumbnail).red() > 250 && colourOf(thumbnail).green() < 5);
 }
 
-void LinuxThumbnailsTest::whatIsNoFileHasNoThumbnail()
+void LinuxThumbnailGeneratorTest::whatIsNoFileHasNoThumbnail()
 {
     ThumbnailsFixture fixture;
     fixture.files.makeFolder("folder.png");
@@ -168,7 +168,7 @@ void LinuxThumbnailsTest::whatIsNoFileHasNoThumbnail()
     QVERIFY(fixture.maker->asked.isEmpty());
 }
 
-void LinuxThumbnailsTest::unreadableFileHasNoThumbnail()
+void LinuxThumbnailGeneratorTest::unreadableFileHasNoThumbnail()
 {
     ThumbnailsFixture fixture;
     fixture.maker->canMake = true;
@@ -184,7 +184,7 @@ void LinuxThumbnailsTest::unreadableFileHasNoThumbnail()
     QVERIFY(fixture.maker->asked.isEmpty());
 }
 
-void LinuxThumbnailsTest::fileThatIsDeletedBeforeItsTurnHasNoThumbnail()
+void LinuxThumbnailGeneratorTest::fileThatIsDeletedBeforeItsTurnHasNoThumbnail()
 {
     ThumbnailsFixture fixture;
     for (const char* name : { "a", "b", "c" })
@@ -199,14 +199,14 @@ void LinuxThumbnailsTest::fileThatIsDeletedBeforeItsTurnHasNoThumbnail()
     QVERIFY(fixture.pictures["c"]);
 }
 
-void LinuxThumbnailsTest::linkShowsWhatItLeadsTo()
+void LinuxThumbnailGeneratorTest::linkShowsWhatItLeadsTo()
 {
     ThumbnailsFixture fixture;
     makeLink(fixture.files.makeFile("a.png", encoded(plainImage(5, 5), "png")), fixture.files.path("link.png"));
     QCOMPARE(colourOf(fixture.thumbnail("link.png")), QColor(Qt::red));
 }
 
-void LinuxThumbnailsTest::lastAskedComesFirst()
+void LinuxThumbnailGeneratorTest::lastAskedComesFirst()
 {
     ThumbnailsFixture fixture;
     for (const char* name : { "1", "2", "3", "4", "5" }) {
@@ -217,7 +217,7 @@ void LinuxThumbnailsTest::lastAskedComesFirst()
     QCOMPARE(fixture.order, (QList<QByteArray>{ "5", "4", "3", "2", "1" }));
 }
 
-void LinuxThumbnailsTest::completionIsNotCalledFromWithinTheRequest()
+void LinuxThumbnailGeneratorTest::completionIsNotCalledFromWithinTheRequest()
 {
     ThumbnailsFixture fixture;
     fixture.ask("missing");
@@ -225,7 +225,7 @@ void LinuxThumbnailsTest::completionIsNotCalledFromWithinTheRequest()
     QTRY_VERIFY(fixture.isAnswered("missing"));
 }
 
-void LinuxThumbnailsTest::droppedRequestLeavesTheQueue()
+void LinuxThumbnailGeneratorTest::droppedRequestLeavesTheQueue()
 {
     ThumbnailsFixture fixture;
     for (const char* name : { "1", "2", "3", "4" }) {
@@ -240,7 +240,7 @@ void LinuxThumbnailsTest::droppedRequestLeavesTheQueue()
     QCOMPARE(fixture.order, (QList<QByteArray>{ "3", "1" }));
 }
 
-void LinuxThumbnailsTest::requestMayBeDroppedByItsCompletion()
+void LinuxThumbnailGeneratorTest::requestMayBeDroppedByItsCompletion()
 {
     ThumbnailsFixture fixture;
     const QUrl file = fileUrl(fixture.files.makeFile("a", encoded(plainImage(5, 5), "png")));
@@ -254,7 +254,7 @@ void LinuxThumbnailsTest::requestMayBeDroppedByItsCompletion()
     QTRY_VERIFY((fixture.queue.runPosted(), isDone));
 }
 
-void LinuxThumbnailsTest::thumbnailsMayEndWithRequestsUnderWay()
+void LinuxThumbnailGeneratorTest::thumbnailsMayEndWithRequestsUnderWay()
 {
     ThumbnailsFixture fixture;
     fixture.files.makeFile("a", encoded(plainImage(5, 5), "png"));
@@ -266,5 +266,5 @@ void LinuxThumbnailsTest::thumbnailsMayEndWithRequestsUnderWay()
     QVERIFY(fixture.pictures.empty());
 }
 
-QTEST_GUILESS_MAIN(LinuxThumbnailsTest)
-#include "LinuxThumbnailsTest.moc"
+QTEST_GUILESS_MAIN(LinuxThumbnailGeneratorTest)
+#include "LinuxThumbnailGeneratorTest.moc"

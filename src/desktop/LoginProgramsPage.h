@@ -8,7 +8,7 @@
 namespace nookle {
 
 /// The page of the desktop's settings that lists the programs that start at login. Main thread only.
-class StartupSettings {
+class LoginProgramsPage {
 public:
     /// Opens the page of the running desktop, or of any desktop that is installed. If there is none, opens `folder` in
     /// the file manager.
