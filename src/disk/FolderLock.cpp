@@ -12,7 +12,9 @@ namespace nookle {
 
 namespace {
 
-[[nodiscard]] bool isSameFolder(int first, int second)
+inline constexpr const char* fileName = ".lock";
+
+[[nodiscard]] bool isSameFile(int first, int second)
 {
     struct stat one {};
     struct stat other {};
@@ -34,18 +36,24 @@ FolderLock::FolderLock(QByteArray path)
 
 FolderLock::State FolderLock::take()
 {
-    FileDescriptor folder(::open(m_path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(::open(m_path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!folder.isOpen()) {
         m_error = lastError();
         return errno == ENOENT ? State::noFolder : State::impossible;
     }
-    if (m_folder.isOpen() && isSameFolder(m_folder.get(), folder.get()))
+    FileDescriptor file(
+        ::openat(folder.get(), fileName, O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, S_IRUSR | S_IWUSR));
+    if (!file.isOpen()) {
+        m_error = lastError();
+        return State::impossible;
+    }
+    if (m_file.isOpen() && isSameFile(m_file.get(), file.get()))
         return State::held;
-    if (::flock(folder.get(), LOCK_EX | LOCK_NB) != 0) {
+    if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
         m_error = lastError();
         return errno == EWOULDBLOCK ? State::heldByOther : State::impossible;
     }
-    m_folder = std::move(folder);
+    m_file = std::move(file);
     return State::held;
 }
 

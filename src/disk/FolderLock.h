@@ -7,8 +7,9 @@
 
 namespace nookle {
 
-/// An advisory lock on a folder, which keeps out other programs that take the same lock. The lock is on the folder
-/// itself and creates no file. It ends with this object, or with the program, even after a crash. Main thread only.
+/// An advisory lock on a folder, which keeps out other programs that take the same lock. The lock is on a file in the
+/// folder, which it creates for the user alone: whoever can open a folder can lock it. It ends with this object, or
+/// with the program, even after a crash. The file stays. Main thread only.
 class FolderLock {
 public:
     enum class State {
@@ -31,7 +32,7 @@ public:
 
 private:
     QByteArray m_path;
-    FileDescriptor m_folder;
+    FileDescriptor m_file;
     QString m_error;
 };
 

@@ -80,10 +80,12 @@ DropHandler::~DropHandler() = default;
 bool DropHandler::handleDrop(DropItems items)
 {
     m_queue.post(m_lifetime.guarded([this, shared = std::make_shared<DropItems>(std::move(items))] {
-        Drop drop(m_store);
-        for (const auto& item : *shared)
-            drop.take(item);
-        drop.addFiles();
+        m_store.changeTogether([&] {
+            Drop drop(m_store);
+            for (const auto& item : *shared)
+                drop.take(item);
+            drop.addFiles();
+        });
     }));
     return true;
 }

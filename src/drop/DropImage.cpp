@@ -47,7 +47,7 @@ namespace {
 [[nodiscard]] QString suggestedName(const DropPayload& payload, const QString& format)
 {
     if (const QByteArray name = payload.suggestedName(); !name.isEmpty())
-        return decodeText(name, QStringLiteral("text/plain"));
+        return decodeName(name);
     const QString promise = QStringLiteral("application/x-moz-file-promise-dest-filename");
     if (payload.formats().contains(promise))
         return decodeText(payload.data(promise), QStringLiteral("text/unicode"));

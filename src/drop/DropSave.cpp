@@ -25,8 +25,7 @@ inline constexpr qsizetype longestName = 200;
 
 [[nodiscard]] QString fileName(const DropPayload& payload)
 {
-    const QByteArray suggested = payload.suggestedName().split('\0').constFirst();
-    const QString text = withoutControls(decodeText(suggested, QStringLiteral("text/plain")));
+    const QString text = withoutControls(decodeName(payload.suggestedName()));
     QString name = text.section(QLatin1Char('/'), -1).trimmed();
     while (name.toUtf8().size() > longestName)
         name.chop(name.back().isLowSurrogate() ? 2 : 1);

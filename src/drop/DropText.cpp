@@ -122,4 +122,10 @@ std::optional<QString> loadDropText(const DropPayload& payload)
     return std::nullopt;
 }
 
+QString decodeName(const QByteArray& bytes)
+{
+    const QByteArray name = bytes.split('\0').constFirst();
+    return QUtf8StringView(name).isValidUtf8() ? QString::fromUtf8(name) : QString::fromLatin1(name);
+}
+
 } // namespace nookle

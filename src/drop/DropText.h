@@ -20,4 +20,7 @@ class DropPayload;
 /// of UTF-8, UTF-16 and Latin-1 that fits the bytes. NULs at the end are removed.
 [[nodiscard]] QString decodeText(const QByteArray& bytes, const QString& format);
 
+/// Decodes a file name, which ends at the first NUL: as UTF-8, or as Latin-1 if it is not UTF-8.
+[[nodiscard]] QString decodeName(const QByteArray& bytes);
+
 } // namespace nookle

@@ -47,6 +47,34 @@ ShelfStore::ShelfStore(const QUrl& directory, Environment environment, FileRefer
 
 ShelfStore::~ShelfStore() = default;
 
+void ShelfStore::changeTogether(const std::function<void()>& changes)
+{
+    ++m_changesTogether;
+    changes();
+    if (--m_changesTogether > 0)
+        return;
+    if (std::exchange(m_hasChangedURLs, false))
+        Q_EMIT fileURLsChanged();
+    if (std::exchange(m_hasChangedItems, false))
+        Q_EMIT itemsChanged();
+}
+
+void ShelfStore::tellItemsChanged()
+{
+    if (m_changesTogether > 0)
+        m_hasChangedItems = true;
+    else
+        Q_EMIT itemsChanged();
+}
+
+void ShelfStore::tellFileURLsChanged()
+{
+    if (m_changesTogether > 0)
+        m_hasChangedURLs = true;
+    else
+        Q_EMIT fileURLsChanged();
+}
+
 void ShelfStore::addFiles(const QList<QUrl>& urls)
 {
     auto itemsByPath = m_files.itemsByPath(m_items);
@@ -92,8 +120,8 @@ void ShelfStore::addFiles(const QList<QUrl>& urls)
     m_items = top + m_items;
     m_index.schedule();
     if (!newItems.isEmpty())
-        Q_EMIT fileURLsChanged();
-    Q_EMIT itemsChanged();
+        tellFileURLsChanged();
+    tellItemsChanged();
 }
 
 void ShelfStore::addText(const QString& text)
@@ -116,7 +144,7 @@ void ShelfStore::addText(const QString& text)
         m_items.prepend(item);
     }
     m_index.schedule();
-    Q_EMIT itemsChanged();
+    tellItemsChanged();
 }
 
 void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title)
@@ -136,7 +164,7 @@ void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title
             m_lookups.fetchLinkMetadata(m_items.constFirst().id, url.url());
     }
     m_index.schedule();
-    Q_EMIT itemsChanged();
+    tellItemsChanged();
 }
 
 void ShelfStore::addImage(const QUrl& movingFrom)
@@ -155,7 +183,7 @@ void ShelfStore::addImage(const QUrl& movingFrom)
     }
     m_items.prepend(item);
     m_index.schedule();
-    Q_EMIT itemsChanged();
+    tellItemsChanged();
 }
 
 void ShelfStore::imageNotAdded(const QString& reason)
@@ -171,7 +199,7 @@ std::optional<Failure> ShelfStore::restoreImage(QUuid id, const QByteArray& byte
         return {};
     std::optional<Failure> failure = m_itemFiles.write(bytes, id, image->fileName);
     if (!failure)
-        Q_EMIT itemsChanged();
+        tellItemsChanged();
     return failure;
 }
 
@@ -190,7 +218,7 @@ void ShelfStore::togglePinned(QUuid id)
         return;
     m_items[index].pinned = !m_items.at(index).pinned;
     m_index.schedule();
-    Q_EMIT itemsChanged();
+    tellItemsChanged();
 }
 
 void ShelfStore::remove(QUuid id)
@@ -204,11 +232,17 @@ void ShelfStore::removeExpired(double maxAge)
     QSet<QUuid> expired;
     for (const ShelfItem& item : std::as_const(m_items)) {
         const auto age = static_cast<double>(item.createdAt.msecsTo(present)) / 1000;
-        if (!item.pinned && age > maxAge)
+        if (!item.pinned && age > maxAge && !m_inUse.contains(item.id))
             expired.insert(item.id);
     }
     if (!expired.isEmpty())
         removeAll(expired);
+}
+
+std::unique_ptr<Cancellable> ShelfStore::keepFromExpiring(QUuid id)
+{
+    m_inUse.append(id);
+    return std::make_unique<Cancellable>(m_lifetime.guarded([this, id] { m_inUse.removeOne(id); }));
 }
 
 void ShelfStore::removeAll(const QSet<QUuid>& ids)
@@ -232,9 +266,9 @@ void ShelfStore::removeAll(const QSet<QUuid>& ids)
     }
     m_index.schedule();
     if (changedUrls)
-        Q_EMIT fileURLsChanged();
+        tellFileURLsChanged();
     if (!gone.isEmpty())
-        Q_EMIT itemsChanged();
+        tellItemsChanged();
 }
 
 void ShelfStore::moveImageToTrash(const ShelfItem& item) const
@@ -257,7 +291,7 @@ void ShelfStore::updateLink(QUuid id, const std::optional<QString>& title, std::
     if (hasIcon)
         link.hasIcon = *hasIcon;
     m_index.schedule();
-    Q_EMIT itemsChanged();
+    tellItemsChanged();
 }
 
 void ShelfStore::saveIcon(const QByteArray& png, QUuid id)
@@ -303,9 +337,9 @@ void ShelfStore::refreshFiles()
     if (changes.ofItems)
         m_index.schedule();
     if (changes.ofUrls)
-        Q_EMIT fileURLsChanged();
+        tellFileURLsChanged();
     if (changes.ofItems)
-        Q_EMIT itemsChanged();
+        tellItemsChanged();
 }
 
 void ShelfStore::removeOrphans()

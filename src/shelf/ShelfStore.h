@@ -1,7 +1,9 @@
 #pragma once
 
+#include "Cancellable.h"
 #include "Failure.h"
 #include "ItemFiles.h"
+#include "Lifetime.h"
 #include "LinkLookups.h"
 #include "ReferencedFiles.h"
 #include "SavedIndex.h"
@@ -16,6 +18,7 @@
 #include <QUuid>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace nookle {
@@ -79,6 +82,12 @@ public:
     /// is not an image's.
     [[nodiscard]] std::optional<Failure> restoreImage(QUuid id, const QByteArray& bytes);
 
+    /// Makes several changes and emits `fileURLsChanged` and `itemsChanged` once, after all of them.
+    void changeTogether(const std::function<void()>& changes);
+
+    /// The item does not expire while the result exists: another program may be reading its file.
+    [[nodiscard]] std::unique_ptr<Cancellable> keepFromExpiring(QUuid id);
+
     void togglePinned(QUuid id);
 
     /// Removes an item from the shelf. An image goes to the Trash; a referenced file is not touched.
@@ -126,6 +135,9 @@ private:
     /// Whether the index has room for `additions`. If not, emits `additionFailed`.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
 
+    void tellItemsChanged();
+    void tellFileURLsChanged();
+
     [[nodiscard]] QDateTime now() const;
     [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
     [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
@@ -141,6 +153,11 @@ private:
     ReferencedFiles m_files;
     SavedIndex m_index;
     LinkLookups m_lookups;
+    int m_changesTogether = 0;
+    bool m_hasChangedItems = false;
+    bool m_hasChangedURLs = false;
+    QList<QUuid> m_inUse;
+    Lifetime m_lifetime;
 };
 
 } // namespace nookle

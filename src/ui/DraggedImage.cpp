@@ -47,8 +47,10 @@ void DraggedImage::hold()
     if (!isImage || !url || typeOf(*url) != std::filesystem::file_type::regular)
         return;
     m_file.setFileName(QFile::decodeName(filePath(*url)));
-    if (m_file.open(QIODevice::ReadOnly))
-        m_reference = m_services.references.make(*url).value_or(QByteArray());
+    if (!m_file.open(QIODevice::ReadOnly))
+        return;
+    m_use = m_services.store.keepFromExpiring(m_item.id);
+    m_reference = m_services.references.make(*url).value_or(QByteArray());
 }
 
 void DraggedImage::keepLooking(std::function<void()> onTrashed)
@@ -73,6 +75,7 @@ void DraggedImage::end()
     m_nextLook.reset();
     m_onTrashed = nullptr;
     m_file.close();
+    m_use.reset();
     if (const QByteArray reference = std::exchange(m_reference, {}); !reference.isEmpty())
         m_services.references.release(reference);
 }

@@ -69,6 +69,8 @@ private:
     ShelfItem m_item;
     QFile m_file;
     QByteArray m_reference;
+    /// Keeps the item while its receiver may still read the file.
+    std::unique_ptr<Cancellable> m_use;
     std::function<void()> m_onTrashed;
     bool m_hasToldFailure = false;
     std::unique_ptr<Cancellable> m_nextLook;

@@ -1,10 +1,14 @@
 #include "FolderLock.h"
 
+#include "FileDescriptor.h"
 #include "TemporaryFolder.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTest>
+
+#include <fcntl.h>
+#include <sys/file.h>
 
 #include <memory>
 
@@ -19,6 +23,8 @@ private Q_SLOTS:
     void aFolderThatDoesNotExistIsNotMade();
     void whatIsNoFolderCannotBeLocked();
     void aLinkToAFolderIsTheFolder();
+    void aNeighbourWhoHasTheFolderOpenCannotLockIt();
+    void anotherFileInThePlaceOfTheLockIsLockedToo();
 
 private:
     std::unique_ptr<TemporaryFolder> m_folder;
@@ -35,7 +41,6 @@ void FolderLockTest::aFolderIsHeldByOneAtATime()
     QCOMPARE(second.take(), FolderLock::State::heldByOther);
     first.reset();
     QCOMPARE(second.take(), FolderLock::State::held);
-    QVERIFY(QDir(QFile::decodeName(path)).isEmpty());
 }
 
 void FolderLockTest::aFolderThatDoesNotExistIsNotMade()
@@ -60,6 +65,31 @@ void FolderLockTest::aLinkToAFolderIsTheFolder()
     QVERIFY(QFile::link(QFile::decodeName(m_folder->path("data")), QFile::decodeName(m_folder->path("link"))));
     FolderLock first(m_folder->path("data"));
     FolderLock second(m_folder->path("link"));
+    QCOMPARE(first.take(), FolderLock::State::held);
+    QCOMPARE(second.take(), FolderLock::State::heldByOther);
+}
+
+void FolderLockTest::aNeighbourWhoHasTheFolderOpenCannotLockIt()
+{
+    const QByteArray path = m_folder->path("data");
+    m_folder->makeFolder("data");
+    const FileDescriptor neighbour(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    QCOMPARE(::flock(neighbour.get(), LOCK_EX | LOCK_NB), 0);
+    FolderLock lock(path);
+    QCOMPARE(lock.take(), FolderLock::State::held);
+    const QFile file(QFile::decodeName(path + "/.lock"));
+    QCOMPARE(file.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+             QFile::Permissions());
+}
+
+void FolderLockTest::anotherFileInThePlaceOfTheLockIsLockedToo()
+{
+    const QByteArray path = m_folder->path("data");
+    m_folder->makeFolder("data");
+    FolderLock first(path);
+    FolderLock second(path);
+    QCOMPARE(first.take(), FolderLock::State::held);
+    QVERIFY(QFile::remove(QFile::decodeName(path + "/.lock")));
     QCOMPARE(first.take(), FolderLock::State::held);
     QCOMPARE(second.take(), FolderLock::State::heldByOther);
 }

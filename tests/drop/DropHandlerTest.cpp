@@ -36,6 +36,7 @@ private Q_SLOTS:
     void anImageComesBeforeItsAddress();
     void aFileComesBeforeItsImage();
     void aLinkKeepsItsTitle();
+    void manyElementsAreToldAsOneChange();
     void anAddressThatIsNoUrlIsLeftOut();
     void textIsHandedOverUnchanged();
     void aDropWhoseHandlerIsGoneTouchesNothing();
@@ -186,6 +187,18 @@ void DropHandlerTest::aLinkKeepsItsTitle()
     QCOMPARE(content.url.absoluteString(), QStringLiteral("https://Example.com/"));
     QCOMPARE(content.title, QStringLiteral("An example"));
     QVERIFY(!std::get<LinkContent>(shelf->store.items().first().content).title);
+}
+
+void DropHandlerTest::manyElementsAreToldAsOneChange()
+{
+    DropItems items;
+    for (int index = 0; index < 100; ++index)
+        items.push_back(link(QStringLiteral("https://example.com/%1").arg(index)));
+    items.push_back(text(QStringLiteral("milk")));
+    const QSignalSpy changes(&shelf->store, &ShelfStore::itemsChanged);
+    handle(std::move(items));
+    QCOMPARE(shelf->store.items().size(), 101);
+    QCOMPARE(changes.count(), 1);
 }
 
 void DropHandlerTest::anAddressThatIsNoUrlIsLeftOut()

@@ -181,6 +181,11 @@ void DropImageTest::theNameIsTheSources()
     QCOMPARE(loadDropImage(payload)->suggestedName, QStringLiteral("ü.png"));
     payload.name = "\xfc.png";
     QCOMPARE(loadDropImage(payload)->suggestedName, QStringLiteral("ü.png"));
+    // No byte-order mark: names are bytes.
+    payload.name = "\xff\xfe.png";
+    QCOMPARE(loadDropImage(payload)->suggestedName, QStringLiteral("ÿþ.png"));
+    payload.name = QByteArray("holiday.desktop\0.png", 20);
+    QCOMPARE(loadDropImage(payload)->suggestedName, QStringLiteral("holiday.desktop"));
 }
 
 void DropImageTest::theNameMayBePromisedInUtf16()

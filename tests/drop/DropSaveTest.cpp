@@ -114,6 +114,7 @@ void DropSaveTest::aNameMustNotLeadOutOfTheFolder_data()
     QTest::newRow("folders") << QByteArray("a/b/c.txt") << QStringLiteral("c/c.txt");
     QTest::newRow("above") << QByteArray("../../c.txt") << QStringLiteral("c/c.txt");
     QTest::newRow("NUL") << QByteArray("c.txt\0/../d", 12) << QStringLiteral("c/c.txt");
+    QTest::newRow("no UTF-8") << QByteArray("\xff\xfe.zip") << QStringLiteral("ÿþ/ÿþ.zip");
     QTest::newRow("hidden") << QByteArray(".bashrc") << QStringLiteral("bashrc/.bashrc");
     QTest::newRow("hidden with dots") << QByteArray("..a.tar.gz") << QStringLiteral("a.tar/..a.tar.gz");
     QTest::newRow("controls") << QByteArray("a\nb\x1b[31m.txt") << QStringLiteral("a b[31m/a b[31m.txt");

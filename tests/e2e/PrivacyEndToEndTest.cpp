@@ -150,12 +150,14 @@ void PrivacyEndToEndTest::nothingOfTheContentIsLogged()
     m_desktop->writeFile(QStringLiteral("data/Nookle/index.json"), R"({"version":1,"items":[{"text":"moonlight"}]})");
     QVERIFY(m_shelf->start());
     QVERIFY(putEverythingOnTheShelf());
-    // Nothing can be written over a folder.
-    const QString index = m_desktop->home(QStringLiteral("data/Nookle/index.json"));
-    QVERIFY(QFile::remove(index) && QDir().mkdir(index));
+    // Nothing can be written into a file.
+    const QString folder = m_desktop->home(QStringLiteral("data/Nookle"));
+    const QString away = m_desktop->home(QStringLiteral("data/away"));
+    QVERIFY(QDir().rename(folder, away));
+    m_desktop->writeFile(QStringLiteral("data/Nookle"), "no folder");
     QCOMPARE(m_bus->addToShelf({}, QStringLiteral("even more moonlight")).type(), QDBusMessage::ReplyMessage);
     QVERIFY(waitFor([this] { return m_shelf->log().contains("saving failed"); }));
-    QVERIFY(QDir().rmdir(index));
+    QVERIFY(QFile::remove(folder) && QDir().rename(away, folder));
     QVERIFY(m_shelf->stop());
     const QByteArray log = m_shelf->log();
     QVERIFY2(log.contains("index unreadable"), log.constData());

@@ -244,8 +244,11 @@ void ServicesEndToEndTest::filesAndPagesAreTakenTogether()
 FileDescriptor ServicesEndToEndTest::lockDataFolder() const
 {
     const QString path = m_desktop->home(QStringLiteral("data/Nookle"));
-    FileDescriptor folder(QDir().mkpath(path) ? ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC) : -1);
-    return folder.isOpen() && ::flock(folder.get(), LOCK_EX | LOCK_NB) == 0 ? std::move(folder) : FileDescriptor();
+    const QByteArray file = QFile::encodeName(path) + "/.lock";
+    constexpr mode_t forTheUserAlone = 0600;
+    FileDescriptor lock(QDir().mkpath(path) ? ::open(file.constData(), O_RDWR | O_CREAT | O_CLOEXEC, forTheUserAlone)
+                                            : -1);
+    return lock.isOpen() && ::flock(lock.get(), LOCK_EX | LOCK_NB) == 0 ? std::move(lock) : FileDescriptor();
 }
 
 void ServicesEndToEndTest::anArgumentThatIsNothingIsSaid()

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void dragThatEndsNowhereLeavesTheWatchBeforeIt();
     void imageThatIsCopiedBackDuringItsNextDragIsWatchedOn();
     void imageStaysReferredToWhileItIsWatched();
+    void imageDoesNotExpireWhileItsReceiverMayReadIt();
 
 private:
     /// Drags the image out, to a program that says that it has done `operation`.
@@ -323,6 +324,21 @@ void DraggedImageTest::imageStaysReferredToWhileItIsWatched()
     QVERIFY(m_shelf->references.released.isEmpty());
     m_shelf->queue.advance(700);
     QCOMPARE(m_shelf->references.released.size(), 1);
+}
+
+void DraggedImageTest::imageDoesNotExpireWhileItsReceiverMayReadIt()
+{
+    m_shelf->dragOutcome = [this] {
+        m_shelf->store.removeExpired(-1);
+        return DragOperation::copy;
+    };
+    m_shelf->dragTop();
+    m_shelf->queue.advance(300);
+    m_shelf->store.removeExpired(-1);
+    QVERIFY(isInPlace());
+    m_shelf->queue.advance(400);
+    m_shelf->store.removeExpired(-1);
+    QVERIFY(m_shelf->store.items().isEmpty());
 }
 
 QTEST_MAIN(DraggedImageTest)

@@ -70,8 +70,10 @@ void ScreenshotCollector::takeOverSome()
 {
     const QList<QUrl> files = m_filesToTakeOver.mid(0, filesTakenOverAtOnce);
     m_filesToTakeOver = m_filesToTakeOver.mid(files.size());
-    for (const QUrl& file : files)
-        m_store.addImage(file);
+    m_store.changeTogether([&] {
+        for (const QUrl& file : files)
+            m_store.addImage(file);
+    });
 }
 
 } // namespace nookle

@@ -29,9 +29,11 @@ std::optional<Failure> ServiceProvider::open(const AddressList& list)
 {
     if (list.fileUrls.isEmpty() && list.pages.isEmpty())
         return nothingFound();
-    // The item that is added last is on top.
-    std::for_each(list.pages.crbegin(), list.pages.crend(), [this](const QString& page) { m_store.addText(page); });
-    m_store.addFiles(list.fileUrls);
+    m_store.changeTogether([&] {
+        // The item that is added last is on top.
+        std::for_each(list.pages.crbegin(), list.pages.crend(), [this](const QString& page) { m_store.addText(page); });
+        m_store.addFiles(list.fileUrls);
+    });
     m_onAdded();
     return std::nullopt;
 }

@@ -102,10 +102,16 @@ QList<ShelfItem> IndexFile::load()
 
 bool IndexFile::isOurs()
 {
-    if (!m_obstacle && lookAt(m_path) == Look::isFile && !(m_own && m_own->isOf(m_path))) {
+    if (m_obstacle)
+        return false;
+    const Look look = lookAt(m_path);
+    if (look == Look::isNoFile)
+        m_obstacle = Failure{ QStringLiteral("no regular file") };
+    else if (look == Look::fails)
+        m_obstacle = lastFailure();
+    else if (look == Look::isFile && !(m_own && m_own->isOf(m_path)))
         m_obstacle = Failure{ QStringLiteral("another program has written it") };
-        m_isBroken = false;
-    }
+    m_isBroken = m_isBroken && !m_obstacle;
     return !m_obstacle;
 }
 

@@ -25,8 +25,9 @@ public:
     /// index, or is too large, is moved aside at once.
     [[nodiscard]] QList<ShelfItem> load();
 
-    /// Whether the index on disk, if any, may be overwritten. False if `load` could not read it, or if another program
-    /// has written it since this program last read or wrote it. If false, call `makeWay` before writing.
+    /// Whether the index on disk, if any, may be overwritten. False if `load` could not read it, if it is no regular
+    /// file, or if another program has written it since this program last read or wrote it. If false, call `makeWay`
+    /// before writing.
     [[nodiscard]] bool isOurs();
 
     /// Writes the index to the file at `path`, or leaves that file as it was. An index of more than `largestSize` bytes

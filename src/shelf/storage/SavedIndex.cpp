@@ -26,6 +26,9 @@ constexpr std::chrono::seconds savingPatience(60);
 /// still be saved.
 constexpr qsizetype growthShare = 20;
 
+/// In bytes, as `ShelfIndex::upperBound` counts. A longer text is read once.
+constexpr qsizetype longText = 100'000;
+
 } // namespace
 
 SavedIndex::SavedIndex(Environment environment, const QList<ShelfItem>& items, const ItemFiles& itemFiles,
@@ -115,14 +118,32 @@ void SavedIndex::log(const Failure& failure) const
 bool SavedIndex::hasRoomFor(const QList<ShelfItem>& additions) const
 {
     const qsizetype largest = m_environment.largestSize - m_environment.largestSize / growthShare;
-    const auto fits = [&](qsizetype (*bound)(const QList<ShelfItem>&)) {
-        return bound(m_items) + bound(additions) <= largest;
-    };
     // There may be thousands of additions in a row, so the texts are read only if the quick bound is too large.
-    if (fits(ShelfIndex::upperBound) || fits(ShelfIndex::closeUpperBound))
+    if (ShelfIndex::upperBound(m_items) + ShelfIndex::upperBound(additions) <= largest
+        || closeBound(m_items) + ShelfIndex::closeUpperBound(additions) <= largest)
         return true;
     logLine(QStringLiteral("not added: the index would be larger than %1 bytes").arg(largest));
     return false;
+}
+
+qsizetype SavedIndex::closeBound(const QList<ShelfItem>& items) const
+{
+    QHash<QUuid, Bounds> longTexts;
+    qsizetype sum = 0;
+    for (const ShelfItem& item : items) {
+        const qsizetype rough = ShelfIndex::upperBound({ item });
+        if (rough < longText) {
+            sum += ShelfIndex::closeUpperBound({ item });
+            continue;
+        }
+        Bounds bounds = m_longTexts.value(item.id);
+        if (bounds.rough != rough)
+            bounds = { rough, ShelfIndex::closeUpperBound({ item }) };
+        longTexts.insert(item.id, bounds);
+        sum += bounds.close;
+    }
+    m_longTexts = std::move(longTexts);
+    return sum;
 }
 
 } // namespace nookle

@@ -6,7 +6,9 @@
 #include "ShelfItem.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
+#include <QUuid>
 
 #include <functional>
 #include <memory>
@@ -64,6 +66,8 @@ private:
     void save(Wait wait);
     [[nodiscard]] std::optional<Failure> prepare();
     void log(const Failure& failure) const;
+    /// As `ShelfIndex::closeUpperBound`, but reads each long text once. The text of an item never changes.
+    [[nodiscard]] qsizetype closeBound(const QList<ShelfItem>& items) const;
 
     Environment m_environment;
     const QList<ShelfItem>& m_items;
@@ -75,6 +79,11 @@ private:
     std::shared_ptr<std::optional<IndexStamp>> m_stamp = std::make_shared<std::optional<IndexStamp>>();
     IndexWriter m_writer;
     bool m_isSavingOff = false;
+    struct Bounds {
+        qsizetype rough = 0;
+        qsizetype close = 0;
+    };
+    mutable QHash<QUuid, Bounds> m_longTexts;
     std::unique_ptr<Cancellable> m_pendingSave;
 };
 
