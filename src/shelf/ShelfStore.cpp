@@ -360,18 +360,8 @@ void ShelfStore::removeOrphans()
         return;
     for (const QUuid& id : std::as_const(orphans)) {
         if (m_itemFiles.isUnchangedSince(id, time))
-            removeOrphan(id);
+            m_itemFiles.trashFolder(id, m_environment.moveToTrash);
     }
-}
-
-void ShelfStore::removeOrphan(const QUuid& id) const
-{
-    // A favicon cannot be told from an image with the same name, so all files go to the Trash.
-    for (const QUrl& file : m_itemFiles.contents(id).value_or(QList<QUrl>())) {
-        if (m_environment.moveToTrash(file))
-            return;
-    }
-    m_itemFiles.removeEmptyFolder(id);
 }
 
 void ShelfStore::saveNow()

@@ -131,7 +131,6 @@ Q_SIGNALS:
     void additionFailed(const QString& reason);
 
 private:
-    void removeOrphan(const QUuid& id) const;
     /// Whether the index has room for `additions`. If not, emits `additionFailed`.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
 

@@ -55,6 +55,7 @@ private Q_SLOTS:
     void theSlideFollowsItsCurve_data();
     void theSlideFollowsItsCurve();
     void aParkedPanelIsAPointBeyondAllDisplays();
+    void theNeighbourStaysFreeWhenDisplaysComeAndGo();
 
 private:
     struct Sample {
@@ -273,6 +274,36 @@ void X11PanelWindowTest::aParkedPanelIsAPointBeyondAllDisplays()
     QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest; }));
     m_panel->orderOut();
     QVERIFY(waitFor([this] { return isParked(); }));
+}
+
+void X11PanelWindowTest::theNeighbourStaysFreeWhenDisplaysComeAndGo()
+{
+    const QRectF halfOut = leftAtRest.translated(56, 0);
+    const auto rightEdge = [this] {
+        const QRect visible = visiblePixels();
+        return visible.left() + visible.width();
+    };
+    const auto changeDisplays = [this](const QStringList& arguments, std::size_t count) {
+        return m_desktop.start(QStringLiteral("xrandr"), arguments)->waitForExit() == 0
+            && waitFor([&] { return m_backend->displays().frames().size() == count; });
+    };
+    int changes = 0;
+    m_backend->onDisplaysChanged = [&] {
+        ++changes;
+        m_panel->setFrame(halfOut);
+    };
+    m_panel->setFrame(halfOut);
+    m_panel->orderFront();
+    QVERIFY(waitFor([&] { return rightEdge() == displayWidth; }));
+    const QString geometry = QStringLiteral("%1/200x%2/150+%1+0").arg(displayWidth).arg(displayHeight);
+    for (int round = 0; round < 2; ++round) {
+        QVERIFY(changeDisplays({ QStringLiteral("--delmonitor"), QStringLiteral("right") }, 1));
+        QVERIFY(changeDisplays(
+            { QStringLiteral("--setmonitor"), QStringLiteral("right"), geometry, QStringLiteral("none") }, 2));
+        QVERIFY(waitFor([&] { return rightEdge() == displayWidth; }));
+        QVERIFY(holdsFor([&] { return rightEdge() == displayWidth; }, 200));
+    }
+    QVERIFY(changes >= 4);
 }
 
 int main(int argc, char* argv[])

@@ -150,10 +150,18 @@ void ItemFiles::removeFolder(const QUuid& id) const
         std::filesystem::remove_all(filePath(folder(id)).toStdString(), ignored);
 }
 
-void ItemFiles::removeEmptyFolder(const QUuid& id) const
+void ItemFiles::trashFolder(const QUuid& id,
+                            const std::function<std::optional<Failure>(const QUrl&)>& moveToTrash) const
 {
-    if (!leadsElsewhere(id))
-        static_cast<void>(::rmdir(filePath(folder(id)).constData()));
+    const std::optional<QList<QUrl>> files = contents(id);
+    if (!files)
+        return;
+    // A favicon cannot be told from an image with the same name, so all files go to the Trash.
+    for (const QUrl& file : *files) {
+        if (moveToTrash(file))
+            return;
+    }
+    static_cast<void>(::rmdir(filePath(folder(id)).constData()));
 }
 
 } // namespace nookle

@@ -9,6 +9,7 @@
 #include <QUrl>
 #include <QUuid>
 
+#include <functional>
 #include <optional>
 
 namespace nookle {
@@ -44,9 +45,6 @@ public:
     /// Whether no entry was added to the item's folder or removed from it since `time`.
     [[nodiscard]] bool isUnchangedSince(const QUuid& id, const QDateTime& time) const;
 
-    /// The entries of the item's folder, unsorted; no list if they cannot be listed completely.
-    [[nodiscard]] std::optional<QList<QUrl>> contents(const QUuid& id) const;
-
     /// Removes the files in the item's folder that a crash left half written and that nobody has written to since that
     /// time.
     void removeUnfinished(const QUuid& id, const QDateTime& unchangedSince) const;
@@ -54,10 +52,13 @@ public:
     /// Deletes the item's folder and everything in it, as far as that is possible.
     void removeFolder(const QUuid& id) const;
 
-    /// Deletes the item's folder if it is empty.
-    void removeEmptyFolder(const QUuid& id) const;
+    /// Moves everything in the item's folder to the Trash with `moveToTrash`, then deletes the folder. Stops at the
+    /// first failure.
+    void trashFolder(const QUuid& id, const std::function<std::optional<Failure>(const QUrl&)>& moveToTrash) const;
 
 private:
+    /// The entries of the item's folder, unsorted; no list if they cannot be listed completely.
+    [[nodiscard]] std::optional<QList<QUrl>> contents(const QUuid& id) const;
     [[nodiscard]] QUrl folder(const QUuid& id) const;
     [[nodiscard]] bool leadsElsewhere(const QUuid& id) const;
 
