@@ -6,6 +6,7 @@
 #include "AppDelegate.h"
 #include "DesktopBackendFactory.h"
 #include "FileUrl.h"
+#include "LinuxPlatform.h"
 #include "FrameRecorder.h"
 #include "ProcessFigures.h"
 #include "TileList.h"
@@ -136,7 +137,9 @@ int main(int argc, char* argv[])
     if (arguments.size() != 3)
         return EXIT_FAILURE;
 
-    AppDelegate delegate(dataHome, child(fileUrl(dataHome), QStringLiteral("Nookle")), makeDesktopBackend());
+    LinuxPlatform platform(dataHome, makeDesktopBackend());
+    AppDelegate delegate(platform.parts(), child(fileUrl(dataHome), QStringLiteral("Nookle")),
+                         [] { return std::optional<Failure>(); });
     delegate.applicationDidFinishLaunching();
     PanelBenchmark benchmark(recorder, delegate);
     const bool isScrolling = arguments[2] == QLatin1String("scroll");
