@@ -14,12 +14,13 @@ namespace {
 
 inline constexpr const char* fileName = ".lock";
 
-[[nodiscard]] bool isSameFile(int first, int second)
+/// Whether `file` is still the lock file of the folder.
+[[nodiscard]] bool isLockOf(int folder, int file)
 {
-    struct stat one {};
-    struct stat other {};
-    return ::fstat(first, &one) == 0 && ::fstat(second, &other) == 0 && one.st_dev == other.st_dev
-        && one.st_ino == other.st_ino;
+    struct stat named {};
+    struct stat opened {};
+    return ::fstatat(folder, fileName, &named, AT_SYMLINK_NOFOLLOW) == 0 && ::fstat(file, &opened) == 0
+        && named.st_dev == opened.st_dev && named.st_ino == opened.st_ino;
 }
 
 [[nodiscard]] QString lastError()
@@ -41,14 +42,15 @@ FolderLock::State FolderLock::take()
         m_error = lastError();
         return errno == ENOENT ? State::noFolder : State::impossible;
     }
+    // The held file is not opened again: some file systems give up a lock when any descriptor of its file is closed.
+    if (m_file.isOpen() && isLockOf(folder.get(), m_file.get()))
+        return State::held;
     FileDescriptor file(
         ::openat(folder.get(), fileName, O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC | O_NONBLOCK, S_IRUSR | S_IWUSR));
     if (!file.isOpen()) {
         m_error = lastError();
         return State::impossible;
     }
-    if (m_file.isOpen() && isSameFile(m_file.get(), file.get()))
-        return State::held;
     if (::flock(file.get(), LOCK_EX | LOCK_NB) != 0) {
         m_error = lastError();
         return errno == EWOULDBLOCK ? State::heldByOther : State::impossible;
