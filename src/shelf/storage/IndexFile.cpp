@@ -102,6 +102,11 @@ QList<ShelfItem> IndexFile::load()
 
 bool IndexFile::isOurs()
 {
+    // The index may be back after the disk did not answer, or after another file was in its place.
+    if (m_own && m_own->isOf(m_path)) {
+        m_obstacle.reset();
+        return true;
+    }
     if (m_obstacle)
         return false;
     const Look look = lookAt(m_path);
@@ -109,7 +114,7 @@ bool IndexFile::isOurs()
         m_obstacle = Failure{ QStringLiteral("no regular file") };
     else if (look == Look::fails)
         m_obstacle = lastFailure();
-    else if (look == Look::isFile && !(m_own && m_own->isOf(m_path)))
+    else if (look == Look::isFile)
         m_obstacle = Failure{ QStringLiteral("another program has written it") };
     m_isBroken = m_isBroken && !m_obstacle;
     return !m_obstacle;
