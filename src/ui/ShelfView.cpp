@@ -72,14 +72,14 @@ void ShelfView::setUpLayout(PanelPinning& pinning)
     header->addStretch();
     header->addWidget(pin);
 
-    m_content->addWidget(m_emptyState);
-    m_content->addWidget(m_tiles);
-
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(header);
     layout->addLayout(m_content, 1);
+    // Only now: a stack that belongs to no window yet shows its first widget as a window of its own.
+    m_content->addWidget(m_emptyState);
+    m_content->addWidget(m_tiles);
 }
 
 void ShelfView::setUpTiles()

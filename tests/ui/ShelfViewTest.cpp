@@ -18,6 +18,30 @@
 
 using namespace nookle;
 
+namespace {
+
+/// Counts the windows that are shown while it lives.
+class ShownWindows final : public QObject {
+    Q_OBJECT
+
+public:
+    ShownWindows() { qApp->installEventFilter(this); }
+
+    [[nodiscard]] int count() const { return m_count; }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Show && watched->isWindowType())
+            ++m_count;
+        return false;
+    }
+
+private:
+    int m_count = 0;
+};
+
+} // namespace
+
 class ShelfViewTest : public QObject {
     Q_OBJECT
 
@@ -25,6 +49,7 @@ private Q_SLOTS:
     void init() { m_fixture = std::make_unique<ShelfFixture>(); }
     void cleanup() { m_fixture.reset(); }
 
+    void noOtherWindowIsShownWhileTheViewIsMade();
     void anEmptyStoreShowsTheHintAndTheFirstDropReplacesIt();
     void aTextThatIsAnAddressCanBeOpened();
     void otherTextsCannotBeOpened_data();
@@ -76,6 +101,14 @@ private Q_SLOTS:
 private:
     std::unique_ptr<ShelfFixture> m_fixture;
 };
+
+void ShelfViewTest::noOtherWindowIsShownWhileTheViewIsMade()
+{
+    m_fixture.reset();
+    const ShownWindows shown;
+    m_fixture = std::make_unique<ShelfFixture>();
+    QCOMPARE(shown.count(), 1);
+}
 
 void ShelfViewTest::anEmptyStoreShowsTheHintAndTheFirstDropReplacesIt()
 {
