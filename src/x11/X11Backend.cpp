@@ -11,7 +11,6 @@
 #include "X11TrayHost.h"
 
 #include <QGuiApplication>
-#include <QScreen>
 
 #include <utility>
 
@@ -46,27 +45,17 @@ X11Backend::X11Backend()
     , m_drops(std::make_unique<X11Drops>(m_connection))
     , m_dragOffer(std::make_unique<X11DragOffer>(m_connection))
 {
-    for (QScreen* screen : QGuiApplication::screens())
-        watchScreen(screen);
-    QObject::connect(qGuiApp, &QGuiApplication::screenAdded, &m_context, [this](QScreen* screen) {
-        watchScreen(screen);
-        displaysChanged();
-    });
-    QObject::connect(qGuiApp, &QGuiApplication::screenRemoved, &m_context, [this] { displaysChanged(); });
+    m_displays->onChanged = [this] {
+        if (onDisplaysChanged)
+            onDisplaysChanged();
+    };
 }
 
 X11Backend::~X11Backend() = default;
 
-void X11Backend::watchScreen(QScreen* screen)
+const Displays& X11Backend::displays() const
 {
-    QObject::connect(screen, &QScreen::geometryChanged, &m_context, [this] { displaysChanged(); });
-    QObject::connect(screen, &QScreen::virtualGeometryChanged, &m_context, [this] { displaysChanged(); });
-}
-
-void X11Backend::displaysChanged()
-{
-    if (onDisplaysChanged)
-        onDisplaysChanged();
+    return *m_displays;
 }
 
 Compositing& X11Backend::compositing()

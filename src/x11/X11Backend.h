@@ -3,13 +3,10 @@
 #include "DesktopBackend.h"
 #include "XcbConnection.h"
 
-#include <QObject>
-
-class QScreen;
-
 namespace nookle {
 
 class X11Compositing;
+class X11Displays;
 class X11DragOffer;
 class X11Drops;
 
@@ -23,24 +20,21 @@ public:
     X11Backend();
     ~X11Backend() override;
 
-    [[nodiscard]] const Displays& displays() const override { return *m_displays; }
+    [[nodiscard]] const Displays& displays() const override;
     [[nodiscard]] const Pointer& pointer() const override { return *m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
     [[nodiscard]] Compositing& compositing() override;
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_globalShortcuts; }
-    [[nodiscard]] TrayHost& embeddingTray() override { return *m_embeddingTray; }
+    [[nodiscard]] TrayHost* embeddingTray() override { return m_embeddingTray.get(); }
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
-    void watchScreen(QScreen* screen);
-    void displaysChanged();
-
     xcb_connection_t* m_connection;
     /// For queries that are sent about forty times a second during a drag.
     XcbConnection m_queries;
-    std::unique_ptr<Displays> m_displays;
+    std::unique_ptr<X11Displays> m_displays;
     std::unique_ptr<Pointer> m_pointer;
     std::unique_ptr<InputMonitor> m_inputMonitor;
     std::unique_ptr<X11Compositing> m_compositing;
@@ -48,8 +42,6 @@ private:
     std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<X11Drops> m_drops;
     std::unique_ptr<X11DragOffer> m_dragOffer;
-    /// The context of the connections to the application's signals. Declared last, so that they end first.
-    QObject m_context;
 };
 
 } // namespace nookle

@@ -5,11 +5,8 @@
 #include "XcbReply.h"
 
 #include <QGuiApplication>
-#include <QScreen>
 
 #include <xcb/xcb.h>
-
-#include <algorithm>
 
 namespace nookle {
 
@@ -20,15 +17,6 @@ inline constexpr const char* currentDesktop = "_NET_CURRENT_DESKTOP";
 inline constexpr const char* strut = "_NET_WM_STRUT";
 inline constexpr const char* strutPartial = "_NET_WM_STRUT_PARTIAL";
 inline constexpr const char* workAreas = "_NET_WORKAREA";
-
-/// The screen with that full frame, if there is one.
-[[nodiscard]] const QScreen* screenOf(const QRectF& frame)
-{
-    const auto screens = QGuiApplication::screens();
-    const auto found = std::find_if(screens.begin(), screens.end(),
-                                    [&](const QScreen* screen) { return QRectF(screen->geometry()) == frame; });
-    return found == screens.end() ? nullptr : *found;
-}
 
 } // namespace
 
@@ -74,26 +62,6 @@ QRect X11Displays::usable(const QRect& display) const
         return area;
     const QRect common = area.intersected(workArea().value_or(area));
     return common.isEmpty() ? area : common;
-}
-
-std::vector<QRectF> X11Displays::frames() const
-{
-    std::vector<QRectF> found;
-    for (const QScreen* screen : QGuiApplication::screens())
-        found.emplace_back(screen->geometry());
-    return found;
-}
-
-std::optional<QRectF> X11Displays::mainFrame() const
-{
-    const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? std::optional(QRectF(screen->geometry())) : std::nullopt;
-}
-
-QString X11Displays::identity(const QRectF& frame) const
-{
-    const QScreen* screen = screenOf(frame);
-    return screen ? screen->name() : QString();
 }
 
 QRectF X11Displays::visibleFrame(const QRectF& frame) const

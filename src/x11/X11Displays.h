@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Displays.h"
+#include "ScreenDisplays.h"
 #include "XcbAtoms.h"
 
 #include <QRect>
@@ -14,15 +14,13 @@ namespace nookle {
 
 /// The toolkit's screens, with the area of each that panels, docks and the window manager leave free. Queries the X
 /// server for that area at every call.
-class X11Displays final : public Displays {
+class X11Displays final : public ScreenDisplays {
+    Q_OBJECT
+
 public:
     /// `connection` must outlive this object.
     X11Displays(xcb_connection_t* connection, std::uint32_t root);
 
-    [[nodiscard]] std::vector<QRectF> frames() const override;
-    [[nodiscard]] std::optional<QRectF> mainFrame() const override;
-    /// The name of the display's monitor.
-    [[nodiscard]] QString identity(const QRectF& frame) const override;
     [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override;
 
 private:

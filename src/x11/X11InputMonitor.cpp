@@ -8,8 +8,8 @@
 #include <xcb/xfixes.h>
 #include <xcb/xinput.h>
 
-#include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace nookle {
 
@@ -144,7 +144,7 @@ void X11InputMonitor::readEvents()
     // All waiting movements count as one, because only the pointer's last position matters. The pause delays the next
     // ones.
     m_pause.start();
-    call(m_dragHandlers);
+    m_dragHandlers.call();
 }
 
 void X11InputMonitor::handle(const xcb_generic_event_t& event)
@@ -181,7 +181,7 @@ void X11InputMonitor::handleRawEvent(const xcb_generic_event_t& event)
     m_hasMoved = false;
     selectRawEvents(m_isLeftButtonDown);
     if (m_isLeftButtonDown)
-        call(m_pressHandlers);
+        m_pressHandlers.call();
 }
 
 bool X11InputMonitor::isOwnWindow(std::uint32_t window) const
@@ -190,33 +190,14 @@ bool X11InputMonitor::isOwnWindow(std::uint32_t window) const
     return (window & ~setup->resource_id_mask) == setup->resource_id_base;
 }
 
-std::unique_ptr<Cancellable> X11InputMonitor::subscribe(Handlers& handlers, Handler handler)
-{
-    if (!m_connection)
-        return nullptr;
-    auto shared = std::make_shared<Handler>(std::move(handler));
-    handlers.push_back(shared);
-    return Cancellable::keeping(std::move(shared));
-}
-
 std::unique_ptr<Cancellable> X11InputMonitor::monitorLeftPress(std::function<void()> handler)
 {
-    return subscribe(m_pressHandlers, std::move(handler));
+    return m_connection ? m_pressHandlers.add(std::move(handler)) : nullptr;
 }
 
 std::unique_ptr<Cancellable> X11InputMonitor::monitorLeftDrag(std::function<void()> handler)
 {
-    return subscribe(m_dragHandlers, std::move(handler));
-}
-
-void X11InputMonitor::call(Handlers& handlers)
-{
-    std::erase_if(handlers, [](const std::weak_ptr<Handler>& handler) { return handler.expired(); });
-    const Handlers current = handlers;
-    for (const auto& each : current) {
-        if (const auto handler = each.lock())
-            (*handler)();
-    }
+    return m_connection ? m_dragHandlers.add(std::move(handler)) : nullptr;
 }
 
 } // namespace nookle

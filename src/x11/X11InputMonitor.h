@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HandlerList.h"
 #include "InputMonitor.h"
 #include "XcbConnection.h"
 
@@ -33,9 +34,6 @@ public:
     [[nodiscard]] qint64 dragChangeCount() const override { return m_dragChangeCount; }
 
 private:
-    using Handler = std::function<void()>;
-    using Handlers = std::vector<std::weak_ptr<Handler>>;
-
     [[nodiscard]] bool connectToServer();
     [[nodiscard]] bool hasInputExtension();
     [[nodiscard]] bool watchDragSelection();
@@ -47,9 +45,6 @@ private:
     void handleRawEvent(const xcb_generic_event_t& event);
     [[nodiscard]] bool isOwnWindow(std::uint32_t window) const;
 
-    [[nodiscard]] std::unique_ptr<Cancellable> subscribe(Handlers& handlers, Handler handler);
-    static void call(Handlers& handlers);
-
     xcb_connection_t* m_ownConnection;
     XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
@@ -60,8 +55,8 @@ private:
     std::uint8_t m_firstFixesEvent = 0;
     /// The logical button for each device button. The first entry is for button 1.
     std::vector<std::uint8_t> m_buttonMapping;
-    Handlers m_pressHandlers;
-    Handlers m_dragHandlers;
+    HandlerList m_pressHandlers;
+    HandlerList m_dragHandlers;
     qint64 m_dragChangeCount = 0;
     bool m_isLeftButtonDown = false;
     bool m_hasMoved = false;

@@ -6,7 +6,6 @@
 #include "XcbReply.h"
 
 #include <QRegion>
-#include <QScreen>
 #include <QWindow>
 
 #include <xcb/shape.h>
@@ -21,18 +20,7 @@ namespace nookle {
 
 namespace {
 
-inline constexpr double usualRefreshRate = 60;
 inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
-
-/// The curve of a movement that starts slowly (in) or ends slowly (out).
-[[nodiscard]] QEasingCurve curve(Easing easing)
-{
-    QEasingCurve bezier(QEasingCurve::BezierSpline);
-    const QPointF start = easing == Easing::in ? QPointF(0.42, 0) : QPointF(0, 0);
-    const QPointF end = easing == Easing::in ? QPointF(1, 1) : QPointF(0.58, 1);
-    bezier.addCubicBezierSegment(start, end, QPointF(1, 1));
-    return bezier;
-}
 
 [[nodiscard]] xcb_window_t rootOf(xcb_connection_t* connection)
 {
@@ -268,9 +256,7 @@ void X11PanelWindow::raise()
 void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion)
 {
     findDisplay(frame);
-    const double rate = m_window.screen() ? m_window.screen()->refreshRate() : usualRefreshRate;
-    m_animation.start(m_frame, frame, seconds, rate >= 1 ? rate : usualRefreshRate, curve(easing),
-                      std::move(completion));
+    m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 
 bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)

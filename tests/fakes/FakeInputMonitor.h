@@ -1,5 +1,6 @@
 #pragma once
 
+#include "HandlerList.h"
 #include "InputMonitor.h"
 
 #include <utility>
@@ -21,31 +22,25 @@ public:
 
     [[nodiscard]] qint64 dragChangeCount() const override { return changeCount; }
 
-    void press() const { call(m_press); }
-    void drag() const { call(m_drag); }
+    void press() { m_press.call(); }
+    void drag() { m_drag.call(); }
+    [[nodiscard]] bool isWatched() const { return !m_press.isEmpty() || !m_drag.isEmpty(); }
 
     bool refuses = false;
     int subscriptions = 0;
     qint64 changeCount = 7;
 
 private:
-    static void call(const std::function<void()>& handler)
-    {
-        if (handler)
-            handler();
-    }
-
-    [[nodiscard]] std::unique_ptr<Cancellable> subscribe(std::function<void()>& place, std::function<void()> handler)
+    [[nodiscard]] std::unique_ptr<Cancellable> subscribe(HandlerList& handlers, std::function<void()> handler)
     {
         if (refuses)
             return nullptr;
         ++subscriptions;
-        place = std::move(handler);
-        return std::make_unique<Cancellable>([] {});
+        return handlers.add(std::move(handler));
     }
 
-    std::function<void()> m_press;
-    std::function<void()> m_drag;
+    HandlerList m_press;
+    HandlerList m_drag;
 };
 
 } // namespace nookle

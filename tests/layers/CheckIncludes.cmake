@@ -20,9 +20,11 @@ set(may_see_screenshots "disk;platform;base")
 set(may_see_web "web/protocol;process;platform;base")
 set(may_see_web/protocol "base")
 set(may_see_web/lookup "web/protocol;helper;base")
-set(may_see_x11 "x11/selections;x11/xcb;platform;base")
+set(may_see_screens "platform;base")
+set(may_see_x11 "x11/selections;x11/xcb;screens;platform;base")
 set(may_see_x11/selections "x11/xcb;platform;base")
 set(may_see_x11/xcb "base")
+set(may_see_wayland "screens;platform;base")
 set(may_see_desktop "disk;platform;base")
 set(may_see_ui/style "base")
 set(may_see_ui/drag "shelf;shelf/items;platform;base")
@@ -32,12 +34,12 @@ set(may_see_app/settings "platform;base")
 set(may_see_app/services "app/settings;triggers;shelf;shelf/items;platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/settings;app/services;app/tray;ui;ui/tiles;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;thumbnails;pictures"
+    "app/settings;app/services;app/tray;ui;ui/tiles;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.
 set(display_headers "xcb/|X11/|wayland|LayerShellQt|QtGui/private")
-set(display_rooms "x11")
+set(display_rooms "x11|wayland")
 
 set(most_files 25)
 set(checked 0)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PanelWindow.h"
+
 #include <QEasingCurve>
 #include <QElapsedTimer>
 #include <QObject>
@@ -7,6 +9,8 @@
 #include <QTimer>
 
 #include <functional>
+
+class QScreen;
 
 namespace nookle {
 
@@ -20,8 +24,8 @@ public:
 
     explicit FrameAnimation(Step step);
 
-    /// Ends the running animation, runs its completion, and starts another one.
-    void start(const QRectF& from, const QRectF& to, double seconds, double framesPerSecond, const QEasingCurve& curve,
+    /// Ends the running animation, runs its completion, and starts another one. `screen` shows it, and may be null.
+    void start(const QRectF& from, const QRectF& to, double seconds, Easing easing, const QScreen* screen,
                Completion completion);
 
     /// Ends the animation at its present place and runs its completion.

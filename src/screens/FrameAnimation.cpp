@@ -1,11 +1,25 @@
 #include "FrameAnimation.h"
 
+#include <QScreen>
+
 #include <algorithm>
 #include <utility>
 
 namespace nookle {
 
 namespace {
+
+inline constexpr double usualRefreshRate = 60;
+
+/// The curve of a movement that starts slowly (in) or ends slowly (out).
+[[nodiscard]] QEasingCurve curveOf(Easing easing)
+{
+    QEasingCurve bezier(QEasingCurve::BezierSpline);
+    const QPointF start = easing == Easing::in ? QPointF(0.42, 0) : QPointF(0, 0);
+    const QPointF end = easing == Easing::in ? QPointF(1, 1) : QPointF(0.58, 1);
+    bezier.addCubicBezierSegment(start, end, QPointF(1, 1));
+    return bezier;
+}
 
 [[nodiscard]] QRectF between(const QRectF& from, const QRectF& to, double share)
 {
@@ -23,17 +37,18 @@ FrameAnimation::FrameAnimation(Step step)
     connect(&m_timer, &QTimer::timeout, this, &FrameAnimation::advance);
 }
 
-void FrameAnimation::start(const QRectF& from, const QRectF& to, double seconds, double framesPerSecond,
-                           const QEasingCurve& curve, Completion completion)
+void FrameAnimation::start(const QRectF& from, const QRectF& to, double seconds, Easing easing, const QScreen* screen,
+                           Completion completion)
 {
     stop();
     m_from = from;
     m_to = to;
     m_seconds = seconds;
-    m_curve = curve;
+    m_curve = curveOf(easing);
     m_completion = std::move(completion);
     m_elapsed.start();
-    m_timer.start(std::max(1, static_cast<int>(1000 / framesPerSecond)));
+    const double rate = screen && screen->refreshRate() >= 1 ? screen->refreshRate() : usualRefreshRate;
+    m_timer.start(std::max(1, static_cast<int>(1000 / rate)));
 }
 
 void FrameAnimation::stop()

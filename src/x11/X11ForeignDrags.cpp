@@ -1,0 +1,98 @@
+#include "X11ForeignDrags.h"
+
+#include "XcbAtoms.h"
+#include "XcbReply.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <xcb/xcb.h>
+#include <xcb/xfixes.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// Whether the session's X server runs. A connection to it would start it.
+[[nodiscard]] bool isServerRunning()
+{
+    const QStringList entries = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::any_of(entries.begin(), entries.end(), [](const QString& entry) {
+        bool isProcess = false;
+        entry.toUInt(&isProcess);
+        QFile name(QStringLiteral("/proc/%1/comm").arg(entry));
+        return isProcess && name.open(QIODevice::ReadOnly) && name.readAll().trimmed() == "Xwayland";
+    });
+}
+
+} // namespace
+
+X11ForeignDrags::X11ForeignDrags() = default;
+
+X11ForeignDrags::~X11ForeignDrags() = default;
+
+bool X11ForeignDrags::watch()
+{
+    if (m_connection)
+        return true;
+    if (!isServerRunning())
+        return false;
+    m_connection.reset(xcb_connect(nullptr, nullptr));
+    if (xcb_connection_has_error(m_connection.get()) != 0 || !watchSelection()) {
+        m_connection.reset();
+        return false;
+    }
+    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11ForeignDrags::readEvents);
+    // Events that came with the replies are in the connection's queue, and its socket does not signal them again.
+    QMetaObject::invokeMethod(this, &X11ForeignDrags::readEvents, Qt::QueuedConnection);
+    return true;
+}
+
+bool X11ForeignDrags::watchSelection()
+{
+    const auto* extension = xcb_get_extension_data(m_connection.get(), &xcb_xfixes_id);
+    if (!extension || extension->present == 0)
+        return false;
+    m_firstFixesEvent = extension->first_event;
+    const auto cookie = xcb_xfixes_query_version(m_connection.get(), 2, 0);
+    const auto version = owned(xcb_xfixes_query_version_reply(m_connection.get(), cookie, nullptr));
+    const std::uint32_t selection = xcbAtom(m_connection.get(), "XdndSelection");
+    if (!version || selection == XCB_ATOM_NONE)
+        return false;
+    const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+    xcb_xfixes_select_selection_input(m_connection.get(), root, selection,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
+                                          | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
+                                          | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    xcb_flush(m_connection.get());
+    return true;
+}
+
+void X11ForeignDrags::readEvents()
+{
+    if (!m_connection)
+        return;
+    while (const auto event = owned(xcb_poll_for_event(m_connection.get()))) {
+        if ((event->response_type & 0x7f) != m_firstFixesEvent + XCB_XFIXES_SELECTION_NOTIFY)
+            continue;
+        setUnderWay(reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner != XCB_WINDOW_NONE);
+    }
+    if (xcb_connection_has_error(m_connection.get()) == 0)
+        return;
+    // The server has ended, as it does in some sessions when the last X11 program has.
+    m_notifier.reset();
+    m_connection.reset();
+    setUnderWay(false);
+}
+
+void X11ForeignDrags::setUnderWay(bool isUnderWay)
+{
+    if (std::exchange(m_isUnderWay, isUnderWay) != isUnderWay && onChanged)
+        onChanged();
+}
+
+} // namespace nookle

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "ForeignDrags.h"
+#include "XcbConnection.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <cstdint>
+#include <memory>
+
+namespace nookle {
+
+/// Watches drags from a Wayland session, through the X server that the session has for X11 programs: some compositors
+/// offer it each drag of a Wayland program at its start. An X server that is not running yet is not started.
+class X11ForeignDrags final : public QObject, public ForeignDrags {
+    Q_OBJECT
+
+public:
+    X11ForeignDrags();
+    ~X11ForeignDrags() override;
+
+    [[nodiscard]] bool watch() override;
+    [[nodiscard]] bool isUnderWay() const override { return m_isUnderWay; }
+    void end() override { setUnderWay(false); }
+
+private:
+    [[nodiscard]] bool watchSelection();
+    void readEvents();
+    void setUnderWay(bool isUnderWay);
+
+    XcbConnection m_connection;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    std::uint8_t m_firstFixesEvent = 0;
+    bool m_isUnderWay = false;
+};
+
+} // namespace nookle
