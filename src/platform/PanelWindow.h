@@ -30,6 +30,10 @@ public:
     /// empty) runs on the main thread when the animation ends, or when another animation or `setFrame` ends it early.
     virtual void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) = 0;
 
+    /// Called when the content must be drawn `offset` points to the right of its place in the window: on some display
+    /// servers it slides within a window that does not move. Set by the owner.
+    std::function<void(double offset)> onContentMoved;
+
     /// Called when the pointer has entered or left the window. Set by the owner.
     std::function<void()> onMouseEntered;
     std::function<void()> onMouseExited;

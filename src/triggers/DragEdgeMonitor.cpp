@@ -56,6 +56,11 @@ void DragEdgeMonitor::start()
         m_monitors.push_back(std::move(monitor));
 }
 
+void DragEdgeMonitor::stop()
+{
+    m_monitors.clear();
+}
+
 void DragEdgeMonitor::leftMouseDown()
 {
     m_changeCountAtMouseDown = m_input.dragChangeCount();

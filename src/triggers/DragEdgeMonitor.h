@@ -29,6 +29,9 @@ public:
     /// Begins to watch, as long as this object lives. A second call does nothing, unless the first one failed.
     void start();
 
+    /// Ends the watch. `start` begins it again.
+    void stop();
+
     /// Called when a drag has reached a right edge. Set by the owner.
     std::function<void()> onEdgeReached = [] {};
 

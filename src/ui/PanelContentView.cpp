@@ -1,6 +1,7 @@
 #include "PanelContentView.h"
 
 #include <QCloseEvent>
+#include <QPainter>
 #include <QResizeEvent>
 #include <QWindow>
 
@@ -32,6 +33,52 @@ void PanelContentView::resizeEvent(QResizeEvent* event)
     if (isSeen)
         m_content->setGeometry(rect());
     m_content->setVisible(isSeen);
+}
+
+void PanelContentView::setContentOffset(double offset)
+{
+    m_offset = offset;
+    if (offset > 0)
+        beginSliding();
+    else
+        endSliding();
+    update();
+}
+
+// A window that is shown for its content to slide in must not show it at rest before.
+void PanelContentView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (m_offset > 0)
+        beginSliding();
+}
+
+void PanelContentView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    endSliding();
+}
+
+void PanelContentView::beginSliding()
+{
+    if (!m_picture.isNull() || !m_content || !isVisible())
+        return;
+    m_picture = m_content->grab();
+    m_content->setUpdatesEnabled(false);
+}
+
+void PanelContentView::endSliding()
+{
+    m_picture = QPixmap();
+    if (m_content)
+        m_content->setUpdatesEnabled(true);
+}
+
+void PanelContentView::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    if (!m_picture.isNull())
+        painter.drawPixmap(QPointF(m_offset, 0), m_picture);
 }
 
 QWindow& PanelContentView::panelWindow()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QPointer>
 #include <QWidget>
 
@@ -17,15 +18,28 @@ public:
     /// Fills the window with `content`, and takes ownership of it. Call it once.
     void setContent(QWidget* content);
 
+    /// Draws the content `offset` points to the right of its place, without painting it anew at each step. The content
+    /// itself stays where it is, so that a drag finds it there.
+    void setContentOffset(double offset);
+
     /// The toolkit's window of this widget, created but not shown.
     [[nodiscard]] QWindow& panelWindow();
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    void beginSliding();
+    void endSliding();
+
     QPointer<QWidget> m_content;
+    double m_offset = 0;
+    /// The content as it was when it began to slide; null while it is at rest.
+    QPixmap m_picture;
 };
 
 } // namespace nookle

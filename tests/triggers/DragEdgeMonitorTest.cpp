@@ -30,6 +30,7 @@ private Q_SLOTS:
     void aDragOfThisProgramLeavesTheCounterAloneAndDoesNotFire();
     void startingTwiceInstallsOneMonitorOfEachKind();
     void startingAgainWorksOnceTheSystemAllowsIt();
+    void nothingIsWatchedAfterTheEnd();
     void theDisplaysAreLookedAtOnlyForContentThatHasNotFiredYet();
 
 private:
@@ -215,6 +216,18 @@ void DragEdgeMonitorTest::startingTwiceInstallsOneMonitorOfEachKind()
 {
     monitor->start();
     QCOMPARE(input->subscriptions, 2);
+}
+
+void DragEdgeMonitorTest::nothingIsWatchedAfterTheEnd()
+{
+    QVERIFY(input->isWatched());
+    monitor->stop();
+    QVERIFY(!input->isWatched());
+    beginContentDrag();
+    dragTo(1919, 500);
+    QCOMPARE(fired, 0);
+    monitor->start();
+    QVERIFY(input->isWatched());
 }
 
 void DragEdgeMonitorTest::startingAgainWorksOnceTheSystemAllowsIt()

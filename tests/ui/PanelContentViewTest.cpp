@@ -1,0 +1,124 @@
+#include "PanelContentView.h"
+
+#include <QPainter>
+#include <QTest>
+
+using namespace nookle;
+
+namespace {
+
+/// One colour, and how often it was painted.
+class Coloured final : public QWidget {
+public:
+    int paintings = 0;
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override
+    {
+        ++paintings;
+        QPainter(this).fillRect(rect(), Qt::red);
+    }
+};
+
+} // namespace
+
+class PanelContentViewTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_view.reset(); }
+
+    void theContentFillsTheWindow();
+    void theContentIsDrawnToTheRightWhileItSlides();
+    void slidingPaintsTheContentOnlyOnce();
+    void theContentStaysWhereDragsFindIt();
+    void atRestTheContentPaintsItselfAgain();
+    void aWindowThatIsShownForTheSlideBeginsEmpty();
+
+private:
+    [[nodiscard]] QColor colorAt(int x) const;
+
+    std::unique_ptr<PanelContentView> m_view;
+    Coloured* m_content = nullptr;
+};
+
+void PanelContentViewTest::init()
+{
+    m_view = std::make_unique<PanelContentView>();
+    m_content = new Coloured;
+    m_view->setContent(m_content);
+    m_view->resize(112, 300);
+    m_view->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
+}
+
+QColor PanelContentViewTest::colorAt(int x) const
+{
+    QImage picture(m_view->size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    m_view->render(&picture, {}, {}, QWidget::DrawChildren);
+    return picture.pixelColor(x, 150);
+}
+
+void PanelContentViewTest::theContentFillsTheWindow()
+{
+    QCOMPARE(m_content->geometry(), m_view->rect());
+    QCOMPARE(colorAt(1), QColor(Qt::red));
+}
+
+void PanelContentViewTest::theContentIsDrawnToTheRightWhileItSlides()
+{
+    m_view->setContentOffset(40);
+    QCOMPARE(colorAt(39).alpha(), 0);
+    QCOMPARE(colorAt(41), QColor(Qt::red));
+    m_view->setContentOffset(20);
+    QCOMPARE(colorAt(19).alpha(), 0);
+    QCOMPARE(colorAt(21), QColor(Qt::red));
+}
+
+void PanelContentViewTest::slidingPaintsTheContentOnlyOnce()
+{
+    m_view->setContentOffset(112);
+    QCoreApplication::processEvents();
+    const int before = m_content->paintings;
+    for (const double offset : { 80.0, 60.0, 40.0, 20.0 }) {
+        m_view->setContentOffset(offset);
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(m_content->paintings, before);
+}
+
+void PanelContentViewTest::theContentStaysWhereDragsFindIt()
+{
+    m_view->setContentOffset(60);
+    QCOMPARE(m_content->geometry(), m_view->rect());
+    QCOMPARE(m_view->childAt(5, 150), static_cast<QWidget*>(m_content));
+}
+
+void PanelContentViewTest::atRestTheContentPaintsItselfAgain()
+{
+    m_view->setContentOffset(60);
+    QCoreApplication::processEvents();
+    const int before = m_content->paintings;
+    m_view->setContentOffset(0);
+    QTRY_VERIFY(m_content->paintings > before);
+    QCOMPARE(colorAt(1), QColor(Qt::red));
+}
+
+void PanelContentViewTest::aWindowThatIsShownForTheSlideBeginsEmpty()
+{
+    m_view->hide();
+    m_view->setContentOffset(112);
+    m_view->resize(112, 400);
+    m_view->show();
+    QCOMPARE(colorAt(1).alpha(), 0);
+    QCOMPARE(colorAt(110).alpha(), 0);
+    m_view->setContentOffset(10);
+    QCOMPARE(colorAt(11), QColor(Qt::red));
+    m_view->setContentOffset(0);
+    QCOMPARE(colorAt(1), QColor(Qt::red));
+}
+
+QTEST_MAIN(PanelContentViewTest)
+#include "PanelContentViewTest.moc"
