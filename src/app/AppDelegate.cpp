@@ -76,6 +76,7 @@ void AppDelegate::createPanel()
     installAccessibility();
     m_panelContent = std::make_unique<PanelContentView>();
     m_panelWindow = m_platform.desktop.makePanelWindow(m_panelContent->panelWindow(), panelCornerRadius);
+    m_panelWindow->onContentMoved = [this](double offset) { m_panelContent->setContentOffset(offset); };
     m_panelController =
         std::make_unique<PanelController>(*m_store, m_platform.defaults, *m_panelWindow, m_platform.desktop.pointer(),
                                           m_platform.desktop.displays(), m_platform.queue);
@@ -135,7 +136,17 @@ void AppDelegate::startEdgeMonitor()
         if (m_settings.autoExpandOnDrag())
             m_panelController->showForIncomingDrag();
     };
-    m_dragEdgeMonitor.start();
+    connect(&m_settings, &AppSettings::autoExpandOnDragChanged, this, &AppDelegate::watchTheEdge);
+    watchTheEdge();
+}
+
+// Where the watch is a window at the edge, there is none without need.
+void AppDelegate::watchTheEdge()
+{
+    if (m_settings.autoExpandOnDrag())
+        m_dragEdgeMonitor.start();
+    else
+        m_dragEdgeMonitor.stop();
 }
 
 void AppDelegate::startScreenshotCollection()

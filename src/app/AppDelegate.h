@@ -81,6 +81,7 @@ private:
     void createShelfView();
     void setUpStatusItem();
     void startEdgeMonitor();
+    void watchTheEdge();
     void startScreenshotCollection();
     void provideServices();
     std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);

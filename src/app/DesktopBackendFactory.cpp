@@ -1,25 +1,71 @@
 #include "DesktopBackendFactory.h"
 
-#include "Log.h"
+#include "NullBackend.h"
 #include "X11Backend.h"
+
+#ifdef NOOKLE_HAS_WAYLAND
+#include "NoShortcuts.h"
+#include "WaylandBackend.h"
+#include "X11ForeignDrags.h"
+#endif
 
 namespace nookle {
 
-std::optional<Failure> selectDesktopBackend()
+namespace {
+
+[[nodiscard]] SessionFacts lookAtSession()
 {
-    if (!X11Backend::isServerRunning())
-        return Failure{
-            QStringLiteral("no X11 display can be opened (DISPLAY is \"%1\")").arg(qEnvironmentVariable("DISPLAY"))
-        };
-    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
-        logLine(QStringLiteral("this is a Wayland session: running on X11 through XWayland"));
-    qputenv("QT_QPA_PLATFORM", "xcb");
-    return std::nullopt;
+    SessionFacts facts;
+    facts.wanted = qEnvironmentVariable("NOOKLE_BACKEND");
+    facts.isWaylandSession = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    facts.xDisplay = qEnvironmentVariable("DISPLAY");
+    facts.hasXServer = &X11Backend::isServerRunning;
+#ifdef NOOKLE_HAS_WAYLAND
+    facts.hasWaylandBackend = true;
+    facts.hasLayerShell = &WaylandBackend::isLayerShellOffered;
+#endif
+    return facts;
 }
 
-std::unique_ptr<DesktopBackend> makeDesktopBackend()
+#ifdef NOOKLE_HAS_WAYLAND
+/// Whether the compositor offers each drag of a Wayland program to X11 programs, too, at its start.
+[[nodiscard]] bool tellsOfDrags()
 {
-    return std::make_unique<X11Backend>();
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    return desktops.contains(QStringLiteral("KDE")) || desktops.contains(QStringLiteral("labwc"));
+}
+
+[[nodiscard]] std::unique_ptr<DesktopBackend> makeWaylandBackend()
+{
+    return std::make_unique<WaylandBackend>(std::make_unique<NoShortcuts>(),
+                                            tellsOfDrags() ? std::make_unique<X11ForeignDrags>() : nullptr);
+}
+#endif
+
+} // namespace
+
+std::variant<BackendChoice, Failure> selectDesktopBackend()
+{
+    auto result = chooseBackend(lookAtSession());
+    if (const auto* choice = std::get_if<BackendChoice>(&result))
+        qputenv("QT_QPA_PLATFORM", choice->toolkitPlatform());
+    return result;
+}
+
+std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)
+{
+    switch (kind) {
+    case DesktopKind::x11:
+    case DesktopKind::xwayland:
+        return std::make_unique<X11Backend>();
+    case DesktopKind::wayland:
+#ifdef NOOKLE_HAS_WAYLAND
+        return makeWaylandBackend();
+#endif
+    case DesktopKind::none:
+        break;
+    }
+    return std::make_unique<NullBackend>();
 }
 
 } // namespace nookle

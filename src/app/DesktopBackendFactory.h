@@ -1,18 +1,19 @@
 #pragma once
 
+#include "BackendChoice.h"
 #include "DesktopBackend.h"
-#include "Failure.h"
 
 #include <memory>
-#include <optional>
+#include <variant>
 
 namespace nookle {
 
-/// Selects the display server for the program. Call it before the application object is made, because that opens the
-/// toolkit's connection. Fails when no usable display server is found.
-[[nodiscard]] std::optional<Failure> selectDesktopBackend();
+/// Chooses the way to the display for the program, and has the toolkit take it. Call it before the application object
+/// is made, because that opens the toolkit's connection. Fails when no usable display server is found. The environment
+/// variable NOOKLE_BACKEND overrides the choice.
+[[nodiscard]] std::variant<BackendChoice, Failure> selectDesktopBackend();
 
-/// The backend for the display server that was selected. Call it once the application object exists.
-[[nodiscard]] std::unique_ptr<DesktopBackend> makeDesktopBackend();
+/// The backend for the display server that was chosen. Call it once the application object exists.
+[[nodiscard]] std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind);
 
 } // namespace nookle

@@ -46,11 +46,11 @@ void describeApplication()
     });
 }
 
-int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringList& uris)
+int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUrl& dataFolder, const QStringList& uris)
 {
     // Ends the program, because it cannot save its shelf any more.
     instance.onFolderLost = [] { QApplication::exit(EXIT_FAILURE); };
-    nookle::LinuxPlatform platform(dataHome(), nookle::makeDesktopBackend());
+    nookle::LinuxPlatform platform(dataHome(), nookle::makeDesktopBackend(desktop));
     nookle::AppDelegate delegate(platform.parts(), dataFolder, [&instance] { return instance.claimFolder(); });
     delegate.applicationDidFinishLaunching();
     if (!uris.isEmpty())
@@ -72,10 +72,12 @@ int run(nookle::SingleInstance& instance, const QUrl& dataFolder, const QStringL
 int main(int argc, char* argv[])
 {
     nookle::sendLogToStandardError();
-    if (const auto failure = nookle::selectDesktopBackend()) {
+    const auto selected = nookle::selectDesktopBackend();
+    if (const auto* failure = std::get_if<nookle::Failure>(&selected)) {
         nookle::logLine(failure->description);
         return EXIT_FAILURE;
     }
+    const auto& choice = std::get<nookle::BackendChoice>(selected);
     QApplication application(argc, argv);
     describeApplication();
 
@@ -98,5 +100,6 @@ int main(int argc, char* argv[])
     }
     // Not quit(), which asks every window first: the panel refuses to be closed.
     const nookle::TerminationSignals signals([] { QApplication::exit(); });
-    return run(instance, dataFolder, arguments.uris);
+    nookle::logLine(choice.description);
+    return run(instance, choice.kind, dataFolder, arguments.uris);
 }

@@ -30,8 +30,8 @@ public:
 
     [[nodiscard]] virtual Compositing& compositing() = 0;
     [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
-    /// The kind of tray that embeds windows of programs.
-    [[nodiscard]] virtual TrayHost& embeddingTray() = 0;
+    /// The kind of tray that embeds windows of programs; null when the display server knows none.
+    [[nodiscard]] virtual TrayHost* embeddingTray() = 0;
 
     /// Makes a payload that reads the drag over a window of this program, or the one that was just dropped there.
     /// `data` is the toolkit's object for that drag, and must outlive the payload.

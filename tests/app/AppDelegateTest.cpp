@@ -320,6 +320,7 @@ void AppDelegateTest::aDragAtTheEdgeShowsTheShelf()
     QFETCH(const bool, isWanted);
     m_app->defaults.stored.insert(QStringLiteral("autoExpandOnDrag"), isWanted);
     m_app->start();
+    QCOMPARE(m_app->desktop.input.isWatched(), isWanted);
     m_app->desktop.mouse.leftButtonDown = true;
     m_app->desktop.input.press();
     ++m_app->desktop.input.changeCount;

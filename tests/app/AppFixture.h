@@ -186,7 +186,7 @@ public:
     [[nodiscard]] InputMonitor& inputMonitor() override { return input; }
     [[nodiscard]] Compositing& compositing() override { return drawing; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return shortcuts; }
-    [[nodiscard]] TrayHost& embeddingTray() override { return tray; }
+    [[nodiscard]] TrayHost* embeddingTray() override { return &tray; }
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& /*data*/) override { return nullptr; }
     void offerDrag(std::shared_ptr<const DragPayload> /*payload*/) override {}
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& /*window*/, double /*cornerRadius*/) override

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void theBetterTrayIsTakenWhenItComesInTime();
     void anEmbeddingTrayThatIsGoneAgainIsNotTaken();
     void aTrayIsFoundOnlyOnce();
+    void aDisplayServerWithoutEmbeddingTraysWaitsForTheOther();
     void aDesktopWithoutATrayIsSaidInOneLogLine();
 
 private:
@@ -38,7 +39,7 @@ void TrayFinderTest::init()
     m_notifier.setPresent(false);
     m_embedding.setPresent(false);
     m_found = 0;
-    m_finder = std::make_unique<TrayFinder>(m_notifier, m_embedding, *m_queue);
+    m_finder = std::make_unique<TrayFinder>(m_notifier, &m_embedding, *m_queue);
     m_finder->onFound = [this] { ++m_found; };
 }
 
@@ -113,6 +114,20 @@ void TrayFinderTest::aTrayIsFoundOnlyOnce()
     m_notifier.setPresent(true);
     m_queue->advance(10);
     QCOMPARE(m_found, 1);
+}
+
+void TrayFinderTest::aDisplayServerWithoutEmbeddingTraysWaitsForTheOther()
+{
+    const CapturedLog log;
+    TrayFinder finder(m_notifier, nullptr, *m_queue);
+    int found = 0;
+    finder.onFound = [&found] { ++found; };
+    finder.start();
+    m_queue->advance(10);
+    QCOMPARE(found, 0);
+    QCOMPARE(log.lines().size(), 1);
+    m_notifier.setPresent(true);
+    QCOMPARE(found, 1);
 }
 
 void TrayFinderTest::aDesktopWithoutATrayIsSaidInOneLogLine()

@@ -9,7 +9,7 @@
 
 namespace nookle {
 
-StatusItem::StatusItem(StatusMenu& menu, TrayHost& notifier, TrayHost& embedding, MainQueue& queue)
+StatusItem::StatusItem(StatusMenu& menu, TrayHost& notifier, TrayHost* embedding, MainQueue& queue)
     : m_menu(menu)
     , m_trayFinder(notifier, embedding, queue)
 {

@@ -19,8 +19,8 @@ class StatusItem final : public QObject {
     Q_OBJECT
 
 public:
-    /// All arguments must outlive this object.
-    StatusItem(StatusMenu& menu, TrayHost& notifier, TrayHost& embedding, MainQueue& queue);
+    /// All arguments must outlive this object. `embedding` is null on display servers without that kind of tray.
+    StatusItem(StatusMenu& menu, TrayHost& notifier, TrayHost* embedding, MainQueue& queue);
     ~StatusItem() override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -14,7 +14,7 @@ inline constexpr double graceTime = 5;
 
 } // namespace
 
-TrayFinder::TrayFinder(TrayHost& notifier, TrayHost& embedding, MainQueue& queue)
+TrayFinder::TrayFinder(TrayHost& notifier, TrayHost* embedding, MainQueue& queue)
     : m_notifier(notifier)
     , m_embedding(embedding)
     , m_queue(queue)
@@ -24,15 +24,22 @@ TrayFinder::TrayFinder(TrayHost& notifier, TrayHost& embedding, MainQueue& queue
 TrayFinder::~TrayFinder()
 {
     m_notifier.onChanged = [] {};
-    m_embedding.onChanged = [] {};
+    if (m_embedding)
+        m_embedding->onChanged = [] {};
 }
 
 void TrayFinder::start()
 {
     m_notifier.onChanged = [this] { look(); };
-    m_embedding.onChanged = [this] { look(); };
+    if (m_embedding)
+        m_embedding->onChanged = [this] { look(); };
     waitForBetter();
     look();
+}
+
+bool TrayFinder::hasEmbeddingTray() const
+{
+    return m_embedding && m_embedding->isPresent();
 }
 
 void TrayFinder::look()
@@ -43,7 +50,7 @@ void TrayFinder::look()
         found();
         return;
     }
-    if (m_embedding.isPresent() && !m_grace)
+    if (hasEmbeddingTray() && !m_grace)
         waitForBetter();
 }
 
@@ -55,7 +62,7 @@ void TrayFinder::waitForBetter()
 void TrayFinder::settle()
 {
     m_grace.reset();
-    if (m_embedding.isPresent()) {
+    if (hasEmbeddingTray()) {
         found();
         return;
     }

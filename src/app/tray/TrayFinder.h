@@ -14,9 +14,9 @@ class TrayHost;
 /// follows the theme. After that an embedding tray is accepted too. Main thread only.
 class TrayFinder final {
 public:
-    /// `notifier` draws icons and menus itself; `embedding` shows a window of the program. Both must outlive this
-    /// object.
-    TrayFinder(TrayHost& notifier, TrayHost& embedding, MainQueue& queue);
+    /// `notifier` draws icons and menus itself; `embedding` shows a window of the program, and is null on display servers
+    /// that cannot do that. All must outlive this object.
+    TrayFinder(TrayHost& notifier, TrayHost* embedding, MainQueue& queue);
     ~TrayFinder();
     TrayFinder(const TrayFinder&) = delete;
     TrayFinder& operator=(const TrayFinder&) = delete;
@@ -28,13 +28,14 @@ public:
     std::function<void()> onFound = [] {};
 
 private:
+    [[nodiscard]] bool hasEmbeddingTray() const;
     void look();
     void waitForBetter();
     void settle();
     void found();
 
     TrayHost& m_notifier;
-    TrayHost& m_embedding;
+    TrayHost* m_embedding;
     MainQueue& m_queue;
     std::unique_ptr<Cancellable> m_grace;
     bool m_hasSaidNone = false;

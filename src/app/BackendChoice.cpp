@@ -1,0 +1,72 @@
+#include "BackendChoice.h"
+
+namespace nookle {
+
+namespace {
+
+[[nodiscard]] QString reasonAgainstWayland(const SessionFacts& facts)
+{
+    return facts.hasWaylandBackend ? QStringLiteral("the compositor offers no layer shell")
+                                   : QStringLiteral("this build has no Wayland backend");
+}
+
+[[nodiscard]] bool canUseWayland(const SessionFacts& facts)
+{
+    return facts.isWaylandSession && facts.hasWaylandBackend && facts.hasLayerShell();
+}
+
+[[nodiscard]] std::variant<BackendChoice, Failure> chooseX11(const SessionFacts& facts, const QString& reason)
+{
+    if (!facts.hasXServer())
+        return Failure{ QStringLiteral("no X11 display can be opened (DISPLAY is \"%1\")").arg(facts.xDisplay) };
+    if (!facts.isWaylandSession)
+        return BackendChoice{ DesktopKind::x11, QStringLiteral("the display: X11") };
+    return BackendChoice{ DesktopKind::xwayland, QStringLiteral("the display: X11 through XWayland (%1)").arg(reason) };
+}
+
+[[nodiscard]] BackendChoice chooseWayland(const SessionFacts& facts)
+{
+    if (canUseWayland(facts))
+        return { DesktopKind::wayland, QStringLiteral("the display: Wayland") };
+    return {
+        DesktopKind::none,
+        QStringLiteral("the display: Wayland, on which no panel can be shown (%1)").arg(reasonAgainstWayland(facts))
+    };
+}
+
+[[nodiscard]] std::variant<BackendChoice, Failure> chooseFor(const SessionFacts& facts)
+{
+    if (!facts.isWaylandSession)
+        return chooseX11(facts, {});
+    if (canUseWayland(facts) || !facts.hasXServer())
+        return chooseWayland(facts);
+    return chooseX11(facts, reasonAgainstWayland(facts));
+}
+
+} // namespace
+
+QByteArray BackendChoice::toolkitPlatform() const
+{
+    return kind == DesktopKind::x11 || kind == DesktopKind::xwayland ? QByteArrayLiteral("xcb")
+                                                                     : QByteArrayLiteral("wayland");
+}
+
+std::variant<BackendChoice, Failure> chooseBackend(const SessionFacts& facts)
+{
+    if (facts.wanted.isEmpty())
+        return chooseFor(facts);
+    if (facts.wanted == QStringLiteral("x11"))
+        return chooseX11(facts, QStringLiteral("as NOOKLE_BACKEND says"));
+    const bool wantsWayland = facts.wanted == QStringLiteral("wayland");
+    if (!wantsWayland && facts.wanted != QStringLiteral("xwayland"))
+        return Failure{
+            QStringLiteral("NOOKLE_BACKEND is \"%1\"; it can be x11, wayland or xwayland").arg(facts.wanted)
+        };
+    if (!facts.isWaylandSession)
+        return Failure{ QStringLiteral("NOOKLE_BACKEND is \"%1\", but this is no Wayland session").arg(facts.wanted) };
+    if (wantsWayland)
+        return chooseWayland(facts);
+    return chooseX11(facts, QStringLiteral("as NOOKLE_BACKEND says"));
+}
+
+} // namespace nookle

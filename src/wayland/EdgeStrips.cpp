@@ -1,0 +1,93 @@
+#include "EdgeStrips.h"
+
+#include "WaylandInputMonitor.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <iterator>
+#include <utility>
+
+namespace nookle {
+
+EdgeStrips::EdgeStrips(WaylandInputMonitor& input, WaylandPointer& pointer, ForeignDrags* drags)
+    : m_input(input)
+    , m_pointer(pointer)
+    , m_drags(drags)
+{
+    m_input.onWatchedChanged = [this] { update(); };
+    if (m_drags)
+        m_drags->onChanged = [this] { update(); };
+}
+
+EdgeStrips::~EdgeStrips()
+{
+    m_input.onWatchedChanged = nullptr;
+    if (m_drags)
+        m_drags->onChanged = nullptr;
+}
+
+void EdgeStrips::displaysChanged()
+{
+    removeStrips();
+    update();
+}
+
+std::optional<EdgeStrip::Level> EdgeStrips::wanted() const
+{
+    if (!m_input.isWatched() || (m_isToldOfDrags && !m_drags->isUnderWay()))
+        return std::nullopt;
+    return m_isToldOfDrags ? EdgeStrip::Level::aboveAll : EdgeStrip::Level::belowFullScreen;
+}
+
+// What tells of drags may come and go, too.
+void EdgeStrips::update()
+{
+    m_isToldOfDrags = m_drags && m_drags->watch();
+    const auto level = wanted();
+    if (level == m_level)
+        return;
+    removeStrips();
+    if (level)
+        makeStrips(*level);
+}
+
+// This may be the work of one of the strips, which must not be destroyed within its own event.
+void EdgeStrips::removeStrips()
+{
+    m_level.reset();
+    std::move(m_strips.begin(), m_strips.end(), std::back_inserter(m_ended));
+    m_strips.clear();
+    QMetaObject::invokeMethod(
+        &m_context, [this] { m_ended.clear(); }, Qt::QueuedConnection);
+}
+
+void EdgeStrips::makeStrips(EdgeStrip::Level level)
+{
+    m_level = level;
+    for (QScreen* screen : QGuiApplication::screens()) {
+        // The toolkit has a screen of no size while there is no display.
+        if (screen->geometry().isEmpty())
+            continue;
+        auto strip = std::make_unique<EdgeStrip>(*screen, level, m_pointer);
+        strip->onDragEntered = [this] { m_input.dragHasReachedEdge(); };
+        strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) {
+            if (onDragEvent)
+                onDragEvent(event, position);
+        };
+        strip->onPointerCame = [this] { pointerCame(); };
+        m_strips.push_back(std::move(strip));
+    }
+}
+
+// No compositor lets the pointer come over a window while a drag is under way. And where nothing told of drags so far,
+// something may do so by now.
+void EdgeStrips::pointerCame()
+{
+    if (!m_drags)
+        return;
+    m_drags->end();
+    update();
+}
+
+} // namespace nookle

@@ -1,0 +1,177 @@
+#include "LayerPanelWindow.h"
+
+#include "Displays.h"
+#include "ScreenDisplays.h"
+#include "WaylandPointer.h"
+
+#include <LayerShellQt/Window>
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QEnterEvent>
+#include <QMouseEvent>
+#include <QResizeEvent>
+#include <QScreen>
+#include <QWindow>
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace nookle {
+
+namespace {
+
+using Layer = LayerShellQt::Window;
+
+/// Sends the same event to another window, with another position. Returns whether it was accepted there.
+void forward(QDropEvent& event, QWindow& window, const QPointF& position)
+{
+    const auto send = [&](QDropEvent&& copy) {
+        copy.setDropAction(event.dropAction());
+        QCoreApplication::sendEvent(&window, &copy);
+        event.setAccepted(copy.isAccepted());
+        if (copy.isAccepted())
+            event.setDropAction(copy.dropAction());
+    };
+    const QPoint point = position.toPoint();
+    switch (event.type()) {
+    case QEvent::DragEnter:
+        send(QDragEnterEvent(point, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
+        break;
+    case QEvent::DragMove:
+        send(QDragMoveEvent(point, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
+        break;
+    default:
+        send(QDropEvent(position, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
+        break;
+    }
+}
+
+} // namespace
+
+LayerPanelWindow::LayerPanelWindow(QWindow& window, WaylandPointer& pointer)
+    : m_window(window)
+    , m_pointer(pointer)
+    , m_popups(window)
+    , m_animation([this](const QRectF& frame) { place(frame); })
+{
+    m_window.installEventFilter(this);
+    auto* layer = Layer::get(&m_window);
+    layer->setScope(QStringLiteral("nookle"));
+    layer->setLayer(Layer::LayerOverlay);
+    layer->setAnchors(Layer::Anchors(Layer::AnchorRight) | Layer::AnchorTop | Layer::AnchorBottom);
+    layer->setExclusiveZone(0);
+    layer->setKeyboardInteractivity(Layer::KeyboardInteractivityNone);
+}
+
+LayerPanelWindow::~LayerPanelWindow() = default;
+
+void LayerPanelWindow::setFrame(const QRectF& frame)
+{
+    m_animation.stop();
+    findDisplay(frame);
+    place(frame);
+    if (m_window.isVisible())
+        orderFront();
+}
+
+// The panel's own display covers the point just left of its frame, both at the start of the slide and at rest.
+void LayerPanelWindow::findDisplay(const QRectF& frame)
+{
+    std::vector<QRectF> frames;
+    for (const QScreen* screen : m_window.screen()->virtualSiblings())
+        frames.emplace_back(screen->geometry());
+    m_display = frameAt(frames, QPointF(frame.left() - 1, frame.center().y())).value_or(frame);
+}
+
+void LayerPanelWindow::place(const QRectF& frame)
+{
+    m_frame = frame;
+    m_resting = frame.translated(m_display.right() - frame.right(), 0);
+    if (onContentMoved)
+        onContentMoved(std::max(0.0, frame.left() - m_resting.left()));
+}
+
+void LayerPanelWindow::orderFront()
+{
+    QScreen* screen = ScreenDisplays::screenOf(m_display);
+    if (!screen)
+        return;
+    if (m_window.isVisible() && m_window.screen() != screen)
+        m_window.setVisible(false);
+    const QRect resting = m_resting.toRect();
+    auto* layer = Layer::get(&m_window);
+    layer->setMargins(
+        { 0, resting.top() - screen->geometry().top(), 0, screen->geometry().bottom() - resting.bottom() });
+    m_window.setScreen(screen);
+    m_window.setGeometry(resting);
+    // The toolkit shows a window with the size that its widget still has, and tells the widget only once it is shown.
+    QResizeEvent resized(resting.size(), m_window.size());
+    QCoreApplication::sendEvent(&m_window, &resized);
+    m_window.setVisible(true);
+}
+
+void LayerPanelWindow::orderOut()
+{
+    m_animation.stop();
+    m_window.setVisible(false);
+    m_pointer.leave();
+}
+
+void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing,
+                                    std::function<void()> completion)
+{
+    findDisplay(frame);
+    m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
+}
+
+void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& position)
+{
+    if (!m_window.isVisible()) {
+        event.ignore();
+        return;
+    }
+    const QPointF inPanel = position - m_resting.topLeft();
+    forward(
+        event, m_window,
+        { std::clamp(inPanel.x(), 0.0, m_resting.width() - 1), std::clamp(inPanel.y(), 0.0, m_resting.height() - 1) });
+}
+
+// No compositor tells where a window is, so the toolkit's own coordinates begin at the window.
+QPointF LayerPanelWindow::onDesktop(const QPointF& position) const
+{
+    return m_resting.topLeft() + position;
+}
+
+bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+        m_pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
+        if (onMouseEntered)
+            onMouseEntered();
+        break;
+    case QEvent::MouseMove:
+        m_pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
+        break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+        m_pointer.drag(onDesktop(static_cast<QDropEvent*>(event)->position()));
+        break;
+    case QEvent::Leave:
+        m_pointer.leave();
+        if (onMouseExited)
+            onMouseExited();
+        break;
+    case QEvent::DragLeave:
+    case QEvent::Drop:
+        m_pointer.leave();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace nookle

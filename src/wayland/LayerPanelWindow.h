@@ -1,0 +1,55 @@
+#pragma once
+
+#include "FrameAnimation.h"
+#include "PanelWindow.h"
+#include "PopupPlacement.h"
+
+#include <QObject>
+
+class QDropEvent;
+class QWindow;
+
+namespace nookle {
+
+class WaylandPointer;
+
+/// The shelf's window as a layer surface at the right edge of a display. The compositor keeps it clear of the desktop's
+/// own panels. The window does not move: its content slides within it, because a surface that reaches beyond its
+/// display would be seen on the next one. Main thread only.
+class LayerPanelWindow final : public QObject, public PanelWindow {
+    Q_OBJECT
+
+public:
+    /// All arguments must outlive this object. `window` has been created but not shown.
+    LayerPanelWindow(QWindow& window, WaylandPointer& pointer);
+    ~LayerPanelWindow() override;
+
+    void setFrame(const QRectF& frame) override;
+    [[nodiscard]] QRectF frame() const override { return m_frame; }
+    void orderFront() override;
+    void orderOut() override;
+    void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
+
+    /// Handles an event of a drag that is at `position` of the desktop, over another window of this program. A drag
+    /// that reaches the edge is taken even if its pointer does not move on to the panel.
+    void handleDragElsewhere(QDropEvent& event, const QPointF& position);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void place(const QRectF& frame);
+    void findDisplay(const QRectF& frame);
+    [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
+
+    QWindow& m_window;
+    WaylandPointer& m_pointer;
+    PopupPlacement m_popups;
+    FrameAnimation m_animation;
+    QRectF m_frame;
+    /// Where the window is: the frame's place once it has slid in.
+    QRectF m_resting;
+    /// The full frame of the display that the panel belongs to.
+    QRectF m_display;
+};
+
+} // namespace nookle

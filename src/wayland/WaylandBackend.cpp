@@ -1,0 +1,91 @@
+#include "WaylandBackend.h"
+
+#include "EdgeStrips.h"
+#include "LayerPanelWindow.h"
+#include "ScreenDisplays.h"
+#include "WaylandDropPayload.h"
+#include "WaylandGlobals.h"
+#include "WaylandInputMonitor.h"
+#include "WaylandPointer.h"
+
+#include <QDropEvent>
+#include <QPointer>
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// The compositor applies its panels to the window itself, so the whole display is usable.
+class WaylandDisplays final : public ScreenDisplays {
+public:
+    [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override { return frame; }
+};
+
+/// Every compositor shows what lies below transparent parts of a window.
+class WaylandCompositing final : public Compositing {
+public:
+    [[nodiscard]] Backdrop backdrop() const override { return Backdrop::translucent; }
+};
+
+} // namespace
+
+bool WaylandBackend::isLayerShellOffered()
+{
+    return waylandInterfaces().contains("zwlr_layer_shell_v1");
+}
+
+WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::unique_ptr<ForeignDrags> drags)
+    : m_shortcuts(std::move(shortcuts))
+    , m_drags(std::move(drags))
+    , m_displays(std::make_unique<WaylandDisplays>())
+    , m_pointer(std::make_unique<WaylandPointer>())
+    , m_inputMonitor(std::make_unique<WaylandInputMonitor>())
+    , m_compositing(std::make_unique<WaylandCompositing>())
+    , m_strips(std::make_unique<EdgeStrips>(*m_inputMonitor, *m_pointer, m_drags.get()))
+{
+    m_displays->onChanged = [this] {
+        m_strips->displaysChanged();
+        if (onDisplaysChanged)
+            onDisplaysChanged();
+    };
+}
+
+WaylandBackend::~WaylandBackend() = default;
+
+const Displays& WaylandBackend::displays() const
+{
+    return *m_displays;
+}
+
+const Pointer& WaylandBackend::pointer() const
+{
+    return *m_pointer;
+}
+
+InputMonitor& WaylandBackend::inputMonitor()
+{
+    return *m_inputMonitor;
+}
+
+std::unique_ptr<DropPayload> WaylandBackend::dropPayload(const QMimeData& data)
+{
+    return std::make_unique<WaylandDropPayload>(data);
+}
+
+void WaylandBackend::offerDrag(std::shared_ptr<const DragPayload> /*payload*/) {}
+
+std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, double /*cornerRadius*/)
+{
+    auto panel = std::make_unique<LayerPanelWindow>(window, *m_pointer);
+    m_strips->onDragEvent = [panel = QPointer(panel.get())](QDropEvent& event, const QPointF& position) {
+        if (panel)
+            panel->handleDragElsewhere(event, position);
+        else
+            event.ignore();
+    };
+    return panel;
+}
+
+} // namespace nookle

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "DesktopBackend.h"
+
+#include <memory>
+
+namespace nookle {
+
+class EdgeStrips;
+class ForeignDrags;
+class LayerPanelWindow;
+class ScreenDisplays;
+class WaylandInputMonitor;
+class WaylandPointer;
+
+/// The desktop backend for Wayland compositors with a layer shell.
+class WaylandBackend final : public DesktopBackend {
+public:
+    /// Whether the session's compositor can be reached and offers a layer shell.
+    [[nodiscard]] static bool isLayerShellOffered();
+
+    /// The application object must exist and run on Wayland. `drags` tells when a drag begins; null where nothing does.
+    WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::unique_ptr<ForeignDrags> drags);
+    ~WaylandBackend() override;
+
+    [[nodiscard]] const Displays& displays() const override;
+    [[nodiscard]] const Pointer& pointer() const override;
+    [[nodiscard]] InputMonitor& inputMonitor() override;
+    [[nodiscard]] Compositing& compositing() override { return *m_compositing; }
+    [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_shortcuts; }
+    [[nodiscard]] TrayHost* embeddingTray() override { return nullptr; }
+    [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
+    /// Nothing to do: the toolkit's own answers are all that a compositor asks for.
+    void offerDrag(std::shared_ptr<const DragPayload> payload) override;
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
+
+private:
+    std::unique_ptr<GlobalShortcuts> m_shortcuts;
+    std::unique_ptr<ForeignDrags> m_drags;
+    std::unique_ptr<ScreenDisplays> m_displays;
+    std::unique_ptr<WaylandPointer> m_pointer;
+    std::unique_ptr<WaylandInputMonitor> m_inputMonitor;
+    std::unique_ptr<Compositing> m_compositing;
+    std::unique_ptr<EdgeStrips> m_strips;
+};
+
+} // namespace nookle
