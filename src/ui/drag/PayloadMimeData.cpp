@@ -1,8 +1,25 @@
 #include "PayloadMimeData.h"
 
+#include "UriList.h"
+
+#include <QUrl>
+#include <QVariant>
+
 #include <utility>
 
 namespace nookle {
+
+namespace {
+
+[[nodiscard]] QVariantList addressList(const QByteArray& list)
+{
+    QVariantList addresses;
+    for (const QString& address : uriListAddresses(list))
+        addresses.append(QUrl::fromEncoded(address.toLatin1()));
+    return addresses;
+}
+
+} // namespace
 
 PayloadMimeData::PayloadMimeData(std::shared_ptr<const DragPayload> payload)
     : m_payload(std::move(payload))
@@ -19,10 +36,15 @@ bool PayloadMimeData::hasFormat(const QString& format) const
     return formats().contains(format);
 }
 
-QVariant PayloadMimeData::retrieveData(const QString& format, QMetaType /*preferredType*/) const
+// On Wayland the toolkit asks for addresses and texts in its own types, and hands over what it makes of those.
+QVariant PayloadMimeData::retrieveData(const QString& format, QMetaType preferredType) const
 {
     const auto bytes = m_payload->data(format);
-    return bytes ? QVariant(*bytes) : QVariant();
+    if (!bytes)
+        return {};
+    if (preferredType.id() == QMetaType::QVariantList)
+        return addressList(*bytes);
+    return *bytes;
 }
 
 } // namespace nookle

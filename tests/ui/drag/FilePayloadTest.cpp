@@ -2,6 +2,7 @@
 
 #include "FakeFileTransfers.h"
 #include "FileUrl.h"
+#include "PayloadMimeData.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -16,6 +17,7 @@ private Q_SLOTS:
     void init();
 
     void aFileOffersItsAddress();
+    void theToolkitSeesTheSameAddress();
     void aFileIsOfferedToSandboxesWhereThereIsAService();
     void aKeyGrantsNothingBeforeSomebodyAsksForIt();
     void eachReceiverGetsAKeyOfItsOwn();
@@ -52,6 +54,18 @@ void FilePayloadTest::aFileOffersItsAddress()
     const QByteArray utf16 = *payload.data(QStringLiteral("text/x-moz-url"));
     QCOMPARE(QString(reinterpret_cast<const QChar*>(utf16.constData()), utf16.size() / 2),
              QString(QString::fromLatin1(address) + QStringLiteral("\na b.txt")));
+}
+
+// On Wayland the toolkit hands over what it makes of its own list of addresses.
+void FilePayloadTest::theToolkitSeesTheSameAddress()
+{
+    QFile file(m_folder.filePath(QStringLiteral("100% #1 ?.txt")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QUrl url = fileUrl(file.fileName().toUtf8());
+    const PayloadMimeData data(std::make_shared<DragPayload>(filePayload(url, m_transfers)));
+    QCOMPARE(data.urls(), QList<QUrl>{ url });
+    QCOMPARE(data.urls().first().toEncoded(), url.toEncoded());
+    QCOMPARE(data.text(), QString::fromLatin1(url.toEncoded()));
 }
 
 void FilePayloadTest::aFileIsOfferedToSandboxesWhereThereIsAService()
