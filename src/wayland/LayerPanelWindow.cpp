@@ -9,6 +9,7 @@
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QEnterEvent>
+#include <QExposeEvent>
 #include <QMouseEvent>
 #include <QResizeEvent>
 #include <QScreen>
@@ -57,6 +58,10 @@ LayerPanelWindow::LayerPanelWindow(QWindow& window, WaylandPointer& pointer)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
+    m_popups.onMenuClosed = [this] {
+        if (!m_isPointerInside)
+            takeKeyboard(false);
+    };
     auto* layer = Layer::get(&m_window);
     layer->setScope(QStringLiteral("nookle"));
     layer->setLayer(Layer::LayerOverlay);
@@ -116,7 +121,30 @@ void LayerPanelWindow::orderOut()
 {
     m_animation.stop();
     m_window.setVisible(false);
+    m_isPointerInside = false;
+    takeKeyboard(false);
     m_pointer.leave();
+}
+
+// Some compositors give the keys to a surface that asks for them on demand only with the next click.
+void LayerPanelWindow::takeKeyboard(bool takes)
+{
+    auto* layer = Layer::get(&m_window);
+    const auto wanted = takes ? Layer::KeyboardInteractivityExclusive : Layer::KeyboardInteractivityNone;
+    if (layer->keyboardInteractivity() == wanted)
+        return;
+    layer->setKeyboardInteractivity(wanted);
+    commit();
+}
+
+// The compositor hears of the change with the window's next picture, and it must hear of it before a menu opens. The
+// toolkit hands a picture over at once when a part of the window was uncovered.
+void LayerPanelWindow::commit()
+{
+    if (!m_window.isExposed())
+        return;
+    QExposeEvent uncovered(QRect(0, 0, 1, 1));
+    QCoreApplication::sendEvent(&m_window, &uncovered);
 }
 
 void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing,
@@ -147,7 +175,11 @@ QPointF LayerPanelWindow::onDesktop(const QPointF& position) const
 bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::MouseButtonPress:
+        takeKeyboard(true);
+        break;
     case QEvent::Enter:
+        m_isPointerInside = true;
         m_pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
         if (onMouseEntered)
             onMouseEntered();
@@ -160,6 +192,9 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         m_pointer.drag(onDesktop(static_cast<QDropEvent*>(event)->position()));
         break;
     case QEvent::Leave:
+        m_isPointerInside = false;
+        if (!m_popups.isMenuOpen())
+            takeKeyboard(false);
         m_pointer.leave();
         if (onMouseExited)
             onMouseExited();

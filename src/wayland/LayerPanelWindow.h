@@ -15,7 +15,8 @@ class WaylandPointer;
 
 /// The shelf's window as a layer surface at the right edge of a display. The compositor keeps it clear of the desktop's
 /// own panels. The window does not move: its content slides within it, because a surface that reaches beyond its
-/// display would be seen on the next one. Main thread only.
+/// display would be seen on the next one. It takes the keyboard after a click, until the pointer has left it and its
+/// menu. Main thread only.
 class LayerPanelWindow final : public QObject, public PanelWindow {
     Q_OBJECT
 
@@ -39,6 +40,9 @@ public:
 private:
     void place(const QRectF& frame);
     void findDisplay(const QRectF& frame);
+    /// Has the compositor send the keys here (true), or to the window that had them before.
+    void takeKeyboard(bool takes);
+    void commit();
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
     QWindow& m_window;
@@ -46,6 +50,7 @@ private:
     PopupPlacement m_popups;
     FrameAnimation m_animation;
     QRectF m_frame;
+    bool m_isPointerInside = false;
     /// Where the window is: the frame's place once it has slid in.
     QRectF m_resting;
     /// The full frame of the display that the panel belongs to.

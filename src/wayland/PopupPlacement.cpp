@@ -2,7 +2,6 @@
 
 #include <QEvent>
 #include <QGuiApplication>
-#include <QWindow>
 
 namespace nookle {
 
@@ -15,6 +14,11 @@ PopupPlacement::PopupPlacement(QWindow& panel)
 // A window that is about to be shown hears of it first, when its place can still be chosen.
 bool PopupPlacement::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Hide && watched == m_menu) {
+        m_menu = nullptr;
+        if (onMenuClosed)
+            onMenuClosed();
+    }
     if (event->type() == QEvent::Show && watched->isWindowType()) {
         auto& window = static_cast<QWindow&>(*watched);
         const bool isPopup = window.type() == Qt::Popup || window.type() == Qt::ToolTip;
@@ -27,6 +31,8 @@ bool PopupPlacement::eventFilter(QObject* watched, QEvent* event)
 void PopupPlacement::place(QWindow& popup)
 {
     popup.setTransientParent(&m_panel);
+    if (popup.type() == Qt::Popup)
+        m_menu = &popup;
     const QPoint inPanel = popup.position() - m_panel.position();
     // The toolkit's names for the place of a popup.
     popup.setProperty("_q_waylandPopupAnchorRect", QRect(inPanel, QSize(1, 1)));

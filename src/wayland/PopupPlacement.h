@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
+#include <QWindow>
 
-class QWindow;
+#include <functional>
 
 namespace nookle {
 
@@ -15,12 +17,19 @@ public:
     /// `panel` must outlive this object.
     explicit PopupPlacement(QWindow& panel);
 
+    /// Whether a menu of the panel is open.
+    [[nodiscard]] bool isMenuOpen() const { return m_menu && m_menu->isVisible(); }
+
+    /// Called when a menu of the panel has closed. Set by the owner.
+    std::function<void()> onMenuClosed;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void place(QWindow& popup);
 
     QWindow& m_panel;
+    QPointer<QWindow> m_menu;
 };
 
 } // namespace nookle
