@@ -1,6 +1,7 @@
 #include "PanelContentView.h"
 
 #include <QCloseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QResizeEvent>
 #include <QWindow>
@@ -74,9 +75,14 @@ void PanelContentView::endSliding()
         m_content->setUpdatesEnabled(true);
 }
 
-void PanelContentView::paintEvent(QPaintEvent* /*event*/)
+// On Wayland the toolkit does not clear a new buffer that it has copied the last picture to, and the panel's colour is
+// partly transparent.
+void PanelContentView::paintEvent(QPaintEvent* event)
 {
     QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(event->rect(), Qt::transparent);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (!m_picture.isNull())
         painter.drawPixmap(QPointF(m_offset, 0), m_picture);
 }

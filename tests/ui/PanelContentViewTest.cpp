@@ -56,7 +56,8 @@ void PanelContentViewTest::init()
 QColor PanelContentViewTest::colorAt(int x) const
 {
     QImage picture(m_view->size(), QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
+    // What the last frame has left.
+    picture.fill(Qt::green);
     m_view->render(&picture, {}, {}, QWidget::DrawChildren);
     return picture.pixelColor(x, 150);
 }
