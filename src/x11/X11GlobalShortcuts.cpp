@@ -3,6 +3,9 @@
 #include "Log.h"
 #include "XcbReply.h"
 
+#include <QKeySequence>
+#include <QStringList>
+
 #include <algorithm>
 #include <iterator>
 #include <utility>
@@ -25,6 +28,8 @@ struct KnownKey {
 
 constexpr KnownKey knownKeys[] = { { Qt::Key_D, 'd', 40 } };
 
+constexpr std::uint32_t firstNumber = 1;
+
 } // namespace
 
 X11GlobalShortcuts::X11GlobalShortcuts()
@@ -45,20 +50,22 @@ X11GlobalShortcuts::~X11GlobalShortcuts() = default;
 std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombination keys, const QString& /*description*/,
                                                                   std::function<void()> pressed)
 {
-    Grab wanted{ keys, std::make_shared<const std::function<void()>>(std::move(pressed)), {}, {}, false };
+    Grab wanted{ keys, std::make_shared<const std::function<void()>>(std::move(pressed)), {}, {}, false, false };
     if (m_connection) {
         wanted.keys = keysOf(keys.key());
         wanted.states = statesOf(keys.keyboardModifiers());
     }
-    const bool isGrabbed = m_connection && grab(wanted);
+    wanted.isOwn = m_connection && grab(wanted);
     // Key events that arrived during the requests are in the connection's queue, and its socket does not signal them
     // again.
     QMetaObject::invokeMethod(this, &X11GlobalShortcuts::readEvents, Qt::QueuedConnection);
-    if (!isGrabbed) {
-        logLine(QStringLiteral("the keyboard shortcut is not available: another program may hold it"));
+    const std::uint32_t number = ++m_lastNumber;
+    if (!wanted.isOwn) {
+        logLine(QStringLiteral("another program may hold the shortcut %1").arg(names(keys)));
+        if (number == firstNumber)
+            m_firstRefusal = refusal(keys);
         return nullptr;
     }
-    const std::uint32_t number = ++m_lastNumber;
     m_grabs.insert_or_assign(number, std::move(wanted));
     return std::make_unique<Cancellable>(m_lifetime.guarded([this, number] { unregister(number); }));
 }
@@ -69,6 +76,47 @@ void X11GlobalShortcuts::unregister(std::uint32_t number)
         ungrab(found->second);
         m_grabs.erase(found);
     }
+}
+
+const X11GlobalShortcuts::Grab* X11GlobalShortcuts::firstGrab() const
+{
+    const auto first = m_grabs.find(firstNumber);
+    return first == m_grabs.end() ? nullptr : &first->second;
+}
+
+QString X11GlobalShortcuts::boundKeys() const
+{
+    const Grab* first = firstGrab();
+    return first && first->isOwn ? names(first->combination) : QString();
+}
+
+QString X11GlobalShortcuts::obstacle() const
+{
+    const Grab* first = firstGrab();
+    if (!first)
+        return m_firstRefusal;
+    return first->isOwn ? QString() : refusal(first->combination);
+}
+
+QString X11GlobalShortcuts::names(QKeyCombination keys) const
+{
+    const Qt::KeyboardModifiers held = keys.keyboardModifiers();
+    QStringList names;
+    if (held.testFlag(Qt::ControlModifier))
+        names.append(tr("Ctrl"));
+    if (held.testFlag(Qt::AltModifier))
+        names.append(tr("Alt"));
+    if (held.testFlag(Qt::ShiftModifier))
+        names.append(tr("Shift"));
+    if (held.testFlag(Qt::MetaModifier))
+        names.append(tr("Super"));
+    names.append(QKeySequence(keys.key()).toString(QKeySequence::NativeText));
+    return names.join(QLatin1Char('+'));
+}
+
+QString X11GlobalShortcuts::refusal(QKeyCombination keys) const
+{
+    return tr("Another program may hold %1.").arg(names(keys));
 }
 
 std::vector<xcb_keycode_t> X11GlobalShortcuts::keysOf(Qt::Key key) const
@@ -223,6 +271,7 @@ void X11GlobalShortcuts::keyboardChanged(xcb_mapping_notify_event_t event)
     if (event.request == XCB_MAPPING_POINTER)
         return;
     xcb_refresh_keyboard_mapping(m_symbols.get(), &event);
+    bool isChanged = false;
     for (auto& [number, each] : m_grabs) {
         auto keys = keysOf(each.combination.key());
         auto states = statesOf(each.combination.keyboardModifiers());
@@ -231,8 +280,11 @@ void X11GlobalShortcuts::keyboardChanged(xcb_mapping_notify_event_t event)
         ungrab(each);
         each.keys = std::move(keys);
         each.states = std::move(states);
-        static_cast<void>(grab(each));
+        const bool wasOwn = std::exchange(each.isOwn, grab(each));
+        isChanged = isChanged || wasOwn != each.isOwn;
     }
+    if (isChanged)
+        onChanged();
 }
 
 } // namespace nookle

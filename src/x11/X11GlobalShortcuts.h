@@ -29,6 +29,11 @@ public:
 
     [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination keys, const QString& description,
                                                                 std::function<void()> pressed) override;
+    [[nodiscard]] QString boundKeys() const override;
+    [[nodiscard]] QString obstacle() const override;
+    /// Always false: an X server has nobody to ask.
+    [[nodiscard]] bool canAskAgain() const override { return false; }
+    void askAgain() override {}
 
 private:
     struct Grab {
@@ -38,6 +43,8 @@ private:
         /// The modifier states: the shortcut's modifiers with every combination of lock keys; the one without lock keys
         /// comes first.
         std::vector<std::uint16_t> states;
+        /// False when another program has the keys. They may be free on the next keyboard layout.
+        bool isOwn = false;
         /// True while the key is held down: further presses are its auto-repeat.
         bool isDown = false;
     };
@@ -53,6 +60,9 @@ private:
     void keyboardChanged(xcb_mapping_notify_event_t event);
     [[nodiscard]] bool grab(const Grab& grab);
     void ungrab(const Grab& grab);
+    [[nodiscard]] const Grab* firstGrab() const;
+    [[nodiscard]] QString names(QKeyCombination keys) const;
+    [[nodiscard]] QString refusal(QKeyCombination keys) const;
     void unregister(std::uint32_t number);
     [[nodiscard]] std::uint16_t modifierOf(xcb_keysym_t keysym) const;
     [[nodiscard]] std::uint16_t modifierMask(Qt::KeyboardModifiers modifiers) const;
@@ -64,6 +74,8 @@ private:
     xcb_window_t m_root = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::uint32_t m_lastNumber = 0;
+    /// Why the first registration failed; empty if it did not.
+    QString m_firstRefusal;
     std::map<std::uint32_t, Grab> m_grabs;
     Lifetime m_lifetime;
 };

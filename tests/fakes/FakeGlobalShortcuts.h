@@ -26,9 +26,20 @@ public:
         return std::make_unique<Cancellable>([this, number] { registered.erase(number); });
     }
 
+    [[nodiscard]] QString boundKeys() const override { return bound; }
+    [[nodiscard]] QString obstacle() const override { return reason; }
+    [[nodiscard]] bool canAskAgain() const override { return mayBeAsked; }
+    void askAgain() override { ++timesAsked; }
+
     bool refuses = false;
     /// By their number, counted from 1.
     std::map<int, Registered> registered;
+
+    /// What the desktop says of the first one. Call `onChanged` after a change.
+    QString bound;
+    QString reason;
+    bool mayBeAsked = false;
+    int timesAsked = 0;
 
 private:
     int m_lastNumber = 0;

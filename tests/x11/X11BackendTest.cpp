@@ -43,11 +43,14 @@ private Q_SLOTS:
     void aShortcutPressedWhileTheServerIsAskedIsNotMissed();
     void aShortcutThatAnotherProgramHoldsCannotBeHad();
     void aShortcutFollowsTheKeyboardsLayout();
+    void aShortcutThatIsLostWithALayoutIsSaid();
     void aShortcutThatIsGivenUpIsFreeForOthers();
 
 private:
     [[nodiscard]] XScreen& screen() { return m_desktop.screen(); }
     void pressShortcut();
+    /// Puts another letter on a key of the keyboard.
+    static void setLetter(xcb_keycode_t key, char letter);
     /// Registers the shelf's own shortcut.
     [[nodiscard]] static std::unique_ptr<Cancellable> registerShortcut(
         DesktopBackend& backend, std::function<void()> pressed = [] {});
@@ -204,6 +207,15 @@ void X11BackendTest::pressShortcut()
         screen().releaseKey(key);
 }
 
+void X11BackendTest::setLetter(xcb_keycode_t key, char letter)
+{
+    const xcb_keysym_t symbols[] = { static_cast<xcb_keysym_t>(letter), static_cast<xcb_keysym_t>(letter - 'a' + 'A') };
+    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
+    const auto cookie = xcb_change_keyboard_mapping_checked(connection, 1, key, 2, symbols);
+    std::free(xcb_request_check(connection, cookie));
+    xcb_disconnect(connection);
+}
+
 void X11BackendTest::aShortcutIsPressedOnceForEachPress()
 {
     int presses = 0;
@@ -234,9 +246,14 @@ void X11BackendTest::aShortcutThatAnotherProgramHoldsCannotBeHad()
     X11Backend other;
     const auto held = registerShortcut(other);
     QVERIFY(held);
+    QCOMPARE(other.globalShortcuts().boundKeys(), QStringLiteral("Ctrl+Alt+Super+D"));
+    QCOMPARE(other.globalShortcuts().obstacle(), QString());
     CapturedLog log;
     QVERIFY(!registerShortcut(*m_backend));
-    QCOMPARE(log.lines().size(), 1);
+    QCOMPARE(log.lines(),
+             QStringList{ QStringLiteral("Nookle: another program may hold the shortcut Ctrl+Alt+Super+D") });
+    QCOMPARE(m_backend->globalShortcuts().boundKeys(), QString());
+    QCOMPARE(m_backend->globalShortcuts().obstacle(), QStringLiteral("Another program may hold Ctrl+Alt+Super+D."));
 }
 
 void X11BackendTest::aShortcutFollowsTheKeyboardsLayout()
@@ -246,22 +263,40 @@ void X11BackendTest::aShortcutFollowsTheKeyboardsLayout()
     // "D" and "F" change places.
     const xcb_keycode_t d = screen().keyFor('d');
     const xcb_keycode_t f = screen().keyFor('f');
-    const xcb_keysym_t swapped[] = { 'f', 'F', 'd', 'D' };
-    const auto setSymbols = [&](xcb_keycode_t key, const xcb_keysym_t* symbols) {
-        xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-        const auto cookie = xcb_change_keyboard_mapping_checked(connection, 1, key, 2, symbols);
-        std::free(xcb_request_check(connection, cookie));
-        xcb_disconnect(connection);
-    };
-    setSymbols(d, swapped);
-    setSymbols(f, swapped + 2);
+    setLetter(d, 'f');
+    setLetter(f, 'd');
     QVERIFY(waitFor([&] { return screen().isShortcutHeld(f); }));
     QVERIFY(!screen().isShortcutHeld(d));
     pressShortcut();
     QVERIFY(waitFor([&] { return presses == 1; }));
-    setSymbols(f, swapped);
-    setSymbols(d, swapped + 2);
+    setLetter(f, 'f');
+    setLetter(d, 'd');
     QVERIFY(waitFor([&] { return screen().isShortcutHeld(d); }));
+}
+
+void X11BackendTest::aShortcutThatIsLostWithALayoutIsSaid()
+{
+    GlobalShortcuts& shortcuts = m_backend->globalShortcuts();
+    int changes = 0;
+    shortcuts.onChanged = [&] { ++changes; };
+    const auto registration = registerShortcut(*m_backend);
+    const xcb_keycode_t d = screen().keyFor('d');
+    const xcb_keycode_t f = screen().keyFor('f');
+    xcb_connection_t* holder = xcb_connect(nullptr, nullptr);
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(holder)).data->root;
+    std::free(xcb_request_check(
+        holder, xcb_grab_key_checked(holder, 0, root, XCB_MOD_MASK_ANY, f, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC)));
+    setLetter(d, 'f');
+    setLetter(f, 'd');
+    QVERIFY(waitFor([&] { return !shortcuts.obstacle().isEmpty(); }));
+    QCOMPARE(shortcuts.boundKeys(), QString());
+    QCOMPARE(changes, 1);
+    xcb_disconnect(holder);
+    setLetter(f, 'f');
+    setLetter(d, 'd');
+    QVERIFY(waitFor([&] { return shortcuts.boundKeys() == QLatin1String("Ctrl+Alt+Super+D"); }));
+    QCOMPARE(changes, 2);
+    shortcuts.onChanged = [] {};
 }
 
 void X11BackendTest::aShortcutThatIsGivenUpIsFreeForOthers()
