@@ -1,0 +1,299 @@
+#include "PortalShortcuts.h"
+
+#include "Log.h"
+#include "MainQueue.h"
+#include "PortalNames.h"
+
+#include <QDBusError>
+#include <QDBusObjectPath>
+#include <QDBusServiceWatcher>
+#include <QKeySequence>
+#include <QStringList>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// The name of the program's desktop file, without its ending.
+[[nodiscard]] QString programId()
+{
+    return QStringLiteral("org.nookle.Nookle");
+}
+
+[[nodiscard]] QString sessionInterface()
+{
+    return QStringLiteral("org.freedesktop.portal.Session");
+}
+
+/// Older portals cannot be told who calls: they find out by themselves, as far as they can.
+[[nodiscard]] bool knowsNoRegistry(QDBusError::ErrorType error)
+{
+    return error == QDBusError::UnknownMethod || error == QDBusError::UnknownInterface
+        || error == QDBusError::UnknownObject;
+}
+
+/// The portal's own errors: it runs, and refuses.
+[[nodiscard]] bool isRefusal(const QDBusError& error)
+{
+    return error.name().startsWith(QLatin1String("org.freedesktop.portal.Error."));
+}
+
+/// The keys in the notation of the portal.
+[[nodiscard]] QString trigger(QKeyCombination keys)
+{
+    const Qt::KeyboardModifiers held = keys.keyboardModifiers();
+    QStringList names;
+    if (held.testFlag(Qt::ControlModifier))
+        names.append(QStringLiteral("CTRL"));
+    if (held.testFlag(Qt::AltModifier))
+        names.append(QStringLiteral("ALT"));
+    if (held.testFlag(Qt::ShiftModifier))
+        names.append(QStringLiteral("SHIFT"));
+    if (held.testFlag(Qt::MetaModifier))
+        names.append(QStringLiteral("LOGO"));
+    const QString key = QKeySequence(keys.key()).toString();
+    names.append(key.size() == 1 ? key.toLower() : key);
+    return names.join(QLatin1Char('+'));
+}
+
+[[nodiscard]] PortalShortcutList wanted(const QList<Shortcut>& shortcuts)
+{
+    PortalShortcutList list;
+    for (const Shortcut& each : shortcuts)
+        list.append({ each.id,
+                      { { QStringLiteral("description"), each.description },
+                        { QStringLiteral("preferred_trigger"), trigger(each.keys) } } });
+    return list;
+}
+
+/// Some portals send the path as a text.
+[[nodiscard]] QString objectPath(const QVariant& value)
+{
+    return value.canConvert<QDBusObjectPath>() ? value.value<QDBusObjectPath>().path() : value.toString();
+}
+
+} // namespace
+
+PortalShortcuts::PortalShortcuts(const QDBusConnection& bus, MainQueue& queue)
+    : m_bus(bus)
+    , m_queue(queue)
+{
+    registerPortalShortcutTypes();
+    const auto* owner = new QDBusServiceWatcher(portalService(), m_bus, QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(
+        owner, &QDBusServiceWatcher::serviceOwnerChanged, this,
+        [this](const QString& /*service*/, const QString& before, const QString& now) { ownerChanged(before, now); });
+    m_bus.connect(portalService(), portalPath(), shortcutsInterface(), QStringLiteral("Activated"), this,
+                  SLOT(activated(QDBusMessage)));
+    m_bus.connect(portalService(), portalPath(), shortcutsInterface(), QStringLiteral("ShortcutsChanged"), this,
+                  SLOT(shortcutsChanged(QDBusMessage)));
+}
+
+PortalShortcuts::~PortalShortcuts()
+{
+    release();
+}
+
+void PortalShortcuts::bind(const QList<Shortcut>& shortcuts)
+{
+    // A session binds shortcuts only once.
+    release();
+    m_shortcuts = shortcuts;
+    start();
+}
+
+void PortalShortcuts::release()
+{
+    m_shortcuts.clear();
+    m_isLost = false;
+    dropRequests();
+    closeSession();
+}
+
+void PortalShortcuts::dropRequests()
+{
+    m_registration.reset();
+    m_request.reset();
+    m_patience.reset();
+    m_restart.reset();
+}
+
+void PortalShortcuts::start()
+{
+    m_isLost = false;
+    m_patience = m_queue.after(patience, [this] { setState(State::absent, tr("The desktop does not answer.")); });
+    setState(State::asking, tr("The desktop has not answered yet."));
+    if (m_isRegistered)
+        createSession();
+    else
+        registerProgram();
+}
+
+void PortalShortcuts::registerProgram()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(portalService(), portalPath(),
+                                                       QStringLiteral("org.freedesktop.host.portal.Registry"),
+                                                       QStringLiteral("Register"));
+    call << programId() << QVariantMap();
+    m_registration = std::make_unique<QDBusPendingCallWatcher>(m_bus.asyncCall(call, std::numeric_limits<int>::max()));
+    connect(m_registration.get(), &QDBusPendingCallWatcher::finished, this, &PortalShortcuts::programRegistered);
+}
+
+void PortalShortcuts::programRegistered()
+{
+    // Not deleted in its own signal.
+    m_registration->deleteLater();
+    const QDBusError error = m_registration.release()->error();
+    m_isRegistered = !error.isValid();
+    if (m_isRegistered || knowsNoRegistry(error.type())) {
+        createSession();
+        return;
+    }
+    m_patience.reset();
+    if (!isRefusal(error)) {
+        setState(State::absent, {});
+        return;
+    }
+    logLine(QStringLiteral("the desktop does not accept the program as %1: %2").arg(programId(), error.message()));
+    setState(State::absent,
+             tr("The desktop gives shortcuts only to programs that are installed. It does not find %1.")
+                 .arg(QString(programId() + QStringLiteral(".desktop"))));
+}
+
+void PortalShortcuts::createSession()
+{
+    // Always the same, because a desktop that does not know the program keeps the user's choice under this name.
+    const QVariantMap options{ { QStringLiteral("session_handle_token"), QStringLiteral("nookle") } };
+    const auto created = [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
+        m_patience.reset();
+        m_session = objectPath(results.value(QStringLiteral("session_handle")));
+        if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty())
+            bindShortcuts();
+        else
+            setState(State::absent, {});
+    };
+    m_request =
+        std::make_unique<PortalRequest>(m_bus, QStringLiteral("CreateSession"), QVariantList(), options, created);
+}
+
+void PortalShortcuts::bindShortcuts()
+{
+    setState(State::asking, tr("The desktop has not answered yet."));
+    m_bus.connect(portalService(), m_session, sessionInterface(), QStringLiteral("Closed"), this,
+                  SLOT(sessionClosed(QDBusMessage)));
+    const QString noParentWindow;
+    const QVariantList arguments{ QVariant::fromValue(QDBusObjectPath(m_session)),
+                                  QVariant::fromValue(wanted(m_shortcuts)), noParentWindow };
+    const auto answered = [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
+        if (outcome == PortalRequest::Outcome::declined) {
+            closeSession();
+            setState(State::declined, tr("You have declined the shortcut."));
+            return;
+        }
+        // Some portals report a failure although they have bound the shortcut.
+        if (!takeKeys(portalShortcuts(results.value(QStringLiteral("shortcuts")))))
+            listShortcuts();
+    };
+    m_request =
+        std::make_unique<PortalRequest>(m_bus, QStringLiteral("BindShortcuts"), arguments, QVariantMap(), answered);
+}
+
+void PortalShortcuts::listShortcuts()
+{
+    const QVariantList arguments{ QVariant::fromValue(QDBusObjectPath(m_session)) };
+    const auto listed = [this](PortalRequest::Outcome /*outcome*/, const QVariantMap& results) {
+        if (!takeKeys(portalShortcuts(results.value(QStringLiteral("shortcuts")))))
+            setState(State::unbound, tr("The desktop has bound no keys."));
+    };
+    m_request =
+        std::make_unique<PortalRequest>(m_bus, QStringLiteral("ListShortcuts"), arguments, QVariantMap(), listed);
+}
+
+bool PortalShortcuts::takeKeys(const PortalShortcutList& received)
+{
+    const QString id = m_shortcuts.first().id;
+    const auto first = std::find_if(received.begin(), received.end(), [&](const auto& each) { return each.id == id; });
+    if (first == received.end())
+        return false;
+    setStatus({ State::bound, first->properties.value(QStringLiteral("trigger_description")).toString(), {} });
+    return true;
+}
+
+void PortalShortcuts::setState(State state, const QString& obstacle)
+{
+    setStatus({ state, {}, obstacle });
+}
+
+void PortalShortcuts::activated(const QDBusMessage& signal)
+{
+    if (m_session.isEmpty() || objectPath(signal.arguments().value(0)) != m_session)
+        return;
+    // A portal that reported a failure has bound the keys all the same.
+    if (status().state != State::bound)
+        setState(State::bound, {});
+    onPressed(signal.arguments().value(1).toString());
+}
+
+void PortalShortcuts::shortcutsChanged(const QDBusMessage& signal)
+{
+    if (!m_session.isEmpty() && objectPath(signal.arguments().value(0)) == m_session)
+        takeKeys(portalShortcuts(signal.arguments().value(1)));
+}
+
+void PortalShortcuts::sessionClosed(const QDBusMessage& signal)
+{
+    if (signal.path() != m_session)
+        return;
+    m_request.reset();
+    leaveSession();
+    setState(State::unbound, tr("The desktop has ended the shortcut."));
+}
+
+void PortalShortcuts::ownerChanged(const QString& before, const QString& now)
+{
+    m_isRegistered = false;
+    if (!before.isEmpty())
+        loseService();
+    // A portal that was started for a request of this object is answering that.
+    const bool isAwaited = m_isLost || status().state == State::absent;
+    if (!now.isEmpty() && isAwaited && !m_shortcuts.isEmpty())
+        bind(QList<Shortcut>(m_shortcuts));
+}
+
+void PortalShortcuts::loseService()
+{
+    const State state = status().state;
+    dropRequests();
+    leaveSession();
+    if (m_shortcuts.isEmpty() || state == State::declined)
+        return;
+    m_isLost = true;
+    // Not when it ended without having bound anything: it might do so for ever.
+    if (state == State::bound)
+        m_restart = m_queue.after(restartDelay, [this] { start(); });
+    setState(state == State::bound ? State::unbound : State::absent,
+             tr("The desktop's service for shortcuts has ended."));
+}
+
+void PortalShortcuts::closeSession()
+{
+    if (m_session.isEmpty())
+        return;
+    m_bus.send(QDBusMessage::createMethodCall(portalService(), m_session, sessionInterface(), QStringLiteral("Close")));
+    leaveSession();
+}
+
+void PortalShortcuts::leaveSession()
+{
+    if (m_session.isEmpty())
+        return;
+    m_bus.disconnect(portalService(), m_session, sessionInterface(), QStringLiteral("Closed"), this,
+                     SLOT(sessionClosed(QDBusMessage)));
+    m_session.clear();
+}
+
+} // namespace nookle
