@@ -166,6 +166,7 @@ void AppDelegate::provideServices()
     m_platform.requests.onAdd = [this](const ServicePasteboard& pasteboard) { return addToShelf(pasteboard); };
     m_platform.requests.onOpen = [this](const QStringList& uris) { open(uris); };
     m_platform.requests.onActivate = [this] { showShelf(); };
+    m_platform.requests.onToggle = [this] { togglePanel(); };
     m_platform.requests.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
     m_platform.requests.start();
 }

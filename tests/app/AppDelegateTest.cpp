@@ -39,6 +39,7 @@ private Q_SLOTS:
     void aDragAtTheEdgeShowsTheShelf_data();
     void aDragAtTheEdgeShowsTheShelf();
     void theShortcutShowsAndHides();
+    void theActionOnTheBusShowsAndHides();
     void aSecondStartShowsTheShelf();
 
     void showShelfInTheTrayShowsAndHides();
@@ -343,6 +344,17 @@ void AppDelegateTest::theShortcutShowsAndHides()
     m_app->queue.advance(4);
     QVERIFY(m_app->isShown());
     shortcut.pressed();
+    QVERIFY(!m_app->isShown());
+}
+
+void AppDelegateTest::theActionOnTheBusShowsAndHides()
+{
+    m_app->start();
+    m_app->requests.onToggle();
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(4);
+    QVERIFY(m_app->isShown());
+    m_app->requests.onToggle();
     QVERIFY(!m_app->isShown());
 }
 

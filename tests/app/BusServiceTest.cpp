@@ -43,6 +43,7 @@ private Q_SLOTS:
     void aDesktopOpensFilesAndPages();
     void aDesktopActivatesTheProgram();
     void theActionAddsTheSelection();
+    void theActionShowsAndHides();
     void anotherActionDoesNothing();
     void aNameThatIsTakenIsSaidInOneLogLine();
     void aMessageIsShownByTheDesktopWithoutItsMarkup();
@@ -63,6 +64,7 @@ private:
     QString m_refusal;
     int m_activations = 0;
     int m_selections = 0;
+    int m_toggles = 0;
 };
 
 namespace {
@@ -95,6 +97,7 @@ void BusServiceTest::init()
     m_refusal.clear();
     m_activations = 0;
     m_selections = 0;
+    m_toggles = 0;
     m_service = std::make_unique<BusService>();
     m_service->onAdd = [this](const ServicePasteboard& pasteboard) -> std::optional<Failure> {
         m_added.append(pasteboard);
@@ -103,6 +106,7 @@ void BusServiceTest::init()
     m_service->onOpen = [this](const QStringList& uris) { m_opened += uris; };
     m_service->onActivate = [this] { ++m_activations; };
     m_service->onAddSelection = [this] { ++m_selections; };
+    m_service->onToggle = [this] { ++m_toggles; };
     m_service->start();
 }
 
@@ -165,11 +169,20 @@ void BusServiceTest::theActionAddsTheSelection()
     QCOMPARE(m_selections, 1);
 }
 
+void BusServiceTest::theActionShowsAndHides()
+{
+    const QVariantList arguments{ QStringLiteral("toggle"), QVariantList(), QVariantMap() };
+    QCOMPARE(call(applicationInterface(), QStringLiteral("ActivateAction"), arguments).type(),
+             QDBusMessage::ReplyMessage);
+    QCOMPARE(m_toggles, 1);
+    QCOMPARE(m_selections, 0);
+}
+
 void BusServiceTest::anotherActionDoesNothing()
 {
     const QVariantList arguments{ QStringLiteral("quit"), QVariantList(), QVariantMap() };
     (void)call(applicationInterface(), QStringLiteral("ActivateAction"), arguments);
-    QCOMPARE(m_selections + m_activations + static_cast<int>(m_added.size()), 0);
+    QCOMPARE(m_selections + m_toggles + m_activations + static_cast<int>(m_added.size()), 0);
 }
 
 void BusServiceTest::aNameThatIsTakenIsSaidInOneLogLine()

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void aCallWithNeitherTellsTheCallerAndTheUser();
     void aFileManagerOpensFilesWithTheShelf();
     void theDesktopsActionAddsWhatIsSelectedInAnotherProgram();
+    void theDesktopsActionShowsAndHidesTheShelf();
     void theScriptForFileManagersAddsWhatIsSelected_data();
     void theScriptForFileManagersAddsWhatIsSelected();
     void theFirstStartTakesFiles();
@@ -194,6 +195,17 @@ void ServicesEndToEndTest::theDesktopsActionAddsWhatIsSelectedInAnotherProgram()
     const auto action = m_desktop->start(command.first(), command.mid(1));
     QCOMPARE(action->waitForExit(), 0);
     QVERIFY(waitFor([this] { return savedText().startsWith(QLatin1String("Some words that a user")); }));
+}
+
+void ServicesEndToEndTest::theDesktopsActionShowsAndHidesTheShelf()
+{
+    QVERIFY(m_shelf->start());
+    const QString entry = m_prefix.filePath(QStringLiteral("share/applications/org.nookle.Nookle.desktop"));
+    const QStringList command = QProcess::splitCommand(commandIn(entry, "Desktop Action toggle"));
+    QCOMPARE(m_desktop->start(command.first(), command.mid(1))->waitForExit(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+    QCOMPARE(m_desktop->start(command.first(), command.mid(1))->waitForExit(), 0);
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
 }
 
 void ServicesEndToEndTest::theScriptForFileManagersAddsWhatIsSelected_data()

@@ -25,6 +25,8 @@ void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&
 {
     if (name == QLatin1String("add-selection"))
         m_service.onAddSelection();
+    else if (name == QLatin1String("toggle"))
+        m_service.onToggle();
 }
 
 } // namespace nookle

@@ -28,6 +28,9 @@ public:
     /// Called when the desktop starts the program once more. Set by the owner.
     std::function<void()> onActivate = [] {};
 
+    /// Called to show the shelf, or to hide it if it is shown. Set by the owner.
+    std::function<void()> onToggle = [] {};
+
     /// Called to add the present selection of another program. Set by the owner.
     std::function<void()> onAddSelection = [] {};
 };
