@@ -48,7 +48,8 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     createPanel();
     m_settingsWindow = std::make_unique<SettingsWindowController>(
-        m_settings, m_platform.loginItem, [this] { return m_screenshotWatcher.screenshotDirectory(); });
+        m_settings, m_platform.loginItem, m_platform.desktop.globalShortcuts(),
+        [this] { return m_screenshotWatcher.screenshotDirectory(); });
     setUpStatusItem();
     startEdgeMonitor();
     startScreenshotCollection();

@@ -1,5 +1,6 @@
 #include "SettingsWindowController.h"
 
+#include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
 
@@ -73,6 +74,10 @@ private Q_SLOTS:
     void eachControlWritesThroughAtOnce();
     void aChangeMadeElsewhereIsShown();
     void withoutCollectingTheMoveSwitchIsOffLimitsButKeepsItsValue();
+    void theKeysThatAreBoundAreShownAndFollowed();
+    void whyNoKeysAreBoundIsSaid();
+    void theDesktopCanBeAskedAgainWhereThatHelps();
+    void theShortcutMayChangeWithoutTheWindow();
     void theFolderIsShownAsItIsNow();
     void aPathIsShownAsItIsAndNeverWidensTheWindow();
     void noLabelTakesItsTextForMarkup();
@@ -97,10 +102,13 @@ private:
     /// The label with exactly that text, as long as it can be seen.
     [[nodiscard]] QLabel* visibleLabel(const QString& text) const;
     [[nodiscard]] bool isHintShown() const;
+    /// The button, as long as it can be seen.
+    [[nodiscard]] QPushButton* askAgain() const;
 
     std::unique_ptr<FakeUserDefaults> m_defaults;
     std::unique_ptr<AppSettings> m_settings;
     std::unique_ptr<FakeLoginItem> m_loginItem;
+    std::unique_ptr<FakeGlobalShortcuts> m_shortcuts;
     std::unique_ptr<SettingsWindowController> m_controller;
     QUrl m_folder;
 };
@@ -111,7 +119,9 @@ void SettingsWindowTest::init()
     m_defaults = std::make_unique<FakeUserDefaults>();
     m_settings = std::make_unique<AppSettings>(*m_defaults);
     m_loginItem = std::make_unique<FakeLoginItem>();
-    m_controller = std::make_unique<SettingsWindowController>(*m_settings, *m_loginItem, [this] { return m_folder; });
+    m_shortcuts = std::make_unique<FakeGlobalShortcuts>();
+    m_controller = std::make_unique<SettingsWindowController>(*m_settings, *m_loginItem, *m_shortcuts,
+                                                              [this] { return m_folder; });
 }
 
 void SettingsWindowTest::cleanup()
@@ -302,6 +312,74 @@ void SettingsWindowTest::withoutCollectingTheMoveSwitchIsOffLimitsButKeepsItsVal
     QVERIFY(!moves.isEnabled());
     QVERIFY(moves.isChecked());
     QVERIFY(m_settings->moveScreenshots());
+}
+
+QPushButton* SettingsWindowTest::askAgain() const
+{
+    for (QPushButton* button : window()->findChildren<QPushButton*>()) {
+        if (button->isVisible() && button->text() == QLatin1String("Ask Again"))
+            return button;
+    }
+    return nullptr;
+}
+
+void SettingsWindowTest::theKeysThatAreBoundAreShownAndFollowed()
+{
+    m_shortcuts->bound = QStringLiteral("Ctrl+Alt+Super+D");
+    open();
+    QVERIFY(visibleLabel(QStringLiteral("Ctrl+Alt+Super+D")));
+    QVERIFY(!visibleLabel(QStringLiteral("⌃⌥⌘D")));
+    m_shortcuts->bound = QStringLiteral("Press <b>F12</b>\nor");
+    m_shortcuts->onChanged();
+    const QLabel* keys = visibleLabel(QStringLiteral("Press <b>F12</b> or"));
+    QVERIFY(keys);
+    QCOMPARE(keys->accessibleName(), keys->text());
+    m_shortcuts->bound = QStringLiteral("many keys ").repeated(20);
+    m_shortcuts->onChanged();
+    QCOMPARE(window()->width(), 440);
+    m_shortcuts->bound.clear();
+    m_shortcuts->onChanged();
+    keys = visibleLabel(QStringLiteral("⌃⌥⌘D"));
+    QVERIFY(keys);
+    QCOMPARE(keys->accessibleName(), QStringLiteral("Control, Alt, Super and D"));
+}
+
+void SettingsWindowTest::whyNoKeysAreBoundIsSaid()
+{
+    open();
+    const int height = window()->height();
+    m_shortcuts->reason = QStringLiteral("Another program has them.");
+    m_shortcuts->onChanged();
+    QVERIFY(visibleLabel(m_shortcuts->reason));
+    QCOMPARE(visibleLabel(QStringLiteral("⌃⌥⌘D"))->accessibleDescription(), m_shortcuts->reason);
+    QTRY_VERIFY(window()->height() > height);
+    QCOMPARE(window()->width(), 440);
+    m_shortcuts->reason.clear();
+    m_shortcuts->onChanged();
+    QVERIFY(!visibleLabel(QStringLiteral("Another program has them.")));
+    QTRY_COMPARE(window()->height(), height);
+}
+
+void SettingsWindowTest::theDesktopCanBeAskedAgainWhereThatHelps()
+{
+    open();
+    QVERIFY(!askAgain());
+    m_shortcuts->reason = QStringLiteral("You have declined.");
+    m_shortcuts->mayBeAsked = true;
+    m_shortcuts->onChanged();
+    QVERIFY(askAgain());
+    askAgain()->click();
+    QCOMPARE(m_shortcuts->timesAsked, 1);
+    m_shortcuts->mayBeAsked = false;
+    m_shortcuts->onChanged();
+    QVERIFY(!askAgain());
+}
+
+void SettingsWindowTest::theShortcutMayChangeWithoutTheWindow()
+{
+    open();
+    m_controller.reset();
+    m_shortcuts->onChanged();
 }
 
 void SettingsWindowTest::theFolderIsShownAsItIsNow()

@@ -4,6 +4,7 @@
 #include "FileUrl.h"
 #include "LoginItemSection.h"
 #include "PlainText.h"
+#include "ShortcutRow.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -39,8 +40,10 @@ inline constexpr int formWidth = 440;
 
 } // namespace
 
-SettingsView::SettingsView(AppSettings& settings, LoginItem& loginItem, ScreenshotDirectory screenshotDirectory)
+SettingsView::SettingsView(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
+                           ScreenshotDirectory screenshotDirectory)
     : m_settings(settings)
+    , m_shortcuts(shortcuts)
     , m_screenshotDirectory(std::move(screenshotDirectory))
 {
     auto* column = new QVBoxLayout(this);
@@ -71,10 +74,7 @@ QGroupBox* SettingsView::makeShelfSection()
     column->addLayout(makeRow(expiryTitle, expiry));
     column->addWidget(aboutExpiry);
 
-    auto* shortcut = makeLabel(QStringLiteral("⌃⌥⌘D"));
-    shortcut->setAccessibleName(tr("Control, Alt, Super and D"));
-    shortcut->setToolTip(shortcut->accessibleName());
-    column->addLayout(makeRow(makeLabel(tr("Show and hide")), shortcut));
+    column->addWidget(new ShortcutRow(m_shortcuts));
     return section;
 }
 

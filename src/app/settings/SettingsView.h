@@ -14,6 +14,7 @@ class QGroupBox;
 namespace nookle {
 
 class DescriptionLabel;
+class GlobalShortcuts;
 class LoginItem;
 
 /// The form that edits the settings. Each control writes its setting at once, and shows changes that are made
@@ -25,8 +26,9 @@ public:
     /// Returns the folder of new screenshots. Called each time the form is shown.
     using ScreenshotDirectory = std::function<QUrl()>;
 
-    /// `settings` and `loginItem` must outlive this object.
-    SettingsView(AppSettings& settings, LoginItem& loginItem, ScreenshotDirectory screenshotDirectory);
+    /// `settings`, `loginItem` and `shortcuts` must outlive this object.
+    SettingsView(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
+                 ScreenshotDirectory screenshotDirectory);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -46,6 +48,7 @@ private:
     [[nodiscard]] QComboBox* makeExpiryPicker();
 
     AppSettings& m_settings;
+    GlobalShortcuts& m_shortcuts;
     ScreenshotDirectory m_screenshotDirectory;
     DescriptionLabel* m_screenshotFolder = nullptr;
 };

@@ -27,9 +27,11 @@ void centre(QDialog& window)
 } // namespace
 
 SettingsWindowController::SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
+                                                   GlobalShortcuts& shortcuts,
                                                    SettingsView::ScreenshotDirectory screenshotDirectory)
     : m_settings(settings)
     , m_loginItem(loginItem)
+    , m_shortcuts(shortcuts)
     , m_screenshotDirectory(std::move(screenshotDirectory))
 {
 }
@@ -58,7 +60,7 @@ std::unique_ptr<QDialog> SettingsWindowController::makeWindow() const
     content->setContentsMargins({});
     // The window always has the size of its form, also when a row appears or disappears.
     content->setSizeConstraint(QLayout::SetFixedSize);
-    content->addWidget(new SettingsView(m_settings, m_loginItem, m_screenshotDirectory));
+    content->addWidget(new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory));
     return window;
 }
 

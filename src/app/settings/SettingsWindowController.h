@@ -11,8 +11,8 @@ namespace nookle {
 /// Owns the settings window. The window is made once, and kept when it is closed. Main thread only.
 class SettingsWindowController final {
 public:
-    /// `settings` and `loginItem` must outlive this object.
-    SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
+    /// `settings`, `loginItem` and `shortcuts` must outlive this object.
+    SettingsWindowController(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
                              SettingsView::ScreenshotDirectory screenshotDirectory);
     ~SettingsWindowController();
     SettingsWindowController(const SettingsWindowController&) = delete;
@@ -26,6 +26,7 @@ private:
 
     AppSettings& m_settings;
     LoginItem& m_loginItem;
+    GlobalShortcuts& m_shortcuts;
     SettingsView::ScreenshotDirectory m_screenshotDirectory;
     std::unique_ptr<QDialog> m_window;
 };

@@ -1,0 +1,71 @@
+#include "ShortcutRow.h"
+
+#include "DescriptionLabel.h"
+#include "GlobalShortcuts.h"
+#include "PlainText.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace nookle {
+
+namespace {
+
+/// In points. The tool tip has the whole text.
+inline constexpr int widestKeys = 280;
+
+[[nodiscard]] QLabel* makeLabel(const QString& text)
+{
+    auto* label = new QLabel(text);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+} // namespace
+
+ShortcutRow::ShortcutRow(GlobalShortcuts& shortcuts)
+    : m_shortcuts(shortcuts)
+    , m_keys(makeLabel(QString()))
+    , m_obstacle(new DescriptionLabel(*m_keys))
+    , m_ask(new QPushButton(tr("Ask Again")))
+{
+    // It may hold a command that the user is to copy.
+    m_obstacle->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    auto* value = new QHBoxLayout;
+    value->addWidget(makeLabel(tr("Show and hide")));
+    value->addStretch();
+    value->addWidget(m_keys);
+    auto* reason = new QHBoxLayout;
+    reason->addWidget(m_obstacle, 1);
+    reason->addWidget(m_ask, 0, Qt::AlignTop);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->addLayout(value);
+    column->addLayout(reason);
+
+    connect(m_ask, &QPushButton::clicked, this, [this] { m_shortcuts.askAgain(); });
+    m_shortcuts.onChanged = m_lifetime.guarded([this] { showState(); });
+    showState();
+}
+
+void ShortcutRow::showState()
+{
+    showKeys();
+    const QString obstacle = m_shortcuts.obstacle();
+    m_obstacle->setDescription(obstacle);
+    m_obstacle->setVisible(!obstacle.isEmpty());
+    m_ask->setVisible(m_shortcuts.canAskAgain());
+}
+
+void ShortcutRow::showKeys()
+{
+    const QString bound = shownText(m_shortcuts.boundKeys());
+    const QString text = bound.isEmpty() ? QStringLiteral("⌃⌥⌘D") : bound;
+    m_keys->setText(m_keys->fontMetrics().elidedText(text, Qt::ElideRight, widestKeys));
+    m_keys->setAccessibleName(bound.isEmpty() ? tr("Control, Alt, Super and D") : bound);
+    m_keys->setToolTip(m_keys->accessibleName());
+}
+
+} // namespace nookle

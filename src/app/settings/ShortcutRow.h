@@ -1,0 +1,35 @@
+#pragma once
+
+#include "Lifetime.h"
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+namespace nookle {
+
+class DescriptionLabel;
+class GlobalShortcuts;
+
+/// The row of the settings about the keyboard shortcut: the keys that are bound, else why none are, and a button that
+/// asks the desktop again where that can help. Follows every change. Main thread only.
+class ShortcutRow final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `shortcuts` must outlive this object, which sets its `onChanged`.
+    explicit ShortcutRow(GlobalShortcuts& shortcuts);
+
+private:
+    void showState();
+    void showKeys();
+
+    GlobalShortcuts& m_shortcuts;
+    QLabel* m_keys;
+    DescriptionLabel* m_obstacle;
+    QPushButton* m_ask;
+    Lifetime m_lifetime;
+};
+
+} // namespace nookle
