@@ -354,6 +354,9 @@ void SettingsWindowTest::whyNoKeysAreBoundIsSaid()
     QCOMPARE(visibleLabel(QStringLiteral("⌃⌥⌘D"))->accessibleDescription(), m_shortcuts->reason);
     QTRY_VERIFY(window()->height() > height);
     QCOMPARE(window()->width(), 440);
+    m_shortcuts->reason = QStringLiteral("Bind keys to: call /org/nookle");
+    m_shortcuts->onChanged();
+    QCOMPARE(visibleLabel(m_shortcuts->reason)->text(), m_shortcuts->reason);
     m_shortcuts->reason.clear();
     m_shortcuts->onChanged();
     QVERIFY(!visibleLabel(QStringLiteral("Another program has them.")));

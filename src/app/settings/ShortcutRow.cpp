@@ -55,6 +55,8 @@ void ShortcutRow::showState()
     showKeys();
     const QString obstacle = m_shortcuts.obstacle();
     m_obstacle->setDescription(obstacle);
+    // A command in it is copied as it stands: without invisible characters for line breaks.
+    m_obstacle->setText(obstacle);
     m_obstacle->setVisible(!obstacle.isEmpty());
     m_ask->setVisible(m_shortcuts.canAskAgain());
 }
