@@ -26,7 +26,7 @@ public:
     /// bound, and where the desktop does not tell.
     [[nodiscard]] virtual QString boundKeys() const = 0;
 
-    /// Why that shortcut is not bound, as a text for the user. Empty while it is bound.
+    /// Why there are no such keys, as a text for the user: the shortcut is not bound, or the desktop does not tell.
     [[nodiscard]] virtual QString obstacle() const = 0;
 
     /// Whether the desktop can be asked again for a shortcut that is not bound.

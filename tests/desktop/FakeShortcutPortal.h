@@ -96,6 +96,8 @@ public:
     QVariantMap bindResults{ { QStringLiteral("shortcuts"),
                                QVariant::fromValue(
                                    bound(QStringLiteral("toggle"), QStringLiteral("Ctrl+Alt+Win+D"))) } };
+    /// What is listed before and after the program has asked for its keys.
+    QVariantMap earlierResults;
     QVariantMap listResults{ { QStringLiteral("shortcuts"), QVariant::fromValue(PortalShortcutList()) } };
 
     QString session = QStringLiteral("/org/freedesktop/portal/desktop/session/1/nookle");
@@ -148,7 +150,7 @@ private:
         if (message.member() == QLatin1String("BindShortcuts"))
             bind(message);
         if (message.member() == QLatin1String("ListShortcuts"))
-            respond(0, listResults);
+            respond(0, calls.contains(QStringLiteral("BindShortcuts")) ? listResults : earlierResults);
     }
 
     void bind(const QDBusMessage& message)

@@ -25,6 +25,7 @@ private Q_SLOTS:
 
     void theProgramIsNamedBeforeItAsks();
     void theKeysAreAskedForWithTheirDescription();
+    void keysThatThePortalHasKeptAreNotAskedFor();
     void aPressReachesTheProgram();
     void thePressOfAnotherSessionDoesNot();
     void otherKeysOfTheUserAreTold();
@@ -109,7 +110,7 @@ void PortalShortcutsTest::theProgramIsNamedBeforeItAsks()
     QVERIFY(!m_shortcuts->status().obstacle.isEmpty());
     QTRY_COMPARE(state(), State::bound);
     const QStringList expected{ QStringLiteral("Register"), QStringLiteral("CreateSession"),
-                                QStringLiteral("BindShortcuts") };
+                                QStringLiteral("ListShortcuts"), QStringLiteral("BindShortcuts") };
     QCOMPARE(m_portal->calls, expected);
     QCOMPARE(m_portal->programs, QStringList{ QStringLiteral("org.nookle.Nookle") });
     QCOMPARE(m_shortcuts->status().keys, QStringLiteral("Ctrl+Alt+Win+D"));
@@ -126,6 +127,23 @@ void PortalShortcutsTest::theKeysAreAskedForWithTheirDescription()
     const QVariantMap expected{ { QStringLiteral("description"), QStringLiteral("Show or hide") },
                                 { QStringLiteral("preferred_trigger"), QStringLiteral("CTRL+ALT+LOGO+d") } };
     QCOMPARE(m_portal->wanted.first().properties, expected);
+}
+
+void PortalShortcutsTest::keysThatThePortalHasKeptAreNotAskedFor()
+{
+    startPortal();
+    m_portal->earlierResults = m_portal->bindResults;
+    bind();
+    QTRY_COMPARE(state(), State::bound);
+    QCOMPARE(m_shortcuts->status().keys, QStringLiteral("Ctrl+Alt+Win+D"));
+    m_portal->press(m_portal->session, QStringLiteral("toggle"));
+    QTRY_COMPARE(m_pressed, QStringList{ QStringLiteral("toggle") });
+    QVERIFY(!m_portal->calls.contains(QStringLiteral("BindShortcuts")));
+
+    // Another shortcut is new.
+    const QKeyCombination keys(Qt::CTRL, Qt::Key_D);
+    m_shortcuts->bind({ { QStringLiteral("toggle"), keys, QString() }, { QStringLiteral("focus"), keys, QString() } });
+    QTRY_COMPARE(m_portal->wanted.size(), 2);
 }
 
 void PortalShortcutsTest::aPressReachesTheProgram()
@@ -189,7 +207,8 @@ void PortalShortcutsTest::aFailureIsNoneIfTheKeysWork()
     m_portal->press(m_portal->session, QStringLiteral("toggle"));
     QTRY_COMPARE(m_pressed.size(), 1);
     QCOMPARE(state(), State::bound);
-    QCOMPARE(m_shortcuts->status().obstacle, QString());
+    QCOMPARE(m_shortcuts->status().keys, QString());
+    QVERIFY(m_shortcuts->status().obstacle.contains(QLatin1String("which keys")));
 }
 
 void PortalShortcutsTest::anAnswerOfAnotherShapeIsNoAnswer()

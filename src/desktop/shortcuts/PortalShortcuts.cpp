@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <utility>
 
 namespace nookle {
@@ -68,6 +69,19 @@ namespace {
                       { { QStringLiteral("description"), each.description },
                         { QStringLiteral("preferred_trigger"), trigger(each.keys) } } });
     return list;
+}
+
+[[nodiscard]] std::optional<PortalShortcut> find(const PortalShortcutList& shortcuts, const QString& id)
+{
+    const auto found =
+        std::find_if(shortcuts.begin(), shortcuts.end(), [&](const auto& each) { return each.id == id; });
+    return found == shortcuts.end() ? std::nullopt : std::optional(*found);
+}
+
+/// What is bound, after the results of a request. None after a failure.
+[[nodiscard]] PortalShortcutList boundShortcuts(const QVariantMap& results)
+{
+    return portalShortcuts(results.value(QStringLiteral("shortcuts")));
 }
 
 /// Some portals send the path as a text.
@@ -170,9 +184,9 @@ void PortalShortcuts::createSession()
     const QVariantMap options{ { QStringLiteral("session_handle_token"), QStringLiteral("nookle") } };
     const auto created = [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
         m_patience.reset();
-        m_session = objectPath(results.value(QStringLiteral("session_handle")));
-        if (outcome == PortalRequest::Outcome::granted && !m_session.isEmpty())
-            bindShortcuts();
+        const QString session = objectPath(results.value(QStringLiteral("session_handle")));
+        if (outcome == PortalRequest::Outcome::granted && !session.isEmpty())
+            enterSession(session);
         else
             setState(State::absent, {});
     };
@@ -180,11 +194,24 @@ void PortalShortcuts::createSession()
         std::make_unique<PortalRequest>(m_bus, QStringLiteral("CreateSession"), QVariantList(), options, created);
 }
 
-void PortalShortcuts::bindShortcuts()
+void PortalShortcuts::enterSession(const QString& session)
 {
+    m_session = session;
     setState(State::asking, tr("The desktop has not answered yet."));
     m_bus.connect(portalService(), m_session, sessionInterface(), QStringLiteral("Closed"), this,
                   SLOT(sessionClosed(QDBusMessage)));
+    // Some portals have bound again what they bound at the last start, and open the desktop's settings for each program
+    // that asks.
+    listShortcuts([this](const PortalShortcutList& bound) {
+        if (areAllIn(bound))
+            takeKeys(bound);
+        else
+            bindShortcuts();
+    });
+}
+
+void PortalShortcuts::bindShortcuts()
+{
     const QString noParentWindow;
     const QVariantList arguments{ QVariant::fromValue(QDBusObjectPath(m_session)),
                                   QVariant::fromValue(wanted(m_shortcuts)), noParentWindow };
@@ -194,33 +221,52 @@ void PortalShortcuts::bindShortcuts()
             setState(State::declined, tr("You have declined the shortcut."));
             return;
         }
-        // Some portals report a failure although they have bound the shortcut.
-        if (!takeKeys(portalShortcuts(results.value(QStringLiteral("shortcuts")))))
-            listShortcuts();
+        if (!takeKeys(boundShortcuts(results)))
+            listAfterFailure();
     };
     m_request =
         std::make_unique<PortalRequest>(m_bus, QStringLiteral("BindShortcuts"), arguments, QVariantMap(), answered);
 }
 
-void PortalShortcuts::listShortcuts()
+// Some portals report a failure although they have bound the shortcut.
+void PortalShortcuts::listAfterFailure()
+{
+    listShortcuts([this](const PortalShortcutList& bound) {
+        if (!takeKeys(bound))
+            setState(State::unbound, tr("The desktop has bound no keys."));
+    });
+}
+
+void PortalShortcuts::listShortcuts(std::function<void(const PortalShortcutList& bound)> completion)
 {
     const QVariantList arguments{ QVariant::fromValue(QDBusObjectPath(m_session)) };
-    const auto listed = [this](PortalRequest::Outcome /*outcome*/, const QVariantMap& results) {
-        if (!takeKeys(portalShortcuts(results.value(QStringLiteral("shortcuts")))))
-            setState(State::unbound, tr("The desktop has bound no keys."));
+    const auto listed = [completion = std::move(completion)](PortalRequest::Outcome /*outcome*/,
+                                                             const QVariantMap& results) {
+        completion(boundShortcuts(results));
     };
     m_request =
         std::make_unique<PortalRequest>(m_bus, QStringLiteral("ListShortcuts"), arguments, QVariantMap(), listed);
 }
 
-bool PortalShortcuts::takeKeys(const PortalShortcutList& received)
+bool PortalShortcuts::areAllIn(const PortalShortcutList& bound) const
 {
-    const QString id = m_shortcuts.first().id;
-    const auto first = std::find_if(received.begin(), received.end(), [&](const auto& each) { return each.id == id; });
-    if (first == received.end())
+    return std::all_of(m_shortcuts.begin(), m_shortcuts.end(),
+                       [&](const Shortcut& each) { return find(bound, each.id).has_value(); });
+}
+
+bool PortalShortcuts::takeKeys(const PortalShortcutList& bound)
+{
+    const auto first = find(bound, m_shortcuts.first().id);
+    if (!first)
         return false;
-    setStatus({ State::bound, first->properties.value(QStringLiteral("trigger_description")).toString(), {} });
+    const QString keys = first->properties.value(QStringLiteral("trigger_description")).toString();
+    setStatus({ State::bound, keys, keys.isEmpty() ? unknownKeys() : QString() });
     return true;
+}
+
+QString PortalShortcuts::unknownKeys()
+{
+    return tr("The desktop does not say which keys are bound.");
 }
 
 void PortalShortcuts::setState(State state, const QString& obstacle)
@@ -234,7 +280,7 @@ void PortalShortcuts::activated(const QDBusMessage& signal)
         return;
     // A portal that reported a failure has bound the keys all the same.
     if (status().state != State::bound)
-        setState(State::bound, {});
+        setState(State::bound, unknownKeys());
     onPressed(signal.arguments().value(1).toString());
 }
 

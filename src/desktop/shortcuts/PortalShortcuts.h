@@ -10,6 +10,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QList>
 
+#include <functional>
 #include <memory>
 
 namespace nookle {
@@ -47,10 +48,15 @@ private:
     void registerProgram();
     void programRegistered();
     void createSession();
+    void enterSession(const QString& session);
     void bindShortcuts();
-    void listShortcuts();
-    /// Takes the keys of the first shortcut from `received`. False if it is not there.
-    bool takeKeys(const PortalShortcutList& received);
+    void listAfterFailure();
+    /// Asks which shortcuts of the session are bound.
+    void listShortcuts(std::function<void(const PortalShortcutList& bound)> completion);
+    [[nodiscard]] bool areAllIn(const PortalShortcutList& bound) const;
+    /// Takes the keys of the first shortcut. False if it is not bound.
+    bool takeKeys(const PortalShortcutList& bound);
+    [[nodiscard]] static QString unknownKeys();
     void setState(State state, const QString& obstacle);
     void loseService();
     void dropRequests();

@@ -21,7 +21,7 @@ struct ShortcutStatus {
     State state = State::asking;
     /// The keys of the first shortcut, in the desktop's words. Empty unless bound, and where the service does not tell.
     QString keys;
-    /// Why nothing is bound, for the user. Empty when bound.
+    /// Why `keys` is empty, for the user.
     QString obstacle;
 
     friend bool operator==(const ShortcutStatus&, const ShortcutStatus&) = default;
