@@ -1,10 +1,10 @@
 #include "DesktopBackendFactory.h"
 
 #include "NullBackend.h"
+#include "SessionShortcuts.h"
 #include "X11Backend.h"
 
 #ifdef NOOKLE_HAS_WAYLAND
-#include "NoShortcuts.h"
 #include "WaylandBackend.h"
 #include "X11ForeignDrags.h"
 #endif
@@ -37,7 +37,7 @@ namespace {
 
 [[nodiscard]] std::unique_ptr<DesktopBackend> makeWaylandBackend()
 {
-    return std::make_unique<WaylandBackend>(std::make_unique<NoShortcuts>(),
+    return std::make_unique<WaylandBackend>(std::make_unique<SessionShortcuts>(),
                                             tellsOfDrags() ? std::make_unique<X11ForeignDrags>() : nullptr);
 }
 #endif
@@ -56,8 +56,10 @@ std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)
 {
     switch (kind) {
     case DesktopKind::x11:
-    case DesktopKind::xwayland:
         return std::make_unique<X11Backend>();
+    case DesktopKind::xwayland:
+        // A key that the X server gives would work over X11 windows only.
+        return std::make_unique<X11Backend>(std::make_unique<SessionShortcuts>());
     case DesktopKind::wayland:
 #ifdef NOOKLE_HAS_WAYLAND
         return makeWaylandBackend();

@@ -1,6 +1,6 @@
 #include "NullBackend.h"
 
-#include "NoShortcuts.h"
+#include <QCoreApplication>
 
 #include <utility>
 
@@ -38,6 +38,22 @@ public:
 class NoCompositing final : public Compositing {
 public:
     [[nodiscard]] Backdrop backdrop() const override { return Backdrop::opaque; }
+};
+
+class NoShortcuts final : public GlobalShortcuts {
+public:
+    [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination /*keys*/, const QString& /*description*/,
+                                                                std::function<void()> /*pressed*/) override
+    {
+        return nullptr;
+    }
+    [[nodiscard]] QString boundKeys() const override { return {}; }
+    [[nodiscard]] QString obstacle() const override
+    {
+        return QCoreApplication::translate("NullBackend", "The shelf cannot be shown in this session");
+    }
+    [[nodiscard]] bool canAskAgain() const override { return false; }
+    void askAgain() override {}
 };
 
 /// Never shown, because there is no display to show it on.

@@ -34,13 +34,18 @@ bool X11Backend::isServerRunning()
 }
 
 X11Backend::X11Backend()
+    : X11Backend(std::make_unique<X11GlobalShortcuts>())
+{
+}
+
+X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts)
     : m_connection(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection())
     , m_queries(xcb_connect(nullptr, nullptr))
     , m_displays(std::make_unique<X11Displays>(m_queries.get(), rootWindow(m_connection)))
     , m_pointer(std::make_unique<X11Pointer>(m_queries.get(), rootWindow(m_connection)))
     , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
     , m_compositing(std::make_unique<X11Compositing>(m_connection))
-    , m_globalShortcuts(std::make_unique<X11GlobalShortcuts>())
+    , m_globalShortcuts(std::move(shortcuts))
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
     , m_drops(std::make_unique<X11Drops>(m_connection))
     , m_dragOffer(std::make_unique<X11DragOffer>(m_connection))

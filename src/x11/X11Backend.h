@@ -18,6 +18,8 @@ public:
 
     /// The application object must exist and run on X11.
     X11Backend();
+    /// With shortcuts from elsewhere.
+    explicit X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts);
     ~X11Backend() override;
 
     [[nodiscard]] const Displays& displays() const override;
