@@ -7,6 +7,7 @@
 #include "Log.h"
 #include "LogOutput.h"
 #include "Mounts.h"
+#include "ProgramVersion.h"
 #include "SessionEnd.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
@@ -29,6 +30,7 @@ namespace {
 void describeApplication()
 {
     QApplication::setApplicationName(QStringLiteral("nookle"));
+    QApplication::setApplicationVersion(nookle::programVersion());
     QApplication::setDesktopFileName(QStringLiteral("org.nookle.Nookle"));
     QApplication::setQuitOnLastWindowClosed(false);
     // For desktops without an icon theme, or with one that lacks icons for some file types.

@@ -3,11 +3,13 @@
 #include "CapturedLog.h"
 #include "DesktopNotifier.h"
 #include "PrivateBus.h"
+#include "ProgramVersion.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
 #include <QTest>
 
 #include <memory>
@@ -40,6 +42,7 @@ private Q_SLOTS:
 
     void filesAndTextsAreHandedOver();
     void theErrorsTextReachesTheCaller();
+    void theVersionCanBeRead();
     void aDesktopOpensFilesAndPages();
     void aDesktopActivatesTheProgram();
     void theActionAddsTheSelection();
@@ -144,6 +147,13 @@ void BusServiceTest::theErrorsTextReachesTheCaller()
     QCOMPARE(reply.errorName(), QStringLiteral("org.nookle.Nookle1.Error.NothingToAdd"));
     QCOMPARE(reply.errorMessage(), m_refusal);
     QVERIFY(!m_added.first().string);
+}
+
+void BusServiceTest::theVersionCanBeRead()
+{
+    const QVariantList property{ shelfInterface(), QStringLiteral("Version") };
+    const QDBusMessage reply = call(QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"), property);
+    QCOMPARE(reply.arguments().value(0).value<QDBusVariant>().variant().toString(), programVersion());
 }
 
 void BusServiceTest::aDesktopOpensFilesAndPages()

@@ -1,6 +1,7 @@
 #include "ShelfAdaptor.h"
 
 #include "BusService.h"
+#include "ProgramVersion.h"
 
 #include <QDBusConnection>
 
@@ -10,6 +11,11 @@ ShelfAdaptor::ShelfAdaptor(BusService& service)
     : QDBusAbstractAdaptor(&service)
     , m_service(service)
 {
+}
+
+QString ShelfAdaptor::version() const
+{
+    return programVersion();
 }
 
 void ShelfAdaptor::AddToShelf(const QStringList& uris, const QString& text, const QDBusMessage& message) const

@@ -1,0 +1,10 @@
+#include "ProgramVersion.h"
+
+namespace nookle {
+
+QString programVersion()
+{
+    return QStringLiteral(NOOKLE_VERSION);
+}
+
+} // namespace nookle
