@@ -6,6 +6,7 @@
 #include "LeftImageCopies.h"
 #include "Notifier.h"
 #include "PanelBackground.h"
+#include "Pasteboard.h"
 #include "PrimarySelection.h"
 #include "ProgramRequests.h"
 #include "Trash.h"
@@ -49,7 +50,8 @@ void AppDelegate::applicationDidFinishLaunching()
     createPanel();
     m_settingsWindow = std::make_unique<SettingsWindowController>(
         m_settings, m_platform.loginItem, m_platform.desktop.globalShortcuts(),
-        [this] { return m_screenshotWatcher.screenshotDirectory(); });
+        [this] { return m_screenshotWatcher.screenshotDirectory(); },
+        [this] { m_platform.pasteboard.writeText(m_platform.diagnostics()); });
     setUpStatusItem();
     startEdgeMonitor();
     startScreenshotCollection();

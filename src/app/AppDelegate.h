@@ -57,6 +57,8 @@ public:
         LoginItem& loginItem;
         FolderWatch& folders;
         ScreenshotSettings& screenshotSettings;
+        /// Makes a report of the system for whoever looks into a problem.
+        std::function<QString()> diagnostics;
     };
 
     /// All of `platform` must outlive the delegate. Only this program may use `dataFolder`; `claimFolder` ensures that

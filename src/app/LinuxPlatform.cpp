@@ -1,5 +1,6 @@
 #include "LinuxPlatform.h"
 
+#include "DiagnosticsReport.h"
 #include "HelperProgram.h"
 
 #include <QCoreApplication>
@@ -48,6 +49,7 @@ AppDelegate::Platform LinuxPlatform::parts()
         .loginItem = m_loginItem,
         .folders = m_folders,
         .screenshotSettings = m_screenshotSettings,
+        .diagnostics = diagnosticsReport,
     };
 }
 

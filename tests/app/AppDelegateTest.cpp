@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QDialog>
 #include <QDir>
+#include <QPushButton>
 #include <QTest>
 
 #include <algorithm>
@@ -46,6 +47,7 @@ private Q_SLOTS:
     void pinningFromTheTrayShowsTheShelf();
     void unpinningFromTheTrayLeavesTheShelfWhereItIs();
     void unpinningFromTheTrayLeavesAHiddenShelfHidden();
+    void theDiagnosticsGoToTheClipboard();
 
 private:
     /// A shelf of two days ago: an image below a file that is pinned.
@@ -409,6 +411,14 @@ void AppDelegateTest::unpinningFromTheTrayLeavesAHiddenShelfHidden()
     m_app->queue.advance(1);
     QVERIFY(!m_app->isShown());
     QCOMPARE(m_app->desktop.window->animations.size(), 2);
+}
+
+void AppDelegateTest::theDiagnosticsGoToTheClipboard()
+{
+    m_app->start();
+    choose(QStringLiteral("Settings…"));
+    topLevel<QDialog>()->findChildren<QPushButton*>().last()->click();
+    QCOMPARE(m_app->pasteboard.operations, QStringList{ QStringLiteral("text all there is to know") });
 }
 
 QTEST_MAIN(AppDelegateTest)

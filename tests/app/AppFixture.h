@@ -238,6 +238,7 @@ struct AppFixture {
                 .loginItem = loginItem,
                 .folders = folders,
                 .screenshotSettings = screenshotSettings,
+                .diagnostics = [] { return QStringLiteral("all there is to know"); },
             },
             dataFolder(), [] { return std::optional<Failure>(); });
         journal.clear();

@@ -3,6 +3,7 @@
 #include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
+#include "ProgramVersion.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -93,6 +94,7 @@ private Q_SLOTS:
     void theNextSuccessTakesTheErrorAway();
     void theButtonOpensTheDesktopsSettings();
     void theWindowGrowsWithARowThatAppears();
+    void theButtonSaysThatTheDiagnosticsAreCopied();
 
 private:
     void open();
@@ -111,17 +113,19 @@ private:
     std::unique_ptr<FakeGlobalShortcuts> m_shortcuts;
     std::unique_ptr<SettingsWindowController> m_controller;
     QUrl m_folder;
+    int m_copies = 0;
 };
 
 void SettingsWindowTest::init()
 {
     m_folder = QUrl(QStringLiteral("file:///home/me/Pictures"));
+    m_copies = 0;
     m_defaults = std::make_unique<FakeUserDefaults>();
     m_settings = std::make_unique<AppSettings>(*m_defaults);
     m_loginItem = std::make_unique<FakeLoginItem>();
     m_shortcuts = std::make_unique<FakeGlobalShortcuts>();
-    m_controller = std::make_unique<SettingsWindowController>(*m_settings, *m_loginItem, *m_shortcuts,
-                                                              [this] { return m_folder; });
+    m_controller = std::make_unique<SettingsWindowController>(
+        *m_settings, *m_loginItem, *m_shortcuts, [this] { return m_folder; }, [this] { ++m_copies; });
 }
 
 void SettingsWindowTest::cleanup()
@@ -252,6 +256,8 @@ void SettingsWindowTest::everyTextStandsInItsPlace()
         QStringLiteral("Folder: /home/me/Pictures"),
         QStringLiteral("Move them from the desktop to the shelf"),
         QStringLiteral("Otherwise the screenshot stays where it is and the shelf only refers to it."),
+        QString(QStringLiteral("Version ") + programVersion()),
+        QStringLiteral("Copy Diagnostics"),
     };
     QCOMPARE(texts.join(QLatin1Char('\n')), expected.join(QLatin1Char('\n')));
 }
@@ -531,6 +537,20 @@ void SettingsWindowTest::theWindowGrowsWithARowThatAppears()
     m_loginItem->current = LoginItem::Status::enabled;
     launchAtLogin().click();
     QTRY_VERIFY(window()->height() < after);
+}
+
+void SettingsWindowTest::theButtonSaysThatTheDiagnosticsAreCopied()
+{
+    open();
+    auto* button = window()->findChildren<QPushButton*>().last();
+    QCOMPARE(button->text(), QStringLiteral("Copy Diagnostics"));
+    QCOMPARE(m_copies, 0);
+    button->click();
+    QCOMPARE(m_copies, 1);
+    QCOMPARE(button->text(), QStringLiteral("Copied"));
+    window()->close();
+    m_controller->show();
+    QCOMPARE(button->text(), QStringLiteral("Copy Diagnostics"));
 }
 
 QTEST_MAIN(SettingsWindowTest)

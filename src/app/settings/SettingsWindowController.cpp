@@ -1,5 +1,7 @@
 #include "SettingsWindowController.h"
 
+#include "AboutRow.h"
+
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
@@ -28,11 +30,13 @@ void centre(QDialog& window)
 
 SettingsWindowController::SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
                                                    GlobalShortcuts& shortcuts,
-                                                   SettingsView::ScreenshotDirectory screenshotDirectory)
+                                                   SettingsView::ScreenshotDirectory screenshotDirectory,
+                                                   std::function<void()> copyDiagnostics)
     : m_settings(settings)
     , m_loginItem(loginItem)
     , m_shortcuts(shortcuts)
     , m_screenshotDirectory(std::move(screenshotDirectory))
+    , m_copyDiagnostics(std::move(copyDiagnostics))
 {
 }
 
@@ -58,9 +62,11 @@ std::unique_ptr<QDialog> SettingsWindowController::makeWindow() const
     window->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.nookle.Nookle")));
     auto* content = new QVBoxLayout(window.get());
     content->setContentsMargins({});
+    content->setSpacing(0);
     // The window always has the size of its form, also when a row appears or disappears.
     content->setSizeConstraint(QLayout::SetFixedSize);
     content->addWidget(new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory));
+    content->addWidget(new AboutRow(m_copyDiagnostics));
     return window;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <functional>
 #include <memory>
 
 namespace nookle {
@@ -11,9 +12,11 @@ namespace nookle {
 /// Owns the settings window. The window is made once, and kept when it is closed. Main thread only.
 class SettingsWindowController final {
 public:
-    /// `settings`, `loginItem` and `shortcuts` must outlive this object.
+    /// `settings`, `loginItem` and `shortcuts` must outlive this object. `copyDiagnostics` puts a report of the system
+    /// on the clipboard.
     SettingsWindowController(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
-                             SettingsView::ScreenshotDirectory screenshotDirectory);
+                             SettingsView::ScreenshotDirectory screenshotDirectory,
+                             std::function<void()> copyDiagnostics);
     ~SettingsWindowController();
     SettingsWindowController(const SettingsWindowController&) = delete;
     SettingsWindowController& operator=(const SettingsWindowController&) = delete;
@@ -28,6 +31,7 @@ private:
     LoginItem& m_loginItem;
     GlobalShortcuts& m_shortcuts;
     SettingsView::ScreenshotDirectory m_screenshotDirectory;
+    std::function<void()> m_copyDiagnostics;
     std::unique_ptr<QDialog> m_window;
 };
 
