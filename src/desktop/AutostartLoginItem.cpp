@@ -94,6 +94,8 @@ QByteArray AutostartLoginItem::entryContent() const
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_NAME, "Nookle");
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_COMMENT, "A shelf at the edge of the screen");
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, quoted(m_program.toUtf8()).constData());
+    // The desktop passes the entry over in silence once the program is not installed any more.
+    g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_TRY_EXEC, m_program.toUtf8().constData());
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_ICON, "org.nookle.Nookle");
     const std::unique_ptr<char, Release> content(g_key_file_to_data(entry.get(), nullptr, nullptr));
     return content.get();

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void anEntryForThisDesktopIsEnabled();
     void anEntryWithoutAProgramIsNotFound();
     void anEntryThatIsNoneIsNotFoundAndIsReplaced();
+    void theEntryOfARemovedProgramIsPassedOver();
     void unregisteringRemovesTheEntry();
     void unregisteringTwiceIsNoFailure();
     void aFolderThatCannotBeMadeIsAFailure();
@@ -186,6 +187,15 @@ void AutostartLoginItemTest::anEntryThatIsNoneIsNotFoundAndIsReplaced()
     QCOMPARE(m_item->status(), LoginItem::Status::notFound);
     QVERIFY(!m_item->registerItem());
     QCOMPARE(m_item->status(), LoginItem::Status::enabled);
+}
+
+void AutostartLoginItemTest::theEntryOfARemovedProgramIsPassedOver()
+{
+    QVERIFY(!m_item->registerItem());
+    QVERIFY(QFile::remove(m_program));
+    // The key by which desktops know that the program is gone, before they try to start it.
+    QVERIFY(entry().contains(QByteArray("\nTryExec=" + m_program.toUtf8() + '\n')));
+    QCOMPARE(m_item->status(), LoginItem::Status::notFound);
 }
 
 void AutostartLoginItemTest::unregisteringRemovesTheEntry()
