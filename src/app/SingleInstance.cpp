@@ -185,7 +185,7 @@ std::optional<Failure> SingleInstance::claimFolder()
     }
     if (!m_isFolderLost)
         return {};
-    return Failure{ QStringLiteral("another program holds the shelf") };
+    return translatedFailure(QT_TRANSLATE_NOOP("nookle::Failure", "another program holds the shelf"));
 }
 
 void SingleInstance::answerRequests()

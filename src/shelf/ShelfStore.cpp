@@ -178,7 +178,7 @@ void ShelfStore::addImage(const QUrl& movingFrom)
         failure = m_itemFiles.takeOver(movingFrom, item.id, fileName);
     if (failure) {
         logLine(QStringLiteral("could not take over image: ") + failure->description);
-        imageNotAdded(failure->description);
+        imageNotAdded(failure->shown());
         return;
     }
     m_items.prepend(item);

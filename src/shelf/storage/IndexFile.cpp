@@ -186,7 +186,7 @@ std::optional<Failure> IndexFile::setAside() const
     std::error_code ignored;
     const std::optional<QByteArray> asidePath = this->asidePath();
     if (!asidePath)
-        return Failure{ QStringLiteral("too many indexes were moved aside") };
+        return translatedFailure(QT_TRANSLATE_NOOP("nookle::Failure", "too many indexes were moved aside"));
     const fs::path aside = asidePath->toStdString();
     fs::rename(m_path.toStdString(), aside, error);
     if (isInTheWay(error)) {
@@ -195,8 +195,8 @@ std::optional<Failure> IndexFile::setAside() const
     }
     const QString place = QFile::decodeName(*asidePath);
     if (error)
-        return Failure{ QStringLiteral("the unreadable index cannot be moved to %1: %2")
-                            .arg(place, QString::fromStdString(error.message())) };
+        return translatedFailure(QT_TRANSLATE_NOOP("nookle::Failure", "the unreadable index cannot be moved to %1: %2"),
+                                 place, QString::fromStdString(error.message()));
     logLine(QStringLiteral("index unreadable, moved to ") + place + QStringLiteral(": ") + m_obstacle->description);
     return {};
 }

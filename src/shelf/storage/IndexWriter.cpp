@@ -103,7 +103,7 @@ std::optional<Failure> IndexWriter::finish()
             const auto patience = m_hasGivenUp ? std::chrono::milliseconds(0) : m_run->patience;
             if (!m_run->changed.wait_for(lock, patience, [this] { return m_run->isFinished; })) {
                 m_hasGivenUp = true;
-                return Failure{ QStringLiteral("the disk does not answer") };
+                return translatedFailure(QT_TRANSLATE_NOOP("nookle::Failure", "the disk does not answer"));
             }
         }
         failure = takeResult();

@@ -38,7 +38,8 @@ namespace {
 
 [[nodiscard]] Failure unusableName(const QString& name)
 {
-    return { QStringLiteral("no usable file name, or a link for a folder: \"%1\"").arg(name) };
+    return translatedFailure(
+        QT_TRANSLATE_NOOP("nookle::Failure", "no usable file name, or a link for a folder: \"%1\""), name);
 }
 
 } // namespace
