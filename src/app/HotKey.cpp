@@ -30,7 +30,7 @@ namespace {
 HotKey::HotKey(GlobalShortcuts& shortcuts, std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> action)
     : m_id(takeId())
     , m_hotKey(shortcuts.registerShortcut(QKeyCombination(keyboardModifiers(modifiers), key(keyCode)),
-                                          QCoreApplication::translate("HotKey", "Show or hide the shelf"),
+                                          QCoreApplication::translate("nookle::HotKey", "Show or hide the shelf"),
                                           std::move(action)))
 {
 }

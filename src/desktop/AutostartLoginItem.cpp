@@ -92,7 +92,9 @@ QByteArray AutostartLoginItem::entryContent() const
     const KeyFile entry = readEntry(QFile::encodeName(m_entryPath));
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_TYPE, G_KEY_FILE_DESKTOP_TYPE_APPLICATION);
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_NAME, "Nookle");
-    g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_COMMENT, "A shelf at the edge of the screen");
+    // In the user's language only: the entry is the user's own.
+    const QByteArray comment = tr("A shelf at the edge of the screen").toUtf8();
+    g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_COMMENT, comment.constData());
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, quoted(m_program.toUtf8()).constData());
     // The desktop passes the entry over in silence once the program is not installed any more.
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_TRY_EXEC, m_program.toUtf8().constData());

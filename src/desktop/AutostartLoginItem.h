@@ -11,7 +11,7 @@ namespace nookle {
 /// The login item as an entry in the user's autostart folder. The entry is read anew at each call, because the
 /// desktop's settings write it too. Main thread only.
 class AutostartLoginItem final : public LoginItem {
-    Q_DECLARE_TR_FUNCTIONS(AutostartLoginItem)
+    Q_DECLARE_TR_FUNCTIONS(nookle::AutostartLoginItem)
 
 public:
     /// `program` is the absolute path of the program to start.

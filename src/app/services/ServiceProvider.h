@@ -14,7 +14,7 @@ class ShelfStore;
 
 /// Adds to the shelf what other programs hand over. Main thread only.
 class ServiceProvider final {
-    Q_DECLARE_TR_FUNCTIONS(ServiceProvider)
+    Q_DECLARE_TR_FUNCTIONS(nookle::ServiceProvider)
 
 public:
     /// `store` must outlive this object. `onAdded` is called after the store got something to add, even if it refused

@@ -29,6 +29,14 @@ inline constexpr int formWidth = 440;
     return label;
 }
 
+/// Keeps a path in its order within a text that is written from right to left.
+[[nodiscard]] QString isolated(const QString& path)
+{
+    constexpr QChar leftToRightIsolate(0x2066);
+    constexpr QChar endOfIsolate(0x2069);
+    return QString(leftToRightIsolate + path + endOfIsolate);
+}
+
 [[nodiscard]] QHBoxLayout* makeRow(QLabel* title, QWidget* value)
 {
     auto* row = new QHBoxLayout;
@@ -139,8 +147,8 @@ void SettingsView::showEvent(QShowEvent* event)
 
 void SettingsView::showScreenshotFolder()
 {
-    const QString folder = QFile::decodeName(filePath(m_screenshotDirectory()));
-    m_screenshotFolder->setDescription(QString(tr("Folder: ") + shownText(folder)));
+    const QString folder = shownText(QFile::decodeName(filePath(m_screenshotDirectory())));
+    m_screenshotFolder->setDescription(QString(tr("Folder: ") + (isRightToLeft() ? isolated(folder) : folder)));
 }
 
 } // namespace nookle

@@ -58,7 +58,7 @@ std::unique_ptr<QDialog> SettingsWindowController::makeWindow() const
     constexpr auto titleAndCloseButton =
         Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
     auto window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
-    window->setWindowTitle(QCoreApplication::translate("SettingsWindowController", "Nookle Settings"));
+    window->setWindowTitle(QCoreApplication::translate("nookle::SettingsWindowController", "Nookle Settings"));
     window->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.nookle.Nookle")));
     auto* content = new QVBoxLayout(window.get());
     content->setContentsMargins({});

@@ -70,7 +70,7 @@ QString ShelfItemView::description() const
         facts.append(tr("pinned"));
     if (m_isMissing)
         facts.append(tr("unavailable"));
-    return facts.join(QStringLiteral(", "));
+    return facts.join(tr(", ", "between the facts about an item"));
 }
 
 void ShelfItemView::setHovered(bool isHovered)
