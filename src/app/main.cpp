@@ -11,11 +11,13 @@
 #include "SessionEnd.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
+#include "Translations.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QIcon>
+#include <QLocale>
 #include <QStandardPaths>
 
 #include <cstdlib>
@@ -50,6 +52,8 @@ void describeApplication()
 
 int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUrl& dataFolder, const QStringList& uris)
 {
+    const nookle::Translations translations(nookle::Translations::folder(QApplication::applicationDirPath()),
+                                            QLocale::system().uiLanguages());
     // Ends the program, because it cannot save its shelf any more.
     instance.onFolderLost = [] { QApplication::exit(EXIT_FAILURE); };
     nookle::LinuxPlatform platform(dataHome(), nookle::makeDesktopBackend(desktop));

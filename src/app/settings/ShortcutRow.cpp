@@ -64,7 +64,7 @@ void ShortcutRow::showState()
 void ShortcutRow::showKeys()
 {
     const QString bound = shownText(m_shortcuts.boundKeys());
-    const QString text = bound.isEmpty() ? QStringLiteral("⌃⌥⌘D") : bound;
+    const QString text = bound.isEmpty() ? tr("⌃⌥⌘D") : bound;
     m_keys->setText(m_keys->fontMetrics().elidedText(text, Qt::ElideRight, widestKeys));
     m_keys->setAccessibleName(bound.isEmpty() ? tr("Control, Alt, Super and D") : bound);
     m_keys->setToolTip(m_keys->accessibleName());

@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ar" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>أبدًا</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>بعد ساعة</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>بعد 24 ساعة</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>بعد أسبوع</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>رفّ عند حافة الشاشة</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>تعذّر إنشاء مجلده</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>تعذّرت كتابة %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>تعذّرت إزالة %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>تعذّر حفظها ضمن الملفات المؤقتة</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>لم يحفظ البرنامج الآخر شيئًا يمكن إضافته إلى الرف.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>صورة</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>أفلِت هنا</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>برنامج آخر يستخدم الرف</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>نُحّي عدد كبير جدًا من الفهارس</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>لا يمكن نقل الفهرس غير المقروء إلى %1: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>القرص لا يستجيب</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>اسم ملف غير صالح، أو رابط بدل مجلد: «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>أظهر الرف أو أخفه</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>عام</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>افتح عند الولوج</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>فعّل Nookle ضمن تطبيقات بدء التشغيل في إعدادات النظام.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>افتح إعدادات النظام</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>اسمح بإخفاء الرف</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>أبقِ الرف مفتوحًا</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>لم يُعثر على شيء يمكن إضافته إلى الرف.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>الرف</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>أظهر عند السحب إلى الحافة</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>اسحب شيئًا إلى الحافة اليمنى للشاشة فينزلق الرف تلقائيًا.</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>إزالة العناصر</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>تبقى العناصر المثبّتة دائمًا. تنتقل النسخ، كالصور، إلى المهملات.</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Ctrl وAlt وSuper وD</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>الإظهار والإخفاء</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>لقطات الشاشة</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>أضف لقطات الشاشة الجديدة إلى الرف</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>انقلها من سطح المكتب إلى الرف</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>وإلا تبقى اللقطة في مكانها ويكتفي الرف بالإشارة إليها.</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>المجلد: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>إعدادات Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>افتح</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>أظهر في المجلد</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>انسخ</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>ألغِ التثبيت</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>ثبّت</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>أزِل</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>ملف</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>نص</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>رابط</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>صورة</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>مثبّت</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>غير متاح</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>غير متاح</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>، </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>تعذّرت إضافة الصورة إلى الرف: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>الرف ممتلئ. أزِل شيئًا كبيرًا ثم أعد المحاولة.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>أظهر الرف</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>أبقِ الرف مفتوحًا</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>الإعدادات…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>أنهِ Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>الرف</translation>
+    </message>
+</context>
+</TS>

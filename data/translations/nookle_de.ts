@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>Nie</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>Nach 1 Stunde</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>Nach 24 Stunden</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>Nach 1 Woche</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>Eine Ablage am Bildschirmrand</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>der Ordner dafür kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 konnte nicht geschrieben werden: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>%1 konnte nicht entfernt werden: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>es konnte nicht bei den temporären Dateien gespeichert werden</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>Das andere Programm hat nichts gespeichert, was zur Ablage hinzugefügt werden kann.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>Hier ablegen</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>ein anderes Programm hält die Ablage belegt</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>zu viele Indexdateien wurden beiseitegelegt</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>der unlesbare Index kann nicht nach %1 verschoben werden: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>der Datenträger antwortet nicht</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>kein brauchbarer Dateiname, oder eine Verknüpfung statt eines Ordners: „%1“</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Ablage ein- oder ausblenden</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>Allgemein</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Bei der Anmeldung starten</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>Schalten Sie Nookle in den Systemeinstellungen unter den Startprogrammen ein.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>Systemeinstellungen öffnen</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>Ausblenden der Ablage erlauben</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Ablage offen halten</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Nichts gefunden, was zur Ablage hinzugefügt werden kann.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Ablage</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>Beim Ziehen an den Rand einblenden</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Wenn Sie etwas an den rechten Bildschirmrand ziehen, erscheint die Ablage von selbst.</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>Objekte entfernen</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>Angeheftete Objekte bleiben immer. Kopien, zum Beispiel Bilder, kommen in den Papierkorb.</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Strg+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Strg, Alt, Super und D</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Ein- und ausblenden</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Bildschirmfotos</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>Neue Bildschirmfotos zur Ablage hinzufügen</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>Von der Arbeitsfläche in die Ablage verschieben</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>Andernfalls bleibt das Bildschirmfoto, wo es ist, und die Ablage verweist nur darauf.</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>Ordner: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>Nookle-Einstellungen</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Im Ordner anzeigen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Lösen</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Anheften</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>Datei</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>angeheftet</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>Nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>Das Bild konnte nicht zur Ablage hinzugefügt werden: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>Die Ablage ist voll. Entfernen Sie etwas Großes und versuchen Sie es erneut.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>Ablage anzeigen</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Ablage offen halten</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Einstellungen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Nookle beenden</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Ablage</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>Turn Nookle on among the startup applications in the system settings.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Show in Folder</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>

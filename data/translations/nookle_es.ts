@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>Nunca</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>Tras 1 hora</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>Tras 24 horas</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>Tras 1 semana</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>Un estante en el borde de la pantalla</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>no se puede crear su carpeta</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>No se pudo escribir %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>No se pudo eliminar %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>no se pudo guardar entre los archivos temporales</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>El otro programa no ha guardado nada que se pueda añadir al estante.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>Imagen</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>Suelte aquí</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>otro programa está usando el estante</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>se han apartado demasiados índices</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>el índice ilegible no se puede mover a %1: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>el disco no responde</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>nombre de archivo no válido, o un enlace en lugar de una carpeta: «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Mostrar u ocultar el estante</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>General</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Abrir al iniciar sesión</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>Active Nookle entre las aplicaciones de inicio en la configuración del sistema.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>Abrir la configuración</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>Permitir que el estante se oculte</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Mantener el estante abierto</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>No se encontró nada que se pueda añadir al estante.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Estante</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>Mostrar al arrastrar al borde</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Arrastre algo al borde derecho de la pantalla y el estante aparecerá automáticamente.</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>Quitar los elementos</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>Los elementos anclados permanecen siempre. Las copias, como las imágenes, van a la papelera.</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Control, Alt, Super y D</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Mostrar y ocultar</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Capturas de pantalla</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>Añadir las nuevas capturas de pantalla al estante</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>Moverlas del escritorio al estante</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>De lo contrario, la captura se queda donde está y el estante solo hace referencia a ella.</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>Carpeta: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>Configuración de Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Mostrar en la carpeta</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Desanclar</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Anclar</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Quitar</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>Archivo</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texto</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Enlace</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Imagen</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>anclado</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>no disponible</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>No disponible</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>No se pudo añadir la imagen al estante: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>El estante está lleno. Quite algo grande e inténtelo de nuevo.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>Mostrar el estante</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Mantener el estante abierto</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Configuración…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Salir de Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Estante</translation>
+    </message>
+</context>
+</TS>

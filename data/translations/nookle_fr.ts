@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>Jamais</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>Après 1 heure</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>Après 24 heures</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>Après 1 semaine</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>Une étagère au bord de l’écran</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>son dossier ne peut pas être créé</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 n’a pas pu être écrit&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>%1 n’a pas pu être supprimé&#xa0;: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>elle n’a pas pu être enregistrée parmi les fichiers temporaires</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>L’autre programme n’a rien enregistré qui puisse être ajouté à l’étagère.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>Image</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>Déposez ici</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>un autre programme occupe l’étagère</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>trop de fichiers d’index ont été mis de côté</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>l’index illisible ne peut pas être déplacé vers %1&#xa0;: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>le disque ne répond pas</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>nom de fichier inutilisable, ou lien à la place d’un dossier&#xa0;: «&#xa0;%1&#xa0;»</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Afficher ou masquer l’étagère</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>Général</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Lancer à l’ouverture de session</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>Activez Nookle parmi les applications au démarrage dans les paramètres du système.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>Ouvrir les paramètres</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>Laisser l’étagère se masquer</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Garder l’étagère ouverte</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Rien trouvé qui puisse être ajouté à l’étagère.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Étagère</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>Afficher lors d’un glissement vers le bord</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Faites glisser un élément vers le bord droit de l’écran et l’étagère apparaît automatiquement.</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>Retirer les éléments</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>Les éléments épinglés restent toujours. Les copies, comme les images, vont à la corbeille.</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Contrôle, Alt, Super et D</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Afficher et masquer</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Captures d’écran</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>Ajouter les nouvelles captures d’écran à l’étagère</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>Les déplacer du bureau vers l’étagère</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>Sinon, la capture reste à sa place et l’étagère ne fait qu’y renvoyer.</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>Dossier&#xa0;: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>Paramètres de Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Afficher dans le dossier</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Désépingler</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Épingler</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Retirer</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>Fichier</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texte</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Lien</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>épinglé</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>indisponible</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>Indisponible</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>L’image n’a pas pu être ajoutée à l’étagère&#xa0;: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>L’étagère est pleine. Retirez un élément volumineux et réessayez.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>Afficher l’étagère</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Garder l’étagère ouverte</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Paramètres…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Quitter Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Étagère</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="it" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>Mai</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>Dopo 1 ora</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>Dopo 24 ore</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>Dopo 1 settimana</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>Un ripiano sul bordo dello schermo</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>impossibile creare la cartella</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>Impossibile scrivere %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>Impossibile rimuovere %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>non è stato possibile salvarla tra i file temporanei</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>L’altro programma non ha salvato nulla da aggiungere al ripiano.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>Immagine</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>Rilascia qui</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>un altro programma sta usando il ripiano</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>troppi indici sono stati messi da parte</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>l’indice illeggibile non può essere spostato in %1: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>il disco non risponde</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>nome di file non utilizzabile, o un collegamento al posto di una cartella: «%1»</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Mostra o nascondi il ripiano</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>Generali</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Apri all’accesso</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>Attiva Nookle tra le applicazioni d’avvio nelle impostazioni di sistema.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>Apri le impostazioni</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>Consenti di nascondere il ripiano</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Mantieni aperto il ripiano</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Non è stato trovato nulla da aggiungere al ripiano.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Ripiano</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>Mostra trascinando verso il bordo</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Trascina qualcosa verso il bordo destro dello schermo e il ripiano compare automaticamente.</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>Rimuovi gli elementi</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>Gli elementi fissati restano sempre. Le copie, come le immagini, vanno nel cestino.</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Control, Alt, Super e D</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Mostra e nascondi</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Schermate</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>Aggiungi le nuove schermate al ripiano</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>Spostale dalla scrivania al ripiano</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>Altrimenti la schermata resta dov’è e il ripiano vi fa solo riferimento.</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>Cartella: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>Impostazioni di Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Apri</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Mostra nella cartella</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copia</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Non fissare</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Fissa</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Rimuovi</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Testo</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Collegamento</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Immagine</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>fissato</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>non disponibile</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>Non disponibile</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>Impossibile aggiungere l’immagine al ripiano: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>Il ripiano è pieno. Rimuovi qualcosa di grande e riprova.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>Mostra il ripiano</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Mantieni aperto il ripiano</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Impostazioni…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Esci da Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Ripiano</translation>
+    </message>
+</context>
+</TS>

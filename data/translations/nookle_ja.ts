@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>しない</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>1 時間後</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>24 時間後</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>1 週間後</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>画面の端にあるシェルフ</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>フォルダーを作成できません</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>%1 に書き込めませんでした: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>%1 を削除できませんでした: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>一時ファイルとして保存できませんでした</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>相手のプログラムは、シェルフに追加できるものを保存しませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>画像</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>ここにドロップ</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>別のプログラムがシェルフを使用しています</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>退避されたインデックスが多すぎます</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>読み取れないインデックスを %1 に移動できません: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>ディスクが応答しません</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>使用できないファイル名か、フォルダーの代わりのリンクです: 「%1」</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>シェルフの表示/非表示</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>全般</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>ログイン時に起動</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>システム設定の自動起動アプリケーションで Nookle を有効にしてください。</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>システム設定を開く</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>シェルフの自動非表示を許可</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>シェルフを開いたままにする</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>シェルフに追加できるものが見つかりませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>シェルフ</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>端までドラッグしたときに表示</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>何かを画面の右端までドラッグすると、シェルフが自動的に現れます。</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>項目の削除</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>ピン留めした項目は常に残ります。画像などのコピーはゴミ箱に移動します。</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Ctrl、Alt、Super、D</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>表示と非表示</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>スクリーンショット</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>新しいスクリーンショットをシェルフに追加</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>デスクトップからシェルフに移動</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>オフの場合、スクリーンショットは元の場所に残り、シェルフはそれを参照するだけです。</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>フォルダー: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>Nookle の設定</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>フォルダーで表示</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>ピン留めを外す</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>ピン留め</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>削除</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>ファイル</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>テキスト</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>リンク</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>ピン留め済み</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>利用不可</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>利用不可</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>、</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>画像をシェルフに追加できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>シェルフがいっぱいです。大きなものを削除して、もう一度お試しください。</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>シェルフを表示</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>シェルフを開いたままにする</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>設定…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Nookle を終了</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>シェルフ</translation>
+    </message>
+</context>
+</TS>

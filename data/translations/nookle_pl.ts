@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>Nigdy</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>Po 1 godzinie</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>Po 24 godzinach</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>Po 1 tygodniu</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>Półka przy krawędzi ekranu</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>nie można utworzyć katalogu</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>Nie można zapisać %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>Nie można usunąć %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>nie można zapisać go wśród plików tymczasowych</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>Drugi program nie zapisał niczego, co można dodać na półkę.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>Obraz</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>Upuść tutaj</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>inny program używa półki</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>odłożono na bok zbyt wiele indeksów</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>nie można przenieść nieczytelnego indeksu do %1: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>dysk nie odpowiada</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>nieodpowiednia nazwa pliku lub dowiązanie zamiast katalogu: „%1”</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Pokaż lub ukryj półkę</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>Ogólne</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Uruchamiaj po zalogowaniu</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>Włącz Nookle wśród programów startowych w ustawieniach systemu.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>Otwórz ustawienia systemu</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>Pozwól na ukrywanie półki</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Pozostaw półkę otwartą</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Nie znaleziono niczego, co można dodać na półkę.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Półka</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>Pokazuj przy przeciąganiu do krawędzi</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Po przeciągnięciu czegoś do prawej krawędzi ekranu półka wysuwa się automatycznie.</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>Usuwanie elementów</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>Przypięte elementy pozostają zawsze. Kopie, na przykład obrazy, trafiają do kosza.</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Control, Alt, Super i D</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Pokazywanie i ukrywanie</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Zrzuty ekranu</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>Dodawaj nowe zrzuty ekranu na półkę</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>Przenoś je z pulpitu na półkę</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>W przeciwnym razie zrzut pozostaje na swoim miejscu, a półka tylko się do niego odwołuje.</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>Katalog: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>Ustawienia Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Pokaż w katalogu</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Skopiuj</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Odepnij</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Przypnij</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Usuń</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>Plik</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Tekst</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Odnośnik</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Obraz</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>przypięte</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>niedostępne</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>Niedostępne</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>Nie można dodać obrazu na półkę: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>Półka jest pełna. Usuń coś dużego i spróbuj ponownie.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>Pokaż półkę</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Pozostaw półkę otwartą</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Ustawienia…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Zakończ Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Półka</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,296 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pt_BR" sourcelanguage="en">
+<context>
+    <name>nookle::AppSettings</name>
+    <message>
+        <source>Never</source>
+        <translation>Nunca</translation>
+    </message>
+    <message>
+        <source>After 1 hour</source>
+        <translation>Após 1 hora</translation>
+    </message>
+    <message>
+        <source>After 24 hours</source>
+        <translation>Após 24 horas</translation>
+    </message>
+    <message>
+        <source>After 1 week</source>
+        <translation>Após 1 semana</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::AutostartLoginItem</name>
+    <message>
+        <source>A shelf at the edge of the screen</source>
+        <translation>Uma prateleira na borda da tela</translation>
+    </message>
+    <message>
+        <source>its folder cannot be made</source>
+        <translation>não é possível criar a pasta</translation>
+    </message>
+    <message>
+        <source>%1 could not be written: %2</source>
+        <translation>Não foi possível gravar %1: %2</translation>
+    </message>
+    <message>
+        <source>%1 could not be removed: %2</source>
+        <translation>Não foi possível remover %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DropHandler</name>
+    <message>
+        <source>it could not be saved among the temporary files</source>
+        <translation>não foi possível salvá-la entre os arquivos temporários</translation>
+    </message>
+    <message>
+        <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation>O outro programa não salvou nada que possa ser adicionado à prateleira.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::DroppedImage</name>
+    <message>
+        <source>Image</source>
+        <translation>Imagem</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::EmptyShelfView</name>
+    <message>
+        <source>Drop here</source>
+        <translation>Solte aqui</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::Failure</name>
+    <message>
+        <source>another program holds the shelf</source>
+        <translation>outro programa está usando a prateleira</translation>
+    </message>
+    <message>
+        <source>too many indexes were moved aside</source>
+        <translation>índices demais foram postos de lado</translation>
+    </message>
+    <message>
+        <source>the unreadable index cannot be moved to %1: %2</source>
+        <translation>o índice ilegível não pode ser movido para %1: %2</translation>
+    </message>
+    <message>
+        <source>the disk does not answer</source>
+        <translation>o disco não responde</translation>
+    </message>
+    <message>
+        <source>no usable file name, or a link for a folder: &quot;%1&quot;</source>
+        <translation>nome de arquivo inutilizável ou link no lugar de uma pasta: “%1”</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::HotKey</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Mostrar ou ocultar a prateleira</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::LoginItemSection</name>
+    <message>
+        <source>General</source>
+        <translation>Geral</translation>
+    </message>
+    <message>
+        <source>Open at login</source>
+        <translation>Abrir ao iniciar a sessão</translation>
+    </message>
+    <message>
+        <source>Allow Nookle under Login Items in System Settings.</source>
+        <translation>Ative o Nookle entre os aplicativos de inicialização nas configurações do sistema.</translation>
+    </message>
+    <message>
+        <source>Open System Settings</source>
+        <translation>Abrir as configurações</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::PinButton</name>
+    <message>
+        <source>Allow Shelf to Hide</source>
+        <translation>Permitir ocultar a prateleira</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Manter a prateleira aberta</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ServiceProvider</name>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Não foi encontrado nada que possa ser adicionado à prateleira.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsView</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Prateleira</translation>
+    </message>
+    <message>
+        <source>Show when dragging to the edge</source>
+        <translation>Mostrar ao arrastar até a borda</translation>
+    </message>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Arraste algo até a borda direita da tela e a prateleira aparece automaticamente.</translation>
+    </message>
+    <message>
+        <source>Remove items</source>
+        <translation>Remover itens</translation>
+    </message>
+    <message>
+        <source>Pinned items always stay. Copies such as images go to the Trash.</source>
+        <translation>Itens fixados sempre ficam. Cópias, como imagens, vão para a lixeira.</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Control, Alt, Super e D</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Mostrar e ocultar</translation>
+    </message>
+    <message>
+        <source>Screenshots</source>
+        <translation>Capturas de tela</translation>
+    </message>
+    <message>
+        <source>Add new screenshots to the shelf</source>
+        <translation>Adicionar novas capturas de tela à prateleira</translation>
+    </message>
+    <message>
+        <source>Move them from the desktop to the shelf</source>
+        <translation>Movê-las da área de trabalho para a prateleira</translation>
+    </message>
+    <message>
+        <source>Otherwise the screenshot stays where it is and the shelf only refers to it.</source>
+        <translation>Caso contrário, a captura fica onde está e a prateleira apenas faz referência a ela.</translation>
+    </message>
+    <message>
+        <source>Folder: </source>
+        <translation>Pasta: </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SettingsWindowController</name>
+    <message>
+        <source>Nookle Settings</source>
+        <translation>Configurações do Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemActions</name>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message>
+        <source>Show in Finder</source>
+        <translation>Mostrar na pasta</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Unpin</source>
+        <translation>Desafixar</translation>
+    </message>
+    <message>
+        <source>Pin</source>
+        <translation>Fixar</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remover</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfItemView</name>
+    <message>
+        <source>File</source>
+        <translation>Arquivo</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>Texto</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>Image</source>
+        <translation>Imagem</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>fixado</translation>
+    </message>
+    <message>
+        <source>unavailable</source>
+        <translation>indisponível</translation>
+    </message>
+    <message>
+        <source>Unavailable</source>
+        <translation>Indisponível</translation>
+    </message>
+    <message>
+        <source>, </source>
+        <comment>between the facts about an item</comment>
+        <translation>, </translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfStore</name>
+    <message>
+        <source>The image could not be added to the shelf: %1</source>
+        <translation>Não foi possível adicionar a imagem à prateleira: %1</translation>
+    </message>
+    <message>
+        <source>The shelf is full. Remove something large and try again.</source>
+        <translation>A prateleira está cheia. Remova algo grande e tente novamente.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::StatusMenu</name>
+    <message>
+        <source>Show Shelf</source>
+        <translation>Mostrar a prateleira</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Manter a prateleira aberta</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Configurações…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Sair do Nookle</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::TileList</name>
+    <message>
+        <source>Shelf</source>
+        <translation>Prateleira</translation>
+    </message>
+</context>
+</TS>
