@@ -248,7 +248,7 @@
     </message>
     <message>
         <source>Unavailable</source>
-        <translation>Nicht verfügbar</translation>
+        <translation>Fehlt</translation>
     </message>
     <message>
         <source>, </source>

@@ -248,7 +248,7 @@
     </message>
     <message>
         <source>Unavailable</source>
-        <translation>Non disponibile</translation>
+        <translation>Mancante</translation>
     </message>
     <message>
         <source>, </source>

@@ -61,7 +61,7 @@
     <name>nookle::EmptyShelfView</name>
     <message>
         <source>Drop here</source>
-        <translation>ここにドロップ</translation>
+        <translation>ここに置く</translation>
     </message>
 </context>
 <context>

@@ -30,7 +30,8 @@ DescriptionLabel::DescriptionLabel(QWidget& control)
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setForegroundRole(QPalette::PlaceholderText);
-    setContentsMargins(textIndent(control), 0, 0, 0);
+    const int indent = textIndent(control);
+    setContentsMargins(isRightToLeft() ? QMargins(0, 0, indent, 0) : QMargins(indent, 0, 0, 0));
 }
 
 void DescriptionLabel::setDescription(const QString& text)

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "AppSettings.h"
+#include "FakeLoginItem.h"
+#include "FakeUserDefaults.h"
+#include "LanguageInUse.h"
+#include "PanelPinning.h"
+#include "SettingsWindowController.h"
+#include "ShelfFixture.h"
+#include "StatusMenu.h"
+
+#include <QList>
+#include <QMenu>
+#include <QString>
+
+namespace nookle {
+
+/// Everything that shows texts, in one language: the settings with every row, an empty shelf, one with items, the
+/// menus.
+class InterfaceInLanguage final {
+public:
+    InterfaceInLanguage(const QString& language, LanguageInUse::MissingLetters missingLetters);
+
+    [[nodiscard]] QWidget& settings() const;
+    [[nodiscard]] QList<QWidget*> widgets();
+
+private:
+    LanguageInUse m_language;
+    FakeUserDefaults m_defaults;
+    AppSettings m_settings{ m_defaults };
+    FakeLoginItem m_loginItem;
+    SettingsWindowController m_controller;
+    ShelfFixture m_empty;
+    ShelfFixture m_full;
+    PanelPinning m_pinning{ m_defaults };
+    StatusMenu m_statusMenu{ m_pinning };
+    QMenu m_itemMenu;
+};
+
+/// The font of a desktop, in a size in which its letters are wider than those of other desktops' fonts are in theirs.
+void prepareDesktopFont();
+
+} // namespace nookle
