@@ -1,0 +1,77 @@
+#include <QFile>
+#include <QHash>
+#include <QRegularExpression>
+#include <QTest>
+
+/// The texts by which desktops and file managers offer the program.
+class DesktopEntriesTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyTextIsInEveryLanguage_data();
+    void everyTextIsInEveryLanguage();
+};
+
+namespace {
+
+/// The languages as entries name them, where there is no English.
+[[nodiscard]] QStringList languages()
+{
+    QStringList names = QStringLiteral(NOOKLE_LANGUAGES).split(QLatin1Char(' '));
+    names.removeOne(QStringLiteral("en"));
+    names.replaceInStrings(QStringLiteral("zh_Hans"), QStringLiteral("zh_CN"));
+    names.sort();
+    return names;
+}
+
+/// For each line with a text that is translated, the languages that follow it with a text of their own.
+[[nodiscard]] QHash<QString, QStringList> readTexts(const QByteArray& entry)
+{
+    static const QRegularExpression pattern(
+        QStringLiteral("^(Name|GenericName|Comment|Keywords)(?:\\[(\\w+)\\])?=(.+)$"));
+    QHash<QString, QStringList> texts;
+    QString current;
+    int number = 0;
+    for (const QString& line : QString::fromUtf8(entry).split(QLatin1Char('\n'))) {
+        ++number;
+        const auto match = pattern.match(line);
+        if (!match.hasMatch() || match.captured(3) == QLatin1String("Nookle"))
+            continue;
+        if (match.captured(2).isEmpty()) {
+            current = QStringLiteral("%1: %2").arg(number).arg(line);
+            texts.insert(current, {});
+        } else if (current.contains(QLatin1Char(' ') + match.captured(1) + QLatin1Char('='))) {
+            texts[current].append(match.captured(2));
+        }
+    }
+    return texts;
+}
+
+} // namespace
+
+void DesktopEntriesTest::everyTextIsInEveryLanguage_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : { "org.nookle.Nookle.desktop", "services/nemo/org.nookle.Nookle.nemo_action",
+                              "services/pcmanfm/org.nookle.Nookle.desktop", "services/plasma/org.nookle.Nookle.desktop",
+                              "services/thunar/org.nookle.Nookle.desktop" })
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void DesktopEntriesTest::everyTextIsInEveryLanguage()
+{
+    QFETCH(QString, name);
+    QFile file(QStringLiteral(NOOKLE_DATA_FOLDER "/") + name);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QHash<QString, QStringList> texts = readTexts(file.readAll());
+    QVERIFY(!texts.isEmpty());
+    for (auto text = texts.begin(); text != texts.end(); ++text) {
+        QStringList found = text.value();
+        found.sort();
+        QVERIFY2(found == languages(),
+                 qPrintable(text.key() + QLatin1String(" is in ") + found.join(QLatin1Char(' '))));
+    }
+}
+
+QTEST_GUILESS_MAIN(DesktopEntriesTest)
+#include "DesktopEntriesTest.moc"
