@@ -2,14 +2,16 @@
 #include <QHash>
 #include <QRegularExpression>
 #include <QTest>
+#include <QXmlStreamReader>
 
-/// The texts by which desktops and file managers offer the program.
+/// The texts by which desktops, file managers and software centres offer the program.
 class DesktopEntriesTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
     void everyTextIsInEveryLanguage_data();
     void everyTextIsInEveryLanguage();
+    void everyTextForSoftwareCentresIsInEveryLanguage();
 };
 
 namespace {
@@ -47,6 +49,42 @@ namespace {
     return texts;
 }
 
+void verifyLanguages(const QHash<QString, QStringList>& texts)
+{
+    QVERIFY(!texts.isEmpty());
+    for (auto text = texts.begin(); text != texts.end(); ++text) {
+        QStringList found = text.value();
+        found.sort();
+        QVERIFY2(found == languages(),
+                 qPrintable(text.key() + QLatin1String(" is in ") + found.join(QLatin1Char(' '))));
+    }
+}
+
+/// The same of the description for software centres.
+[[nodiscard]] QHash<QString, QStringList> readDescribedTexts(const QByteArray& description)
+{
+    const QStringList translated{ QStringLiteral("summary"), QStringLiteral("p"), QStringLiteral("li"),
+                                  QStringLiteral("caption") };
+    QHash<QString, QStringList> texts;
+    QString current;
+    QXmlStreamReader xml(description);
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement || !translated.contains(xml.name().toString()))
+            continue;
+        // Languages are written with a hyphen here.
+        QString language = xml.attributes().value(QLatin1String("xml:lang")).toString();
+        language.replace(QLatin1Char('-'), QLatin1Char('_'));
+        const QString text = QStringLiteral("%1: %2").arg(xml.lineNumber()).arg(xml.readElementText());
+        if (!language.isEmpty()) {
+            texts[current].append(language);
+            continue;
+        }
+        current = text;
+        texts.insert(current, {});
+    }
+    return xml.hasError() ? QHash<QString, QStringList>() : texts;
+}
+
 } // namespace
 
 void DesktopEntriesTest::everyTextIsInEveryLanguage_data()
@@ -63,14 +101,14 @@ void DesktopEntriesTest::everyTextIsInEveryLanguage()
     QFETCH(QString, name);
     QFile file(QStringLiteral(NOOKLE_DATA_FOLDER "/") + name);
     QVERIFY(file.open(QIODevice::ReadOnly));
-    const QHash<QString, QStringList> texts = readTexts(file.readAll());
-    QVERIFY(!texts.isEmpty());
-    for (auto text = texts.begin(); text != texts.end(); ++text) {
-        QStringList found = text.value();
-        found.sort();
-        QVERIFY2(found == languages(),
-                 qPrintable(text.key() + QLatin1String(" is in ") + found.join(QLatin1Char(' '))));
-    }
+    verifyLanguages(readTexts(file.readAll()));
+}
+
+void DesktopEntriesTest::everyTextForSoftwareCentresIsInEveryLanguage()
+{
+    QFile file(QStringLiteral(NOOKLE_DATA_FOLDER "/org.nookle.Nookle.metainfo.xml"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    verifyLanguages(readDescribedTexts(file.readAll()));
 }
 
 QTEST_GUILESS_MAIN(DesktopEntriesTest)
