@@ -70,6 +70,7 @@ private Q_SLOTS:
     void aShelfThatAnotherSessionHoldsIsSaid();
     void aProgramThatLostItsShelfEnds();
     void theBusStartsTheInstalledProgram();
+    void theInstalledProgramSpeaksTheUsersLanguage();
 
 private:
     [[nodiscard]] QString uri(const QString& name) const
@@ -299,6 +300,15 @@ void ServicesEndToEndTest::theBusStartsTheInstalledProgram()
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
     QCOMPARE(m_client->call(applicationInterface(), QStringLiteral("Activate"), { QVariantMap() }).type(),
              QDBusMessage::ReplyMessage);
+}
+
+void ServicesEndToEndTest::theInstalledProgramSpeaksTheUsersLanguage()
+{
+    m_desktop->setVariable(QStringLiteral("LANGUAGE"), QStringLiteral("de"));
+    m_shelf = std::make_unique<Shelf>(*m_desktop, m_prefix.filePath(QStringLiteral("bin/nookle")));
+    QVERIFY(m_shelf->start());
+    QCOMPARE(m_client->addToShelf({}, {}).errorMessage(),
+             QStringLiteral("Nichts gefunden, was zur Ablage hinzugefügt werden kann."));
 }
 
 QTEST_GUILESS_MAIN(ServicesEndToEndTest)
