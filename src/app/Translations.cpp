@@ -64,7 +64,7 @@ void Translations::followLanguage(const QString& language)
         return;
     // Of the toolkit's own texts the keys' names are seen, in menus.
     const QString installed = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    if (m_toolkit.load(locale, QStringLiteral("qtbase"), QStringLiteral("_"), installed))
+    if (m_toolkit.load(QStringLiteral("qtbase_") + locale.name(), installed))
         QCoreApplication::installTranslator(&m_toolkit);
     QGuiApplication::setLayoutDirection(locale.textDirection());
 }
