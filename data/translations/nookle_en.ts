@@ -255,6 +255,10 @@
         <comment>between the facts about an item</comment>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Show Menu</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>nookle::ShelfStore</name>

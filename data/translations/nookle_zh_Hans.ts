@@ -255,6 +255,10 @@
         <comment>between the facts about an item</comment>
         <translation>，</translation>
     </message>
+    <message>
+        <source>Show Menu</source>
+        <translation>显示菜单</translation>
+    </message>
 </context>
 <context>
     <name>nookle::ShelfStore</name>

@@ -94,6 +94,8 @@ void AccessibilityTest::theActionsAreThoseOfTheMenu()
                                 QStringLiteral("Pin"),
                                 QStringLiteral("Remove") };
     QCOMPARE(tile(0).actionInterface()->actionNames(), expected);
+    QCOMPARE(tile(0).actionInterface()->localizedActionName(expected[0]), QStringLiteral("Show Menu"));
+    QCOMPARE(tile(0).actionInterface()->localizedActionName(expected[1]), QStringLiteral("Open"));
     m_shelf->references.removeFile(fileUrl("/somewhere/a.txt"));
     m_shelf->store.refreshFiles();
     QVERIFY(!tile(0).actionInterface()->actionNames().contains(QStringLiteral("Copy")));

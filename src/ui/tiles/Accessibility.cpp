@@ -49,7 +49,11 @@ public:
         return names;
     }
 
-    [[nodiscard]] QString localizedActionName(const QString& name) const override { return name; }
+    // The names are the titles of the menu, in the user's language already.
+    [[nodiscard]] QString localizedActionName(const QString& name) const override
+    {
+        return name == showMenuAction() ? ShelfItemView::tr("Show Menu") : name;
+    }
 
     void doAction(const QString& name) override
     {
