@@ -56,7 +56,7 @@ bool hasScreenshotMark(const QByteArray& path)
     const auto file = RegularFile::open(path, RegularFile::Links::follow);
     if (!file)
         return false;
-    const bool hasName = isScreenshotName(path.mid(path.lastIndexOf('/') + 1));
+    const bool hasName = isScreenshotName(path.mid(path.lastIndexOf('/') + 1), translatedScreenshot());
     const QByteArray start = startOf(file->descriptor.get());
     if (!isPngStart(start))
         return hasName && isImage(start);

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <glib.h>
+
 namespace nookle {
 
 namespace {
@@ -38,10 +40,18 @@ namespace {
 
 } // namespace
 
-bool isScreenshotName(const QByteArray& name)
+QString translatedScreenshot()
+{
+    return QString::fromUtf8(g_dgettext("xfce4-screenshooter", "Screenshot"));
+}
+
+bool isScreenshotName(const QByteArray& name, const QString& word)
 {
     static const QRegularExpression expression = makeExpression();
-    return expression.match(QString::fromLatin1(name)).hasMatch();
+    QString english = QString::fromUtf8(name);
+    if (english.startsWith(word + QLatin1Char('_')))
+        english.replace(0, word.size(), QStringLiteral("Screenshot"));
+    return expression.match(english).hasMatch();
 }
 
 } // namespace nookle

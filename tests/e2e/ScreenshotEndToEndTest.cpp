@@ -31,6 +31,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aScreenshotOfXfcesToolLandsOnTheShelf();
+    void aScreenshotThatIsNamedInTheUsersLanguageLands();
     void aScreenshotIsTakenOverWhenTheUserWantsIt();
     void otherFilesInTheFolderAreLeftAlone();
     void withTheSettingOffNothingHappens();
@@ -112,6 +113,16 @@ void ScreenshotEndToEndTest::aScreenshotOfXfcesToolLandsOnTheShelf()
     QCOMPARE(QImage(QString(folder() + QLatin1Char('/') + name)).size(), QSize(screenWidth, 700));
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
     QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
+}
+
+void ScreenshotEndToEndTest::aScreenshotThatIsNamedInTheUsersLanguageLands()
+{
+    m_desktop->setVariable(QStringLiteral("LANGUAGE"), QStringLiteral("de"));
+    QVERIFY(start("collectScreenshots=true\n"));
+    takeScreenshot();
+    QVERIFY(waitFor([this] { return m_shelf->savedFileNames().size() == 1; }));
+    const QString name = m_shelf->savedFileNames().first();
+    QVERIFY2(name.startsWith(QLatin1String("Bildschirmfoto_")), qPrintable(name));
 }
 
 void ScreenshotEndToEndTest::aScreenshotIsTakenOverWhenTheUserWantsIt()

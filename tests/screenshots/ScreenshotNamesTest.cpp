@@ -12,6 +12,7 @@ private Q_SLOTS:
     void namesThatToolsGiveAreKnown();
     void otherNamesAreNot_data();
     void otherNamesAreNot();
+    void aNameInTheUsersLanguageIsKnown();
 };
 
 namespace {
@@ -37,7 +38,7 @@ void ScreenshotNamesTest::namesThatToolsGiveAreKnown_data()
 void ScreenshotNamesTest::namesThatToolsGiveAreKnown()
 {
     QFETCH(const QByteArray, name);
-    QVERIFY(isScreenshotName(name));
+    QVERIFY(isScreenshotName(name, QStringLiteral("Screenshot")));
 }
 
 void ScreenshotNamesTest::otherNamesAreNot_data()
@@ -50,7 +51,16 @@ void ScreenshotNamesTest::otherNamesAreNot_data()
 void ScreenshotNamesTest::otherNamesAreNot()
 {
     QFETCH(const QByteArray, name);
-    QVERIFY(!isScreenshotName(name));
+    QVERIFY(!isScreenshotName(name, QStringLiteral("Screenshot")));
+}
+
+void ScreenshotNamesTest::aNameInTheUsersLanguageIsKnown()
+{
+    const QByteArray name = "Capture d\xe2\x80\x99\xc3\xa9"
+                            "cran_2026-01-31_12-00-00-1.png";
+    QVERIFY(isScreenshotName(name, QStringLiteral("Capture d’écran")));
+    QVERIFY(!isScreenshotName(name, QStringLiteral("Bildschirmfoto")));
+    QVERIFY(!isScreenshotName("Capture.png", QStringLiteral("Capture")));
 }
 
 QTEST_GUILESS_MAIN(ScreenshotNamesTest)
