@@ -71,6 +71,7 @@ private Q_SLOTS:
     void aProgramThatLostItsShelfEnds();
     void theBusStartsTheInstalledProgram();
     void theInstalledProgramSpeaksTheUsersLanguage();
+    void whereTextRunsFromTheRightThePanelStaysAtTheRight();
 
 private:
     [[nodiscard]] QString uri(const QString& name) const
@@ -309,6 +310,14 @@ void ServicesEndToEndTest::theInstalledProgramSpeaksTheUsersLanguage()
     QVERIFY(m_shelf->start());
     QCOMPARE(m_client->addToShelf({}, {}).errorMessage(),
              QStringLiteral("Nichts gefunden, was zur Ablage hinzugefügt werden kann."));
+}
+
+void ServicesEndToEndTest::whereTextRunsFromTheRightThePanelStaysAtTheRight()
+{
+    m_desktop->setVariable(QStringLiteral("LANGUAGE"), QStringLiteral("ar"));
+    QVERIFY(m_shelf->start());
+    QCOMPARE(m_client->addToShelf({ uri(QStringLiteral("a")) }, {}).type(), QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
 }
 
 QTEST_GUILESS_MAIN(ServicesEndToEndTest)
