@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Wenn Sie etwas an den rechten Bildschirmrand ziehen, erscheint die Ablage von selbst.</translation>
+        <translation>Ziehen Sie etwas an den rechten Rand des Bildschirms, und die Ablage erscheint von selbst.</translation>
     </message>
     <message>
         <source>Remove items</source>

@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Arrastre algo al borde derecho de la pantalla y el estante aparecerá automáticamente.</translation>
+        <translation>Arrastre algo al borde derecho de la pantalla y el estante aparecerá solo.</translation>
     </message>
     <message>
         <source>Remove items</source>

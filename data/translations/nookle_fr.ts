@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Faites glisser un élément vers le bord droit de l’écran et l’étagère apparaît automatiquement.</translation>
+        <translation>Faites glisser un élément vers le bord droit de l’écran et l’étagère apparaît toute seule.</translation>
     </message>
     <message>
         <source>Remove items</source>

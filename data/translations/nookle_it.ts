@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Trascina qualcosa verso il bordo destro dello schermo e il ripiano compare automaticamente.</translation>
+        <translation>Trascina qualcosa verso il bordo destro dello schermo e il ripiano compare da solo.</translation>
     </message>
     <message>
         <source>Remove items</source>

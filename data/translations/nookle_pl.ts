@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Po przeciągnięciu czegoś do prawej krawędzi ekranu półka wysuwa się automatycznie.</translation>
+        <translation>Przeciągnij coś do prawej krawędzi ekranu, a półka sama się wysunie.</translation>
     </message>
     <message>
         <source>Remove items</source>

@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Arraste algo até a borda direita da tela e a prateleira aparece automaticamente.</translation>
+        <translation>Arraste algo até a borda direita da tela e a prateleira aparece sozinha.</translation>
     </message>
     <message>
         <source>Remove items</source>
