@@ -1,12 +1,17 @@
 #include "GioTrash.h"
 
+#include "DataFiles.h"
 #include "FileUrl.h"
+#include "TrashFolders.h"
+#include "TrashedFile.h"
 
+#include <fcntl.h>
 #include <gio/gio.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace nookle {
 
@@ -20,7 +25,8 @@ struct Release {
 } // namespace
 
 GioTrash::GioTrash(const QByteArray& dataHome)
-    : m_fragments{ "/.local/share/Trash/", "/.Trash/", "/.Trash-" + QByteArray::number(getuid()) + "/" }
+    : m_dataHome(dataHome)
+    , m_fragments{ "/.local/share/Trash/", "/.Trash/", "/.Trash-" + QByteArray::number(getuid()) + "/" }
 {
     if (!dataHome.isEmpty())
         m_fragments.push_back(standardizedPath(fileUrl(dataHome)) + "/Trash/");
@@ -38,6 +44,27 @@ std::optional<Failure> GioTrash::moveToTrash(const QUrl& url)
         return std::nullopt;
     const std::unique_ptr<GError, Release> owned(error);
     return Failure{ QString::fromUtf8(owned->message) };
+}
+
+std::optional<Failure> GioTrash::putBack(const QUrl& url)
+{
+    const QByteArray path = standardizedPath(url);
+    if (path.isEmpty())
+        return Failure{ QStringLiteral("not a file of this computer") };
+    std::optional<TrashedFile> newest;
+    for (const QByteArray& folder : trashFolders(path, m_dataHome)) {
+        std::optional<TrashedFile> found = TrashedFile::find(folder, path);
+        if (found && (!newest || newest->deletionDate < found->deletionDate))
+            newest = std::move(found);
+    }
+    if (!newest)
+        return Failure{ QStringLiteral("it is not in the Trash") };
+    if (::faccessat(AT_FDCWD, path.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0)
+        return Failure{ QStringLiteral("something else is in its place") };
+    if (std::optional<Failure> failure = relocateFile(newest->path, path))
+        return failure;
+    ::unlink(newest->infoPath.constData());
+    return std::nullopt;
 }
 
 bool GioTrash::contains(const QUrl& url) const

@@ -15,9 +15,11 @@ public:
     explicit GioTrash(const QByteArray& dataHome);
 
     std::optional<Failure> moveToTrash(const QUrl& url) override;
+    std::optional<Failure> putBack(const QUrl& url) override;
     bool contains(const QUrl& url) const override;
 
 private:
+    QByteArray m_dataHome;
     /// Parts of a path that show that the file is in a Trash.
     std::vector<QByteArray> m_fragments;
 };

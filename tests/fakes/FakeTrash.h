@@ -3,6 +3,8 @@
 #include "FileUrl.h"
 #include "Trash.h"
 
+#include <QFile>
+#include <QHash>
 #include <QList>
 
 #include <filesystem>
@@ -10,13 +12,17 @@
 
 namespace nookle {
 
-/// A Trash that swallows what is moved to it. Files of a test lie in it when their path has the folder ".Trash".
+/// A Trash that keeps the contents of files, and swallows everything else. Files of a test lie in it when their path
+/// has the folder ".Trash".
 class FakeTrash : public Trash {
 public:
     std::optional<Failure> moveToTrash(const QUrl& url) override
     {
         if (failure)
             return failure;
+        QFile file(QFile::decodeName(filePath(url)));
+        if (file.open(QIODevice::ReadOnly))
+            held.insert(url, file.readAll());
         std::error_code error;
         std::filesystem::remove_all(filePath(url).toStdString(), error);
         if (error)
@@ -25,10 +31,22 @@ public:
         return {};
     }
 
+    std::optional<Failure> putBack(const QUrl& url) override
+    {
+        QFile file(QFile::decodeName(filePath(url)));
+        if (!held.contains(url) || !file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            return Failure{ QStringLiteral("not there") };
+        file.write(held.take(url));
+        return {};
+    }
+
     bool contains(const QUrl& url) const override { return filePath(url).contains("/.Trash/"); }
 
     /// What was moved to the Trash, in order.
     QList<QUrl> moved;
+
+    /// The contents of the files in the Trash, by the places where they were.
+    QHash<QUrl, QByteArray> held;
 
     /// Why every move fails, when it is set.
     std::optional<Failure> failure;

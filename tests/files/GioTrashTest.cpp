@@ -29,6 +29,11 @@ private Q_SLOTS:
     void twoFilesOfOneNameBothGoToTheTrash();
     void whatIsNotThereIsAFailure();
     void whatIsNoFileIsAFailure();
+    void aFileComesBackFromTheTrash_data();
+    void aFileComesBackFromTheTrash();
+    void theFileThatWasTrashedLastComesBack();
+    void aFileThatIsNotInTheTrashDoesNotComeBack();
+    void aFileDoesNotComeBackOverAnother();
     void pathsInATrashAreRecognised_data();
     void pathsInATrashAreRecognised();
 
@@ -133,6 +138,85 @@ void GioTrashTest::whatIsNoFileIsAFailure()
     GioTrash trash(s_home->path("data"));
     QVERIFY(trash.moveToTrash(QUrl(QStringLiteral("https://example.org/file"))));
     QVERIFY(trash.moveToTrash(QUrl()));
+}
+
+void GioTrashTest::aFileComesBackFromTheTrash_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::newRow("plain") << QByteArray("file.txt");
+    QTest::newRow("no extension") << QByteArray("file");
+    QTest::newRow("hidden") << QByteArray(".file");
+    QTest::newRow("percent") << QByteArray("100%41.png");
+    QTest::newRow("newline") << QByteArray("a\nb");
+    QTest::newRow("not UTF-8") << QByteArray("\xff\xe9.png");
+    QTest::newRow("long") << QByteArray(220, 'x');
+}
+
+void GioTrashTest::aFileComesBackFromTheTrash()
+{
+    QFETCH(QByteArray, name);
+    GioTrash trash(s_home->path("data"));
+    const QByteArray neighbour = s_home->makeFile(name + "1");
+    const QByteArray path = s_home->makeFile(name);
+    QVERIFY(!trash.moveToTrash(fileUrl(neighbour)));
+    QVERIFY(!trash.moveToTrash(fileUrl(path)));
+    const auto failure = trash.putBack(fileUrl(path));
+    QVERIFY2(!failure, failure ? qPrintable(failure->description) : "");
+    QVERIFY(isThere(path));
+    QVERIFY(!isThere(neighbour));
+    QVERIFY(!isThere(trashed(name)));
+    const std::filesystem::directory_iterator notes(s_home->path("data/Trash/info").toStdString());
+    QCOMPARE(std::distance(begin(notes), end(notes)), 1);
+    QCOMPARE(::unlink(path.constData()), 0);
+}
+
+void GioTrashTest::theFileThatWasTrashedLastComesBack()
+{
+    GioTrash trash(s_home->path("data"));
+    const QByteArray path = s_home->path("twice.png");
+    for (const char* content : { "first", "second" }) {
+        QFile file(QFile::decodeName(path));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        file.close();
+        QVERIFY(!trash.moveToTrash(fileUrl(path)));
+    }
+    // Both were moved within one second.
+    QFile note(QFile::decodeName(s_home->path("data/Trash/info/twice.png.trashinfo")));
+    QVERIFY(note.open(QIODevice::ReadWrite));
+    QByteArray text = note.readAll();
+    text.replace(text.indexOf("DeletionDate=") + 13, 4, "2001");
+    QVERIFY(note.seek(0));
+    QCOMPARE(note.write(text), text.size());
+    note.close();
+    QVERIFY(!trash.putBack(fileUrl(path)));
+    QFile file(QFile::decodeName(path));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("second"));
+    QVERIFY(file.remove());
+}
+
+void GioTrashTest::aFileThatIsNotInTheTrashDoesNotComeBack()
+{
+    GioTrash trash(s_home->path("data"));
+    const QByteArray path = s_home->makeFile("gone.txt");
+    QVERIFY(trash.putBack(fileUrl(s_home->path("never.txt"))));
+    QVERIFY(!trash.moveToTrash(fileUrl(path)));
+    QVERIFY(QFile::remove(QFile::decodeName(trashed("gone.txt"))));
+    QVERIFY(trash.putBack(fileUrl(path)));
+    QVERIFY(!isThere(path));
+    QVERIFY(trash.putBack(QUrl()));
+}
+
+void GioTrashTest::aFileDoesNotComeBackOverAnother()
+{
+    GioTrash trash(s_home->path("data"));
+    const QByteArray path = s_home->makeFile("other.txt");
+    QVERIFY(!trash.moveToTrash(fileUrl(path)));
+    QVERIFY(s_home->makeFile("other.txt") == path);
+    QVERIFY(trash.putBack(fileUrl(path)));
+    QVERIFY(isThere(trashed("other.txt")));
+    QVERIFY(QFile::remove(QFile::decodeName(path)));
 }
 
 void GioTrashTest::pathsInATrashAreRecognised_data()
