@@ -69,6 +69,7 @@ void AppDelegate::createPanel()
     ShelfStore::Environment environment;
     environment.now = [] { return QDateTime::currentDateTimeUtc(); };
     environment.moveToTrash = [this](const QUrl& file) { return m_platform.trash.moveToTrash(file); };
+    environment.putBack = [this](const QUrl& file) { return m_platform.trash.putBack(file); };
     environment.fetchesLinkMetadata = true;
     environment.claimFolder = m_claimFolder;
     m_store = std::make_unique<ShelfStore>(m_dataFolder, std::move(environment), m_platform.fileReferences,

@@ -3,6 +3,7 @@
 #include "DataFiles.h"
 #include "FileUrl.h"
 #include "Log.h"
+#include "OrphanFolders.h"
 #include "PlainText.h"
 
 #include <algorithm>
@@ -14,11 +15,6 @@ namespace nookle {
 namespace {
 
 constexpr qint64 orphanAgeInDays = 1;
-
-[[nodiscard]] QString iconFileName()
-{
-    return QStringLiteral("icon.png");
-}
 
 /// A file to add: as a new item, or by moving the item `known` to the top.
 struct Addition {
@@ -37,8 +33,11 @@ ShelfStore::ShelfStore(const QUrl& directory, Environment environment, FileRefer
     , m_index({ filePath(directory), m_environment.largestIndex, m_environment.claimFolder }, m_items, m_itemFiles,
               queue)
     , m_lookups(linkMetadata)
+    , m_removed(m_itemFiles, m_environment.putBack)
 {
     keepPrivate(filePath(m_directory));
+    m_changes.onUrlsChanged = [this] { Q_EMIT fileURLsChanged(); };
+    m_changes.onItemsChanged = [this] { Q_EMIT itemsChanged(); };
     m_lookups.onTitle = [this](const QUuid& id, const QString& title) { updateLink(id, title, {}); };
     m_lookups.onIcon = [this](const QUuid& id, const QByteArray& png) { saveIcon(png, id); };
     m_items = m_index.load();
@@ -46,34 +45,6 @@ ShelfStore::ShelfStore(const QUrl& directory, Environment environment, FileRefer
 }
 
 ShelfStore::~ShelfStore() = default;
-
-void ShelfStore::changeTogether(const std::function<void()>& changes)
-{
-    ++m_changesTogether;
-    changes();
-    if (--m_changesTogether > 0)
-        return;
-    if (std::exchange(m_hasChangedURLs, false))
-        Q_EMIT fileURLsChanged();
-    if (std::exchange(m_hasChangedItems, false))
-        Q_EMIT itemsChanged();
-}
-
-void ShelfStore::tellItemsChanged()
-{
-    if (m_changesTogether > 0)
-        m_hasChangedItems = true;
-    else
-        Q_EMIT itemsChanged();
-}
-
-void ShelfStore::tellFileURLsChanged()
-{
-    if (m_changesTogether > 0)
-        m_hasChangedURLs = true;
-    else
-        Q_EMIT fileURLsChanged();
-}
 
 void ShelfStore::addFiles(const QList<QUrl>& urls)
 {
@@ -118,10 +89,11 @@ void ShelfStore::addFiles(const QList<QUrl>& urls)
         return;
     m_items.removeIf([&](const ShelfItem& item) { return readded.contains(item.id); });
     m_items = top + m_items;
+    m_removed.forgetPlaces(readded);
     m_index.schedule();
     if (!newItems.isEmpty())
-        tellFileURLsChanged();
-    tellItemsChanged();
+        m_changes.urlsChanged();
+    m_changes.itemsChanged();
 }
 
 void ShelfStore::addText(const QString& text)
@@ -144,7 +116,7 @@ void ShelfStore::addText(const QString& text)
         m_items.prepend(item);
     }
     m_index.schedule();
-    tellItemsChanged();
+    m_changes.itemsChanged();
 }
 
 void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title)
@@ -161,10 +133,10 @@ void ShelfStore::addLink(const LinkUrl& url, const std::optional<QString>& title
             return;
         m_items.prepend(item);
         if (m_environment.fetchesLinkMetadata)
-            m_lookups.fetchLinkMetadata(m_items.constFirst().id, url.url());
+            m_lookups.fetchLinkMetadata(item.id, url.url());
     }
     m_index.schedule();
-    tellItemsChanged();
+    m_changes.itemsChanged();
 }
 
 void ShelfStore::addImage(const QUrl& movingFrom)
@@ -183,7 +155,7 @@ void ShelfStore::addImage(const QUrl& movingFrom)
     }
     m_items.prepend(item);
     m_index.schedule();
-    tellItemsChanged();
+    m_changes.itemsChanged();
 }
 
 void ShelfStore::imageNotAdded(const QString& reason)
@@ -199,7 +171,7 @@ std::optional<Failure> ShelfStore::restoreImage(QUuid id, const QByteArray& byte
         return {};
     std::optional<Failure> failure = m_itemFiles.write(bytes, id, image->fileName);
     if (!failure)
-        tellItemsChanged();
+        m_changes.itemsChanged();
     return failure;
 }
 
@@ -218,12 +190,57 @@ void ShelfStore::togglePinned(QUuid id)
         return;
     m_items[index].pinned = !m_items.at(index).pinned;
     m_index.schedule();
-    tellItemsChanged();
+    m_changes.itemsChanged();
 }
 
 void ShelfStore::remove(QUuid id)
 {
+    m_removed.keep({ id }, m_items, m_files.urls(), now());
     removeAll({ id });
+}
+
+void ShelfStore::removeUnpinned()
+{
+    QSet<QUuid> unpinned;
+    for (const ShelfItem& item : std::as_const(m_items)) {
+        if (!item.pinned)
+            unpinned.insert(item.id);
+    }
+    if (unpinned.isEmpty())
+        return;
+    m_removed.keep(unpinned, m_items, m_files.urls(), now());
+    removeAll(unpinned);
+}
+
+void ShelfStore::undoRemove()
+{
+    RemovedItems::Return result;
+    // Goes on to the step before if everything has been added anew already.
+    while (result.items.isEmpty() && result.lost.isEmpty() && canUndoRemove()) {
+        if (!hasRoomFor(m_removed.last()))
+            return;
+        // Without an index the folders of items look like those of a lost one.
+        static_cast<void>(m_index.ensureWritten());
+        result = m_removed.putBackLast(m_items, m_files.urls(), now());
+    }
+    if (!result.lost.isEmpty())
+        Q_EMIT additionFailed(tr("Not in the Trash any more: %1").arg(result.lost.join(QStringLiteral(", "))));
+    if (result.items.isEmpty())
+        return;
+    m_index.schedule();
+    for (const ShelfItem& item : std::as_const(result.items))
+        lookUpIfUnknown(item);
+    m_changes.together([this] {
+        refreshFiles();
+        m_changes.itemsChanged();
+    });
+}
+
+void ShelfStore::lookUpIfUnknown(const ShelfItem& item)
+{
+    const LinkContent* link = std::get_if<LinkContent>(&item.content);
+    if (link && !link->title && !link->hasIcon && m_environment.fetchesLinkMetadata)
+        m_lookups.fetchLinkMetadata(item.id, link->url.url());
 }
 
 void ShelfStore::removeExpired(double maxAge)
@@ -266,9 +283,9 @@ void ShelfStore::removeAll(const QSet<QUuid>& ids)
     }
     m_index.schedule();
     if (changedUrls)
-        tellFileURLsChanged();
+        m_changes.urlsChanged();
     if (!gone.isEmpty())
-        tellItemsChanged();
+        m_changes.itemsChanged();
 }
 
 void ShelfStore::moveImageToTrash(const ShelfItem& item) const
@@ -291,7 +308,7 @@ void ShelfStore::updateLink(QUuid id, const std::optional<QString>& title, std::
     if (hasIcon)
         link.hasIcon = *hasIcon;
     m_index.schedule();
-    tellItemsChanged();
+    m_changes.itemsChanged();
 }
 
 void ShelfStore::saveIcon(const QByteArray& png, QUuid id)
@@ -300,7 +317,7 @@ void ShelfStore::saveIcon(const QByteArray& png, QUuid id)
         return;
     std::optional<Failure> failure = m_index.ensureWritten();
     if (!failure)
-        failure = m_itemFiles.write(png, id, iconFileName());
+        failure = m_itemFiles.write(png, id, ItemFiles::iconName());
     if (failure) {
         logLine(QStringLiteral("could not save favicon: ") + failure->description);
         return;
@@ -328,7 +345,7 @@ std::optional<QUrl> ShelfStore::iconURL(const ShelfItem& item) const
     const LinkContent* link = std::get_if<LinkContent>(&item.content);
     if (!link || !link->hasIcon)
         return {};
-    return m_itemFiles.file(item.id, iconFileName());
+    return m_itemFiles.file(item.id, ItemFiles::iconName());
 }
 
 void ShelfStore::refreshFiles()
@@ -337,31 +354,16 @@ void ShelfStore::refreshFiles()
     if (changes.ofItems)
         m_index.schedule();
     if (changes.ofUrls)
-        tellFileURLsChanged();
+        m_changes.urlsChanged();
     if (changes.ofItems)
-        tellItemsChanged();
+        m_changes.itemsChanged();
 }
 
 void ShelfStore::removeOrphans()
 {
     const QDateTime time = now().addDays(-orphanAgeInDays);
     removeUnfinished(filePath(m_directory), time);
-    const auto folders = m_itemFiles.folders();
-    if (!folders)
-        return;
-    for (const QUuid& id : *folders)
-        m_itemFiles.removeUnfinished(id, time);
-    QSet<QUuid> orphans(folders->begin(), folders->end());
-    for (const ShelfItem& item : std::as_const(m_items))
-        orphans.remove(item.id);
-    if (orphans.isEmpty())
-        m_index.forgetLostIndex();
-    if (!m_index.namesEveryItem())
-        return;
-    for (const QUuid& id : std::as_const(orphans)) {
-        if (m_itemFiles.isUnchangedSince(id, time))
-            m_itemFiles.trashFolder(id, m_environment.moveToTrash);
-    }
+    removeOrphanFolders(m_items, m_itemFiles, m_index, time, m_environment.moveToTrash);
 }
 
 void ShelfStore::saveNow()
@@ -372,6 +374,7 @@ void ShelfStore::saveNow()
 void ShelfStore::moveToTop(qsizetype index)
 {
     m_items.move(index, 0);
+    m_removed.forgetPlaces({ m_items.constFirst().id });
     m_items.first().createdAt = now();
 }
 

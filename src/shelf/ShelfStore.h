@@ -1,11 +1,13 @@
 #pragma once
 
 #include "Cancellable.h"
+#include "ChangeNotices.h"
 #include "Failure.h"
 #include "ItemFiles.h"
 #include "Lifetime.h"
 #include "LinkLookups.h"
 #include "ReferencedFiles.h"
+#include "RemovedItems.h"
 #include "SavedIndex.h"
 #include "ShelfItem.h"
 
@@ -40,6 +42,10 @@ public:
         std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
         /// Must be set. Moves the file at a URL to the Trash.
         std::function<std::optional<Failure>(const QUrl&)> moveToTrash;
+        /// Moves a file that `moveToTrash` has moved back to that URL. Its folder exists, and the file does not.
+        std::function<std::optional<Failure>(const QUrl&)> putBack = [](const QUrl&) {
+            return Failure{ QStringLiteral("there is no Trash") };
+        };
         bool fetchesLinkMetadata = true;
         /// Locks the data folder against other programs. Called before each save, when the folder exists, because the
         /// folder may have been replaced. After a failure nothing is saved.
@@ -83,7 +89,7 @@ public:
     [[nodiscard]] std::optional<Failure> restoreImage(QUuid id, const QByteArray& bytes);
 
     /// Makes several changes and emits `fileURLsChanged` and `itemsChanged` once, after all of them.
-    void changeTogether(const std::function<void()>& changes);
+    void changeTogether(const std::function<void()>& changes) { m_changes.together(changes); }
 
     /// The item does not expire while the result exists: another program may be reading its file.
     [[nodiscard]] std::unique_ptr<Cancellable> keepFromExpiring(QUuid id);
@@ -92,6 +98,16 @@ public:
 
     /// Removes an item from the shelf. An image goes to the Trash; a referenced file is not touched.
     void remove(QUuid id);
+
+    /// Removes all items that are not pinned, as one step of `undoRemove`.
+    void removeUnpinned();
+
+    /// Whether anything was removed by `remove` or `removeUnpinned` since the start and has not been brought back.
+    [[nodiscard]] bool canUndoRemove() const { return !m_removed.isEmpty(); }
+
+    /// Brings back what was removed last, to its places, but not what has been added anew meanwhile. An image that is
+    /// not in the Trash any more is emitted as `additionFailed`.
+    void undoRemove();
 
     /// Removes the unpinned items that are older than `maxAge` seconds.
     void removeExpired(double maxAge);
@@ -134,15 +150,13 @@ private:
     /// Whether the index has room for `additions`. If not, emits `additionFailed`.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
 
-    void tellItemsChanged();
-    void tellFileURLsChanged();
-
     [[nodiscard]] QDateTime now() const;
     [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
     [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
     void moveToTop(qsizetype index);
     void removeAll(const QSet<QUuid>& ids);
     void moveImageToTrash(const ShelfItem& item) const;
+    void lookUpIfUnknown(const ShelfItem& item);
     void saveIcon(const QByteArray& png, QUuid id);
 
     QList<ShelfItem> m_items;
@@ -152,9 +166,8 @@ private:
     ReferencedFiles m_files;
     SavedIndex m_index;
     LinkLookups m_lookups;
-    int m_changesTogether = 0;
-    bool m_hasChangedItems = false;
-    bool m_hasChangedURLs = false;
+    RemovedItems m_removed;
+    ChangeNotices m_changes;
     QList<QUuid> m_inUse;
     Lifetime m_lifetime;
 };

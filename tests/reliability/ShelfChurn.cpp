@@ -41,6 +41,8 @@ public:
         return std::nullopt;
     }
 
+    std::optional<Failure> putBack(const QUrl& /*url*/) override { return Failure{ QStringLiteral("not moved") }; }
+
     bool contains(const QUrl& /*url*/) const override { return false; }
 
 private:

@@ -49,6 +49,7 @@ struct StoreFixture {
         ShelfStore::Environment environment;
         environment.now = [this] { return now; };
         environment.moveToTrash = [this](const QUrl& url) { return trash.moveToTrash(url); };
+        environment.putBack = [this](const QUrl& url) { return trash.putBack(url); };
         environment.fetchesLinkMetadata = fetchesLinkMetadata;
         environment.claimFolder = [this] { return claimFailure; };
         environment.largestIndex = largestIndex;

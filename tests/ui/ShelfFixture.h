@@ -34,6 +34,7 @@ namespace nookle {
 {
     ShelfStore::Environment environment;
     environment.moveToTrash = [&trash](const QUrl& file) { return trash.moveToTrash(file); };
+    environment.putBack = [&trash](const QUrl& file) { return trash.putBack(file); };
     environment.fetchesLinkMetadata = false;
     return environment;
 }

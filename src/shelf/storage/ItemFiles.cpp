@@ -4,6 +4,8 @@
 #include "FileUrl.h"
 #include "IndexText.h"
 
+#include <QFile>
+
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -60,6 +62,11 @@ QString ItemFiles::storedName(const QUrl& source)
     return name;
 }
 
+QString ItemFiles::iconName()
+{
+    return QStringLiteral("icon.png");
+}
+
 QUrl ItemFiles::folder(const QUuid& id) const
 {
     return child(m_directory, uuidText(id));
@@ -104,6 +111,34 @@ std::optional<Failure> ItemFiles::write(const QByteArray& bytes, const QUuid& id
     if (std::optional<Failure> failure = makeFolder(filePath(folder(id))))
         return failure;
     return writeAtomically(filePath(*destination), bytes);
+}
+
+QByteArray ItemFiles::read(const QUuid& id, const QString& name, qsizetype largest) const
+{
+    const std::optional<QUrl> url = file(id, name);
+    struct stat status {};
+    // Opening a pipe would wait for its other end.
+    if (!url || ::lstat(filePath(*url).constData(), &status) != 0 || !S_ISREG(status.st_mode)
+        || status.st_size > largest)
+        return {};
+    QFile source(QFile::decodeName(filePath(*url)));
+    return source.open(QIODevice::ReadOnly) ? source.read(largest) : QByteArray();
+}
+
+std::optional<Failure> ItemFiles::putBack(const QUuid& id, const QString& name,
+                                          const std::function<std::optional<Failure>(const QUrl&)>& putBack) const
+{
+    const std::optional<QUrl> destination = file(id, name);
+    if (!destination)
+        return unusableName(name);
+    if (existingFile(id, name))
+        return {};
+    if (std::optional<Failure> failure = makeFolder(filePath(folder(id))))
+        return failure;
+    std::optional<Failure> failure = putBack(*destination);
+    if (failure)
+        static_cast<void>(::rmdir(filePath(folder(id)).constData()));
+    return failure;
 }
 
 std::optional<QList<QUuid>> ItemFiles::folders() const

@@ -25,6 +25,9 @@ public:
     /// UTF-8, because the index stores names as text.
     [[nodiscard]] static QString storedName(const QUrl& source);
 
+    /// The name of the file with a link's favicon.
+    [[nodiscard]] static QString iconName();
+
     /// The item's file with that name, whether or not it exists. None if the name is not a plain file name (a hostile
     /// index may hold any name), or if a link has replaced a folder.
     [[nodiscard]] std::optional<QUrl> file(const QUuid& id, const QString& name) const;
@@ -38,6 +41,15 @@ public:
 
     /// Writes a file into the item's folder. Makes the folder if needed.
     [[nodiscard]] std::optional<Failure> write(const QByteArray& bytes, const QUuid& id, const QString& name) const;
+
+    /// The content of the item's file with that name. Empty if it is no regular file or has more than `largest` bytes.
+    [[nodiscard]] QByteArray read(const QUuid& id, const QString& name, qsizetype largest) const;
+
+    /// Makes the item's folder and calls `putBack` for the file with that name, which moves it there from the Trash.
+    /// Does not call it if the file is there already. After a failure there is no folder.
+    [[nodiscard]] std::optional<Failure>
+    putBack(const QUuid& id, const QString& name,
+            const std::function<std::optional<Failure>(const QUrl&)>& putBack) const;
 
     /// The ids of all item folders; no list if they cannot be listed completely.
     [[nodiscard]] std::optional<QList<QUuid>> folders() const;

@@ -1,0 +1,154 @@
+#include "RemovedItems.h"
+
+#include "FileUrl.h"
+#include "ItemFiles.h"
+#include "ShelfIndex.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr std::size_t mostSteps = 50;
+
+/// In bytes, for all steps together. The last step is kept whatever its size.
+inline constexpr qsizetype largestSize = 16 << 20;
+
+/// In bytes. A favicon of more is not kept.
+inline constexpr qsizetype largestIcon = 1 << 20;
+
+/// `items` with each of `back` before the item that was the next one below it in `order` and still is on the shelf.
+[[nodiscard]] QList<ShelfItem> merged(const QList<ShelfItem>& items, const QList<ShelfItem>& back,
+                                      const QList<QUuid>& order)
+{
+    QSet<QUuid> present;
+    for (const ShelfItem& item : items)
+        present.insert(item.id);
+    QHash<QUuid, QList<ShelfItem>> waiting;
+    for (const ShelfItem& item : back)
+        waiting[item.id].append(item);
+    QHash<QUuid, QList<ShelfItem>> before;
+    QUuid next;
+    for (auto id = order.crbegin(); id != order.crend(); ++id) {
+        if (present.contains(*id))
+            next = *id;
+        else
+            before[next] = waiting.take(*id) + before.value(next);
+    }
+    QList<ShelfItem> result;
+    for (const ShelfItem& item : items)
+        result += before.take(item.id) << item;
+    return result + before.value(QUuid());
+}
+
+} // namespace
+
+RemovedItems::RemovedItems(const ItemFiles& files, PutBack putBack)
+    : m_files(files)
+    , m_putBack(std::move(putBack))
+{
+}
+
+void RemovedItems::keep(const QSet<QUuid>& ids, const QList<ShelfItem>& items, const QHash<QUuid, QUrl>& fileUrls,
+                        const QDateTime& now)
+{
+    Step step;
+    step.time = now;
+    for (const ShelfItem& item : items) {
+        step.order.append(item.id);
+        if (!ids.contains(item.id))
+            continue;
+        Entry entry{ item, {}, {} };
+        if (const auto url = fileUrls.constFind(item.id); url != fileUrls.constEnd())
+            entry.file = *url;
+        if (const auto* link = std::get_if<LinkContent>(&item.content); link && link->hasIcon)
+            entry.icon = m_files.read(item.id, ItemFiles::iconName(), largestIcon);
+        step.size += ShelfIndex::upperBound({ item }) + entry.icon.size();
+        step.entries.push_back(std::move(entry));
+    }
+    if (step.entries.empty())
+        return;
+    step.size += step.order.size() * qsizetype(sizeof(QUuid));
+    m_steps.push_back(std::move(step));
+    dropOldSteps();
+}
+
+void RemovedItems::dropOldSteps()
+{
+    qsizetype sum = std::accumulate(m_steps.begin(), m_steps.end(), qsizetype{ 0 },
+                                    [](qsizetype size, const Step& step) { return size + step.size; });
+    while (m_steps.size() > 1 && (sum > largestSize || m_steps.size() > mostSteps)) {
+        sum -= m_steps.front().size;
+        m_steps.pop_front();
+    }
+}
+
+void RemovedItems::forgetPlaces(const QSet<QUuid>& ids)
+{
+    for (Step& step : m_steps)
+        step.order.removeIf([&](const QUuid& id) { return ids.contains(id); });
+}
+
+QList<ShelfItem> RemovedItems::last() const
+{
+    QList<ShelfItem> items;
+    for (const Entry& entry : m_steps.back().entries)
+        items.append(entry.item);
+    return items;
+}
+
+RemovedItems::Return RemovedItems::putBackLast(QList<ShelfItem>& items, const QHash<QUuid, QUrl>& fileUrls,
+                                               const QDateTime& now)
+{
+    const Step step = std::move(m_steps.back());
+    m_steps.pop_back();
+    const QSet<QUuid> known(step.order.begin(), step.order.end());
+    QList<ShelfItem> newItems = items;
+    newItems.removeIf([&](const ShelfItem& item) { return known.contains(item.id); });
+
+    Return result;
+    for (const Entry& entry : step.entries) {
+        if (isThereAgain(entry, newItems, fileUrls))
+            continue;
+        std::optional<ShelfItem> item = withFiles(entry);
+        if (!item) {
+            result.lost.append(entry.item.shownName());
+            continue;
+        }
+        item->createdAt = item->createdAt.addMSecs(std::max<qint64>(0, step.time.msecsTo(now)));
+        result.items.append(*std::move(item));
+    }
+    items = merged(items, result.items, step.order);
+    return result;
+}
+
+bool RemovedItems::isThereAgain(const Entry& entry, const QList<ShelfItem>& newItems,
+                                const QHash<QUuid, QUrl>& fileUrls)
+{
+    const QByteArray path = entry.file ? standardizedPath(*entry.file) : QByteArray();
+    const auto* removedLink = std::get_if<LinkContent>(&entry.item.content);
+    return std::any_of(newItems.begin(), newItems.end(), [&](const ShelfItem& item) {
+        if (const auto* link = std::get_if<LinkContent>(&item.content))
+            return removedLink && link->url == removedLink->url;
+        if (std::holds_alternative<FileContent>(item.content))
+            return !path.isEmpty() && standardizedPath(fileUrls.value(item.id)) == path;
+        return item.content == entry.item.content && std::holds_alternative<TextContent>(item.content);
+    });
+}
+
+std::optional<ShelfItem> RemovedItems::withFiles(const Entry& entry) const
+{
+    ShelfItem item = entry.item;
+    if (const auto* image = std::get_if<ImageContent>(&item.content)) {
+        if (m_files.putBack(item.id, image->fileName, m_putBack))
+            return std::nullopt;
+    } else if (auto* link = std::get_if<LinkContent>(&item.content); link && link->hasIcon) {
+        link->hasIcon = !entry.icon.isEmpty() && !m_files.write(entry.icon, item.id, ItemFiles::iconName());
+    }
+    return item;
+}
+
+} // namespace nookle
