@@ -1,5 +1,7 @@
 #include "ClipboardPasteboard.h"
 
+#include "ClipboardPayload.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -56,6 +58,11 @@ ClipboardPasteboard::ClipboardPasteboard(ImageConverter& converter)
 void ClipboardPasteboard::write(std::unique_ptr<QMimeData> data)
 {
     clipboard().setMimeData(data.release());
+}
+
+std::unique_ptr<DropPayload> ClipboardPasteboard::contents() const
+{
+    return std::make_unique<ClipboardPayload>();
 }
 
 void ClipboardPasteboard::clear()

@@ -20,6 +20,7 @@ public:
     /// `converter` must outlive the pasteboard.
     explicit ClipboardPasteboard(ImageConverter& converter);
 
+    [[nodiscard]] std::unique_ptr<DropPayload> contents() const override;
     void clear() override;
     void writeFile(const QUrl& file) override;
     void writeText(const QString& text) override;

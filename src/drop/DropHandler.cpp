@@ -77,17 +77,48 @@ DropHandler::DropHandler(ShelfStore& store, MainQueue& queue, FileTransfers& tra
 
 DropHandler::~DropHandler() = default;
 
+bool DropHandler::handle(CapturedDrop drop)
+{
+    if (drop.savedInto)
+        return handleSaved(*drop.savedInto);
+    if (!drop.transferKey.isEmpty())
+        return handleTransfer(drop.transferKey, std::move(drop.items));
+    return handleDrop(std::move(drop.items));
+}
+
+void DropHandler::handlePaste(CapturedDrop clipboard)
+{
+    if (!clipboard.transferKey.isEmpty()) {
+        handle(std::move(clipboard));
+        return;
+    }
+    m_queue.post(m_lifetime.guarded([this, shared = std::make_shared<DropItems>(std::move(clipboard.items))] {
+        bool hasAnswered = false;
+        QObject context;
+        const auto answered = [&hasAnswered] { hasAnswered = true; };
+        QObject::connect(&m_store, &ShelfStore::itemsChanged, &context, answered);
+        QObject::connect(&m_store, &ShelfStore::additionFailed, &context, answered);
+        add(*shared);
+        if (!hasAnswered)
+            Q_EMIT m_store.additionFailed(
+                QCoreApplication::translate("nookle::DropHandler", "Nothing found that can be added to the shelf."));
+    }));
+}
+
 bool DropHandler::handleDrop(DropItems items)
 {
-    m_queue.post(m_lifetime.guarded([this, shared = std::make_shared<DropItems>(std::move(items))] {
-        m_store.changeTogether([&] {
-            Drop drop(m_store);
-            for (const auto& item : *shared)
-                drop.take(item);
-            drop.addFiles();
-        });
-    }));
+    m_queue.post(m_lifetime.guarded([this, shared = std::make_shared<DropItems>(std::move(items))] { add(*shared); }));
     return true;
+}
+
+void DropHandler::add(const DropItems& items)
+{
+    m_store.changeTogether([&] {
+        Drop drop(m_store);
+        for (const auto& item : items)
+            drop.take(item);
+        drop.addFiles();
+    });
 }
 
 bool DropHandler::handleTransfer(const QByteArray& key, DropItems items)

@@ -25,6 +25,12 @@ public:
     DropHandler(const DropHandler&) = delete;
     DropHandler& operator=(const DropHandler&) = delete;
 
+    /// Adds what a drop holds by the operation below that fits it. Always returns true.
+    bool handle(CapturedDrop drop);
+
+    /// Adds what the clipboard holds, like a drop, but tells the user if nothing in it can be added.
+    void handlePaste(CapturedDrop clipboard);
+
     /// Adds the elements to the shelf in the source's order, after this call has returned. Always returns true: every
     /// drop is accepted, whatever it holds.
     bool handleDrop(DropItems items);
@@ -38,6 +44,8 @@ public:
 
 private:
     class Drop;
+
+    void add(const DropItems& items);
 
     ShelfStore& m_store;
     MainQueue& m_queue;

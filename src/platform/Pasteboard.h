@@ -1,14 +1,23 @@
 #pragma once
 
+#include "DropPayload.h"
+
 #include <QString>
 #include <QUrl>
 
+#include <memory>
+
 namespace nookle {
 
-/// The clipboard. Every operation replaces its content. Main thread only.
+/// The clipboard. Main thread only.
 class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
+
+    /// The present content, never null. Read it at once: it is valid only in this turn of the event loop.
+    [[nodiscard]] virtual std::unique_ptr<DropPayload> contents() const = 0;
+
+    // The operations below replace the content.
 
     virtual void clear() = 0;
     virtual void writeFile(const QUrl& file) = 0;

@@ -43,6 +43,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
     , m_dragOutWatch({ services.store, services.references, services.trash, services.queue }, m_actions)
     , m_dropHandler(services.store, services.queue, services.transfers)
+    , m_shelfActions(services.store, services.pinning, services.pasteboard, m_dropHandler)
     , m_thumbnails(services.thumbnails)
     , m_compositing(services.compositing)
     , m_readDrop(services.readDrop)
@@ -52,6 +53,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_tiles(new TileList)
 {
     setAcceptDrops(true);
+    setFocusPolicy(Qt::ClickFocus);
     setUpLayout(services.pinning);
     setUpTiles();
     connect(&m_compositing, &Compositing::backdropChanged, this, [this] { update(); });
@@ -124,7 +126,15 @@ void ShelfView::showItems()
     if (m_tileSizes)
         m_tileSizes->heights.trim(m_store.items().size());
     m_tiles->setRows(std::move(ids));
+    // The keys of the shelf as a whole work on an empty shelf too.
+    const bool hadFocus = hasFocus();
+    if (isEmpty)
+        setFocusProxy(nullptr);
+    if (isEmpty && hadFocus)
+        setFocus();
     m_content->setCurrentWidget(isEmpty ? static_cast<QWidget*>(m_emptyState) : m_tiles);
+    if (!isEmpty)
+        setFocusProxy(m_tiles);
 }
 
 ShelfView::TileSizes& ShelfView::tileSizes()
@@ -288,13 +298,7 @@ void ShelfView::dropEvent(QDropEvent* event)
         event->ignore();
         return;
     }
-    CapturedDrop drop = captureDrop(*m_readDrop(*event->mimeData()));
-    if (drop.savedInto)
-        m_dropHandler.handleSaved(*drop.savedInto);
-    else if (drop.transferKey.isEmpty())
-        m_dropHandler.handleDrop(std::move(drop.items));
-    else
-        m_dropHandler.handleTransfer(drop.transferKey, std::move(drop.items));
+    m_dropHandler.handle(captureDrop(*m_readDrop(*event->mimeData())));
     acceptCopy(*event);
 }
 
@@ -322,6 +326,14 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
     if (event->key() == Qt::Key_Escape) {
         if (onHide)
             onHide();
+        return;
+    }
+    if (event->matches(QKeySequence::Undo)) {
+        m_shelfActions.undoRemove();
+        return;
+    }
+    if (event->matches(QKeySequence::Paste)) {
+        m_shelfActions.paste();
         return;
     }
     const std::optional<ShelfItem> item = currentItem();

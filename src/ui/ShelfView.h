@@ -5,6 +5,7 @@
 #include "DragSession.h"
 #include "DropHandler.h"
 #include "DropPayload.h"
+#include "ShelfActions.h"
 #include "ShelfItemActions.h"
 #include "TileHeights.h"
 #include "TileMetrics.h"
@@ -123,6 +124,7 @@ private:
     ShelfItemActions m_actions;
     DragOutWatch m_dragOutWatch;
     DropHandler m_dropHandler;
+    ShelfActions m_shelfActions;
     ThumbnailGenerator& m_thumbnails;
     Compositing& m_compositing;
     DropReader m_readDrop;

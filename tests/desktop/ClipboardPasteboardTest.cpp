@@ -26,6 +26,10 @@ private Q_SLOTS:
     void anImageThatCannotBeReadWritesNothing();
     void whatIsCopiedMeanwhileStays();
 
+    void whatAnotherProgramCopiedIsRead();
+    void anEmptyClipboardOffersNothing();
+    void aClipboardThatWasReplacedDeliversNothing();
+
 private:
     [[nodiscard]] static const QMimeData& clipboard()
     {
@@ -101,6 +105,33 @@ void ClipboardPasteboardTest::whatIsCopiedMeanwhileStays()
     QGuiApplication::clipboard()->setText(QStringLiteral("of another program"));
     QVERIFY(!m_converter->finish(1, "png"));
     QCOMPARE(clipboard().text(), QStringLiteral("of another program"));
+}
+
+void ClipboardPasteboardTest::whatAnotherProgramCopiedIsRead()
+{
+    auto data = std::make_unique<QMimeData>();
+    data->setData(QStringLiteral("text/uri-list"), "file:///a%FF.png\r\n");
+    data->setData(QStringLiteral("image/png"), "pixels");
+    QGuiApplication::clipboard()->setMimeData(data.release());
+    const auto contents = m_pasteboard->contents();
+    QCOMPARE(contents->formats(), QStringList({ QStringLiteral("text/uri-list"), QStringLiteral("image/png") }));
+    QCOMPARE(contents->data(QStringLiteral("text/uri-list")), QByteArray("file:///a%FF.png\r\n"));
+    QCOMPARE(contents->data(QStringLiteral("image/png")), QByteArray("pixels"));
+    QVERIFY(!contents->canSave());
+}
+
+void ClipboardPasteboardTest::anEmptyClipboardOffersNothing()
+{
+    m_pasteboard->clear();
+    QVERIFY(m_pasteboard->contents()->formats().isEmpty());
+    QVERIFY(m_pasteboard->contents()->data(QStringLiteral("text/plain")).isEmpty());
+}
+
+void ClipboardPasteboardTest::aClipboardThatWasReplacedDeliversNothing()
+{
+    const auto contents = m_pasteboard->contents();
+    QGuiApplication::clipboard()->setText(QStringLiteral("after"));
+    QVERIFY(contents->data(QStringLiteral("text/plain")).isEmpty());
 }
 
 QTEST_MAIN(ClipboardPasteboardTest)

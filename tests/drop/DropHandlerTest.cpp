@@ -44,6 +44,11 @@ private Q_SLOTS:
     void aTransferThatFailsLeavesTheSourcesOwnNames();
     void aTransferThatEndsAfterTheHandlerTouchesNothing();
     void aSourceThatSavesNothingIsTold();
+    void aPasteIsAddedLikeADrop();
+    void aPasteThatMovesAnItemToTheTopIsNoFailure();
+    void aPasteWithNothingUsableIsTold_data();
+    void aPasteWithNothingUsableIsTold();
+    void aFullShelfIsToldOnceOfAPaste();
 
 private:
     struct Shelf {
@@ -63,6 +68,7 @@ private:
         ShelfStore::Environment environment;
         environment.moveToTrash = [](const QUrl&) { return std::nullopt; };
         environment.fetchesLinkMetadata = false;
+        environment.largestIndex = 100'000;
         return environment;
     }
 
@@ -261,6 +267,72 @@ void DropHandlerTest::aSourceThatSavesNothingIsTold()
     shelf->queue.advance(61);
     QCOMPARE(told.count(), 1);
     QCOMPARE(log.lines().size(), 1);
+}
+
+void DropHandlerTest::aPasteIsAddedLikeADrop()
+{
+    const QSignalSpy told(&shelf->store, &ShelfStore::additionFailed);
+    CapturedDrop clipboard;
+    clipboard.items = { text(QStringLiteral("words")), file(QStringLiteral("file:///a")),
+                        link(QStringLiteral("https://example.org/")) };
+    handler->handlePaste(clipboard);
+    QVERIFY(shelf->store.items().isEmpty());
+    shelf->queue.advance(0);
+    QCOMPARE(shelf->store.items().size(), 3);
+    CapturedDrop sandboxed;
+    sandboxed.transferKey = "key";
+    handler->handlePaste(sandboxed);
+    QCOMPARE(shelf->transfers.retrieved.size(), 1);
+    QCOMPARE(told.size(), 0);
+}
+
+void DropHandlerTest::aPasteThatMovesAnItemToTheTopIsNoFailure()
+{
+    const QSignalSpy told(&shelf->store, &ShelfStore::additionFailed);
+    shelf->store.addText(QStringLiteral("words"));
+    CapturedDrop clipboard;
+    clipboard.items = { text(QStringLiteral("words")) };
+    handler->handlePaste(clipboard);
+    shelf->queue.advance(0);
+    QCOMPARE(shelf->store.items().size(), 1);
+    QCOMPARE(told.size(), 0);
+}
+
+void DropHandlerTest::aPasteWithNothingUsableIsTold_data()
+{
+    QTest::addColumn<DropItems>("items");
+    QTest::newRow("nothing") << DropItems();
+    QTest::newRow("only white space") << DropItems{ text(QStringLiteral(" \n")) };
+    QTest::newRow("a file that is not there") << DropItems{ file(QStringLiteral("file:///absent")) };
+}
+
+void DropHandlerTest::aPasteWithNothingUsableIsTold()
+{
+    QFETCH(const DropItems, items);
+    shelf->references.refuse(fileUrl("/absent"));
+    const QSignalSpy told(&shelf->store, &ShelfStore::additionFailed);
+    CapturedDrop clipboard;
+    clipboard.items = items;
+    handler->handlePaste(clipboard);
+    shelf->queue.advance(0);
+    QVERIFY(shelf->store.items().isEmpty());
+    QCOMPARE(told.size(), 1);
+    QCOMPARE(told.constFirst().constFirst().toString(),
+             QStringLiteral("Nothing found that can be added to the shelf."));
+    handler->handleDrop(items);
+    shelf->queue.advance(0);
+    QCOMPARE(told.size(), 1);
+}
+
+void DropHandlerTest::aFullShelfIsToldOnceOfAPaste()
+{
+    const QSignalSpy told(&shelf->store, &ShelfStore::additionFailed);
+    CapturedDrop clipboard;
+    clipboard.items = { text(QString(100'000, QLatin1Char('a'))) };
+    handler->handlePaste(clipboard);
+    shelf->queue.advance(0);
+    QVERIFY(shelf->store.items().isEmpty());
+    QCOMPARE(told.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(DropHandlerTest)

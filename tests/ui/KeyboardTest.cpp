@@ -1,3 +1,4 @@
+#include "EmptyShelfView.h"
 #include "ItemInteractionView.h"
 #include "PinButton.h"
 #include "ShelfFixture.h"
@@ -33,6 +34,10 @@ private Q_SLOTS:
     void theFrameShowsOnlyWhileKeysAreUsed();
     void theCurrentTileStaysWithItsItem();
     void anEmptyShelfTakesKeysWithoutEffect();
+    void controlAndZBringsBackWhatWasRemoved();
+    void controlAndZWorksOnAnEmptyShelfAndOnThePin();
+    void controlAndVAddsTheClipboard();
+    void aClickOnTheEmptyShelfGivesItTheKeys();
 
 private:
     void key(int key, Qt::KeyboardModifiers modifiers = {})
@@ -223,6 +228,54 @@ void KeyboardTest::anEmptyShelfTakesKeysWithoutEffect()
     for (const Qt::Key each : { Qt::Key_Down, Qt::Key_Delete, Qt::Key_Return, Qt::Key_Space })
         QTest::keyClick(&list(), each);
     QVERIFY(m_shelf->store.items().isEmpty());
+}
+
+void KeyboardTest::controlAndZBringsBackWhatWasRemoved()
+{
+    key(Qt::Key_Down);
+    key(Qt::Key_Delete);
+    key(Qt::Key_Delete);
+    QCOMPARE(m_shelf->store.items().size(), 18);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_shelf->store.items().size(), 20);
+    QCOMPARE(m_shelf->store.items().at(1).displayName(), QStringLiteral("1"));
+}
+
+void KeyboardTest::controlAndZWorksOnAnEmptyShelfAndOnThePin()
+{
+    m_shelf->store.removeUnpinned();
+    QVERIFY(!QApplication::focusWidget()->inherits("QAbstractButton"));
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_shelf->store.items().size(), 20);
+    QCOMPARE(QApplication::focusWidget(), &list());
+    key(Qt::Key_Delete);
+    m_shelf->view.findChild<PinButton*>()->setFocus();
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(m_shelf->store.items().size(), 20);
+}
+
+void KeyboardTest::controlAndVAddsTheClipboard()
+{
+    m_shelf->pasteboard.payload.offer("text/plain", "pasted");
+    key(Qt::Key_V, Qt::ControlModifier);
+    m_shelf->queue.advance(0);
+    QCOMPARE(m_shelf->top().displayName(), QStringLiteral("pasted"));
+    QCOMPARE(current(), QStringLiteral("0"));
+}
+
+void KeyboardTest::aClickOnTheEmptyShelfGivesItTheKeys()
+{
+    m_shelf->store.removeUnpinned();
+    QApplication::focusWidget()->clearFocus();
+    QTest::mouseClick(m_shelf->view.findChild<EmptyShelfView*>(), Qt::LeftButton);
+    QCOMPARE(QApplication::focusWidget(), &m_shelf->view);
+    m_shelf->pasteboard.payload.offer("text/plain", "pasted");
+    key(Qt::Key_V, Qt::ControlModifier);
+    m_shelf->queue.advance(0);
+    QCOMPARE(m_shelf->store.items().size(), 1);
+    QCOMPARE(QApplication::focusWidget(), &list());
 }
 
 QTEST_MAIN(KeyboardTest)

@@ -1,6 +1,6 @@
 #include "ItemInteractionView.h"
 
-#include "PlainText.h"
+#include "ContextMenu.h"
 #include "PlainToolTip.h"
 
 #include <QContextMenuEvent>
@@ -119,20 +119,7 @@ std::unique_ptr<QMenu> ItemInteractionView::makeMenu()
     if (!m_configuration || !m_configuration->menu)
         return nullptr;
     const auto makeActions = m_configuration->menu;
-    const MenuActions actions = makeActions();
-    if (actions.empty())
-        return nullptr;
-    auto menu = std::make_unique<QMenu>();
-    for (const std::optional<MenuAction>& each : actions) {
-        if (!each) {
-            menu->addSeparator();
-            continue;
-        }
-        QAction* entry = menu->addAction(menuTitle(each->title));
-        entry->setEnabled(each->isEnabled);
-        connect(entry, &QAction::triggered, entry, [action = each->action] { callIfSet(action); });
-    }
-    return menu;
+    return makeContextMenu(makeActions());
 }
 
 void ItemInteractionView::contextMenuEvent(QContextMenuEvent* event)
@@ -145,13 +132,7 @@ void ItemInteractionView::showMenu(const QPoint& globalPosition)
     std::unique_ptr<QMenu> menu = makeMenu();
     if (!menu)
         return;
-    // The menu may outlive the tile, and the next menu may open before this one is closed.
-    if (const auto tell = m_configuration->onMenuOpenChanged) {
-        connect(menu.get(), &QMenu::aboutToShow, menu.get(), [tell] { tell(true); });
-        connect(menu.get(), &QMenu::aboutToHide, menu.get(), [tell] { tell(false); });
-    }
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu.release()->popup(globalPosition);
+    openContextMenu(std::move(menu), globalPosition, m_configuration->onMenuOpenChanged);
 }
 
 void ItemInteractionView::enterEvent(QEnterEvent* event)

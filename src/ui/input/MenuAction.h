@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeySequence>
 #include <QString>
 
 #include <functional>
@@ -13,6 +14,10 @@ struct MenuAction {
     QString title;
     bool isEnabled = true;
     std::function<void()> action;
+    /// The key that does the same, for display.
+    QKeySequence key = {};
+    /// Whether the entry has a check mark; none for an entry that cannot have one.
+    std::optional<bool> isChecked = {};
 };
 
 /// A menu from top to bottom; an absent entry is a separator.

@@ -1,0 +1,42 @@
+#include "ContextMenu.h"
+
+#include "PlainText.h"
+
+#include <QMenu>
+
+namespace nookle {
+
+std::unique_ptr<QMenu> makeContextMenu(const MenuActions& actions)
+{
+    if (actions.empty())
+        return nullptr;
+    auto menu = std::make_unique<QMenu>();
+    for (const std::optional<MenuAction>& each : actions) {
+        if (!each) {
+            menu->addSeparator();
+            continue;
+        }
+        QAction* entry = menu->addAction(menuTitle(each->title));
+        entry->setEnabled(each->isEnabled);
+        entry->setShortcut(each->key);
+        entry->setCheckable(each->isChecked.has_value());
+        entry->setChecked(each->isChecked.value_or(false));
+        if (each->action)
+            QObject::connect(entry, &QAction::triggered, entry, [action = each->action] { action(); });
+    }
+    return menu;
+}
+
+void openContextMenu(std::unique_ptr<QMenu> menu, const QPoint& globalPosition,
+                     const std::function<void(bool isOpen)>& onOpenChanged)
+{
+    // The menu may outlive what it was opened for, and the next menu may open before this one is closed.
+    if (onOpenChanged) {
+        QObject::connect(menu.get(), &QMenu::aboutToShow, menu.get(), [onOpenChanged] { onOpenChanged(true); });
+        QObject::connect(menu.get(), &QMenu::aboutToHide, menu.get(), [onOpenChanged] { onOpenChanged(false); });
+    }
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu.release()->popup(globalPosition);
+}
+
+} // namespace nookle
