@@ -40,16 +40,36 @@ namespace {
     return addresses.empty() || (addresses.size() == 1 && !addresses.front().isFile());
 }
 
+/// Whether a format carries something that the shelf takes.
+[[nodiscard]] bool isItemFormat(const QString& format)
+{
+    return isAddressFormat(format) || isImageFormat(format) || isTextFormat(format)
+        || transferFormats().contains(format);
+}
+
 } // namespace
 
 bool offersDropItems(const DropPayload& payload)
 {
     const QStringList formats = payload.formats();
-    const bool isOffered = std::any_of(formats.begin(), formats.end(), [](const QString& format) {
-        return isAddressFormat(format) || isImageFormat(format) || isTextFormat(format)
-            || transferFormats().contains(format);
-    });
-    return isOffered || canSaveDrop(payload);
+    return std::any_of(formats.begin(), formats.end(), isItemFormat) || canSaveDrop(payload);
+}
+
+bool canTakeDrop(const DropPayload& payload)
+{
+    const QStringList formats = payload.formats();
+    const bool isSure = canSaveDrop(payload) || std::any_of(formats.begin(), formats.end(), [](const QString& format) {
+                            return isNamedImageFormat(format) || transferFormats().contains(format);
+                        });
+    if (isSure)
+        return true;
+    if (!offersDropItems(payload))
+        return false;
+    const auto text = loadDropText(payload);
+    if ((text && !text->trimmed().isEmpty()) || !loadDropAddresses(payload).empty() || loadDropImage(payload))
+        return true;
+    return std::none_of(formats.begin(), formats.end(),
+                        [&](const QString& format) { return isItemFormat(format) && !payload.data(format).isEmpty(); });
 }
 
 CapturedDrop captureDrop(const DropPayload& payload)

@@ -25,6 +25,10 @@ struct CapturedDrop {
 /// Whether a drag offers anything that the shelf takes. Reads only the names of the formats.
 [[nodiscard]] bool offersDropItems(const DropPayload& payload);
 
+/// Whether the shelf can take a drag that hovers over it. Where the names of the formats do not tell, as for an empty
+/// list of addresses, reads what they deliver. A source that delivers nothing yet may do so at the drop.
+[[nodiscard]] bool canTakeDrop(const DropPayload& payload);
+
 /// Reads the data of the drop, but only the formats that the shelf needs.
 [[nodiscard]] CapturedDrop captureDrop(const DropPayload& payload);
 

@@ -19,11 +19,6 @@ namespace {
     return format.section(QLatin1Char(';'), 0, 0).trimmed().toLower();
 }
 
-[[nodiscard]] bool isNamedImage(const QString& format)
-{
-    return typeOf(format).startsWith(QLatin1String("image/"));
-}
-
 [[nodiscard]] bool isUnnamed(const QString& format)
 {
     return typeOf(format) == QLatin1String("application/octet-stream");
@@ -65,7 +60,7 @@ namespace {
 [[nodiscard]] std::optional<DroppedImage> loadNamedImage(const DropPayload& payload)
 {
     QStringList formats = payload.formats();
-    formats.removeIf([](const QString& format) { return !isNamedImage(format); });
+    formats.removeIf([](const QString& format) { return !isNamedImageFormat(format); });
     std::stable_sort(formats.begin(), formats.end(),
                      [](const QString& left, const QString& right) { return rank(left) < rank(right); });
     for (const QString& format : std::as_const(formats)) {
@@ -92,9 +87,14 @@ namespace {
 
 } // namespace
 
+bool isNamedImageFormat(const QString& format)
+{
+    return typeOf(format).startsWith(QLatin1String("image/"));
+}
+
 bool isImageFormat(const QString& format)
 {
-    return isNamedImage(format) || isUnnamed(format);
+    return isNamedImageFormat(format) || isUnnamed(format);
 }
 
 std::optional<DroppedImage> loadDropImage(const DropPayload& payload)

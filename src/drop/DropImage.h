@@ -10,6 +10,9 @@ namespace nookle {
 
 class DropPayload;
 
+/// Whether a format is an image type.
+[[nodiscard]] bool isNamedImageFormat(const QString& format);
+
 /// Whether a format is an image type, or "application/octet-stream", whose bytes may be an image.
 [[nodiscard]] bool isImageFormat(const QString& format);
 

@@ -39,6 +39,9 @@ private Q_SLOTS:
     void nothingUsableIsNoElement();
     void whatIsOfferedIsToldWithoutReading();
     void theToolkitsDataIsReadAsItIs();
+    void whatCanBeTakenIsKnownWhileItHovers_data();
+    void whatCanBeTakenIsKnownWhileItHovers();
+    void imagesAndTransfersAreTakenWithoutReading();
 };
 
 void DropCaptureTest::eachAddressIsOneElementInTheSourcesOrder()
@@ -236,6 +239,42 @@ void DropCaptureTest::theToolkitsDataIsReadAsItIs()
     const MimeDropPayload payload(data);
     QCOMPARE(captureDrop(payload).items[0].address->url, QStringLiteral("file:///%FF"));
     QVERIFY(payload.suggestedName().isEmpty());
+}
+
+void DropCaptureTest::whatCanBeTakenIsKnownWhileItHovers_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("canTake");
+    QTest::newRow("a file") << QByteArray("text/uri-list") << QByteArray("file:///a\r\n") << true;
+    QTest::newRow("a page") << QByteArray("_NETSCAPE_URL") << QByteArray("https://example.com/\nTitle") << true;
+    QTest::newRow("a text") << QByteArray("text/plain") << QByteArray("words") << true;
+    QTest::newRow("an image under no name") << QByteArray("application/octet-stream") << QByteArray(png) << true;
+    QTest::newRow("not delivered yet") << QByteArray("text/uri-list") << QByteArray() << true;
+    QTest::newRow("an empty list") << QByteArray("text/uri-list") << QByteArray("# nobody\r\n") << false;
+    QTest::newRow("white space") << QByteArray("UTF8_STRING") << QByteArray(" \n") << false;
+    QTest::newRow("bytes of no image") << QByteArray("application/octet-stream") << QByteArray("bytes") << false;
+    QTest::newRow("nothing known") << QByteArray("text/html") << QByteArray("<b>words</b>") << false;
+}
+
+void DropCaptureTest::whatCanBeTakenIsKnownWhileItHovers()
+{
+    QFETCH(const QByteArray, format);
+    QFETCH(const QByteArray, bytes);
+    QFETCH(const bool, canTake);
+    FakeDropPayload payload;
+    payload.offer(format.constData(), bytes);
+    QCOMPARE(canTakeDrop(payload), canTake);
+}
+
+void DropCaptureTest::imagesAndTransfersAreTakenWithoutReading()
+{
+    for (const char* format : { "image/png", "application/vnd.portal.filetransfer" }) {
+        FakeDropPayload payload;
+        payload.offer(format, "bytes").offer("text/uri-list", "#").offer("text/plain", " ");
+        QVERIFY(canTakeDrop(payload));
+        QVERIFY(payload.read.isEmpty());
+    }
 }
 
 QTEST_GUILESS_MAIN(DropCaptureTest)
