@@ -6,6 +6,7 @@
 #include "ShelfStore.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace nookle {
 
@@ -78,6 +79,23 @@ void PanelController::show()
     m_panel.animateFrame(resting, slideDuration, Easing::out, {});
 }
 
+void PanelController::showForKeys()
+{
+    const bool isDragging = m_dragInTimer || m_isDraggingOut || m_pointer.isLeftButtonDown();
+    show();
+    if (!m_isShown || isDragging)
+        return;
+    m_isForKeys = true;
+    onTakeFocus();
+}
+
+void PanelController::focusChanged(bool hasFocus)
+{
+    m_hasFocus = hasFocus;
+    if (!hasFocus && std::exchange(m_isForKeys, false) && m_isShown)
+        scheduleHide(autoHideDelay);
+}
+
 void PanelController::hide()
 {
     cancelPendingHide();
@@ -85,6 +103,7 @@ void PanelController::hide()
         return;
 
     m_isShown = false;
+    m_isForKeys = false;
     const QRectF frame = m_panel.frame();
     m_panel.animateFrame(frame.translated(frame.width(), 0), slideDuration, Easing::in, m_lifetime.guarded([this] {
         if (!m_isShown)
@@ -127,7 +146,8 @@ void PanelController::hideUnlessInUse()
 {
     if (m_pinning.isPinned())
         return;
-    const bool isInUse = m_isDraggingOut || m_isMenuOpen || covers(m_panel.frame(), m_pointer.position());
+    const bool isInUse =
+        m_isDraggingOut || m_isMenuOpen || (m_isForKeys && m_hasFocus) || covers(m_panel.frame(), m_pointer.position());
     if (!isInUse) {
         hide();
         return;

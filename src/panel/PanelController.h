@@ -6,6 +6,7 @@
 
 #include <QRectF>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -33,6 +34,15 @@ public:
 
     /// Slides the panel in on the display under the pointer. On a shown panel it only cancels a pending hide.
     void show();
+
+    /// As `show`, and takes the keyboard focus, but never under a drag. The panel stays while it has the focus.
+    void showForKeys();
+
+    /// Gives the panel the keyboard focus. Set by the owner.
+    std::function<void()> onTakeFocus = [] {};
+
+    /// Call this when the panel has got the keyboard focus (true) or lost it.
+    void focusChanged(bool hasFocus);
 
     /// Slides the panel out, even if the pointer is over it, unless one of its menus is open. On a hidden panel it only
     /// cancels a pending hide.
@@ -80,6 +90,9 @@ private:
     std::unique_ptr<Cancellable> m_pendingHide;
     std::unique_ptr<Cancellable> m_dragInTimer;
     bool m_isDraggingOut = false;
+    bool m_hasFocus = false;
+    /// True while the panel is shown because of `showForKeys`, until it loses the focus.
+    bool m_isForKeys = false;
     bool m_isMenuOpen = false;
     bool m_isShown = false;
     /// The identity of the display that the panel was shown on last.

@@ -87,6 +87,18 @@ void PanelContentView::paintEvent(QPaintEvent* event)
         painter.drawPixmap(QPointF(m_offset, 0), m_picture);
 }
 
+void PanelContentView::takeFocus()
+{
+    panelWindow().requestActivate();
+}
+
+void PanelContentView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange)
+        onFocusChanged(isActiveWindow());
+}
+
 QWindow& PanelContentView::panelWindow()
 {
     winId();

@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
+
 namespace nookle {
 
 /// The top-level widget that becomes the panel's window. The shelf view fills it. It is made before the shelf view,
@@ -21,6 +23,11 @@ public:
     /// Draws the content `offset` points to the right of its place, without painting it anew at each step. The content
     /// itself stays where it is, so that a drag finds it there.
     void setContentOffset(double offset);
+    /// Asks the desktop for the keyboard focus. Call it while the window is shown.
+    void takeFocus();
+
+    /// Called when the window has got the keyboard focus (true) or lost it. Set by the owner.
+    std::function<void(bool hasFocus)> onFocusChanged = [](bool) {};
 
     /// The toolkit's window of this widget, created but not shown.
     [[nodiscard]] QWindow& panelWindow();
@@ -29,6 +36,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -90,6 +90,11 @@ private Q_SLOTS:
     void aLaterHideReplacesAnEarlierOne();
     void thePanelStaysWhileItsMenuIsOpenWhoeverHidesIt();
     void aPinnedPanelStaysAfterItsMenuHasClosed();
+    void aPanelForKeysTakesTheFocusAndStaysUntilItLosesIt();
+    void aPanelForKeysThatGetsNoFocusHidesAsUsual();
+    void aPanelThatWasClickedHidesAsUsual();
+    void thePanelTakesNoFocusUnderADrag();
+    void aShownPanelTakesTheFocusForKeys();
     void aMenuThatClosesOnAHiddenPanelSchedulesNothing();
     void pinningIsWrittenAtOnceAndToldToObservers();
     void thePinnedStateIsReadAtTheStart();
@@ -453,6 +458,86 @@ void PanelControllerTest::thePanelStaysWhileItsMenuIsOpenWhoeverHidesIt()
     QVERIFY(f.panel.isShown());
     f.queue.advance(0.001);
     QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aPanelForKeysTakesTheFocusAndStaysUntilItLosesIt()
+{
+    Fixture& f = *m_fixture;
+    int taken = 0;
+    f.panel.onTakeFocus = [&] { ++taken; };
+    f.panel.showForKeys();
+    QVERIFY(f.panel.isShown());
+    QCOMPARE(taken, 1);
+    f.panel.focusChanged(true);
+    f.window.onMouseExited();
+    f.queue.advance(10);
+    QVERIFY(f.panel.isShown());
+    f.panel.focusChanged(false);
+    f.queue.advance(0.499);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+    // The next showing is for nobody's keys.
+    f.panel.focusChanged(true);
+    f.showAtRest();
+    f.panel.scheduleHide(0.5);
+    f.queue.advance(0.5);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aPanelForKeysThatGetsNoFocusHidesAsUsual()
+{
+    Fixture& f = *m_fixture;
+    f.panel.showForKeys();
+    f.window.onMouseExited();
+    f.queue.advance(0.5);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::aPanelThatWasClickedHidesAsUsual()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.focusChanged(true);
+    f.window.onMouseExited();
+    f.queue.advance(0.5);
+    QVERIFY(!f.panel.isShown());
+    f.showAtRest();
+    f.panel.focusChanged(false);
+    f.queue.advance(5);
+    QVERIFY(f.panel.isShown());
+}
+
+void PanelControllerTest::thePanelTakesNoFocusUnderADrag()
+{
+    Fixture& f = *m_fixture;
+    int taken = 0;
+    f.panel.onTakeFocus = [&] { ++taken; };
+    f.pointer.leftButtonDown = true;
+    f.panel.showForIncomingDrag();
+    f.panel.showForKeys();
+    QCOMPARE(taken, 0);
+    f.pointer.leftButtonDown = false;
+    f.panel.showForKeys();
+    QCOMPARE(taken, 0);
+    f.queue.advance(0.1);
+    f.panel.beginDragOut();
+    f.panel.showForKeys();
+    QCOMPARE(taken, 0);
+    f.panel.endDragOut();
+    f.panel.showForKeys();
+    QCOMPARE(taken, 1);
+}
+
+void PanelControllerTest::aShownPanelTakesTheFocusForKeys()
+{
+    Fixture& f = *m_fixture;
+    int taken = 0;
+    f.panel.onTakeFocus = [&] { ++taken; };
+    f.showAtRest();
+    f.panel.showForKeys();
+    QCOMPARE(taken, 1);
+    QCOMPARE(f.window.animations.size(), 1);
 }
 
 void PanelControllerTest::aPinnedPanelStaysAfterItsMenuHasClosed()
