@@ -47,6 +47,7 @@ private Q_SLOTS:
     void aDesktopActivatesTheProgram();
     void theActionAddsTheSelection();
     void theActionShowsAndHides();
+    void theActionTakesTheFocus();
     void anotherActionDoesNothing();
     void aNameThatIsTakenIsSaidInOneLogLine();
     void aMessageIsShownByTheDesktopWithoutItsMarkup();
@@ -68,6 +69,7 @@ private:
     int m_activations = 0;
     int m_selections = 0;
     int m_toggles = 0;
+    int m_focuses = 0;
 };
 
 namespace {
@@ -101,6 +103,7 @@ void BusServiceTest::init()
     m_activations = 0;
     m_selections = 0;
     m_toggles = 0;
+    m_focuses = 0;
     m_service = std::make_unique<BusService>();
     m_service->onAdd = [this](const ServicePasteboard& pasteboard) -> std::optional<Failure> {
         m_added.append(pasteboard);
@@ -108,6 +111,7 @@ void BusServiceTest::init()
     };
     m_service->onOpen = [this](const QStringList& uris) { m_opened += uris; };
     m_service->onActivate = [this] { ++m_activations; };
+    m_service->onFocus = [this] { ++m_focuses; };
     m_service->onAddSelection = [this] { ++m_selections; };
     m_service->onToggle = [this] { ++m_toggles; };
     m_service->start();
@@ -188,11 +192,19 @@ void BusServiceTest::theActionShowsAndHides()
     QCOMPARE(m_selections, 0);
 }
 
+void BusServiceTest::theActionTakesTheFocus()
+{
+    const QVariantList arguments{ QStringLiteral("focus"), QVariantList(), QVariantMap() };
+    QCOMPARE(call(applicationInterface(), QStringLiteral("ActivateAction"), arguments).type(),
+             QDBusMessage::ReplyMessage);
+    QCOMPARE(m_focuses, 1);
+}
+
 void BusServiceTest::anotherActionDoesNothing()
 {
     const QVariantList arguments{ QStringLiteral("quit"), QVariantList(), QVariantMap() };
     (void)call(applicationInterface(), QStringLiteral("ActivateAction"), arguments);
-    QCOMPARE(m_selections + m_toggles + m_activations + static_cast<int>(m_added.size()), 0);
+    QCOMPARE(m_selections + m_toggles + m_focuses + m_activations + static_cast<int>(m_added.size()), 0);
 }
 
 void BusServiceTest::aNameThatIsTakenIsSaidInOneLogLine()

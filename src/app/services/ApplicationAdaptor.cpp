@@ -27,6 +27,8 @@ void ApplicationAdaptor::ActivateAction(const QString& name, const QVariantList&
         m_service.onAddSelection();
     else if (name == QLatin1String("toggle"))
         m_service.onToggle();
+    else if (name == QLatin1String("focus"))
+        m_service.onFocus();
 }
 
 } // namespace nookle

@@ -21,7 +21,7 @@ public Q_SLOTS:
     /// `platformData`, here and below, concerns windows and start-up feedback. The shelf ignores it.
     void Activate(const QVariantMap& platformData) const;
     void Open(const QStringList& uris, const QVariantMap& platformData) const;
-    /// The actions are "add-selection" and "toggle". Other names do nothing.
+    /// The actions are "add-selection", "toggle", and "focus" for a key that the user binds. Other names do nothing.
     void ActivateAction(const QString& name, const QVariantList& parameters, const QVariantMap& platformData) const;
 
 private:

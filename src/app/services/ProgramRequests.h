@@ -31,6 +31,9 @@ public:
     /// Called to show the shelf, or to hide it if it is shown. Set by the owner.
     std::function<void()> onToggle = [] {};
 
+    /// Called to show the shelf with the keyboard focus. Set by the owner.
+    std::function<void()> onFocus = [] {};
+
     /// Called to add the present selection of another program. Set by the owner.
     std::function<void()> onAddSelection = [] {};
 };
