@@ -30,6 +30,12 @@ inline constexpr double preparationDelay = 1;
 inline constexpr std::uint32_t keyD = 2;
 inline constexpr std::uint32_t controlAltSuper = 4096 + 2048 + 256;
 
+// Not quit(), which asks every window first: the panel refuses to be closed.
+void quit()
+{
+    QCoreApplication::exit();
+}
+
 } // namespace
 
 AppDelegate::AppDelegate(const Platform& platform, const QUrl& dataFolder,
@@ -43,7 +49,12 @@ AppDelegate::AppDelegate(const Platform& platform, const QUrl& dataFolder,
 {
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    // The window outlives the controller, and loses the focus with its end.
+    if (m_panelContent)
+        m_panelContent->onFocusChanged = [](bool) {};
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {
@@ -84,6 +95,11 @@ void AppDelegate::createPanel()
     m_panelController =
         std::make_unique<PanelController>(*m_store, m_platform.defaults, *m_panelWindow, m_platform.desktop.pointer(),
                                           m_platform.desktop.displays(), m_platform.queue);
+    m_panelController->onTakeFocus = [this] {
+        m_shelfView->beginKeys();
+        m_panelContent->takeFocus();
+    };
+    m_panelContent->onFocusChanged = [this](bool hasFocus) { m_panelController->focusChanged(hasFocus); };
     m_platform.desktop.onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
     createShelfView();
 }
@@ -113,6 +129,8 @@ void AppDelegate::createShelfView()
     view->onMenuOpenChanged = [this](bool isOpen) { m_panelController->menuOpenChanged(isOpen); };
     view->onDragOutBegan = [this] { m_panelController->beginDragOut(); };
     view->onDragOutEnded = [this] { m_panelController->endDragOut(); };
+    view->onShowSettings = [this] { m_settingsWindow->show(); };
+    view->onQuit = quit;
     view->onHide = [this] { m_panelController->hide(); };
     m_preparation = m_platform.queue.after(preparationDelay, [this] {
         if (m_shelfView)
@@ -128,8 +146,7 @@ void AppDelegate::setUpStatusItem()
     m_statusMenu->onTogglePanel = [this] { togglePanel(); };
     m_statusMenu->onTogglePinned = [this] { togglePinned(); };
     m_statusMenu->onShowSettings = [this] { m_settingsWindow->show(); };
-    // Not quit(), which asks every window first: the panel refuses to be closed.
-    m_statusMenu->onQuit = [] { QCoreApplication::exit(); };
+    m_statusMenu->onQuit = quit;
     m_statusItem = std::make_unique<StatusItem>(*m_statusMenu, m_platform.notifierTray,
                                                 m_platform.desktop.embeddingTray(), m_platform.queue);
 }
@@ -171,6 +188,7 @@ void AppDelegate::provideServices()
     m_platform.requests.onOpen = [this](const QStringList& uris) { open(uris); };
     m_platform.requests.onActivate = [this] { showShelf(); };
     m_platform.requests.onToggle = [this] { togglePanel(); };
+    m_platform.requests.onFocus = [this] { m_panelController->showForKeys(); };
     m_platform.requests.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
     m_platform.requests.start();
 }

@@ -5,6 +5,7 @@
 #include "PlainToolTip.h"
 #include "Symbol.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace nookle {
@@ -13,6 +14,10 @@ namespace {
 
 inline constexpr int buttonSize = 22;
 inline constexpr double symbolSize = 14;
+inline constexpr double cornerRadius = 6;
+inline constexpr float hoverOpacity = 0.08F;
+inline constexpr float pressOpacity = 0.16F;
+inline constexpr double focusStrokeWidth = 2;
 
 } // namespace
 
@@ -22,6 +27,7 @@ PinButton::PinButton(PanelPinning& pinning, QWidget* parent)
 {
     setFixedSize(sizeHint());
     setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
     connect(&m_pinning, &PanelPinning::isPinnedChanged, this, &PinButton::showState);
     showState();
 }
@@ -39,9 +45,38 @@ void PinButton::showState()
     update();
 }
 
+// The same highlight and frame as the tiles have.
+void PinButton::paintState(QPainter& painter) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isDown() || underMouse()) {
+        QColor highlight = primaryColor(palette());
+        highlight.setAlphaF(isDown() ? pressOpacity : hoverOpacity);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(highlight);
+        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    }
+    if (!hasFocus())
+        return;
+    const double inset = focusStrokeWidth / 2;
+    painter.setPen(QPen(accentColor(palette()), focusStrokeWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius - inset,
+                            cornerRadius - inset);
+}
+
+void PinButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
 void PinButton::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
+    paintState(painter);
     QRectF box(0, 0, symbolSize, symbolSize);
     box.moveCenter(QRectF(rect()).center());
     const bool isPinned = m_pinning.isPinned();

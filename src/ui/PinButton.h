@@ -17,9 +17,11 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void showState();
+    void paintState(QPainter& painter) const;
 
     PanelPinning& m_pinning;
 };

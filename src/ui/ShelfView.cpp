@@ -1,6 +1,6 @@
 #include "ShelfView.h"
 
-#include "DropCapture.h"
+#include "ContextMenu.h"
 #include "EmptyShelfView.h"
 #include "FileIcon.h"
 #include "FileUrl.h"
@@ -14,6 +14,7 @@
 #include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QPainter>
 #include <QPointer>
 #include <QStackedLayout>
@@ -29,11 +30,6 @@ namespace nookle {
 namespace {
 
 inline constexpr int headerPadding = 6;
-void acceptCopy(QDropEvent& event)
-{
-    event.setDropAction(Qt::CopyAction);
-    event.accept();
-}
 
 } // namespace
 
@@ -43,10 +39,10 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
     , m_dragOutWatch({ services.store, services.references, services.trash, services.queue }, m_actions)
     , m_dropHandler(services.store, services.queue, services.transfers)
+    , m_dropTarget(services.readDrop, m_dropHandler)
     , m_shelfActions(services.store, services.pinning, services.pasteboard, m_dropHandler)
     , m_thumbnails(services.thumbnails)
     , m_compositing(services.compositing)
-    , m_readDrop(services.readDrop)
     , m_runDrag(services.runDrag)
     , m_content(new QStackedLayout)
     , m_emptyState(new EmptyShelfView)
@@ -56,6 +52,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     setFocusPolicy(Qt::ClickFocus);
     setUpLayout(services.pinning);
     setUpTiles();
+    setUpActions();
     connect(&m_compositing, &Compositing::backdropChanged, this, [this] { update(); });
     connect(&m_store, &ShelfStore::itemsChanged, this, &ShelfView::showItems);
     connect(&m_store, &ShelfStore::fileURLsChanged, this, &ShelfView::showItems);
@@ -65,10 +62,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
 void ShelfView::setUpLayout(PanelPinning& pinning)
 {
     auto* pin = new PinButton(pinning, this);
-    connect(pin, &PinButton::clicked, this, [this] {
-        if (onTogglePin)
-            onTogglePin();
-    });
+    connect(pin, &PinButton::clicked, this, [this] { m_shelfActions.onTogglePin(); });
     auto* header = new QHBoxLayout;
     header->setContentsMargins(headerPadding, headerPadding, headerPadding, 0);
     header->addStretch();
@@ -94,8 +88,26 @@ void ShelfView::setUpTiles()
         const bool isUnavailable = ShelfItemView::isUnavailable(item, m_store.fileURLs().contains(item.id));
         return tileSizes().heights.height(item, isUnavailable, width);
     };
+    m_tiles->tileName = [this](std::size_t row) { return m_store.items()[static_cast<qsizetype>(row)].shownName(); };
     m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
         fillTile(tile, m_store.items()[static_cast<qsizetype>(row)]);
+    };
+}
+
+void ShelfView::setUpActions()
+{
+    m_dropTarget.onHoverChanged = [this](bool isHovered) { dropHoverChanged(isHovered); };
+    m_shelfActions.onTogglePin = [this] {
+        if (onTogglePin)
+            onTogglePin();
+    };
+    m_shelfActions.onShowSettings = [this] {
+        if (onShowSettings)
+            onShowSettings();
+    };
+    m_shelfActions.onQuit = [this] {
+        if (onQuit)
+            onQuit();
     };
 }
 
@@ -156,17 +168,14 @@ void ShelfView::prepare()
 
 ItemInteraction ShelfView::interaction(const ShelfItem& item)
 {
-    // A drag and a menu may outlive their tile and this view.
+    // A drag may outlive its tile and this view.
     const QPointer<ShelfView> self(this);
     ItemInteraction interaction;
     interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
     interaction.dragItem = [this, item] { return beginDrag(item); };
     interaction.menu = [this, item] { return m_actions.menuActions(item); };
-    interaction.onMenuOpenChanged = [self](bool isOpen) {
-        if (self)
-            self->menuOpenChanged(isOpen);
-    };
+    interaction.onMenuOpenChanged = menuListener();
     interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
     interaction.onDragBegan = [self] {
@@ -210,6 +219,15 @@ void ShelfView::updateHover(const std::optional<QUuid>& id)
         tile->setHovered(showsHover(*id));
 }
 
+// A menu may outlive this view.
+std::function<void(bool isOpen)> ShelfView::menuListener()
+{
+    return [self = QPointer(this)](bool isOpen) {
+        if (self)
+            self->menuOpenChanged(isOpen);
+    };
+}
+
 // A menu may open before the previous one has closed.
 void ShelfView::menuOpenChanged(bool isOpen)
 {
@@ -235,31 +253,22 @@ std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
 
 void ShelfView::dragBegan()
 {
-    m_isDraggingOut = true;
+    m_dropTarget.setDraggingOut(true);
     if (onDragOutBegan)
         onDragOutBegan();
 }
 
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 {
-    m_isDraggingOut = false;
+    m_dropTarget.setDraggingOut(false);
     setHovered(std::nullopt);
     m_dragOutWatch.end(item, operation);
     if (onDragOutEnded)
         onDragOutEnded();
 }
 
-// Only copies are accepted, because a source deletes what it believes to be moved.
-bool ShelfView::canTake(const QDropEvent& event) const
+void ShelfView::dropHoverChanged(bool isDropTarget)
 {
-    return !m_isDraggingOut && (event.possibleActions() & Qt::CopyAction)
-        && offersDropItems(*m_readDrop(*event.mimeData()));
-}
-
-void ShelfView::setDropTarget(bool isDropTarget)
-{
-    if (std::exchange(m_isDropTarget, isDropTarget) == isDropTarget)
-        return;
     update();
     updateHover(m_hoveredID);
     if (onDropTargetChanged)
@@ -268,38 +277,24 @@ void ShelfView::setDropTarget(bool isDropTarget)
 
 void ShelfView::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (!canTake(*event)) {
-        event->ignore();
-        return;
-    }
-    acceptCopy(*event);
-    setDropTarget(true);
+    m_dropTarget.enter(*event);
 }
 
 void ShelfView::dragMoveEvent(QDragMoveEvent* event)
 {
-    if (canTake(*event))
-        acceptCopy(*event);
-    else
-        event->ignore();
+    m_dropTarget.move(*event);
 }
 
 void ShelfView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
     // The pointer has left together with the drag, and tiles get no leave event for that.
     setHovered(std::nullopt);
-    setDropTarget(false);
+    m_dropTarget.leave();
 }
 
 void ShelfView::dropEvent(QDropEvent* event)
 {
-    setDropTarget(false);
-    if (!canTake(*event)) {
-        event->ignore();
-        return;
-    }
-    m_dropHandler.handle(captureDrop(*m_readDrop(*event->mimeData())));
-    acceptCopy(*event);
+    m_dropTarget.drop(*event);
 }
 
 // Colours are read at each painting, but sizes are cached.
@@ -364,13 +359,28 @@ bool ShelfView::handleKey(const QKeyEvent& event, const ShelfItem& item)
     }
 }
 
-// Handles only the keyboard. For the mouse, a tile opens its menu itself.
+// For the mouse, a tile opens its menu itself.
 void ShelfView::contextMenuEvent(QContextMenuEvent* event)
 {
-    const std::optional<ShelfItem> item = currentItem();
-    ShelfItemView* tile = item ? m_tiles->tile(item->id) : nullptr;
-    if (tile && event->reason() == QContextMenuEvent::Keyboard)
+    const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
+    const std::optional<ShelfItem> item = isKey ? currentItem() : std::nullopt;
+    if (item)
+        m_tiles->scrollToCurrent();
+    if (ShelfItemView* tile = item ? m_tiles->tile(item->id) : nullptr)
         tile->interaction().showMenu(tile->mapToGlobal(tile->rect().center()));
+    else
+        openContextMenu(makeMenu(), isKey ? mapToGlobal(QPoint()) : event->globalPos(), menuListener());
+}
+
+std::unique_ptr<QMenu> ShelfView::makeMenu() const
+{
+    return makeContextMenu(m_shelfActions.menuActions());
+}
+
+void ShelfView::beginKeys()
+{
+    m_tiles->clearCurrent();
+    setFocus();
 }
 
 void ShelfView::paintEvent(QPaintEvent* /*event*/)
@@ -378,7 +388,7 @@ void ShelfView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintPanelBackground(painter, rect(), palette(), m_compositing.backdrop());
-    if (m_isDropTarget)
+    if (isDropTarget())
         paintDropTarget(painter, rect(), palette());
 }
 

@@ -4,7 +4,7 @@
 #include "DragOutWatch.h"
 #include "DragSession.h"
 #include "DropHandler.h"
-#include "DropPayload.h"
+#include "DropTarget.h"
 #include "ShelfActions.h"
 #include "ShelfItemActions.h"
 #include "TileHeights.h"
@@ -17,7 +17,7 @@
 #include <memory>
 #include <optional>
 
-class QMimeData;
+class QMenu;
 class QStackedLayout;
 
 namespace nookle {
@@ -28,9 +28,6 @@ class PanelPinning;
 class ShelfItemView;
 class ThumbnailGenerator;
 class TileList;
-
-/// Makes a payload that reads a drop, from the toolkit's data or directly from the display server.
-using DropReader = std::function<std::unique_ptr<DropPayload>(const QMimeData&)>;
 
 /// The panel's content: the header with the pin button, and the tiles of the shelf or the hint that it is empty. Shows
 /// the items of the store, and changes them only through the store. All services must outlive it.
@@ -62,6 +59,9 @@ public:
     std::function<void(bool isDropTarget)> onDropTargetChanged;
     std::function<void()> onDragOutBegan;
     std::function<void()> onDragOutEnded;
+    /// Called when the user chooses these entries in the panel's own menu.
+    std::function<void()> onShowSettings;
+    std::function<void()> onQuit;
     /// Called when the first context menu has opened (true) or the last one has closed.
     std::function<void(bool isOpen)> onMenuOpenChanged;
     /// Called when the user wants to hide the shelf.
@@ -71,12 +71,18 @@ public:
     /// loads them.
     void prepare();
 
+    /// Prepares for keys, which begin with no current tile. Call it when the panel is about to get the focus.
+    void beginKeys();
+
+    /// Makes the panel's own menu with its present entries.
+    [[nodiscard]] std::unique_ptr<QMenu> makeMenu() const;
+
     /// Call this before the program ends. Copies back each dragged image whose file a receiver has moved away.
     void saveDraggedImages() { m_dragOutWatch.saveImages(); }
 
     /// The item under the pointer, if any.
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
-    [[nodiscard]] bool isDropTarget() const { return m_isDropTarget; }
+    [[nodiscard]] bool isDropTarget() const { return m_dropTarget.isHovered(); }
 
     /// The actions of the item's tile on mouse events.
     [[nodiscard]] ItemInteraction interaction(const ShelfItem& item);
@@ -99,6 +105,7 @@ private:
 
     void setUpLayout(PanelPinning& pinning);
     void setUpTiles();
+    void setUpActions();
     void fillTile(ShelfItemView& tile, const ShelfItem& item);
     [[nodiscard]] std::optional<QUrl> presentFile(const ShelfItem& item) const;
     void showItems();
@@ -106,14 +113,14 @@ private:
     [[nodiscard]] TileSizes& tileSizes();
     /// The picture in the item's tile; null if the tile is not in view.
     [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
-    [[nodiscard]] bool canTake(const QDropEvent& event) const;
-    void setDropTarget(bool isDropTarget);
+    void dropHoverChanged(bool isDropTarget);
     [[nodiscard]] std::optional<ShelfItem> currentItem() const;
     [[nodiscard]] bool handleKey(const QKeyEvent& event, const ShelfItem& item);
     void setHovered(const std::optional<QUuid>& id);
     void itemHovered(const QUuid& id, bool isInside);
+    [[nodiscard]] std::function<void(bool isOpen)> menuListener();
     void menuOpenChanged(bool isOpen);
-    [[nodiscard]] bool showsHover(const QUuid& id) const { return !m_isDropTarget && m_hoveredID == id; }
+    [[nodiscard]] bool showsHover(const QUuid& id) const { return !isDropTarget() && m_hoveredID == id; }
     void updateHover(const std::optional<QUuid>& id);
     [[nodiscard]] bool isOnShelf(const QUuid& id) const;
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
@@ -124,18 +131,15 @@ private:
     ShelfItemActions m_actions;
     DragOutWatch m_dragOutWatch;
     DropHandler m_dropHandler;
+    DropTarget m_dropTarget;
     ShelfActions m_shelfActions;
     ThumbnailGenerator& m_thumbnails;
     Compositing& m_compositing;
-    DropReader m_readDrop;
     DragRunner m_runDrag;
     std::optional<TileSizes> m_tileSizes;
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
-    bool m_isDropTarget = false;
-    /// True while an item of this shelf is dragged. The shelf does not accept its own items.
-    bool m_isDraggingOut = false;
     std::optional<QUuid> m_hoveredID;
     int m_openMenus = 0;
 };

@@ -43,6 +43,8 @@ private Q_SLOTS:
     void theActionOnTheBusShowsAndHides();
     void aSecondStartShowsTheShelf();
 
+    void aRequestForTheFocusShowsTheShelf();
+    void theShelfsOwnMenuOpensTheSettings();
     void showShelfInTheTrayShowsAndHides();
     void pinningFromTheTrayShowsTheShelf();
     void unpinningFromTheTrayLeavesTheShelfWhereItIs();
@@ -365,6 +367,24 @@ void AppDelegateTest::aSecondStartShowsTheShelf()
     m_app->start();
     m_app->requests.onActivate();
     QVERIFY(m_app->isShown());
+}
+
+void AppDelegateTest::aRequestForTheFocusShowsTheShelf()
+{
+    m_app->start();
+    m_app->requests.onFocus();
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(20);
+    QVERIFY(m_app->isShown());
+}
+
+void AppDelegateTest::theShelfsOwnMenuOpensTheSettings()
+{
+    m_app->start();
+    auto* view = topLevel<PanelContentView>()->findChild<ShelfView*>();
+    view->onShowSettings();
+    QVERIFY(topLevel<QDialog>());
+    QVERIFY(topLevel<QDialog>()->isVisible());
 }
 
 void AppDelegateTest::showShelfInTheTrayShowsAndHides()

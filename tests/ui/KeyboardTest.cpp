@@ -34,6 +34,14 @@ private Q_SLOTS:
     void theFrameShowsOnlyWhileKeysAreUsed();
     void theCurrentTileStaysWithItsItem();
     void anEmptyShelfTakesKeysWithoutEffect();
+    void theFirstArrowAfterTheShelfTookTheKeysChoosesTheFirstTile();
+    void theFrameSurvivesTheMenu();
+    void theMenuKeyScrollsToTheCurrentTile();
+    void typingFindsAName();
+    void spaceIsPartOfANameWhileItIsTyped();
+    void tabGoesToThePinAndBack();
+    void returnPressesThePin();
+    void thePinShowsFocusHoverAndPress();
     void controlAndZBringsBackWhatWasRemoved();
     void controlAndZWorksOnAnEmptyShelfAndOnThePin();
     void controlAndVAddsTheClipboard();
@@ -228,6 +236,116 @@ void KeyboardTest::anEmptyShelfTakesKeysWithoutEffect()
     for (const Qt::Key each : { Qt::Key_Down, Qt::Key_Delete, Qt::Key_Return, Qt::Key_Space })
         QTest::keyClick(&list(), each);
     QVERIFY(m_shelf->store.items().isEmpty());
+}
+
+void KeyboardTest::theFirstArrowAfterTheShelfTookTheKeysChoosesTheFirstTile()
+{
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    m_shelf->view.beginKeys();
+    QCOMPARE(QApplication::focusWidget(), &list());
+    QVERIFY(!list().currentId());
+    key(Qt::Key_Delete);
+    QCOMPARE(m_shelf->store.items().size(), 20);
+    key(Qt::Key_Down);
+    QCOMPARE(current(), QStringLiteral("0"));
+    m_shelf->view.findChild<PinButton*>()->setFocus();
+    m_shelf->view.beginKeys();
+    key(Qt::Key_Up);
+    QCOMPARE(current(), QStringLiteral("19"));
+}
+
+void KeyboardTest::theFrameSurvivesTheMenu()
+{
+    key(Qt::Key_Down);
+    const ShelfItemView* second = list().tile(m_shelf->store.items().at(1).id);
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(&list(), &event);
+    QVERIFY(second->isFocused());
+    QApplication::activePopupWidget()->close();
+    QVERIFY(second->isFocused());
+}
+
+void KeyboardTest::theMenuKeyScrollsToTheCurrentTile()
+{
+    list().verticalScrollBar()->setValue(list().verticalScrollBar()->maximum());
+    QVERIFY(!list().tile(*list().currentId()));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(&list(), &event);
+    QVERIFY(list().tile(*list().currentId()));
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().constLast()->text(), QStringLiteral("Remove"));
+    menu->close();
+}
+
+void KeyboardTest::typingFindsAName()
+{
+    m_shelf->store.addText(QStringLiteral("Zebra"));
+    m_shelf->store.addText(QStringLiteral("zone"));
+    key(Qt::Key_End);
+    key(Qt::Key_Z);
+    QCOMPARE(current(), QStringLiteral("zone"));
+    key(Qt::Key_E);
+    QCOMPARE(current(), QStringLiteral("Zebra"));
+    QVERIFY(list().tile(*list().currentId())->isFocused());
+    // Shortcuts are no letters.
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(current(), QStringLiteral("Zebra"));
+}
+
+void KeyboardTest::spaceIsPartOfANameWhileItIsTyped()
+{
+    m_shelf->store.addText(QStringLiteral("a c"));
+    m_shelf->store.addText(QStringLiteral("a b"));
+    key(Qt::Key_End);
+    for (const Qt::Key each : { Qt::Key_A, Qt::Key_Space, Qt::Key_C })
+        key(each);
+    QCOMPARE(current(), QStringLiteral("a c"));
+    QVERIFY(!m_shelf->store.items().at(1).pinned);
+}
+
+void KeyboardTest::tabGoesToThePinAndBack()
+{
+    auto* pin = m_shelf->view.findChild<PinButton*>();
+    key(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), pin);
+    key(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), &list());
+    m_shelf->store.removeUnpinned();
+    key(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), pin);
+}
+
+void KeyboardTest::returnPressesThePin()
+{
+    int toggles = 0;
+    m_shelf->view.onTogglePin = [&] { ++toggles; };
+    m_shelf->view.findChild<PinButton*>()->setFocus();
+    key(Qt::Key_Return);
+    key(Qt::Key_Space);
+    QCOMPARE(toggles, 2);
+    QVERIFY(!m_shelf->top().pinned);
+}
+
+void KeyboardTest::thePinShowsFocusHoverAndPress()
+{
+    auto* pin = m_shelf->view.findChild<PinButton*>();
+    const QImage plain = pin->grab().toImage();
+    pin->setFocus(Qt::TabFocusReason);
+    const QImage focused = pin->grab().toImage();
+    list().setFocus();
+    pin->setAttribute(Qt::WA_UnderMouse);
+    const QImage hovered = pin->grab().toImage();
+    pin->setDown(true);
+    const QImage pressed = pin->grab().toImage();
+    QVERIFY(focused != plain);
+    QVERIFY(hovered != plain);
+    QVERIFY(hovered != focused);
+    QVERIFY(pressed != hovered);
+    pin->setDown(false);
+    pin->setAttribute(Qt::WA_UnderMouse, false);
+    QCOMPARE(pin->grab().toImage(), plain);
 }
 
 void KeyboardTest::controlAndZBringsBackWhatWasRemoved()

@@ -86,6 +86,9 @@ private Q_SLOTS:
     void pinningAndRemovingFromTheMenu();
     void aDropOfAFileIsTakenAsACopy();
     void aDropThatAllowsNoCopyIsRefused();
+    void aDropWithNothingToTakeIsRefusedWhileItHovers_data();
+    void aDropWithNothingToTakeIsRefusedWhileItHovers();
+    void aDragIsLookedAtOnce();
     void anItemOfItsOwnIsRefusedUntilItsDragHasEnded();
     void theOwnerHearsOfDropsThatHover();
     void noTileIsHighlightedWhileADropHovers();
@@ -549,6 +552,52 @@ void ShelfViewTest::aDropThatAllowsNoCopyIsRefused()
     QCoreApplication::sendEvent(&f.view, &enter);
     QVERIFY(!enter.isAccepted());
     QVERIFY(!f.view.isDropTarget());
+}
+
+void ShelfViewTest::aDropWithNothingToTakeIsRefusedWhileItHovers_data()
+{
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("unknown") << QStringLiteral("application/x-unknown") << QByteArray("bytes");
+    QTest::newRow("no address") << QStringLiteral("text/uri-list") << QByteArray("# nothing\r\n");
+    QTest::newRow("white space") << QStringLiteral("text/plain") << QByteArray(" \n\t");
+}
+
+void ShelfViewTest::aDropWithNothingToTakeIsRefusedWhileItHovers()
+{
+    QFETCH(const QString, format);
+    QFETCH(const QByteArray, bytes);
+    ShelfFixture& f = *m_fixture;
+    QMimeData data;
+    data.setData(format, bytes);
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(!enter.isAccepted());
+    QVERIFY(!f.view.isDropTarget());
+    QDragMoveEvent move({ 50, 60 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &move);
+    QVERIFY(!move.isAccepted());
+    QDropEvent drop({ 50, 60 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &drop);
+    QVERIFY(!drop.isAccepted());
+    f.queue.runPosted();
+    QVERIFY(f.store.items().isEmpty());
+}
+
+void ShelfViewTest::aDragIsLookedAtOnce()
+{
+    ShelfFixture& f = *m_fixture;
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(enter.isAccepted());
+    // The source answers no more.
+    data.setText(QStringLiteral(" "));
+    QDragMoveEvent move({ 50, 60 }, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &move);
+    QVERIFY(move.isAccepted());
+    QCOMPARE(move.dropAction(), Qt::CopyAction);
 }
 
 void ShelfViewTest::anItemOfItsOwnIsRefusedUntilItsDragHasEnded()

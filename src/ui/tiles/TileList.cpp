@@ -177,8 +177,34 @@ void TileList::keyPressEvent(QKeyEvent* event)
         return;
     default:
         // Everything else is for the owner.
-        event->ignore();
+        if (!findName(*event))
+            event->ignore();
     }
+}
+
+bool TileList::findName(const QKeyEvent& event)
+{
+    const bool isText = !event.text().isEmpty() && event.text().front().isPrint()
+        && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    // No name begins with a space, and the owner uses that key.
+    if (!isText || (event.key() == Qt::Key_Space && !m_search.isUnderWay(event.timestamp())))
+        return false;
+    m_usesKeys = true;
+    if (const auto row = m_search.find(event.text(), event.timestamp(), m_currentRow, m_ids.size(), tileName))
+        setCurrentRow(*row);
+    return true;
+}
+
+void TileList::clearCurrent()
+{
+    m_currentRow.reset();
+    showCurrent();
+}
+
+void TileList::scrollToCurrent()
+{
+    if (m_currentRow)
+        scrollTo(*m_currentRow);
 }
 
 void TileList::setCurrentRow(std::size_t row)
@@ -214,8 +240,11 @@ void TileList::showCurrent()
 void TileList::focusInEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusInEvent(event);
-    m_usesKeys = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
-    if (!m_currentRow && !m_ids.empty())
+    const bool isTab = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    // A closed menu and a window that is active again change nothing.
+    if (isTab || event->reason() == Qt::MouseFocusReason)
+        m_usesKeys = isTab;
+    if (isTab && !m_currentRow && !m_ids.empty())
         m_currentRow = 0;
     showCurrent();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "NameSearch.h"
 #include "TileLayout.h"
 
 #include <QAbstractScrollArea>
@@ -14,9 +15,9 @@ namespace nookle {
 
 class ShelfItemView;
 
-/// A scrolling column of tiles. Only the tiles in view exist as widgets. Once the list has had the keyboard focus or a
-/// tile was pressed, one row is the current one. The arrow keys change the current row, and its tile has a frame while
-/// the keyboard is used.
+/// A scrolling column of tiles. Only the tiles in view exist as widgets. One row may be the current one:
+/// it is chosen by a key, by Tab into the list or by a press of its tile. The arrow keys change the current row, and
+/// its tile has a frame while the keyboard is used.
 class TileList final : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -30,6 +31,9 @@ public:
     std::function<void(ShelfItemView& tile, std::size_t row)> fillTile;
     /// Returns the height of a row's tile for the given width.
     std::function<int(std::size_t row, int width)> tileHeight;
+
+    /// Returns the name of a row, which is searched for what is typed.
+    std::function<QString(std::size_t row)> tileName;
 
     /// Replaces the rows; each is identified by the id of its item. A tile whose id stays is kept. If the current row
     /// is gone, the row that takes its place becomes the current one. While the list is hidden, the tiles are updated
@@ -47,6 +51,12 @@ public:
     /// The item in the current row, to which key presses apply.
     [[nodiscard]] std::optional<QUuid> currentId() const;
 
+    /// From now on no row is the current one, until a key or the mouse chooses one.
+    void clearCurrent();
+
+    /// Scrolls the current row into view.
+    void scrollToCurrent();
+
 protected:
     void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -62,6 +72,8 @@ private:
     void placeTiles(bool refill);
     [[nodiscard]] ShelfItemView* newTile(const QUuid& id);
     [[nodiscard]] int tileWidth() const;
+    /// Whether the key was typed to find a name.
+    [[nodiscard]] bool findName(const QKeyEvent& event);
     [[nodiscard]] std::optional<std::size_t> rowForKey(int key) const;
     void setCurrentRow(std::size_t row);
     void scrollTo(std::size_t row);
@@ -75,6 +87,7 @@ private:
     bool m_isOutdated = false;
     std::optional<std::size_t> m_currentRow;
     bool m_usesKeys = false;
+    NameSearch m_search;
 };
 
 } // namespace nookle
