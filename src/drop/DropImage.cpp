@@ -2,6 +2,7 @@
 
 #include "DropPayload.h"
 #include "DropText.h"
+#include "ImageDescription.h"
 #include "ImageType.h"
 
 #include <QMimeDatabase>
@@ -38,16 +39,21 @@ namespace {
     return index < 0 ? preferred.size() : index;
 }
 
-/// The name that a browser suggests for a dragged image. It may be in one of several places.
+/// The name that a browser suggests for a dragged image, which may be in one of several places, or else what it says
+/// about the image.
 [[nodiscard]] QString suggestedName(const DropPayload& payload, const QString& format)
 {
     if (const QByteArray name = payload.suggestedName(); !name.isEmpty())
         return decodeName(name);
     const QString promise = QStringLiteral("application/x-moz-file-promise-dest-filename");
-    if (payload.formats().contains(promise))
-        return decodeText(payload.data(promise), QStringLiteral("text/unicode"));
+    if (payload.formats().contains(promise)) {
+        const QString promised = decodeText(payload.data(promise), QStringLiteral("text/unicode")).trimmed();
+        if (!promised.isEmpty())
+            return promised;
+    }
     const QString name = format.section(QStringLiteral("name="), 1).section(QLatin1Char(';'), 0, 0);
-    return QString(name).remove(QLatin1Char('"')).trimmed();
+    const QString plain = QString(name).remove(QLatin1Char('"')).trimmed();
+    return plain.isEmpty() ? loadImageDescription(payload) : plain;
 }
 
 /// The type that the source names, because its file name has the extension of that type. If that type is unknown, the

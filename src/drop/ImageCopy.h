@@ -14,7 +14,7 @@ struct DroppedImage {
     QByteArray bytes;
     /// The MIME type, such as "image/png".
     QString type;
-    /// The name that the source suggests for its file; empty when it suggests none.
+    /// The name that the source suggests for its file, or what it says about the image; empty when it says nothing.
     QString suggestedName;
 };
 

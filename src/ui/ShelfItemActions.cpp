@@ -16,6 +16,7 @@
 #include "Workspace.h"
 
 #include <QGuiApplication>
+#include <QLocale>
 #include <QPainter>
 
 #include <filesystem>
@@ -181,6 +182,24 @@ QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUr
     if (const auto* link = std::get_if<LinkContent>(&item.content))
         return link->url.absoluteString();
     return item.shownName();
+}
+
+std::optional<QString> ShelfItemActions::distinctToolTip(const ShelfItem& item) const
+{
+    const QString own = toolTip(item, m_store.localURL(item));
+    qsizetype count = 0;
+    qsizetype number = 0;
+    for (const ShelfItem& each : m_store.items()) {
+        if (toolTip(each, m_store.localURL(each)) != own)
+            continue;
+        ++count;
+        if (each.id == item.id)
+            number = count;
+    }
+    if (count < 2)
+        return std::nullopt;
+    const QString added = QLocale().toString(item.createdAt.toLocalTime(), QLocale::ShortFormat);
+    return tr("%1 (%2 of %3, added %4)").arg(own, QLocale().toString(number), QLocale().toString(count), added);
 }
 
 void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation) const

@@ -48,6 +48,9 @@ public:
 
     [[nodiscard]] static QString toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL);
 
+    /// The tool tip with the item's number and date, if another item has the same tool tip; none otherwise.
+    [[nodiscard]] std::optional<QString> distinctToolTip(const ShelfItem& item) const;
+
     /// Call this after a drag out. If `operation` is `remove`, moves the item's file to the Trash and removes the item
     /// from the shelf. Otherwise does nothing.
     void dragEnded(const ShelfItem& item, DragOperation operation) const;

@@ -173,6 +173,7 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     ItemInteraction interaction;
     interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
+    interaction.distinctToolTip = [this, item] { return m_actions.distinctToolTip(item); };
     interaction.dragItem = [this, item] { return beginDrag(item); };
     interaction.menu = [this, item] { return m_actions.menuActions(item); };
     interaction.onMenuOpenChanged = menuListener();

@@ -120,6 +120,7 @@ void DropCaptureTest::noTitleIsReadForAnImageOrAFile()
     FakeDropPayload image;
     image.offer("text/uri-list", "https://example.com/a.png").offer("_NETSCAPE_URL", "x\nTitle");
     image.offer("image/png", png);
+    image.name = "a.png";
     QVERIFY(!captureDrop(image).items[0].address->title);
     QVERIFY(!image.read.contains(QStringLiteral("_NETSCAPE_URL")));
     FakeDropPayload file;

@@ -25,6 +25,10 @@ private Q_SLOTS:
     void theNameIsTheSources();
     void theNameMayBePromisedInUtf16();
     void theNameMayStandInTheFormat();
+    void withoutANameWhatThePageSaysOfItIsTheName_data();
+    void withoutANameWhatThePageSaysOfItIsTheName();
+    void withoutANameTheTitleIsTheName();
+    void aNameIsTakenBeforeADescription();
     void withoutAnImageNothingIsRead();
 };
 
@@ -206,6 +210,56 @@ void DropImageTest::theNameMayStandInTheFormat()
     FakeDropPayload unnamed;
     unnamed.offer("image/png", png);
     QCOMPARE(loadDropImage(unnamed)->suggestedName, QString());
+}
+
+void DropImageTest::withoutANameWhatThePageSaysOfItIsTheName_data()
+{
+    QTest::addColumn<QByteArray>("page");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("double quotes") << QByteArray("<meta charset=utf-8><img src=\"a.png\" alt=\"A red fox\">")
+                                   << QStringLiteral("A red fox");
+    QTest::newRow("single quotes") << QByteArray("<IMG ALT='A red fox' src='a'>") << QStringLiteral("A red fox");
+    QTest::newRow("entities") << QByteArray("<img alt=\"Fish &amp; chips &lt;3 &quot;x&quot;\">")
+                              << QStringLiteral("Fish & chips <3 \"x\"");
+    QTest::newRow("several lines") << QByteArray("<img alt=\" A\n red  fox \">") << QStringLiteral("A red fox");
+    QTest::newRow("a > in another attribute")
+        << QByteArray("<img title=\"a > b\" alt=\"A red fox\">") << QStringLiteral("A red fox");
+    QTest::newRow("alt inside another attribute") << QByteArray("<img title=\"x alt='no'\">") << QString();
+    QTest::newRow("no alt") << QByteArray("<img src=a><p alt=\"no\">") << QString();
+    QTest::newRow("empty alt") << QByteArray("<img alt=\"\">") << QString();
+    QTest::newRow("no image") << QByteArray("<p>words</p>") << QString();
+    QTest::newRow("a broken tag") << QByteArray("<img alt=\"never closed") << QString();
+    QTest::newRow("UTF-8") << QByteArray("<img alt=\"Füchse\">") << QStringLiteral("Füchse");
+    QTest::newRow("long") << QByteArray("<img alt=\"" + QByteArray(500, 'x') + "\">") << QString(80, QLatin1Char('x'));
+    QTest::newRow("many tags") << QByteArray("<img x='").repeated(100'000) << QString();
+}
+
+void DropImageTest::withoutANameWhatThePageSaysOfItIsTheName()
+{
+    QFETCH(const QByteArray, page);
+    QFETCH(const QString, name);
+    FakeDropPayload payload;
+    payload.offer("text/html", page).offer("image/png", png);
+    QCOMPARE(loadDropImage(payload)->suggestedName, name);
+}
+
+void DropImageTest::withoutANameTheTitleIsTheName()
+{
+    FakeDropPayload payload;
+    payload.offer("_NETSCAPE_URL", "https://example.com/a.png\nA red fox").offer("image/png", png);
+    QCOMPARE(loadDropImage(payload)->suggestedName, QStringLiteral("A red fox"));
+    FakeDropPayload untitled;
+    untitled.offer("_NETSCAPE_URL", "https://example.com/a.png\nhttps://example.com/").offer("image/png", png);
+    QCOMPARE(loadDropImage(untitled)->suggestedName, QString());
+}
+
+void DropImageTest::aNameIsTakenBeforeADescription()
+{
+    FakeDropPayload payload;
+    payload.name = "fox.png";
+    payload.offer("text/html", "<img alt=\"A red fox\">").offer("image/png", png);
+    QCOMPARE(loadDropImage(payload)->suggestedName, QStringLiteral("fox.png"));
+    QVERIFY(!payload.read.contains(QStringLiteral("text/html")));
 }
 
 void DropImageTest::withoutAnImageNothingIsRead()

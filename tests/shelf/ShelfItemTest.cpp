@@ -141,6 +141,7 @@ void ShelfItemTest::whatIsShownOfANameIsShortAndPlain_data()
         QTest::newRow(title) << std::move(content) << shown;
     };
     row("a text", TextContent{ QStringLiteral("\n  words  \nmore") }, QStringLiteral("words"));
+    row("a blank first line", TextContent{ QStringLiteral("  \t\n \n words \nmore") }, QStringLiteral("words"));
     row("a text of one line", TextContent{ longest }, cut);
     row("a long line after empty ones", TextContent{ QString(QLatin1String("\n\n \t") + longest) }, cut);
     row("a direction in a text", TextContent{ QStringLiteral("a\u202eb") }, QStringLiteral("ab"));

@@ -2,6 +2,7 @@
 
 #include "TextPayload.h"
 
+#include <QHelpEvent>
 #include <QAction>
 #include <QApplication>
 #include <QEnterEvent>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void theMenuIsBuiltAnewEachTime();
     void hoveringIsReported();
     void theToolTipIsSetAndCleared();
+    void aLongerToolTipIsMadeWhenItIsShown();
     void markupInAToolTipIsShownAndNotObeyed_data();
     void markupInAToolTipIsShownAndNotObeyed();
     void aToolTipOfAnyLengthIsShort();
@@ -304,6 +306,22 @@ void ItemInteractionViewTest::theToolTipIsSetAndCleared()
     interaction.toolTip.reset();
     view->setConfiguration(interaction);
     QVERIFY(view->toolTip().isEmpty());
+}
+
+void ItemInteractionViewTest::aLongerToolTipIsMadeWhenItIsShown()
+{
+    ItemInteraction interaction = configuration();
+    interaction.toolTip = QStringLiteral("Image");
+    interaction.distinctToolTip = [] { return std::optional<QString>(); };
+    view->setConfiguration(interaction);
+    QHelpEvent asks(QEvent::ToolTip, { 5, 5 }, { 5, 5 });
+    QCoreApplication::sendEvent(view.get(), &asks);
+    QCOMPARE(view->toolTip(), QStringLiteral("Image"));
+    interaction.distinctToolTip = [] { return std::optional(QStringLiteral("Image (1 of 2)")); };
+    view->setConfiguration(interaction);
+    QCOMPARE(view->toolTip(), QStringLiteral("Image"));
+    QCoreApplication::sendEvent(view.get(), &asks);
+    QCOMPARE(view->toolTip(), QStringLiteral("Image (1 of 2)"));
 }
 
 void ItemInteractionViewTest::markupInAToolTipIsShownAndNotObeyed_data()

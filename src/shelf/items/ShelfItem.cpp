@@ -69,7 +69,9 @@ QString ShelfItem::shownName() const
     const TextContent* text = std::get_if<TextContent>(&content);
     if (!text)
         return shownText(displayName());
-    return shownText(withoutHorizontalSpace(firstLine(QStringView(text->text).left(longestLine))).toString());
+    // Unlike the display name, never that of a first line with nothing but spaces.
+    const QStringView beginning = QStringView(text->text).left(longestLine).trimmed();
+    return shownText(withoutHorizontalSpace(firstLine(beginning)).toString());
 }
 
 std::optional<LinkUrl> ShelfItem::webURL(const QString& from)

@@ -62,7 +62,8 @@ struct ShelfItem {
     /// The item's name; may be empty.
     [[nodiscard]] QString displayName() const;
 
-    /// The name as it is shown (see `shownText`). The time does not grow with the length of the text.
+    /// The name as it is shown (see `shownText`); that of a text is its first line that is not blank. The time does not
+    /// grow with the length of the text.
     [[nodiscard]] QString shownName() const;
 
     /// The web address (http or https, with a host) in `from`, which may have white space around it; none if `from` is

@@ -30,6 +30,9 @@ struct ItemInteraction {
     std::function<MenuActions()> menu;
     /// The tool tip; none means no tool tip.
     std::optional<QString> toolTip;
+    /// Called when the tool tip is about to be shown; returns a longer one that tells the item from others with the
+    /// same tool tip, or none.
+    std::function<std::optional<QString>()> distinctToolTip;
     /// Called when the context menu has opened (true) or closed.
     std::function<void(bool isOpen)> onMenuOpenChanged;
     std::function<void(bool isInside)> onHover;

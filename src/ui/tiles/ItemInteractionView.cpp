@@ -39,6 +39,14 @@ void ItemInteractionView::setConfiguration(ItemInteraction configuration)
     m_configuration = std::move(configuration);
 }
 
+bool ItemInteractionView::event(QEvent* event)
+{
+    const bool asks = event->type() == QEvent::ToolTip && m_configuration && m_configuration->distinctToolTip;
+    if (const auto toolTip = asks ? m_configuration->distinctToolTip() : std::nullopt)
+        setPlainToolTip(*this, *toolTip);
+    return QWidget::event(event);
+}
+
 // Counts presses itself, because the toolkit recognizes a double press but treats the third press as a first one.
 void ItemInteractionView::press(const QMouseEvent& event)
 {

@@ -33,6 +33,7 @@ public:
     [[nodiscard]] std::unique_ptr<QMenu> makeMenu();
 
 protected:
+    bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
