@@ -10,6 +10,7 @@
 #include "PrimarySelection.h"
 #include "ProgramRequests.h"
 #include "Trash.h"
+#include "Workspace.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -62,6 +63,7 @@ void AppDelegate::applicationDidFinishLaunching()
     m_settingsWindow = std::make_unique<SettingsWindowController>(
         m_settings, m_platform.loginItem, m_platform.desktop.globalShortcuts(),
         [this] { return m_screenshotWatcher.screenshotDirectory(); },
+        DataFolderRow::Folder{ m_dataFolder, [this](const QUrl& folder) { m_platform.workspace.open(folder); } },
         [this] { m_platform.pasteboard.writeText(m_platform.diagnostics()); });
     setUpStatusItem();
     startEdgeMonitor();

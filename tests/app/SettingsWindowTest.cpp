@@ -3,17 +3,21 @@
 #include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
+#include "FileUrl.h"
 #include "ProgramVersion.h"
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
+#include <QFile>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include <algorithm>
@@ -81,6 +85,7 @@ private Q_SLOTS:
     void theShortcutMayChangeWithoutTheWindow();
     void theFolderIsShownAsItIsNow();
     void aPathIsShownAsItIsAndNeverWidensTheWindow();
+    void theButtonOpensTheFolderOfTheShelfOnceItIsThere();
     void noLabelTakesItsTextForMarkup();
     void controlCharactersInAPathAreNotShown();
 
@@ -111,6 +116,8 @@ private:
     std::unique_ptr<AppSettings> m_settings;
     std::unique_ptr<FakeLoginItem> m_loginItem;
     std::unique_ptr<FakeGlobalShortcuts> m_shortcuts;
+    QTemporaryDir m_dataFolder;
+    QList<QUrl> m_opened;
     std::unique_ptr<SettingsWindowController> m_controller;
     QUrl m_folder;
     int m_copies = 0;
@@ -119,13 +126,17 @@ private:
 void SettingsWindowTest::init()
 {
     m_folder = QUrl(QStringLiteral("file:///home/me/Pictures"));
+    m_opened.clear();
     m_copies = 0;
     m_defaults = std::make_unique<FakeUserDefaults>();
     m_settings = std::make_unique<AppSettings>(*m_defaults);
     m_loginItem = std::make_unique<FakeLoginItem>();
     m_shortcuts = std::make_unique<FakeGlobalShortcuts>();
     m_controller = std::make_unique<SettingsWindowController>(
-        *m_settings, *m_loginItem, *m_shortcuts, [this] { return m_folder; }, [this] { ++m_copies; });
+        *m_settings, *m_loginItem, *m_shortcuts, [this] { return m_folder; },
+        DataFolderRow::Folder{ fileUrl(QFile::encodeName(m_dataFolder.path())),
+                               [this](const QUrl& folder) { m_opened.append(folder); } },
+        [this] { ++m_copies; });
 }
 
 void SettingsWindowTest::cleanup()
@@ -251,6 +262,8 @@ void SettingsWindowTest::everyTextStandsInItsPlace()
         QStringLiteral("Pinned items always stay. Copies such as images go to the Trash."),
         QStringLiteral("Show and hide"),
         QStringLiteral("⌃⌥⌘D"),
+        QString(QStringLiteral("Files are kept in ") + m_dataFolder.path()),
+        QStringLiteral("Open Folder"),
         QStringLiteral("Screenshots"),
         QStringLiteral("Add new screenshots to the shelf"),
         QStringLiteral("Folder: /home/me/Pictures"),
@@ -411,6 +424,22 @@ void SettingsWindowTest::aPathIsShownAsItIsAndNeverWidensTheWindow()
     open();
     QVERIFY(visibleLabel(QString(QStringLiteral("Folder: ") + path)));
     QCOMPARE(window()->width(), 440);
+}
+
+void SettingsWindowTest::theButtonOpensTheFolderOfTheShelfOnceItIsThere()
+{
+    const QString path = m_dataFolder.path();
+    QVERIFY(QDir().rmdir(path));
+    open();
+    auto* button = window()->findChild<DataFolderRow*>()->findChild<QPushButton*>();
+    QVERIFY(!button->isEnabled());
+    QVERIFY(m_opened.isEmpty());
+    window()->close();
+    QVERIFY(QDir().mkpath(path));
+    open();
+    QVERIFY(button->isEnabled());
+    button->click();
+    QCOMPARE(m_opened, QList<QUrl>{ fileUrl(QFile::encodeName(path)) });
 }
 
 void SettingsWindowTest::noLabelTakesItsTextForMarkup()

@@ -49,19 +49,19 @@ inline constexpr int formWidth = 440;
 } // namespace
 
 SettingsView::SettingsView(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
-                           ScreenshotDirectory screenshotDirectory)
+                           ScreenshotDirectory screenshotDirectory, DataFolderRow::Folder dataFolder)
     : m_settings(settings)
     , m_shortcuts(shortcuts)
     , m_screenshotDirectory(std::move(screenshotDirectory))
 {
     auto* column = new QVBoxLayout(this);
     column->addWidget(new LoginItemSection(loginItem));
-    column->addWidget(makeShelfSection());
+    column->addWidget(makeShelfSection(dataFolder));
     column->addWidget(makeScreenshotSection());
     showScreenshotFolder();
 }
 
-QGroupBox* SettingsView::makeShelfSection()
+QGroupBox* SettingsView::makeShelfSection(const DataFolderRow::Folder& dataFolder)
 {
     auto* section = new QGroupBox(tr("Shelf"));
     auto* column = new QVBoxLayout(section);
@@ -83,6 +83,7 @@ QGroupBox* SettingsView::makeShelfSection()
     column->addWidget(aboutExpiry);
 
     column->addWidget(new ShortcutRow(m_shortcuts));
+    column->addWidget(new DataFolderRow(dataFolder));
     return section;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppSettings.h"
+#include "DataFolderRow.h"
 
 #include <QUrl>
 #include <QWidget>
@@ -28,7 +29,7 @@ public:
 
     /// `settings`, `loginItem` and `shortcuts` must outlive this object.
     SettingsView(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
-                 ScreenshotDirectory screenshotDirectory);
+                 ScreenshotDirectory screenshotDirectory, DataFolderRow::Folder dataFolder);
 
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -41,7 +42,7 @@ private:
     using Signal = void (AppSettings::*)();
 
     void showScreenshotFolder();
-    [[nodiscard]] QGroupBox* makeShelfSection();
+    [[nodiscard]] QGroupBox* makeShelfSection(const DataFolderRow::Folder& dataFolder);
     [[nodiscard]] QGroupBox* makeScreenshotSection();
     [[nodiscard]] QCheckBox* makeToggle(const QString& title, const Getter& value, const Setter& setValue,
                                         Signal changed);

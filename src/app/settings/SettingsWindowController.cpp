@@ -31,11 +31,13 @@ void centre(QDialog& window)
 SettingsWindowController::SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
                                                    GlobalShortcuts& shortcuts,
                                                    SettingsView::ScreenshotDirectory screenshotDirectory,
+                                                   DataFolderRow::Folder dataFolder,
                                                    std::function<void()> copyDiagnostics)
     : m_settings(settings)
     , m_loginItem(loginItem)
     , m_shortcuts(shortcuts)
     , m_screenshotDirectory(std::move(screenshotDirectory))
+    , m_dataFolder(std::move(dataFolder))
     , m_copyDiagnostics(std::move(copyDiagnostics))
 {
 }
@@ -65,7 +67,7 @@ std::unique_ptr<QDialog> SettingsWindowController::makeWindow() const
     content->setSpacing(0);
     // The window always has the size of its form, also when a row appears or disappears.
     content->setSizeConstraint(QLayout::SetFixedSize);
-    content->addWidget(new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory));
+    content->addWidget(new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory, m_dataFolder));
     content->addWidget(new AboutRow(m_copyDiagnostics));
     return window;
 }

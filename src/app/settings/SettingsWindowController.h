@@ -15,7 +15,7 @@ public:
     /// `settings`, `loginItem` and `shortcuts` must outlive this object. `copyDiagnostics` puts a report of the system
     /// on the clipboard.
     SettingsWindowController(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
-                             SettingsView::ScreenshotDirectory screenshotDirectory,
+                             SettingsView::ScreenshotDirectory screenshotDirectory, DataFolderRow::Folder dataFolder,
                              std::function<void()> copyDiagnostics);
     ~SettingsWindowController();
     SettingsWindowController(const SettingsWindowController&) = delete;
@@ -31,6 +31,7 @@ private:
     LoginItem& m_loginItem;
     GlobalShortcuts& m_shortcuts;
     SettingsView::ScreenshotDirectory m_screenshotDirectory;
+    DataFolderRow::Folder m_dataFolder;
     std::function<void()> m_copyDiagnostics;
     std::unique_ptr<QDialog> m_window;
 };
