@@ -10,6 +10,7 @@
 #include "PrimarySelection.h"
 #include "ProgramRequests.h"
 #include "Trash.h"
+#include "UserDefaults.h"
 #include "Workspace.h"
 
 #include <QCoreApplication>
@@ -23,6 +24,7 @@ namespace nookle {
 namespace {
 
 inline constexpr double momentOfShowing = 1.5;
+inline constexpr double timeOfIntroduction = 10;
 
 /// In seconds. Gives the other programs that start with the session time to finish their start.
 inline constexpr double preparationDelay = 1;
@@ -259,6 +261,15 @@ void AppDelegate::applicationWillTerminate()
 void AppDelegate::showShelf()
 {
     m_panelController->show();
+}
+
+void AppDelegate::introduceShelf()
+{
+    // From now on there are settings, so no later start is the first one.
+    m_platform.defaults.set(true, QStringLiteral("introduced"));
+    m_shelfView->introduce();
+    m_panelController->show();
+    m_panelController->scheduleHide(timeOfIntroduction);
 }
 
 void AppDelegate::open(const QStringList& uris)

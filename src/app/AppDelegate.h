@@ -75,6 +75,9 @@ public:
     /// Shows the shelf. A second start of the program requests this.
     void showShelf();
 
+    /// Shows the shelf for ten seconds, and says how it is opened. For the very first start.
+    void introduceShelf();
+
     /// Adds the files and pages on a command line, of this start or of a later one.
     void open(const QStringList& uris);
 

@@ -7,8 +7,10 @@
 #include "Log.h"
 #include "LogOutput.h"
 #include "Mounts.h"
+#include "ProgramStart.h"
 #include "ProgramVersion.h"
 #include "SessionEnd.h"
+#include "SettingsUserDefaults.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
 #include "Translations.h"
@@ -50,10 +52,23 @@ void describeApplication()
     });
 }
 
-int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUrl& dataFolder, const QStringList& uris)
+/// What the user sees of a start without anything to add.
+void greet(nookle::AppDelegate& delegate, nookle::StartReason reason, bool isFirst)
+{
+    if (reason != nookle::StartReason::user)
+        return;
+    if (isFirst)
+        delegate.introduceShelf();
+    else
+        delegate.showShelf();
+}
+
+int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUrl& dataFolder, const QStringList& uris,
+        nookle::StartReason reason)
 {
     const nookle::Translations translations(nookle::Translations::folder(QApplication::applicationDirPath()),
                                             QLocale::system().uiLanguages());
+    const bool isFirst = nookle::isFirstStart(dataFolder, nookle::SettingsUserDefaults::defaultPath());
     // Ends the program, because it cannot save its shelf any more.
     instance.onFolderLost = [] { QApplication::exit(EXIT_FAILURE); };
     nookle::LinuxPlatform platform(dataHome(), nookle::makeDesktopBackend(desktop));
@@ -61,6 +76,8 @@ int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUr
     delegate.applicationDidFinishLaunching();
     if (!uris.isEmpty())
         delegate.open(uris);
+    else
+        greet(delegate, reason, isFirst);
     nookle::SessionEnd sessionEnd;
     sessionEnd.onSave = [&delegate] { delegate.applicationWillTerminate(); };
     sessionEnd.onEnd = [] { QApplication::exit(); };
@@ -84,6 +101,7 @@ int main(int argc, char* argv[])
         return EXIT_FAILURE;
     }
     const auto& choice = std::get<nookle::BackendChoice>(selected);
+    const nookle::StartReason reason = nookle::takeStartReason();
     QApplication application(argc, argv);
     describeApplication();
 
@@ -107,5 +125,5 @@ int main(int argc, char* argv[])
     // Not quit(), which asks every window first: the panel refuses to be closed.
     const nookle::TerminationSignals signals([] { QApplication::exit(); });
     nookle::logLine(choice.description);
-    return run(instance, choice.kind, dataFolder, arguments.uris);
+    return run(instance, choice.kind, dataFolder, arguments.uris, reason);
 }

@@ -95,7 +95,9 @@ QByteArray AutostartLoginItem::entryContent() const
     // In the user's language only: the entry is the user's own.
     const QByteArray comment = tr("A shelf at the edge of the screen").toUtf8();
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_COMMENT, comment.constData());
-    g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, quoted(m_program.toUtf8()).constData());
+    // The variable tells the program that the user has not started it.
+    const QByteArray command = "env NOOKLE_START=login " + quoted(m_program.toUtf8());
+    g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, command.constData());
     // The desktop passes the entry over in silence once the program is not installed any more.
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_TRY_EXEC, m_program.toUtf8().constData());
     g_key_file_set_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_ICON, "org.nookle.Nookle");

@@ -22,13 +22,27 @@ EmptyShelfView::EmptyShelfView(QWidget* parent)
     setAccessibleName(tr("Drop here"));
 }
 
+void EmptyShelfView::showHint(const QString& hint)
+{
+    m_hint = hint;
+    setAccessibleDescription(hint);
+    update();
+}
+
+void EmptyShelfView::hideEvent(QHideEvent* event)
+{
+    showHint(QString());
+    QWidget::hideEvent(event);
+}
+
 void EmptyShelfView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setFont(captionFont());
     const QColor color = secondaryColor(palette());
     const QRect area = rect().adjusted(padding, padding, -padding, -padding);
-    const QString text = tr("Drop here");
+    const QString text =
+        m_hint.isEmpty() ? tr("Drop here") : QString(tr("Drop here") + QStringLiteral("\n\n") + m_hint);
     const int flags = Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap;
     const int textHeight = painter.fontMetrics().boundingRect(area, flags, text).height();
     const int top = area.center().y() - (symbolSize + spacing + textHeight) / 2;

@@ -11,8 +11,15 @@ class EmptyShelfView final : public QWidget {
 public:
     explicit EmptyShelfView(QWidget* parent = nullptr);
 
+    /// Shows a sentence below the words, until the view is hidden.
+    void showHint(const QString& hint);
+
 protected:
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+
+private:
+    QString m_hint;
 };
 
 } // namespace nookle

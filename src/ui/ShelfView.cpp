@@ -31,6 +31,12 @@ namespace {
 
 inline constexpr int headerPadding = 6;
 
+template <typename Closure, typename... Arguments> void callIfSet(const Closure& closure, Arguments... arguments)
+{
+    if (closure)
+        closure(arguments...);
+}
+
 } // namespace
 
 ShelfView::ShelfView(const Services& services, QWidget* parent)
@@ -97,18 +103,9 @@ void ShelfView::setUpTiles()
 void ShelfView::setUpActions()
 {
     m_dropTarget.onHoverChanged = [this](bool isHovered) { dropHoverChanged(isHovered); };
-    m_shelfActions.onTogglePin = [this] {
-        if (onTogglePin)
-            onTogglePin();
-    };
-    m_shelfActions.onShowSettings = [this] {
-        if (onShowSettings)
-            onShowSettings();
-    };
-    m_shelfActions.onQuit = [this] {
-        if (onQuit)
-            onQuit();
-    };
+    m_shelfActions.onTogglePin = [this] { callIfSet(onTogglePin); };
+    m_shelfActions.onShowSettings = [this] { callIfSet(onShowSettings); };
+    m_shelfActions.onQuit = [this] { callIfSet(onQuit); };
 }
 
 void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
@@ -255,8 +252,7 @@ std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
 void ShelfView::dragBegan()
 {
     m_dropTarget.setDraggingOut(true);
-    if (onDragOutBegan)
-        onDragOutBegan();
+    callIfSet(onDragOutBegan);
 }
 
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
@@ -264,16 +260,14 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
     m_dropTarget.setDraggingOut(false);
     setHovered(std::nullopt);
     m_dragOutWatch.end(item, operation);
-    if (onDragOutEnded)
-        onDragOutEnded();
+    callIfSet(onDragOutEnded);
 }
 
 void ShelfView::dropHoverChanged(bool isDropTarget)
 {
     update();
     updateHover(m_hoveredID);
-    if (onDropTargetChanged)
-        onDropTargetChanged(isDropTarget);
+    callIfSet(onDropTargetChanged, isDropTarget);
 }
 
 void ShelfView::dragEnterEvent(QDragEnterEvent* event)
@@ -320,8 +314,7 @@ std::optional<ShelfItem> ShelfView::currentItem() const
 void ShelfView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape) {
-        if (onHide)
-            onHide();
+        callIfSet(onHide);
         return;
     }
     if (event->matches(QKeySequence::Undo)) {
@@ -376,6 +369,11 @@ void ShelfView::contextMenuEvent(QContextMenuEvent* event)
 std::unique_ptr<QMenu> ShelfView::makeMenu() const
 {
     return makeContextMenu(m_shelfActions.menuActions());
+}
+
+void ShelfView::introduce()
+{
+    m_emptyState->showHint(tr("Drag something to the right edge of the screen and the shelf slides in automatically."));
 }
 
 void ShelfView::beginKeys()

@@ -71,6 +71,9 @@ public:
     /// loads them.
     void prepare();
 
+    /// From now on until it is hidden, an empty shelf also says how it is opened.
+    void introduce();
+
     /// Prepares for keys, which begin with no current tile. Call it when the panel is about to get the focus.
     void beginKeys();
 

@@ -43,6 +43,8 @@ private Q_SLOTS:
     void theActionOnTheBusShowsAndHides();
     void aSecondStartShowsTheShelf();
 
+    void theIntroductionIsOverAfterTenSeconds();
+    void theIntroductionIsOverWhenThePointerHasBeenThere();
     void aRequestForTheFocusShowsTheShelf();
     void theShelfsOwnMenuOpensTheSettings();
     void showShelfInTheTrayShowsAndHides();
@@ -367,6 +369,31 @@ void AppDelegateTest::aSecondStartShowsTheShelf()
     m_app->start();
     m_app->requests.onActivate();
     QVERIFY(m_app->isShown());
+}
+
+void AppDelegateTest::theIntroductionIsOverAfterTenSeconds()
+{
+    m_app->start();
+    m_app->delegate->introduceShelf();
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(9.9);
+    QVERIFY(m_app->isShown());
+    m_app->queue.advance(0.1);
+    QVERIFY(!m_app->isShown());
+    QVERIFY(m_app->defaults.stored.contains(QStringLiteral("introduced")));
+}
+
+void AppDelegateTest::theIntroductionIsOverWhenThePointerHasBeenThere()
+{
+    m_app->start();
+    m_app->delegate->introduceShelf();
+    m_app->queue.advance(1);
+    m_app->desktop.window->onMouseEntered();
+    m_app->queue.advance(60);
+    QVERIFY(m_app->isShown());
+    m_app->desktop.window->onMouseExited();
+    m_app->queue.advance(0.5);
+    QVERIFY(!m_app->isShown());
 }
 
 void AppDelegateTest::aRequestForTheFocusShowsTheShelf()

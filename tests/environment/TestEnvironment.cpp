@@ -47,6 +47,8 @@ constexpr const char* mark = "NOOKLE_TEST_HOME";
     return {
         { mark, home },
         { "HOME", home },
+        // The shelf stays hidden at a start.
+        { "NOOKLE_START", "login" },
         { "PATH", "/usr/bin:/bin:/usr/sbin:/sbin" },
         { "LANG", "C.UTF-8" },
         { "TZ", "UTC" },

@@ -82,6 +82,8 @@ private Q_SLOTS:
     void anImageWhoseFileIsGoneLooksMissingAndIsNotDimmed();
     void filesThatASandboxHandsOverAreRetrieved();
     void toolTips();
+    void itemsOfOneNameAreToldApart();
+    void theIntroductionLastsUntilTheShelfIsHidden();
     void revealShowsTheFile();
     void pinningAndRemovingFromTheMenu();
     void aDropOfAFileIsTakenAsACopy();
@@ -505,6 +507,35 @@ void ShelfViewTest::toolTips()
     QCOMPARE(f.view.interaction(f.top()).toolTip, QStringLiteral("words"));
     f.store.addLink(*LinkUrl::parse(QStringLiteral("https://example.com/a")), QStringLiteral("An example"));
     QCOMPARE(f.view.interaction(f.top()).toolTip, QStringLiteral("https://example.com/a"));
+}
+
+void ShelfViewTest::itemsOfOneNameAreToldApart()
+{
+    ShelfFixture& f = *m_fixture;
+    f.store.addText(QStringLiteral("words\nand more"));
+    QVERIFY(!f.view.interaction(f.top()).distinctToolTip());
+    f.store.addText(QStringLiteral("words\nand others"));
+    const QString upper = f.view.interaction(f.store.items().at(0)).distinctToolTip().value_or(QString());
+    const QString lower = f.view.interaction(f.store.items().at(1)).distinctToolTip().value_or(QString());
+    QVERIFY2(upper.startsWith(QStringLiteral("words (1 of 2, added ")), qPrintable(upper));
+    QVERIFY2(lower.startsWith(QStringLiteral("words (2 of 2, added ")), qPrintable(lower));
+    // Paths tell files apart.
+    f.store.addFiles({ fileUrl("/a/same.txt"), fileUrl("/b/same.txt") });
+    QVERIFY(!f.view.interaction(f.top()).distinctToolTip());
+}
+
+void ShelfViewTest::theIntroductionLastsUntilTheShelfIsHidden()
+{
+    ShelfFixture& f = *m_fixture;
+    const auto* empty = f.view.findChild<EmptyShelfView*>();
+    const QImage plain = f.view.grab().toImage();
+    f.view.introduce();
+    QVERIFY(empty->accessibleDescription().contains(QStringLiteral("right edge")));
+    QVERIFY(f.view.grab().toImage() != plain);
+    f.view.hide();
+    f.view.show();
+    QVERIFY(empty->accessibleDescription().isEmpty());
+    QCOMPARE(f.view.grab().toImage(), plain);
 }
 
 void ShelfViewTest::revealShowsTheFile()
