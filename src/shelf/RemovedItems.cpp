@@ -88,6 +88,8 @@ void RemovedItems::dropOldSteps()
 
 void RemovedItems::forgetPlaces(const QSet<QUuid>& ids)
 {
+    if (ids.isEmpty())
+        return;
     for (Step& step : m_steps)
         step.order.removeIf([&](const QUuid& id) { return ids.contains(id); });
 }

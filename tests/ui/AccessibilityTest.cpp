@@ -123,6 +123,9 @@ void AccessibilityTest::theCurrentTileHasTheFocus()
     m_shelf->view.activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&m_shelf->view));
     list().setFocus();
+    // The first arrow chooses the first tile.
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QVERIFY(tile(0).state().focused);
     QTest::keyClick(&list(), Qt::Key_Down);
     QVERIFY(tile(1).state().focused);
     QVERIFY(tile(1).state().selected);
