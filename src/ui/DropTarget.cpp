@@ -37,26 +37,45 @@ void DropTarget::setHovered(bool isHovered)
         onHoverChanged(isHovered);
 }
 
-void DropTarget::enter(QDragEnterEvent& event)
+// A source may say only after the drag has entered that it can save its data, so a refusal is not final as long as
+// nothing is offered. The data is looked at once for each drag.
+bool DropTarget::canTake(const QDropEvent& event)
 {
-    if (!isAllowed(event) || !canTakeDrop(*m_readDrop(*event.mimeData()))) {
-        event.ignore();
-        return;
+    if (!isAllowed(event))
+        return false;
+    if (!m_isWanted) {
+        const std::unique_ptr<DropPayload> payload = m_readDrop(*event.mimeData());
+        if (!offersDropItems(*payload))
+            return false;
+        m_isWanted = canTakeDrop(*payload);
     }
-    acceptCopy(event);
-    setHovered(true);
+    return *m_isWanted;
 }
 
-void DropTarget::move(QDragMoveEvent& event) const
+void DropTarget::answer(QDragMoveEvent& event)
 {
-    if (m_isHovered && isAllowed(event))
+    const bool canBeTaken = canTake(event);
+    if (canBeTaken)
         acceptCopy(event);
     else
         event.ignore();
+    setHovered(canBeTaken);
+}
+
+void DropTarget::enter(QDragEnterEvent& event)
+{
+    m_isWanted.reset();
+    answer(event);
+}
+
+void DropTarget::move(QDragMoveEvent& event)
+{
+    answer(event);
 }
 
 void DropTarget::leave()
 {
+    m_isWanted.reset();
     setHovered(false);
 }
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class QDragEnterEvent;
 class QDragMoveEvent;
@@ -32,17 +33,21 @@ public:
     void setDraggingOut(bool isDraggingOut) { m_isDraggingOut = isDraggingOut; }
 
     void enter(QDragEnterEvent& event);
-    void move(QDragMoveEvent& event) const;
+    void move(QDragMoveEvent& event);
     void leave();
     void drop(QDropEvent& event);
 
 private:
+    void answer(QDragMoveEvent& event);
+    [[nodiscard]] bool canTake(const QDropEvent& event);
     [[nodiscard]] bool isAllowed(const QDropEvent& event) const;
     void setHovered(bool isHovered);
 
     DropReader m_readDrop;
     DropHandler& m_handler;
     bool m_isHovered = false;
+    /// Whether the drag that hovers can be taken; none before its data was looked at.
+    std::optional<bool> m_isWanted;
     bool m_isDraggingOut = false;
 };
 

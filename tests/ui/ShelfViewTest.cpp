@@ -91,6 +91,8 @@ private Q_SLOTS:
     void aDropWithNothingToTakeIsRefusedWhileItHovers_data();
     void aDropWithNothingToTakeIsRefusedWhileItHovers();
     void aDragIsLookedAtOnce();
+    void aDragThatOffersSomethingLateIsTaken();
+    void aDragThatNoLongerAllowsACopyLosesTheStroke();
     void anItemOfItsOwnIsRefusedUntilItsDragHasEnded();
     void theOwnerHearsOfDropsThatHover();
     void noTileIsHighlightedWhileADropHovers();
@@ -629,6 +631,38 @@ void ShelfViewTest::aDragIsLookedAtOnce()
     QCoreApplication::sendEvent(&f.view, &move);
     QVERIFY(move.isAccepted());
     QCOMPARE(move.dropAction(), Qt::CopyAction);
+}
+
+void ShelfViewTest::aDragThatOffersSomethingLateIsTaken()
+{
+    ShelfFixture& f = *m_fixture;
+    QMimeData data;
+    data.setData(QStringLiteral("application/x-unknown"), "bytes");
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(!enter.isAccepted());
+    data.setText(QStringLiteral("words"));
+    QDragMoveEvent move({ 50, 60 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &move);
+    QVERIFY(move.isAccepted());
+    QVERIFY(f.view.isDropTarget());
+}
+
+void ShelfViewTest::aDragThatNoLongerAllowsACopyLosesTheStroke()
+{
+    ShelfFixture& f = *m_fixture;
+    QMimeData data;
+    data.setText(QStringLiteral("words"));
+    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &enter);
+    QVERIFY(f.view.isDropTarget());
+    QDragMoveEvent moves({ 50, 60 }, Qt::MoveAction, &data, Qt::LeftButton, Qt::ShiftModifier);
+    QCoreApplication::sendEvent(&f.view, &moves);
+    QVERIFY(!moves.isAccepted());
+    QVERIFY(!f.view.isDropTarget());
+    QDragMoveEvent copies({ 50, 60 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.view, &copies);
+    QVERIFY(f.view.isDropTarget());
 }
 
 void ShelfViewTest::anItemOfItsOwnIsRefusedUntilItsDragHasEnded()
