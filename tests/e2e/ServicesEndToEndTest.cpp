@@ -72,6 +72,9 @@ private Q_SLOTS:
     void theBusStartsTheInstalledProgram();
     void theInstalledProgramSpeaksTheUsersLanguage();
     void whereTextRunsFromTheRightThePanelStaysAtTheRight();
+    void theActionGivesTheShelfTheFocusAndEscapeGivesItBack();
+    void theFirstStartByHandIntroducesTheShelf();
+    void aStartWithTheSessionShowsNothing();
 
 private:
     [[nodiscard]] QString uri(const QString& name) const
@@ -318,6 +321,64 @@ void ServicesEndToEndTest::whereTextRunsFromTheRightThePanelStaysAtTheRight()
     QVERIFY(m_shelf->start());
     QCOMPARE(m_client->addToShelf({ uri(QStringLiteral("a")) }, {}).type(), QDBusMessage::ReplyMessage);
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+}
+
+void ServicesEndToEndTest::theActionGivesTheShelfTheFocusAndEscapeGivesItBack()
+{
+    QVERIFY(m_shelf->start());
+    XScreen& screen = m_desktop->screen();
+    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), { QStringLiteral("text") });
+    QVERIFY(waitFor([&] { return screen.window("Peer", 400).has_value(); }));
+    const xcb_window_t peer = screen.window("Peer", 400)->id;
+    QVERIFY(waitFor([&] { return screen.focus() == peer; }));
+    for (const char* text : { "first", "second" })
+        QCOMPARE(m_client->addToShelf({}, QString::fromLatin1(text)).type(), QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+    QCOMPARE(screen.focus(), peer);
+    const QVariantList focus{ QStringLiteral("focus"), QVariantList(), QVariantMap() };
+    QCOMPARE(m_client->call(applicationInterface(), QStringLiteral("ActivateAction"), focus).type(),
+             QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([&] { return m_shelf->panel() && screen.focus() == m_shelf->panel()->id; }));
+    // Longer than it would stay without the focus.
+    QVERIFY(holdsFor([this] { return m_shelf->panel().has_value(); }, 2000));
+    constexpr xcb_keysym_t down = 0xff54;
+    constexpr xcb_keysym_t remove = 0xffff;
+    constexpr xcb_keysym_t escape = 0xff1b;
+    for (const xcb_keysym_t each : { down, remove }) {
+        screen.pressKey(each);
+        screen.releaseKey(each);
+    }
+    QVERIFY(waitFor([this] { return m_shelf->savedItems().size() == 1; }));
+    QCOMPARE(savedText(), QStringLiteral("first"));
+    screen.pressKey(XScreen::control);
+    screen.pressKey('z');
+    screen.releaseKey('z');
+    screen.releaseKey(XScreen::control);
+    QVERIFY(waitFor([this] { return savedText() == QLatin1String("second"); }));
+    screen.pressKey(escape);
+    screen.releaseKey(escape);
+    QVERIFY(waitFor([&] { return !m_shelf->panel() && screen.focus() == peer; }));
+}
+
+void ServicesEndToEndTest::theFirstStartByHandIntroducesTheShelf()
+{
+    m_desktop->setVariable(QStringLiteral("NOOKLE_START"), QString());
+    QVERIFY(m_shelf->start());
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+    m_desktop->screen().moveTo(m_shelf->panel()->frame.center());
+    QVERIFY(holdsFor([this] { return m_shelf->isAtRest(screenWidth); }, 900));
+    m_desktop->screen().moveTo({ 100, 100 });
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
+    QVERIFY(m_shelf->stop());
+    QVERIFY(m_shelf->start());
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+}
+
+void ServicesEndToEndTest::aStartWithTheSessionShowsNothing()
+{
+    m_desktop->setVariable(QStringLiteral("NOOKLE_START"), QStringLiteral("login"));
+    QVERIFY(m_shelf->start());
+    QVERIFY(holdsFor([this] { return !m_shelf->panel(); }, 900));
 }
 
 QTEST_GUILESS_MAIN(ServicesEndToEndTest)
