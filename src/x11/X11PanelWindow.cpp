@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -34,13 +35,17 @@ inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
     return numbers.empty() ? 0 : numbers.front();
 }
 
+/// All pixels whose middle lies within the corners' circles. The toolkit's ellipses are smaller, and would cut off the
+/// line that the content draws along its edge.
 [[nodiscard]] QRegion roundedOnTheLeft(const QSize& size, int radius)
 {
-    const QSize corner(2 * radius, 2 * radius);
-    QRegion region(radius, 0, size.width() - radius, size.height());
-    region += QRect(0, radius, radius, size.height() - 2 * radius);
-    region += QRegion(QRect(QPoint(0, 0), corner), QRegion::Ellipse);
-    region += QRegion(QRect(QPoint(0, size.height() - corner.height()), corner), QRegion::Ellipse);
+    QRegion region(0, radius, size.width(), size.height() - 2 * radius);
+    for (int row = 0; row < radius; ++row) {
+        const double height = radius - (row + 0.5);
+        const int left = qRound(radius - std::sqrt(radius * radius - height * height));
+        region += QRect(left, row, size.width() - left, 1);
+        region += QRect(left, size.height() - 1 - row, size.width() - left, 1);
+    }
     return region;
 }
 
@@ -69,6 +74,7 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
                 "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_SKIP_PAGER",
                 "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_USER_TIME", "_NET_WM_WINDOW_TYPE",
                 "_NET_WM_WINDOW_TYPE_DOCK" })
+    , m_shadow(connection, static_cast<xcb_window_t>(window.winId()))
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
@@ -186,6 +192,7 @@ void X11PanelWindow::orderFront()
         moveTo(m_pixels);
     }
     askForBlur();
+    m_shadow.show(cornerPixels());
     updateShape();
     standAboveFullScreenWindow();
     raise();
@@ -194,6 +201,8 @@ void X11PanelWindow::orderFront()
 void X11PanelWindow::orderOut()
 {
     m_animation.stop();
+    // The parked window must not throw a shadow onto the screen.
+    m_shadow.hide();
     // Hiding the window for a moment makes the window manager give the focus to another window, if the panel has it.
     m_window.setVisible(false);
     m_parking.start(timeToLoseTheFocus);

@@ -2,6 +2,7 @@
 
 #include "FrameAnimation.h"
 #include "PanelWindow.h"
+#include "X11PanelShadow.h"
 #include "XcbAtoms.h"
 
 #include <QObject>
@@ -67,6 +68,7 @@ private:
     const Compositing& m_compositing;
     xcb_connection_t* m_connection;
     XcbAtoms m_atoms;
+    X11PanelShadow m_shadow;
     FrameAnimation m_animation;
     QTimer m_parking;
     QRectF m_frame;

@@ -55,6 +55,8 @@ private Q_SLOTS:
     void theSlideFollowsItsCurve_data();
     void theSlideFollowsItsCurve();
     void aParkedPanelIsAPointBeyondAllDisplays();
+    void thePanelDescribesItsShadowWhileItIsShown();
+    void theCornersAreCutAlongTheirCircle();
     void theNeighbourStaysFreeWhenDisplaysComeAndGo();
 
 private:
@@ -66,6 +68,7 @@ private:
 
     [[nodiscard]] QRect windowPixels() const;
     [[nodiscard]] bool isParked() const;
+    [[nodiscard]] std::vector<std::uint32_t> shadow() const;
     /// What the shape lets through, on the root window.
     [[nodiscard]] QRect visiblePixels() const;
     /// Slides the panel, and returns where it was seen meanwhile.
@@ -274,6 +277,82 @@ void X11PanelWindowTest::aParkedPanelIsAPointBeyondAllDisplays()
     QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest; }));
     m_panel->orderOut();
     QVERIFY(waitFor([this] { return isParked(); }));
+}
+
+std::vector<std::uint32_t> X11PanelWindowTest::shadow() const
+{
+    xcb_connection_t* connection = m_connection.get();
+    const char name[] = "_KDE_NET_WM_SHADOW";
+    const auto atom = owned(
+        xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr));
+    const auto window = static_cast<xcb_window_t>(m_window->winId());
+    const auto reply = owned(xcb_get_property_reply(
+        connection, xcb_get_property(connection, 0, window, atom->atom, XCB_ATOM_CARDINAL, 0, 100), nullptr));
+    const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return { first, first + xcb_get_property_value_length(reply.get()) / 4 };
+}
+
+void X11PanelWindowTest::thePanelDescribesItsShadowWhileItIsShown()
+{
+    QVERIFY(shadow().empty());
+    m_panel->setFrame(leftAtRest);
+    m_panel->orderFront();
+    QVERIFY(waitFor([this] { return !shadow().empty(); }));
+    const std::vector<std::uint32_t> numbers = shadow();
+    QCOMPARE(numbers.size(), std::size_t(12));
+    const std::uint32_t extent = numbers[8];
+    QVERIFY(extent > 12 * scale);
+    QCOMPARE(numbers[9], 0U);
+    QCOMPARE(numbers[10], extent);
+    QCOMPARE(numbers[11], extent);
+    // Above, upper right, right, lower right, below, lower left, left, upper left.
+    const auto corner = static_cast<int>(extent + 12 * scale);
+    const auto wide = static_cast<int>(extent);
+    const std::vector<QSize> sizes{ { 1, wide }, { 1, 1 }, { 1, 1 }, { 1, 1 },
+                                    { 1, wide }, { corner, corner }, { wide, 1 }, { corner, corner } };
+    for (std::size_t part = 0; part < sizes.size(); ++part) {
+        const auto geometry = owned(xcb_get_geometry_reply(
+            m_connection.get(), xcb_get_geometry(m_connection.get(), numbers[part]), nullptr));
+        QVERIFY(geometry);
+        QCOMPARE(geometry->depth, std::uint8_t(32));
+        QCOMPARE(QSize(geometry->width, geometry->height), sizes[part]);
+    }
+    m_panel->orderOut();
+    QVERIFY(waitFor([this] { return isParked(); }));
+    QVERIFY(shadow().empty());
+}
+
+// Nothing composes here.
+void X11PanelWindowTest::theCornersAreCutAlongTheirCircle()
+{
+    m_panel->setFrame(leftAtRest);
+    m_panel->orderFront();
+    QVERIFY(waitFor([this] { return windowPixels() == leftPixelsAtRest; }));
+    const auto window = static_cast<xcb_window_t>(m_window->winId());
+    QRegion shape;
+    const auto isCut = [&] {
+        const auto reply = owned(xcb_shape_get_rectangles_reply(
+            m_connection.get(), xcb_shape_get_rectangles(m_connection.get(), window, XCB_SHAPE_SK_BOUNDING), nullptr));
+        const xcb_rectangle_t* rectangles = xcb_shape_get_rectangles_rectangles(reply.get());
+        shape = QRegion();
+        for (int index = 0; index < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++index) {
+            const xcb_rectangle_t& each = rectangles[index];
+            shape += QRect(each.x, each.y, each.width, each.height);
+        }
+        return !shape.contains(QPoint(0, 0)) && shape.contains(QPoint(100, 0));
+    };
+    QVERIFY(waitFor(isCut));
+    constexpr int radius = 24;
+    for (int y = 0; y < radius; ++y) {
+        for (int x = 0; x < radius; ++x) {
+            const double distance = std::hypot(radius - x - 0.5, radius - y - 0.5);
+            // Which way a pixel goes whose middle is on the circle does not matter.
+            if (std::abs(distance - radius) < 0.5)
+                continue;
+            QCOMPARE(shape.contains(QPoint(x, y)), distance < radius);
+            QCOMPARE(shape.contains(QPoint(x, leftPixelsAtRest.height() - 1 - y)), distance < radius);
+        }
+    }
 }
 
 void X11PanelWindowTest::theNeighbourStaysFreeWhenDisplaysComeAndGo()
