@@ -12,7 +12,7 @@ namespace {
 
 inline constexpr int padding = 12;
 inline constexpr int spacing = 8;
-inline constexpr int symbolSize = 34;
+inline constexpr int symbolSize = 48;
 
 } // namespace
 

@@ -1,10 +1,14 @@
 #include "PanelBackground.h"
 
 #include "Colors.h"
+#include "PixelGrid.h"
 
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
+
+#include <algorithm>
+#include <cmath>
 
 namespace nookle {
 
@@ -12,24 +16,42 @@ namespace {
 
 inline constexpr double dropStrokeWidth = 2;
 
-[[nodiscard]] QPainterPath panelShape(const QRectF& rect)
+/// Three sides of the panel, open on the right, with round corners.
+[[nodiscard]] QPainterPath panelEdge(const QRectF& rect, double radius)
 {
-    QPainterPath rounded;
-    rounded.addRoundedRect(rect.adjusted(0, 0, panelCornerRadius, 0), panelCornerRadius, panelCornerRadius);
-    QPainterPath bounds;
-    bounds.addRect(rect);
-    return rounded.intersected(bounds);
+    const double diameter = 2 * radius;
+    QPainterPath path;
+    path.moveTo(rect.topRight());
+    path.lineTo(rect.left() + radius, rect.top());
+    path.arcTo(rect.left(), rect.top(), diameter, diameter, 90, 90);
+    path.lineTo(rect.left(), rect.bottom() - radius);
+    path.arcTo(rect.left(), rect.bottom() - diameter, diameter, diameter, 180, 90);
+    path.lineTo(rect.bottomRight());
+    return path;
 }
 
-/// The panel's colour, partly transparent. It is more transparent on a blurred backdrop, which does not disturb
-/// reading.
+[[nodiscard]] QPainterPath panelShape(const QRectF& rect, double radius)
+{
+    QPainterPath path = panelEdge(rect, radius);
+    path.closeSubpath();
+    return path;
+}
+
+/// The panel's colour. It is transparent on a blurred backdrop only: on a sharp one, what lies below would look like
+/// items of the shelf.
 [[nodiscard]] QColor material(const QPalette& palette, Backdrop backdrop)
 {
     constexpr float opacityBlurred = 0.75F;
-    constexpr float opacityPlain = 0.92F;
     QColor color = palette.color(QPalette::Window);
-    color.setAlphaF(backdrop == Backdrop::blurred ? opacityBlurred : opacityPlain);
+    if (backdrop == Backdrop::blurred)
+        color.setAlphaF(opacityBlurred);
     return color;
+}
+
+/// A line of whole pixels, as close to a point as they come without being wider.
+[[nodiscard]] double hairline(const PixelGrid& grid)
+{
+    return std::max(1.0, std::floor(grid.scale())) / grid.scale();
 }
 
 } // namespace
@@ -39,14 +61,22 @@ void paintPanelBackground(QPainter& painter, const QRectF& panel, const QPalette
     if (backdrop == Backdrop::opaque)
         painter.fillRect(panel, palette.color(QPalette::Window));
     else
-        painter.fillPath(panelShape(panel), material(palette, backdrop));
+        painter.fillPath(panelShape(panel, panelCornerRadius), material(palette, backdrop));
+}
+
+void paintPanelOutline(QPainter& painter, const QRectF& panel, const QPalette& palette)
+{
+    const double width = hairline(PixelGrid(painter));
+    const double inset = width / 2;
+    painter.strokePath(panelEdge(panel.adjusted(inset, inset, 0, -inset), panelCornerRadius - inset),
+                       QPen(outlineColor(palette), width, Qt::SolidLine, Qt::FlatCap));
 }
 
 void paintDropTarget(QPainter& painter, const QRectF& panel, const QPalette& palette)
 {
     const double inset = dropStrokeWidth / 2;
-    painter.setPen(QPen(accentColor(palette), dropStrokeWidth));
-    painter.drawPath(panelShape(panel.adjusted(inset, inset, -inset, -inset)));
+    painter.strokePath(panelShape(panel.adjusted(inset, inset, -inset, -inset), panelCornerRadius - inset),
+                       QPen(accentColor(palette), dropStrokeWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
 }
 
 } // namespace nookle

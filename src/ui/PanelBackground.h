@@ -16,6 +16,9 @@ inline constexpr double panelCornerRadius = 12;
 /// edge of the screen.
 void paintPanelBackground(QPainter& painter, const QRectF& panel, const QPalette& palette, Backdrop backdrop);
 
+/// Paints a thin line along the inside of that shape, except at the edge of the screen.
+void paintPanelOutline(QPainter& painter, const QRectF& panel, const QPalette& palette);
+
 /// Paints a line along the inside of that shape, which shows that a drop is accepted.
 void paintDropTarget(QPainter& painter, const QRectF& panel, const QPalette& palette);
 

@@ -13,7 +13,7 @@ namespace nookle {
 namespace {
 
 inline constexpr int buttonSize = 22;
-inline constexpr double symbolSize = 14;
+inline constexpr double symbolSize = 16;
 inline constexpr double cornerRadius = 6;
 inline constexpr float hoverOpacity = 0.08F;
 inline constexpr float pressOpacity = 0.16F;

@@ -1,6 +1,7 @@
 #include "ShelfView.h"
 
 #include "ContextMenu.h"
+#include "DropOutline.h"
 #include "EmptyShelfView.h"
 #include "FileIcon.h"
 #include "FileUrl.h"
@@ -53,6 +54,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_content(new QStackedLayout)
     , m_emptyState(new EmptyShelfView)
     , m_tiles(new TileList)
+    , m_dropOutline(new DropOutline(this))
 {
     setAcceptDrops(true);
     setFocusPolicy(Qt::ClickFocus);
@@ -266,6 +268,8 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 void ShelfView::dropHoverChanged(bool isDropTarget)
 {
     update();
+    m_dropOutline->setVisible(isDropTarget);
+    m_dropOutline->raise();
     updateHover(m_hoveredID);
     callIfSet(onDropTargetChanged, isDropTarget);
 }
@@ -387,8 +391,14 @@ void ShelfView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintPanelBackground(painter, rect(), palette(), m_compositing.backdrop());
-    if (isDropTarget())
-        paintDropTarget(painter, rect(), palette());
+    if (!isDropTarget())
+        paintPanelOutline(painter, rect(), palette());
+}
+
+void ShelfView::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_dropOutline->setGeometry(rect());
 }
 
 } // namespace nookle

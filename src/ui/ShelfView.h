@@ -22,6 +22,7 @@ class QStackedLayout;
 
 namespace nookle {
 
+class DropOutline;
 class EmptyShelfView;
 class MainQueue;
 class PanelPinning;
@@ -92,6 +93,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -143,6 +145,7 @@ private:
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
+    DropOutline* m_dropOutline;
     std::optional<QUuid> m_hoveredID;
     int m_openMenus = 0;
 };

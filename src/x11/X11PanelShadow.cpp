@@ -107,10 +107,14 @@ void X11PanelShadow::makePictures(int cornerRadius)
     const QImage left = corner.copy(0, last, extent, 1);
     const QImage cornerAlone = corner.copy(0, 0, last, last);
     m_pictures = {
-        upload(above),     upload(nothing()),
-        upload(nothing()), upload(nothing()),
-        upload(above.mirrored(false, true)), upload(cornerAlone.mirrored(false, true)),
-        upload(left),      upload(cornerAlone),
+        upload(above),
+        upload(nothing()),
+        upload(nothing()),
+        upload(nothing()),
+        upload(above.mirrored(false, true)),
+        upload(cornerAlone.mirrored(false, true)),
+        upload(left),
+        upload(cornerAlone),
     };
 }
 

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void theSameFileAgainKeepsItsThumbnail();
     void theIconStaysWhereThereIsNoThumbnail();
     void theThumbnailKeepsItsShape();
+    void aThumbnailOfTheRightSizeKeepsItsPixels();
     void pixelsThatAreNotAllThereAreNoThumbnail();
     void aPreviewThatGoesDropsItsRequest();
 
@@ -113,6 +114,26 @@ void ThumbnailTest::theThumbnailKeepsItsShape()
     QCOMPARE(canvas.pixelColor(2, 16), QColor(Qt::red));
     QCOMPARE(canvas.pixelColor(26, 10), QColor(Qt::transparent));
     QCOMPARE(canvas.pixelColor(26, 42), QColor(Qt::transparent));
+}
+
+void ThumbnailTest::aThumbnailOfTheRightSizeKeepsItsPixels()
+{
+    // Its odd height leaves half a pixel above and below.
+    QImage image(52, 35, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixelColor(x, y, (x + y) % 2 == 0 ? Qt::black : Qt::white);
+    }
+    const auto number = m_thumbnails.requestCount();
+    m_preview->load(1);
+    const QByteArray pixels(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+    QVERIFY(m_thumbnails.finish(number, Picture{ image.width(), image.height(), pixels }));
+    QImage canvas(52, 52, QImage::Format_ARGB32_Premultiplied);
+    canvas.fill(Qt::transparent);
+    QPainter painter(&canvas);
+    m_preview->paint(painter, canvas.rect());
+    painter.end();
+    QVERIFY(canvas.copy(0, 8, 52, 35) == image || canvas.copy(0, 9, 52, 35) == image);
 }
 
 void ThumbnailTest::pixelsThatAreNotAllThereAreNoThumbnail()

@@ -283,8 +283,8 @@ std::vector<std::uint32_t> X11PanelWindowTest::shadow() const
 {
     xcb_connection_t* connection = m_connection.get();
     const char name[] = "_KDE_NET_WM_SHADOW";
-    const auto atom = owned(
-        xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr));
+    const auto atom =
+        owned(xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr));
     const auto window = static_cast<xcb_window_t>(m_window->winId());
     const auto reply = owned(xcb_get_property_reply(
         connection, xcb_get_property(connection, 0, window, atom->atom, XCB_ATOM_CARDINAL, 0, 100), nullptr));
@@ -308,11 +308,11 @@ void X11PanelWindowTest::thePanelDescribesItsShadowWhileItIsShown()
     // Above, upper right, right, lower right, below, lower left, left, upper left.
     const auto corner = static_cast<int>(extent + 12 * scale);
     const auto wide = static_cast<int>(extent);
-    const std::vector<QSize> sizes{ { 1, wide }, { 1, 1 }, { 1, 1 }, { 1, 1 },
+    const std::vector<QSize> sizes{ { 1, wide }, { 1, 1 },           { 1, 1 },    { 1, 1 },
                                     { 1, wide }, { corner, corner }, { wide, 1 }, { corner, corner } };
     for (std::size_t part = 0; part < sizes.size(); ++part) {
-        const auto geometry = owned(xcb_get_geometry_reply(
-            m_connection.get(), xcb_get_geometry(m_connection.get(), numbers[part]), nullptr));
+        const auto geometry = owned(
+            xcb_get_geometry_reply(m_connection.get(), xcb_get_geometry(m_connection.get(), numbers[part]), nullptr));
         QVERIFY(geometry);
         QCOMPARE(geometry->depth, std::uint8_t(32));
         QCOMPARE(QSize(geometry->width, geometry->height), sizes[part]);

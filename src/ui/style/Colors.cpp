@@ -6,6 +6,7 @@ namespace {
 
 inline constexpr float secondaryOpacity = 0.6F;
 inline constexpr float quaternaryOpacity = 0.18F;
+inline constexpr float outlineOpacity = 0.24F;
 
 [[nodiscard]] QColor faded(QColor color, float opacity)
 {
@@ -28,6 +29,11 @@ QColor secondaryColor(const QPalette& palette)
 QColor quaternaryColor(const QPalette& palette)
 {
     return faded(primaryColor(palette), quaternaryOpacity);
+}
+
+QColor outlineColor(const QPalette& palette)
+{
+    return faded(primaryColor(palette), outlineOpacity);
 }
 
 QColor accentColor(const QPalette& palette)

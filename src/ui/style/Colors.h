@@ -13,6 +13,8 @@ namespace nookle {
 [[nodiscard]] QColor secondaryColor(const QPalette& palette);
 /// Barely visible, for the borders of cards.
 [[nodiscard]] QColor quaternaryColor(const QPalette& palette);
+/// For the line around the panel, which sets it off from a window of the same colour.
+[[nodiscard]] QColor outlineColor(const QPalette& palette);
 /// For parts that are switched on or selected.
 [[nodiscard]] QColor accentColor(const QPalette& palette);
 /// The background of cards and pages.

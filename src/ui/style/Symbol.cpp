@@ -1,9 +1,10 @@
 #include "Symbol.h"
 
+#include "PixelFitting.h"
+#include "PixelGrid.h"
+
 #include <QPainter>
 #include <QPainterPath>
-
-#include <algorithm>
 
 namespace nookle {
 
@@ -102,58 +103,73 @@ inline constexpr double canvasSize = 24;
     return path;
 }
 
-void drawQuestionMark(QPainter& painter, const QColor& color)
+[[nodiscard]] QPainterPath questionMarkPath()
 {
     QPainterPath path;
     path.moveTo(10, 12);
     path.cubicTo(10, 9.6, 14, 9.6, 14, 12);
     path.cubicTo(14, 13.3, 12, 13.3, 12, 14.8);
-    painter.drawPath(path);
-    painter.setBrush(color);
-    painter.setPen(Qt::NoPen);
-    painter.drawEllipse(QPointF(12, 16.8), 0.9, 0.9);
+    return path;
 }
 
-void drawPin(QPainter& painter, bool isFilled, const QColor& color)
+[[nodiscard]] QPainterPath needlePath()
 {
-    painter.setBrush(isFilled ? QBrush(color) : QBrush(Qt::NoBrush));
-    painter.drawPath(pinPath());
-    painter.drawLine(QPointF(12, 14.5), QPointF(12, 21));
+    QPainterPath path;
+    path.moveTo(12, 14.5);
+    path.lineTo(12, 21);
+    return path;
+}
+
+[[nodiscard]] QPainterPath dotPath()
+{
+    QPainterPath path;
+    path.addEllipse(QPointF(12, 16.8), 0.9, 0.9);
+    return path;
+}
+
+[[nodiscard]] QPainterPath both(QPainterPath first, const QPainterPath& second)
+{
+    first.addPath(second);
+    return first;
+}
+
+struct Shape {
+    QPainterPath lines;
+    /// Parts that are filled, without lines of their own.
+    QPainterPath filled = {};
+};
+
+[[nodiscard]] Shape shapeOf(Symbol symbol)
+{
+    switch (symbol) {
+    case Symbol::pin:
+        return { both(pinPath(), needlePath()) };
+    case Symbol::pinFill:
+        return { both(pinPath(), needlePath()), pinPath() };
+    case Symbol::tray:
+        return { trayPath() };
+    case Symbol::link:
+        return { linkPath() };
+    case Symbol::document:
+        return { documentPath() };
+    case Symbol::missingFile:
+        return { both(folderPath(), questionMarkPath()), dotPath() };
+    }
+    return {};
 }
 
 } // namespace
 
 void drawSymbol(QPainter& painter, Symbol symbol, SymbolWeight weight, const QRectF& box, const QColor& color)
 {
-    const double scale = std::min(box.width(), box.height()) / canvasSize;
+    const PixelFitting fitting(PixelGrid(painter), canvasSize, strokeWidth(weight), box);
+    const Shape shape = shapeOf(symbol);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(box.center());
-    painter.scale(scale, scale);
-    painter.translate(-canvasSize / 2, -canvasSize / 2);
-    painter.setPen(QPen(color, strokeWidth(weight), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    painter.setBrush(Qt::NoBrush);
-    switch (symbol) {
-    case Symbol::pin:
-        drawPin(painter, false, color);
-        break;
-    case Symbol::pinFill:
-        drawPin(painter, true, color);
-        break;
-    case Symbol::tray:
-        painter.drawPath(trayPath());
-        break;
-    case Symbol::link:
-        painter.drawPath(linkPath());
-        break;
-    case Symbol::document:
-        painter.drawPath(documentPath());
-        break;
-    case Symbol::missingFile:
-        painter.drawPath(folderPath());
-        drawQuestionMark(painter, color);
-        break;
-    }
+    if (!shape.filled.isEmpty())
+        painter.fillPath(fitting.fitted(shape.filled), color);
+    painter.strokePath(fitting.fitted(shape.lines),
+                       QPen(color, fitting.stroke(), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.restore();
 }
 

@@ -17,9 +17,8 @@ namespace {
 
 inline constexpr int padding = TileMetrics::padding;
 inline constexpr int spacing = TileMetrics::spacing;
-inline constexpr int previewSize = TileMetrics::previewSize;
 inline constexpr int missingSymbolSize = 36;
-inline constexpr int badgeSize = 11;
+inline constexpr int badgeSize = 12;
 inline constexpr int badgePadding = 5;
 inline constexpr double cornerRadius = 8;
 inline constexpr float hoverOpacity = 0.08F;

@@ -1,6 +1,7 @@
 #include "TileMetrics.h"
 
 #include "Fonts.h"
+#include "Thumbnail.h"
 
 #include <QTextLayout>
 

@@ -14,7 +14,6 @@ class TileMetrics {
 public:
     static constexpr int padding = 6;
     static constexpr int spacing = 4;
-    static constexpr int previewSize = 52;
 
     /// Uses the desktop's fonts.
     TileMetrics();

@@ -187,6 +187,18 @@ std::vector<GoldenScene> goldenScenes()
         { QStringLiteral("focused"), showFocused },
         { QStringLiteral("long-names"), showLongNames },
         { QStringLiteral("drop-target"), showDropTarget },
+        { QStringLiteral("drop-target-over-tiles-scale-2"),
+          [](ShelfFixture& shelf) {
+              shelf.compositing.change(Backdrop::translucent);
+              addOneOfEach(shelf);
+              showDropTarget(shelf);
+          },
+          false, 2 },
+        { QStringLiteral("blurred"),
+          [](ShelfFixture& shelf) {
+              shelf.compositing.change(Backdrop::blurred);
+              addOneOfEach(shelf);
+          } },
         { QStringLiteral("translucent-dark-scale-2"),
           [](ShelfFixture& shelf) {
               shelf.compositing.change(Backdrop::translucent);

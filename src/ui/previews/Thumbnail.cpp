@@ -1,9 +1,11 @@
 #include "Thumbnail.h"
 
 #include "Colors.h"
+#include "DrawnPicture.h"
 #include "FileIcon.h"
+#include "IconPicture.h"
+#include "PixelGrid.h"
 #include "Symbol.h"
-#include "TileMetrics.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -52,13 +54,12 @@ void Thumbnail::load(double displayScale)
     if (!m_url || m_requestedScale == displayScale)
         return;
     m_requestedScale = displayScale;
-    m_request = m_thumbnails.request(*m_url, TileMetrics::previewSize, displayScale,
-                                     [this](const std::optional<Picture>& picture) {
-                                         if (!picture)
-                                             return;
-                                         m_thumbnail = pixmap(*picture);
-                                         m_onChanged();
-                                     });
+    m_request = m_thumbnails.request(*m_url, previewSize, displayScale, [this](const std::optional<Picture>& picture) {
+        if (!picture)
+            return;
+        m_thumbnail = pixmap(*picture);
+        m_onChanged();
+    });
 }
 
 void Thumbnail::paintIcon(QPainter& painter, const QRect& box) const
@@ -66,7 +67,7 @@ void Thumbnail::paintIcon(QPainter& painter, const QRect& box) const
     if (m_icon.isNull())
         drawSymbol(painter, Symbol::document, SymbolWeight::light, box, secondaryColor(QGuiApplication::palette()));
     else
-        m_icon.paint(&painter, box);
+        drawPicture(painter, box, iconPicture(m_icon, box.width() * PixelGrid(painter).scale()));
 }
 
 void Thumbnail::paint(QPainter& painter, const QRect& box) const
@@ -75,10 +76,7 @@ void Thumbnail::paint(QPainter& painter, const QRect& box) const
         paintIcon(painter, box);
         return;
     }
-    QRectF place(QPointF(), QSizeF(m_thumbnail.size()).scaled(QSizeF(box.size()), Qt::KeepAspectRatio));
-    place.moveCenter(QRectF(box).center());
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(place, m_thumbnail, QRectF(m_thumbnail.rect()));
+    drawPicture(painter, box, m_thumbnail);
 }
 
 } // namespace nookle

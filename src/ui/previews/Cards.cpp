@@ -1,6 +1,7 @@
 #include "Cards.h"
 
 #include "Colors.h"
+#include "DrawnPicture.h"
 #include "PlainText.h"
 #include "Symbol.h"
 
@@ -20,17 +21,21 @@ inline constexpr int pagePadding = 4;
 inline constexpr int pageFontSize = 6;
 inline constexpr double cardCornerRadius = 10;
 inline constexpr int iconSize = 28;
-inline constexpr int linkSymbolSize = 24;
+inline constexpr int linkSymbolSize = 34;
 
 /// More characters than a page can show. The time to lay out a text grows with its length.
 inline constexpr qsizetype longestPage = 600;
 
-void paintCard(QPainter& painter, const QRect& box, double cornerRadius, const QPalette& palette)
+[[nodiscard]] QPainterPath cardShape(const QRect& box, double cornerRadius)
+{
+    QPainterPath shape;
+    shape.addRoundedRect(box, cornerRadius, cornerRadius);
+    return shape;
+}
+
+void paintBorder(QPainter& painter, const QRect& box, double cornerRadius, const QPalette& palette)
 {
     const QRectF inner = QRectF(box).adjusted(borderWidth / 2, borderWidth / 2, -borderWidth / 2, -borderWidth / 2);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(cardColor(palette));
-    painter.drawRoundedRect(box, cornerRadius, cornerRadius);
     painter.setPen(QPen(quaternaryColor(palette), borderWidth));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(inner, cornerRadius - borderWidth / 2, cornerRadius - borderWidth / 2);
@@ -57,31 +62,35 @@ void paintCard(QPainter& painter, const QRect& box, double cornerRadius, const Q
 void paintTextPage(QPainter& painter, const QRect& box, const QString& text, const QPalette& palette)
 {
     painter.save();
-    paintCard(painter, box, pageCornerRadius, palette);
-    const QRect area = box.adjusted(pagePadding, pagePadding, -pagePadding, -pagePadding);
-    painter.setClipRect(area, Qt::IntersectClip);
+    const QPainterPath shape = cardShape(box, pageCornerRadius);
+    painter.fillPath(shape, cardColor(palette));
+    painter.save();
+    painter.setClipPath(shape, Qt::IntersectClip);
+    // A text that is longer than the page goes on to its lower edge.
+    const QRect area = box.adjusted(pagePadding, pagePadding, -pagePadding, 0);
     painter.setFont(pageFont());
     painter.setPen(secondaryColor(palette));
     QTextOption option(Qt::AlignLeft | Qt::AlignTop);
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     painter.drawText(QRectF(area), pageText(text), option);
     painter.restore();
+    paintBorder(painter, box, pageCornerRadius, palette);
+    painter.restore();
 }
 
 void paintLinkCard(QPainter& painter, const QRect& box, const QPixmap& icon, const QPalette& palette)
 {
     painter.save();
-    paintCard(painter, box, cardCornerRadius, palette);
+    painter.fillPath(cardShape(box, cardCornerRadius), cardColor(palette));
+    paintBorder(painter, box, cardCornerRadius, palette);
     if (icon.isNull()) {
         QRectF place(0, 0, linkSymbolSize, linkSymbolSize);
         place.moveCenter(QRectF(box).center());
         drawSymbol(painter, Symbol::link, SymbolWeight::medium, place, secondaryColor(palette));
     } else {
-        const QSizeF largest(iconSize, iconSize);
-        QRectF place(QPointF(), QSizeF(icon.size()).scaled(largest, Qt::KeepAspectRatio));
+        QRectF place(0, 0, iconSize, iconSize);
         place.moveCenter(QRectF(box).center());
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawPixmap(place, icon, QRectF(icon.rect()));
+        drawPicture(painter, place, icon);
     }
     painter.restore();
 }

@@ -15,6 +15,9 @@ class QRect;
 
 namespace nookle {
 
+/// The sides of a preview, in points.
+inline constexpr int previewSize = 52;
+
 /// The preview of a file on disk: first the icon of its type, then a thumbnail as soon as there is one.
 class Thumbnail final {
 public:
