@@ -1,13 +1,14 @@
 #include "ShelfView.h"
 
 #include "ContextMenu.h"
-#include "DropOutline.h"
 #include "EmptyShelfView.h"
 #include "FileIcon.h"
 #include "FileUrl.h"
 #include "ItemInteractionView.h"
 #include "PanelBackground.h"
+#include "PanelOutline.h"
 #include "PinButton.h"
+#include "ScrollFade.h"
 #include "ShelfItemView.h"
 #include "ShelfStore.h"
 #include "TileList.h"
@@ -20,6 +21,7 @@
 #include <QPointer>
 #include <QStackedLayout>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <filesystem>
@@ -54,7 +56,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_content(new QStackedLayout)
     , m_emptyState(new EmptyShelfView)
     , m_tiles(new TileList)
-    , m_dropOutline(new DropOutline(this))
+    , m_outline(new PanelOutline(this))
 {
     setAcceptDrops(true);
     setFocusPolicy(Qt::ClickFocus);
@@ -84,6 +86,19 @@ void ShelfView::setUpLayout(PanelPinning& pinning)
     // Only now: a stack that belongs to no window yet shows its first widget as a window of its own.
     m_content->addWidget(m_emptyState);
     m_content->addWidget(m_tiles);
+
+    m_fades = { new ScrollFade(*this, *m_tiles, ScrollFade::Edge::top, m_compositing),
+                new ScrollFade(*this, *m_tiles, ScrollFade::Edge::bottom, m_compositing) };
+    // The layout raises what it shows.
+    connect(m_content, &QStackedLayout::currentChanged, this, &ShelfView::raiseOverlays);
+    raiseOverlays();
+}
+
+void ShelfView::raiseOverlays()
+{
+    for (ScrollFade* fade : m_fades)
+        fade->raise();
+    m_outline->raise();
 }
 
 void ShelfView::setUpTiles()
@@ -267,9 +282,7 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 
 void ShelfView::dropHoverChanged(bool isDropTarget)
 {
-    update();
-    m_dropOutline->setVisible(isDropTarget);
-    m_dropOutline->raise();
+    m_outline->setDropTarget(isDropTarget);
     updateHover(m_hoveredID);
     callIfSet(onDropTargetChanged, isDropTarget);
 }
@@ -294,6 +307,12 @@ void ShelfView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 void ShelfView::dropEvent(QDropEvent* event)
 {
     m_dropTarget.drop(*event);
+}
+
+// What the list does not use must not reach anything behind the panel.
+void ShelfView::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
 }
 
 // Colours are read at each painting, but sizes are cached.
@@ -391,14 +410,12 @@ void ShelfView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     paintPanelBackground(painter, rect(), palette(), m_compositing.backdrop());
-    if (!isDropTarget())
-        paintPanelOutline(painter, rect(), palette());
 }
 
 void ShelfView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    m_dropOutline->setGeometry(rect());
+    m_outline->setGeometry(rect());
 }
 
 } // namespace nookle

@@ -13,6 +13,7 @@
 #include <QUuid>
 #include <QWidget>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -22,10 +23,11 @@ class QStackedLayout;
 
 namespace nookle {
 
-class DropOutline;
 class EmptyShelfView;
 class MainQueue;
+class PanelOutline;
 class PanelPinning;
+class ScrollFade;
 class ShelfItemView;
 class ThumbnailGenerator;
 class TileList;
@@ -94,6 +96,7 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dragLeaveEvent(QDragLeaveEvent* event) override;
@@ -109,6 +112,7 @@ private:
     };
 
     void setUpLayout(PanelPinning& pinning);
+    void raiseOverlays();
     void setUpTiles();
     void setUpActions();
     void fillTile(ShelfItemView& tile, const ShelfItem& item);
@@ -145,7 +149,8 @@ private:
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
-    DropOutline* m_dropOutline;
+    PanelOutline* m_outline;
+    std::array<ScrollFade*, 2> m_fades{};
     std::optional<QUuid> m_hoveredID;
     int m_openMenus = 0;
 };

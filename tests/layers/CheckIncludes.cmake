@@ -28,16 +28,18 @@ set(may_see_wayland "screens;platform;base")
 set(may_see_desktop "desktop/shortcuts;disk;platform;base")
 set(may_see_desktop/shortcuts "platform;base")
 set(may_see_ui/style "base")
+set(may_see_ui/frame "ui/style;platform;base")
 set(may_see_ui/input "base")
+set(may_see_ui/motion "base")
 set(may_see_ui/previews "ui/style;platform;base")
 set(may_see_ui/drag "shelf;shelf/items;platform;base")
-set(may_see_ui/tiles "ui/previews;ui/input;ui/style;ui/drag;shelf;shelf/items;platform;base")
-set(may_see_ui "ui/tiles;ui/previews;ui/input;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
+set(may_see_ui/tiles "ui/motion;ui/previews;ui/input;ui/style;ui/drag;shelf;shelf/items;platform;base")
+set(may_see_ui "ui/frame;ui/motion;ui/tiles;ui/previews;ui/input;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
 set(may_see_app/settings "platform;base")
 set(may_see_app/services "app/settings;triggers;shelf;shelf/items;platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/settings;app/services;app/tray;ui;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
+    "app/settings;app/services;app/tray;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

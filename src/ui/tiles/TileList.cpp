@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <utility>
@@ -17,12 +18,12 @@ namespace {
 
 inline constexpr int margin = 6;
 inline constexpr int gap = 4;
-inline constexpr int scrollStep = 20;
 
 } // namespace
 
 TileList::TileList(QWidget* parent)
     : QAbstractScrollArea(parent)
+    , m_scrolling(*verticalScrollBar())
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -30,7 +31,6 @@ TileList::TileList(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
-    verticalScrollBar()->setSingleStep(scrollStep);
 }
 
 int TileList::tileWidth() const
@@ -162,6 +162,17 @@ std::optional<std::size_t> TileList::rowForKey(int key) const
     }
 }
 
+// Accepted at the ends of the list too: the event must not go on to what lies behind.
+void TileList::wheelEvent(QWheelEvent* event)
+{
+    event->accept();
+    const WheelScroll::Step step = m_wheel.step(*event, viewport()->height());
+    if (step.isContinuous)
+        m_scrolling.jumpBy(step.distance);
+    else
+        m_scrolling.moveBy(step.distance);
+}
+
 void TileList::keyPressEvent(QKeyEvent* event)
 {
     switch (event->key()) {
@@ -216,6 +227,7 @@ void TileList::setCurrentRow(std::size_t row)
 
 void TileList::scrollTo(std::size_t row)
 {
+    m_scrolling.stop();
     const int top = m_layout.top(row) - margin;
     const int bottom = m_layout.top(row) + m_layout.height(row) + margin;
     const int offset = verticalScrollBar()->value();
@@ -259,6 +271,12 @@ void TileList::showEvent(QShowEvent* event)
 {
     QAbstractScrollArea::showEvent(event);
     layOut();
+}
+
+void TileList::hideEvent(QHideEvent* event)
+{
+    m_scrolling.stop();
+    QAbstractScrollArea::hideEvent(event);
 }
 
 void TileList::resizeEvent(QResizeEvent* event)

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "NameSearch.h"
+#include "ScrollMotion.h"
 #include "TileLayout.h"
+#include "WheelScroll.h"
 
 #include <QAbstractScrollArea>
 #include <QHash>
@@ -48,6 +50,9 @@ public:
     /// The tiles in view from top to bottom.
     [[nodiscard]] std::vector<ShelfItemView*> tilesInOrder() const;
 
+    /// True while the list moves by itself after a notch of the wheel.
+    [[nodiscard]] bool isScrolling() const { return m_scrolling.isMoving(); }
+
     /// The item in the current row, to which key presses apply.
     [[nodiscard]] std::optional<QUuid> currentId() const;
 
@@ -59,8 +64,10 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -82,6 +89,8 @@ private:
     std::vector<QUuid> m_ids;
     TileLayout m_layout;
     QHash<QUuid, ShelfItemView*> m_tiles;
+    ScrollMotion m_scrolling;
+    WheelScroll m_wheel;
     int m_measuredWidth = 0;
     /// True while the layout and the tiles do not match the rows yet.
     bool m_isOutdated = false;

@@ -13,6 +13,7 @@
 #include <QLinearGradient>
 #include <QMimeData>
 #include <QPainter>
+#include <QScrollBar>
 #include <QStandardPaths>
 #include <QStyleFactory>
 
@@ -157,6 +158,15 @@ void showLongNames(ShelfFixture& shelf)
     (void)shelf.addFile("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d \xd7\xa2\xd7\x95\xd7\x9c\xd7\x9d.txt");
 }
 
+/// More is hidden above and below.
+void showScrolled(ShelfFixture& shelf)
+{
+    for (const char* name : { "Plan.txt", "Tickets.zip", "Map.jpeg" })
+        (void)shelf.addFile(name);
+    addOneOfEach(shelf);
+    shelf.view.findChild<TileList*>()->verticalScrollBar()->setValue(40);
+}
+
 void showDropTarget(ShelfFixture& shelf)
 {
     QMimeData data;
@@ -194,6 +204,13 @@ std::vector<GoldenScene> goldenScenes()
               showDropTarget(shelf);
           },
           false, 2 },
+        { QStringLiteral("scrolled"), showScrolled },
+        { QStringLiteral("scrolled-blurred-dark"),
+          [](ShelfFixture& shelf) {
+              shelf.compositing.change(Backdrop::blurred);
+              showScrolled(shelf);
+          },
+          true },
         { QStringLiteral("blurred"),
           [](ShelfFixture& shelf) {
               shelf.compositing.change(Backdrop::blurred);

@@ -3,6 +3,8 @@
 #include "Colors.h"
 #include "PixelGrid.h"
 
+#include <QLineF>
+#include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPalette>
@@ -62,6 +64,35 @@ void paintPanelBackground(QPainter& painter, const QRectF& panel, const QPalette
         painter.fillRect(panel, palette.color(QPalette::Window));
     else
         painter.fillPath(panelShape(panel, panelCornerRadius), material(palette, backdrop));
+}
+
+void paintFade(QPainter& painter, const QRectF& panel, const QLineF& direction, double strength,
+               const QPalette& palette, Backdrop backdrop)
+{
+    const QPainterPath shape = panelShape(panel, panelCornerRadius);
+    QColor color = palette.color(QPalette::Window);
+    QLinearGradient cover(direction.p1(), direction.p2());
+    cover.setColorAt(1, Qt::transparent);
+    if (backdrop != Backdrop::blurred) {
+        color.setAlphaF(0);
+        cover.setColorAt(1, color);
+        color.setAlphaF(static_cast<float>(strength));
+        cover.setColorAt(0, color);
+        painter.fillPath(shape, cover);
+        return;
+    }
+    // The background is transparent itself. So a share of everything is taken away, and the same share of the
+    // background is put back.
+    cover.setColorAt(0, QColor::fromRgbF(0, 0, 0, static_cast<float>(strength)));
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.fillPath(shape, cover);
+    QColor back = material(palette, backdrop);
+    back.setAlphaF(back.alphaF() * static_cast<float>(strength));
+    color.setAlphaF(0);
+    cover.setColorAt(0, back);
+    cover.setColorAt(1, color);
+    painter.setCompositionMode(QPainter::CompositionMode_Plus);
+    painter.fillPath(shape, cover);
 }
 
 void paintPanelOutline(QPainter& painter, const QRectF& panel, const QPalette& palette)

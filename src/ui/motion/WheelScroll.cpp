@@ -1,0 +1,40 @@
+#include "WheelScroll.h"
+
+#include <QApplication>
+#include <QWheelEvent>
+
+#include <cmath>
+
+namespace nookle {
+
+namespace {
+
+/// The angle of one notch, in the toolkit's unit.
+inline constexpr int notch = 120;
+inline constexpr double usualLines = 3;
+/// Of what is in view, at the usual setting of the desktop.
+inline constexpr double pagesToNotch = 0.25;
+
+[[nodiscard]] double distanceOf(const QWheelEvent& event, int page)
+{
+    // Without phases the number of pixels is a guess of the driver.
+    if (event.phase() != Qt::NoScrollPhase && !event.pixelDelta().isNull())
+        return -event.pixelDelta().y();
+    const double notches = static_cast<double>(event.angleDelta().y()) / notch;
+    return -notches * page * pagesToNotch * QApplication::wheelScrollLines() / usualLines;
+}
+
+} // namespace
+
+WheelScroll::Step WheelScroll::step(const QWheelEvent& event, int page)
+{
+    const double distance = distanceOf(event, page);
+    if (distance * m_rest < 0)
+        m_rest = 0;
+    const double whole = std::trunc(distance + m_rest);
+    m_rest += distance - whole;
+    const bool isNotch = event.phase() == Qt::NoScrollPhase && event.angleDelta().y() % notch == 0;
+    return { static_cast<int>(whole), !isNotch };
+}
+
+} // namespace nookle
