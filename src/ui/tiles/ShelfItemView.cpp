@@ -78,6 +78,12 @@ void ShelfItemView::setHovered(bool isHovered)
         update();
 }
 
+void ShelfItemView::setPresence(double presence)
+{
+    if (std::exchange(m_presence, presence) != presence)
+        update();
+}
+
 void ShelfItemView::setFocused(bool isFocused)
 {
     if (std::exchange(m_isFocused, isFocused) != isFocused)
@@ -94,12 +100,13 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(m_presence);
     paintBackground(painter);
-    painter.setOpacity(m_isUnavailable ? unavailableOpacity : 1);
+    painter.setOpacity(m_presence * (m_isUnavailable ? unavailableOpacity : 1));
     const QRect box((width() - previewSize) / 2, padding, previewSize, previewSize);
     paintPreview(painter, box);
     paintName(painter, box.bottom() + 1 + spacing);
-    painter.setOpacity(1);
+    painter.setOpacity(m_presence);
     if (m_item.pinned) {
         const QRect badge(width() - badgePadding - badgeSize, badgePadding, badgeSize, badgeSize);
         drawSymbol(painter, Symbol::pinFill, SymbolWeight::semibold, badge, accentColor(palette()));

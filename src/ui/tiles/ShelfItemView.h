@@ -29,6 +29,8 @@ public:
     void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, bool isFolder,
                  const std::optional<QUrl>& iconURL);
     void setHovered(bool isHovered);
+    /// How much of the tile is there: 1 all of it, 0 nothing, between them it is seen through.
+    void setPresence(double presence);
     /// Shows whether this tile has the keyboard focus.
     void setFocused(bool isFocused);
 
@@ -41,6 +43,7 @@ public:
 
     [[nodiscard]] bool isFocused() const { return m_isFocused; }
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
+    [[nodiscard]] double presence() const { return m_presence; }
 
     /// Whether the item is a referenced file that is missing. `isFound` has no effect on other kinds of items.
     [[nodiscard]] static bool isUnavailable(const ShelfItem& item, bool isFound);
@@ -64,6 +67,7 @@ private:
     bool m_isMissing = false;
     bool m_isHovered = false;
     bool m_isFocused = false;
+    double m_presence = 1;
     ItemInteractionView* m_interaction;
 };
 

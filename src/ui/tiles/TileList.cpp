@@ -1,6 +1,7 @@
 #include "TileList.h"
 
 #include "ItemInteractionView.h"
+#include "Motion.h"
 #include "ShelfItemView.h"
 
 #include <QAccessible>
@@ -52,8 +53,29 @@ void TileList::setRows(std::vector<QUuid> ids)
             m_currentRow = std::min(*m_currentRow, m_ids.size() - 1);
     }
     m_isOutdated = true;
-    if (isVisible())
+    if (isVisible() && wantsMotion())
+        rearrange();
+    else if (isVisible())
         layOut();
+}
+
+void TileList::rearrange()
+{
+    m_motion.interrupt();
+    QHash<QUuid, TileMotion::Place> before;
+    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each)
+        before.insert(each.key(), { each.value()->y(), each.value()->presence() });
+    m_isMoving = true;
+    layOut();
+    m_isMoving = false;
+    // Tiles that were in the list, but not in view, fade in as well.
+    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
+        ShelfItemView& tile = *each.value();
+        const TileMotion::Place from = before.value(each.key(), { tile.y(), 0 });
+        if (from.y != tile.y() || from.presence < 1)
+            m_motion.come(tile, from);
+    }
+    m_motion.start();
 }
 
 void TileList::layOut()
@@ -105,11 +127,23 @@ void TileList::placeTiles(bool refill)
         m_tiles.insert(m_ids[row], tile);
         tile->show();
     }
-    // A tile may be handling an event right now, so it is deleted later.
-    for (ShelfItemView* tile : std::as_const(unused)) {
-        tile->hide();
-        tile->deleteLater();
+    for (auto each = unused.cbegin(); each != unused.cend(); ++each)
+        discard(each.key(), *each.value());
+}
+
+// A tile may be handling an event right now, so it is deleted later.
+void TileList::discard(const QUuid& id, ShelfItemView& tile)
+{
+    if (!m_isMoving) {
+        tile.hide();
+        tile.deleteLater();
+        return;
     }
+    // A tile that is only pushed out of view goes where it belongs.
+    const auto found = std::find(m_ids.begin(), m_ids.end(), id);
+    const auto row = static_cast<std::size_t>(found - m_ids.begin());
+    tile.lower();
+    m_motion.leave(tile, found == m_ids.end() ? tile.y() : m_layout.top(row) - verticalScrollBar()->value());
 }
 
 ShelfItemView* TileList::newTile(const QUuid& id)
@@ -276,12 +310,14 @@ void TileList::showEvent(QShowEvent* event)
 void TileList::hideEvent(QHideEvent* event)
 {
     m_scrolling.stop();
+    m_motion.finish();
     QAbstractScrollArea::hideEvent(event);
 }
 
 void TileList::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
+    m_motion.finish();
     if (m_isOutdated)
         return;
     if (tileWidth() != m_measuredWidth)
@@ -291,8 +327,10 @@ void TileList::resizeEvent(QResizeEvent* event)
 
 void TileList::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
-    if (!m_isOutdated)
-        placeTiles(false);
+    if (m_isOutdated || m_isMoving)
+        return;
+    m_motion.finish();
+    placeTiles(false);
 }
 
 } // namespace nookle

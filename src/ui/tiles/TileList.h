@@ -3,6 +3,7 @@
 #include "NameSearch.h"
 #include "ScrollMotion.h"
 #include "TileLayout.h"
+#include "TileMotion.h"
 #include "WheelScroll.h"
 
 #include <QAbstractScrollArea>
@@ -38,8 +39,8 @@ public:
     std::function<QString(std::size_t row)> tileName;
 
     /// Replaces the rows; each is identified by the id of its item. A tile whose id stays is kept. If the current row
-    /// is gone, the row that takes its place becomes the current one. While the list is hidden, the tiles are updated
-    /// at the next showing.
+    /// is gone, the row that takes its place becomes the current one. Tiles come, go and change their places by a short
+    /// movement where the desktop wants that. While the list is hidden, the tiles are updated at the next showing.
     void setRows(std::vector<QUuid> ids);
 
     /// The tile of the item `id`; null when it is not in view.
@@ -52,6 +53,9 @@ public:
 
     /// True while the list moves by itself after a notch of the wheel.
     [[nodiscard]] bool isScrolling() const { return m_scrolling.isMoving(); }
+
+    /// True while tiles come, go or change their places.
+    [[nodiscard]] bool isRearranging() const { return m_motion.isRunning(); }
 
     /// The item in the current row, to which key presses apply.
     [[nodiscard]] std::optional<QUuid> currentId() const;
@@ -75,6 +79,8 @@ protected:
 
 private:
     void layOut();
+    void rearrange();
+    void discard(const QUuid& id, ShelfItemView& tile);
     void measure();
     void placeTiles(bool refill);
     [[nodiscard]] ShelfItemView* newTile(const QUuid& id);
@@ -91,9 +97,12 @@ private:
     QHash<QUuid, ShelfItemView*> m_tiles;
     ScrollMotion m_scrolling;
     WheelScroll m_wheel;
+    TileMotion m_motion;
     int m_measuredWidth = 0;
     /// True while the layout and the tiles do not match the rows yet.
     bool m_isOutdated = false;
+    /// True while the tiles are placed anew with a movement.
+    bool m_isMoving = false;
     std::optional<std::size_t> m_currentRow;
     bool m_usesKeys = false;
     NameSearch m_search;
