@@ -2,10 +2,12 @@
 
 #include "DiagnosticsReport.h"
 #include "HelperProgram.h"
+#include "PlainToolTip.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QWidget>
 
 #include <chrono>
 #include <utility>
@@ -14,6 +16,7 @@ namespace nookle {
 
 LinuxPlatform::LinuxPlatform(const QByteArray& dataHome, std::unique_ptr<DesktopBackend> desktop)
     : m_desktop(std::move(desktop))
+    , m_appearance(m_desktop->toolkitSettings())
     , m_trash(dataHome)
     , m_mounts(std::make_shared<Mounts>(QFile::encodeName(QDir::homePath())))
     , m_fileReferences(QFile::encodeName(QDir::homePath()), dataHome, m_queue, std::chrono::steady_clock::now, m_mounts)
@@ -26,9 +29,24 @@ LinuxPlatform::LinuxPlatform(const QByteArray& dataHome, std::unique_ptr<Desktop
     , m_folders(m_mounts)
     , m_screenshotSettings(m_defaults, m_mounts)
 {
+    m_appearance.onChanged = [this] { showLook(); };
+    showLook();
 }
 
 LinuxPlatform::~LinuxPlatform() = default;
+
+void LinuxPlatform::showLook()
+{
+    QApplication::setEffectEnabled(Qt::UI_General, m_appearance.look().wantsMotion);
+    useToolTipColors(QApplication::palette());
+    for (QWidget* widget : QApplication::allWidgets()) {
+        // The toolkit tells widgets only of a font that is set by its class for widgets.
+        QEvent fontChange(QEvent::ApplicationFontChange);
+        QApplication::sendEvent(widget, &fontChange);
+        // Icons are looked up at each painting.
+        widget->update();
+    }
+}
 
 AppDelegate::Platform LinuxPlatform::parts()
 {

@@ -39,6 +39,9 @@ public:
     [[nodiscard]] AppDelegate::Platform parts();
 
 private:
+    /// Brings the widgets to the look that the desktop asks for.
+    void showLook();
+
     std::unique_ptr<DesktopBackend> m_desktop;
     DesktopAppearance m_appearance;
     QtMainQueue m_queue;

@@ -1,12 +1,19 @@
 #include "DesktopAppearance.h"
 
+#include "DesktopPalette.h"
+
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
+#include <QFont>
 #include <QGuiApplication>
+#include <QIcon>
+
+#include <utility>
 
 namespace nookle {
 
@@ -15,33 +22,12 @@ namespace {
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
-const QString appearanceGroup = QStringLiteral("org.freedesktop.appearance");
-const QString colorSchemeKey = QStringLiteral("color-scheme");
-constexpr uint prefersDark = 1;
+const QStringList groups{ QStringLiteral("org.freedesktop.appearance"), QStringLiteral("org.gnome.desktop.interface") };
 
-[[nodiscard]] bool isDark(const QPalette& palette)
+/// Plasma sets the colours of all toolkits by itself. The theme that it names is for one toolkit, and has any colours.
+[[nodiscard]] bool isPlasma()
 {
-    return palette.color(QPalette::Window).lightness() < palette.color(QPalette::WindowText).lightness();
-}
-
-/// A dark palette with the accent colour of `palette`.
-[[nodiscard]] QPalette darkened(const QPalette& palette)
-{
-    const QColor window(0x2b, 0x2b, 0x2e);
-    const QColor text(0xf2, 0xf2, 0xf4);
-    const QColor faint(0x8c, 0x8c, 0x90);
-    QPalette dark(window.lighter(), window);
-    for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText,
-                             QPalette::BrightText, QPalette::HighlightedText })
-        dark.setColor(role, text);
-    for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
-        dark.setColor(QPalette::Disabled, role, faint);
-    dark.setColor(QPalette::PlaceholderText, faint);
-    dark.setColor(QPalette::Base, QColor(0x1c, 0x1c, 0x1e));
-    dark.setColor(QPalette::ToolTipBase, QColor(0x3a, 0x3a, 0x3d));
-    dark.setColor(QPalette::Button, QColor(0x3a, 0x3a, 0x3d));
-    dark.setColor(QPalette::Highlight, palette.color(QPalette::Highlight));
-    return dark;
+    return qgetenv("XDG_CURRENT_DESKTOP").split(':').contains("KDE");
 }
 
 /// Older services wrap the value twice.
@@ -52,30 +38,47 @@ constexpr uint prefersDark = 1;
     return value;
 }
 
-} // namespace
-
-DesktopAppearance::DesktopAppearance()
-    : m_own(QGuiApplication::palette())
+/// The font of a description such as "Noto Sans 10". None if the size is missing or no size for a text.
+[[nodiscard]] std::optional<QFont> fontOf(const QString& description)
 {
-    if (!isDark(m_own))
-        follow();
+    constexpr double smallest = 4;
+    constexpr double largest = 40;
+    const qsizetype space = description.lastIndexOf(QLatin1Char(' '));
+    const double size = description.mid(space + 1).toDouble();
+    if (space <= 0 || size < smallest || size > largest)
+        return std::nullopt;
+    QFont font(description.left(space).trimmed());
+    font.setPointSizeF(size);
+    return font;
 }
 
-void DesktopAppearance::follow()
+} // namespace
+
+DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit)
+    : m_toolkit(toolkit)
+    , m_own(QGuiApplication::palette())
+{
+    if (m_toolkit)
+        m_toolkit->onChanged = [this] { update(); };
+    update();
+    followPortal();
+}
+
+void DesktopAppearance::followPortal()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(service, path, settingsInterface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     // At login this program may start before the service.
     auto* starts = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
-    connect(starts, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::askForPreference);
-    askForPreference();
+    connect(starts, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::askPortal);
+    askPortal();
 }
 
-void DesktopAppearance::askForPreference()
+void DesktopAppearance::askPortal()
 {
-    QDBusMessage read = QDBusMessage::createMethodCall(service, path, settingsInterface, QStringLiteral("Read"));
-    read << appearanceGroup << colorSchemeKey;
+    QDBusMessage read = QDBusMessage::createMethodCall(service, path, settingsInterface, QStringLiteral("ReadAll"));
+    read << groups;
     read.setAutoStartService(false);
     auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(read), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, &DesktopAppearance::readAnswer);
@@ -84,20 +87,44 @@ void DesktopAppearance::askForPreference()
 void DesktopAppearance::readAnswer(QDBusPendingCallWatcher* watcher)
 {
     watcher->deleteLater();
-    const QDBusPendingReply<QDBusVariant> reply = *watcher;
-    if (!reply.isError())
-        setPreference(unwrapped(reply.value().variant()));
+    const QDBusMessage reply = watcher->reply();
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != QLatin1String("a{sa{sv}}"))
+        return;
+    m_portal = qdbus_cast<PortalSettings>(reply.arguments().constFirst());
+    update();
 }
 
 void DesktopAppearance::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
-    if (group == appearanceGroup && key == colorSchemeKey)
-        setPreference(unwrapped(value.variant()));
+    if (!groups.contains(group))
+        return;
+    m_portal[group].insert(key, unwrapped(value.variant()));
+    update();
 }
 
-void DesktopAppearance::setPreference(const QVariant& value)
+void DesktopAppearance::update()
 {
-    QGuiApplication::setPalette(value.toUInt() == prefersDark ? darkened(m_own) : m_own);
+    ToolkitSettings::Values toolkit = m_toolkit ? m_toolkit->values() : ToolkitSettings::Values();
+    if (isPlasma())
+        toolkit.remove("Net/ThemeName");
+    const DesktopLook look = desktopLook(m_portal, toolkit);
+    const DesktopLook previous = std::exchange(m_look, look);
+    if (look == previous)
+        return;
+    apply(previous);
+    if (onChanged)
+        onChanged();
+}
+
+void DesktopAppearance::apply(const DesktopLook& previous)
+{
+    if (m_look.iconTheme && m_look.iconTheme != previous.iconTheme)
+        QIcon::setThemeName(*m_look.iconTheme);
+    if (m_look.font && m_look.font != previous.font) {
+        if (const std::optional<QFont> font = fontOf(*m_look.font))
+            QGuiApplication::setFont(*font);
+    }
+    QGuiApplication::setPalette(desktopPalette(m_own, m_look));
 }
 
 } // namespace nookle

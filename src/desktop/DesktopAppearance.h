@@ -1,33 +1,47 @@
 #pragma once
 
+#include "DesktopLook.h"
+
 #include <QObject>
 #include <QPalette>
+
+#include <functional>
 
 class QDBusPendingCallWatcher;
 class QDBusVariant;
 
 namespace nookle {
 
-/// Gives the program dark colours while the desktop prefers them, if the toolkit does not do so by itself. Asks the
-/// desktop asynchronously, and starts no service for that.
+/// Gives the program the look that the desktop asks for, as far as the toolkit does not do so by itself: dark or light
+/// colours, the accent colour, more contrast, the icon theme and the font. Takes it from the settings for all toolkits,
+/// and from the portal's, which it asks asynchronously and starts no service for. Follows their changes.
 class DesktopAppearance final : public QObject {
     Q_OBJECT
 
 public:
-    /// The application object must exist. If its present colours are light, they are used as the light ones. If they
-    /// are dark already, this object changes nothing.
-    DesktopAppearance();
+    /// The application object must exist. Its present colours stay where they are as dark or light as the desktop asks
+    /// for. `toolkit` may be null; else it must outlive this object.
+    explicit DesktopAppearance(ToolkitSettings* toolkit = nullptr);
+
+    [[nodiscard]] const DesktopLook& look() const { return m_look; }
+
+    /// Called when the look has changed, and the application has it. Set by the owner.
+    std::function<void()> onChanged;
 
 private Q_SLOTS:
     void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
 private:
-    void follow();
-    void askForPreference();
+    void followPortal();
+    void askPortal();
     void readAnswer(QDBusPendingCallWatcher* watcher);
-    void setPreference(const QVariant& value);
+    void update();
+    void apply(const DesktopLook& previous);
 
+    ToolkitSettings* m_toolkit;
     QPalette m_own;
+    PortalSettings m_portal;
+    DesktopLook m_look;
 };
 
 } // namespace nookle

@@ -18,6 +18,8 @@ class QWindow;
 
 namespace nookle {
 
+class ToolkitSettings;
+
 /// The implementation of all services that depend on the display server, for one kind of display server. Main thread
 /// only.
 class DesktopBackend {
@@ -32,6 +34,9 @@ public:
     [[nodiscard]] virtual GlobalShortcuts& globalShortcuts() = 0;
     /// The kind of tray that embeds windows of programs; null when the display server knows none.
     [[nodiscard]] virtual TrayHost* embeddingTray() = 0;
+
+    /// The settings that the display server carries; null where it carries none.
+    [[nodiscard]] virtual ToolkitSettings* toolkitSettings() { return nullptr; }
 
     /// Makes a payload that reads the drag over a window of this program, or the one that was just dropped there.
     /// `data` is the toolkit's object for that drag, and must outlive the payload.

@@ -10,6 +10,7 @@
 #include "Overloaded.h"
 #include "Pasteboard.h"
 #include "ShelfStore.h"
+#include "ShortPath.h"
 #include "Symbol.h"
 #include "TextPayload.h"
 #include "Trash.h"
@@ -178,7 +179,7 @@ std::optional<DragItem> ShelfItemActions::dragItem(const ShelfItem& item, const 
 QString ShelfItemActions::toolTip(const ShelfItem& item, const std::optional<QUrl>& localURL)
 {
     if (std::holds_alternative<FileContent>(item.content) && localURL)
-        return QString::fromUtf8(filePath(*localURL));
+        return shortPath(QString::fromUtf8(filePath(*localURL)));
     if (const auto* link = std::get_if<LinkContent>(&item.content))
         return link->url.absoluteString();
     return item.shownName();

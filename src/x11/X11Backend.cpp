@@ -8,6 +8,7 @@
 #include "X11InputMonitor.h"
 #include "X11PanelWindow.h"
 #include "X11Pointer.h"
+#include "X11ToolkitSettings.h"
 #include "X11TrayHost.h"
 
 #include <QGuiApplication>
@@ -47,6 +48,7 @@ X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts)
     , m_compositing(std::make_unique<X11Compositing>(m_connection))
     , m_globalShortcuts(std::move(shortcuts))
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
+    , m_toolkitSettings(std::make_unique<X11ToolkitSettings>(m_connection))
     , m_drops(std::make_unique<X11Drops>(m_connection))
     , m_dragOffer(std::make_unique<X11DragOffer>(m_connection))
 {

@@ -28,6 +28,7 @@ public:
     [[nodiscard]] Compositing& compositing() override;
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_globalShortcuts; }
     [[nodiscard]] TrayHost* embeddingTray() override { return m_embeddingTray.get(); }
+    [[nodiscard]] ToolkitSettings* toolkitSettings() override { return m_toolkitSettings.get(); }
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
@@ -42,6 +43,7 @@ private:
     std::unique_ptr<X11Compositing> m_compositing;
     std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
     std::unique_ptr<TrayHost> m_embeddingTray;
+    std::unique_ptr<ToolkitSettings> m_toolkitSettings;
     std::unique_ptr<X11Drops> m_drops;
     std::unique_ptr<X11DragOffer> m_dragOffer;
 };

@@ -2,10 +2,14 @@
 
 #include "PrivateBus.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusVariant>
+#include <QFont>
 #include <QGuiApplication>
+#include <QIcon>
 #include <QPalette>
 #include <QTest>
 
@@ -13,23 +17,66 @@
 
 using namespace nookle;
 
+/// An accent color on the bus; no color unless it is set.
+struct Accent {
+    double red = -1;
+    double green = -1;
+    double blue = -1;
+};
+Q_DECLARE_METATYPE(Accent)
+
+QDBusArgument& operator<<(QDBusArgument& argument, const Accent& accent)
+{
+    argument.beginStructure();
+    argument << accent.red << accent.green << accent.blue;
+    argument.endStructure();
+    return argument;
+}
+
+const QDBusArgument& operator>>(const QDBusArgument& argument, Accent& accent)
+{
+    argument.beginStructure();
+    argument >> accent.red >> accent.green >> accent.blue;
+    argument.endStructure();
+    return argument;
+}
+
 /// The desktop's settings as the bus knows them.
 class FakeSettings : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    Q_SLOT QDBusVariant Read(const QString& group, const QString& key)
+    Q_SLOT nookle::PortalSettings ReadAll(const QStringList& groups)
     {
-        asked.append(group + QLatin1Char(' ') + key);
-        // Wrapped twice, as the real one does.
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));
+        asked += groups;
+        return { { QStringLiteral("org.freedesktop.appearance"),
+                   { { QStringLiteral("color-scheme"), scheme },
+                     { QStringLiteral("accent-color"), QVariant::fromValue(accent) } } },
+                 { QStringLiteral("org.gnome.desktop.interface"),
+                   { { QStringLiteral("icon-theme"), QStringLiteral("Moon") },
+                     { QStringLiteral("font-name"), QStringLiteral("DejaVu Sans 13") } } } };
     }
 
     Q_SIGNAL void SettingChanged(const QString& group, const QString& key, const QDBusVariant& value);
 
     uint scheme = 0;
+    Accent accent;
     QStringList asked;
+};
+
+/// What the display server carries.
+class FakeToolkitSettings : public ToolkitSettings {
+public:
+    [[nodiscard]] const Values& values() const override { return m_values; }
+    void change(const Values& values)
+    {
+        m_values = values;
+        onChanged();
+    }
+
+private:
+    Values m_values;
 };
 
 class DesktopAppearanceTest : public QObject {
@@ -45,6 +92,8 @@ private Q_SLOTS:
     void aChangeIsFollowed();
     void aServiceThatStartsLaterIsAsked();
     void otherSettingsChangeNothing();
+    void iconsFontAndAccentAreTakenOver();
+    void theSettingsForAllToolkitsAreFollowed();
     void coloursThatAreDarkAlreadyAreLeftAlone();
     void withoutTheServiceNothingChanges();
 
@@ -68,6 +117,8 @@ const QString serviceConnection = QStringLiteral("settings");
 void DesktopAppearanceTest::initTestCase()
 {
     QVERIFY(!m_bus.address().isEmpty());
+    qDBusRegisterMetaType<Accent>();
+    qDBusRegisterMetaType<PortalSettings>();
     qputenv("DBUS_SESSION_BUS_ADDRESS", m_bus.address());
     m_light = QPalette(QColor(0xf0, 0xf0, 0xf0));
     m_light.setColor(QPalette::Highlight, Qt::magenta);
@@ -113,7 +164,7 @@ void DesktopAppearanceTest::aDesktopThatPrefersDarkGetsDarkColours()
     QVERIFY(dark.color(QPalette::WindowText).lightness() > 200);
     QVERIFY(dark.color(QPalette::Base).lightness() < 100);
     QCOMPARE(dark.color(QPalette::Highlight), QColor(Qt::magenta));
-    QCOMPARE(m_settings->asked, QStringList{ QStringLiteral("org.freedesktop.appearance color-scheme") });
+    QVERIFY(m_settings->asked.contains(QStringLiteral("org.freedesktop.appearance")));
 }
 
 void DesktopAppearanceTest::aDesktopWithoutAPreferenceLeavesThemAlone()
@@ -121,7 +172,7 @@ void DesktopAppearanceTest::aDesktopWithoutAPreferenceLeavesThemAlone()
     for (const uint scheme : { 0U, 2U }) {
         startService(scheme);
         const DesktopAppearance appearance;
-        QTRY_COMPARE(m_settings->asked.size(), 1);
+        QTRY_COMPARE(m_settings->asked.size(), 2);
         settle();
         QVERIFY(!isDark());
         cleanup();
@@ -132,7 +183,7 @@ void DesktopAppearanceTest::aChangeIsFollowed()
 {
     startService(0);
     const DesktopAppearance appearance;
-    QTRY_COMPARE(m_settings->asked.size(), 1);
+    QTRY_COMPARE(m_settings->asked.size(), 2);
     const auto change = [this](uint scheme) {
         Q_EMIT m_settings->SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
                                           QDBusVariant(scheme));
@@ -156,12 +207,49 @@ void DesktopAppearanceTest::otherSettingsChangeNothing()
 {
     startService(0);
     const DesktopAppearance appearance;
-    QTRY_COMPARE(m_settings->asked.size(), 1);
+    QTRY_COMPARE(m_settings->asked.size(), 2);
     const QString group = QStringLiteral("org.freedesktop.appearance");
     Q_EMIT m_settings->SettingChanged(group, QStringLiteral("contrast"), QDBusVariant(1U));
     Q_EMIT m_settings->SettingChanged(QStringLiteral("org.example"), QStringLiteral("color-scheme"), QDBusVariant(1U));
     settle();
     QVERIFY(!isDark());
+}
+
+void DesktopAppearanceTest::iconsFontAndAccentAreTakenOver()
+{
+    startService(0);
+    m_settings->accent = { 1, 0.5, 0 };
+    int changes = 0;
+    DesktopAppearance appearance;
+    appearance.onChanged = [&] { ++changes; };
+    QTRY_COMPARE(changes, 1);
+    QCOMPARE(QIcon::themeName(), QStringLiteral("Moon"));
+    QCOMPARE(QGuiApplication::font().family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(QGuiApplication::font().pointSizeF(), 13.0);
+    QCOMPARE(QGuiApplication::palette().color(QPalette::Highlight).name(), QStringLiteral("#ff8000"));
+}
+
+void DesktopAppearanceTest::theSettingsForAllToolkitsAreFollowed()
+{
+    FakeToolkitSettings settings;
+    DesktopAppearance appearance(&settings);
+    int changes = 0;
+    appearance.onChanged = [&] { ++changes; };
+    settings.change({ { "Net/ThemeName", QStringLiteral("Sun-dark") },
+                      { "Net/IconThemeName", QStringLiteral("Sun") },
+                      { "Gtk/FontName", QStringLiteral("DejaVu Sans 9") },
+                      { "Gtk/EnableAnimations", 0 } });
+    QCOMPARE(changes, 1);
+    QVERIFY(isDark());
+    QCOMPARE(QIcon::themeName(), QStringLiteral("Sun"));
+    QCOMPARE(QGuiApplication::font().pointSizeF(), 9.0);
+    QVERIFY(!appearance.look().wantsMotion);
+    settings.change({ { "Net/ThemeName", QStringLiteral("Sun") }, { "Gtk/FontName", QStringLiteral("nonsense") } });
+    QVERIFY(!isDark());
+    QCOMPARE(QGuiApplication::font().pointSizeF(), 9.0);
+    QVERIFY(appearance.look().wantsMotion);
+    settings.change({ { "Net/ThemeName", QStringLiteral("Sun") }, { "Gtk/FontName", QStringLiteral("nonsense") } });
+    QCOMPARE(changes, 2);
 }
 
 void DesktopAppearanceTest::coloursThatAreDarkAlreadyAreLeftAlone()
@@ -171,11 +259,11 @@ void DesktopAppearanceTest::coloursThatAreDarkAlreadyAreLeftAlone()
     dark.setColor(QPalette::WindowText, Qt::white);
     QGuiApplication::setPalette(dark);
     const DesktopAppearance appearance;
+    QTRY_COMPARE(m_settings->asked.size(), 2);
     Q_EMIT m_settings->SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
                                       QDBusVariant(1U));
     settle();
     QCOMPARE(QGuiApplication::palette().color(QPalette::Window), QColor(0x10, 0x20, 0x30));
-    QVERIFY(m_settings->asked.isEmpty());
 }
 
 void DesktopAppearanceTest::withoutTheServiceNothingChanges()

@@ -21,11 +21,13 @@ set(may_see_web "web/protocol;process;platform;base")
 set(may_see_web/protocol "base")
 set(may_see_web/lookup "web/protocol;helper;base")
 set(may_see_screens "platform;base")
-set(may_see_x11 "x11/selections;x11/xcb;screens;platform;base")
+set(may_see_look "base")
+set(may_see_x11 "x11/settings;x11/selections;x11/xcb;screens;platform;base")
+set(may_see_x11/settings "look;x11/selections;x11/xcb;platform;base")
 set(may_see_x11/selections "x11/xcb;platform;base")
 set(may_see_x11/xcb "base")
 set(may_see_wayland "screens;platform;base")
-set(may_see_desktop "desktop/shortcuts;disk;platform;base")
+set(may_see_desktop "desktop/shortcuts;look;disk;platform;base")
 set(may_see_desktop/shortcuts "platform;base")
 set(may_see_ui/style "base")
 set(may_see_ui/frame "ui/style;platform;base")
@@ -39,7 +41,7 @@ set(may_see_app/settings "platform;base")
 set(may_see_app/services "app/settings;triggers;shelf;shelf/items;platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/settings;app/services;app/tray;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
+    "app/settings;app/services;app/tray;look;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

@@ -84,6 +84,8 @@ private Q_SLOTS:
     void toolTips();
     void itemsOfOneNameAreToldApart();
     void theIntroductionLastsUntilTheShelfIsHidden();
+    void aLongPathIsShortenedByFolders_data();
+    void aLongPathIsShortenedByFolders();
     void revealShowsTheFile();
     void pinningAndRemovingFromTheMenu();
     void aDropOfAFileIsTakenAsACopy();
@@ -538,6 +540,35 @@ void ShelfViewTest::theIntroductionLastsUntilTheShelfIsHidden()
     f.view.show();
     QVERIFY(empty->accessibleDescription().isEmpty());
     QCOMPARE(f.view.grab().toImage(), plain);
+}
+
+void ShelfViewTest::aLongPathIsShortenedByFolders_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("shown");
+    const QString dots = QStringLiteral("\u2026");
+    const QString name = QStringLiteral("n").repeated(70);
+    const auto row = [](const char* tag, const QString& path, const QString& shown) {
+        QTest::newRow(tag) << path << shown;
+    };
+    row("short", QStringLiteral("/home/a/b.txt"), QStringLiteral("/home/a/b.txt"));
+    row("folders go",
+        QStringLiteral(
+            "/home/someone/Documents/2026/January/Accounts of the association in spring 2025/Drafts/Report.pdf"),
+        QStringLiteral("/home/") + dots
+            + QStringLiteral("/Accounts of the association in spring 2025/Drafts/Report.pdf"));
+    row("a long name stays", QStringLiteral("/home/a/b/") + name,
+        QStringLiteral("/home/") + dots + QLatin1Char('/') + name);
+    row("nothing between", QStringLiteral("/home/") + name, QStringLiteral("/home/") + name);
+    row("no folder", QLatin1Char('/') + name + name, QLatin1Char('/') + name + name);
+}
+
+void ShelfViewTest::aLongPathIsShortenedByFolders()
+{
+    QFETCH(const QString, path);
+    ShelfFixture& f = *m_fixture;
+    f.store.addFiles({ fileUrl(path.toUtf8()) });
+    QTEST(*f.view.interaction(f.top()).toolTip, "shown");
 }
 
 void ShelfViewTest::revealShowsTheFile()

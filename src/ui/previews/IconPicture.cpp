@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace nookle {
 
@@ -16,23 +17,21 @@ namespace {
     return std::max(size.width(), size.height());
 }
 
-/// The smallest of the icon's sources that has `side` pixels; else the largest.
+/// The smallest of the icon's sources that is meant for `side` pixels or more; else the closest that there is.
 [[nodiscard]] QPixmap source(const QIcon& icon, int side)
 {
-    // The toolkit takes the source that is closest in size, though it may be smaller.
-    QPixmap closest = icon.pixmap(QSize(side, side), 1.0);
-    if (longerSide(closest.size()) >= side)
-        return closest;
     QList<QSize> sizes = icon.availableSizes();
     std::sort(sizes.begin(), sizes.end(),
               [](const QSize& left, const QSize& right) { return longerSide(left) < longerSide(right); });
     for (const QSize& size : std::as_const(sizes)) {
         if (longerSide(size) < side)
             continue;
-        if (QPixmap larger = icon.pixmap(size, 1.0); longerSide(larger.size()) >= side)
-            return larger;
+        // The toolkit takes the source that is closest in size. Drawings have any size, but at a smaller one than
+        // theirs many themes have simpler ones.
+        if (QPixmap meant = icon.pixmap(size, 1.0); longerSide(meant.size()) >= side)
+            return meant;
     }
-    return closest;
+    return icon.pixmap(QSize(side, side), 1.0);
 }
 
 } // namespace
@@ -40,7 +39,8 @@ namespace {
 QPixmap iconPicture(const QIcon& icon, double side)
 {
     const int pixels = static_cast<int>(std::ceil(side));
-    const QString key = QStringLiteral("nookle-icon-%1-%2").arg(icon.cacheKey()).arg(pixels);
+    // An icon of the theme stays the same object when the desktop changes to another theme.
+    const QString key = QStringLiteral("nookle-icon-%1-%2-%3").arg(icon.cacheKey()).arg(pixels).arg(QIcon::themeName());
     QPixmap picture;
     if (QPixmapCache::find(key, &picture))
         return picture;

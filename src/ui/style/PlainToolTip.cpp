@@ -2,7 +2,9 @@
 
 #include "PlainText.h"
 
+#include <QPalette>
 #include <QTextDocument>
+#include <QToolTip>
 #include <QWidget>
 
 namespace nookle {
@@ -16,6 +18,19 @@ void setPlainToolTip(QWidget& widget, const QString& text)
     }
     const QString markup = QStringLiteral("<span style=\"white-space:pre-wrap\">%1</span>");
     widget.setToolTip(markup.arg(shown.toHtmlEscaped()));
+}
+
+// Some styles draw tool tips in the colours of windows, others in those of tool tips.
+void useToolTipColors(const QPalette& palette)
+{
+    QPalette colors = palette;
+    const QColor background = palette.color(QPalette::Base);
+    const QColor text = palette.color(QPalette::WindowText);
+    for (const auto role : { QPalette::ToolTipBase, QPalette::Window })
+        colors.setColor(role, background);
+    for (const auto role : { QPalette::ToolTipText, QPalette::WindowText, QPalette::Text })
+        colors.setColor(role, text);
+    QToolTip::setPalette(colors);
 }
 
 } // namespace nookle

@@ -1,5 +1,6 @@
 #pragma once
 
+class QPalette;
 class QString;
 class QWidget;
 
@@ -8,5 +9,8 @@ namespace nookle {
 /// Sets the tool tip of a widget to `text`, cleaned by `shownText` and always shown as plain text. The toolkit alone
 /// would interpret a text that looks like markup, and read the files that it names. An empty text means no tool tip.
 void setPlainToolTip(QWidget& widget, const QString& text);
+
+/// Draws tool tips in the colours that `palette` has for them.
+void useToolTipColors(const QPalette& palette);
 
 } // namespace nookle

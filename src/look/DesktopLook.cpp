@@ -1,0 +1,85 @@
+#include "DesktopLook.h"
+
+#include <QDBusArgument>
+
+#include <algorithm>
+
+namespace nookle {
+
+namespace {
+
+const QString appearance = QStringLiteral("org.freedesktop.appearance");
+const QString gnome = QStringLiteral("org.gnome.desktop.interface");
+constexpr uint prefersDark = 1;
+constexpr uint prefersLight = 2;
+
+[[nodiscard]] QVariant value(const PortalSettings& portal, const QString& group, const char* key)
+{
+    return portal.value(group).value(QLatin1String(key));
+}
+
+[[nodiscard]] std::optional<QString> text(const QVariant& value)
+{
+    const QString text = value.toString();
+    return text.isEmpty() ? std::nullopt : std::optional(text);
+}
+
+/// The toolkit's setting, which the desktop at hand makes; else that of the portal, which may be a default.
+[[nodiscard]] std::optional<QString> text(const ToolkitSettings::Values& toolkit, const char* name,
+                                          const QVariant& otherwise)
+{
+    const std::optional<QString> own = text(toolkit.value(name));
+    return own ? own : text(otherwise);
+}
+
+// Desktops without a preference of their own have themes instead, whose dark ones say so in their names.
+[[nodiscard]] std::optional<bool> isDark(const PortalSettings& portal, const ToolkitSettings::Values& toolkit)
+{
+    const uint preference = value(portal, appearance, "color-scheme").toUInt();
+    if (preference == prefersDark || preference == prefersLight)
+        return preference == prefersDark;
+    const auto theme = text(toolkit, "Net/ThemeName", value(portal, gnome, "gtk-theme"));
+    return theme ? std::optional(theme->contains(QLatin1String("dark"), Qt::CaseInsensitive)) : std::nullopt;
+}
+
+/// Three numbers from 0 to 1. Others mean that the desktop has no accent color.
+[[nodiscard]] std::optional<QColor> accent(const QVariant& value)
+{
+    if (!value.canConvert<QDBusArgument>())
+        return std::nullopt;
+    const auto argument = value.value<QDBusArgument>();
+    if (argument.currentSignature() != QLatin1String("(ddd)"))
+        return std::nullopt;
+    double parts[3] = {};
+    argument.beginStructure();
+    argument >> parts[0] >> parts[1] >> parts[2];
+    argument.endStructure();
+    const bool isColor =
+        std::all_of(std::begin(parts), std::end(parts), [](double part) { return part >= 0 && part <= 1; });
+    if (!isColor)
+        return std::nullopt;
+    return QColor::fromRgbF(static_cast<float>(parts[0]), static_cast<float>(parts[1]), static_cast<float>(parts[2]));
+}
+
+[[nodiscard]] bool wantsMotion(const PortalSettings& portal, const ToolkitSettings::Values& toolkit)
+{
+    return toolkit.value("Gtk/EnableAnimations", 1).toInt() != 0
+        && portal.value(gnome).value(QStringLiteral("enable-animations"), true).toBool()
+        && value(portal, appearance, "reduced-motion").toUInt() != 1;
+}
+
+} // namespace
+
+DesktopLook desktopLook(const PortalSettings& portal, const ToolkitSettings::Values& toolkit)
+{
+    DesktopLook look;
+    look.isDark = isDark(portal, toolkit);
+    look.hasHighContrast = value(portal, appearance, "contrast").toUInt() == 1;
+    look.wantsMotion = wantsMotion(portal, toolkit);
+    look.accent = accent(value(portal, appearance, "accent-color"));
+    look.iconTheme = text(toolkit, "Net/IconThemeName", value(portal, gnome, "icon-theme"));
+    look.font = text(toolkit, "Gtk/FontName", value(portal, gnome, "font-name"));
+    return look;
+}
+
+} // namespace nookle

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ToolkitSettings.h"
+
+#include <QColor>
+#include <QMap>
+#include <QString>
+#include <QVariantMap>
+
+#include <optional>
+
+namespace nookle {
+
+/// What the desktop says about the look of programs. What is not there is the toolkit's affair.
+struct DesktopLook {
+    std::optional<bool> isDark = {};
+    bool hasHighContrast = false;
+    bool wantsMotion = true;
+    std::optional<QColor> accent = {};
+    std::optional<QString> iconTheme = {};
+    /// A family and a size in points, for example "Noto Sans 10".
+    std::optional<QString> font = {};
+
+    bool operator==(const DesktopLook&) const = default;
+};
+
+/// The settings of the portal by group and key.
+using PortalSettings = QMap<QString, QVariantMap>;
+
+/// Where the desktop has colours of its own for all toolkits, as Plasma has, the name of a theme says nothing about
+/// them: leave it out of `toolkit`.
+[[nodiscard]] DesktopLook desktopLook(const PortalSettings& portal, const ToolkitSettings::Values& toolkit);
+
+} // namespace nookle

@@ -1,0 +1,80 @@
+#include "X11ToolkitSettings.h"
+
+#include "XSettingsText.h"
+#include "XcbReply.h"
+
+#include <QCoreApplication>
+
+#include <xcb/xcb.h>
+
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr char selection[] = "_XSETTINGS_S0";
+inline constexpr char property[] = "_XSETTINGS_SETTINGS";
+/// In units of four bytes. Real settings take a few kilobytes.
+inline constexpr std::uint32_t largest = 64 * 1024;
+
+} // namespace
+
+X11ToolkitSettings::X11ToolkitSettings(xcb_connection_t* connection)
+    : m_connection(connection)
+    , m_atoms(connection, { selection, property })
+    , m_watch(connection, selection)
+{
+    m_watch.onChanged = [this] {
+        findOwner();
+        read();
+    };
+    QCoreApplication::instance()->installNativeEventFilter(this);
+    findOwner();
+    read();
+}
+
+X11ToolkitSettings::~X11ToolkitSettings()
+{
+    if (QCoreApplication::instance())
+        QCoreApplication::instance()->removeNativeEventFilter(this);
+}
+
+void X11ToolkitSettings::findOwner()
+{
+    const auto cookie = xcb_get_selection_owner(m_connection, m_atoms[selection]);
+    const auto reply = owned(xcb_get_selection_owner_reply(m_connection, cookie, nullptr));
+    m_owner = reply ? reply->owner : 0;
+    if (m_owner == 0)
+        return;
+    // What the toolkit asks for on the same connection, so that neither takes events from the other.
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE;
+    xcb_change_window_attributes(m_connection, m_owner, XCB_CW_EVENT_MASK, &events);
+}
+
+void X11ToolkitSettings::read()
+{
+    Values values;
+    if (m_owner != 0) {
+        const auto cookie = xcb_get_property(m_connection, 0, m_owner, m_atoms[property], XCB_ATOM_ANY, 0, largest);
+        if (const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr))) {
+            const auto* bytes = static_cast<const char*>(xcb_get_property_value(reply.get()));
+            values = parseXSettings({ bytes, xcb_get_property_value_length(reply.get()) });
+        }
+    }
+    if (std::exchange(m_values, values) != values && onChanged)
+        onChanged();
+}
+
+bool X11ToolkitSettings::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/)
+{
+    if (eventType != "xcb_generic_event_t")
+        return false;
+    const auto* event = static_cast<const xcb_property_notify_event_t*>(message);
+    if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && event->window == m_owner
+        && event->atom == m_atoms[property])
+        read();
+    return false;
+}
+
+} // namespace nookle
