@@ -62,11 +62,11 @@ bool Shelf::isDropTarget() const
     const auto window = panel();
     if (!window)
         return false;
-    // A frame stands along the panel's edge then.
+    // A frame of two pixels stands along the edge of the panel then, and else a line of one.
     constexpr int depth = 10;
     const QPoint edge(window->frame.center().x(), window->frame.bottom());
     const QImage picture = m_desktop.screen().picture(QRect(edge - QPoint(0, depth - 1), QSize(1, depth)));
-    return picture.pixel(0, depth - 1) != picture.pixel(0, 0);
+    return picture.pixel(0, depth - 2) != picture.pixel(0, 0);
 }
 
 QPoint Shelf::firstTile() const

@@ -90,6 +90,28 @@ QImage XScreen::picture(const QRect& area) const
     return QImage(xcb_get_image_data(reply.get()), area.width(), area.height(), QImage::Format_RGB32).copy();
 }
 
+void XScreen::setWallpaper(QRgb color)
+{
+    const QRect area = geometry();
+    const xcb_screen_t& screen = *xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data;
+    const xcb_pixmap_t picture = xcb_generate_id(m_connection.get());
+    xcb_create_pixmap(m_connection.get(), screen.root_depth, picture, m_root, static_cast<std::uint16_t>(area.width()),
+                      static_cast<std::uint16_t>(area.height()));
+    const xcb_gcontext_t context = xcb_generate_id(m_connection.get());
+    const std::uint32_t pixel = color & 0xffffffU;
+    xcb_create_gc(m_connection.get(), context, picture, XCB_GC_FOREGROUND, &pixel);
+    const xcb_rectangle_t all{ 0, 0, static_cast<std::uint16_t>(area.width()),
+                               static_cast<std::uint16_t>(area.height()) };
+    xcb_poly_fill_rectangle(m_connection.get(), picture, context, 1, &all);
+    xcb_free_gc(m_connection.get(), context);
+    xcb_change_window_attributes(m_connection.get(), m_root, XCB_CW_BACK_PIXMAP, &picture);
+    xcb_clear_area(m_connection.get(), 0, m_root, 0, 0, 0, 0);
+    for (const char* name : { "_XROOTPMAP_ID", "_XSETROOT_ID" })
+        xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_root, atom(name), XCB_ATOM_PIXMAP, 32, 1,
+                            &picture);
+    xcb_flush(m_connection.get());
+}
+
 xcb_window_t XScreen::focus() const
 {
     const auto cookie = xcb_get_input_focus(m_connection.get());

@@ -36,6 +36,8 @@ public:
     [[nodiscard]] QImage picture(const QRect& area) const;
     [[nodiscard]] QImage picture() const { return picture(geometry()); }
     [[nodiscard]] QRect geometry() const;
+    /// Fills the background of the screen. Compositing managers find it as the picture that programs leave there.
+    void setWallpaper(QRgb color);
     [[nodiscard]] xcb_window_t focus() const;
 
     /// Whether a program holds the selection of that name.

@@ -2,6 +2,7 @@
 
 #include "CapturedLog.h"
 #include "PrivateDesktop.h"
+#include "PublishedSettings.h"
 #include "ToolkitSettings.h"
 #include "Waiting.h"
 
@@ -310,43 +311,6 @@ void X11BackendTest::aShortcutThatIsGivenUpIsFreeForOthers()
     QVERIFY(waitFor([this] { return !screen().isShortcutHeld(screen().keyFor('d')); }));
 }
 
-/// Publishes an icon theme with a name of four letters, as a part of the session does.
-class PublishedSettings {
-public:
-    PublishedSettings()
-        : m_connection(xcb_connect(nullptr, nullptr))
-        , m_window(xcb_generate_id(m_connection))
-    {
-        const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
-        xcb_create_window(m_connection, 0, m_window, root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY, 0, 0, nullptr);
-    }
-    ~PublishedSettings() { xcb_disconnect(m_connection); }
-    PublishedSettings(const PublishedSettings&) = delete;
-    PublishedSettings& operator=(const PublishedSettings&) = delete;
-
-    void publish(const QByteArray& theme)
-    {
-        const QByteArray head("\0\0\0\0\1\0\0\0\1\0\0\0\1\0\x11\0", 16);
-        const QByteArray name("Net/IconThemeName\0\0\0\1\0\0\0\4\0\0\0", 28);
-        const QByteArray bytes = head + name + theme;
-        const xcb_atom_t property = atom("_XSETTINGS_SETTINGS");
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, property, property, 8,
-                            static_cast<std::uint32_t>(bytes.size()), bytes.constData());
-        xcb_set_selection_owner(m_connection, m_window, atom("_XSETTINGS_S0"), XCB_CURRENT_TIME);
-        xcb_flush(m_connection);
-    }
-
-private:
-    [[nodiscard]] xcb_atom_t atom(const QByteArray& name)
-    {
-        const auto cookie = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.constData());
-        return owned(xcb_intern_atom_reply(m_connection, cookie, nullptr))->atom;
-    }
-
-    xcb_connection_t* m_connection;
-    xcb_window_t m_window;
-};
-
 void X11BackendTest::theSettingsForAllToolkitsAreReadAndFollowed()
 {
     ToolkitSettings& settings = *m_backend->toolkitSettings();
@@ -355,10 +319,10 @@ void X11BackendTest::theSettingsForAllToolkitsAreReadAndFollowed()
     int changes = 0;
     settings.onChanged = [&] { ++changes; };
     {
-        PublishedSettings published;
-        published.publish("Moon");
+        PublishedSettings published(m_desktop.display());
+        published.publish({ { "Net/ThemeName", "Sky" }, { "Net/IconThemeName", "Moon" } });
         QVERIFY(waitFor([&] { return iconTheme() == QLatin1String("Moon"); }));
-        published.publish("Star");
+        published.publish({ { "Net/IconThemeName", "Star" } });
         QVERIFY(waitFor([&] { return iconTheme() == QLatin1String("Star"); }));
         m_backend = std::make_unique<X11Backend>();
         QCOMPARE(m_backend->toolkitSettings()->values().value("Net/IconThemeName").toString(), QStringLiteral("Star"));

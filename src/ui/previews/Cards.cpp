@@ -5,7 +5,7 @@
 #include "PlainText.h"
 #include "Symbol.h"
 
-#include <QFontDatabase>
+#include <QGuiApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStringList>
@@ -52,7 +52,7 @@ void paintBorder(QPainter& painter, const QRect& box, double cornerRadius, const
 
 [[nodiscard]] QFont pageFont()
 {
-    QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+    QFont font = QGuiApplication::font();
     font.setPixelSize(pageFontSize);
     return font;
 }
