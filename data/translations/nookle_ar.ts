@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ar" sourcelanguage="en">
 <context>
+    <name>nookle::AboutRow</name>
+    <message>
+        <source>Version %1</source>
+        <translation>الإصدار %1</translation>
+    </message>
+    <message>
+        <source>Versions and services of this desktop, for a report. No names of files.</source>
+        <translation>إصدارات سطح المكتب هذا وخدماته، لإرفاقها ببلاغ. دون أسماء ملفات.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>نُسخ</translation>
+    </message>
+    <message>
+        <source>Copy Diagnostics</source>
+        <translation>انسخ معلومات التشخيص</translation>
+    </message>
+</context>
+<context>
     <name>nookle::AppSettings</name>
     <message>
         <source>Never</source>
@@ -40,6 +59,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DataFolderRow</name>
+    <message>
+        <source>Open Folder</source>
+        <translation>افتح المجلد</translation>
+    </message>
+    <message>
+        <source>Files are kept in %1</source>
+        <translation>تُحفظ الملفات في %1</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>
@@ -48,6 +78,10 @@
     <message>
         <source>The other program has saved nothing that can be added to the shelf.</source>
         <translation>لم يحفظ البرنامج الآخر شيئًا يمكن إضافته إلى الرف.</translation>
+    </message>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>لم يُعثر على شيء يمكن إضافته إلى الرف.</translation>
     </message>
 </context>
 <context>
@@ -95,6 +129,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::KdeShortcuts</name>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>لم يستجب سطح المكتب بعد.</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1. The desktop&apos;s settings can give the shortcut other keys.</source>
+        <translation>ربما يستخدم برنامج آخر %1. يمكن لإعدادات سطح المكتب أن تعطي الاختصار مفاتيح أخرى.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::LoginItemSection</name>
     <message>
         <source>General</source>
@@ -114,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::NullBackend</name>
+    <message>
+        <source>The shelf cannot be shown in this session</source>
+        <translation>لا يمكن إظهار الرف في هذه الجلسة</translation>
+    </message>
+</context>
+<context>
     <name>nookle::PinButton</name>
     <message>
         <source>Allow Shelf to Hide</source>
@@ -125,10 +177,56 @@
     </message>
 </context>
 <context>
+    <name>nookle::PortalShortcuts</name>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>لا يستجيب سطح المكتب.</translation>
+    </message>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>لم يستجب سطح المكتب بعد.</translation>
+    </message>
+    <message>
+        <source>The desktop gives shortcuts only to programs that are installed. It does not find %1.</source>
+        <translation>لا يمنح سطح المكتب الاختصارات إلا للبرامج المثبّتة. لم يجد %1.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>لقد رفضت الاختصار.</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no keys.</source>
+        <translation>لم يربط سطح المكتب أي مفاتيح.</translation>
+    </message>
+    <message>
+        <source>The desktop does not say which keys are bound.</source>
+        <translation>لا يذكر سطح المكتب المفاتيح المربوطة.</translation>
+    </message>
+    <message>
+        <source>The desktop has ended the shortcut.</source>
+        <translation>أنهى سطح المكتب الاختصار.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s service for shortcuts has ended.</source>
+        <translation>انتهت خدمة الاختصارات في سطح المكتب.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
         <translation>لم يُعثر على شيء يمكن إضافته إلى الرف.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SessionShortcuts</name>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>لقد رفضت الاختصار.</translation>
+    </message>
+    <message>
+        <source>In the desktop&apos;s settings, keys can be bound to this command: %1</source>
+        <translation>يمكن ربط مفاتيح بهذا الأمر في إعدادات سطح المكتب: %1</translation>
     </message>
 </context>
 <context>
@@ -152,18 +250,6 @@
     <message>
         <source>Pinned items always stay. Copies such as images go to the Trash.</source>
         <translation>تبقى العناصر المثبّتة دائمًا. تنتقل النسخ، كالصور، إلى المهملات.</translation>
-    </message>
-    <message>
-        <source>⌃⌥⌘D</source>
-        <translation>Ctrl+Alt+Super+D</translation>
-    </message>
-    <message>
-        <source>Control, Alt, Super and D</source>
-        <translation>Ctrl وAlt وSuper وD</translation>
-    </message>
-    <message>
-        <source>Show and hide</source>
-        <translation>الإظهار والإخفاء</translation>
     </message>
     <message>
         <source>Screenshots</source>
@@ -194,6 +280,33 @@
     </message>
 </context>
 <context>
+    <name>nookle::ShelfActions</name>
+    <message>
+        <source>Undo Remove</source>
+        <translation>تراجع عن الإزالة</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>ألصق</translation>
+    </message>
+    <message>
+        <source>Remove Unpinned Items</source>
+        <translation>أزِل العناصر غير المثبّتة</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>أبقِ الرف مفتوحًا</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>الإعدادات…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>أنهِ Nookle</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ShelfItemActions</name>
     <message>
         <source>Open</source>
@@ -218,6 +331,10 @@
     <message>
         <source>Remove</source>
         <translation>أزِل</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3, added %4)</source>
+        <translation>%1 (%2 من %3، أُضيف %4)</translation>
     </message>
 </context>
 <context>
@@ -270,6 +387,36 @@
         <source>The shelf is full. Remove something large and try again.</source>
         <translation>الرف ممتلئ. أزِل شيئًا كبيرًا ثم أعد المحاولة.</translation>
     </message>
+    <message>
+        <source>Not in the Trash any more: %1</source>
+        <translation>لم يعد في المهملات: %1</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfView</name>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>اسحب شيئًا إلى الحافة اليمنى للشاشة فينزلق الرف تلقائيًا.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShortcutRow</name>
+    <message>
+        <source>Ask Again</source>
+        <translation>اسأل مجددًا</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>الإظهار والإخفاء</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Ctrl وAlt وSuper وD</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>
@@ -295,6 +442,29 @@
     <message>
         <source>Shelf</source>
         <translation>الرف</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::X11GlobalShortcuts</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Shift</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1.</source>
+        <translation>ربما يستخدم برنامج آخر %1.</translation>
     </message>
 </context>
 </TS>

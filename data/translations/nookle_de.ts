@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
+    <name>nookle::AboutRow</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Versions and services of this desktop, for a report. No names of files.</source>
+        <translation>Versionen und Dienste dieser Arbeitsumgebung für einen Fehlerbericht. Keine Dateinamen.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Kopiert</translation>
+    </message>
+    <message>
+        <source>Copy Diagnostics</source>
+        <translation>Diagnose kopieren</translation>
+    </message>
+</context>
+<context>
     <name>nookle::AppSettings</name>
     <message>
         <source>Never</source>
@@ -40,6 +59,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DataFolderRow</name>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+    <message>
+        <source>Files are kept in %1</source>
+        <translation>Dateien liegen in %1</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>
@@ -48,6 +78,10 @@
     <message>
         <source>The other program has saved nothing that can be added to the shelf.</source>
         <translation>Das andere Programm hat nichts gespeichert, was zur Ablage hinzugefügt werden kann.</translation>
+    </message>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Nichts gefunden, was zur Ablage hinzugefügt werden kann.</translation>
     </message>
 </context>
 <context>
@@ -95,6 +129,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::KdeShortcuts</name>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>Die Arbeitsumgebung hat noch nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1. The desktop&apos;s settings can give the shortcut other keys.</source>
+        <translation>Ein anderes Programm belegt vielleicht %1. In den Einstellungen der Arbeitsumgebung lassen sich andere Tasten wählen.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::LoginItemSection</name>
     <message>
         <source>General</source>
@@ -114,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::NullBackend</name>
+    <message>
+        <source>The shelf cannot be shown in this session</source>
+        <translation>Die Ablage kann in dieser Sitzung nicht angezeigt werden</translation>
+    </message>
+</context>
+<context>
     <name>nookle::PinButton</name>
     <message>
         <source>Allow Shelf to Hide</source>
@@ -125,10 +177,56 @@
     </message>
 </context>
 <context>
+    <name>nookle::PortalShortcuts</name>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>Die Arbeitsumgebung antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>Die Arbeitsumgebung hat noch nicht geantwortet.</translation>
+    </message>
+    <message>
+        <source>The desktop gives shortcuts only to programs that are installed. It does not find %1.</source>
+        <translation>Die Arbeitsumgebung gibt Tastenkürzel nur installierten Programmen. Sie findet %1 nicht.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Sie haben das Tastenkürzel abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no keys.</source>
+        <translation>Die Arbeitsumgebung hat keine Tasten belegt.</translation>
+    </message>
+    <message>
+        <source>The desktop does not say which keys are bound.</source>
+        <translation>Die Arbeitsumgebung sagt nicht, welche Tasten belegt sind.</translation>
+    </message>
+    <message>
+        <source>The desktop has ended the shortcut.</source>
+        <translation>Die Arbeitsumgebung hat das Tastenkürzel beendet.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s service for shortcuts has ended.</source>
+        <translation>Der Tastenkürzeldienst der Arbeitsumgebung wurde beendet.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
         <translation>Nichts gefunden, was zur Ablage hinzugefügt werden kann.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SessionShortcuts</name>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Sie haben das Tastenkürzel abgelehnt.</translation>
+    </message>
+    <message>
+        <source>In the desktop&apos;s settings, keys can be bound to this command: %1</source>
+        <translation>In den Einstellungen der Arbeitsumgebung lassen sich Tasten mit diesem Befehl belegen: %1</translation>
     </message>
 </context>
 <context>
@@ -152,18 +250,6 @@
     <message>
         <source>Pinned items always stay. Copies such as images go to the Trash.</source>
         <translation>Angeheftete Objekte bleiben immer. Kopien, zum Beispiel Bilder, kommen in den Papierkorb.</translation>
-    </message>
-    <message>
-        <source>⌃⌥⌘D</source>
-        <translation>Strg+Alt+Super+D</translation>
-    </message>
-    <message>
-        <source>Control, Alt, Super and D</source>
-        <translation>Strg, Alt, Super und D</translation>
-    </message>
-    <message>
-        <source>Show and hide</source>
-        <translation>Ein- und ausblenden</translation>
     </message>
     <message>
         <source>Screenshots</source>
@@ -194,6 +280,33 @@
     </message>
 </context>
 <context>
+    <name>nookle::ShelfActions</name>
+    <message>
+        <source>Undo Remove</source>
+        <translation>Entfernen rückgängig machen</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Remove Unpinned Items</source>
+        <translation>Nicht angeheftete Objekte entfernen</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Ablage offen halten</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Einstellungen&#xa0;…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Nookle beenden</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ShelfItemActions</name>
     <message>
         <source>Open</source>
@@ -218,6 +331,10 @@
     <message>
         <source>Remove</source>
         <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3, added %4)</source>
+        <translation>%1 (%2 von %3, hinzugefügt %4)</translation>
     </message>
 </context>
 <context>
@@ -270,6 +387,36 @@
         <source>The shelf is full. Remove something large and try again.</source>
         <translation>Die Ablage ist voll. Entfernen Sie etwas Großes und versuchen Sie es erneut.</translation>
     </message>
+    <message>
+        <source>Not in the Trash any more: %1</source>
+        <translation>Nicht mehr im Papierkorb: %1</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfView</name>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Ziehen Sie etwas an den rechten Rand des Bildschirms, und die Ablage erscheint von selbst.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShortcutRow</name>
+    <message>
+        <source>Ask Again</source>
+        <translation>Erneut fragen</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Ein- und ausblenden</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Strg+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Strg, Alt, Super und D</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>
@@ -295,6 +442,29 @@
     <message>
         <source>Shelf</source>
         <translation>Ablage</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::X11GlobalShortcuts</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Strg</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1.</source>
+        <translation>Ein anderes Programm belegt vielleicht %1.</translation>
     </message>
 </context>
 </TS>

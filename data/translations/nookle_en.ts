@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>nookle::AboutRow</name>
+    <message>
+        <source>Version %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Versions and services of this desktop, for a report. No names of files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Copy Diagnostics</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::AppSettings</name>
     <message>
         <source>Never</source>
@@ -40,6 +59,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DataFolderRow</name>
+    <message>
+        <source>Open Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files are kept in %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>
@@ -47,6 +77,10 @@
     </message>
     <message>
         <source>The other program has saved nothing that can be added to the shelf.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -95,6 +129,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::KdeShortcuts</name>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program may hold %1. The desktop&apos;s settings can give the shortcut other keys.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::LoginItemSection</name>
     <message>
         <source>General</source>
@@ -114,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::NullBackend</name>
+    <message>
+        <source>The shelf cannot be shown in this session</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::PinButton</name>
     <message>
         <source>Allow Shelf to Hide</source>
@@ -125,9 +177,55 @@
     </message>
 </context>
 <context>
+    <name>nookle::PortalShortcuts</name>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The desktop gives shortcuts only to programs that are installed. It does not find %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The desktop has bound no keys.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The desktop does not say which keys are bound.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The desktop has ended the shortcut.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s service for shortcuts has ended.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SessionShortcuts</name>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>In the desktop&apos;s settings, keys can be bound to this command: %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -151,18 +249,6 @@
     </message>
     <message>
         <source>Pinned items always stay. Copies such as images go to the Trash.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>⌃⌥⌘D</source>
-        <translation>Ctrl+Alt+Super+D</translation>
-    </message>
-    <message>
-        <source>Control, Alt, Super and D</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>Show and hide</source>
         <translation type="unfinished"></translation>
     </message>
     <message>
@@ -194,6 +280,33 @@
     </message>
 </context>
 <context>
+    <name>nookle::ShelfActions</name>
+    <message>
+        <source>Undo Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove Unpinned Items</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::ShelfItemActions</name>
     <message>
         <source>Open</source>
@@ -217,6 +330,10 @@
     </message>
     <message>
         <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3, added %4)</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -270,6 +387,36 @@
         <source>The shelf is full. Remove something large and try again.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Not in the Trash any more: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfView</name>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShortcutRow</name>
+    <message>
+        <source>Ask Again</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>
@@ -294,6 +441,29 @@
     <name>nookle::TileList</name>
     <message>
         <source>Shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::X11GlobalShortcuts</name>
+    <message>
+        <source>Ctrl</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Another program may hold %1.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es" sourcelanguage="en">
 <context>
+    <name>nookle::AboutRow</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Versión %1</translation>
+    </message>
+    <message>
+        <source>Versions and services of this desktop, for a report. No names of files.</source>
+        <translation>Versiones y servicios de este escritorio, para un informe. Sin nombres de archivos.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiado</translation>
+    </message>
+    <message>
+        <source>Copy Diagnostics</source>
+        <translation>Copiar el diagnóstico</translation>
+    </message>
+</context>
+<context>
     <name>nookle::AppSettings</name>
     <message>
         <source>Never</source>
@@ -40,6 +59,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DataFolderRow</name>
+    <message>
+        <source>Open Folder</source>
+        <translation>Abrir la carpeta</translation>
+    </message>
+    <message>
+        <source>Files are kept in %1</source>
+        <translation>Los archivos se guardan en %1</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>
@@ -48,6 +78,10 @@
     <message>
         <source>The other program has saved nothing that can be added to the shelf.</source>
         <translation>El otro programa no ha guardado nada que se pueda añadir al estante.</translation>
+    </message>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>No se encontró nada que se pueda añadir al estante.</translation>
     </message>
 </context>
 <context>
@@ -95,6 +129,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::KdeShortcuts</name>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>El escritorio aún no ha respondido.</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1. The desktop&apos;s settings can give the shortcut other keys.</source>
+        <translation>Puede que otro programa use %1. En la configuración del escritorio se pueden asignar otras teclas al atajo.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::LoginItemSection</name>
     <message>
         <source>General</source>
@@ -114,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::NullBackend</name>
+    <message>
+        <source>The shelf cannot be shown in this session</source>
+        <translation>El estante no se puede mostrar en esta sesión</translation>
+    </message>
+</context>
+<context>
     <name>nookle::PinButton</name>
     <message>
         <source>Allow Shelf to Hide</source>
@@ -125,10 +177,56 @@
     </message>
 </context>
 <context>
+    <name>nookle::PortalShortcuts</name>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>El escritorio no responde.</translation>
+    </message>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>El escritorio aún no ha respondido.</translation>
+    </message>
+    <message>
+        <source>The desktop gives shortcuts only to programs that are installed. It does not find %1.</source>
+        <translation>El escritorio solo da atajos a los programas instalados. No encuentra %1.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Ha rechazado el atajo.</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no keys.</source>
+        <translation>El escritorio no ha asignado ninguna tecla.</translation>
+    </message>
+    <message>
+        <source>The desktop does not say which keys are bound.</source>
+        <translation>El escritorio no dice qué teclas están asignadas.</translation>
+    </message>
+    <message>
+        <source>The desktop has ended the shortcut.</source>
+        <translation>El escritorio ha terminado el atajo.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s service for shortcuts has ended.</source>
+        <translation>El servicio de atajos del escritorio ha terminado.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
         <translation>No se encontró nada que se pueda añadir al estante.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SessionShortcuts</name>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Ha rechazado el atajo.</translation>
+    </message>
+    <message>
+        <source>In the desktop&apos;s settings, keys can be bound to this command: %1</source>
+        <translation>En la configuración del escritorio se pueden asignar teclas a esta orden: %1</translation>
     </message>
 </context>
 <context>
@@ -152,18 +250,6 @@
     <message>
         <source>Pinned items always stay. Copies such as images go to the Trash.</source>
         <translation>Los elementos anclados permanecen siempre. Las copias, como las imágenes, van a la papelera.</translation>
-    </message>
-    <message>
-        <source>⌃⌥⌘D</source>
-        <translation>Ctrl+Alt+Super+D</translation>
-    </message>
-    <message>
-        <source>Control, Alt, Super and D</source>
-        <translation>Control, Alt, Super y D</translation>
-    </message>
-    <message>
-        <source>Show and hide</source>
-        <translation>Mostrar y ocultar</translation>
     </message>
     <message>
         <source>Screenshots</source>
@@ -194,6 +280,33 @@
     </message>
 </context>
 <context>
+    <name>nookle::ShelfActions</name>
+    <message>
+        <source>Undo Remove</source>
+        <translation>Deshacer quitar</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
+    <message>
+        <source>Remove Unpinned Items</source>
+        <translation>Quitar los elementos no anclados</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Mantener el estante abierto</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Configuración…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Salir de Nookle</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ShelfItemActions</name>
     <message>
         <source>Open</source>
@@ -218,6 +331,10 @@
     <message>
         <source>Remove</source>
         <translation>Quitar</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3, added %4)</source>
+        <translation>%1 (%2 de %3, añadido el %4)</translation>
     </message>
 </context>
 <context>
@@ -270,6 +387,36 @@
         <source>The shelf is full. Remove something large and try again.</source>
         <translation>El estante está lleno. Quite algo grande e inténtelo de nuevo.</translation>
     </message>
+    <message>
+        <source>Not in the Trash any more: %1</source>
+        <translation>Ya no está en la papelera: %1</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfView</name>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Arrastre algo al borde derecho de la pantalla y el estante aparecerá solo.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShortcutRow</name>
+    <message>
+        <source>Ask Again</source>
+        <translation>Preguntar de nuevo</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Mostrar y ocultar</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Control, Alt, Super y D</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>
@@ -295,6 +442,29 @@
     <message>
         <source>Shelf</source>
         <translation>Estante</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::X11GlobalShortcuts</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Mayús</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1.</source>
+        <translation>Puede que otro programa use %1.</translation>
     </message>
 </context>
 </TS>

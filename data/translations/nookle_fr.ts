@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
 <context>
+    <name>nookle::AboutRow</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Version %1</translation>
+    </message>
+    <message>
+        <source>Versions and services of this desktop, for a report. No names of files.</source>
+        <translation>Versions et services de ce bureau, pour un rapport. Aucun nom de fichier.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copié</translation>
+    </message>
+    <message>
+        <source>Copy Diagnostics</source>
+        <translation>Copier le diagnostic</translation>
+    </message>
+</context>
+<context>
     <name>nookle::AppSettings</name>
     <message>
         <source>Never</source>
@@ -40,6 +59,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DataFolderRow</name>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ouvrir le dossier</translation>
+    </message>
+    <message>
+        <source>Files are kept in %1</source>
+        <translation>Les fichiers sont conservés dans %1</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>
@@ -48,6 +78,10 @@
     <message>
         <source>The other program has saved nothing that can be added to the shelf.</source>
         <translation>L’autre programme n’a rien enregistré qui puisse être ajouté à l’étagère.</translation>
+    </message>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Rien trouvé qui puisse être ajouté à l’étagère.</translation>
     </message>
 </context>
 <context>
@@ -95,6 +129,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::KdeShortcuts</name>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>Le bureau n’a pas encore répondu.</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1. The desktop&apos;s settings can give the shortcut other keys.</source>
+        <translation>Un autre programme utilise peut-être %1. Les paramètres du bureau permettent d’associer d’autres touches au raccourci.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::LoginItemSection</name>
     <message>
         <source>General</source>
@@ -114,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::NullBackend</name>
+    <message>
+        <source>The shelf cannot be shown in this session</source>
+        <translation>L’étagère ne peut pas être affichée dans cette session</translation>
+    </message>
+</context>
+<context>
     <name>nookle::PinButton</name>
     <message>
         <source>Allow Shelf to Hide</source>
@@ -125,10 +177,56 @@
     </message>
 </context>
 <context>
+    <name>nookle::PortalShortcuts</name>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>Le bureau ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>Le bureau n’a pas encore répondu.</translation>
+    </message>
+    <message>
+        <source>The desktop gives shortcuts only to programs that are installed. It does not find %1.</source>
+        <translation>Le bureau n’accorde de raccourcis qu’aux programmes installés. Il ne trouve pas %1.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Vous avez refusé le raccourci.</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no keys.</source>
+        <translation>Le bureau n’a associé aucune touche.</translation>
+    </message>
+    <message>
+        <source>The desktop does not say which keys are bound.</source>
+        <translation>Le bureau n’indique pas quelles touches sont associées.</translation>
+    </message>
+    <message>
+        <source>The desktop has ended the shortcut.</source>
+        <translation>Le bureau a mis fin au raccourci.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s service for shortcuts has ended.</source>
+        <translation>Le service de raccourcis du bureau s’est arrêté.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
         <translation>Rien trouvé qui puisse être ajouté à l’étagère.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SessionShortcuts</name>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Vous avez refusé le raccourci.</translation>
+    </message>
+    <message>
+        <source>In the desktop&apos;s settings, keys can be bound to this command: %1</source>
+        <translation>Dans les paramètres du bureau, des touches peuvent être associées à cette commande&#xa0;: %1</translation>
     </message>
 </context>
 <context>
@@ -152,18 +250,6 @@
     <message>
         <source>Pinned items always stay. Copies such as images go to the Trash.</source>
         <translation>Les éléments épinglés restent toujours. Les copies, comme les images, vont à la corbeille.</translation>
-    </message>
-    <message>
-        <source>⌃⌥⌘D</source>
-        <translation>Ctrl+Alt+Super+D</translation>
-    </message>
-    <message>
-        <source>Control, Alt, Super and D</source>
-        <translation>Contrôle, Alt, Super et D</translation>
-    </message>
-    <message>
-        <source>Show and hide</source>
-        <translation>Afficher et masquer</translation>
     </message>
     <message>
         <source>Screenshots</source>
@@ -194,6 +280,33 @@
     </message>
 </context>
 <context>
+    <name>nookle::ShelfActions</name>
+    <message>
+        <source>Undo Remove</source>
+        <translation>Annuler le retrait</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Remove Unpinned Items</source>
+        <translation>Retirer les éléments non épinglés</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Garder l’étagère ouverte</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Paramètres…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Quitter Nookle</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ShelfItemActions</name>
     <message>
         <source>Open</source>
@@ -218,6 +331,10 @@
     <message>
         <source>Remove</source>
         <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3, added %4)</source>
+        <translation>%1 (%2 sur %3, ajouté le %4)</translation>
     </message>
 </context>
 <context>
@@ -270,6 +387,36 @@
         <source>The shelf is full. Remove something large and try again.</source>
         <translation>L’étagère est pleine. Retirez un élément volumineux et réessayez.</translation>
     </message>
+    <message>
+        <source>Not in the Trash any more: %1</source>
+        <translation>N’est plus dans la corbeille&#xa0;: %1</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfView</name>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Faites glisser un élément vers le bord droit de l’écran et l’étagère apparaît toute seule.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShortcutRow</name>
+    <message>
+        <source>Ask Again</source>
+        <translation>Redemander</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Afficher et masquer</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Contrôle, Alt, Super et D</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>
@@ -295,6 +442,29 @@
     <message>
         <source>Shelf</source>
         <translation>Étagère</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::X11GlobalShortcuts</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Maj</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1.</source>
+        <translation>Un autre programme utilise peut-être %1.</translation>
     </message>
 </context>
 </TS>

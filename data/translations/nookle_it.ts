@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="it" sourcelanguage="en">
 <context>
+    <name>nookle::AboutRow</name>
+    <message>
+        <source>Version %1</source>
+        <translation>Versione %1</translation>
+    </message>
+    <message>
+        <source>Versions and services of this desktop, for a report. No names of files.</source>
+        <translation>Versioni e servizi di questo ambiente, per una segnalazione. Nessun nome di file.</translation>
+    </message>
+    <message>
+        <source>Copied</source>
+        <translation>Copiato</translation>
+    </message>
+    <message>
+        <source>Copy Diagnostics</source>
+        <translation>Copia la diagnostica</translation>
+    </message>
+</context>
+<context>
     <name>nookle::AppSettings</name>
     <message>
         <source>Never</source>
@@ -40,6 +59,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DataFolderRow</name>
+    <message>
+        <source>Open Folder</source>
+        <translation>Apri la cartella</translation>
+    </message>
+    <message>
+        <source>Files are kept in %1</source>
+        <translation>I file sono conservati in %1</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>
@@ -48,6 +78,10 @@
     <message>
         <source>The other program has saved nothing that can be added to the shelf.</source>
         <translation>L’altro programma non ha salvato nulla da aggiungere al ripiano.</translation>
+    </message>
+    <message>
+        <source>Nothing found that can be added to the shelf.</source>
+        <translation>Non è stato trovato nulla da aggiungere al ripiano.</translation>
     </message>
 </context>
 <context>
@@ -95,6 +129,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::KdeShortcuts</name>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>L’ambiente non ha ancora risposto.</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1. The desktop&apos;s settings can give the shortcut other keys.</source>
+        <translation>Forse un altro programma usa %1. Le impostazioni dell’ambiente possono dare altri tasti alla scorciatoia.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::LoginItemSection</name>
     <message>
         <source>General</source>
@@ -114,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::NullBackend</name>
+    <message>
+        <source>The shelf cannot be shown in this session</source>
+        <translation>Il ripiano non può essere mostrato in questa sessione</translation>
+    </message>
+</context>
+<context>
     <name>nookle::PinButton</name>
     <message>
         <source>Allow Shelf to Hide</source>
@@ -125,10 +177,56 @@
     </message>
 </context>
 <context>
+    <name>nookle::PortalShortcuts</name>
+    <message>
+        <source>The desktop does not answer.</source>
+        <translation>L’ambiente non risponde.</translation>
+    </message>
+    <message>
+        <source>The desktop has not answered yet.</source>
+        <translation>L’ambiente non ha ancora risposto.</translation>
+    </message>
+    <message>
+        <source>The desktop gives shortcuts only to programs that are installed. It does not find %1.</source>
+        <translation>L’ambiente dà scorciatoie solo ai programmi installati. Non trova %1.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Hai rifiutato la scorciatoia.</translation>
+    </message>
+    <message>
+        <source>The desktop has bound no keys.</source>
+        <translation>L’ambiente non ha assegnato alcun tasto.</translation>
+    </message>
+    <message>
+        <source>The desktop does not say which keys are bound.</source>
+        <translation>L’ambiente non dice quali tasti sono assegnati.</translation>
+    </message>
+    <message>
+        <source>The desktop has ended the shortcut.</source>
+        <translation>L’ambiente ha chiuso la scorciatoia.</translation>
+    </message>
+    <message>
+        <source>The desktop&apos;s service for shortcuts has ended.</source>
+        <translation>Il servizio delle scorciatoie dell’ambiente è terminato.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
         <translation>Non è stato trovato nulla da aggiungere al ripiano.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::SessionShortcuts</name>
+    <message>
+        <source>You have declined the shortcut.</source>
+        <translation>Hai rifiutato la scorciatoia.</translation>
+    </message>
+    <message>
+        <source>In the desktop&apos;s settings, keys can be bound to this command: %1</source>
+        <translation>Nelle impostazioni dell’ambiente si possono assegnare tasti a questo comando: %1</translation>
     </message>
 </context>
 <context>
@@ -152,18 +250,6 @@
     <message>
         <source>Pinned items always stay. Copies such as images go to the Trash.</source>
         <translation>Gli elementi fissati restano sempre. Le copie, come le immagini, vanno nel cestino.</translation>
-    </message>
-    <message>
-        <source>⌃⌥⌘D</source>
-        <translation>Ctrl+Alt+Super+D</translation>
-    </message>
-    <message>
-        <source>Control, Alt, Super and D</source>
-        <translation>Control, Alt, Super e D</translation>
-    </message>
-    <message>
-        <source>Show and hide</source>
-        <translation>Mostra e nascondi</translation>
     </message>
     <message>
         <source>Screenshots</source>
@@ -194,6 +280,33 @@
     </message>
 </context>
 <context>
+    <name>nookle::ShelfActions</name>
+    <message>
+        <source>Undo Remove</source>
+        <translation>Annulla la rimozione</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Incolla</translation>
+    </message>
+    <message>
+        <source>Remove Unpinned Items</source>
+        <translation>Rimuovi gli elementi non fissati</translation>
+    </message>
+    <message>
+        <source>Keep Shelf Open</source>
+        <translation>Mantieni aperto il ripiano</translation>
+    </message>
+    <message>
+        <source>Settings…</source>
+        <translation>Impostazioni…</translation>
+    </message>
+    <message>
+        <source>Quit Nookle</source>
+        <translation>Esci da Nookle</translation>
+    </message>
+</context>
+<context>
     <name>nookle::ShelfItemActions</name>
     <message>
         <source>Open</source>
@@ -218,6 +331,10 @@
     <message>
         <source>Remove</source>
         <translation>Rimuovi</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3, added %4)</source>
+        <translation>%1 (%2 di %3, aggiunto il %4)</translation>
     </message>
 </context>
 <context>
@@ -270,6 +387,36 @@
         <source>The shelf is full. Remove something large and try again.</source>
         <translation>Il ripiano è pieno. Rimuovi qualcosa di grande e riprova.</translation>
     </message>
+    <message>
+        <source>Not in the Trash any more: %1</source>
+        <translation>Non è più nel cestino: %1</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfView</name>
+    <message>
+        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <translation>Trascina qualcosa verso il bordo destro dello schermo e il ripiano compare da solo.</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShortcutRow</name>
+    <message>
+        <source>Ask Again</source>
+        <translation>Chiedi di nuovo</translation>
+    </message>
+    <message>
+        <source>Show and hide</source>
+        <translation>Mostra e nascondi</translation>
+    </message>
+    <message>
+        <source>⌃⌥⌘D</source>
+        <translation>Ctrl+Alt+Super+D</translation>
+    </message>
+    <message>
+        <source>Control, Alt, Super and D</source>
+        <translation>Control, Alt, Super e D</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>
@@ -295,6 +442,29 @@
     <message>
         <source>Shelf</source>
         <translation>Ripiano</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::X11GlobalShortcuts</name>
+    <message>
+        <source>Ctrl</source>
+        <translation>Ctrl</translation>
+    </message>
+    <message>
+        <source>Alt</source>
+        <translation>Alt</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Maiusc</translation>
+    </message>
+    <message>
+        <source>Super</source>
+        <translation>Super</translation>
+    </message>
+    <message>
+        <source>Another program may hold %1.</source>
+        <translation>Forse un altro programma usa %1.</translation>
     </message>
 </context>
 </TS>

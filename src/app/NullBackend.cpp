@@ -42,7 +42,8 @@ public:
 
 class NoShortcuts final : public GlobalShortcuts {
 public:
-    [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination /*keys*/, const QString& /*description*/,
+    [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination /*keys*/,
+                                                                const QString& /*description*/,
                                                                 std::function<void()> /*pressed*/) override
     {
         return nullptr;
@@ -50,7 +51,7 @@ public:
     [[nodiscard]] QString boundKeys() const override { return {}; }
     [[nodiscard]] QString obstacle() const override
     {
-        return QCoreApplication::translate("NullBackend", "The shelf cannot be shown in this session");
+        return QCoreApplication::translate("nookle::NullBackend", "The shelf cannot be shown in this session");
     }
     [[nodiscard]] bool canAskAgain() const override { return false; }
     void askAgain() override {}

@@ -20,7 +20,7 @@ namespace nookle {
 /// service; where neither does, one log line names the command to which the user may bind keys. A "no" of the user is
 /// kept in the settings, and the user is not asked again at the next start.
 class SessionShortcuts final : public GlobalShortcuts {
-    Q_DECLARE_TR_FUNCTIONS(SessionShortcuts)
+    Q_DECLARE_TR_FUNCTIONS(nookle::SessionShortcuts)
 
 public:
     SessionShortcuts();

@@ -98,8 +98,10 @@ void CatalogueTest::initTestCase()
     QCOMPARE(collect.readAll(), QByteArray());
     const auto messages = readCatalogue(path);
     QVERIFY(messages && messages->size() > 50);
-    for (const CatalogueMessage& message : *messages)
+    for (const CatalogueMessage& message : *messages) {
+        QVERIFY2(message.context.startsWith(QLatin1String("nookle::")), qPrintable(message.name()));
         m_names.append(message.name());
+    }
     m_names.sort();
 }
 

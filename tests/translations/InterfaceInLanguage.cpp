@@ -8,10 +8,16 @@ namespace nookle {
 
 InterfaceInLanguage::InterfaceInLanguage(const QString& language, LanguageInUse::MissingLetters missingLetters)
     : m_language(language, missingLetters)
-    , m_controller(m_settings, m_loginItem, [] { return QUrl(QStringLiteral("file:///home/me/Pictures/Shots")); })
+    , m_controller(
+          m_settings, m_loginItem, m_shortcuts, [] { return QUrl(QStringLiteral("file:///home/me/Pictures/Shots")); },
+          { QUrl(QStringLiteral("file:///home/me/.local/share/Nookle")), [](const QUrl&) {} }, [] {})
 {
     m_loginItem.current = LoginItem::Status::requiresApproval;
+    m_shortcuts.reason = QStringLiteral("123");
+    m_shortcuts.mayBeAsked = true;
     m_controller.show();
+    // A button has got its text only now.
+    QCoreApplication::sendPostedEvents();
 
     m_full.store.addText(QStringLiteral("123"));
     m_full.store.addText(QStringLiteral("https://example.org/"));
@@ -26,7 +32,8 @@ InterfaceInLanguage::InterfaceInLanguage(const QString& language, LanguageInUse:
         if (action)
             m_itemMenu.addAction(action->title);
     }
-    for (QMenu* menu : { static_cast<QMenu*>(&m_statusMenu), &m_itemMenu })
+    m_panelMenu = m_full.view.makeMenu();
+    for (QMenu* menu : { static_cast<QMenu*>(&m_statusMenu), &m_itemMenu, m_panelMenu.get() })
         menu->resize(menu->sizeHint());
     // The tiles are made when the shelf is drawn.
     m_full.view.grab();
@@ -43,7 +50,7 @@ QWidget& InterfaceInLanguage::settings() const
 
 QList<QWidget*> InterfaceInLanguage::widgets()
 {
-    return { &settings(), &m_empty.view, &m_full.view, &m_statusMenu, &m_itemMenu };
+    return { &settings(), &m_empty.view, &m_full.view, &m_statusMenu, &m_itemMenu, m_panelMenu.get() };
 }
 
 void prepareDesktopFont()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppSettings.h"
+#include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
 #include "LanguageInUse.h"
@@ -12,6 +13,8 @@
 #include <QList>
 #include <QMenu>
 #include <QString>
+
+#include <memory>
 
 namespace nookle {
 
@@ -29,12 +32,14 @@ private:
     FakeUserDefaults m_defaults;
     AppSettings m_settings{ m_defaults };
     FakeLoginItem m_loginItem;
+    FakeGlobalShortcuts m_shortcuts;
     SettingsWindowController m_controller;
     ShelfFixture m_empty;
     ShelfFixture m_full;
     PanelPinning m_pinning{ m_defaults };
     StatusMenu m_statusMenu{ m_pinning };
     QMenu m_itemMenu;
+    std::unique_ptr<QMenu> m_panelMenu;
 };
 
 /// The font of a desktop, in a size in which its letters are wider than those of other desktops' fonts are in theirs.
