@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>اسحب شيئًا إلى الحافة اليمنى للشاشة فينزلق الرف تلقائيًا.</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>اسحب شيئًا إلى الحافة اليمنى للشاشة فينزلق الرف.</translation>
     </message>
 </context>
 <context>

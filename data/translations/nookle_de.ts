@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Ziehen Sie etwas an den rechten Rand des Bildschirms, und die Ablage erscheint von selbst.</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>Ziehen Sie etwas an den rechten Rand des Bildschirms, und die Ablage erscheint.</translation>
     </message>
 </context>
 <context>

@@ -395,7 +395,7 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Arrastre algo al borde derecho de la pantalla y el estante aparecerá solo.</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>Arrastre algo al borde derecho de la pantalla y el estante aparecerá.</translation>
     </message>
 </context>
 <context>

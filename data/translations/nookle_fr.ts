@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Faites glisser un élément vers le bord droit de l’écran et l’étagère apparaît toute seule.</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>Faites glisser un élément vers le bord droit de l’écran et l’étagère apparaît.</translation>
     </message>
 </context>
 <context>

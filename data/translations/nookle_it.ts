@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Trascina qualcosa verso il bordo destro dello schermo e il ripiano compare da solo.</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>Trascina qualcosa verso il bordo destro dello schermo e il ripiano compare.</translation>
     </message>
 </context>
 <context>

@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>何かを画面の右端までドラッグすると、シェルフが自動的に現れます。</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>何かを画面の右端までドラッグすると、シェルフが現れます。</translation>
     </message>
 </context>
 <context>

@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Przeciągnij coś do prawej krawędzi ekranu, a półka sama się wysunie.</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>Przeciągnij coś do prawej krawędzi ekranu, a półka się wysunie.</translation>
     </message>
 </context>
 <context>

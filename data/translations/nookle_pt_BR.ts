@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>Arraste algo até a borda direita da tela e a prateleira aparece sozinha.</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>Arraste algo até a borda direita da tela e a prateleira aparece.</translation>
     </message>
 </context>
 <context>

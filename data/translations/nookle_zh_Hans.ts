@@ -395,8 +395,8 @@
 <context>
     <name>nookle::ShelfView</name>
     <message>
-        <source>Drag something to the right edge of the screen and the shelf slides in automatically.</source>
-        <translation>将内容拖动到屏幕右边缘，暂存架会自动滑出。</translation>
+        <source>Drag something to the right edge of the screen and the shelf slides in.</source>
+        <translation>将内容拖动到屏幕右边缘，暂存架就会滑出。</translation>
     </message>
 </context>
 <context>

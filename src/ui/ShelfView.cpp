@@ -396,7 +396,7 @@ std::unique_ptr<QMenu> ShelfView::makeMenu() const
 
 void ShelfView::introduce()
 {
-    m_emptyState->showHint(tr("Drag something to the right edge of the screen and the shelf slides in automatically."));
+    m_emptyState->showHint(tr("Drag something to the right edge of the screen and the shelf slides in."));
 }
 
 void ShelfView::beginKeys()

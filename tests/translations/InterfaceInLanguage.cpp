@@ -19,6 +19,7 @@ InterfaceInLanguage::InterfaceInLanguage(const QString& language, LanguageInUse:
     // A button has got its text only now.
     QCoreApplication::sendPostedEvents();
 
+    m_empty.view.introduce();
     m_full.store.addText(QStringLiteral("123"));
     m_full.store.addText(QStringLiteral("https://example.org/"));
     (void)m_full.addImage();

@@ -2,7 +2,6 @@
 
 #include "DescriptionLabel.h"
 #include "FileUrl.h"
-#include "PlainText.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -18,7 +17,8 @@ DataFolderRow::DataFolderRow(Folder folder)
     , m_button(new QPushButton(tr("Open Folder")))
 {
     auto* place = new DescriptionLabel(*m_button);
-    place->setDescription(tr("Files are kept in %1").arg(shownText(QFile::decodeName(filePath(m_folder.url)))));
+    const QString path = QFile::decodeName(filePath(m_folder.url));
+    place->setDescription(tr("Files are kept in %1").arg(DescriptionLabel::shownPath(path)));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->addWidget(place, 1);

@@ -1,6 +1,9 @@
 #include "DescriptionLabel.h"
 
+#include "PlainText.h"
+
 #include <QCheckBox>
+#include <QGuiApplication>
 #include <QStyle>
 
 namespace nookle {
@@ -38,6 +41,14 @@ void DescriptionLabel::setDescription(const QString& text)
 {
     setText(breakable(text));
     m_control.setAccessibleDescription(text);
+}
+
+QString DescriptionLabel::shownPath(const QString& path)
+{
+    constexpr QChar leftToRightIsolate(0x2066);
+    constexpr QChar endOfIsolate(0x2069);
+    const QString shown = shownText(path);
+    return QGuiApplication::isRightToLeft() ? QString(leftToRightIsolate + shown + endOfIsolate) : shown;
 }
 
 } // namespace nookle

@@ -16,6 +16,10 @@ public:
     /// Shows `text` as plain text. A path that is too long for the line is broken at its slashes.
     void setDescription(const QString& text);
 
+    /// A path as a part of a description: as it is shown, and in its order within a text that is written from right to
+    /// left.
+    [[nodiscard]] static QString shownPath(const QString& path);
+
 private:
     QWidget& m_control;
 };

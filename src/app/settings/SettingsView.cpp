@@ -3,7 +3,6 @@
 #include "DescriptionLabel.h"
 #include "FileUrl.h"
 #include "LoginItemSection.h"
-#include "PlainText.h"
 #include "ShortcutRow.h"
 
 #include <QCheckBox>
@@ -27,14 +26,6 @@ inline constexpr int formWidth = 440;
     auto* label = new QLabel(text);
     label->setTextFormat(Qt::PlainText);
     return label;
-}
-
-/// Keeps a path in its order within a text that is written from right to left.
-[[nodiscard]] QString isolated(const QString& path)
-{
-    constexpr QChar leftToRightIsolate(0x2066);
-    constexpr QChar endOfIsolate(0x2069);
-    return QString(leftToRightIsolate + path + endOfIsolate);
 }
 
 [[nodiscard]] QHBoxLayout* makeRow(QLabel* title, QWidget* value)
@@ -148,8 +139,8 @@ void SettingsView::showEvent(QShowEvent* event)
 
 void SettingsView::showScreenshotFolder()
 {
-    const QString folder = shownText(QFile::decodeName(filePath(m_screenshotDirectory())));
-    m_screenshotFolder->setDescription(QString(tr("Folder: ") + (isRightToLeft() ? isolated(folder) : folder)));
+    const QString folder = QFile::decodeName(filePath(m_screenshotDirectory()));
+    m_screenshotFolder->setDescription(QString(tr("Folder: ") + DescriptionLabel::shownPath(folder)));
 }
 
 } // namespace nookle
