@@ -118,9 +118,14 @@ bool SessionShortcuts::canAskAgain() const
 
 void SessionShortcuts::askAgain()
 {
-    if (m_settings->boolean(declinedKey()))
-        m_settings->set(false, declinedKey());
+    setDeclined(false);
     bind();
+}
+
+void SessionShortcuts::setDeclined(bool isDeclined)
+{
+    if (m_settings->boolean(declinedKey()) != isDeclined)
+        m_settings->set(isDeclined, declinedKey());
 }
 
 void SessionShortcuts::portalChanged()
@@ -131,10 +136,11 @@ void SessionShortcuts::portalChanged()
         break;
     case State::bound:
         m_kde.release();
+        setDeclined(false);
         break;
     case State::declined:
         m_kde.release();
-        m_settings->set(true, declinedKey());
+        setDeclined(true);
         break;
     case State::absent:
         m_kde.bind(shortcuts());

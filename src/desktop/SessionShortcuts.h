@@ -48,6 +48,7 @@ private:
     void bindSoon();
     void bind();
     [[nodiscard]] QList<Shortcut> shortcuts() const;
+    void setDeclined(bool isDeclined);
     void portalChanged();
     void kdeChanged();
     void showAbsence();

@@ -92,6 +92,7 @@ public:
     /// Otherwise the request stays open.
     bool answersSession = true;
     bool answersBinding = true;
+    bool refusesBinding = false;
     uint bindResponse = 0;
     QVariantMap bindResults{ { QStringLiteral("shortcuts"),
                                QVariant::fromValue(
@@ -136,7 +137,7 @@ private:
 
     void request(const QDBusMessage& message)
     {
-        if (!hasShortcuts) {
+        if (!hasShortcuts || (refusesBinding && message.member() == QLatin1String("BindShortcuts"))) {
             m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, QStringLiteral("no such interface")));
             return;
         }

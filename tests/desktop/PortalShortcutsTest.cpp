@@ -30,6 +30,7 @@ private Q_SLOTS:
     void thePressOfAnotherSessionDoesNot();
     void otherKeysOfTheUserAreTold();
     void aNoEndsTheSession();
+    void aRefusalIsNoAnswerOfTheUser();
     void aFailureIsNoneIfTheKeysAreListed();
     void aFailureIsNoneIfTheKeysWork();
     void anAnswerOfAnotherShapeIsNoAnswer();
@@ -186,6 +187,15 @@ void PortalShortcutsTest::aNoEndsTheSession()
     QTRY_COMPARE(m_portal->closed, QStringList{ m_portal->session });
 }
 
+void PortalShortcutsTest::aRefusalIsNoAnswerOfTheUser()
+{
+    startPortal();
+    m_portal->refusesBinding = true;
+    bind();
+    QTRY_COMPARE(state(), State::unbound);
+    QVERIFY(!m_shortcuts->status().obstacle.isEmpty());
+}
+
 void PortalShortcutsTest::aFailureIsNoneIfTheKeysAreListed()
 {
     startPortal();
@@ -202,7 +212,7 @@ void PortalShortcutsTest::aFailureIsNoneIfTheKeysWork()
     m_portal->bindResponse = 2;
     m_portal->bindResults.clear();
     bind();
-    QTRY_COMPARE(state(), State::unbound);
+    QTRY_COMPARE(state(), State::declined);
     QVERIFY(!m_shortcuts->status().obstacle.isEmpty());
     m_portal->press(m_portal->session, QStringLiteral("toggle"));
     QTRY_COMPARE(m_pressed.size(), 1);
@@ -217,7 +227,7 @@ void PortalShortcutsTest::anAnswerOfAnotherShapeIsNoAnswer()
     m_portal->bindResults = { { QStringLiteral("shortcuts"), QStringLiteral("toggle") } };
     m_portal->listResults = { { QStringLiteral("shortcuts"), QStringList{ QStringLiteral("toggle") } } };
     bind();
-    QTRY_COMPARE(state(), State::unbound);
+    QTRY_COMPARE(state(), State::declined);
 }
 
 void PortalShortcutsTest::withoutAPortalThereAreNoShortcuts()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void withoutEitherTheCommandIsNamedOnce();
     void theReasonOfThePortalIsKept();
     void aNoIsRemembered();
+    void keysThatWorkAreNotDeclined();
     void theUserCanBeAskedAgain();
     void kdesServiceIsNotUsedAfterANo();
     void aPortalThatComesLateReplacesNothing();
@@ -204,6 +205,20 @@ void SessionShortcutsTest::aNoIsRemembered()
     QVERIFY(m_portal->calls.isEmpty());
     QVERIFY(!m_shortcuts->obstacle().isEmpty());
     QVERIFY(m_shortcuts->canAskAgain());
+}
+
+void SessionShortcutsTest::keysThatWorkAreNotDeclined()
+{
+    startPortal();
+    m_portal->bindResponse = 2;
+    m_portal->bindResults.clear();
+    registerToggle();
+    QTRY_VERIFY(isDeclined());
+    QVERIFY(m_shortcuts->canAskAgain());
+    m_portal->press(m_portal->session, first());
+    QTRY_COMPARE(m_presses, 1);
+    QVERIFY(!isDeclined());
+    QVERIFY(!m_shortcuts->canAskAgain());
 }
 
 void SessionShortcutsTest::theUserCanBeAskedAgain()

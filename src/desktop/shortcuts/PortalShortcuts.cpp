@@ -216,24 +216,26 @@ void PortalShortcuts::bindShortcuts()
     const QVariantList arguments{ QVariant::fromValue(QDBusObjectPath(m_session)),
                                   QVariant::fromValue(wanted(m_shortcuts)), noParentWindow };
     const auto answered = [this](PortalRequest::Outcome outcome, const QVariantMap& results) {
-        if (outcome == PortalRequest::Outcome::declined) {
+        if (outcome == PortalRequest::Outcome::refused) {
+            setState(State::unbound, tr("The desktop has refused the shortcut."));
+        } else if (outcome == PortalRequest::Outcome::declined) {
             closeSession();
             setState(State::declined, tr("You have declined the shortcut."));
-            return;
-        }
-        if (!takeKeys(boundShortcuts(results)))
+        } else if (!takeKeys(boundShortcuts(results))) {
             listAfterFailure();
+        }
     };
     m_request =
         std::make_unique<PortalRequest>(m_bus, QStringLiteral("BindShortcuts"), arguments, QVariantMap(), answered);
 }
 
-// Some portals report a failure although they have bound the shortcut.
+// Some portals report a failure although they have bound the shortcut. GNOME's reports one when the user has declined,
+// and would ask at each start. The session stays open, for keys that work all the same.
 void PortalShortcuts::listAfterFailure()
 {
     listShortcuts([this](const PortalShortcutList& bound) {
         if (!takeKeys(bound))
-            setState(State::unbound, tr("The desktop has bound no keys."));
+            setState(State::declined, tr("You have declined the shortcut, or the desktop could not bind it."));
     });
 }
 

@@ -12,7 +12,7 @@ struct ShortcutStatus {
         bound,
         /// The service works, but has bound nothing.
         unbound,
-        /// The user does not want the shortcuts.
+        /// The user does not want the shortcuts, as far as the service tells.
         declined,
         /// The service does not run, or is of no use to this program.
         absent,
