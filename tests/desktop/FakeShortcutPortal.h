@@ -6,6 +6,7 @@
 #include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusObjectPath>
+#include <QDBusVariant>
 #include <QDBusVirtualObject>
 #include <QStringList>
 
@@ -45,6 +46,8 @@ public:
             registerProgram(message);
         else if (message.interface() == QLatin1String("org.freedesktop.portal.GlobalShortcuts"))
             request(message);
+        else if (message.member() == QLatin1String("Get"))
+            sendVersion(message);
         else if (message.member() == QLatin1String("Close"))
             closed.append(message.path());
         return true;
@@ -133,6 +136,13 @@ private:
                 message.createErrorReply(QStringLiteral("org.freedesktop.portal.Error.Failed"), registryRefusal));
         else
             m_bus.send(message.createReply());
+    }
+
+    void sendVersion(const QDBusMessage& message)
+    {
+        const QDBusVariant version(1U);
+        m_bus.send(hasShortcuts ? message.createReply(QVariant::fromValue(version))
+                                : message.createErrorReply(QDBusError::InvalidArgs, QStringLiteral("no interface")));
     }
 
     void request(const QDBusMessage& message)

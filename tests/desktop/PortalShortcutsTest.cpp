@@ -38,6 +38,7 @@ private Q_SLOTS:
     void aPortalWithoutShortcutsIsAbsent();
     void anOlderPortalNeedsNoName();
     void aProgramThatIsNotInstalledIsTold();
+    void aPortalWithoutShortcutsNeedsNoInstallation();
     void aSilentPortalIsGivenUpAndItsLateAnswerIsTaken();
     void aPortalThatStartsLaterIsAsked();
     void aPortalThatRestartsIsAskedAnew();
@@ -262,7 +263,20 @@ void PortalShortcutsTest::aProgramThatIsNotInstalledIsTold()
     QTRY_COMPARE(state(), State::absent);
     QVERIFY(m_shortcuts->status().obstacle.contains(QLatin1String("org.nookle.Nookle.desktop")));
     QCOMPARE(log.lines().size(), 1);
-    QCOMPARE(m_portal->calls, QStringList{ QStringLiteral("Register") });
+    QVERIFY(!m_portal->calls.contains(QStringLiteral("CreateSession")));
+}
+
+void PortalShortcutsTest::aPortalWithoutShortcutsNeedsNoInstallation()
+{
+    startPortal();
+    m_portal->registryRefusal = QStringLiteral("App info not found");
+    m_portal->hasShortcuts = false;
+    const CapturedLog log;
+    bind();
+    QTRY_COMPARE(state(), State::absent);
+    QCOMPARE(m_shortcuts->status().obstacle, QString());
+    QVERIFY(log.lines().isEmpty());
+    QCOMPARE(m_queue->waitingTasks(), 0);
 }
 
 void PortalShortcutsTest::aSilentPortalIsGivenUpAndItsLateAnswerIsTaken()

@@ -1,17 +1,14 @@
 #include "PortalShortcuts.h"
 
-#include "Log.h"
 #include "MainQueue.h"
 #include "PortalNames.h"
 
-#include <QDBusError>
 #include <QDBusObjectPath>
 #include <QDBusServiceWatcher>
 #include <QKeySequence>
 #include <QStringList>
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <utility>
 
@@ -19,28 +16,9 @@ namespace nookle {
 
 namespace {
 
-/// The name of the program's desktop file, without its ending.
-[[nodiscard]] QString programId()
-{
-    return QStringLiteral("org.nookle.Nookle");
-}
-
 [[nodiscard]] QString sessionInterface()
 {
     return QStringLiteral("org.freedesktop.portal.Session");
-}
-
-/// Older portals cannot be told who calls: they find out by themselves, as far as they can.
-[[nodiscard]] bool knowsNoRegistry(QDBusError::ErrorType error)
-{
-    return error == QDBusError::UnknownMethod || error == QDBusError::UnknownInterface
-        || error == QDBusError::UnknownObject;
-}
-
-/// The portal's own errors: it runs, and refuses.
-[[nodiscard]] bool isRefusal(const QDBusError& error)
-{
-    return error.name().startsWith(QLatin1String("org.freedesktop.portal.Error."));
 }
 
 /// The keys in the notation of the portal.
@@ -141,7 +119,7 @@ void PortalShortcuts::start()
     m_isLost = false;
     m_patience = m_queue.after(patience, [this] { setState(State::absent, tr("The desktop does not answer.")); });
     setState(State::asking, tr("The desktop has not answered yet."));
-    if (m_isRegistered)
+    if (m_isAccepted)
         createSession();
     else
         registerProgram();
@@ -149,33 +127,22 @@ void PortalShortcuts::start()
 
 void PortalShortcuts::registerProgram()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(portalService(), portalPath(),
-                                                       QStringLiteral("org.freedesktop.host.portal.Registry"),
-                                                       QStringLiteral("Register"));
-    call << programId() << QVariantMap();
-    m_registration = std::make_unique<QDBusPendingCallWatcher>(m_bus.asyncCall(call, std::numeric_limits<int>::max()));
-    connect(m_registration.get(), &QDBusPendingCallWatcher::finished, this, &PortalShortcuts::programRegistered);
+    m_registration = std::make_unique<PortalRegistration>(m_bus, [this](PortalRegistration::Outcome outcome) {
+        m_isAccepted = outcome == PortalRegistration::Outcome::accepted;
+        if (m_isAccepted) {
+            createSession();
+            return;
+        }
+        m_patience.reset();
+        const bool isInstalled = outcome != PortalRegistration::Outcome::notInstalled;
+        setState(State::absent, isInstalled ? QString() : notInstalled());
+    });
 }
 
-void PortalShortcuts::programRegistered()
+QString PortalShortcuts::notInstalled()
 {
-    // Not deleted in its own signal.
-    m_registration->deleteLater();
-    const QDBusError error = m_registration.release()->error();
-    m_isRegistered = !error.isValid();
-    if (m_isRegistered || knowsNoRegistry(error.type())) {
-        createSession();
-        return;
-    }
-    m_patience.reset();
-    if (!isRefusal(error)) {
-        setState(State::absent, {});
-        return;
-    }
-    logLine(QStringLiteral("the desktop does not accept the program as %1: %2").arg(programId(), error.message()));
-    setState(State::absent,
-             tr("The desktop gives shortcuts only to programs that are installed. It does not find %1.")
-                 .arg(QString(programId() + QStringLiteral(".desktop"))));
+    return tr("The desktop gives shortcuts only to programs that are installed. It does not find %1.")
+        .arg(QString(PortalRegistration::programId() + QStringLiteral(".desktop")));
 }
 
 void PortalShortcuts::createSession()
@@ -303,7 +270,7 @@ void PortalShortcuts::sessionClosed(const QDBusMessage& signal)
 
 void PortalShortcuts::ownerChanged(const QString& before, const QString& now)
 {
-    m_isRegistered = false;
+    m_isAccepted = false;
     if (!before.isEmpty())
         loseService();
     // A portal that was started for a request of this object is answering that.

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "Cancellable.h"
+#include "PortalRegistration.h"
 #include "PortalRequest.h"
 #include "PortalShortcut.h"
 #include "ShortcutService.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QList>
 
 #include <functional>
@@ -46,7 +46,6 @@ private:
     void ownerChanged(const QString& before, const QString& now);
     void start();
     void registerProgram();
-    void programRegistered();
     void createSession();
     void enterSession(const QString& session);
     void bindShortcuts();
@@ -56,6 +55,7 @@ private:
     [[nodiscard]] bool areAllIn(const PortalShortcutList& bound) const;
     /// Takes the keys of the first shortcut. False if it is not bound.
     bool takeKeys(const PortalShortcutList& bound);
+    [[nodiscard]] static QString notInstalled();
     [[nodiscard]] static QString unknownKeys();
     void setState(State state, const QString& obstacle);
     void loseService();
@@ -67,11 +67,11 @@ private:
     MainQueue& m_queue;
     QList<Shortcut> m_shortcuts;
     /// Whether the running portal knows this program.
-    bool m_isRegistered = false;
+    bool m_isAccepted = false;
     bool m_isLost = false;
     /// The session's object in the portal; empty without a session.
     QString m_session;
-    std::unique_ptr<QDBusPendingCallWatcher> m_registration;
+    std::unique_ptr<PortalRegistration> m_registration;
     std::unique_ptr<PortalRequest> m_request;
     std::unique_ptr<Cancellable> m_patience;
     std::unique_ptr<Cancellable> m_restart;
