@@ -29,6 +29,7 @@ private Q_SLOTS:
     void aChangeInTheSettingsIsTold();
     void keysThatAnotherProgramHoldsAreTold();
     void releasingKeepsTheChoiceOfTheUser();
+    void whatIsReleasedBeforeTheAnswerIsNotRegistered();
     void anotherShortcutReplacesTheFormerOne();
     void aProgramThatWasRemovedIsForgotten();
     void withoutTheServiceThereAreNoShortcuts();
@@ -177,6 +178,16 @@ void KdeShortcutsTest::releasingKeepsTheChoiceOfTheUser()
     QVERIFY(m_service->actions.contains(toggle()));
     QVERIFY(!m_service->actions.value(toggle()).isActive);
     QVERIFY(m_service->unregistered.isEmpty());
+}
+
+void KdeShortcutsTest::whatIsReleasedBeforeTheAnswerIsNotRegistered()
+{
+    startService();
+    bind();
+    m_shortcuts->release();
+    settleAll();
+    QVERIFY(m_service->calls.contains(QStringLiteral("defaultShortcutKeys")));
+    QVERIFY(!m_service->calls.contains(QStringLiteral("setShortcutKeys")));
 }
 
 void KdeShortcutsTest::anotherShortcutReplacesTheFormerOne()
