@@ -5,6 +5,7 @@
 #include "DropPayload.h"
 #include "DropSave.h"
 #include "DropText.h"
+#include "ImageType.h"
 
 #include <QStringList>
 
@@ -47,6 +48,12 @@ namespace {
         || transferFormats().contains(format);
 }
 
+/// Bytes that are not delivered yet may be any.
+[[nodiscard]] bool mayBeImage(const QByteArray& bytes)
+{
+    return bytes.isEmpty() || imageType(bytes);
+}
+
 } // namespace
 
 bool offersDropItems(const DropPayload& payload)
@@ -59,17 +66,13 @@ bool canTakeDrop(const DropPayload& payload)
 {
     const QStringList formats = payload.formats();
     const bool isSure = canSaveDrop(payload) || std::any_of(formats.begin(), formats.end(), [](const QString& format) {
-                            return isNamedImageFormat(format) || transferFormats().contains(format);
+                            return isItemFormat(format) && !isUnnamedFormat(format);
                         });
     if (isSure)
         return true;
-    if (!offersDropItems(payload))
-        return false;
-    const auto text = loadDropText(payload);
-    if ((text && !text->trimmed().isEmpty()) || !loadDropAddresses(payload).empty() || loadDropImage(payload))
-        return true;
-    return std::none_of(formats.begin(), formats.end(),
-                        [&](const QString& format) { return isItemFormat(format) && !payload.data(format).isEmpty(); });
+    return std::any_of(formats.begin(), formats.end(), [&](const QString& format) {
+        return isUnnamedFormat(format) && mayBeImage(payload.data(format));
+    });
 }
 
 CapturedDrop captureDrop(const DropPayload& payload)

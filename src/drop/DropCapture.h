@@ -25,8 +25,8 @@ struct CapturedDrop {
 /// Whether a drag offers anything that the shelf takes. Reads only the names of the formats.
 [[nodiscard]] bool offersDropItems(const DropPayload& payload);
 
-/// Whether the shelf can take a drag that hovers over it. Where the names of the formats do not tell, as for an empty
-/// list of addresses, reads what they deliver. A source that delivers nothing yet may do so at the drop.
+/// Whether the shelf can take a drag that hovers over it. Reads the data only if all that is offered is bytes of an
+/// unknown kind, which may be an image: a slow source should not have to deliver anything twice.
 [[nodiscard]] bool canTakeDrop(const DropPayload& payload);
 
 /// Reads the data of the drop, but only the formats that the shelf needs.

@@ -20,9 +20,9 @@ namespace {
     return format.section(QLatin1Char(';'), 0, 0).trimmed().toLower();
 }
 
-[[nodiscard]] bool isUnnamed(const QString& format)
+[[nodiscard]] bool isNamedImage(const QString& format)
 {
-    return typeOf(format) == QLatin1String("application/octet-stream");
+    return typeOf(format).startsWith(QLatin1String("image/"));
 }
 
 /// The preferred formats, the best one first.
@@ -66,7 +66,7 @@ namespace {
 [[nodiscard]] std::optional<DroppedImage> loadNamedImage(const DropPayload& payload)
 {
     QStringList formats = payload.formats();
-    formats.removeIf([](const QString& format) { return !isNamedImageFormat(format); });
+    formats.removeIf([](const QString& format) { return !isNamedImage(format); });
     std::stable_sort(formats.begin(), formats.end(),
                      [](const QString& left, const QString& right) { return rank(left) < rank(right); });
     for (const QString& format : std::as_const(formats)) {
@@ -81,7 +81,7 @@ namespace {
 [[nodiscard]] std::optional<DroppedImage> loadUnnamedImage(const DropPayload& payload)
 {
     const QStringList formats = payload.formats();
-    const auto format = std::find_if(formats.begin(), formats.end(), isUnnamed);
+    const auto format = std::find_if(formats.begin(), formats.end(), isUnnamedFormat);
     if (format == formats.end())
         return std::nullopt;
     QByteArray bytes = payload.data(*format);
@@ -93,14 +93,14 @@ namespace {
 
 } // namespace
 
-bool isNamedImageFormat(const QString& format)
+bool isUnnamedFormat(const QString& format)
 {
-    return typeOf(format).startsWith(QLatin1String("image/"));
+    return typeOf(format) == QLatin1String("application/octet-stream");
 }
 
 bool isImageFormat(const QString& format)
 {
-    return isNamedImageFormat(format) || isUnnamed(format);
+    return isNamedImage(format) || isUnnamedFormat(format);
 }
 
 std::optional<DroppedImage> loadDropImage(const DropPayload& payload)

@@ -10,8 +10,8 @@ namespace nookle {
 
 class DropPayload;
 
-/// Whether a format is an image type.
-[[nodiscard]] bool isNamedImageFormat(const QString& format);
+/// Whether a format carries bytes of a kind that the source does not name.
+[[nodiscard]] bool isUnnamedFormat(const QString& format);
 
 /// Whether a format is an image type, or "application/octet-stream", whose bytes may be an image.
 [[nodiscard]] bool isImageFormat(const QString& format);
