@@ -12,7 +12,8 @@ namespace nookle {
 
 namespace {
 
-inline constexpr double opacity = 0.32;
+inline constexpr double opacity = 0.28;
+inline constexpr int edgeLength = 8;
 inline constexpr double radiiToShadow = 2;
 inline constexpr std::uint8_t depth = 32;
 
@@ -44,7 +45,7 @@ inline constexpr std::uint8_t depth = 32;
 
 /// The upper left corner with a pixel of each adjoining edge. Nothing lies under the panel itself, which may be
 /// transparent.
-[[nodiscard]] QImage upperLeft(int cornerRadius)
+[[nodiscard]] QImage cornerPicture(int cornerRadius)
 {
     const int extent = extentFor(cornerRadius);
     const int side = extent + cornerRadius + 1;
@@ -100,22 +101,18 @@ void X11PanelShadow::makePictures(int cornerRadius)
 {
     freePictures();
     m_cornerRadius = cornerRadius;
-    const QImage corner = upperLeft(cornerRadius);
+    const QImage corner = cornerPicture(cornerRadius);
     const int last = corner.width() - 1;
     const int extent = extentFor(cornerRadius);
-    const QImage above = corner.copy(last, 0, 1, extent);
-    const QImage left = corner.copy(0, last, extent, 1);
-    const QImage cornerAlone = corner.copy(0, 0, last, last);
-    m_pictures = {
-        upload(above),
-        upload(nothing()),
-        upload(nothing()),
-        upload(nothing()),
-        upload(above.mirrored(false, true)),
-        upload(cornerAlone.mirrored(false, true)),
-        upload(left),
-        upload(cornerAlone),
-    };
+    // Of several pixels, because the compositing manager stretches them and mixes the pixels at their ends with others.
+    const QImage above = corner.copy(last, 0, 1, extent).scaled(edgeLength, extent);
+    const QImage below = above.mirrored(false, true);
+    const QImage left = corner.copy(0, last, extent, 1).scaled(extent, edgeLength);
+    const QImage upperLeft = corner.copy(0, 0, last, last);
+    const QImage lowerLeft = upperLeft.mirrored(false, true);
+    // At the screen's edge the shadow just goes on.
+    for (const QImage& picture : { above, above, nothing(), below, below, lowerLeft, left, upperLeft })
+        m_pictures.push_back(upload(picture));
 }
 
 void X11PanelShadow::freePictures()

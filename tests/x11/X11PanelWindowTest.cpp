@@ -308,8 +308,8 @@ void X11PanelWindowTest::thePanelDescribesItsShadowWhileItIsShown()
     // Above, upper right, right, lower right, below, lower left, left, upper left.
     const auto corner = static_cast<int>(extent + 12 * scale);
     const auto wide = static_cast<int>(extent);
-    const std::vector<QSize> sizes{ { 1, wide }, { 1, 1 },           { 1, 1 },    { 1, 1 },
-                                    { 1, wide }, { corner, corner }, { wide, 1 }, { corner, corner } };
+    const std::vector<QSize> sizes{ { 8, wide }, { 8, wide },        { 1, 1 },    { 8, wide },
+                                    { 8, wide }, { corner, corner }, { wide, 8 }, { corner, corner } };
     for (std::size_t part = 0; part < sizes.size(); ++part) {
         const auto geometry = owned(
             xcb_get_geometry_reply(m_connection.get(), xcb_get_geometry(m_connection.get(), numbers[part]), nullptr));
