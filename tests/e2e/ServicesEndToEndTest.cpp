@@ -3,6 +3,7 @@
 #include "PrivateDesktop.h"
 #include "Shelf.h"
 #include "Waiting.h"
+#include "WebServer.h"
 
 #include <QDir>
 #include <QFile>
@@ -75,6 +76,7 @@ private Q_SLOTS:
     void theActionGivesTheShelfTheFocusAndEscapeGivesItBack();
     void theFirstStartByHandIntroducesTheShelf();
     void aStartWithTheSessionShowsNothing();
+    void aBusThatDiesAfterALinkWasLookedUpLeavesTheShelfWorking();
 
 private:
     [[nodiscard]] QString uri(const QString& name) const
@@ -86,6 +88,9 @@ private:
         return waitFor([&] { return m_shelf->savedFileNames() == names; });
     }
     [[nodiscard]] QString savedText() const;
+    [[nodiscard]] QString savedTitle() const;
+    /// Lets the programs that start from now on keep GNOME's settings as they do on a user's desktop.
+    [[nodiscard]] bool useRealSettings();
 
     QTemporaryDir m_prefix;
     /// Makes the folder of the shelf, and holds it as a program of another session does.
@@ -138,6 +143,28 @@ QString ServicesEndToEndTest::savedText() const
         return {};
     const QJsonObject content = items.first().value(QLatin1String("content")).toObject();
     return content.value(QLatin1String("text")).toObject().value(QLatin1String("_0")).toString();
+}
+
+QString ServicesEndToEndTest::savedTitle() const
+{
+    const QList<QJsonObject> items = m_shelf->savedItems();
+    if (items.isEmpty())
+        return {};
+    const QJsonObject content = items.first().value(QLatin1String("content")).toObject();
+    return content.value(QLatin1String("link")).toObject().value(QLatin1String("title")).toString();
+}
+
+bool ServicesEndToEndTest::useRealSettings()
+{
+    m_desktop->writeFile(QStringLiteral("schemas/proxy.gschema.xml"),
+                         "<schemalist><schema id='org.gnome.system.proxy' path='/system/proxy/'>"
+                         "<key name='mode' type='s'><default>'none'</default></key></schema></schemalist>");
+    m_desktop->setVariable(QStringLiteral("GSETTINGS_SCHEMA_DIR"), m_desktop->home(QStringLiteral("schemas")));
+    m_desktop->setVariable(QStringLiteral("GSETTINGS_BACKEND"), QStringLiteral("dconf"));
+    m_desktop->setVariable(QStringLiteral("GIO_MODULE_DIR"), qEnvironmentVariable("NOOKLE_DCONF"));
+    const auto compiler =
+        m_desktop->start(QStringLiteral("glib-compile-schemas"), { m_desktop->home(QStringLiteral("schemas")) });
+    return compiler->waitForExit() == 0;
 }
 
 void ServicesEndToEndTest::aCallWithTwoFilesAddsBothAndShowsTheShelfForAMoment()
@@ -379,6 +406,22 @@ void ServicesEndToEndTest::aStartWithTheSessionShowsNothing()
     m_desktop->setVariable(QStringLiteral("NOOKLE_START"), QStringLiteral("login"));
     QVERIFY(m_shelf->start());
     QVERIFY(holdsFor([this] { return !m_shelf->panel(); }, 900));
+}
+
+void ServicesEndToEndTest::aBusThatDiesAfterALinkWasLookedUpLeavesTheShelfWorking()
+{
+    WebServer server;
+    QVERIFY(server.isRunning());
+    server.serve(QStringLiteral("/page"), "text/html", "<title>A page</title>");
+    QVERIFY(useRealSettings());
+    QVERIFY(m_shelf->start());
+    QCOMPARE(m_client->addToShelf({}, server.url(QStringLiteral("/page"))).type(), QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([this] { return savedTitle() == QLatin1String("A page"); }));
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
+    m_desktop->stopBus();
+    QVERIFY(holdsFor([this] { return m_shelf->isRunning(); }, 1000));
+    QCOMPARE(m_shelf->startAgain(), 0);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
 }
 
 QTEST_GUILESS_MAIN(ServicesEndToEndTest)

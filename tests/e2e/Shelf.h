@@ -28,6 +28,8 @@ public:
     /// code.
     [[nodiscard]] int startAgain(const QStringList& arguments = {});
 
+    [[nodiscard]] bool isRunning() const { return m_process->isRunning(); }
+
     /// Whether it ends by itself, as it should.
     [[nodiscard]] bool hasEnded();
 
