@@ -81,6 +81,8 @@ QString lastPathComponent(const QUrl& url)
 
 QString lastPathComponent(const QByteArray& path)
 {
+    if (path == "/")
+        return QStringLiteral("/");
     return QString::fromUtf8(QByteArrayView(path).sliced(path.lastIndexOf('/') + 1));
 }
 

@@ -22,7 +22,7 @@ namespace nookle {
 /// The path of the standardized URL; empty where `filePath` is empty.
 [[nodiscard]] QByteArray standardizedPath(const QUrl& fileUrl);
 
-/// The last component of the path, for display: bytes that are not UTF-8 are replaced.
+/// The last component of the path, for display: bytes that are not UTF-8 are replaced. "/" for the root folder.
 [[nodiscard]] QString lastPathComponent(const QUrl& fileUrl);
 
 /// The last component of a standardized path, for display.

@@ -140,7 +140,8 @@ void FileUrlTest::theLastComponentIsShownAsText_data()
     QTest::newRow("percent") << QByteArray("/a/50%25") << QStringLiteral("50%25");
     QTest::newRow("not UTF-8") << QByteArray("/a/\xff.txt") << QString(QChar(0xfffd) + QStringLiteral(".txt"));
     QTest::newRow("UTF-8") << QByteArray("/a/\xc3\xbc") << QStringLiteral("\u00fc");
-    QTest::newRow("root") << QByteArray("/") << QString();
+    QTest::newRow("root") << QByteArray("/") << QStringLiteral("/");
+    QTest::newRow("no file") << QByteArray() << QString();
 }
 
 void FileUrlTest::theLastComponentIsShownAsText()
