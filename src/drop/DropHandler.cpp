@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QList>
+#include <QSet>
 
 #include <filesystem>
 
@@ -18,6 +19,22 @@ void removeFolderOf(const QUrl& imageCopy)
 {
     std::error_code ignored;
     std::filesystem::remove_all(std::filesystem::path(filePath(imageCopy).toStdString()).parent_path(), ignored);
+}
+
+/// The files, each once, in the order of their first places: the store makes an item of every address that it is given.
+[[nodiscard]] QList<QUrl> eachOnce(const QList<QUrl>& files)
+{
+    QSet<QByteArray> seen;
+    seen.reserve(files.size());
+    QList<QUrl> found;
+    found.reserve(files.size());
+    for (const QUrl& file : files) {
+        const qsizetype before = seen.size();
+        seen.insert(standardizedPath(file));
+        if (seen.size() > before)
+            found.append(file);
+    }
+    return found;
 }
 
 } // namespace
@@ -43,7 +60,7 @@ public:
             m_store.addText(*item.text);
     }
 
-    void addFiles() { m_store.addFiles(m_files); }
+    void addFiles() { m_store.addFiles(eachOnce(m_files)); }
 
 private:
     void takeImage(const DroppedImage& image)
@@ -126,7 +143,7 @@ bool DropHandler::handleTransfer(const QByteArray& key, DropItems items)
     const auto shared = std::make_shared<DropItems>(std::move(items));
     m_transfers.retrieve(key, m_lifetime.guarded([this, shared](const std::optional<QList<QUrl>>& files) {
         if (files && !files->isEmpty())
-            m_store.addFiles(*files);
+            m_store.addFiles(eachOnce(*files));
         else
             handleDrop(std::move(*shared));
     }));

@@ -27,6 +27,8 @@ private Q_SLOTS:
     void init();
 
     void threeFilesAreAddedInOneCallInDropOrder();
+    void aFileThatADropNamesManyTimesIsAddedOnce();
+    void aFileThatASandboxHandsOverTwiceIsAddedOnce();
     void aFileDroppedTogetherWithTextIsAddedAfterIt();
     void anImageThatTheShelfTakesOverLeavesNoTemporaryFolder();
     void anImageThatCannotBeCopiedIsLeftOutAndTold();
@@ -119,6 +121,25 @@ void DropHandlerTest::threeFilesAreAddedInOneCallInDropOrder()
     handle({ file(QStringLiteral("file:///a")), file(QStringLiteral("file:///b")), file(QStringLiteral("file:///c")) });
     QCOMPARE(names(), QStringList({ QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c") }));
     QCOMPARE(changes.count(), 1);
+}
+
+void DropHandlerTest::aFileThatADropNamesManyTimesIsAddedOnce()
+{
+    DropItems items{ file(QStringLiteral("file:///b")) };
+    for (int time = 0; time < 300; ++time)
+        items.push_back(file(QStringLiteral("file:///a")));
+    for (const char* same : { "file:///x/../a", "file://localhost/a", "file:///%61", "file:///b/" })
+        items.push_back(file(QLatin1String(same)));
+    items.push_back(file(QStringLiteral("file:///c")));
+    handle(std::move(items));
+    QCOMPARE(names(), QStringList({ QStringLiteral("b"), QStringLiteral("a"), QStringLiteral("c") }));
+}
+
+void DropHandlerTest::aFileThatASandboxHandsOverTwiceIsAddedOnce()
+{
+    QVERIFY(handler->handleTransfer("key", {}));
+    shelf->transfers.finish(0, QList<QUrl>{ fileUrl("/b"), fileUrl("/a"), fileUrl("/b") });
+    QCOMPARE(names(), QStringList({ QStringLiteral("b"), QStringLiteral("a") }));
 }
 
 void DropHandlerTest::aFileDroppedTogetherWithTextIsAddedAfterIt()
