@@ -43,6 +43,12 @@ namespace {
     return QStringLiteral("text/x-moz-url-desc");
 }
 
+/// Chromium's mark of a drag out of a page, whose data a script of the page may have chosen.
+[[nodiscard]] QString pageFormat()
+{
+    return QStringLiteral("chromium/x-renderer-taint");
+}
+
 [[nodiscard]] QByteArray load(const DropPayload& payload, const QString& format)
 {
     return payload.formats().contains(format) ? payload.data(format) : QByteArray();
@@ -54,6 +60,20 @@ namespace {
     return decodeText(load(payload, format), format).split(QLatin1Char('\n'));
 }
 
+/// Whether addresses of files are taken.
+enum class Files { taken, refused };
+
+/// A page may not choose files of the user's.
+[[nodiscard]] Files filesOf(const DropPayload& payload)
+{
+    return payload.formats().contains(pageFormat()) ? Files::refused : Files::taken;
+}
+
+[[nodiscard]] bool isUsable(const QString& url, Files files)
+{
+    return isFileAddress(url) ? files == Files::taken : LinkUrl::parse(url).has_value();
+}
+
 /// The address from a source that offers no list of addresses.
 [[nodiscard]] std::optional<QString> offeredAddress(const DropPayload& payload)
 {
@@ -62,7 +82,7 @@ namespace {
                              decodeText(load(payload, mozillaTabFormat()), QStringLiteral("text/unicode")) };
     for (const QString& line : lines) {
         const auto url = uriAddress(line.toUtf8());
-        if (url && (isFileAddress(*url) || LinkUrl::parse(*url)))
+        if (url && isUsable(*url, filesOf(payload)))
             return url;
     }
     return std::nullopt;
@@ -99,7 +119,7 @@ bool isAddressFormat(const QString& format)
 std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload)
 {
     std::vector<QString> urls = uriListAddresses(load(payload, uriListFormat()));
-    std::erase_if(urls, [](const QString& url) { return !isFileAddress(url) && !LinkUrl::parse(url); });
+    std::erase_if(urls, [files = filesOf(payload)](const QString& url) { return !isUsable(url, files); });
     if (urls.empty()) {
         if (const auto url = offeredAddress(payload))
             urls.push_back(*url);

@@ -21,7 +21,8 @@ struct DroppedAddress {
 /// Whether a format carries addresses.
 [[nodiscard]] bool isAddressFormat(const QString& format);
 
-/// The addresses of a drop in the source's order, without titles. Invalid addresses are left out.
+/// The addresses of a drop in the source's order, without titles. Invalid addresses are left out, and those of files if
+/// a web page has chosen them.
 [[nodiscard]] std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload);
 
 /// The title of the page at `url`, which must be the only address of the drop.

@@ -39,6 +39,9 @@ private Q_SLOTS:
     void whatNoAddressMayHoldIsEncodedAsBrowsersDo_data();
     void whatNoAddressMayHoldIsEncodedAsBrowsersDo();
     void whatCannotBeAnAddressIsLeftOut();
+    void aPageMayNotChooseAFile_data();
+    void aPageMayNotChooseAFile();
+    void whatElseAPageOffersIsThere();
     void aBrowsersTabTellsItsAddress();
     void theNameOfThisMachineIsLeftOutAndThatOfAnotherStays();
     void aTypeWithAddressAndTitleStandsInForAMissingList();
@@ -148,6 +151,32 @@ void DropAddressesTest::whatCannotBeAnAddressIsLeftOut()
     FakeDropPayload payload;
     payload.offer("text/uri-list", "https://a.b:port/\r\nhttps://[::x]/\r\n1a:b\r\nfile:///a\r\n");
     QCOMPARE(urls(payload), QStringList{ QStringLiteral("file:///a") });
+}
+
+void DropAddressesTest::aPageMayNotChooseAFile_data()
+{
+    QTest::addColumn<QByteArray>("format");
+    QTest::newRow("list") << QByteArray("text/uri-list");
+    QTest::newRow("address and title") << QByteArray("_NETSCAPE_URL");
+    QTest::newRow("the same in UTF-16") << QByteArray("text/x-moz-url");
+}
+
+void DropAddressesTest::aPageMayNotChooseAFile()
+{
+    QFETCH(const QByteArray, format);
+    FakeDropPayload payload;
+    payload.offer(format.constData(), "file:///etc/passwd");
+    QCOMPARE(urls(payload), QStringList{ QStringLiteral("file:///etc/passwd") });
+    payload.offer("chromium/x-renderer-taint", "");
+    QCOMPARE(urls(payload), QStringList());
+}
+
+void DropAddressesTest::whatElseAPageOffersIsThere()
+{
+    FakeDropPayload payload;
+    payload.offer("chromium/x-renderer-taint", "")
+        .offer("text/uri-list", "file:///etc/passwd\r\nhttps://example.com/\r\n");
+    QCOMPARE(urls(payload), QStringList{ page });
 }
 
 void DropAddressesTest::aBrowsersTabTellsItsAddress()

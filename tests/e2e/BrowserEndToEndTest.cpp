@@ -28,6 +28,7 @@ inline constexpr QPoint linkPlace(60, 220);
 inline constexpr QPoint wordsPlace(80, 290);
 inline constexpr QPoint fieldPlace(150, 380);
 inline constexpr QPoint uploadPlace(120, 490);
+inline constexpr QPoint scriptPlace(500, 100);
 
 [[nodiscard]] QByteArray squarePng(int side, const QColor& color)
 {
@@ -55,6 +56,9 @@ inline constexpr QPoint uploadPlace(120, 490);
           "<input type=file style='position:absolute;left:40px;top:460px;width:300px;height:60px;background:#eee' "
           "onchange=\"const f=this.files[0];fetch('/name',{method:'POST',body:f.name+' '+f.type})"
           ".then(()=>fetch('/uploaded',{method:'POST',body:f}))\">"
+          "<div draggable=true style='position:absolute;left:440px;top:60px;width:120px;height:80px;background:#ccc' "
+          "ondragstart=\"const d=event.dataTransfer;d.setData('text/uri-list','file:///etc/passwd');"
+          "d.setData('text/plain','Words of a script')\"></div>"
           "<script>getSelection().selectAllChildren(document.getElementById('words'))</script>";
 }
 
@@ -77,6 +81,7 @@ private Q_SLOTS:
     void anImageOfAPageLandsAsAnImageWithItsNameAndItsBytes();
     void aLinkLandsWithItsAddressAndItsTitle();
     void selectedTextLandsAsText();
+    void aScriptOfASavedPageCannotChooseAFile();
     void aTextGoesIntoATextField();
     void aLinkGoesIntoATextField();
     void anImageGoesIntoAnUploadField();
@@ -199,6 +204,18 @@ void BrowserEndToEndTest::selectedTextLandsAsText()
     QVERIFY(dragToShelf(wordsPlace));
     const QJsonObject text = content(onlyItem(), "text");
     QCOMPARE(text.value(QLatin1String("_0")).toString().trimmed(), QStringLiteral("Words, and € 5"));
+}
+
+void BrowserEndToEndTest::aScriptOfASavedPageCannotChooseAFile()
+{
+    // The browser itself sees to it that a page of the web does not name a file.
+    m_browser.reset();
+    m_desktop->writeFile(QStringLiteral("page.html"), page());
+    m_browser = Browser::tryOpen(*m_desktop, QStringLiteral("file://") + m_desktop->home(QStringLiteral("page.html")));
+    QVERIFY(m_browser);
+    QVERIFY(dragToShelf(scriptPlace));
+    const QJsonObject text = content(onlyItem(), "text");
+    QCOMPARE(text.value(QLatin1String("_0")).toString(), QStringLiteral("Words of a script"));
 }
 
 void BrowserEndToEndTest::aTextGoesIntoATextField()
