@@ -97,6 +97,7 @@ CapturedDrop captureDrop(const DropPayload& payload)
         return drop;
     if (auto text = loadDropText(payload))
         drop.items.push_back({ .address = {}, .image = {}, .text = std::move(text) });
+    drop.isTooLate = drop.items.empty() && payload.isOutOfTime();
     return drop;
 }
 

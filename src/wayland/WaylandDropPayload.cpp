@@ -23,13 +23,18 @@ QStringList WaylandDropPayload::formats() const
 
 QByteArray WaylandDropPayload::data(const QString& format) const
 {
-    if (m_spentMilliseconds >= mostMilliseconds)
+    if (isOutOfTime())
         return {};
     QElapsedTimer elapsed;
     elapsed.start();
     QByteArray bytes = m_data.data(format);
     m_spentMilliseconds += elapsed.elapsed();
     return bytes;
+}
+
+bool WaylandDropPayload::isOutOfTime() const
+{
+    return m_spentMilliseconds >= mostMilliseconds;
 }
 
 SaveAnswer WaylandDropPayload::save(const QByteArray& /*path*/) const
