@@ -89,7 +89,8 @@ void DropTarget::drop(QDropEvent& event)
         return;
     }
     CapturedDrop captured = captureDrop(*m_readDrop(*event.mimeData()));
-    // The source must not believe that its data were copied. One that answers has its drop accepted, whatever that holds.
+    // The source must not believe that its data were copied. One that answers has its drop accepted, whatever that
+    // holds.
     if (captured.isTooLate) {
         logLine(QStringLiteral("the source of a drop has delivered nothing in time"));
         event.ignore();
