@@ -101,7 +101,7 @@ void AppDelegate::createPanel()
                                           m_platform.desktop.displays(), m_platform.queue);
     m_panelController->onTakeFocus = [this] {
         m_shelfView->beginKeys();
-        m_panelContent->takeFocus();
+        m_panelWindow->takeFocus();
     };
     m_panelContent->onFocusChanged = [this](bool hasFocus) { m_panelController->focusChanged(hasFocus); };
     m_platform.desktop.onDisplaysChanged = [this] { m_panelController->displaysChanged(); };

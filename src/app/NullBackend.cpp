@@ -63,6 +63,7 @@ public:
     void setFrame(const QRectF& frame) override { m_frame = frame; }
     [[nodiscard]] QRectF frame() const override { return m_frame; }
     void orderFront() override {}
+    void takeFocus() override {}
     void orderOut() override {}
     void animateFrame(const QRectF& frame, double /*seconds*/, Easing /*easing*/,
                       std::function<void()> completion) override

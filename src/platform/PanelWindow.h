@@ -8,8 +8,8 @@ namespace nookle {
 
 enum class Easing { in, out };
 
-/// The shelf's window: borderless, above all other windows, on all workspaces, and in no window list. It never takes
-/// the keyboard focus by itself. Frames are in points of the desktop's coordinates. Main thread only.
+/// The shelf's window: borderless, above all other windows, on all workspaces, and in no window list. It takes
+/// the keyboard focus only when asked to, or after a click. Frames are in points of the desktop's coordinates. Main thread only.
 class PanelWindow {
 public:
     virtual ~PanelWindow() = default;
@@ -22,6 +22,9 @@ public:
 
     /// Shows the window above all others without activating anything.
     virtual void orderFront() = 0;
+
+    /// Asks the desktop for the keyboard focus. Call it while the window is shown.
+    virtual void takeFocus() = 0;
 
     /// Takes the window off the screen.
     virtual void orderOut() = 0;

@@ -87,11 +87,6 @@ void PanelContentView::paintEvent(QPaintEvent* event)
         painter.drawPixmap(QPointF(m_offset, 0), m_picture);
 }
 
-void PanelContentView::takeFocus()
-{
-    panelWindow().requestActivate();
-}
-
 void PanelContentView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);

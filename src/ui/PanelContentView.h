@@ -23,9 +23,6 @@ public:
     /// Draws the content `offset` points to the right of its place, without painting it anew at each step. The content
     /// itself stays where it is, so that a drag finds it there.
     void setContentOffset(double offset);
-    /// Asks the desktop for the keyboard focus. Call it while the window is shown.
-    void takeFocus();
-
     /// Called when the window has got the keyboard focus (true) or lost it. Set by the owner.
     std::function<void(bool hasFocus)> onFocusChanged = [](bool) {};
 

@@ -198,6 +198,11 @@ void X11PanelWindow::orderFront()
     raise();
 }
 
+void X11PanelWindow::takeFocus()
+{
+    m_window.requestActivate();
+}
+
 void X11PanelWindow::orderOut()
 {
     m_animation.stop();

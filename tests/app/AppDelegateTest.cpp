@@ -401,6 +401,7 @@ void AppDelegateTest::aRequestForTheFocusShowsTheShelf()
     m_app->start();
     m_app->requests.onFocus();
     QVERIFY(m_app->isShown());
+    QCOMPARE(m_app->desktop.window->focusRequests, 1);
     m_app->queue.advance(20);
     QVERIFY(m_app->isShown());
 }

@@ -34,6 +34,7 @@ public:
     [[nodiscard]] QRectF frame() const override { return m_frame; }
 
     void orderFront() override { isOnScreen = true; }
+    void takeFocus() override { ++focusRequests; }
     void orderOut() override { isOnScreen = false; }
 
     void animateFrame(const QRectF& to, double seconds, Easing easing, std::function<void()> completion) override
@@ -49,6 +50,7 @@ public:
     }
 
     bool isOnScreen = false;
+    int focusRequests = 0;
     QList<Animation> animations;
 
 private:
