@@ -57,7 +57,7 @@ std::unique_ptr<Cancellable> SessionShortcuts::registerShortcut(QKeyCombination 
         return nullptr;
     // The lowest one that is free: a shortcut that is registered again keeps its name in the desktop's settings.
     int number = 1;
-    while (m_registered.count(number) != 0)
+    while (m_registered.contains(number))
         ++number;
     const QString id = QStringLiteral("shortcut-%1").arg(number);
     m_registered.insert_or_assign(
