@@ -224,7 +224,8 @@ void ShelfStore::undoRemove()
         result = m_removed.putBackLast(m_items, m_files.urls(), now());
     }
     if (!result.lost.isEmpty())
-        Q_EMIT additionFailed(tr("Not in the Trash any more: %1").arg(result.lost.join(QStringLiteral(", "))));
+        Q_EMIT additionFailed(
+            tr("Could not be brought back from the Trash: %1").arg(result.lost.join(QStringLiteral(", "))));
     if (result.items.isEmpty())
         return;
     m_index.schedule();
