@@ -195,10 +195,6 @@
         <translation>لقد رفضت الاختصار.</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>لم يربط سطح المكتب أي مفاتيح.</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>لا يذكر سطح المكتب المفاتيح المربوطة.</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>انتهت خدمة الاختصارات في سطح المكتب.</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>رفض سطح المكتب الاختصار.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>لقد رفضت الاختصار، أو تعذّر على سطح المكتب ربطه.</translation>
     </message>
 </context>
 <context>

@@ -195,10 +195,6 @@
         <translation>Sie haben das Tastenkürzel abgelehnt.</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>Die Arbeitsumgebung hat keine Tasten belegt.</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>Die Arbeitsumgebung sagt nicht, welche Tasten belegt sind.</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>Der Tastenkürzeldienst der Arbeitsumgebung wurde beendet.</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>Die Arbeitsumgebung hat das Tastenkürzel abgelehnt.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>Sie haben das Tastenkürzel abgelehnt, oder die Arbeitsumgebung konnte es nicht belegen.</translation>
     </message>
 </context>
 <context>

@@ -195,10 +195,6 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation type="unfinished"></translation>
     </message>
@@ -208,6 +204,14 @@
     </message>
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

@@ -195,10 +195,6 @@
         <translation>Ha rechazado el atajo.</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>El escritorio no ha asignado ninguna tecla.</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>El escritorio no dice qué teclas están asignadas.</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>El servicio de atajos del escritorio ha terminado.</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>El escritorio ha rechazado el atajo.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>Ha rechazado el atajo o el escritorio no ha podido asignarlo.</translation>
     </message>
 </context>
 <context>

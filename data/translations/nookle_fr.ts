@@ -195,10 +195,6 @@
         <translation>Vous avez refusé le raccourci.</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>Le bureau n’a associé aucune touche.</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>Le bureau n’indique pas quelles touches sont associées.</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>Le service de raccourcis du bureau s’est arrêté.</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>Le bureau a refusé le raccourci.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>Vous avez refusé le raccourci, ou le bureau n’a pas pu l’associer.</translation>
     </message>
 </context>
 <context>

@@ -195,10 +195,6 @@
         <translation>Hai rifiutato la scorciatoia.</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>L’ambiente non ha assegnato alcun tasto.</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>L’ambiente non dice quali tasti sono assegnati.</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>Il servizio delle scorciatoie dell’ambiente è terminato.</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>L’ambiente ha rifiutato la scorciatoia.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>Hai rifiutato la scorciatoia o l’ambiente non ha potuto assegnarla.</translation>
     </message>
 </context>
 <context>

@@ -195,10 +195,6 @@
         <translation>ショートカットは拒否されました。</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>デスクトップはキーを割り当てていません。</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>割り当てられたキーをデスクトップから取得できません。</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>デスクトップのショートカットサービスが終了しました。</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>デスクトップがショートカットを拒否しました。</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>ショートカットが拒否されたか、デスクトップが割り当てられませんでした。</translation>
     </message>
 </context>
 <context>

@@ -195,10 +195,6 @@
         <translation>Skrót został odrzucony.</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>Środowisko nie przypisało żadnych klawiszy.</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>Środowisko nie podaje, które klawisze są przypisane.</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>Usługa skrótów środowiska zakończyła działanie.</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>Środowisko odrzuciło skrót.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>Skrót został odrzucony albo środowisko nie mogło go przypisać.</translation>
     </message>
 </context>
 <context>

@@ -195,10 +195,6 @@
         <translation>Você recusou o atalho.</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>O ambiente não associou nenhuma tecla.</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>O ambiente não diz quais teclas estão associadas.</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>O serviço de atalhos do ambiente foi encerrado.</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>O ambiente recusou o atalho.</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>Você recusou o atalho ou o ambiente não conseguiu associá-lo.</translation>
     </message>
 </context>
 <context>

@@ -195,10 +195,6 @@
         <translation>您已拒绝该快捷键。</translation>
     </message>
     <message>
-        <source>The desktop has bound no keys.</source>
-        <translation>桌面未绑定任何按键。</translation>
-    </message>
-    <message>
         <source>The desktop does not say which keys are bound.</source>
         <translation>桌面未说明绑定了哪些按键。</translation>
     </message>
@@ -209,6 +205,14 @@
     <message>
         <source>The desktop&apos;s service for shortcuts has ended.</source>
         <translation>桌面的快捷键服务已终止。</translation>
+    </message>
+    <message>
+        <source>The desktop has refused the shortcut.</source>
+        <translation>桌面拒绝了该快捷键。</translation>
+    </message>
+    <message>
+        <source>You have declined the shortcut, or the desktop could not bind it.</source>
+        <translation>您已拒绝该快捷键，或桌面无法绑定它。</translation>
     </message>
 </context>
 <context>
