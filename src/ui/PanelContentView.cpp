@@ -64,7 +64,11 @@ void PanelContentView::beginSliding()
 {
     if (!m_picture.isNull() || !m_content || !isVisible())
         return;
-    m_picture = m_content->grab();
+    m_picture = QPixmap(m_content->size() * devicePixelRatioF());
+    m_picture.setDevicePixelRatio(devicePixelRatioF());
+    m_picture.fill(Qt::transparent);
+    // Without a background, which the corners do not have.
+    m_content->render(&m_picture, {}, {}, QWidget::DrawChildren);
     m_content->setUpdatesEnabled(false);
 }
 

@@ -7,7 +7,7 @@ using namespace nookle;
 
 namespace {
 
-/// One colour, and how often it was painted.
+/// One colour, with nothing above it, and how often it was painted.
 class Coloured final : public QWidget {
 public:
     int paintings = 0;
@@ -16,7 +16,7 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override
     {
         ++paintings;
-        QPainter(this).fillRect(rect(), Qt::red);
+        QPainter(this).fillRect(rect().adjusted(0, 20, 0, 0), Qt::red);
     }
 };
 
@@ -31,13 +31,14 @@ private Q_SLOTS:
 
     void theContentFillsTheWindow();
     void theContentIsDrawnToTheRightWhileItSlides();
+    void whatTheContentLeavesFreeStaysFree();
     void slidingPaintsTheContentOnlyOnce();
     void theContentStaysWhereDragsFindIt();
     void atRestTheContentPaintsItselfAgain();
     void aWindowThatIsShownForTheSlideBeginsEmpty();
 
 private:
-    [[nodiscard]] QColor colorAt(int x) const;
+    [[nodiscard]] QColor colorAt(int x, int y = 150) const;
 
     std::unique_ptr<PanelContentView> m_view;
     Coloured* m_content = nullptr;
@@ -53,13 +54,13 @@ void PanelContentViewTest::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
 }
 
-QColor PanelContentViewTest::colorAt(int x) const
+QColor PanelContentViewTest::colorAt(int x, int y) const
 {
     QImage picture(m_view->size(), QImage::Format_ARGB32_Premultiplied);
     // What the last frame has left.
     picture.fill(Qt::green);
     m_view->render(&picture, {}, {}, QWidget::DrawChildren);
-    return picture.pixelColor(x, 150);
+    return picture.pixelColor(x, y);
 }
 
 void PanelContentViewTest::theContentFillsTheWindow()
@@ -76,6 +77,13 @@ void PanelContentViewTest::theContentIsDrawnToTheRightWhileItSlides()
     m_view->setContentOffset(20);
     QCOMPARE(colorAt(19).alpha(), 0);
     QCOMPARE(colorAt(21), QColor(Qt::red));
+}
+
+void PanelContentViewTest::whatTheContentLeavesFreeStaysFree()
+{
+    QCOMPARE(colorAt(60, 5).alpha(), 0);
+    m_view->setContentOffset(40);
+    QCOMPARE(colorAt(60, 5).alpha(), 0);
 }
 
 void PanelContentViewTest::slidingPaintsTheContentOnlyOnce()
