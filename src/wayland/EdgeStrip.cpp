@@ -88,8 +88,6 @@ void EdgeStrip::handleDrag(QDropEvent& event)
         onDragEntered();
     if (onDragEvent)
         onDragEvent(event, position);
-    if (event.type() == QEvent::Drop)
-        m_pointer.leave();
 }
 
 // An empty mask would mean the whole window, so a rectangle beyond it stands for nothing.

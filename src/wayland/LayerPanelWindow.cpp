@@ -16,6 +16,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 #include <vector>
 
@@ -24,6 +25,9 @@ namespace nookle {
 namespace {
 
 using Layer = LayerShellQt::Window;
+
+/// Some compositors tell where the pointer is after a drop only once it moves again.
+inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
 
 /// Sends the same event to another window, with another position. Returns whether it was accepted there.
 void forward(QDropEvent& event, QWindow& window, const QPointF& position)
@@ -58,6 +62,9 @@ LayerPanelWindow::LayerPanelWindow(QWindow& window, WaylandPointer& pointer)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
+    m_afterDrop.setSingleShot(true);
+    m_afterDrop.setInterval(timeToTellOfThePointer);
+    connect(&m_afterDrop, &QTimer::timeout, this, [this] { m_pointer.leave(); });
     m_popups.onMenuClosed = [this] {
         if (!m_isPointerInside)
             takeKeyboard(false);
@@ -121,6 +128,7 @@ void LayerPanelWindow::orderOut()
 {
     m_animation.stop();
     m_window.setVisible(false);
+    m_afterDrop.stop();
     m_isPointerInside = false;
     takeKeyboard(false);
     m_pointer.leave();
@@ -157,6 +165,7 @@ void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing 
 void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& position)
 {
     if (!m_window.isVisible()) {
+        m_pointer.leave();
         event.ignore();
         return;
     }
@@ -179,6 +188,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         takeKeyboard(true);
         break;
     case QEvent::Enter:
+        m_afterDrop.stop();
         m_isPointerInside = true;
         m_pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
         if (onMouseEntered)
@@ -199,8 +209,11 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         if (onMouseExited)
             onMouseExited();
         break;
-    case QEvent::DragLeave:
     case QEvent::Drop:
+        m_pointer.move(onDesktop(static_cast<QDropEvent*>(event)->position()));
+        m_afterDrop.start();
+        break;
+    case QEvent::DragLeave:
         m_pointer.leave();
         break;
     default:

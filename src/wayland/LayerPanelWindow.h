@@ -5,6 +5,7 @@
 #include "PopupPlacement.h"
 
 #include <QObject>
+#include <QTimer>
 
 class QDropEvent;
 class QWindow;
@@ -51,6 +52,8 @@ private:
     PopupPlacement m_popups;
     FrameAnimation m_animation;
     QRectF m_frame;
+    /// Runs from a drop until the compositor says where the pointer is.
+    QTimer m_afterDrop;
     bool m_isPointerInside = false;
     /// Where the window is: the frame's place once it has slid in.
     QRectF m_resting;
