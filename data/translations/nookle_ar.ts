@@ -392,8 +392,8 @@
         <translation>الرف ممتلئ. أزِل شيئًا كبيرًا ثم أعد المحاولة.</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>لم يعد في المهملات: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>تعذّرت الاستعادة من المهملات: %1</translation>
     </message>
 </context>
 <context>

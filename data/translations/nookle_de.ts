@@ -392,8 +392,8 @@
         <translation>Die Ablage ist voll. Entfernen Sie etwas Großes und versuchen Sie es erneut.</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>Nicht mehr im Papierkorb: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>Konnte nicht aus dem Papierkorb zurückgeholt werden: %1</translation>
     </message>
 </context>
 <context>

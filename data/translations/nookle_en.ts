@@ -392,7 +392,7 @@
         <translation type="unfinished"></translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
+        <source>Could not be brought back from the Trash: %1</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

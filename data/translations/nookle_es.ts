@@ -392,8 +392,8 @@
         <translation>El estante está lleno. Quite algo grande e inténtelo de nuevo.</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>Ya no está en la papelera: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>No se pudo recuperar de la papelera: %1</translation>
     </message>
 </context>
 <context>

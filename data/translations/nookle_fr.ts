@@ -392,8 +392,8 @@
         <translation>L’étagère est pleine. Retirez un élément volumineux et réessayez.</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>N’est plus dans la corbeille&#xa0;: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>Impossible à récupérer dans la corbeille&#xa0;: %1</translation>
     </message>
 </context>
 <context>

@@ -392,8 +392,8 @@
         <translation>Il ripiano è pieno. Rimuovi qualcosa di grande e riprova.</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>Non è più nel cestino: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>Impossibile recuperare dal cestino: %1</translation>
     </message>
 </context>
 <context>

@@ -392,8 +392,8 @@
         <translation>シェルフがいっぱいです。大きなものを削除して、もう一度お試しください。</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>ゴミ箱にもうありません: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>ゴミ箱から元に戻せませんでした: %1</translation>
     </message>
 </context>
 <context>

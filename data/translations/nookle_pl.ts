@@ -392,8 +392,8 @@
         <translation>Półka jest pełna. Usuń coś dużego i spróbuj ponownie.</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>Nie ma już w koszu: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>Nie można przywrócić z kosza: %1</translation>
     </message>
 </context>
 <context>

@@ -392,8 +392,8 @@
         <translation>A prateleira está cheia. Remova algo grande e tente novamente.</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>Não está mais na lixeira: %1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>Não foi possível recuperar da lixeira: %1</translation>
     </message>
 </context>
 <context>

@@ -392,8 +392,8 @@
         <translation>暂存架已满。请移除较大的内容后重试。</translation>
     </message>
     <message>
-        <source>Not in the Trash any more: %1</source>
-        <translation>已不在回收站中：%1</translation>
+        <source>Could not be brought back from the Trash: %1</source>
+        <translation>无法从回收站恢复：%1</translation>
     </message>
 </context>
 <context>
