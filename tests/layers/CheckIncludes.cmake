@@ -39,11 +39,12 @@ set(may_see_ui/drag "shelf;shelf/items;platform;base")
 set(may_see_ui/tiles "ui/motion;ui/previews;ui/input;ui/style;ui/drag;shelf;shelf/items;platform;base")
 set(may_see_ui "ui/frame;ui/motion;ui/tiles;ui/previews;ui/input;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
 set(may_see_app/language "")
-set(may_see_app/settings "platform;base")
-set(may_see_app/services "app/settings;triggers;shelf;shelf/items;platform;base")
+set(may_see_app/version "")
+set(may_see_app/settings "app/version;platform;base")
+set(may_see_app/services "app/version;app/settings;triggers;shelf;shelf/items;platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/language;app/settings;app/services;app/tray;look;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
+    "app/version;app/language;app/settings;app/services;app/tray;look;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.
