@@ -1,4 +1,5 @@
 #include "AppDelegate.h"
+#include "BusLoss.h"
 #include "DesktopBackendFactory.h"
 #include "FileArguments.h"
 #include "FilePlaces.h"
@@ -102,6 +103,7 @@ int main(int argc, char* argv[])
     }
     const auto& choice = std::get<nookle::BackendChoice>(selected);
     const nookle::StartReason reason = nookle::takeStartReason();
+    nookle::outliveSessionBus();
     QApplication application(argc, argv);
     describeApplication();
 
