@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace nookle {
@@ -17,21 +18,32 @@ namespace {
     return std::max(size.width(), size.height());
 }
 
-/// The smallest of the icon's sources that is meant for `side` pixels or more; else the closest that there is.
-[[nodiscard]] QPixmap source(const QIcon& icon, int side)
+/// The icon's smallest source that is meant for `least` pixels or more, and for `most` at most; null if there is none.
+[[nodiscard]] QPixmap sourceBetween(const QIcon& icon, int least, int most)
 {
     QList<QSize> sizes = icon.availableSizes();
     std::sort(sizes.begin(), sizes.end(),
               [](const QSize& left, const QSize& right) { return longerSide(left) < longerSide(right); });
     for (const QSize& size : std::as_const(sizes)) {
-        if (longerSide(size) < side)
+        if (longerSide(size) < least || longerSide(size) > most)
             continue;
-        // The toolkit takes the source that is closest in size. Drawings have any size, but at a smaller one than
-        // theirs many themes have simpler ones.
-        if (QPixmap meant = icon.pixmap(size, 1.0); longerSide(meant.size()) >= side)
+        if (QPixmap meant = icon.pixmap(size, 1.0); longerSide(meant.size()) >= least)
             return meant;
     }
-    return icon.pixmap(QSize(side, side), 1.0);
+    return {};
+}
+
+// By itself the toolkit takes the source that is meant for the closest size. That may be a picture that is too small,
+// or a drawing that is simpler than the one for the next size.
+[[nodiscard]] QPixmap source(const QIcon& icon, int side)
+{
+    if (QPixmap near = sourceBetween(icon, side, 2 * side); !near.isNull())
+        return near;
+    QPixmap closest = icon.pixmap(QSize(side, side), 1.0);
+    if (longerSide(closest.size()) >= side)
+        return closest;
+    const QPixmap large = sourceBetween(icon, side, std::numeric_limits<int>::max());
+    return large.isNull() ? closest : large;
 }
 
 } // namespace
