@@ -1,7 +1,6 @@
 #include "ScreenshotLocations.h"
 
 #include "FileUrl.h"
-#include "GnomeSettings.h"
 #include "KeyValueFile.h"
 #include "RegularFile.h"
 
@@ -10,11 +9,19 @@
 #include <QSettings>
 #include <QStandardPaths>
 
-#include <glib.h>
+#include <gio/gio.h>
+
+#include <memory>
 
 namespace nookle {
 
 namespace {
+
+struct Release {
+    void operator()(GSettings* settings) const { g_object_unref(settings); }
+    void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
+    void operator()(char* text) const { g_free(text); }
+};
 
 [[nodiscard]] QByteArray location(QStandardPaths::StandardLocation which)
 {
@@ -23,8 +30,17 @@ namespace {
 
 [[nodiscard]] QByteArray gnomeScreenshotFolder()
 {
-    const auto settings = GnomeSettings::tryOpen("org.gnome.gnome-screenshot");
-    return settings ? settings->text("auto-save-directory") : QByteArray();
+    constexpr const char* name = "org.gnome.gnome-screenshot";
+    constexpr const char* key = "auto-save-directory";
+    // Requesting the settings of a schema that is not installed would abort the program.
+    GSettingsSchemaSource* source = g_settings_schema_source_get_default();
+    const std::unique_ptr<GSettingsSchema, Release> schema(
+        source != nullptr ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
+    if (!schema || g_settings_schema_has_key(schema.get(), key) == FALSE)
+        return {};
+    const std::unique_ptr<GSettings, Release> settings(g_settings_new(name));
+    const std::unique_ptr<char, Release> folder(g_settings_get_string(settings.get(), key));
+    return folder.get();
 }
 
 /// The name of the folder that GNOME's own tool uses, in the user's language.

@@ -1,6 +1,6 @@
 #include "SystemProxies.h"
 
-#include "GnomeSettings.h"
+#include <gio/gio.h>
 
 #include <QDir>
 #include <QSettings>
@@ -9,10 +9,20 @@
 #include <QUrl>
 
 #include <initializer_list>
+#include <memory>
 
 namespace nookle {
 
 namespace {
+
+struct Release {
+    void operator()(GSettings* settings) const { g_object_unref(settings); }
+    void operator()(GSettingsSchema* schema) const { g_settings_schema_unref(schema); }
+    void operator()(char* text) const { g_free(text); }
+    void operator()(char** texts) const { g_strfreev(texts); }
+};
+
+using Settings = std::unique_ptr<GSettings, Release>;
 
 [[nodiscard]] QByteArray firstVariable(std::initializer_list<const char*> names)
 {
@@ -36,32 +46,41 @@ namespace {
     return { proxy, proxy, {} };
 }
 
-/// A proxy such as "http://a.test:3128", or empty.
-[[nodiscard]] QByteArray gnomeProxy(const char* schema, const char* scheme)
+[[nodiscard]] QByteArray text(GSettings* settings, const char* key)
 {
-    const auto settings = GnomeSettings::tryOpen(schema);
-    if (!settings)
-        return {};
-    const QByteArray host = settings->text("host");
-    const int port = settings->number("port");
+    const std::unique_ptr<char, Release> value(g_settings_get_string(settings, key));
+    return QByteArray(value.get());
+}
+
+/// A proxy such as "http://a.test:3128", or empty.
+[[nodiscard]] QByteArray gnomeProxy(GSettings* settings, const char* kind, const char* scheme)
+{
+    const Settings proxy(g_settings_get_child(settings, kind));
+    const QByteArray host = text(proxy.get(), "host");
+    const int port = g_settings_get_int(proxy.get(), "port");
     return host.isEmpty() || port <= 0 ? QByteArray() : scheme + ("://" + host + ':') + QByteArray::number(port);
 }
 
 [[nodiscard]] ProxySettings gnomeProxies()
 {
-    const auto settings = GnomeSettings::tryOpen("org.gnome.system.proxy");
-    if (!settings)
+    constexpr const char* name = "org.gnome.system.proxy";
+    GSettingsSchemaSource* const source = g_settings_schema_source_get_default();
+    const std::unique_ptr<GSettingsSchema, Release> schema(
+        source != nullptr ? g_settings_schema_source_lookup(source, name, TRUE) : nullptr);
+    if (!schema)
         return {};
-    const QByteArray mode = settings->text("mode");
+    const Settings settings(g_settings_new(name));
+    const QByteArray mode = text(settings.get(), "mode");
     if (mode == "auto")
-        return script(settings->text("autoconfig-url"));
+        return script(text(settings.get(), "autoconfig-url"));
     if (mode != "manual")
         return {};
-    const QByteArray socks = gnomeProxy("org.gnome.system.proxy.socks", "socks");
-    const QByteArray http = gnomeProxy("org.gnome.system.proxy.http", "http");
-    const QByteArray https = gnomeProxy("org.gnome.system.proxy.https", "http");
-    return { http.isEmpty() ? socks : http, https.isEmpty() ? socks : https,
-             settings->texts("ignore-hosts").join(',') };
+    const QByteArray socks = gnomeProxy(settings.get(), "socks", "socks");
+    const QByteArray http = gnomeProxy(settings.get(), "http", "http");
+    const QByteArray https = gnomeProxy(settings.get(), "https", "http");
+    const std::unique_ptr<char*, Release> ignored(g_settings_get_strv(settings.get(), "ignore-hosts"));
+    const std::unique_ptr<char, Release> exceptions(g_strjoinv(",", ignored.get()));
+    return { http.isEmpty() ? socks : http, https.isEmpty() ? socks : https, QByteArray(exceptions.get()) };
 }
 
 [[nodiscard]] ProxySettings plasmaProxies()
