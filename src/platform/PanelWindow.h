@@ -9,7 +9,8 @@ namespace nookle {
 enum class Easing { in, out };
 
 /// The shelf's window: borderless, above all other windows, on all workspaces, and in no window list. It takes
-/// the keyboard focus only when asked to, or after a click. Frames are in points of the desktop's coordinates. Main thread only.
+/// the keyboard focus only when asked to, or after a click. Frames are in points of the desktop's coordinates. Main
+/// thread only.
 class PanelWindow {
 public:
     virtual ~PanelWindow() = default;

@@ -14,8 +14,8 @@ class TrayHost;
 /// follows the theme. After that an embedding tray is accepted too. Main thread only.
 class TrayFinder final {
 public:
-    /// `notifier` draws icons and menus itself; `embedding` shows a window of the program, and is null on display servers
-    /// that cannot do that. All must outlive this object.
+    /// `notifier` draws icons and menus itself; `embedding` shows a window of the program, and is null on display
+    /// servers that cannot do that. All must outlive this object.
     TrayFinder(TrayHost& notifier, TrayHost* embedding, MainQueue& queue);
     ~TrayFinder();
     TrayFinder(const TrayFinder&) = delete;
