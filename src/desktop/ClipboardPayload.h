@@ -16,8 +16,6 @@ public:
 
     [[nodiscard]] QStringList formats() const override { return m_formats; }
     [[nodiscard]] QByteArray data(const QString& format) const override;
-    /// Always false: the toolkit has limits of its own.
-    [[nodiscard]] bool isOutOfTime() const override { return false; }
     [[nodiscard]] QByteArray suggestedName() const override { return {}; }
     [[nodiscard]] bool canSave() const override { return false; }
     [[nodiscard]] SaveAnswer save(const QByteArray& /*path*/) const override { return SaveAnswer::refused; }

@@ -97,7 +97,6 @@ CapturedDrop captureDrop(const DropPayload& payload)
         return drop;
     if (auto text = loadDropText(payload))
         drop.items.push_back({ .address = {}, .image = {}, .text = std::move(text) });
-    drop.isTooLate = drop.items.empty() && payload.isOutOfTime();
     return drop;
 }
 

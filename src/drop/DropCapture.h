@@ -20,8 +20,6 @@ struct CapturedDrop {
     QByteArray transferKey;
     /// The folder into which the source saves its files, if it offers no items and no key.
     std::optional<QUrl> savedInto;
-    /// Whether there is none of these because the source did not answer in time.
-    bool isTooLate = false;
 };
 
 /// Whether a drag offers anything that the shelf takes. Reads only the names of the formats.

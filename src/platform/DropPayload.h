@@ -27,9 +27,6 @@ public:
     /// the time limit is for all calls on one payload together.
     [[nodiscard]] virtual QByteArray data(const QString& format) const = 0;
 
-    /// Whether the time limit is over, so that nothing more can be read.
-    [[nodiscard]] virtual bool isOutOfTime() const = 0;
-
     /// The name that the source suggests for a file with its data. The bytes may have any encoding. Empty when the
     /// source suggests none.
     [[nodiscard]] virtual QByteArray suggestedName() const = 0;

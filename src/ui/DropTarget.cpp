@@ -2,7 +2,6 @@
 
 #include "DropCapture.h"
 #include "DropHandler.h"
-#include "Log.h"
 
 #include <QDropEvent>
 
@@ -88,15 +87,7 @@ void DropTarget::drop(QDropEvent& event)
         event.ignore();
         return;
     }
-    CapturedDrop captured = captureDrop(*m_readDrop(*event.mimeData()));
-    // The source must not believe that its data were copied. One that answers has its drop accepted, whatever that
-    // holds.
-    if (captured.isTooLate) {
-        logLine(QStringLiteral("the source of a drop has delivered nothing in time"));
-        event.ignore();
-        return;
-    }
-    m_handler.handle(std::move(captured));
+    m_handler.handle(captureDrop(*m_readDrop(*event.mimeData())));
     acceptCopy(event);
 }
 

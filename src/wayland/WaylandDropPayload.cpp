@@ -23,18 +23,13 @@ QStringList WaylandDropPayload::formats() const
 
 QByteArray WaylandDropPayload::data(const QString& format) const
 {
-    if (isOutOfTime())
+    if (m_spentMilliseconds >= mostMilliseconds)
         return {};
     QElapsedTimer elapsed;
     elapsed.start();
     QByteArray bytes = m_data.data(format);
     m_spentMilliseconds += elapsed.elapsed();
     return bytes;
-}
-
-bool WaylandDropPayload::isOutOfTime() const
-{
-    return m_spentMilliseconds >= mostMilliseconds;
 }
 
 SaveAnswer WaylandDropPayload::save(const QByteArray& /*path*/) const

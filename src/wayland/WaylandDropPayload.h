@@ -15,7 +15,6 @@ public:
 
     [[nodiscard]] QStringList formats() const override;
     [[nodiscard]] QByteArray data(const QString& format) const override;
-    [[nodiscard]] bool isOutOfTime() const override;
     /// Always empty: Wayland has no way to suggest a name.
     [[nodiscard]] QByteArray suggestedName() const override { return {}; }
     /// Always false: Wayland has no way to ask for it.

@@ -37,7 +37,6 @@ private Q_SLOTS:
     void theTransferKeyEndsAtItsNul();
     void aTransferNeedsNoNamesOfTheSources();
     void nothingUsableIsNoElement();
-    void onlyADropWithoutAnythingMayBeTooLate();
     void whatIsOfferedIsToldWithoutReading();
     void theToolkitsDataIsReadAsItIs();
     void whatCanBeTakenIsKnownWhileItHovers_data();
@@ -275,23 +274,6 @@ void DropCaptureTest::onlyWhatHasNoNameIsReadWhileItHovers()
         QVERIFY(canTakeDrop(payload));
         QVERIFY(payload.read.isEmpty());
     }
-}
-
-void DropCaptureTest::onlyADropWithoutAnythingMayBeTooLate()
-{
-    FakeDropPayload unanswered;
-    unanswered.offer("text/plain", "");
-    QVERIFY(!captureDrop(unanswered).isTooLate);
-    unanswered.outOfTime = true;
-    QVERIFY(captureDrop(unanswered).isTooLate);
-    FakeDropPayload slow;
-    slow.offer("image/png", "").offer("text/plain", "words");
-    slow.outOfTime = true;
-    QVERIFY(!captureDrop(slow).isTooLate);
-    FakeDropPayload transfer;
-    transfer.offer("application/vnd.portal.filetransfer", "key");
-    transfer.outOfTime = true;
-    QVERIFY(!captureDrop(transfer).isTooLate);
 }
 
 QTEST_GUILESS_MAIN(DropCaptureTest)

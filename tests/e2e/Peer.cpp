@@ -9,9 +9,6 @@
 //   Peer slow FILE TYPE ASKED GATE
 //                         the same, but makes the file ASKED when somebody asks for it, and delivers only once there is
 //                         a file GATE, or after 0.7 seconds
-//   Peer late FILE TYPE MILLISECONDS RESULT
-//                         the same as offer, but delivers only after that time; what is in RESULT is what the receiver
-//                         has said in the end
 //   Peer save FILE [MILLISECONDS]
 //                         saves what is in FILE, under the name of FILE, to where it is dragged; after that time
 //   Peer silent           offers a URI list, and never answers who asks for it
@@ -19,7 +16,6 @@
 //   Peer text             shows text that can be selected
 //   Peer fullscreen       covers the whole screen in red
 
-#include <QAbstractNativeEventFilter>
 #include <QApplication>
 #include <QDrag>
 #include <QDropEvent>
@@ -188,6 +184,7 @@ public:
         return value;
     }
 
+private:
     [[nodiscard]] xcb_atom_t atom(const QByteArray& name)
     {
         const auto cookie = xcb_intern_atom(m_connection, 0, static_cast<std::uint16_t>(name.size()), name.constData());
@@ -197,7 +194,6 @@ public:
         return found;
     }
 
-private:
     [[nodiscard]] xcb_window_t owner()
     {
         const auto cookie = xcb_get_selection_owner(m_connection, atom("XdndSelection"));
@@ -275,49 +271,6 @@ private:
     QString m_gate;
 };
 
-/// A payload that is delivered after a fixed time, however impatient the receiver is.
-class Delayed final : public QMimeData {
-public:
-    explicit Delayed(int delay)
-        : m_delay(delay)
-    {
-    }
-
-protected:
-    [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType type) const override
-    {
-        QThread::msleep(static_cast<unsigned long>(m_delay));
-        return QMimeData::retrieveData(format, type);
-    }
-
-private:
-    int m_delay;
-};
-
-/// Writes down what the receiver of a drop says of it in the end, which the toolkit tells nobody.
-class FinishWatch final : public QAbstractNativeEventFilter {
-public:
-    explicit FinishWatch(QString result)
-        : m_result(std::move(result))
-    {
-        QCoreApplication::instance()->installNativeEventFilter(this);
-    }
-
-private:
-    bool nativeEventFilter(const QByteArray& /*type*/, void* message, qintptr* /*result*/) override
-    {
-        const auto* event = static_cast<const xcb_client_message_event_t*>(message);
-        if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE || event->type != m_finished)
-            return false;
-        constexpr std::uint32_t isTaken = 1;
-        writeFile(m_result, (event->data.data32[1] & isTaken) != 0 ? "taken" : "refused");
-        return false;
-    }
-
-    QString m_result;
-    xcb_atom_t m_finished = DragSource().atom("XdndFinished");
-};
-
 class Source final : public QWidget {
 public:
     using MakePayload = std::function<std::unique_ptr<QMimeData>()>;
@@ -370,10 +323,6 @@ private:
     if (mode == QLatin1String("slow"))
         return std::make_unique<Source>(
             [arguments] { return filled(std::make_unique<Late>(arguments.value(4), arguments.value(5)), arguments); });
-    if (mode == QLatin1String("late"))
-        return std::make_unique<Source>([arguments, watch = std::make_shared<FinishWatch>(arguments.value(5))] {
-            return filled(std::make_unique<Delayed>(arguments.value(4).toInt()), arguments);
-        });
     if (mode == QLatin1String("save"))
         return std::make_unique<Source>(
             [arguments] { return std::make_unique<Saved>(arguments.value(2), arguments.value(3).toInt()); });

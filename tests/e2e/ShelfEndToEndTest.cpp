@@ -80,8 +80,6 @@ private Q_SLOTS:
     void namesOfAnyBytesComeOutAsTheyWentIn();
     void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext_data();
     void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext();
-    void aSourceHearsWhetherItWasInTime_data();
-    void aSourceHearsWhetherItWasInTime();
     void aTextOfTenMegabytesLandsWhole();
     void aFileThatItsSourceSavesLands();
     void aFileThatItsSourceSavesAfterTheDropLands();
@@ -391,33 +389,6 @@ void ShelfEndToEndTest::aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext(
     QVERIFY(waitFor([this] { return panelIsGone(); }));
     QVERIFY(offerToShelf(QUrl::fromLocalFile(m_desktop->home(QStringLiteral("files/note one.txt"))).toEncoded()));
     QVERIFY(waitFor([this] { return m_shelf->savedFileNames().size() == 1; }));
-}
-
-void ShelfEndToEndTest::aSourceHearsWhetherItWasInTime_data()
-{
-    QTest::addColumn<QString>("milliseconds");
-    QTest::addColumn<QByteArray>("heard");
-    QTest::addColumn<int>("items");
-    QTest::newRow("in time") << QStringLiteral("0") << QByteArray("taken") << 1;
-    QTest::newRow("too late") << QStringLiteral("1500") << QByteArray("refused") << 0;
-}
-
-void ShelfEndToEndTest::aSourceHearsWhetherItWasInTime()
-{
-    QFETCH(const QString, milliseconds);
-    QFETCH(const QByteArray, heard);
-    QFETCH(const int, items);
-    m_desktop->writeFile(QStringLiteral("offered"),
-                         QUrl::fromLocalFile(m_desktop->home(QStringLiteral("files/note one.txt"))).toEncoded());
-    QVERIFY(dragPeerToShelf({ QStringLiteral("late"), m_desktop->home(QStringLiteral("offered")),
-                              QStringLiteral("text/uri-list"), milliseconds,
-                              m_desktop->home(QStringLiteral("received")) }));
-    QVERIFY(waitFor([this] { return !received().isEmpty(); }));
-    QCOMPARE(received(), heard);
-    screen().moveTo(QPoint(rightEdge() - 300, 600));
-    QVERIFY(waitFor([this] { return panelIsGone(); }));
-    QCOMPARE(m_shelf->savedItems().size(), items);
-    QCOMPARE(m_shelf->log().contains("the source of a drop has delivered nothing in time"), items == 0);
 }
 
 void ShelfEndToEndTest::aTextOfTenMegabytesLandsWhole()

@@ -18,7 +18,6 @@ public:
     }
 
     [[nodiscard]] QStringList formats() const override { return m_formats; }
-    [[nodiscard]] bool isOutOfTime() const override { return outOfTime; }
     [[nodiscard]] QByteArray suggestedName() const override { return name; }
 
     [[nodiscard]] QByteArray data(const QString& format) const override
@@ -36,7 +35,6 @@ public:
     }
 
     QByteArray name;
-    bool outOfTime = false;
     bool offersSaving = false;
     SaveAnswer saveAnswer = SaveAnswer::saved;
     mutable QList<QByteArray> savedTo;

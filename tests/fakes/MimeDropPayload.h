@@ -16,7 +16,6 @@ public:
 
     [[nodiscard]] QStringList formats() const override { return m_data.formats(); }
     [[nodiscard]] QByteArray data(const QString& format) const override { return m_data.data(format); }
-    [[nodiscard]] bool isOutOfTime() const override { return false; }
     [[nodiscard]] QByteArray suggestedName() const override { return {}; }
     [[nodiscard]] bool canSave() const override { return false; }
     [[nodiscard]] SaveAnswer save(const QByteArray& /*path*/) const override { return SaveAnswer::refused; }

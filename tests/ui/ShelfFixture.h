@@ -58,10 +58,9 @@ struct ShelfFixture {
     };
     /// What becomes of a drag that begins with the mouse.
     std::function<DragOperation()> dragOutcome = [] { return DragOperation::none; };
-    DropReader readDrop = [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); };
     ShelfView view{ ShelfView::Services{ store, pinning, workspace, pasteboard, trash, references, transfers,
                                          thumbnails, compositing, queue,
-                                         [this](const QMimeData& data) { return readDrop(data); },
+                                         [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); },
                                          [this](QWidget&, DragSession) { return dragOutcome(); } } };
 
     ShelfFixture()

@@ -2,7 +2,6 @@
 
 #include "CapturedLog.h"
 #include "EmptyShelfView.h"
-#include "FakeDropPayload.h"
 #include "ItemInteractionView.h"
 #include "PinButton.h"
 #include "ShelfFixture.h"
@@ -96,8 +95,6 @@ private Q_SLOTS:
     void aDragIsLookedAtOnce();
     void aDragThatOffersSomethingLateIsTaken();
     void aDragThatNoLongerAllowsACopyLosesTheStroke();
-    void aDropWhoseSourceIsTooLateIsRefusedAndLogged();
-    void aDropThatHoldsNothingUsableIsAccepted();
     void anItemOfItsOwnIsRefusedUntilItsDragHasEnded();
     void theOwnerHearsOfDropsThatHover();
     void noTileIsHighlightedWhileADropHovers();
@@ -650,27 +647,6 @@ void ShelfViewTest::aDropWithNothingToTakeIsRefusedWhileItHovers()
     QVERIFY(f.store.items().isEmpty());
 }
 
-void ShelfViewTest::aDropWhoseSourceIsTooLateIsRefusedAndLogged()
-{
-    ShelfFixture& f = *m_fixture;
-    f.readDrop = [](const QMimeData&) {
-        auto payload = std::make_unique<FakeDropPayload>();
-        payload->offer("text/uri-list", "");
-        payload->outOfTime = true;
-        return payload;
-    };
-    const CapturedLog log;
-    QMimeData data;
-    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&f.view, &enter);
-    QDropEvent drop({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&f.view, &drop);
-    QVERIFY(!drop.isAccepted());
-    QCOMPARE(log.lines(), QStringList{ QStringLiteral("Nookle: the source of a drop has delivered nothing in time") });
-    f.queue.runPosted();
-    QVERIFY(f.store.items().isEmpty());
-}
-
 void ShelfViewTest::aDragIsLookedAtOnce()
 {
     ShelfFixture& f = *m_fixture;
@@ -717,19 +693,6 @@ void ShelfViewTest::aDragThatNoLongerAllowsACopyLosesTheStroke()
     QDragMoveEvent copies({ 50, 60 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&f.view, &copies);
     QVERIFY(f.view.isDropTarget());
-}
-
-void ShelfViewTest::aDropThatHoldsNothingUsableIsAccepted()
-{
-    ShelfFixture& f = *m_fixture;
-    QMimeData data;
-    data.setData(QStringLiteral("text/uri-list"), "no address");
-    QDragEnterEvent enter({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&f.view, &enter);
-    QDropEvent drop({ 50, 50 }, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(&f.view, &drop);
-    QVERIFY(drop.isAccepted());
-    QCOMPARE(drop.dropAction(), Qt::CopyAction);
 }
 
 void ShelfViewTest::anItemOfItsOwnIsRefusedUntilItsDragHasEnded()

@@ -52,7 +52,6 @@ public:
     }
 
     [[nodiscard]] QStringList formats() const override { return m_drops.formats(); }
-    [[nodiscard]] bool isOutOfTime() const override { return X11SelectionReader::Clock::now() >= m_deadline; }
     [[nodiscard]] QByteArray suggestedName() const override { return m_drops.suggestedName(); }
 
     [[nodiscard]] bool canSave() const override { return formats().contains(QLatin1String(directSave)); }
@@ -62,7 +61,7 @@ public:
         m_drops.suggestPlace(fileUrl(path).toEncoded());
         if (data(QLatin1String(directSave)) == "S")
             return SaveAnswer::saved;
-        return isOutOfTime() ? SaveAnswer::none : SaveAnswer::refused;
+        return X11SelectionReader::Clock::now() < m_deadline ? SaveAnswer::refused : SaveAnswer::none;
     }
 
     [[nodiscard]] QByteArray data(const QString& format) const override
