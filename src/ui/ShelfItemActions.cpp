@@ -17,6 +17,7 @@
 #include "Workspace.h"
 
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QPainter>
 
@@ -219,6 +220,29 @@ void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation)
                         .arg(QString::fromUtf8(filePath(*localURL)), failure->description));
     }
     m_store.remove(item.id);
+}
+
+bool ShelfItemActions::handleKey(const QKeyEvent& event, const ShelfItem& item) const
+{
+    if (event.matches(QKeySequence::Copy)) {
+        if (canBeCopied(item))
+            copyToPasteboard(item);
+        return true;
+    }
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        open(item);
+        return true;
+    case Qt::Key_Delete:
+        m_store.remove(item.id);
+        return true;
+    case Qt::Key_Space:
+        m_store.togglePinned(item.id);
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace nookle

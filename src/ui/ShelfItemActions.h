@@ -10,6 +10,8 @@
 
 #include <optional>
 
+class QKeyEvent;
+
 namespace nookle {
 
 class FileTransfers;
@@ -50,6 +52,9 @@ public:
 
     /// The tool tip with the item's number and date, if another item has the same tool tip; none otherwise.
     [[nodiscard]] std::optional<QString> distinctToolTip(const ShelfItem& item) const;
+
+    /// Does what a key means for the item that has the keyboard focus. Returns false for other keys.
+    [[nodiscard]] bool handleKey(const QKeyEvent& event, const ShelfItem& item) const;
 
     /// Call this after a drag out. If `operation` is `remove`, moves the item's file to the Trash and removes the item
     /// from the shelf. Otherwise does nothing.

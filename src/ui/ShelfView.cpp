@@ -349,31 +349,8 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
         return;
     }
     const std::optional<ShelfItem> item = currentItem();
-    if (!item || !handleKey(*event, *item))
+    if (!item || !m_actions.handleKey(*event, *item))
         QWidget::keyPressEvent(event);
-}
-
-bool ShelfView::handleKey(const QKeyEvent& event, const ShelfItem& item)
-{
-    if (event.matches(QKeySequence::Copy)) {
-        if (m_actions.canBeCopied(item))
-            m_actions.copyToPasteboard(item);
-        return true;
-    }
-    switch (event.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        m_actions.open(item);
-        return true;
-    case Qt::Key_Delete:
-        m_store.remove(item.id);
-        return true;
-    case Qt::Key_Space:
-        m_store.togglePinned(item.id);
-        return true;
-    default:
-        return false;
-    }
 }
 
 // For the mouse, a tile opens its menu itself.

@@ -124,7 +124,6 @@ private:
     [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
     void dropHoverChanged(bool isDropTarget);
     [[nodiscard]] std::optional<ShelfItem> currentItem() const;
-    [[nodiscard]] bool handleKey(const QKeyEvent& event, const ShelfItem& item);
     void setHovered(const std::optional<QUuid>& id);
     void itemHovered(const QUuid& id, bool isInside);
     [[nodiscard]] std::function<void(bool isOpen)> menuListener();
