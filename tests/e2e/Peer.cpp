@@ -15,6 +15,11 @@
 //   Peer dying            offers a URI list, and ends when somebody asks for it
 //   Peer text             shows text that can be selected
 //   Peer fullscreen       covers the whole screen in red
+// It writes a line to standard output for what happens to its window ("entered", "left", "pressed", "dragged over",
+// "drag left"), and when the target of its own drag begins or ceases to take it ("taken", "untaken"). On Wayland, where
+// programs cannot place their windows, it fills the screen.
+
+#include "Announcer.h"
 
 #include <QApplication>
 #include <QDrag>
@@ -286,6 +291,8 @@ protected:
     {
         auto* drag = new QDrag(this);
         drag->setMimeData(m_makePayload().release());
+        connect(drag, &QDrag::actionChanged, this,
+                [](Qt::DropAction action) { Announcer::say(action == Qt::CopyAction ? "taken" : "untaken"); });
         const Qt::DropAction action = drag->exec(Qt::CopyAction);
         if (!m_result.isEmpty())
             writeFile(m_result, action == Qt::CopyAction ? "taken" : "refused");
@@ -338,15 +345,27 @@ private:
     return std::make_unique<QPlainTextEdit>(QStringLiteral("Some words that a user may select.\n").repeated(20));
 }
 
+/// To its last pixel, in a colour that the toolkits use for nothing.
+void fillScreen(QWidget& window)
+{
+    window.setWindowFlag(Qt::FramelessWindowHint);
+    window.setWindowState(Qt::WindowMaximized);
+    window.setPalette(QPalette(QColor(0x30, 0x60, 0x40)));
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("peer"));
+    Announcer announcer;
+    application.installEventFilter(&announcer);
     const auto window = makeWindow(QApplication::arguments());
     // Without a window manager the state alone covers nothing.
     const bool isFullScreen = window->windowState() == Qt::WindowFullScreen;
+    if (QApplication::platformName() == QLatin1String("wayland") && !isFullScreen)
+        fillScreen(*window);
     window->setGeometry(isFullScreen ? QApplication::primaryScreen()->geometry() : QRect(60, 100, 400, 300));
     window->show();
     return QApplication::exec();

@@ -57,4 +57,10 @@ QByteArray Program::log()
     return m_log;
 }
 
+QByteArray Program::output()
+{
+    m_output += m_process.readAllStandardOutput();
+    return m_output;
+}
+
 } // namespace nookle::e2e

@@ -36,9 +36,13 @@ public:
     /// What it has written to standard error so far.
     [[nodiscard]] QByteArray log();
 
+    /// What it has written to standard output so far, without what `readLine` has taken.
+    [[nodiscard]] QByteArray output();
+
 private:
     QProcess m_process;
     QByteArray m_log;
+    QByteArray m_output;
 };
 
 } // namespace nookle::e2e

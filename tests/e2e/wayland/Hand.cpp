@@ -1,0 +1,46 @@
+#include "Hand.h"
+
+#include "KWinHand.h"
+#include "WlrootsHand.h"
+
+#include <QPointF>
+#include <QThread>
+
+#include <cmath>
+
+namespace nookle::e2e {
+
+std::unique_ptr<Hand> Hand::tryTake(const QByteArray& socketPath, const QPoint& desktop)
+{
+    if (auto hand = WlrootsHand::tryTake(socketPath, desktop))
+        return hand;
+    return KWinHand::tryTake(socketPath);
+}
+
+void Hand::moveTo(const QPoint& point)
+{
+    constexpr double longestStep = 40;
+    constexpr int pace = 4;
+    while (m_position != point) {
+        const QPoint way = point - m_position;
+        const double length = std::hypot(way.x(), way.y());
+        m_position += length <= longestStep ? way : (QPointF(way) * longestStep / length).toPoint();
+        placePointer(m_position);
+        // A hand's pace, and not a wait: programs see a movement and not a jump.
+        QThread::msleep(pace);
+    }
+}
+
+void Hand::click(Button button)
+{
+    press(button);
+    release(button);
+}
+
+void Hand::type(Key key)
+{
+    pushKey(key, true);
+    pushKey(key, false);
+}
+
+} // namespace nookle::e2e

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArray>
+#include <QPoint>
+
+#include <memory>
+
+namespace nookle::e2e {
+
+/// The user's hand on the mouse and the keyboard of a compositor. Points are those of the whole desktop.
+class Hand {
+public:
+    enum class Button { left = 0x110, right = 0x111 };
+    enum class Key { escape = 1 };
+
+    /// Takes hold of the mouse of the compositor that listens on that socket, whichever way it offers; null when it
+    /// offers none. `desktop` is the size of the whole desktop.
+    [[nodiscard]] static std::unique_ptr<Hand> tryTake(const QByteArray& socketPath, const QPoint& desktop);
+    virtual ~Hand() = default;
+
+    /// Moves the pointer there in steps, at a hand's pace.
+    void moveTo(const QPoint& point);
+    void press(Button button = Button::left) { pushButton(button, true); }
+    void release(Button button = Button::left) { pushButton(button, false); }
+    void click(Button button = Button::left);
+    void type(Key key);
+
+    [[nodiscard]] QPoint position() const { return m_position; }
+
+protected:
+    // Each returns once the compositor has handled it.
+    virtual void placePointer(const QPoint& point) = 0;
+    virtual void pushButton(Button button, bool isDown) = 0;
+    virtual void pushKey(Key key, bool isDown) = 0;
+
+private:
+    QPoint m_position;
+};
+
+} // namespace nookle::e2e

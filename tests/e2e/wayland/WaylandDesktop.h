@@ -1,0 +1,56 @@
+#pragma once
+
+#include "Hand.h"
+#include "PrivateSession.h"
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+#include <memory>
+
+namespace nookle::e2e {
+
+/// A desktop of a test's own with a Wayland compositor that has no screen. Everything ends with it.
+class WaylandDesktop : public PrivateSession {
+public:
+    enum class Compositor { sway, labwc, kwin };
+
+    struct Options {
+        Compositor compositor = Compositor::sway;
+        /// Displays side by side, each of the size `displaySize`.
+        int displays = 1;
+    };
+
+    static constexpr QSize displaySize{ 1280, 720 };
+
+    /// Returns once everything runs; null, with a warning that says what does not.
+    [[nodiscard]] static std::unique_ptr<WaylandDesktop> tryCreate(const Options& options);
+    ~WaylandDesktop();
+
+    [[nodiscard]] Hand& hand() { return *m_hand; }
+
+    /// Whether the compositor gives pictures.
+    [[nodiscard]] bool hasPictures() const { return m_hasPictures; }
+    /// What the user sees of an area.
+    [[nodiscard]] QImage picture(const QRect& area) const;
+
+    /// Ends the compositor at once.
+    void killCompositor();
+
+private:
+    WaylandDesktop() = default;
+
+    [[nodiscard]] bool startCompositor(const Options& options);
+    [[nodiscard]] std::unique_ptr<Program> startSway(int displays);
+    [[nodiscard]] std::unique_ptr<Program> startLabwc();
+    [[nodiscard]] std::unique_ptr<Program> startKWin(int displays) const;
+    void useWlrootsWithoutScreen(int displays);
+
+    bool m_hasPictures = true;
+    std::unique_ptr<Program> m_compositor;
+    std::unique_ptr<Hand> m_hand;
+};
+
+} // namespace nookle::e2e

@@ -1,0 +1,189 @@
+#include "WaylandShelfDesktop.h"
+
+#include "Waiting.h"
+
+#include <QFile>
+#include <QUrl>
+
+namespace nookle::e2e {
+
+namespace {
+
+inline constexpr int panelWidth = 112;
+/// A row of the panel where it shows nothing, and no test has its pointer.
+inline constexpr int emptyRow = 600;
+
+[[nodiscard]] bool isPlain(const QImage& picture)
+{
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            if (picture.pixel(x, y) != picture.pixel(0, 0))
+                return false;
+        }
+    }
+    return !picture.isNull();
+}
+
+} // namespace
+
+bool WaylandShelfDesktop::setUpDesktop(WaylandDesktop::Compositor compositor, int displays)
+{
+    m_desktop = WaylandDesktop::tryCreate({ compositor, displays });
+    if (!m_desktop)
+        return false;
+    m_desktop->writeFile(QStringLiteral("files/note one.txt"), "words");
+    // For the other programs. GTK is drawn by the processor: there is nothing else.
+    m_desktop->setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
+    m_desktop->setVariable(QStringLiteral("GDK_BACKEND"), QStringLiteral("wayland"));
+    m_desktop->setVariable(QStringLiteral("GSK_RENDERER"), QStringLiteral("cairo"));
+    m_shelf = std::make_unique<ShelfProgram>(*m_desktop, qEnvironmentVariable("NOOKLE_PROGRAM"));
+    return true;
+}
+
+void WaylandShelfDesktop::tearDownDesktop()
+{
+    m_peer.reset();
+    m_shelf.reset();
+    m_desktop.reset();
+}
+
+void WaylandShelfDesktop::tellFailure(const QString& picture)
+{
+    if (!m_desktop)
+        return;
+    m_desktop->picture(QRect(QPoint(), WaylandDesktop::displaySize)).save(picture);
+    qInfo("the screen at the end: %s\nthe log: %s\nthe other program: %s", qPrintable(picture),
+          m_shelf->log().constData(), m_peer ? m_peer->output().constData() : "");
+}
+
+bool WaylandShelfDesktop::startShelf()
+{
+    m_shelf->launch();
+    return m_desktop
+               ->start(QStringLiteral("gdbus"),
+                       { QStringLiteral("wait"), QStringLiteral("--session"), QStringLiteral("--timeout"),
+                         QStringLiteral("15"), QStringLiteral("org.nookle.Nookle") })
+               ->waitForExit()
+        == 0;
+}
+
+bool WaylandShelfDesktop::showShelf()
+{
+    return m_shelf->startAgain() == 0 && waitFor([this] { return isPanelOut(); });
+}
+
+QByteArray WaylandShelfDesktop::content(const char* path) const
+{
+    QFile file(home(path));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QByteArray WaylandShelfDesktop::fileList() const
+{
+    return QUrl::fromLocalFile(home("files/note one.txt")).toEncoded() + "\r\n";
+}
+
+bool WaylandShelfDesktop::openPeer(const QStringList& arguments)
+{
+    m_peer.reset();
+    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), arguments);
+    return waitFor([this] {
+        hand().moveTo(middle + QPoint(1, 0));
+        hand().moveTo(middle);
+        return timesSaid("entered") > 0;
+    });
+}
+
+void WaylandShelfDesktop::openGtkTarget(const QString& kind)
+{
+    m_peer.reset();
+    m_peer =
+        m_desktop->start(qEnvironmentVariable("NOOKLE_GTK_TARGET"), { QStringLiteral("4"), kind, home("received") });
+}
+
+qsizetype WaylandShelfDesktop::timesSaid(const QByteArray& line)
+{
+    return m_peer->output().split('\n').count(line);
+}
+
+bool WaylandShelfDesktop::peerSays(const QByteArray& line, qsizetype times)
+{
+    return waitFor([&] { return timesSaid(line) > times; });
+}
+
+bool WaylandShelfDesktop::beginDrag(const QStringList& peerArguments)
+{
+    if (!openPeer(peerArguments))
+        return false;
+    hand().press();
+    if (!peerSays("pressed"))
+        return false;
+    hand().moveTo(middle + QPoint(40, 0));
+    // Some compositors tell of a drag only with the next movement.
+    return waitFor([this] {
+        hand().moveTo(hand().position() + QPoint(1, 0));
+        return timesSaid("dragged over") > 0;
+    });
+}
+
+bool WaylandShelfDesktop::beginDrag(const QByteArray& payload, const QString& type)
+{
+    m_desktop->writeFile(QStringLiteral("offered"), payload);
+    return beginDrag({ QStringLiteral("offer"), home("offered"), type, home("result") });
+}
+
+bool WaylandShelfDesktop::dragToEdge(int edge)
+{
+    const qsizetype before = timesSaid("taken");
+    hand().moveTo(QPoint(edge - 1, middle.y()));
+    return peerSays("taken", before);
+}
+
+bool WaylandShelfDesktop::putOnShelf(const QByteArray& payload, const QString& type)
+{
+    if (!beginDrag(payload, type) || !dragToEdge())
+        return false;
+    hand().release();
+    return waitFor([this] { return m_shelf->savedItems().size() == 1; });
+}
+
+bool WaylandShelfDesktop::dragTileToPeer()
+{
+    hand().moveTo(firstTile);
+    hand().press();
+    hand().moveTo(middle);
+    // A source tells of the next movement when it has heard whether the drop would be taken.
+    constexpr qsizetype enough = 3;
+    const bool isOver = waitFor([this] {
+        hand().moveTo(middle + QPoint(12, 0));
+        hand().moveTo(middle);
+        return content("received.over").size() >= enough;
+    });
+    hand().release();
+    return isOver;
+}
+
+bool WaylandShelfDesktop::isPanelOut(int edge) const
+{
+    if (!m_desktop->hasPictures())
+        return true;
+    // Its left edge is not straight to the pixel.
+    constexpr int border = 6;
+    const QImage row = m_desktop->picture(QRect(edge - panelWidth - border, emptyRow, panelWidth, 1));
+    return !row.isNull() && row.pixel(0, 0) != row.pixel(2 * border, 0);
+}
+
+bool WaylandShelfDesktop::isPanelGone(int edge) const
+{
+    return !m_desktop->hasPictures()
+        || isPlain(m_desktop->picture(QRect(edge - panelWidth - 8, emptyRow, panelWidth + 8, 1)));
+}
+
+bool WaylandShelfDesktop::isMenuOpen() const
+{
+    constexpr int width = 60;
+    const QRect beside(WaylandDesktop::displaySize.width() - panelWidth - width - 8, 100, width, 100);
+    return !isPlain(m_desktop->picture(beside));
+}
+
+} // namespace nookle::e2e
