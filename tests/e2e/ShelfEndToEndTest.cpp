@@ -433,10 +433,13 @@ void ShelfEndToEndTest::aWaylandSessionIsSaidInOneLogLine()
     other->setVariable(QStringLiteral("WAYLAND_DISPLAY"), QStringLiteral("wayland-of-nobody"));
     other->setVariable(QStringLiteral("NOOKLE_BACKEND"), QStringLiteral("xwayland"));
     Shelf shelf(*other, variable("NOOKLE_PROGRAM"));
-    QVERIFY(shelf.start());
+    // The X server gives it no keys there, which would show that it has started.
+    shelf.launch();
+    const QByteArray line("Nookle: the display: X11 through XWayland (as NOOKLE_BACKEND says)\n");
+    QVERIFY(waitFor([&] { return shelf.log().startsWith(line); }));
     QCOMPARE(shelf.startAgain(), 0);
     QVERIFY(waitFor([&] { return shelf.isAtRest(1280); }));
-    QCOMPARE(shelf.log(), QByteArray("Nookle: the display: X11 through XWayland (as NOOKLE_BACKEND says)\n"));
+    QCOMPARE(shelf.log().count("the display:"), 1);
 }
 
 /// What holds only where one display borders on another.
