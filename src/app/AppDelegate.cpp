@@ -105,6 +105,7 @@ void AppDelegate::createPanel()
     };
     m_panelContent->onFocusChanged = [this](bool hasFocus) { m_panelController->focusChanged(hasFocus); };
     m_platform.desktop.onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
+    m_platform.desktop.onServerGone = [this] { applicationWillTerminate(); };
     createShelfView();
 }
 

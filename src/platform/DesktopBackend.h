@@ -52,6 +52,10 @@ public:
 
     /// Called when a display was added, removed or changed. Set by the owner.
     std::function<void()> onDisplaysChanged;
+
+    /// Called when the display server is gone, and the toolkit is about to end the program: save all unsaved changes.
+    /// Set by the owner.
+    std::function<void()> onServerGone;
 };
 
 } // namespace nookle

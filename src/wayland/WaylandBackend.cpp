@@ -1,5 +1,6 @@
 #include "WaylandBackend.h"
 
+#include "CompositorWatch.h"
 #include "EdgeStrips.h"
 #include "LayerPanelWindow.h"
 #include "ScreenDisplays.h"
@@ -37,7 +38,11 @@ bool WaylandBackend::isLayerShellOffered()
 }
 
 WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::unique_ptr<ForeignDrags> drags)
-    : m_shortcuts(std::move(shortcuts))
+    : m_watch(std::make_unique<CompositorWatch>([this] {
+        if (onServerGone)
+            onServerGone();
+    }))
+    , m_shortcuts(std::move(shortcuts))
     , m_drags(std::move(drags))
     , m_displays(std::make_unique<WaylandDisplays>())
     , m_pointer(std::make_unique<WaylandPointer>())

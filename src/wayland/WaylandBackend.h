@@ -6,6 +6,7 @@
 
 namespace nookle {
 
+class CompositorWatch;
 class EdgeStrips;
 class ForeignDrags;
 class LayerPanelWindow;
@@ -35,6 +36,7 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
+    std::unique_ptr<CompositorWatch> m_watch;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     std::unique_ptr<ForeignDrags> m_drags;
     std::unique_ptr<ScreenDisplays> m_displays;
