@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <filesystem>
+
 namespace nookle::e2e {
 
 namespace {
@@ -17,9 +19,20 @@ namespace {
     case WaylandDesktop::Compositor::labwc:
         return QStringLiteral("labwc:wlroots");
     case WaylandDesktop::Compositor::kwin:
+    case WaylandDesktop::Compositor::kwinWithX11:
         return QStringLiteral("KDE");
     }
     return {};
+}
+
+/// Makes the folder of the X servers' sockets, which stays, as a machine does at its start. A compositor may have made
+/// it with fewer permissions than KWin wants to see.
+void makeSocketFolder()
+{
+    const std::filesystem::path folder("/tmp/.X11-unix");
+    std::error_code ignored;
+    std::filesystem::create_directory(folder, ignored);
+    std::filesystem::permissions(folder, std::filesystem::perms::all | std::filesystem::perms::sticky_bit, ignored);
 }
 
 } // namespace
@@ -41,7 +54,7 @@ std::unique_ptr<WaylandDesktop> WaylandDesktop::tryCreate(const Options& options
 
 bool WaylandDesktop::startCompositor(const Options& options)
 {
-    m_hasPictures = options.compositor != Compositor::kwin;
+    m_hasPictures = options.compositor == Compositor::sway || options.compositor == Compositor::labwc;
     switch (options.compositor) {
     case Compositor::sway:
         m_compositor = startSway(options.displays);
@@ -50,7 +63,8 @@ bool WaylandDesktop::startCompositor(const Options& options)
         m_compositor = startLabwc();
         break;
     case Compositor::kwin:
-        m_compositor = startKWin(options.displays);
+    case Compositor::kwinWithX11:
+        m_compositor = startKWin(options);
         break;
     }
     QString socket;
@@ -70,7 +84,7 @@ bool WaylandDesktop::startCompositor(const Options& options)
     setVariable(QStringLiteral("WAYLAND_DISPLAY"), socket);
     // Not for the compositor itself: it may take itself for a part of that desktop's session.
     setVariable(QStringLiteral("XDG_CURRENT_DESKTOP"), desktopName(options.compositor));
-    return true;
+    return options.compositor != Compositor::kwinWithX11 || findBridge();
 }
 
 void WaylandDesktop::useWlrootsWithoutScreen(int displays)
@@ -100,17 +114,47 @@ std::unique_ptr<Program> WaylandDesktop::startLabwc()
     return start(QStringLiteral("labwc"), { QStringLiteral("-C"), home(QStringLiteral("labwc")) });
 }
 
-std::unique_ptr<Program> WaylandDesktop::startKWin(int displays) const
+bool WaylandDesktop::findBridge()
+{
+    QByteArray line;
+    const bool isThere = waitFor([&] {
+        QFile file(home(QStringLiteral("bridge")));
+        line = file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        return line.endsWith('\n');
+    });
+    const QList<QByteArray> words = line.trimmed().split(' ');
+    setVariable(QStringLiteral("DISPLAY"), QFile::decodeName(words.value(0)));
+    setVariable(QStringLiteral("XAUTHORITY"), QFile::decodeName(words.value(1)));
+    // The first program that asks for the X server starts it.
+    const auto program = start(QStringLiteral("xrandr"));
+    const bool isRunning = isThere && program->waitForExit() == 0;
+    if (!isRunning)
+        qWarning("no X server: %s %s", line.constData(), program->log().constData());
+    return isRunning;
+}
+
+std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options) const
 {
     QProcessEnvironment trusting = environment();
     trusting.insert(QStringLiteral("KWIN_WAYLAND_NO_PERMISSION_CHECKS"), QStringLiteral("1"));
-    return std::make_unique<Program>(
-        QStringLiteral("kwin_wayland"),
-        QStringList{ QStringLiteral("--virtual"), QStringLiteral("--width"), QString::number(displaySize.width()),
-                     QStringLiteral("--height"), QString::number(displaySize.height()),
-                     QStringLiteral("--output-count"), QString::number(displays), QStringLiteral("--no-lockscreen"),
-                     QStringLiteral("--socket"), QStringLiteral("wayland-0") },
-        trusting);
+    QStringList arguments{ QStringLiteral("--virtual"),
+                           QStringLiteral("--width"),
+                           QString::number(displaySize.width()),
+                           QStringLiteral("--height"),
+                           QString::number(displaySize.height()),
+                           QStringLiteral("--output-count"),
+                           QString::number(options.displays),
+                           QStringLiteral("--no-lockscreen"),
+                           QStringLiteral("--socket"),
+                           QStringLiteral("wayland-0") };
+    if (options.compositor == Compositor::kwinWithX11) {
+        makeSocketFolder();
+        // A program of its session is told where the X server is.
+        writeFile(QStringLiteral("tell"), "#!/bin/sh\necho $DISPLAY $XAUTHORITY >$HOME/bridge\n");
+        QFile::setPermissions(home(QStringLiteral("tell")), QFile::ReadOwner | QFile::ExeOwner);
+        arguments << QStringLiteral("--xwayland") << home(QStringLiteral("tell"));
+    }
+    return std::make_unique<Program>(QStringLiteral("kwin_wayland"), arguments, trusting);
 }
 
 QImage WaylandDesktop::picture(const QRect& area) const

@@ -15,7 +15,13 @@ namespace nookle::e2e {
 /// A desktop of a test's own with a Wayland compositor that has no screen. Everything ends with it.
 class WaylandDesktop : public PrivateSession {
 public:
-    enum class Compositor { sway, labwc, kwin };
+    enum class Compositor {
+        sway,
+        labwc,
+        kwin,
+        /// With a bridge to X11 programs, which tells when a drag begins.
+        kwinWithX11,
+    };
 
     struct Options {
         Compositor compositor = Compositor::sway;
@@ -45,7 +51,9 @@ private:
     [[nodiscard]] bool startCompositor(const Options& options);
     [[nodiscard]] std::unique_ptr<Program> startSway(int displays);
     [[nodiscard]] std::unique_ptr<Program> startLabwc();
-    [[nodiscard]] std::unique_ptr<Program> startKWin(int displays) const;
+    [[nodiscard]] std::unique_ptr<Program> startKWin(const Options& options) const;
+    /// Lets programs know the X server that the compositor has started.
+    [[nodiscard]] bool findBridge();
     void useWlrootsWithoutScreen(int displays);
 
     bool m_hasPictures = true;

@@ -16,6 +16,8 @@ namespace {
 {
     if (environment() == QLatin1String("kwin"))
         return WaylandDesktop::Compositor::kwin;
+    if (environment() == QLatin1String("kwin_with_x11"))
+        return WaylandDesktop::Compositor::kwinWithX11;
     return environment() == QLatin1String("labwc") ? WaylandDesktop::Compositor::labwc
                                                    : WaylandDesktop::Compositor::sway;
 }
@@ -188,6 +190,13 @@ void WaylandEndToEndTest::aClickAtTheEdgeReachesTheWindowBelow()
     QVERIFY(openPeer({ QStringLiteral("trash") }));
     const qsizetype before = timesSaid("entered");
     hand().moveTo(QPoint(rightEdge - 1, middle.y()));
+    if (compositor() == WaylandDesktop::Compositor::kwinWithX11) {
+        // Drags are announced there, and nothing is at the edge before one begins.
+        hand().click();
+        QVERIFY(peerSays("pressed"));
+        QCOMPARE(timesSaid("left"), 0);
+        return;
+    }
     QVERIFY2(peerSays("left"), "nothing is at the edge");
     QVERIFY2(waitFor([&] {
                  hand().moveTo(hand().position() + QPoint(0, 1));
