@@ -75,6 +75,10 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
             if (onDragEvent)
                 onDragEvent(event, position);
         };
+        strip->onDragLeft = [this] {
+            if (onDragLeft)
+                onDragLeft();
+        };
         strip->onPointerCame = [this] { pointerCame(); };
         m_strips.push_back(std::move(strip));
     }

@@ -27,6 +27,7 @@ public:
 
     /// As in `EdgeStrip`.
     std::function<void(QDropEvent& event, const QPointF& position)> onDragEvent;
+    std::function<void()> onDragLeft;
 
 private:
     /// The strips that are wanted now, if any.

@@ -175,6 +175,12 @@ void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& pos
         { std::clamp(inPanel.x(), 0.0, m_resting.width() - 1), std::clamp(inPanel.y(), 0.0, m_resting.height() - 1) });
 }
 
+void LayerPanelWindow::dragHasLeftElsewhere()
+{
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&m_window, &leave);
+}
+
 // No compositor tells where a window is, so the toolkit's own coordinates begin at the window.
 QPointF LayerPanelWindow::onDesktop(const QPointF& position) const
 {

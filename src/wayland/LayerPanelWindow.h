@@ -37,6 +37,9 @@ public:
     /// that reaches the edge is taken even if its pointer does not move on to the panel.
     void handleDragElsewhere(QDropEvent& event, const QPointF& position);
 
+    /// Call this when such a drag has left the other window.
+    void dragHasLeftElsewhere();
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -90,6 +90,10 @@ std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, do
         else
             event.ignore();
     };
+    m_strips->onDragLeft = [panel = QPointer(panel.get())] {
+        if (panel)
+            panel->dragHasLeftElsewhere();
+    };
     return panel;
 }
 

@@ -1,6 +1,7 @@
 #include "PublishedSettings.h"
 
 #include <QDataStream>
+#include <QIODevice>
 #include <QSysInfo>
 
 #include <cstdint>
