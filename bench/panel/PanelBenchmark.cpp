@@ -126,7 +126,9 @@ private:
 
 int main(int argc, char* argv[])
 {
-    if (selectDesktopBackend())
+    const auto selected = selectDesktopBackend();
+    const auto* choice = std::get_if<BackendChoice>(&selected);
+    if (!choice)
         return EXIT_FAILURE;
     FrameRecorder recorder(argc, argv);
     QApplication::setApplicationName(QStringLiteral("nookle"));
@@ -137,7 +139,7 @@ int main(int argc, char* argv[])
     if (arguments.size() != 3)
         return EXIT_FAILURE;
 
-    LinuxPlatform platform(dataHome, makeDesktopBackend());
+    LinuxPlatform platform(dataHome, makeDesktopBackend(choice->kind));
     AppDelegate delegate(platform.parts(), child(fileUrl(dataHome), QStringLiteral("Nookle")),
                          [] { return std::optional<Failure>(); });
     delegate.applicationDidFinishLaunching();

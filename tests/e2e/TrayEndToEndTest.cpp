@@ -5,6 +5,7 @@
 #include "Waiting.h"
 
 #include <QDBusConnection>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QPainter>
 #include <QTest>
@@ -79,13 +80,18 @@ const QByteArray panelSettings = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 } // namespace
 
+using SettingsByGroup = QMap<QString, QVariantMap>;
+
 /// Tells programs that the desktop prefers dark windows.
 class Preferences final : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    Q_SLOT QDBusVariant Read(const QString& /*group*/, const QString& /*key*/) { return QDBusVariant(1U); }
+    Q_SLOT SettingsByGroup ReadAll(const QStringList& /*groups*/)
+    {
+        return { { QStringLiteral("org.freedesktop.appearance"), { { QStringLiteral("color-scheme"), 1U } } } };
+    }
 };
 
 class TrayEndToEndTest : public QObject {
@@ -216,6 +222,7 @@ void TrayEndToEndTest::theIconIsTintedAnewWhenTheDesktopTurnsDark()
     };
     QVERIFY(lightness() < 80);
     const QString name = QStringLiteral("preferences");
+    qDBusRegisterMetaType<SettingsByGroup>();
     Preferences preferences;
     QDBusConnection bus =
         QDBusConnection::connectToBus(m_desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")), name);
