@@ -24,11 +24,14 @@ namespace {
     return BackendChoice{ DesktopKind::xwayland, QStringLiteral("the display: X11 through XWayland (%1)").arg(reason) };
 }
 
-[[nodiscard]] BackendChoice chooseWayland(const SessionFacts& facts)
+[[nodiscard]] std::variant<BackendChoice, Failure> chooseWayland(const SessionFacts& facts)
 {
     if (canUseWayland(facts))
-        return { DesktopKind::wayland, QStringLiteral("the display: Wayland") };
-    return {
+        return BackendChoice{ DesktopKind::wayland, QStringLiteral("the display: Wayland") };
+    if (!facts.hasCompositor())
+        return Failure{ QStringLiteral("no display can be opened (WAYLAND_DISPLAY is \"%1\", DISPLAY is \"%2\")")
+                            .arg(facts.waylandDisplay, facts.xDisplay) };
+    return BackendChoice{
         DesktopKind::none,
         QStringLiteral("the display: Wayland, on which no panel can be shown (%1)").arg(reasonAgainstWayland(facts))
     };

@@ -28,10 +28,13 @@ struct SessionFacts {
     /// The user's own choice, from the environment; empty when there is none.
     QString wanted;
     bool isWaylandSession = false;
+    /// The name of the compositor; empty when the session names none.
+    QString waylandDisplay;
     /// The name of the X display; empty when the session names none.
     QString xDisplay;
     /// Whether the program was built with the Wayland backend.
     bool hasWaylandBackend = false;
+    std::function<bool()> hasCompositor;
     std::function<bool()> hasLayerShell;
     std::function<bool()> hasXServer;
 };

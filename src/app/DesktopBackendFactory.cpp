@@ -9,15 +9,29 @@
 #include "X11ForeignDrags.h"
 #endif
 
+#include <QDir>
+#include <QLocalSocket>
+
 namespace nookle {
 
 namespace {
+
+/// Whether a compositor takes connections under the name that the session gives.
+[[nodiscard]] bool isCompositorListening()
+{
+    const QDir runtime(qEnvironmentVariable("XDG_RUNTIME_DIR"));
+    QLocalSocket socket;
+    socket.connectToServer(runtime.filePath(qEnvironmentVariable("WAYLAND_DISPLAY")));
+    return socket.waitForConnected(0);
+}
 
 [[nodiscard]] SessionFacts lookAtSession()
 {
     SessionFacts facts;
     facts.wanted = qEnvironmentVariable("NOOKLE_BACKEND");
-    facts.isWaylandSession = qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    facts.waylandDisplay = qEnvironmentVariable("WAYLAND_DISPLAY");
+    facts.isWaylandSession = !facts.waylandDisplay.isEmpty();
+    facts.hasCompositor = &isCompositorListening;
     facts.xDisplay = qEnvironmentVariable("DISPLAY");
     facts.hasXServer = &X11Backend::isServerRunning;
 #ifdef NOOKLE_HAS_WAYLAND

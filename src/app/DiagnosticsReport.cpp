@@ -35,7 +35,7 @@ inline constexpr int patienceForBus = 500;
 [[nodiscard]] QString backend()
 {
     const QString platform = QGuiApplication::platformName();
-    const bool isBridged = platform == QLatin1String("xcb") && qEnvironmentVariableIsSet("WAYLAND_DISPLAY");
+    const bool isBridged = platform == QLatin1String("xcb") && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
     return isBridged ? QString(platform + QStringLiteral(" through XWayland")) : platform;
 }
 

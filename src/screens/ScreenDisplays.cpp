@@ -7,6 +7,16 @@
 
 namespace nookle {
 
+namespace {
+
+/// While there is no display, the toolkit may have a screen of no size, or none.
+[[nodiscard]] bool isDisplay(const QScreen* screen)
+{
+    return screen && !screen->geometry().isEmpty();
+}
+
+} // namespace
+
 ScreenDisplays::ScreenDisplays()
 {
     for (QScreen* screen : QGuiApplication::screens())
@@ -41,15 +51,17 @@ QScreen* ScreenDisplays::screenOf(const QRectF& frame)
 std::vector<QRectF> ScreenDisplays::frames() const
 {
     std::vector<QRectF> found;
-    for (const QScreen* screen : QGuiApplication::screens())
-        found.emplace_back(screen->geometry());
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (isDisplay(screen))
+            found.emplace_back(screen->geometry());
+    }
     return found;
 }
 
 std::optional<QRectF> ScreenDisplays::mainFrame() const
 {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    return screen ? std::optional(QRectF(screen->geometry())) : std::nullopt;
+    return isDisplay(screen) ? std::optional(QRectF(screen->geometry())) : std::nullopt;
 }
 
 QString ScreenDisplays::identity(const QRectF& frame) const

@@ -65,10 +65,7 @@ LayerPanelWindow::LayerPanelWindow(QWindow& window, WaylandPointer& pointer)
     m_afterDrop.setSingleShot(true);
     m_afterDrop.setInterval(timeToTellOfThePointer);
     connect(&m_afterDrop, &QTimer::timeout, this, [this] { m_pointer.leave(); });
-    m_popups.onMenuClosed = [this] {
-        if (!m_isPointerInside)
-            takeKeyboard(false);
-    };
+    m_popups.onMenuClosed = [this] { pointerIsDone(); };
     auto* layer = Layer::get(&m_window);
     layer->setScope(QStringLiteral("nookle"));
     layer->setLayer(Layer::LayerOverlay);
@@ -130,24 +127,42 @@ void LayerPanelWindow::orderOut()
     m_window.setVisible(false);
     m_afterDrop.stop();
     m_isPointerInside = false;
-    takeKeyboard(false);
+    giveKeyboardBack();
     m_pointer.leave();
 }
 
-// Some compositors give the keys to a surface that asks for them on demand only with the next click.
-void LayerPanelWindow::takeKeyboard(bool takes)
+void LayerPanelWindow::takeFocus()
 {
+    m_isForKeys = true;
+    takeKeyboard();
+}
+
+// Some compositors give the keys to a surface that asks for them on demand only with the next click.
+void LayerPanelWindow::takeKeyboard()
+{
+    Layer::get(&m_window)->setKeyboardInteractivity(Layer::KeyboardInteractivityExclusive);
+    tellCompositor();
+}
+
+void LayerPanelWindow::giveKeyboardBack()
+{
+    m_isForKeys = false;
     auto* layer = Layer::get(&m_window);
-    const auto wanted = takes ? Layer::KeyboardInteractivityExclusive : Layer::KeyboardInteractivityNone;
-    if (layer->keyboardInteractivity() == wanted)
+    if (layer->keyboardInteractivity() == Layer::KeyboardInteractivityNone)
         return;
-    layer->setKeyboardInteractivity(wanted);
-    commit();
+    layer->setKeyboardInteractivity(Layer::KeyboardInteractivityNone);
+    tellCompositor();
+}
+
+void LayerPanelWindow::pointerIsDone()
+{
+    if (!m_isForKeys && !m_isPointerInside && !m_popups.isMenuOpen())
+        giveKeyboardBack();
 }
 
 // The compositor hears of the change with the window's next picture, and it must hear of it before a menu opens. The
 // toolkit hands a picture over at once when a part of the window was uncovered.
-void LayerPanelWindow::commit()
+void LayerPanelWindow::tellCompositor()
 {
     if (!m_window.isExposed())
         return;
@@ -191,7 +206,12 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::MouseButtonPress:
-        takeKeyboard(true);
+        takeKeyboard();
+        break;
+    case QEvent::FocusOut:
+        // The user has clicked elsewhere. sway allows no such click, and the keys stay until the panel hides.
+        if (!m_popups.isMenuOpen())
+            giveKeyboardBack();
         break;
     case QEvent::Enter:
         m_afterDrop.stop();
@@ -209,8 +229,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::Leave:
         m_isPointerInside = false;
-        if (!m_popups.isMenuOpen())
-            takeKeyboard(false);
+        pointerIsDone();
         m_pointer.leave();
         if (onMouseExited)
             onMouseExited();

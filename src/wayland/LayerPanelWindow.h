@@ -29,7 +29,7 @@ public:
     void setFrame(const QRectF& frame) override;
     [[nodiscard]] QRectF frame() const override { return m_frame; }
     void orderFront() override;
-    void takeFocus() override { takeKeyboard(true); }
+    void takeFocus() override;
     void orderOut() override;
     void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
 
@@ -45,9 +45,13 @@ public:
 private:
     void place(const QRectF& frame);
     void findDisplay(const QRectF& frame);
-    /// Has the compositor send the keys here (true), or to the window that had them before.
-    void takeKeyboard(bool takes);
-    void commit();
+    /// Has the compositor send the keys here.
+    void takeKeyboard();
+    /// Has the compositor send the keys to the window that had them before.
+    void giveKeyboardBack();
+    /// Gives the keys back unless they were asked for without a click.
+    void pointerIsDone();
+    void tellCompositor();
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
     QWindow& m_window;
@@ -58,6 +62,8 @@ private:
     /// Runs from a drop until the compositor says where the pointer is.
     QTimer m_afterDrop;
     bool m_isPointerInside = false;
+    /// True from `takeFocus` until the focus is lost: the keys do not go with the pointer then.
+    bool m_isForKeys = false;
     /// Where the window is: the frame's place once it has slid in.
     QRectF m_resting;
     /// The full frame of the display that the panel belongs to.

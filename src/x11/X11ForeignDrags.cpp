@@ -5,16 +5,22 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <xcb/xcb.h>
 #include <xcb/xfixes.h>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
+
+#include <unistd.h>
 
 namespace nookle {
 
 namespace {
+
+inline constexpr std::chrono::seconds timeBetweenLooks{ 30 };
 
 /// Whether the session's X server runs. A connection to it would start it.
 [[nodiscard]] bool isServerRunning()
@@ -24,7 +30,8 @@ namespace {
         bool isProcess = false;
         entry.toUInt(&isProcess);
         QFile name(QStringLiteral("/proc/%1/comm").arg(entry));
-        return isProcess && name.open(QIODevice::ReadOnly) && name.readAll().trimmed() == "Xwayland";
+        return isProcess && QFileInfo(name).ownerId() == ::getuid() && name.open(QIODevice::ReadOnly)
+            && name.readAll().trimmed() == "Xwayland";
     });
 }
 
@@ -38,8 +45,12 @@ bool X11ForeignDrags::watch()
 {
     if (m_connection)
         return true;
-    if (!isServerRunning())
+    if (!m_nextLook.hasExpired())
         return false;
+    if (!isServerRunning()) {
+        m_nextLook.setRemainingTime(timeBetweenLooks);
+        return false;
+    }
     m_connection.reset(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(m_connection.get()) != 0 || !watchSelection()) {
         m_connection.reset();
@@ -86,7 +97,9 @@ void X11ForeignDrags::readEvents()
     // The server has ended, as it does in some sessions when the last X11 program has.
     m_notifier.reset();
     m_connection.reset();
-    setUnderWay(false);
+    m_isUnderWay = false;
+    if (onChanged)
+        onChanged();
 }
 
 void X11ForeignDrags::setUnderWay(bool isUnderWay)

@@ -3,6 +3,7 @@
 #include "ForeignDrags.h"
 #include "XcbConnection.h"
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QSocketNotifier>
 
@@ -32,6 +33,8 @@ private:
     XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::uint8_t m_firstFixesEvent = 0;
+    /// No look for the server before this: it reads the names of all processes.
+    QDeadlineTimer m_nextLook;
     bool m_isUnderWay = false;
 };
 

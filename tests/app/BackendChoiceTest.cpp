@@ -12,6 +12,7 @@ struct Session {
     bool hasBackend = true;
     bool hasLayerShell = true;
     bool hasX = true;
+    bool hasCompositor = true;
     QString wanted{};
 };
 
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void theSessionDecides();
     void theChoiceIsExplained();
     void aSessionWithoutADisplayIsAFailure();
+    void aCompositorThatIsGoneIsAFailure();
     void theUsersChoiceOverrides_data();
     void theUsersChoiceOverrides();
     void anImpossibleWishIsAFailure_data();
@@ -44,8 +46,10 @@ std::variant<BackendChoice, Failure> BackendChoiceTest::choose(const Session& se
     m_looksForX = 0;
     return chooseBackend({ .wanted = session.wanted,
                            .isWaylandSession = session.isWayland,
+                           .waylandDisplay = QStringLiteral("wayland-7"),
                            .xDisplay = QStringLiteral(":7"),
                            .hasWaylandBackend = session.hasBackend,
+                           .hasCompositor = [session] { return session.hasCompositor; },
                            .hasLayerShell = [session] { return session.hasLayerShell; },
                            .hasXServer =
                                [this, session] {
@@ -86,7 +90,7 @@ void BackendChoiceTest::theSessionDecides()
     QFETCH(bool, hasLayerShell);
     QFETCH(bool, hasX);
     QFETCH(DesktopKind, expected);
-    QCOMPARE(kindOf({ isWayland, hasBackend, hasLayerShell, hasX, {} }), expected);
+    QCOMPARE(kindOf({ isWayland, hasBackend, hasLayerShell, hasX }), expected);
 }
 
 void BackendChoiceTest::theChoiceIsExplained()
@@ -108,6 +112,12 @@ void BackendChoiceTest::aSessionWithoutADisplayIsAFailure()
     const auto choice = choose({ .isWayland = false, .hasX = false });
     QVERIFY(std::holds_alternative<Failure>(choice));
     QCOMPARE(std::get<Failure>(choice).description, QStringLiteral("no X11 display can be opened (DISPLAY is \":7\")"));
+}
+
+void BackendChoiceTest::aCompositorThatIsGoneIsAFailure()
+{
+    const auto choice = choose({ .isWayland = true, .hasLayerShell = false, .hasX = false, .hasCompositor = false });
+    QVERIFY(std::holds_alternative<Failure>(choice));
 }
 
 void BackendChoiceTest::theUsersChoiceOverrides_data()
