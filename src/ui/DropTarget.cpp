@@ -62,10 +62,13 @@ void DropTarget::answer(QDragMoveEvent& event)
     setHovered(canBeTaken);
 }
 
+// The toolkit tells only who has accepted the entry of the drag's movements, and reports one with each entry. The
+// source hears the answer to that one.
 void DropTarget::enter(QDragEnterEvent& event)
 {
     m_isWanted.reset();
     answer(event);
+    event.accept();
 }
 
 void DropTarget::move(QDragMoveEvent& event)

@@ -32,6 +32,7 @@ public:
     /// Call this when a drag out of the shelf has begun (true) or ended. The shelf does not accept its own items.
     void setDraggingOut(bool isDraggingOut) { m_isDraggingOut = isDraggingOut; }
 
+    /// Accepts the event in any case. Whether the drag is accepted is the answer to the movement that follows.
     void enter(QDragEnterEvent& event);
     void move(QDragMoveEvent& event);
     void leave();
