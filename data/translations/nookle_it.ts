@@ -161,7 +161,7 @@
 <context>
     <name>nookle::NullBackend</name>
     <message>
-        <source>The shelf cannot be shown in this session</source>
+        <source>The shelf cannot be shown on this desktop</source>
         <translation>Il ripiano non può essere mostrato in questa sessione</translation>
     </message>
 </context>

@@ -161,7 +161,7 @@
 <context>
     <name>nookle::NullBackend</name>
     <message>
-        <source>The shelf cannot be shown in this session</source>
+        <source>The shelf cannot be shown on this desktop</source>
         <translation>Nie można pokazać półki w tej sesji</translation>
     </message>
 </context>

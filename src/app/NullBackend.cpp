@@ -51,7 +51,7 @@ public:
     [[nodiscard]] QString boundKeys() const override { return {}; }
     [[nodiscard]] QString obstacle() const override
     {
-        return QCoreApplication::translate("nookle::NullBackend", "The shelf cannot be shown in this session");
+        return QCoreApplication::translate("nookle::NullBackend", "The shelf cannot be shown on this desktop");
     }
     [[nodiscard]] bool canAskAgain() const override { return false; }
     void askAgain() override {}
