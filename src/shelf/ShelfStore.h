@@ -99,6 +99,9 @@ public:
     /// Removes an item from the shelf. An image goes to the Trash; a referenced file is not touched.
     void remove(QUuid id);
 
+    /// Removes an item whose file is in the Trash. `undoRemove` does not bring it back: it would be unavailable.
+    void forget(QUuid id) { removeAll({ id }); }
+
     /// Removes all items that are not pinned, as one step of `undoRemove`.
     void removeUnpinned();
 

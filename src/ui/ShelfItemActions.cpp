@@ -214,12 +214,18 @@ void ShelfItemActions::dragEnded(const ShelfItem& item, DragOperation operation)
     if (isReferredTo)
         m_store.refreshFiles();
     const std::optional<QUrl> localURL = m_store.localURL(item);
+    bool isLeftInPlace = false;
     if (localURL && (isReferredTo || fileExists(*localURL))) {
-        if (const auto failure = m_trash.moveToTrash(*localURL))
+        if (const auto failure = m_trash.moveToTrash(*localURL)) {
+            isLeftInPlace = true;
             logLine(QStringLiteral("moving to Trash failed for %1: %2")
                         .arg(QString::fromUtf8(filePath(*localURL)), failure->description));
+        }
     }
-    m_store.remove(item.id);
+    if (isReferredTo && !isLeftInPlace)
+        m_store.forget(item.id);
+    else
+        m_store.remove(item.id);
 }
 
 bool ShelfItemActions::handleKey(const QKeyEvent& event, const ShelfItem& item) const

@@ -264,6 +264,8 @@ void ShelfViewTest::aFileThatTheDestinationMovedToTheTrashLeavesTheShelf()
     tile.onDragEnded(DragOperation::move);
     QVERIFY(f.store.items().isEmpty());
     QVERIFY(f.trash.moved.isEmpty());
+    // The item would come back without its file.
+    QVERIFY(!f.store.canUndoRemove());
 }
 
 void ShelfViewTest::aFileThatIsMovedToTheTrashSomeTimeAfterTheDropLeavesTheShelf()
