@@ -1,6 +1,7 @@
 #include "PinButton.h"
 
 #include "Colors.h"
+#include "Highlight.h"
 #include "PanelPinning.h"
 #include "PlainToolTip.h"
 #include "Symbol.h"
@@ -15,9 +16,6 @@ namespace {
 inline constexpr int buttonSize = 22;
 inline constexpr double symbolSize = 16;
 inline constexpr double cornerRadius = 6;
-inline constexpr float hoverOpacity = 0.08F;
-inline constexpr float pressOpacity = 0.16F;
-inline constexpr double focusStrokeWidth = 2;
 
 } // namespace
 
@@ -49,20 +47,10 @@ void PinButton::showState()
 void PinButton::paintState(QPainter& painter) const
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    if (isDown() || underMouse()) {
-        QColor highlight = primaryColor(palette());
-        highlight.setAlphaF(isDown() ? pressOpacity : hoverOpacity);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(highlight);
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-    }
-    if (!hasFocus())
-        return;
-    const double inset = focusStrokeWidth / 2;
-    painter.setPen(QPen(accentColor(palette()), focusStrokeWidth));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius - inset,
-                            cornerRadius - inset);
+    if (isDown() || underMouse())
+        paintHighlight(painter, rect(), cornerRadius, palette(), isDown() ? pressOpacity : hoverOpacity);
+    if (hasFocus())
+        paintFocusFrame(painter, rect(), cornerRadius, palette());
 }
 
 void PinButton::keyPressEvent(QKeyEvent* event)

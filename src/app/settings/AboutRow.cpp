@@ -1,5 +1,6 @@
 #include "AboutRow.h"
 
+#include "PlainLabel.h"
 #include "ProgramVersion.h"
 
 #include <QHBoxLayout>
@@ -15,8 +16,7 @@ AboutRow::AboutRow(std::function<void()> copyDiagnostics)
     : m_copyDiagnostics(std::move(copyDiagnostics))
     , m_button(new QPushButton)
 {
-    auto* version = new QLabel(tr("Version %1").arg(programVersion()));
-    version->setTextFormat(Qt::PlainText);
+    auto* version = makePlainLabel(tr("Version %1").arg(programVersion()));
     version->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_button->setToolTip(tr("Versions and services of this desktop, for a report. No names of files."));
     connect(m_button, &QPushButton::clicked, this, [this] {

@@ -2,6 +2,7 @@
 
 #include "LaunchAtLogin.h"
 #include "LoginItem.h"
+#include "PlainLabel.h"
 #include "PlainText.h"
 
 #include <QCheckBox>
@@ -19,8 +20,7 @@ inline constexpr QColor errorColor(0xe0, 0x3c, 0x36);
 
 [[nodiscard]] QLabel* makeErrorLabel()
 {
-    auto* label = new QLabel;
-    label->setTextFormat(Qt::PlainText);
+    auto* label = makePlainLabel(QString());
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     QPalette colors;
@@ -38,8 +38,7 @@ LoginItemSection::LoginItemSection(LoginItem& item)
     , m_approvalHint(new QWidget)
     , m_error(makeErrorLabel())
 {
-    auto* hint = new QLabel(tr("Allow Nookle under Login Items in System Settings."));
-    hint->setTextFormat(Qt::PlainText);
+    auto* hint = makePlainLabel(tr("Allow Nookle under Login Items in System Settings."));
     hint->setForegroundRole(QPalette::PlaceholderText);
     hint->setWordWrap(true);
     auto* button = new QPushButton(tr("Open System Settings"));

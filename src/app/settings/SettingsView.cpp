@@ -3,6 +3,7 @@
 #include "DescriptionLabel.h"
 #include "FileUrl.h"
 #include "LoginItemSection.h"
+#include "PlainLabel.h"
 #include "ShortcutRow.h"
 
 #include <QCheckBox>
@@ -20,13 +21,6 @@ namespace nookle {
 namespace {
 
 inline constexpr int formWidth = 440;
-
-[[nodiscard]] QLabel* makeLabel(const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
 
 [[nodiscard]] QHBoxLayout* makeRow(QLabel* title, QWidget* value)
 {
@@ -66,7 +60,7 @@ QGroupBox* SettingsView::makeShelfSection(const DataFolderRow::Folder& dataFolde
     column->addWidget(aboutExpanding);
 
     auto* expiry = makeExpiryPicker();
-    auto* expiryTitle = makeLabel(tr("Remove items"));
+    auto* expiryTitle = makePlainLabel(tr("Remove items"));
     expiryTitle->setBuddy(expiry);
     auto* aboutExpiry = new DescriptionLabel(*expiry);
     aboutExpiry->setDescription(tr("Pinned items always stay. Copies such as images go to the Trash."));

@@ -2,6 +2,7 @@
 
 #include "DescriptionLabel.h"
 #include "GlobalShortcuts.h"
+#include "PlainLabel.h"
 #include "PlainText.h"
 
 #include <QHBoxLayout>
@@ -16,25 +17,18 @@ namespace {
 /// In points. The tool tip has the whole text.
 inline constexpr int widestKeys = 280;
 
-[[nodiscard]] QLabel* makeLabel(const QString& text)
-{
-    auto* label = new QLabel(text);
-    label->setTextFormat(Qt::PlainText);
-    return label;
-}
-
 } // namespace
 
 ShortcutRow::ShortcutRow(GlobalShortcuts& shortcuts)
     : m_shortcuts(shortcuts)
-    , m_keys(makeLabel(QString()))
+    , m_keys(makePlainLabel(QString()))
     , m_obstacle(new DescriptionLabel(*m_keys))
     , m_ask(new QPushButton(tr("Ask Again")))
 {
     // It may hold a command that the user is to copy.
     m_obstacle->setTextInteractionFlags(Qt::TextSelectableByMouse);
     auto* value = new QHBoxLayout;
-    value->addWidget(makeLabel(tr("Show and hide")));
+    value->addWidget(makePlainLabel(tr("Show and hide")));
     value->addStretch();
     value->addWidget(m_keys);
     auto* reason = new QHBoxLayout;

@@ -3,6 +3,7 @@
 #include "Cards.h"
 #include "Colors.h"
 #include "ItemInteractionView.h"
+#include "Highlight.h"
 #include "Overloaded.h"
 #include "Symbol.h"
 
@@ -21,8 +22,6 @@ inline constexpr int missingSymbolSize = 36;
 inline constexpr int badgeSize = 12;
 inline constexpr int badgePadding = 5;
 inline constexpr double cornerRadius = 8;
-inline constexpr float hoverOpacity = 0.08F;
-inline constexpr double focusStrokeWidth = 2;
 inline constexpr double unavailableOpacity = 0.5;
 
 } // namespace
@@ -115,20 +114,10 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
 
 void ShelfItemView::paintBackground(QPainter& painter) const
 {
-    if (m_isHovered) {
-        QColor highlight = primaryColor(palette());
-        highlight.setAlphaF(hoverOpacity);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(highlight);
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-    }
-    if (!m_isFocused)
-        return;
-    const double inset = focusStrokeWidth / 2;
-    painter.setPen(QPen(accentColor(palette()), focusStrokeWidth));
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), cornerRadius - inset,
-                            cornerRadius - inset);
+    if (m_isHovered)
+        paintHighlight(painter, rect(), cornerRadius, palette(), hoverOpacity);
+    if (m_isFocused)
+        paintFocusFrame(painter, rect(), cornerRadius, palette());
 }
 
 void ShelfItemView::paintPreview(QPainter& painter, const QRect& box)

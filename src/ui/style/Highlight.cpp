@@ -1,0 +1,33 @@
+#include "Highlight.h"
+
+#include "Colors.h"
+
+#include <QPainter>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double focusStrokeWidth = 2;
+
+} // namespace
+
+void paintHighlight(QPainter& painter, const QRect& part, double cornerRadius, const QPalette& palette, float opacity)
+{
+    QColor highlight = primaryColor(palette);
+    highlight.setAlphaF(opacity);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(highlight);
+    painter.drawRoundedRect(part, cornerRadius, cornerRadius);
+}
+
+void paintFocusFrame(QPainter& painter, const QRect& part, double cornerRadius, const QPalette& palette)
+{
+    const double inset = focusStrokeWidth / 2;
+    painter.setPen(QPen(accentColor(palette), focusStrokeWidth));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(part).adjusted(inset, inset, -inset, -inset), cornerRadius - inset,
+                            cornerRadius - inset);
+}
+
+} // namespace nookle
