@@ -11,12 +11,14 @@
 #include "ProgramStart.h"
 #include "ProgramVersion.h"
 #include "SessionEnd.h"
+#include "SessionStart.h"
 #include "SettingsUserDefaults.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
 #include "Translations.h"
 
 #include <QApplication>
+#include <QDBusConnection>
 #include <QDir>
 #include <QFile>
 #include <QIcon>
@@ -112,6 +114,10 @@ int main(int argc, char* argv[])
         nookle::logLine(QStringLiteral("neither a file nor an address: %1").arg(QFile::decodeName(unknown)));
     if (!arguments.unknown.isEmpty() && arguments.uris.isEmpty())
         return EXIT_FAILURE;
+
+    const bool isPlainLogin = reason == nookle::StartReason::login && arguments.uris.isEmpty();
+    if (isPlainLogin && nookle::startBySession(QDBusConnection::sessionBus()))
+        return EXIT_SUCCESS;
 
     const QUrl dataFolder = nookle::child(nookle::fileUrl(dataHome()), QStringLiteral("Nookle"));
     nookle::SingleInstance instance(dataFolder, qgetenv("XDG_RUNTIME_DIR"));
