@@ -106,7 +106,7 @@ void DesktopEntriesTest::everyTextIsInEveryLanguage()
 
 void DesktopEntriesTest::everyTextForSoftwareCentresIsInEveryLanguage()
 {
-    QFile file(QStringLiteral(NOOKLE_DATA_FOLDER "/org.nookle.Nookle.metainfo.xml"));
+    QFile file(QStringLiteral(NOOKLE_DATA_FOLDER "/org.nookle.Nookle.metainfo.xml.in"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     verifyLanguages(readDescribedTexts(file.readAll()));
 }
