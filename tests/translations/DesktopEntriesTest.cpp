@@ -63,8 +63,8 @@ void verifyLanguages(const QHash<QString, QStringList>& texts)
 /// The same of the description for software centres.
 [[nodiscard]] QHash<QString, QStringList> readDescribedTexts(const QByteArray& description)
 {
-    const QStringList translated{ QStringLiteral("summary"), QStringLiteral("p"), QStringLiteral("li"),
-                                  QStringLiteral("caption") };
+    const QStringList translated{ QStringLiteral("name"), QStringLiteral("summary"), QStringLiteral("p"),
+                                  QStringLiteral("li"),   QStringLiteral("caption"), QStringLiteral("keyword") };
     QHash<QString, QStringList> texts;
     QString current;
     QXmlStreamReader xml(description);
@@ -74,7 +74,10 @@ void verifyLanguages(const QHash<QString, QStringList>& texts)
         // Languages are written with a hyphen here.
         QString language = xml.attributes().value(QLatin1String("xml:lang")).toString();
         language.replace(QLatin1Char('-'), QLatin1Char('_'));
-        const QString text = QStringLiteral("%1: %2").arg(xml.lineNumber()).arg(xml.readElementText());
+        const QString content = xml.readElementText();
+        if (content == QLatin1String("Nookle"))
+            continue;
+        const QString text = QStringLiteral("%1: %2").arg(xml.lineNumber()).arg(content);
         if (!language.isEmpty()) {
             texts[current].append(language);
             continue;
