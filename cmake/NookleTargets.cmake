@@ -22,6 +22,12 @@ endif()
 # GCC 12 takes an empty optional of one of Qt's types for an uninitialised one once it optimises.
 target_compile_options(nookle_options INTERFACE
     $<$<AND:$<CXX_COMPILER_ID:GNU>,$<CONFIG:Release>>:-Wno-maybe-uninitialized>)
+# Most of what the loader adjusts at a start are tables of virtual functions, which fit into a tenth of the room.
+include(CheckLinkerFlag)
+check_linker_flag(CXX -Wl,-z,pack-relative-relocs NOOKLE_PACKS_RELOCATIONS)
+if(NOOKLE_PACKS_RELOCATIONS)
+    target_link_options(nookle_options INTERFACE $<$<CONFIG:Release>:-Wl,-z,pack-relative-relocs>)
+endif()
 # What newer releases of Qt deprecate has nothing to replace it in the oldest one.
 target_compile_definitions(nookle_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
     QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER
@@ -64,6 +70,9 @@ function(nookle_layer name)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE nookle_options)
+    # A release need not clean up after exceptions: Qt and this program throw none. Files that catch those of the standard
+    # library say so.
+    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-fno-exceptions>)
     # Not in the tests' own code, whose compiling it would make half as long again.
     if(NOOKLE_SANITIZE)
         target_compile_options(${name} PRIVATE -fsanitize=undefined -fno-sanitize-recover=undefined)
