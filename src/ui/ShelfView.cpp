@@ -56,6 +56,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_content(new QStackedLayout)
     , m_emptyState(new EmptyShelfView)
     , m_tiles(new TileList)
+    , m_hover(*m_tiles)
     , m_outline(new PanelOutline(this))
 {
     setAcceptDrops(true);
@@ -128,7 +129,7 @@ void ShelfView::setUpActions()
 void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
 {
     tile.setItem(item, presentFile(item), m_store.isFolder(item), m_store.iconURL(item));
-    tile.setHovered(showsHover(item.id));
+    tile.setHovered(m_hover.shows(item.id));
     tile.interaction().setConfiguration(interaction(item));
 }
 
@@ -191,7 +192,7 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     interaction.dragItem = [this, item] { return beginDrag(item); };
     interaction.menu = [this, item] { return m_actions.menuActions(item); };
     interaction.onMenuOpenChanged = menuListener();
-    interaction.onHover = [this, id = item.id](bool isInside) { itemHovered(id, isInside); };
+    interaction.onHover = [this, id = item.id](bool isInside) { m_hover.change(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
     interaction.onDragBegan = [self] {
         if (self)
@@ -208,30 +209,6 @@ QPixmap ShelfView::thumbnailOf(const ShelfItem& item) const
 {
     const ShelfItemView* tile = m_tiles->tile(item.id);
     return tile ? tile->thumbnail() : QPixmap();
-}
-
-// The exit of one tile may be reported after the entry into the next.
-void ShelfView::itemHovered(const QUuid& id, bool isInside)
-{
-    if (isInside)
-        setHovered(id);
-    else if (m_hoveredID == id)
-        setHovered(std::nullopt);
-}
-
-void ShelfView::setHovered(const std::optional<QUuid>& id)
-{
-    const std::optional<QUuid> previous = std::exchange(m_hoveredID, id);
-    if (previous == id)
-        return;
-    updateHover(previous);
-    updateHover(id);
-}
-
-void ShelfView::updateHover(const std::optional<QUuid>& id)
-{
-    if (ShelfItemView* tile = id ? m_tiles->tile(*id) : nullptr)
-        tile->setHovered(showsHover(*id));
 }
 
 // A menu may outlive this view.
@@ -275,7 +252,7 @@ void ShelfView::dragBegan()
 void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 {
     m_dropTarget.setDraggingOut(false);
-    setHovered(std::nullopt);
+    m_hover.clear();
     m_dragOutWatch.end(item, operation);
     callIfSet(onDragOutEnded);
 }
@@ -283,7 +260,7 @@ void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
 void ShelfView::dropHoverChanged(bool isDropTarget)
 {
     m_outline->setDropTarget(isDropTarget);
-    updateHover(m_hoveredID);
+    m_hover.setSuspended(isDropTarget);
     callIfSet(onDropTargetChanged, isDropTarget);
 }
 
@@ -300,7 +277,7 @@ void ShelfView::dragMoveEvent(QDragMoveEvent* event)
 void ShelfView::dragLeaveEvent(QDragLeaveEvent* /*event*/)
 {
     // The pointer has left together with the drag, and tiles get no leave event for that.
-    setHovered(std::nullopt);
+    m_hover.clear();
     m_dropTarget.leave();
 }
 

@@ -8,6 +8,7 @@
 #include "ShelfActions.h"
 #include "ShelfItemActions.h"
 #include "TileHeights.h"
+#include "TileHover.h"
 #include "TileMetrics.h"
 
 #include <QUuid>
@@ -87,7 +88,7 @@ public:
     void saveDraggedImages() { m_dragOutWatch.saveImages(); }
 
     /// The item under the pointer, if any.
-    [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hoveredID; }
+    [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hover.id(); }
     [[nodiscard]] bool isDropTarget() const { return m_dropTarget.isHovered(); }
 
     /// The actions of the item's tile on mouse events.
@@ -124,12 +125,8 @@ private:
     [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
     void dropHoverChanged(bool isDropTarget);
     [[nodiscard]] std::optional<ShelfItem> currentItem() const;
-    void setHovered(const std::optional<QUuid>& id);
-    void itemHovered(const QUuid& id, bool isInside);
     [[nodiscard]] std::function<void(bool isOpen)> menuListener();
     void menuOpenChanged(bool isOpen);
-    [[nodiscard]] bool showsHover(const QUuid& id) const { return !isDropTarget() && m_hoveredID == id; }
-    void updateHover(const std::optional<QUuid>& id);
     [[nodiscard]] bool isOnShelf(const QUuid& id) const;
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragBegan();
@@ -148,9 +145,9 @@ private:
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
+    TileHover m_hover;
     PanelOutline* m_outline;
     std::array<ScrollFade*, 2> m_fades{};
-    std::optional<QUuid> m_hoveredID;
     int m_openMenus = 0;
 };
 
