@@ -211,6 +211,19 @@ QPixmap ShelfView::thumbnailOf(const ShelfItem& item) const
     return tile ? tile->thumbnail() : QPixmap();
 }
 
+QList<ShelfItem> ShelfView::itemsTakenWith(const ShelfItem& pressed) const
+{
+    const Selection& selection = m_tiles->selection();
+    if (!selection.contains(pressed.id))
+        return { pressed };
+    QList<ShelfItem> items;
+    for (const ShelfItem& item : m_store.items()) {
+        if (selection.contains(item.id))
+            items.append(item);
+    }
+    return items;
+}
+
 // A menu may outlive this view.
 std::function<void(bool isOpen)> ShelfView::menuListener()
 {

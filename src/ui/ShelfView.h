@@ -91,6 +91,10 @@ public:
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hover.id(); }
     [[nodiscard]] bool isDropTarget() const { return m_dropTarget.isHovered(); }
 
+    /// The items that a drag takes when it begins on the tile of `pressed`: all selected ones in the order of the shelf
+    /// if `pressed` is one of them, else `pressed` alone.
+    [[nodiscard]] QList<ShelfItem> itemsTakenWith(const ShelfItem& pressed) const;
+
     /// The actions of the item's tile on mouse events.
     [[nodiscard]] ItemInteraction interaction(const ShelfItem& item);
 

@@ -41,17 +41,7 @@ int TileList::tileWidth() const
 
 void TileList::setRows(std::vector<QUuid> ids)
 {
-    const std::optional<QUuid> current = currentId();
-    m_ids = std::move(ids);
-    if (current) {
-        const auto found = std::find(m_ids.begin(), m_ids.end(), *current);
-        if (found != m_ids.end())
-            m_currentRow = static_cast<std::size_t>(found - m_ids.begin());
-        else if (m_ids.empty())
-            m_currentRow.reset();
-        else
-            m_currentRow = std::min(*m_currentRow, m_ids.size() - 1);
-    }
+    m_selection.setRows(std::move(ids));
     m_isOutdated = true;
     if (isVisible() && wantsMotion())
         rearrange();
@@ -86,11 +76,6 @@ void TileList::layOut()
     showCurrent();
 }
 
-std::optional<QUuid> TileList::currentId() const
-{
-    return m_currentRow ? std::optional(m_ids[*m_currentRow]) : std::nullopt;
-}
-
 std::vector<ShelfItemView*> TileList::tilesInOrder() const
 {
     std::vector<ShelfItemView*> tiles(m_tiles.begin(), m_tiles.end());
@@ -102,8 +87,8 @@ void TileList::measure()
 {
     m_measuredWidth = tileWidth();
     std::vector<int> heights;
-    heights.reserve(m_ids.size());
-    for (std::size_t row = 0; row < m_ids.size(); ++row)
+    heights.reserve(m_selection.rows().size());
+    for (std::size_t row = 0; row < m_selection.rows().size(); ++row)
         heights.push_back(tileHeight(row, m_measuredWidth));
     m_layout = TileLayout(heights, margin, gap);
 }
@@ -117,14 +102,15 @@ void TileList::placeTiles(bool refill)
 
     QHash<QUuid, ShelfItemView*> unused = std::exchange(m_tiles, {});
     for (std::size_t row = visible.first; row < visible.end; ++row) {
-        ShelfItemView* tile = unused.take(m_ids[row]);
+        const QUuid& id = m_selection.rows()[row];
+        ShelfItemView* tile = unused.take(id);
         const bool isNew = tile == nullptr;
         if (isNew)
-            tile = newTile(m_ids[row]);
+            tile = newTile(id);
         tile->setGeometry(margin, m_layout.top(row) - offset, tileWidth(), m_layout.height(row));
         if (isNew || refill)
             fillTile(*tile, row);
-        m_tiles.insert(m_ids[row], tile);
+        m_tiles.insert(id, tile);
         tile->show();
     }
     for (auto each = unused.cbegin(); each != unused.cend(); ++each)
@@ -140,10 +126,9 @@ void TileList::discard(const QUuid& id, ShelfItemView& tile)
         return;
     }
     // A tile that is only pushed out of view goes where it belongs.
-    const auto found = std::find(m_ids.begin(), m_ids.end(), id);
-    const auto row = static_cast<std::size_t>(found - m_ids.begin());
+    const std::optional<std::size_t> row = m_selection.rowOf(id);
     tile.lower();
-    m_motion.leave(tile, found == m_ids.end() ? tile.y() : m_layout.top(row) - verticalScrollBar()->value());
+    m_motion.leave(tile, row ? m_layout.top(*row) - verticalScrollBar()->value() : tile.y());
 }
 
 ShelfItemView* TileList::newTile(const QUuid& id)
@@ -158,12 +143,12 @@ ShelfItemView* TileList::newTile(const QUuid& id)
 bool TileList::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonPress) {
-        for (std::size_t row = 0; row < m_ids.size(); ++row) {
-            const ShelfItemView* pressed = tile(m_ids[row]);
+        for (std::size_t row = 0; row < m_selection.rows().size(); ++row) {
+            const ShelfItemView* pressed = tile(m_selection.rows()[row]);
             if (!pressed || watched != &pressed->interaction())
                 continue;
             m_usesKeys = false;
-            m_currentRow = row;
+            m_selection.press(row);
             showCurrent();
             break;
         }
@@ -173,13 +158,13 @@ bool TileList::eventFilter(QObject* watched, QEvent* event)
 
 std::optional<std::size_t> TileList::rowForKey(int key) const
 {
-    if (m_ids.empty())
+    if (m_selection.rows().empty())
         return std::nullopt;
-    const std::size_t last = m_ids.size() - 1;
-    if (!m_currentRow)
+    const std::size_t last = m_selection.rows().size() - 1;
+    if (!m_selection.currentRow())
         return key == Qt::Key_Up || key == Qt::Key_End ? last : 0;
     const std::size_t page = std::max<std::size_t>(m_tiles.size(), 2) - 1;
-    const std::size_t row = *m_currentRow;
+    const std::size_t row = *m_selection.currentRow();
     switch (key) {
     case Qt::Key_Up:
         return row - std::min<std::size_t>(row, 1);
@@ -235,26 +220,27 @@ bool TileList::findName(const QKeyEvent& event)
     if (!isText || (event.key() == Qt::Key_Space && !m_search.isUnderWay(event.timestamp())))
         return false;
     m_usesKeys = true;
-    if (const auto row = m_search.find(event.text(), event.timestamp(), m_currentRow, m_ids.size(), tileName))
+    if (const auto row = m_search.find(event.text(), event.timestamp(), m_selection.currentRow(),
+                                       m_selection.rows().size(), tileName))
         setCurrentRow(*row);
     return true;
 }
 
 void TileList::clearCurrent()
 {
-    m_currentRow.reset();
+    m_selection.clearCurrent();
     showCurrent();
 }
 
 void TileList::scrollToCurrent()
 {
-    if (m_currentRow)
-        scrollTo(*m_currentRow);
+    if (const auto row = m_selection.currentRow())
+        scrollTo(*row);
 }
 
 void TileList::setCurrentRow(std::size_t row)
 {
-    m_currentRow = row;
+    m_selection.moveTo(row);
     scrollTo(row);
     showCurrent();
 }
@@ -290,8 +276,8 @@ void TileList::focusInEvent(QFocusEvent* event)
     // A closed menu and a window that is active again change nothing.
     if (isTab || event->reason() == Qt::MouseFocusReason)
         m_usesKeys = isTab;
-    if (isTab && !m_currentRow && !m_ids.empty())
-        m_currentRow = 0;
+    if (isTab && !m_selection.currentRow() && !m_selection.rows().empty())
+        m_selection.moveTo(0);
     showCurrent();
 }
 

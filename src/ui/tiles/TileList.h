@@ -2,6 +2,7 @@
 
 #include "NameSearch.h"
 #include "ScrollMotion.h"
+#include "Selection.h"
 #include "TileLayout.h"
 #include "TileMotion.h"
 #include "WheelScroll.h"
@@ -57,8 +58,11 @@ public:
     /// True while tiles come, go or change their places.
     [[nodiscard]] bool isRearranging() const { return m_motion.isRunning(); }
 
-    /// The item in the current row, to which key presses apply.
-    [[nodiscard]] std::optional<QUuid> currentId() const;
+    /// Which rows are selected, and which one is the current row.
+    [[nodiscard]] const Selection& selection() const { return m_selection; }
+
+    /// The item in the current row.
+    [[nodiscard]] std::optional<QUuid> currentId() const { return m_selection.currentId(); }
 
     /// From now on no row is the current one, until a key or the mouse chooses one.
     void clearCurrent();
@@ -92,7 +96,7 @@ private:
     void scrollTo(std::size_t row);
     void showCurrent();
 
-    std::vector<QUuid> m_ids;
+    Selection m_selection;
     TileLayout m_layout;
     QHash<QUuid, ShelfItemView*> m_tiles;
     ScrollMotion m_scrolling;
@@ -103,7 +107,6 @@ private:
     bool m_isOutdated = false;
     /// True while the tiles are placed anew with a movement.
     bool m_isMoving = false;
-    std::optional<std::size_t> m_currentRow;
     bool m_usesKeys = false;
     NameSearch m_search;
 };

@@ -1,0 +1,134 @@
+#include "Selection.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace nookle {
+
+void Selection::setRows(std::vector<QUuid> rows)
+{
+    const std::vector<QUuid> before = std::exchange(m_rows, std::move(rows));
+    if (m_currentRow)
+        m_currentRow = nearestRow(before, *m_currentRow);
+    if (isEmpty())
+        return;
+    const QSet<QUuid> present(m_rows.begin(), m_rows.end());
+    m_selected.intersect(present);
+    if (isEmpty())
+        clear();
+}
+
+std::optional<std::size_t> Selection::nearestRow(const std::vector<QUuid>& before, std::size_t row) const
+{
+    for (std::size_t below = row; below < before.size(); ++below) {
+        if (const auto found = rowOf(before[below]))
+            return found;
+    }
+    for (std::size_t above = row; above > 0; --above) {
+        if (const auto found = rowOf(before[above - 1]))
+            return found;
+    }
+    return m_rows.empty() ? std::nullopt : std::optional<std::size_t>(0);
+}
+
+std::optional<QUuid> Selection::currentId() const
+{
+    return m_currentRow ? std::optional(m_rows[*m_currentRow]) : std::nullopt;
+}
+
+std::optional<std::size_t> Selection::rowOf(const QUuid& id) const
+{
+    const auto found = std::find(m_rows.begin(), m_rows.end(), id);
+    return found == m_rows.end() ? std::nullopt : std::optional(static_cast<std::size_t>(found - m_rows.begin()));
+}
+
+std::vector<QUuid> Selection::takenWith(const QUuid& id) const
+{
+    return contains(id) ? targets() : std::vector<QUuid>{ id };
+}
+
+std::vector<QUuid> Selection::targets() const
+{
+    std::vector<QUuid> targets;
+    std::copy_if(m_rows.begin(), m_rows.end(), std::back_inserter(targets),
+                 [this](const QUuid& id) { return isTarget(id); });
+    return targets;
+}
+
+bool Selection::isTarget(const QUuid& id) const
+{
+    return contains(id) || (isEmpty() && m_currentStandsForSelection && currentId() == id);
+}
+
+void Selection::choose(std::size_t row)
+{
+    m_currentRow = row;
+    m_anchor = m_rows[row];
+}
+
+void Selection::press(std::size_t row)
+{
+    if (!contains(m_rows[row]))
+        clear();
+    choose(row);
+}
+
+void Selection::moveTo(std::size_t row)
+{
+    clear();
+    choose(row);
+}
+
+void Selection::moveCurrent(std::size_t row)
+{
+    for (const QUuid& id : targets())
+        m_selected.insert(id);
+    m_currentRow = row;
+}
+
+void Selection::toggle(std::size_t row)
+{
+    choose(row);
+    if (!m_selected.remove(m_rows[row]))
+        m_selected.insert(m_rows[row]);
+    m_currentStandsForSelection = false;
+}
+
+void Selection::extendTo(std::size_t row, Others others)
+{
+    if (others == Others::end)
+        m_selected.clear();
+    const std::size_t start = (m_anchor ? rowOf(*m_anchor) : std::nullopt).value_or(m_currentRow.value_or(row));
+    const auto [first, last] = std::minmax(start, row);
+    for (std::size_t each = first; each <= last; ++each)
+        m_selected.insert(m_rows[each]);
+    m_anchor = m_rows[start];
+    m_currentRow = row;
+}
+
+void Selection::selectAll()
+{
+    select(QSet<QUuid>(m_rows.begin(), m_rows.end()));
+}
+
+void Selection::select(QSet<QUuid> ids)
+{
+    m_selected = std::move(ids);
+    m_currentStandsForSelection = true;
+}
+
+void Selection::clear()
+{
+    m_selected.clear();
+    m_currentStandsForSelection = true;
+}
+
+void Selection::clearCurrent()
+{
+    clear();
+    m_currentRow.reset();
+    m_anchor.reset();
+}
+
+} // namespace nookle

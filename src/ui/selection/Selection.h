@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QSet>
+#include <QUuid>
+
+#include <cstddef>
+#include <optional>
+#include <vector>
+
+namespace nookle {
+
+/// Which rows of a list are selected, and which one is the current row, from which the arrow keys go on. Rows are known
+/// by the ids of their items, so that both follow the items when the rows change. As long as nothing is selected, the
+/// current row stands for the selection.
+class Selection final {
+public:
+    /// What becomes of the selected rows outside of a range.
+    enum class Others { end, stay };
+
+    /// Replaces the rows. Items that are gone are no longer selected. If the current item is gone, the nearest one that
+    /// is still there becomes the current one, preferably one below it.
+    void setRows(std::vector<QUuid> rows);
+    [[nodiscard]] const std::vector<QUuid>& rows() const { return m_rows; }
+    [[nodiscard]] std::optional<std::size_t> rowOf(const QUuid& id) const;
+
+    [[nodiscard]] std::optional<std::size_t> currentRow() const { return m_currentRow; }
+    [[nodiscard]] std::optional<QUuid> currentId() const;
+
+    [[nodiscard]] bool isEmpty() const { return m_selected.isEmpty(); }
+    [[nodiscard]] bool contains(const QUuid& id) const { return m_selected.contains(id); }
+    [[nodiscard]] const QSet<QUuid>& ids() const { return m_selected; }
+
+    /// The items that an action on `id` is for, in the order of the rows: all selected ones if `id` is one of them,
+    /// else `id` alone.
+    [[nodiscard]] std::vector<QUuid> takenWith(const QUuid& id) const;
+
+    /// The items that keys are for, in the order of the rows: the selected ones, or the current one if it stands for
+    /// them.
+    [[nodiscard]] std::vector<QUuid> targets() const;
+    [[nodiscard]] bool isTarget(const QUuid& id) const;
+
+    /// A row was pressed without other keys. The selection stays if the row is selected, and ends otherwise.
+    void press(std::size_t row);
+
+    /// Makes a row the current one, and ends the selection.
+    void moveTo(std::size_t row);
+
+    /// Makes a row the current one. What was selected stays so, also if only the current row stood for it.
+    void moveCurrent(std::size_t row);
+
+    /// Adds a row to the selection, or takes it out.
+    void toggle(std::size_t row);
+
+    /// Selects the rows from the one that was chosen last to `row`, which becomes the current one.
+    void extendTo(std::size_t row, Others others);
+
+    void selectAll();
+
+    /// Selects these items and no others.
+    void select(QSet<QUuid> ids);
+
+    /// Ends the selection. The current row stays.
+    void clear();
+
+    /// Ends the selection, and leaves no row the current one.
+    void clearCurrent();
+
+private:
+    void choose(std::size_t row);
+    [[nodiscard]] std::optional<std::size_t> nearestRow(const std::vector<QUuid>& before, std::size_t row) const;
+
+    std::vector<QUuid> m_rows;
+    QSet<QUuid> m_selected;
+    std::optional<std::size_t> m_currentRow;
+    /// Where ranges begin.
+    std::optional<QUuid> m_anchor;
+    /// False once the user has taken the last row out of the selection: keys are for nothing then.
+    bool m_currentStandsForSelection = true;
+};
+
+} // namespace nookle
