@@ -193,10 +193,10 @@ void ShelfStore::togglePinned(QUuid id)
     m_changes.itemsChanged();
 }
 
-void ShelfStore::remove(QUuid id)
+void ShelfStore::remove(const QSet<QUuid>& ids)
 {
-    m_removed.keep({ id }, m_items, m_files.urls(), now());
-    removeAll({ id });
+    m_removed.keep(ids, m_items, m_files.urls(), now());
+    removeAll(ids);
 }
 
 void ShelfStore::removeUnpinned()
@@ -206,10 +206,8 @@ void ShelfStore::removeUnpinned()
         if (!item.pinned)
             unpinned.insert(item.id);
     }
-    if (unpinned.isEmpty())
-        return;
-    m_removed.keep(unpinned, m_items, m_files.urls(), now());
-    removeAll(unpinned);
+    if (!unpinned.isEmpty())
+        remove(unpinned);
 }
 
 void ShelfStore::undoRemove()

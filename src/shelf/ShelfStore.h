@@ -97,7 +97,10 @@ public:
     void togglePinned(QUuid id);
 
     /// Removes an item from the shelf. An image goes to the Trash; a referenced file is not touched.
-    void remove(QUuid id);
+    void remove(QUuid id) { remove(QSet<QUuid>{ id }); }
+
+    /// Removes several items, as one step of `undoRemove`.
+    void remove(const QSet<QUuid>& ids);
 
     /// Removes an item whose file is in the Trash. `undoRemove` does not bring it back: it would be unavailable.
     void forget(QUuid id) { removeAll({ id }); }

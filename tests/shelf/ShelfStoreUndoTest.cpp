@@ -14,6 +14,7 @@ private Q_SLOTS:
     void whatWasRemovedLastComesBackFirst();
     void anItemComesBackUnchangedToItsPlace();
     void itemsRemovedTogetherComeBackTogether();
+    void chosenItemsAreRemovedInOneStep();
     void placesHoldWhenOtherItemsCameMovedAndWent();
     void nothingIsUndoneAfterARestart();
     void whatHasExpiredDoesNotComeBack();
@@ -110,6 +111,20 @@ void ShelfStoreUndoTest::itemsRemovedTogetherComeBackTogether()
     store->removeUnpinned();
     store->undoRemove();
     QCOMPARE(text(*store), QStringLiteral("a b c d e"));
+}
+
+void ShelfStoreUndoTest::chosenItemsAreRemovedInOneStep()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    add(*store, "a b c d e");
+    const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
+    store->remove({ store->items().at(0).id, store->items().at(3).id, QUuid::createUuid() });
+    QCOMPARE(text(*store), QStringLiteral("b c e"));
+    QCOMPARE(changes.size(), 1);
+    store->undoRemove();
+    QCOMPARE(text(*store), QStringLiteral("a b c d e"));
+    QVERIFY(!store->canUndoRemove());
 }
 
 void ShelfStoreUndoTest::placesHoldWhenOtherItemsCameMovedAndWent()
