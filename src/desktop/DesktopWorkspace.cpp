@@ -9,6 +9,8 @@
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
 
+#include <utility>
+
 namespace nookle {
 
 namespace {
@@ -22,6 +24,19 @@ void openWithDesktop(const QUrl& address)
         QDesktopServices::openUrl(address);
 }
 
+/// Opens the folder of each file, and each folder once.
+void openFolders(const QList<QUrl>& files)
+{
+    QList<QUrl> folders;
+    for (const QUrl& file : files) {
+        const QUrl folder = file.adjusted(QUrl::RemoveFilename);
+        if (!folders.contains(folder))
+            folders.append(folder);
+    }
+    for (const QUrl& folder : std::as_const(folders))
+        openWithDesktop(folder);
+}
+
 } // namespace
 
 void DesktopWorkspace::open(const QUrl& url)
@@ -29,18 +44,21 @@ void DesktopWorkspace::open(const QUrl& url)
     openWithDesktop(url);
 }
 
-void DesktopWorkspace::reveal(const QUrl& file)
+void DesktopWorkspace::reveal(const QList<QUrl>& files)
 {
+    QStringList addresses;
+    for (const QUrl& file : files)
+        addresses.append(QString::fromLatin1(file.toEncoded()));
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
-    call << QStringList{ QString::fromLatin1(file.toEncoded()) } << QString();
+    call << addresses << QString();
     auto* watcher =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), QCoreApplication::instance());
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, file] {
-        // If no file manager has this service, at least open the folder.
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, files] {
+        // If no file manager has this service, at least open the folders.
         if (watcher->isError())
-            openWithDesktop(file.adjusted(QUrl::RemoveFilename));
+            openFolders(files);
         watcher->deleteLater();
     });
 }

@@ -8,7 +8,7 @@ namespace nookle {
 class DesktopWorkspace final : public Workspace {
 public:
     void open(const QUrl& url) override;
-    void reveal(const QUrl& file) override;
+    void reveal(const QList<QUrl>& files) override;
 };
 
 } // namespace nookle

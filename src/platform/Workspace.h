@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QUrl>
 
 namespace nookle {
@@ -13,8 +14,8 @@ public:
     /// `refusedScheme` refuses, with one log line.
     virtual void open(const QUrl& url) = 0;
 
-    /// Shows the file, selected, in the desktop's file manager.
-    virtual void reveal(const QUrl& file) = 0;
+    /// Shows the files, selected, in the desktop's file manager: all in one request.
+    virtual void reveal(const QList<QUrl>& files) = 0;
 };
 
 } // namespace nookle

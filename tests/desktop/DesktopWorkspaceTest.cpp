@@ -31,7 +31,7 @@ private Q_SLOTS:
     void cleanupTestCase();
 
     void theFileManagerShowsTheFile();
-    void withoutAFileManagerTheFolderIsOpened();
+    void withoutAFileManagerEachFolderIsOpenedOnce();
     void anAddressThatRunsSomethingIsRefusedWithOneLogLine_data();
     void anAddressThatRunsSomethingIsRefusedWithOneLogLine();
     void otherAddressesAreOpened();
@@ -70,16 +70,20 @@ void DesktopWorkspaceTest::theFileManagerShowsTheFile()
     QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), &fileManager,
                                QDBusConnection::ExportAllSlots));
     QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.FileManager1")));
-    DesktopWorkspace().reveal(QUrl(QStringLiteral("file:///home/me/caf%E9%20one")));
-    QTRY_COMPARE(fileManager.shown, QStringList{ QStringLiteral("file:///home/me/caf%E9%20one") });
+    DesktopWorkspace().reveal(
+        { QUrl(QStringLiteral("file:///home/me/caf%E9%20one")), QUrl(QStringLiteral("file:///home/b")) });
+    QTRY_COMPARE(fileManager.shown,
+                 QStringList({ QStringLiteral("file:///home/me/caf%E9%20one"), QStringLiteral("file:///home/b") }));
     QDBusConnection::disconnectFromBus(name);
     QVERIFY(m_opened.isEmpty());
 }
 
-void DesktopWorkspaceTest::withoutAFileManagerTheFolderIsOpened()
+void DesktopWorkspaceTest::withoutAFileManagerEachFolderIsOpenedOnce()
 {
-    DesktopWorkspace().reveal(QUrl(QStringLiteral("file:///home/me/a")));
-    QTRY_COMPARE(m_opened, QList<QUrl>{ QUrl(QStringLiteral("file:///home/me/")) });
+    DesktopWorkspace().reveal({ QUrl(QStringLiteral("file:///home/me/a")), QUrl(QStringLiteral("file:///home/b")),
+                                QUrl(QStringLiteral("file:///home/me/c")) });
+    QTRY_COMPARE(m_opened,
+                 QList<QUrl>({ QUrl(QStringLiteral("file:///home/me/")), QUrl(QStringLiteral("file:///home/")) }));
 }
 
 void DesktopWorkspaceTest::anAddressThatRunsSomethingIsRefusedWithOneLogLine_data()

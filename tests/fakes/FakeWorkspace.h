@@ -10,10 +10,11 @@ namespace nookle {
 class FakeWorkspace final : public Workspace {
 public:
     void open(const QUrl& url) override { opened.append(url); }
-    void reveal(const QUrl& file) override { revealed.append(file); }
+    void reveal(const QList<QUrl>& files) override { revealed.append(files); }
 
     QList<QUrl> opened;
-    QList<QUrl> revealed;
+    /// One list for each request.
+    QList<QList<QUrl>> revealed;
 };
 
 } // namespace nookle

@@ -599,7 +599,7 @@ void ShelfViewTest::revealShowsTheFile()
     ShelfFixture& f = *m_fixture;
     const QUrl file = f.addFile("a.txt");
     f.choose(QStringLiteral("Show in Finder"));
-    QCOMPARE(f.workspace.revealed, QList<QUrl>{ file });
+    QCOMPARE(f.workspace.revealed, QList<QList<QUrl>>{ QList<QUrl>{ file } });
 }
 
 void ShelfViewTest::pinningAndRemovingFromTheMenu()

@@ -106,7 +106,7 @@ MenuActions ShelfItemActions::menuActions(const ShelfItem& item) const
         menu.push_back(MenuAction{ tr("Open"), true, [actions, item] { actions.open(item); } });
     if (isFile && localURL)
         menu.push_back(MenuAction{ tr("Show in Finder"), true,
-                                   [actions, file = *localURL] { actions.m_workspace.reveal(file); } });
+                                   [actions, file = *localURL] { actions.m_workspace.reveal({ file }); } });
     menu.push_back(MenuAction{ tr("Copy"), canBeCopied(item), [actions, item] { actions.copyToPasteboard(item); } });
     menu.push_back(MenuAction{ item.pinned ? tr("Unpin") : tr("Pin"), true,
                                [actions, id = item.id] { actions.m_store.togglePinned(id); } });
