@@ -21,30 +21,37 @@ inline constexpr int longestSide = 32767;
     return *QGuiApplication::clipboard();
 }
 
-/// A link with its original text. The toolkit's own class would convert it to a QUrl, which changes some addresses.
-class LinkData final : public QMimeData {
+/// Addresses with their original text, and a text. The toolkit's own class would convert each address to a QUrl, which
+/// changes some.
+class AddressData final : public QMimeData {
 public:
-    explicit LinkData(QString address)
-        : m_address(std::move(address))
+    AddressData(const QStringList& addresses, QString text)
+        : m_list(addresses.join(lineEnd()).toUtf8() + "\r\n")
+        , m_text(std::move(text))
     {
     }
 
-    [[nodiscard]] QStringList formats() const override { return { addresses(), text() }; }
+    [[nodiscard]] QStringList formats() const override
+    {
+        return m_text.isEmpty() ? QStringList{ addresses() } : QStringList{ addresses(), text() };
+    }
     [[nodiscard]] bool hasFormat(const QString& format) const override { return formats().contains(format); }
 
 protected:
     [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType /*preferredType*/) const override
     {
         if (format == addresses())
-            return QByteArray(m_address.toUtf8() + "\r\n");
-        return format == text() ? QVariant(m_address) : QVariant();
+            return m_list;
+        return format == text() ? QVariant(m_text) : QVariant();
     }
 
 private:
     [[nodiscard]] static QString addresses() { return QStringLiteral("text/uri-list"); }
     [[nodiscard]] static QString text() { return QStringLiteral("text/plain"); }
+    [[nodiscard]] static QString lineEnd() { return QStringLiteral("\r\n"); }
 
-    QString m_address;
+    QByteArray m_list;
+    QString m_text;
 };
 
 } // namespace
@@ -87,7 +94,12 @@ void ClipboardPasteboard::writeText(const QString& text)
 
 void ClipboardPasteboard::writeLink(const QString& address)
 {
-    write(std::make_unique<LinkData>(address));
+    writeAddresses({ address }, address);
+}
+
+void ClipboardPasteboard::writeAddresses(const QStringList& addresses, const QString& text)
+{
+    write(std::make_unique<AddressData>(addresses, text));
 }
 
 void ClipboardPasteboard::writeImage(const QUrl& file)

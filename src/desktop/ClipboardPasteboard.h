@@ -25,6 +25,7 @@ public:
     void writeFile(const QUrl& file) override;
     void writeText(const QString& text) override;
     void writeLink(const QString& address) override;
+    void writeAddresses(const QStringList& addresses, const QString& text) override;
     void writeImage(const QUrl& file) override;
 
 private:

@@ -3,6 +3,7 @@
 #include "DropPayload.h"
 
 #include <QString>
+#include <QStringList>
 #include <QUrl>
 
 #include <memory>
@@ -25,6 +26,9 @@ public:
 
     /// Writes the address both as an address and as text.
     virtual void writeLink(const QString& address) = 0;
+
+    /// Writes the addresses of files or pages as a list, and `text` as text if it is not empty.
+    virtual void writeAddresses(const QStringList& addresses, const QString& text) = 0;
 
     /// Writes the picture in the image file. Writes nothing when the file holds no readable image.
     virtual void writeImage(const QUrl& file) = 0;

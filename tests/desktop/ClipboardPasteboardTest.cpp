@@ -22,6 +22,7 @@ private Q_SLOTS:
     void aFileIsItsAddress();
     void textIsText();
     void aLinkIsAddressAndText();
+    void addressesAreAListAndTextIsThereIfThereIsAny();
     void anImageIsThereOnceItIsConverted();
     void anImageThatCannotBeReadWritesNothing();
     void whatIsCopiedMeanwhileStays();
@@ -76,6 +77,18 @@ void ClipboardPasteboardTest::aLinkIsAddressAndText()
     QCOMPARE(clipboard().text(), QStringLiteral("https://Example.com/%7Ea"));
     QVERIFY(clipboard().hasUrls());
     QCOMPARE(clipboard().data(QStringLiteral("text/uri-list")), QByteArray("https://Example.com/%7Ea\r\n"));
+}
+
+void ClipboardPasteboardTest::addressesAreAListAndTextIsThereIfThereIsAny()
+{
+    const QStringList addresses{ QStringLiteral("file:///a%20b"), QStringLiteral("https://Example.com/%7Ea") };
+    m_pasteboard->writeAddresses(addresses, QStringLiteral("one\n\ntwo"));
+    QCOMPARE(clipboard().data(QStringLiteral("text/uri-list")),
+             QByteArray("file:///a%20b\r\nhttps://Example.com/%7Ea\r\n"));
+    QCOMPARE(clipboard().text(), QStringLiteral("one\n\ntwo"));
+    m_pasteboard->writeAddresses(addresses, {});
+    QVERIFY(!clipboard().hasFormat(QStringLiteral("text/plain")));
+    QVERIFY(clipboard().hasFormat(QStringLiteral("text/uri-list")));
 }
 
 void ClipboardPasteboardTest::anImageIsThereOnceItIsConverted()

@@ -18,6 +18,10 @@ public:
     void writeFile(const QUrl& file) override { operations.append(QStringLiteral("file ") + file.toString()); }
     void writeText(const QString& text) override { operations.append(QStringLiteral("text ") + text); }
     void writeLink(const QString& address) override { operations.append(QStringLiteral("link ") + address); }
+    void writeAddresses(const QStringList& addresses, const QString& text) override
+    {
+        operations.append(QStringLiteral("addresses %1 text %2").arg(addresses.join(QLatin1Char(' ')), text));
+    }
     void writeImage(const QUrl& file) override { operations.append(QStringLiteral("image ") + file.toString()); }
 
     FakeDropPayload payload;
