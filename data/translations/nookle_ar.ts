@@ -216,6 +216,101 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>افتح %n عنصر</numerusform>
+            <numerusform>افتح عنصرًا واحدًا</numerusform>
+            <numerusform>افتح عنصرين</numerusform>
+            <numerusform>افتح %n عناصر</numerusform>
+            <numerusform>افتح %n عنصرًا</numerusform>
+            <numerusform>افتح %n عنصر</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>أظهر %n عنصر في المجلد</numerusform>
+            <numerusform>أظهر عنصرًا واحدًا في المجلد</numerusform>
+            <numerusform>أظهر عنصرين في المجلد</numerusform>
+            <numerusform>أظهر %n عناصر في المجلد</numerusform>
+            <numerusform>أظهر %n عنصرًا في المجلد</numerusform>
+            <numerusform>أظهر %n عنصر في المجلد</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>انسخ %n عنصر</numerusform>
+            <numerusform>انسخ عنصرًا واحدًا</numerusform>
+            <numerusform>انسخ عنصرين</numerusform>
+            <numerusform>انسخ %n عناصر</numerusform>
+            <numerusform>انسخ %n عنصرًا</numerusform>
+            <numerusform>انسخ %n عنصر</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>ألغِ تثبيت %n عنصر</numerusform>
+            <numerusform>ألغِ تثبيت عنصر واحد</numerusform>
+            <numerusform>ألغِ تثبيت عنصرين</numerusform>
+            <numerusform>ألغِ تثبيت %n عناصر</numerusform>
+            <numerusform>ألغِ تثبيت %n عنصرًا</numerusform>
+            <numerusform>ألغِ تثبيت %n عنصر</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>ثبّت %n عنصر</numerusform>
+            <numerusform>ثبّت عنصرًا واحدًا</numerusform>
+            <numerusform>ثبّت عنصرين</numerusform>
+            <numerusform>ثبّت %n عناصر</numerusform>
+            <numerusform>ثبّت %n عنصرًا</numerusform>
+            <numerusform>ثبّت %n عنصر</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>أزِل %n عنصر</numerusform>
+            <numerusform>أزِل عنصرًا واحدًا</numerusform>
+            <numerusform>أزِل عنصرين</numerusform>
+            <numerusform>أزِل %n عناصر</numerusform>
+            <numerusform>أزِل %n عنصرًا</numerusform>
+            <numerusform>أزِل %n عنصر</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>أتريد فتح %n عنصر دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح عنصر واحد؟</numerusform>
+            <numerusform>أتريد فتح عنصرين دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح %n عناصر دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح %n عنصرًا دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح %n عنصر دفعة واحدة؟</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>افتح</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>أتريد فتح %n مجلد دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح مجلد واحد؟</numerusform>
+            <numerusform>أتريد فتح مجلدين دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح %n مجلدات دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح %n مجلدًا دفعة واحدة؟</numerusform>
+            <numerusform>أتريد فتح %n مجلد دفعة واحدة؟</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -308,6 +403,10 @@
     <message>
         <source>Quit Nookle</source>
         <translation>أنهِ Nookle</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>حدّد الكل</translation>
     </message>
 </context>
 <context>

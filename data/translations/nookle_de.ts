@@ -216,6 +216,69 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>%n Objekt öffnen</numerusform>
+            <numerusform>%n Objekte öffnen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>%n Objekt im Ordner anzeigen</numerusform>
+            <numerusform>%n Objekte im Ordner anzeigen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>%n Objekt kopieren</numerusform>
+            <numerusform>%n Objekte kopieren</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>%n Objekt lösen</numerusform>
+            <numerusform>%n Objekte lösen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>%n Objekt anheften</numerusform>
+            <numerusform>%n Objekte anheften</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>%n Objekt entfernen</numerusform>
+            <numerusform>%n Objekte entfernen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>%n Objekt auf einmal öffnen?</numerusform>
+            <numerusform>%n Objekte auf einmal öffnen?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>%n Ordner auf einmal öffnen?</numerusform>
+            <numerusform>%n Ordner auf einmal öffnen?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -308,6 +371,10 @@
     <message>
         <source>Quit Nookle</source>
         <translation>Nookle beenden</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alles auswählen</translation>
     </message>
 </context>
 <context>

@@ -216,6 +216,69 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>Open %n Item</numerusform>
+            <numerusform>Open %n Items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>Show %n Item in Folder</numerusform>
+            <numerusform>Show %n Items in Folder</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>Copy %n Item</numerusform>
+            <numerusform>Copy %n Items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>Unpin %n Item</numerusform>
+            <numerusform>Unpin %n Items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>Pin %n Item</numerusform>
+            <numerusform>Pin %n Items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>Remove %n Item</numerusform>
+            <numerusform>Remove %n Items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>Open %n item at once?</numerusform>
+            <numerusform>Open %n items at once?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>Open %n folder at once?</numerusform>
+            <numerusform>Open %n folders at once?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -307,6 +370,10 @@
     </message>
     <message>
         <source>Quit Nookle</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select All</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

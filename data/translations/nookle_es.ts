@@ -216,6 +216,69 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>Abrir %n elemento</numerusform>
+            <numerusform>Abrir %n elementos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>Mostrar %n elemento en la carpeta</numerusform>
+            <numerusform>Mostrar %n elementos en la carpeta</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>Copiar %n elemento</numerusform>
+            <numerusform>Copiar %n elementos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>Desanclar %n elemento</numerusform>
+            <numerusform>Desanclar %n elementos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>Anclar %n elemento</numerusform>
+            <numerusform>Anclar %n elementos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>Quitar %n elemento</numerusform>
+            <numerusform>Quitar %n elementos</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>¿Abrir %n elemento a la vez?</numerusform>
+            <numerusform>¿Abrir %n elementos a la vez?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>¿Abrir %n carpeta a la vez?</numerusform>
+            <numerusform>¿Abrir %n carpetas a la vez?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -308,6 +371,10 @@
     <message>
         <source>Quit Nookle</source>
         <translation>Salir de Nookle</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Seleccionar todo</translation>
     </message>
 </context>
 <context>

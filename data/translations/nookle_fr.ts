@@ -216,6 +216,69 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>Ouvrir %n élément</numerusform>
+            <numerusform>Ouvrir %n éléments</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>Afficher %n élément dans le dossier</numerusform>
+            <numerusform>Afficher %n éléments dans le dossier</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>Copier %n élément</numerusform>
+            <numerusform>Copier %n éléments</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>Désépingler %n élément</numerusform>
+            <numerusform>Désépingler %n éléments</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>Épingler %n élément</numerusform>
+            <numerusform>Épingler %n éléments</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>Retirer %n élément</numerusform>
+            <numerusform>Retirer %n éléments</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>Ouvrir %n élément à la fois ?</numerusform>
+            <numerusform>Ouvrir %n éléments à la fois ?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>Ouvrir %n dossier à la fois ?</numerusform>
+            <numerusform>Ouvrir %n dossiers à la fois ?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -308,6 +371,10 @@
     <message>
         <source>Quit Nookle</source>
         <translation>Quitter Nookle</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Tout sélectionner</translation>
     </message>
 </context>
 <context>

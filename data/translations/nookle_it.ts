@@ -216,6 +216,69 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>Apri %n elemento</numerusform>
+            <numerusform>Apri %n elementi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>Mostra %n elemento nella cartella</numerusform>
+            <numerusform>Mostra %n elementi nella cartella</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>Copia %n elemento</numerusform>
+            <numerusform>Copia %n elementi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>Non fissare %n elemento</numerusform>
+            <numerusform>Non fissare %n elementi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>Fissa %n elemento</numerusform>
+            <numerusform>Fissa %n elementi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>Rimuovi %n elemento</numerusform>
+            <numerusform>Rimuovi %n elementi</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>Aprire %n elemento insieme?</numerusform>
+            <numerusform>Aprire %n elementi insieme?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Apri</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>Aprire %n cartella insieme?</numerusform>
+            <numerusform>Aprire %n cartelle insieme?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -308,6 +371,10 @@
     <message>
         <source>Quit Nookle</source>
         <translation>Esci da Nookle</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Seleziona tutto</translation>
     </message>
 </context>
 <context>

@@ -216,6 +216,77 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>Otwórz %n element</numerusform>
+            <numerusform>Otwórz %n elementy</numerusform>
+            <numerusform>Otwórz %n elementów</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>Pokaż %n element w katalogu</numerusform>
+            <numerusform>Pokaż %n elementy w katalogu</numerusform>
+            <numerusform>Pokaż %n elementów w katalogu</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>Skopiuj %n element</numerusform>
+            <numerusform>Skopiuj %n elementy</numerusform>
+            <numerusform>Skopiuj %n elementów</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>Odepnij %n element</numerusform>
+            <numerusform>Odepnij %n elementy</numerusform>
+            <numerusform>Odepnij %n elementów</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>Przypnij %n element</numerusform>
+            <numerusform>Przypnij %n elementy</numerusform>
+            <numerusform>Przypnij %n elementów</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>Usuń %n element</numerusform>
+            <numerusform>Usuń %n elementy</numerusform>
+            <numerusform>Usuń %n elementów</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>Otworzyć %n element naraz?</numerusform>
+            <numerusform>Otworzyć %n elementy naraz?</numerusform>
+            <numerusform>Otworzyć %n elementów naraz?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Otwórz</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>Otworzyć %n katalog naraz?</numerusform>
+            <numerusform>Otworzyć %n katalogi naraz?</numerusform>
+            <numerusform>Otworzyć %n katalogów naraz?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -308,6 +379,10 @@
     <message>
         <source>Quit Nookle</source>
         <translation>Zakończ Nookle</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Zaznacz wszystko</translation>
     </message>
 </context>
 <context>

@@ -216,6 +216,69 @@
     </message>
 </context>
 <context>
+    <name>nookle::SelectionActions</name>
+    <message numerus="yes">
+        <source>Open %n Item(s)</source>
+        <translation>
+            <numerusform>Abrir %n item</numerusform>
+            <numerusform>Abrir %n itens</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Show %n Item(s) in Finder</source>
+        <translation>
+            <numerusform>Mostrar %n item na pasta</numerusform>
+            <numerusform>Mostrar %n itens na pasta</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Copy %n Item(s)</source>
+        <translation>
+            <numerusform>Copiar %n item</numerusform>
+            <numerusform>Copiar %n itens</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Unpin %n Item(s)</source>
+        <translation>
+            <numerusform>Desafixar %n item</numerusform>
+            <numerusform>Desafixar %n itens</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Pin %n Item(s)</source>
+        <translation>
+            <numerusform>Fixar %n item</numerusform>
+            <numerusform>Fixar %n itens</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Remove %n Item(s)</source>
+        <translation>
+            <numerusform>Remover %n item</numerusform>
+            <numerusform>Remover %n itens</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n item(s) at once?</source>
+        <translation>
+            <numerusform>Abrir %n item de uma vez?</numerusform>
+            <numerusform>Abrir %n itens de uma vez?</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Abrir</translation>
+    </message>
+    <message numerus="yes">
+        <source>Open %n folder(s) at once?</source>
+        <translation>
+            <numerusform>Abrir %n pasta de uma vez?</numerusform>
+            <numerusform>Abrir %n pastas de uma vez?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>nookle::ServiceProvider</name>
     <message>
         <source>Nothing found that can be added to the shelf.</source>
@@ -308,6 +371,10 @@
     <message>
         <source>Quit Nookle</source>
         <translation>Sair do Nookle</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Selecionar tudo</translation>
     </message>
 </context>
 <context>

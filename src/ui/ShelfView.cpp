@@ -17,6 +17,7 @@
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QStackedLayout>
@@ -25,6 +26,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <system_error>
 #include <utility>
 
@@ -46,6 +48,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     : QWidget(parent)
     , m_store(services.store)
     , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
+    , m_selectionActions(m_actions, services.store, services.workspace, services.pasteboard, services.ask)
     , m_dragOutWatch({ services.store, services.references, services.trash, services.queue }, m_actions)
     , m_dropHandler(services.store, services.queue, services.transfers)
     , m_dropTarget(services.readDrop, m_dropHandler)
@@ -55,7 +58,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_runDrag(services.runDrag)
     , m_content(new QStackedLayout)
     , m_emptyState(new EmptyShelfView)
-    , m_tiles(new TileList)
+    , m_tiles(new TileList(services.queue))
     , m_hover(*m_tiles)
     , m_outline(new PanelOutline(this))
 {
@@ -113,6 +116,7 @@ void ShelfView::setUpTiles()
         return tileSizes().heights.height(item, isUnavailable, width);
     };
     m_tiles->tileName = [this](std::size_t row) { return m_store.items()[static_cast<qsizetype>(row)].shownName(); };
+    m_tiles->band().onDrawnChanged = m_uses.listener();
     m_tiles->fillTile = [this](ShelfItemView& tile, std::size_t row) {
         fillTile(tile, m_store.items()[static_cast<qsizetype>(row)]);
     };
@@ -121,6 +125,11 @@ void ShelfView::setUpTiles()
 void ShelfView::setUpActions()
 {
     m_dropTarget.onHoverChanged = [this](bool isHovered) { dropHoverChanged(isHovered); };
+    m_uses.onChanged = [this](bool isInUse) { callIfSet(onMenuOpenChanged, isInUse); };
+    m_shelfActions.onSelectAll = [this] {
+        m_tiles->setFocus();
+        m_tiles->selectAll();
+    };
     m_shelfActions.onTogglePin = [this] { callIfSet(onTogglePin); };
     m_shelfActions.onShowSettings = [this] { callIfSet(onShowSettings); };
     m_shelfActions.onQuit = [this] { callIfSet(onQuit); };
@@ -190,10 +199,11 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
     interaction.distinctToolTip = [this, item] { return m_actions.distinctToolTip(item); };
     interaction.dragItem = [this, item] { return beginDrag(item); };
-    interaction.menu = [this, item] { return m_actions.menuActions(item); };
-    interaction.onMenuOpenChanged = menuListener();
+    interaction.menu = [this, item] { return m_selectionActions.menuActions(itemsTakenWith(item)); };
+    interaction.onMenuOpenChanged = m_uses.listener();
     interaction.onHover = [this, id = item.id](bool isInside) { m_hover.change(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
+    interaction.onChoose = [this, id = item.id](Qt::KeyboardModifiers modifiers) { m_tiles->choose(id, modifiers); };
     interaction.onDragBegan = [self] {
         if (self)
             self->dragBegan();
@@ -213,33 +223,8 @@ QPixmap ShelfView::thumbnailOf(const ShelfItem& item) const
 
 QList<ShelfItem> ShelfView::itemsTakenWith(const ShelfItem& pressed) const
 {
-    const Selection& selection = m_tiles->selection();
-    if (!selection.contains(pressed.id))
-        return { pressed };
-    QList<ShelfItem> items;
-    for (const ShelfItem& item : m_store.items()) {
-        if (selection.contains(item.id))
-            items.append(item);
-    }
-    return items;
-}
-
-// A menu may outlive this view.
-std::function<void(bool isOpen)> ShelfView::menuListener()
-{
-    return [self = QPointer(this)](bool isOpen) {
-        if (self)
-            self->menuOpenChanged(isOpen);
-    };
-}
-
-// A menu may open before the previous one has closed.
-void ShelfView::menuOpenChanged(bool isOpen)
-{
-    const bool wasOpen = m_openMenus > 0;
-    m_openMenus += isOpen ? 1 : -1;
-    if (onMenuOpenChanged && wasOpen != (m_openMenus > 0))
-        onMenuOpenChanged(m_openMenus > 0);
+    return m_tiles->selection().contains(pressed.id) ? itemsIn(m_tiles->selection().targets())
+                                                     : QList<ShelfItem>{ pressed };
 }
 
 bool ShelfView::isOnShelf(const QUuid& id) const
@@ -299,6 +284,24 @@ void ShelfView::dropEvent(QDropEvent* event)
     m_dropTarget.drop(*event);
 }
 
+// What no other part of the panel takes begins beside the tiles.
+void ShelfView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_tiles->pressBeside(event->globalPosition().toPoint(), event->modifiers());
+}
+
+void ShelfView::mouseMoveEvent(QMouseEvent* event)
+{
+    m_tiles->band().move(event->globalPosition().toPoint());
+}
+
+void ShelfView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_tiles->releaseBeside(event->modifiers());
+}
+
 // What the list does not use must not reach anything behind the panel.
 void ShelfView::wheelEvent(QWheelEvent* event)
 {
@@ -316,30 +319,28 @@ bool ShelfView::event(QEvent* event)
     return QWidget::event(event);
 }
 
-std::optional<ShelfItem> ShelfView::currentItem() const
+QList<ShelfItem> ShelfView::itemsIn(const std::vector<QUuid>& ids) const
 {
-    const std::optional<QUuid> id = m_tiles->hasFocus() ? m_tiles->currentId() : std::nullopt;
-    const auto& items = m_store.items();
-    const auto found = std::find_if(items.begin(), items.end(), [&](const ShelfItem& item) { return item.id == id; });
-    return found == items.end() ? std::nullopt : std::optional(*found);
+    const QSet<QUuid> wanted(ids.begin(), ids.end());
+    QList<ShelfItem> items;
+    std::copy_if(m_store.items().begin(), m_store.items().end(), std::back_inserter(items),
+                 [&](const ShelfItem& item) { return wanted.contains(item.id); });
+    return items;
+}
+
+QList<ShelfItem> ShelfView::targets() const
+{
+    return m_tiles->hasFocus() ? itemsIn(m_tiles->selection().targets()) : QList<ShelfItem>();
 }
 
 void ShelfView::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape) {
-        callIfSet(onHide);
+        if (!m_tiles->endSelection())
+            callIfSet(onHide);
         return;
     }
-    if (event->matches(QKeySequence::Undo)) {
-        m_shelfActions.undoRemove();
-        return;
-    }
-    if (event->matches(QKeySequence::Paste)) {
-        m_shelfActions.paste();
-        return;
-    }
-    const std::optional<ShelfItem> item = currentItem();
-    if (!item || !m_actions.handleKey(*event, *item))
+    if (!m_shelfActions.handleKey(*event) && !m_selectionActions.handleKey(*event, targets()))
         QWidget::keyPressEvent(event);
 }
 
@@ -347,13 +348,18 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
 void ShelfView::contextMenuEvent(QContextMenuEvent* event)
 {
     const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
-    const std::optional<ShelfItem> item = isKey ? currentItem() : std::nullopt;
-    if (item)
-        m_tiles->scrollToCurrent();
-    if (ShelfItemView* tile = item ? m_tiles->tile(item->id) : nullptr)
-        tile->interaction().showMenu(tile->mapToGlobal(tile->rect().center()));
-    else
-        openContextMenu(makeMenu(), isKey ? mapToGlobal(QPoint()) : event->globalPos(), menuListener());
+    const QList<ShelfItem> items = isKey ? targets() : QList<ShelfItem>();
+    if (items.isEmpty()) {
+        openContextMenu(makeMenu(), isKey ? mapToGlobal(QPoint()) : event->globalPos(), m_uses.listener());
+        return;
+    }
+    m_tiles->scrollToCurrent();
+    const auto current = m_tiles->currentId();
+    const QWidget* place = current ? m_tiles->tile(*current) : nullptr;
+    if (!place)
+        place = m_tiles;
+    openContextMenu(makeContextMenu(m_selectionActions.menuActions(items)), place->mapToGlobal(place->rect().center()),
+                    m_uses.listener());
 }
 
 std::unique_ptr<QMenu> ShelfView::makeMenu() const

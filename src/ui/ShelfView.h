@@ -6,10 +6,12 @@
 #include "DropHandler.h"
 #include "DropTarget.h"
 #include "ShelfActions.h"
+#include "SelectionActions.h"
 #include "ShelfItemActions.h"
 #include "TileHeights.h"
 #include "TileHover.h"
 #include "TileMetrics.h"
+#include "UseCount.h"
 
 #include <QUuid>
 #include <QWidget>
@@ -18,6 +20,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 class QMenu;
 class QStackedLayout;
@@ -53,6 +56,7 @@ public:
         MainQueue& queue;
         DropReader readDrop;
         DragRunner runDrag = runDragSession;
+        Ask ask = askInWindow;
     };
 
     explicit ShelfView(const Services& services, QWidget* parent = nullptr);
@@ -66,7 +70,7 @@ public:
     /// Called when the user chooses these entries in the panel's own menu.
     std::function<void()> onShowSettings;
     std::function<void()> onQuit;
-    /// Called when the first context menu has opened (true) or the last one has closed.
+    /// Called when the first context menu has opened or a rubber band has begun (true), and when all of them are gone.
     std::function<void(bool isOpen)> onMenuOpenChanged;
     /// Called when the user wants to hide the shelf.
     std::function<void()> onHide;
@@ -101,6 +105,9 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
@@ -128,9 +135,10 @@ private:
     /// The picture in the item's tile; null if the tile is not in view.
     [[nodiscard]] QPixmap thumbnailOf(const ShelfItem& item) const;
     void dropHoverChanged(bool isDropTarget);
-    [[nodiscard]] std::optional<ShelfItem> currentItem() const;
-    [[nodiscard]] std::function<void(bool isOpen)> menuListener();
-    void menuOpenChanged(bool isOpen);
+    /// The items of the shelf in `ids`, in the order of the shelf.
+    [[nodiscard]] QList<ShelfItem> itemsIn(const std::vector<QUuid>& ids) const;
+    /// The items that keys are for.
+    [[nodiscard]] QList<ShelfItem> targets() const;
     [[nodiscard]] bool isOnShelf(const QUuid& id) const;
     [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragBegan();
@@ -138,6 +146,7 @@ private:
 
     ShelfStore& m_store;
     ShelfItemActions m_actions;
+    SelectionActions m_selectionActions;
     DragOutWatch m_dragOutWatch;
     DropHandler m_dropHandler;
     DropTarget m_dropTarget;
@@ -146,13 +155,13 @@ private:
     Compositing& m_compositing;
     DragRunner m_runDrag;
     std::optional<TileSizes> m_tileSizes;
+    UseCount m_uses;
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;
     TileHover m_hover;
     PanelOutline* m_outline;
     std::array<ScrollFade*, 2> m_fades{};
-    int m_openMenus = 0;
 };
 
 } // namespace nookle

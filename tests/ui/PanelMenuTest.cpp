@@ -22,6 +22,7 @@ private Q_SLOTS:
     void undoRemoveBringsBackWhatWasRemoved();
     void removeUnpinnedItemsSparesPinnedOnes();
     void pasteAddsTheClipboard();
+    void selectAllSelectsAll();
     void theOwnerHearsOfTheOtherEntries();
     void theCheckMarkFollowsThePin();
     void aRightClickOutsideOfTheTilesOpensIt_data();
@@ -83,16 +84,16 @@ void PanelMenuTest::theEntriesStandInTheirOrder()
     m_shelf->store.addText(QStringLiteral("b"));
     m_shelf->store.remove(m_shelf->top().id);
     QCOMPARE(entries(),
-             QStringLiteral("Undo Remove|Paste|-|Remove Unpinned Items|-|Keep Shelf Open|Settings…|-|"
+             QStringLiteral("Undo Remove|Paste|Select All|-|Remove Unpinned Items|-|Keep Shelf Open|Settings…|-|"
                             "Quit Nookle"));
 }
 
 void PanelMenuTest::entriesThatCanDoNothingAreDisabled()
 {
-    QVERIFY(entries().startsWith(QStringLiteral("[Undo Remove]|Paste|-|[Remove Unpinned Items]|")));
+    QVERIFY(entries().startsWith(QStringLiteral("[Undo Remove]|Paste|[Select All]|-|[Remove Unpinned Items]|")));
     m_shelf->store.addText(QStringLiteral("a"));
     m_shelf->store.togglePinned(m_shelf->top().id);
-    QVERIFY(entries().startsWith(QStringLiteral("[Undo Remove]|Paste|-|[Remove Unpinned Items]|")));
+    QVERIFY(entries().startsWith(QStringLiteral("[Undo Remove]|Paste|Select All|-|[Remove Unpinned Items]|")));
 }
 
 void PanelMenuTest::undoRemoveBringsBackWhatWasRemoved()
@@ -122,6 +123,14 @@ void PanelMenuTest::pasteAddsTheClipboard()
     m_shelf->queue.runPosted();
     QCOMPARE(m_shelf->store.items().size(), 1);
     QCOMPARE(m_shelf->store.fileURLs().value(m_shelf->top().id), fileUrl("/somewhere/a.txt"));
+}
+
+void PanelMenuTest::selectAllSelectsAll()
+{
+    for (const char* each : { "a", "b", "c" })
+        m_shelf->store.addText(QString::fromLatin1(each));
+    choose("Select All");
+    QCOMPARE(m_shelf->view.itemsTakenWith(m_shelf->top()), m_shelf->store.items());
 }
 
 void PanelMenuTest::theOwnerHearsOfTheOtherEntries()

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void extendingSelectsTheRangeFromTheRowThatWasChosenLast();
     void extendingAgainReplacesTheRange();
     void extendingMayKeepTheOthers();
+    void aClickExtendsLikeAnArrow();
     void extendingWithoutAnythingChosenSelectsTheRow();
     void aPressKeepsTheSelectionItHits();
     void allCanBeSelected();
@@ -74,7 +75,7 @@ private:
 void SelectionTest::withoutASelectionTheCurrentRowStandsForIt()
 {
     QCOMPARE(targets(), QByteArray());
-    m_selection.moveTo(2);
+    m_selection.moveTo(2, {});
     QCOMPARE(selected(), QByteArray());
     QCOMPARE(targets(), QByteArray("c"));
     QVERIFY(m_selection.isTarget(id('c')));
@@ -84,36 +85,36 @@ void SelectionTest::withoutASelectionTheCurrentRowStandsForIt()
 void SelectionTest::movingEndsTheSelection()
 {
     m_selection.selectAll();
-    m_selection.moveTo(4);
+    m_selection.moveTo(4, {});
     QCOMPARE(selected(), QByteArray());
     QCOMPARE(current(), 'e');
 }
 
 void SelectionTest::movingTheCurrentRowKeepsTheSelection()
 {
-    m_selection.toggle(1);
-    m_selection.moveCurrent(4);
+    m_selection.click(1, Qt::ControlModifier);
+    m_selection.moveTo(4, Qt::ControlModifier);
     QCOMPARE(selected(), QByteArray("b"));
     QCOMPARE(current(), 'e');
-    m_selection.toggle(4);
+    m_selection.click(4, Qt::ControlModifier);
     QCOMPARE(selected(), QByteArray("be"));
 }
 
 void SelectionTest::movingTheCurrentRowKeepsTheOneThatStoodForTheSelection()
 {
-    m_selection.moveTo(0);
-    m_selection.moveCurrent(1);
+    m_selection.moveTo(0, {});
+    m_selection.moveTo(1, Qt::ControlModifier);
     QCOMPARE(selected(), QByteArray("a"));
     QCOMPARE(targets(), QByteArray("a"));
 }
 
 void SelectionTest::togglingAddsAndTakesOut()
 {
-    m_selection.toggle(3);
-    m_selection.toggle(1);
+    m_selection.click(3, Qt::ControlModifier);
+    m_selection.click(1, Qt::ControlModifier);
     QCOMPARE(selected(), QByteArray("bd"));
     QCOMPARE(current(), 'b');
-    m_selection.toggle(3);
+    m_selection.click(3, Qt::ControlModifier);
     QCOMPARE(selected(), QByteArray("b"));
     QCOMPARE(current(), 'd');
     QCOMPARE(targets(), QByteArray("b"));
@@ -121,10 +122,10 @@ void SelectionTest::togglingAddsAndTakesOut()
 
 void SelectionTest::keysAreForNothingOnceTheLastRowIsTakenOut()
 {
-    m_selection.toggle(3);
-    m_selection.toggle(3);
+    m_selection.click(3, Qt::ControlModifier);
+    m_selection.click(3, Qt::ControlModifier);
     QCOMPARE(targets(), QByteArray());
-    m_selection.moveCurrent(2);
+    m_selection.moveTo(2, Qt::ControlModifier);
     QCOMPARE(targets(), QByteArray());
     m_selection.press(2);
     QCOMPARE(targets(), QByteArray("c"));
@@ -132,42 +133,54 @@ void SelectionTest::keysAreForNothingOnceTheLastRowIsTakenOut()
 
 void SelectionTest::extendingSelectsTheRangeFromTheRowThatWasChosenLast()
 {
-    m_selection.moveTo(3);
-    m_selection.extendTo(1, Selection::Others::end);
+    m_selection.moveTo(3, {});
+    m_selection.moveTo(1, Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("bcd"));
     QCOMPARE(current(), 'b');
 }
 
 void SelectionTest::extendingAgainReplacesTheRange()
 {
-    m_selection.moveTo(3);
-    m_selection.extendTo(1, Selection::Others::end);
-    m_selection.extendTo(5, Selection::Others::end);
+    m_selection.moveTo(3, {});
+    m_selection.moveTo(1, Qt::ShiftModifier);
+    m_selection.moveTo(5, Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("def"));
-    m_selection.extendTo(3, Selection::Others::end);
+    m_selection.moveTo(3, Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("d"));
 }
 
 void SelectionTest::extendingMayKeepTheOthers()
 {
-    m_selection.toggle(0);
-    m_selection.toggle(3);
-    m_selection.extendTo(4, Selection::Others::stay);
+    m_selection.click(0, Qt::ControlModifier);
+    m_selection.click(3, Qt::ControlModifier);
+    m_selection.moveTo(4, Qt::ControlModifier | Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("ade"));
+}
+
+void SelectionTest::aClickExtendsLikeAnArrow()
+{
+    m_selection.press(1);
+    m_selection.click(3, Qt::ShiftModifier);
+    QCOMPARE(selected(), QByteArray("bcd"));
+    m_selection.click(5, Qt::ControlModifier);
+    m_selection.click(4, Qt::ShiftModifier | Qt::ControlModifier);
+    QCOMPARE(selected(), QByteArray("bcdef"));
+    m_selection.click(5, Qt::ShiftModifier);
+    QCOMPARE(selected(), QByteArray("f"));
 }
 
 void SelectionTest::extendingWithoutAnythingChosenSelectsTheRow()
 {
-    m_selection.extendTo(2, Selection::Others::end);
+    m_selection.moveTo(2, Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("c"));
-    m_selection.extendTo(3, Selection::Others::end);
+    m_selection.moveTo(3, Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("cd"));
 }
 
 void SelectionTest::aPressKeepsTheSelectionItHits()
 {
-    m_selection.toggle(1);
-    m_selection.toggle(3);
+    m_selection.click(1, Qt::ControlModifier);
+    m_selection.click(3, Qt::ControlModifier);
     m_selection.press(1);
     QCOMPARE(selected(), QByteArray("bd"));
     QCOMPARE(current(), 'b');
@@ -178,7 +191,7 @@ void SelectionTest::aPressKeepsTheSelectionItHits()
 
 void SelectionTest::allCanBeSelected()
 {
-    m_selection.moveTo(2);
+    m_selection.moveTo(2, {});
     m_selection.selectAll();
     QCOMPARE(selected(), QByteArray("abcdef"));
     QCOMPARE(current(), 'c');
@@ -186,8 +199,8 @@ void SelectionTest::allCanBeSelected()
 
 void SelectionTest::clearingLeavesTheCurrentRow()
 {
-    m_selection.toggle(1);
-    m_selection.toggle(2);
+    m_selection.click(1, Qt::ControlModifier);
+    m_selection.click(2, Qt::ControlModifier);
     m_selection.clear();
     QCOMPARE(selected(), QByteArray());
     QCOMPARE(targets(), QByteArray("c"));
@@ -195,7 +208,7 @@ void SelectionTest::clearingLeavesTheCurrentRow()
 
 void SelectionTest::clearingTheCurrentRowEndsTheSelection()
 {
-    m_selection.toggle(1);
+    m_selection.click(1, Qt::ControlModifier);
     m_selection.clearCurrent();
     QCOMPARE(selected(), QByteArray());
     QCOMPARE(current(), '-');
@@ -204,36 +217,36 @@ void SelectionTest::clearingTheCurrentRowEndsTheSelection()
 
 void SelectionTest::aSelectedItemTakesAllSelectedOnesAlong()
 {
-    m_selection.toggle(4);
-    m_selection.toggle(0);
-    m_selection.toggle(2);
+    m_selection.click(4, Qt::ControlModifier);
+    m_selection.click(0, Qt::ControlModifier);
+    m_selection.click(2, Qt::ControlModifier);
     QCOMPARE(names(m_selection.takenWith(id('e'))), QByteArray("ace"));
 }
 
 void SelectionTest::anotherItemGoesAlone()
 {
-    m_selection.toggle(4);
-    m_selection.toggle(0);
+    m_selection.click(4, Qt::ControlModifier);
+    m_selection.click(0, Qt::ControlModifier);
     QCOMPARE(names(m_selection.takenWith(id('b'))), QByteArray("b"));
-    m_selection.moveTo(2);
+    m_selection.moveTo(2, {});
     QCOMPARE(names(m_selection.takenWith(id('b'))), QByteArray("b"));
 }
 
 void SelectionTest::theSelectionFollowsItsItems()
 {
-    m_selection.toggle(1);
-    m_selection.toggle(3);
+    m_selection.click(1, Qt::ControlModifier);
+    m_selection.click(3, Qt::ControlModifier);
     m_selection.setRows(rows("xdabcef"));
     QCOMPARE(selected(), QByteArray("db"));
     QCOMPARE(current(), 'd');
-    m_selection.extendTo(3, Selection::Others::end);
+    m_selection.moveTo(3, Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("dab"));
 }
 
 void SelectionTest::removedItemsAreNoLongerSelected()
 {
-    m_selection.toggle(1);
-    m_selection.toggle(3);
+    m_selection.click(1, Qt::ControlModifier);
+    m_selection.click(3, Qt::ControlModifier);
     m_selection.setRows(rows("abcef"));
     QCOMPARE(selected(), QByteArray("b"));
     m_selection.setRows(rows("acef"));
@@ -243,8 +256,8 @@ void SelectionTest::removedItemsAreNoLongerSelected()
 
 void SelectionTest::theRowBelowTheRemovedOnesBecomesTheCurrentOne()
 {
-    m_selection.moveTo(1);
-    m_selection.extendTo(3, Selection::Others::end);
+    m_selection.moveTo(1, {});
+    m_selection.moveTo(3, Qt::ShiftModifier);
     m_selection.setRows(rows("xaef"));
     QCOMPARE(current(), 'e');
     QCOMPARE(targets(), QByteArray("e"));
@@ -252,7 +265,7 @@ void SelectionTest::theRowBelowTheRemovedOnesBecomesTheCurrentOne()
 
 void SelectionTest::theRowAboveBecomesTheCurrentOneAtTheEnd()
 {
-    m_selection.moveTo(5);
+    m_selection.moveTo(5, {});
     m_selection.setRows(rows("abcd"));
     QCOMPARE(current(), 'd');
     m_selection.setRows({});
@@ -263,10 +276,10 @@ void SelectionTest::theRowAboveBecomesTheCurrentOneAtTheEnd()
 
 void SelectionTest::aRangeBeginsAtTheCurrentRowOnceItsBeginningIsGone()
 {
-    m_selection.toggle(1);
-    m_selection.moveCurrent(3);
+    m_selection.click(1, Qt::ControlModifier);
+    m_selection.moveTo(3, Qt::ControlModifier);
     m_selection.setRows(rows("acdef"));
-    m_selection.extendTo(4, Selection::Others::end);
+    m_selection.moveTo(4, Qt::ShiftModifier);
     QCOMPARE(selected(), QByteArray("def"));
 }
 

@@ -58,10 +58,17 @@ struct ShelfFixture {
     };
     /// What becomes of a drag that begins with the mouse.
     std::function<DragOperation()> dragOutcome = [] { return DragOperation::none; };
-    ShelfView view{ ShelfView::Services{ store, pinning, workspace, pasteboard, trash, references, transfers,
-                                         thumbnails, compositing, queue,
-                                         [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); },
-                                         [this](QWidget&, DragSession) { return dragOutcome(); } } };
+    /// What the user was asked, and what happens when the last question is agreed to.
+    QStringList questions;
+    std::function<void()> agree;
+    ShelfView view{ ShelfView::Services{
+        store, pinning, workspace, pasteboard, trash, references, transfers, thumbnails, compositing, queue,
+        [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); },
+        [this](QWidget&, DragSession) { return dragOutcome(); },
+        [this](const QString& question, const QString&, std::function<void()> proceed) {
+            questions.append(question);
+            agree = std::move(proceed);
+        } } };
 
     ShelfFixture()
     {

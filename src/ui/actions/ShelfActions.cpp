@@ -7,6 +7,8 @@
 #include "Pasteboard.h"
 #include "ShelfStore.h"
 
+#include <QKeyEvent>
+
 #include <algorithm>
 
 namespace nookle {
@@ -30,6 +32,8 @@ MenuActions ShelfActions::menuActions() const
     menu.push_back(MenuAction{ tr("Undo Remove"), m_store.canUndoRemove(), [this] { undoRemove(); },
                                QKeySequence(QKeySequence::Undo) });
     menu.push_back(MenuAction{ tr("Paste"), true, [this] { paste(); }, QKeySequence(QKeySequence::Paste) });
+    menu.push_back(MenuAction{ tr("Select All"), !items.isEmpty(), [this] { onSelectAll(); },
+                               QKeySequence(QKeySequence::SelectAll) });
     menu.push_back(std::nullopt);
     menu.push_back(MenuAction{ tr("Remove Unpinned Items"), hasUnpinned, [this] { m_store.removeUnpinned(); } });
     menu.push_back(std::nullopt);
@@ -39,6 +43,19 @@ MenuActions ShelfActions::menuActions() const
     menu.push_back(std::nullopt);
     menu.push_back(MenuAction{ tr("Quit Nookle"), true, [this] { onQuit(); } });
     return menu;
+}
+
+bool ShelfActions::handleKey(const QKeyEvent& event) const
+{
+    if (event.matches(QKeySequence::Undo))
+        undoRemove();
+    else if (event.matches(QKeySequence::Paste))
+        paste();
+    else if (event.matches(QKeySequence::SelectAll))
+        onSelectAll();
+    else
+        return false;
+    return true;
 }
 
 void ShelfActions::undoRemove() const

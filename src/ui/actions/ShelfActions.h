@@ -6,6 +6,8 @@
 
 #include <functional>
 
+class QKeyEvent;
+
 namespace nookle {
 
 class DropHandler;
@@ -20,13 +22,17 @@ class ShelfActions final {
 public:
     ShelfActions(ShelfStore& store, const PanelPinning& pinning, Pasteboard& pasteboard, DropHandler& dropHandler);
 
-    /// Called by entries of the menu. Set by the owner.
+    /// Called by entries of the menu and by keys. Set by the owner.
+    std::function<void()> onSelectAll = [] {};
     std::function<void()> onTogglePin = [] {};
     std::function<void()> onShowSettings = [] {};
     std::function<void()> onQuit = [] {};
 
     /// The entries of the panel's own menu. They may be chosen as long as this object lives.
     [[nodiscard]] MenuActions menuActions() const;
+
+    /// Does what a key means for the shelf as a whole. Returns false for other keys.
+    [[nodiscard]] bool handleKey(const QKeyEvent& event) const;
 
     /// Brings back what was removed last.
     void undoRemove() const;

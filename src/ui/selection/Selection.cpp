@@ -74,17 +74,61 @@ void Selection::press(std::size_t row)
     choose(row);
 }
 
-void Selection::moveTo(std::size_t row)
+bool Selection::isKept(Qt::KeyboardModifiers modifiers)
 {
-    clear();
-    choose(row);
+    return modifiers & (Qt::ControlModifier | Qt::ShiftModifier);
 }
 
-void Selection::moveCurrent(std::size_t row)
+void Selection::click(std::size_t row, Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers & Qt::ShiftModifier)
+        extendTo(row, modifiers);
+    else
+        toggle(row);
+}
+
+std::optional<std::size_t> Selection::rowForKey(int key, qsizetype shownRows) const
+{
+    if (m_rows.empty())
+        return std::nullopt;
+    const std::size_t last = m_rows.size() - 1;
+    if (!m_currentRow)
+        return key == Qt::Key_Up || key == Qt::Key_End ? last : 0;
+    const auto page = static_cast<std::size_t>(std::max<qsizetype>(shownRows, 2) - 1);
+    const std::size_t row = *m_currentRow;
+    switch (key) {
+    case Qt::Key_Up:
+        return row - std::min<std::size_t>(row, 1);
+    case Qt::Key_Down:
+        return std::min(row + 1, last);
+    case Qt::Key_PageUp:
+        return row - std::min(row, page);
+    case Qt::Key_PageDown:
+        return std::min(row + page, last);
+    case Qt::Key_Home:
+        return 0;
+    default:
+        return last;
+    }
+}
+
+void Selection::moveTo(std::size_t row, Qt::KeyboardModifiers modifiers)
+{
+    if (modifiers & Qt::ShiftModifier) {
+        extendTo(row, modifiers);
+    } else if (modifiers & Qt::ControlModifier) {
+        keepTargets();
+        m_currentRow = row;
+    } else {
+        clear();
+        choose(row);
+    }
+}
+
+void Selection::keepTargets()
 {
     for (const QUuid& id : targets())
         m_selected.insert(id);
-    m_currentRow = row;
 }
 
 void Selection::toggle(std::size_t row)
@@ -95,11 +139,12 @@ void Selection::toggle(std::size_t row)
     m_currentStandsForSelection = false;
 }
 
-void Selection::extendTo(std::size_t row, Others others)
+void Selection::extendTo(std::size_t row, Qt::KeyboardModifiers modifiers)
 {
-    if (others == Others::end)
+    if (!(modifiers & Qt::ControlModifier))
         m_selected.clear();
-    const std::size_t start = (m_anchor ? rowOf(*m_anchor) : std::nullopt).value_or(m_currentRow.value_or(row));
+    const auto anchor = m_anchor ? rowOf(*m_anchor) : std::nullopt;
+    const std::size_t start = anchor.value_or(m_currentRow.value_or(row));
     const auto [first, last] = std::minmax(start, row);
     for (std::size_t each = first; each <= last; ++each)
         m_selected.insert(m_rows[each]);

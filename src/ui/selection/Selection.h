@@ -14,9 +14,6 @@ namespace nookle {
 /// current row stands for the selection.
 class Selection final {
 public:
-    /// What becomes of the selected rows outside of a range.
-    enum class Others { end, stay };
-
     /// Replaces the rows. Items that are gone are no longer selected. If the current item is gone, the nearest one that
     /// is still there becomes the current one, preferably one below it.
     void setRows(std::vector<QUuid> rows);
@@ -42,17 +39,19 @@ public:
     /// A row was pressed without other keys. The selection stays if the row is selected, and ends otherwise.
     void press(std::size_t row);
 
-    /// Makes a row the current one, and ends the selection.
-    void moveTo(std::size_t row);
+    /// Whether a click or an arrow key together with these keys changes the selection instead of ending it.
+    [[nodiscard]] static bool isKept(Qt::KeyboardModifiers modifiers);
 
-    /// Makes a row the current one. What was selected stays so, also if only the current row stood for it.
-    void moveCurrent(std::size_t row);
+    /// A row was clicked with Control, which adds it to the selection or takes it out; or with Shift, which selects the
+    /// rows from the one that was chosen last to this one, or adds them with Control.
+    void click(std::size_t row, Qt::KeyboardModifiers modifiers);
 
-    /// Adds a row to the selection, or takes it out.
-    void toggle(std::size_t row);
+    /// The row that an arrow key, Page Up, Page Down, Home or End goes to, where `shownRows` are in view.
+    [[nodiscard]] std::optional<std::size_t> rowForKey(int key, qsizetype shownRows) const;
 
-    /// Selects the rows from the one that was chosen last to `row`, which becomes the current one.
-    void extendTo(std::size_t row, Others others);
+    /// Makes a row the current one. Without Control and Shift, the selection ends. With Control it stays, also if only
+    /// the current row stood for it. With Shift, the rows on the way are selected as by a click.
+    void moveTo(std::size_t row, Qt::KeyboardModifiers modifiers);
 
     void selectAll();
 
@@ -67,6 +66,10 @@ public:
 
 private:
     void choose(std::size_t row);
+    void toggle(std::size_t row);
+    void extendTo(std::size_t row, Qt::KeyboardModifiers modifiers);
+    /// What the current row stands for is selected from now on.
+    void keepTargets();
     [[nodiscard]] std::optional<std::size_t> nearestRow(const std::vector<QUuid>& before, std::size_t row) const;
 
     std::vector<QUuid> m_rows;

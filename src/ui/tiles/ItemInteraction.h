@@ -37,6 +37,8 @@ struct ItemInteraction {
     std::function<void(bool isOpen)> onMenuOpenChanged;
     std::function<void(bool isInside)> onHover;
     std::function<void()> onClick;
+    /// Called for a click with Control or Shift, in place of `onClick`.
+    std::function<void(Qt::KeyboardModifiers)> onChoose;
     std::function<void()> onDragBegan;
     /// Called with the operation that the destination reports; `none` when the drag was cancelled.
     std::function<void(DragOperation)> onDragEnded;

@@ -2,6 +2,7 @@
 
 #include "ContextMenu.h"
 #include "PlainToolTip.h"
+#include "Selection.h"
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -113,13 +114,17 @@ void ItemInteractionView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    const bool isClick = m_mouseDownLocation.has_value() && m_lastPress->clickCount == 1;
+    const bool isStill = m_mouseDownLocation.has_value();
     m_mouseDownLocation.reset();
-    if (!isClick || !m_configuration)
+    if (!isStill || !m_configuration)
         return;
     // The click's action may replace the configuration, or remove the tile.
-    const auto onClick = m_configuration->onClick;
-    callIfSet(onClick);
+    const ItemInteraction configuration = *m_configuration;
+    // Each click of a series chooses, but only the first one opens.
+    if (Selection::isKept(event->modifiers()))
+        callIfSet(configuration.onChoose, event->modifiers());
+    else if (m_lastPress->clickCount == 1)
+        callIfSet(configuration.onClick);
 }
 
 std::unique_ptr<QMenu> ItemInteractionView::makeMenu()

@@ -5,6 +5,7 @@
 #include "ItemInteractionView.h"
 #include "Highlight.h"
 #include "Overloaded.h"
+#include "SelectedPalette.h"
 #include "Symbol.h"
 
 #include <QPainter>
@@ -22,6 +23,7 @@ inline constexpr int missingSymbolSize = 36;
 inline constexpr int badgeSize = 12;
 inline constexpr int badgePadding = 5;
 inline constexpr double cornerRadius = 8;
+inline constexpr int selectedFrameInset = 2;
 inline constexpr double unavailableOpacity = 0.5;
 
 } // namespace
@@ -89,6 +91,12 @@ void ShelfItemView::setFocused(bool isFocused)
         update();
 }
 
+void ShelfItemView::setSelected(bool isSelected)
+{
+    if (std::exchange(m_isSelected, isSelected) != isSelected)
+        update();
+}
+
 void ShelfItemView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
@@ -100,38 +108,46 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setOpacity(m_presence);
-    paintBackground(painter);
+    const QPalette colors = m_isSelected ? selectedPalette(palette()) : palette();
+    paintBackground(painter, colors);
     painter.setOpacity(m_presence * (m_isUnavailable ? unavailableOpacity : 1));
     const QRect box((width() - previewSize) / 2, padding, previewSize, previewSize);
-    paintPreview(painter, box);
-    paintName(painter, box.bottom() + 1 + spacing);
+    paintPreview(painter, box, colors);
+    paintName(painter, box.bottom() + 1 + spacing, colors);
     painter.setOpacity(m_presence);
     if (m_item.pinned) {
         const QRect badge(width() - badgePadding - badgeSize, badgePadding, badgeSize, badgeSize);
-        drawSymbol(painter, Symbol::pinFill, SymbolWeight::semibold, badge, accentColor(palette()));
+        drawSymbol(painter, Symbol::pinFill, SymbolWeight::semibold, badge, accentColor(colors));
     }
 }
 
-void ShelfItemView::paintBackground(QPainter& painter) const
+void ShelfItemView::paintBackground(QPainter& painter, const QPalette& colors) const
 {
+    if (m_isSelected) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(colors.color(QPalette::Window));
+        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    }
     if (m_isHovered)
-        paintHighlight(painter, rect(), cornerRadius, palette(), hoverOpacity);
+        paintHighlight(painter, rect(), cornerRadius, colors, hoverOpacity);
+    const int inset = m_isSelected ? selectedFrameInset : 0;
     if (m_isFocused)
-        paintFocusFrame(painter, rect(), cornerRadius, palette());
+        paintFocusFrame(painter, rect().adjusted(inset, inset, -inset, -inset), cornerRadius - inset, colors);
 }
 
-void ShelfItemView::paintPreview(QPainter& painter, const QRect& box)
+// A page and a card have a ground of their own, and the colours of the panel.
+void ShelfItemView::paintPreview(QPainter& painter, const QRect& box, const QPalette& colors)
 {
     std::visit(overloaded{
-                   [&](const FileContent&) { paintFile(painter, box); },
+                   [&](const FileContent&) { paintFile(painter, box, colors); },
                    [&](const TextContent& text) { paintTextPage(painter, box, text.text, palette()); },
                    [&](const LinkContent&) { paintLink(painter, box); },
-                   [&](const ImageContent&) { paintFile(painter, box); },
+                   [&](const ImageContent&) { paintFile(painter, box, colors); },
                },
                m_item.content);
 }
 
-void ShelfItemView::paintFile(QPainter& painter, const QRect& box)
+void ShelfItemView::paintFile(QPainter& painter, const QRect& box, const QPalette& colors)
 {
     if (!m_isMissing) {
         m_thumbnail.load(devicePixelRatioF());
@@ -140,7 +156,7 @@ void ShelfItemView::paintFile(QPainter& painter, const QRect& box)
     }
     QRectF place(0, 0, missingSymbolSize, missingSymbolSize);
     place.moveCenter(QRectF(box).center());
-    drawSymbol(painter, Symbol::missingFile, SymbolWeight::light, place, secondaryColor(palette()));
+    drawSymbol(painter, Symbol::missingFile, SymbolWeight::light, place, secondaryColor(colors));
 }
 
 void ShelfItemView::paintLink(QPainter& painter, const QRect& box)
@@ -149,13 +165,13 @@ void ShelfItemView::paintLink(QPainter& painter, const QRect& box)
     paintLinkCard(painter, box, m_thumbnail.picture(), palette());
 }
 
-void ShelfItemView::paintName(QPainter& painter, int top) const
+void ShelfItemView::paintName(QPainter& painter, int top, const QPalette& colors) const
 {
     const int textWidth = width() - 2 * padding;
     const QFont& font = m_metrics.captionFont();
     QRect line(padding, top, textWidth, QFontMetrics(font).height());
     painter.setFont(font);
-    painter.setPen(primaryColor(palette()));
+    painter.setPen(primaryColor(colors));
     // The name's own letters decide its writing direction, not the interface.
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     for (const QString& text : m_metrics.nameLines(m_item.shownName(), textWidth)) {
@@ -166,7 +182,7 @@ void ShelfItemView::paintName(QPainter& painter, int top) const
         return;
     const QFont& smaller = m_metrics.smallerCaptionFont();
     painter.setFont(smaller);
-    painter.setPen(secondaryColor(palette()));
+    painter.setPen(secondaryColor(colors));
     line.translate(0, spacing);
     line.setHeight(QFontMetrics(smaller).height());
     painter.drawText(line, Qt::AlignHCenter | Qt::AlignVCenter, tr("Unavailable"));

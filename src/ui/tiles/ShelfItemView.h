@@ -31,6 +31,7 @@ public:
     void setHovered(bool isHovered);
     /// How much of the tile is there: 1 all of it, 0 nothing, between them it is seen through.
     void setPresence(double presence);
+    void setSelected(bool isSelected);
     /// Shows whether this tile has the keyboard focus.
     void setFocused(bool isFocused);
 
@@ -42,6 +43,7 @@ public:
     [[nodiscard]] const ItemInteractionView& interaction() const { return *m_interaction; }
 
     [[nodiscard]] bool isFocused() const { return m_isFocused; }
+    [[nodiscard]] bool isSelected() const { return m_isSelected; }
     [[nodiscard]] bool isHovered() const { return m_isHovered; }
     [[nodiscard]] double presence() const { return m_presence; }
 
@@ -54,11 +56,11 @@ protected:
 
 private:
     [[nodiscard]] QString description() const;
-    void paintBackground(QPainter& painter) const;
-    void paintPreview(QPainter& painter, const QRect& box);
-    void paintFile(QPainter& painter, const QRect& box);
+    void paintBackground(QPainter& painter, const QPalette& colors) const;
+    void paintPreview(QPainter& painter, const QRect& box, const QPalette& colors);
+    void paintFile(QPainter& painter, const QRect& box, const QPalette& colors);
     void paintLink(QPainter& painter, const QRect& box);
-    void paintName(QPainter& painter, int top) const;
+    void paintName(QPainter& painter, int top, const QPalette& colors) const;
 
     const TileMetrics& m_metrics;
     ShelfItem m_item;
@@ -67,6 +69,7 @@ private:
     bool m_isMissing = false;
     bool m_isHovered = false;
     bool m_isFocused = false;
+    bool m_isSelected = false;
     double m_presence = 1;
     ItemInteractionView* m_interaction;
 };

@@ -22,9 +22,10 @@ inline constexpr int gap = 4;
 
 } // namespace
 
-TileList::TileList(QWidget* parent)
+TileList::TileList(MainQueue& queue, QWidget* parent)
     : QAbstractScrollArea(parent)
     , m_scrolling(*verticalScrollBar())
+    , m_band(*this, queue)
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
@@ -32,6 +33,8 @@ TileList::TileList(QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
+    m_band.itemsUnder = [this](const QRect& rect) { return itemsUnder(rect); };
+    m_band.onSelected = [this](const QSet<QUuid>& ids) { change([&] { m_selection.select(ids); }); };
 }
 
 int TileList::tileWidth() const
@@ -41,7 +44,7 @@ int TileList::tileWidth() const
 
 void TileList::setRows(std::vector<QUuid> ids)
 {
-    m_selection.setRows(std::move(ids));
+    change([&] { m_selection.setRows(std::move(ids)); });
     m_isOutdated = true;
     if (isVisible() && wantsMotion())
         rearrange();
@@ -73,7 +76,8 @@ void TileList::layOut()
     m_isOutdated = false;
     measure();
     placeTiles(true);
-    showCurrent();
+    showSelection();
+    m_band.follow();
 }
 
 std::vector<ShelfItemView*> TileList::tilesInOrder() const
@@ -136,49 +140,95 @@ ShelfItemView* TileList::newTile(const QUuid& id)
     ShelfItemView* tile = makeTile(viewport());
     tile->interaction().installEventFilter(this);
     tile->setFocused(m_usesKeys && hasFocus() && currentId() == id);
+    tile->setSelected(m_selection.contains(id));
     return tile;
 }
 
-// A pressed tile becomes the current one, from which the arrow keys continue.
+std::optional<std::size_t> TileList::rowOfInteraction(const QObject* interaction) const
+{
+    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
+        if (interaction == &each.value()->interaction())
+            return m_selection.rowOf(each.key());
+    }
+    return std::nullopt;
+}
+
+// A pressed tile becomes the current one, from which the arrow keys continue. With Control or Shift that waits for the
+// click, because a drag of what is selected may begin.
 bool TileList::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::MouseButtonPress) {
-        for (std::size_t row = 0; row < m_selection.rows().size(); ++row) {
-            const ShelfItemView* pressed = tile(m_selection.rows()[row]);
-            if (!pressed || watched != &pressed->interaction())
-                continue;
+        const auto& press = static_cast<const QMouseEvent&>(*event);
+        const bool awaitsClick = press.button() == Qt::LeftButton && Selection::isKept(press.modifiers());
+        if (const auto row = awaitsClick ? std::nullopt : rowOfInteraction(watched)) {
             m_usesKeys = false;
-            m_selection.press(row);
-            showCurrent();
-            break;
+            change([&] { m_selection.press(*row); });
         }
     }
     return QAbstractScrollArea::eventFilter(watched, event);
 }
 
-std::optional<std::size_t> TileList::rowForKey(int key) const
+void TileList::choose(const QUuid& id, Qt::KeyboardModifiers modifiers)
 {
-    if (m_selection.rows().empty())
-        return std::nullopt;
-    const std::size_t last = m_selection.rows().size() - 1;
-    if (!m_selection.currentRow())
-        return key == Qt::Key_Up || key == Qt::Key_End ? last : 0;
-    const std::size_t page = std::max<std::size_t>(m_tiles.size(), 2) - 1;
-    const std::size_t row = *m_selection.currentRow();
-    switch (key) {
-    case Qt::Key_Up:
-        return row - std::min<std::size_t>(row, 1);
-    case Qt::Key_Down:
-        return std::min(row + 1, last);
-    case Qt::Key_PageUp:
-        return row - std::min(row, page);
-    case Qt::Key_PageDown:
-        return std::min(row + page, last);
-    case Qt::Key_Home:
-        return 0;
-    default:
-        return last;
-    }
+    const std::optional<std::size_t> row = m_selection.rowOf(id);
+    if (!row)
+        return;
+    // Also where nothing is selected any more, the frame shows where a range begins.
+    m_usesKeys = true;
+    change([&] { m_selection.click(*row, modifiers); });
+}
+
+void TileList::selectAll()
+{
+    change([this] { m_selection.selectAll(); });
+}
+
+bool TileList::endSelection()
+{
+    if (m_band.cancel())
+        return true;
+    const bool hadSelection = !m_selection.isEmpty();
+    change([this] { m_selection.clear(); });
+    return hadSelection;
+}
+
+void TileList::pressBeside(const QPoint& globalPosition, Qt::KeyboardModifiers modifiers)
+{
+    m_band.press(globalPosition, Selection::isKept(modifiers) ? m_selection.ids() : QSet<QUuid>());
+}
+
+void TileList::releaseBeside(Qt::KeyboardModifiers modifiers)
+{
+    if (!m_band.release() && !Selection::isKept(modifiers))
+        change([this] { m_selection.clear(); });
+}
+
+QSet<QUuid> TileList::itemsUnder(const QRect& band) const
+{
+    QSet<QUuid> ids;
+    if (band.right() < margin || band.left() >= margin + tileWidth())
+        return ids;
+    const TileLayout::Range range = m_layout.rowsBetween(band.top(), band.bottom() + 1);
+    for (std::size_t row = range.first; row < range.end; ++row)
+        ids.insert(m_selection.rows()[row]);
+    return ids;
+}
+
+void TileList::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        pressBeside(event->globalPosition().toPoint(), event->modifiers());
+}
+
+void TileList::mouseMoveEvent(QMouseEvent* event)
+{
+    m_band.move(event->globalPosition().toPoint());
+}
+
+void TileList::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        releaseBeside(event->modifiers());
 }
 
 // Accepted at the ends of the list too: the event must not go on to what lies behind.
@@ -202,9 +252,16 @@ void TileList::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Home:
     case Qt::Key_End:
         m_usesKeys = true;
-        if (const auto row = rowForKey(event->key()))
-            setCurrentRow(*row);
+        if (const auto row = m_selection.rowForKey(event->key(), m_tiles.size()))
+            moveTo(*row, event->modifiers());
         return;
+    case Qt::Key_Space:
+        if (const auto row = m_selection.currentRow(); row && event->modifiers() & Qt::ControlModifier) {
+            m_usesKeys = true;
+            change([&] { m_selection.click(*row, Qt::ControlModifier); });
+            return;
+        }
+        [[fallthrough]];
     default:
         // Everything else is for the owner.
         if (!findName(*event))
@@ -222,14 +279,13 @@ bool TileList::findName(const QKeyEvent& event)
     m_usesKeys = true;
     if (const auto row = m_search.find(event.text(), event.timestamp(), m_selection.currentRow(),
                                        m_selection.rows().size(), tileName))
-        setCurrentRow(*row);
+        moveTo(*row, {});
     return true;
 }
 
 void TileList::clearCurrent()
 {
-    m_selection.clearCurrent();
-    showCurrent();
+    change([this] { m_selection.clearCurrent(); });
 }
 
 void TileList::scrollToCurrent()
@@ -238,11 +294,10 @@ void TileList::scrollToCurrent()
         scrollTo(*row);
 }
 
-void TileList::setCurrentRow(std::size_t row)
+void TileList::moveTo(std::size_t row, Qt::KeyboardModifiers modifiers)
 {
-    m_selection.moveTo(row);
     scrollTo(row);
-    showCurrent();
+    change([&] { m_selection.moveTo(row, modifiers); });
 }
 
 void TileList::scrollTo(std::size_t row)
@@ -257,11 +312,31 @@ void TileList::scrollTo(std::size_t row)
         verticalScrollBar()->setValue(bottom - viewport()->height());
 }
 
-void TileList::showCurrent()
+void TileList::change(const std::function<void()>& change)
+{
+    QSet<QUuid> before;
+    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
+        if (m_selection.isTarget(each.key()))
+            before.insert(each.key());
+    }
+    change();
+    showSelection();
+    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
+        const bool isTarget = m_selection.isTarget(each.key());
+        if (isTarget == before.contains(each.key()))
+            continue;
+        QAccessibleEvent event(each.value(), isTarget ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void TileList::showSelection()
 {
     const std::optional<QUuid> current = currentId();
-    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each)
+    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
         each.value()->setFocused(m_usesKeys && hasFocus() && each.key() == current);
+        each.value()->setSelected(m_selection.contains(each.key()));
+    }
     ShelfItemView* focused = hasFocus() && current ? tile(*current) : nullptr;
     if (!focused)
         return;
@@ -277,14 +352,14 @@ void TileList::focusInEvent(QFocusEvent* event)
     if (isTab || event->reason() == Qt::MouseFocusReason)
         m_usesKeys = isTab;
     if (isTab && !m_selection.currentRow() && !m_selection.rows().empty())
-        m_selection.moveTo(0);
-    showCurrent();
+        m_selection.moveTo(0, {});
+    showSelection();
 }
 
 void TileList::focusOutEvent(QFocusEvent* event)
 {
     QAbstractScrollArea::focusOutEvent(event);
-    showCurrent();
+    showSelection();
 }
 
 void TileList::showEvent(QShowEvent* event)
@@ -297,6 +372,8 @@ void TileList::hideEvent(QHideEvent* event)
 {
     m_scrolling.stop();
     m_motion.finish();
+    m_band.release();
+    change([this] { m_selection.clear(); });
     QAbstractScrollArea::hideEvent(event);
 }
 
@@ -317,6 +394,7 @@ void TileList::scrollContentsBy(int /*dx*/, int /*dy*/)
         return;
     m_motion.finish();
     placeTiles(false);
+    m_band.follow();
 }
 
 } // namespace nookle

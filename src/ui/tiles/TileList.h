@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BandSelection.h"
 #include "NameSearch.h"
 #include "ScrollMotion.h"
 #include "Selection.h"
@@ -17,16 +18,19 @@
 
 namespace nookle {
 
+class MainQueue;
 class ShelfItemView;
 
 /// A scrolling column of tiles. Only the tiles in view exist as widgets. One row may be the current one:
 /// it is chosen by a key, by Tab into the list or by a press of its tile. The arrow keys change the current row, and
-/// its tile has a frame while the keyboard is used.
+/// its tile has a frame while the keyboard is used. Several tiles may be selected, until the list is hidden: with
+/// Control and Shift, or by a rubber band that begins beside the tiles.
 class TileList final : public QAbstractScrollArea {
     Q_OBJECT
 
 public:
-    explicit TileList(QWidget* parent = nullptr);
+    /// `queue` must outlive the list.
+    explicit TileList(MainQueue& queue, QWidget* parent = nullptr);
 
     /// Makes a tile as a child of `parent`. Called when a row comes into view.
     std::function<ShelfItemView*(QWidget* parent)> makeTile;
@@ -64,6 +68,23 @@ public:
     /// The item in the current row.
     [[nodiscard]] std::optional<QUuid> currentId() const { return m_selection.currentId(); }
 
+    /// The tile of `id` was clicked with Control or Shift.
+    void choose(const QUuid& id, Qt::KeyboardModifiers modifiers);
+
+    void selectAll();
+
+    /// Ends the rubber band, or else the selection. Returns false if there was neither.
+    bool endSelection();
+
+    /// The rubber band. Tell it of what the mouse does outside of the list.
+    [[nodiscard]] BandSelection& band() { return m_band; }
+
+    // What the left button of the mouse does beside the tiles, also outside of the list. Positions are those of the
+    // screen.
+
+    void pressBeside(const QPoint& globalPosition, Qt::KeyboardModifiers modifiers);
+    void releaseBeside(Qt::KeyboardModifiers modifiers);
+
     /// From now on no row is the current one, until a key or the mouse chooses one.
     void clearCurrent();
 
@@ -76,6 +97,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
     void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -91,10 +115,13 @@ private:
     [[nodiscard]] int tileWidth() const;
     /// Whether the key was typed to find a name.
     [[nodiscard]] bool findName(const QKeyEvent& event);
-    [[nodiscard]] std::optional<std::size_t> rowForKey(int key) const;
-    void setCurrentRow(std::size_t row);
+    [[nodiscard]] std::optional<std::size_t> rowOfInteraction(const QObject* interaction) const;
+    void moveTo(std::size_t row, Qt::KeyboardModifiers modifiers);
     void scrollTo(std::size_t row);
-    void showCurrent();
+    /// Changes the selection, shows it, and tells assistive programs.
+    void change(const std::function<void()>& change);
+    void showSelection();
+    [[nodiscard]] QSet<QUuid> itemsUnder(const QRect& band) const;
 
     Selection m_selection;
     TileLayout m_layout;
@@ -109,6 +136,7 @@ private:
     bool m_isMoving = false;
     bool m_usesKeys = false;
     NameSearch m_search;
+    BandSelection m_band;
 };
 
 } // namespace nookle

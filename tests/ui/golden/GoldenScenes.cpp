@@ -151,6 +151,18 @@ void showFocused(ShelfFixture& shelf)
     shelf.view.findChild<TileList*>()->tilesInOrder()[2]->setFocused(true);
 }
 
+/// One of the selected tiles has the keyboard, another one is under the pointer.
+void showSelected(ShelfFixture& shelf)
+{
+    addOneOfEach(shelf);
+    shelf.store.togglePinned(shelf.top().id);
+    auto& list = *shelf.view.findChild<TileList*>();
+    for (const qsizetype row : { 0, 2, 3, 4 })
+        list.choose(shelf.store.items()[row].id, Qt::ControlModifier);
+    list.tilesInOrder()[2]->setFocused(true);
+    shelf.view.interaction(shelf.store.items()[3]).onHover(true);
+}
+
 void showLongNames(ShelfFixture& shelf)
 {
     (void)shelf.addFile("Minutes of the general meeting of the association in Reykjavik.tar.gz");
@@ -195,6 +207,8 @@ std::vector<GoldenScene> goldenScenes()
         { QStringLiteral("unavailable-dark"), showUnavailable, true },
         { QStringLiteral("hovered"), showHovered },
         { QStringLiteral("focused"), showFocused },
+        { QStringLiteral("selected"), showSelected },
+        { QStringLiteral("selected-dark"), showSelected, true },
         { QStringLiteral("long-names"), showLongNames },
         { QStringLiteral("drop-target"), showDropTarget },
         { QStringLiteral("drop-target-over-tiles-scale-2"),

@@ -1,0 +1,211 @@
+#include "SelectionActions.h"
+
+#include "FileUrl.h"
+#include "Pasteboard.h"
+#include "ShelfStore.h"
+#include "Workspace.h"
+
+#include <QKeyEvent>
+#include <QSet>
+#include <QStringList>
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// Each of them may be a window on the user's screen.
+inline constexpr qsizetype mostWithoutQuestion = 10;
+
+[[nodiscard]] bool arePinned(const QList<ShelfItem>& items)
+{
+    return std::all_of(items.begin(), items.end(), [](const ShelfItem& item) { return item.pinned; });
+}
+
+[[nodiscard]] bool areLinks(const QList<ShelfItem>& items)
+{
+    return std::all_of(items.begin(), items.end(),
+                       [](const ShelfItem& item) { return std::holds_alternative<LinkContent>(item.content); });
+}
+
+[[nodiscard]] int number(const QList<ShelfItem>& items)
+{
+    return static_cast<int>(items.size());
+}
+
+} // namespace
+
+SelectionActions::SelectionActions(const ShelfItemActions& single, ShelfStore& store, Workspace& workspace,
+                                   Pasteboard& pasteboard, Ask ask)
+    : m_single(single)
+    , m_store(store)
+    , m_workspace(workspace)
+    , m_pasteboard(pasteboard)
+    , m_ask(std::move(ask))
+{
+}
+
+// The menu may outlive this object.
+MenuActions SelectionActions::menuActions(const QList<ShelfItem>& items) const
+{
+    if (items.size() == 1)
+        return m_single.menuActions(items.constFirst());
+    const SelectionActions actions = *this;
+    const int openableNumber = number(openable(items));
+    const auto fileNumber = static_cast<int>(referencedFiles(items).size());
+    const int copyableNumber = number(copyable(items));
+
+    MenuActions menu;
+    if (openableNumber > 0)
+        menu.push_back(MenuAction{ tr("Open %n Item(s)", nullptr, openableNumber), true,
+                                   [actions, items] { actions.open(items); } });
+    if (fileNumber > 0)
+        menu.push_back(MenuAction{ tr("Show %n Item(s) in Finder", nullptr, fileNumber), true,
+                                   [actions, items] { actions.reveal(items); } });
+    menu.push_back(MenuAction{ tr("Copy %n Item(s)", nullptr, copyableNumber), copyableNumber > 0,
+                               [actions, items] { actions.copy(items); } });
+    menu.push_back(MenuAction{ arePinned(items) ? tr("Unpin %n Item(s)", nullptr, number(items))
+                                                : tr("Pin %n Item(s)", nullptr, number(items)),
+                               true, [actions, items] { actions.togglePinned(items); } });
+    menu.push_back(std::nullopt);
+    menu.push_back(MenuAction{ tr("Remove %n Item(s)", nullptr, number(items)), true,
+                               [actions, items] { actions.remove(items); } });
+    return menu;
+}
+
+QList<ShelfItem> SelectionActions::openable(const QList<ShelfItem>& items) const
+{
+    QList<ShelfItem> openable;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(openable),
+                 [this](const ShelfItem& item) { return m_single.openURL(item).has_value(); });
+    return openable;
+}
+
+void SelectionActions::open(const QList<ShelfItem>& items) const
+{
+    const QList<ShelfItem> opened = openable(items);
+    const auto openAll = [actions = *this, opened] {
+        for (const ShelfItem& item : opened)
+            actions.m_single.open(item);
+    };
+    if (opened.size() > mostWithoutQuestion)
+        m_ask(tr("Open %n item(s) at once?", nullptr, number(opened)), tr("Open"), openAll);
+    else
+        openAll();
+}
+
+QList<QUrl> SelectionActions::referencedFiles(const QList<ShelfItem>& items) const
+{
+    QList<QUrl> files;
+    for (const ShelfItem& item : items) {
+        const auto file = m_store.localURL(item);
+        if (file && std::holds_alternative<FileContent>(item.content))
+            files.append(*file);
+    }
+    return files;
+}
+
+void SelectionActions::reveal(const QList<ShelfItem>& items) const
+{
+    const QList<QUrl> files = referencedFiles(items);
+    if (files.isEmpty())
+        return;
+    QSet<QUrl> folders;
+    for (const QUrl& file : files)
+        folders.insert(file.adjusted(QUrl::RemoveFilename));
+    const auto revealAll = [workspace = &m_workspace, files] { workspace->reveal(files); };
+    const auto folderNumber = static_cast<int>(folders.size());
+    if (folderNumber > mostWithoutQuestion)
+        m_ask(tr("Open %n folder(s) at once?", nullptr, folderNumber), tr("Open"), revealAll);
+    else
+        revealAll();
+}
+
+QList<ShelfItem> SelectionActions::copyable(const QList<ShelfItem>& items) const
+{
+    QList<ShelfItem> copyable;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(copyable),
+                 [this](const ShelfItem& item) { return m_single.canBeCopied(item); });
+    return copyable;
+}
+
+QString SelectionActions::asText(const ShelfItem& item) const
+{
+    if (const auto* text = std::get_if<TextContent>(&item.content))
+        return text->text;
+    if (const auto* link = std::get_if<LinkContent>(&item.content))
+        return link->url.absoluteString();
+    return QString::fromUtf8(filePath(m_store.localURL(item).value_or(QUrl())));
+}
+
+void SelectionActions::copy(const QList<ShelfItem>& items) const
+{
+    const QList<ShelfItem> copied = copyable(items);
+    if (copied.isEmpty())
+        return;
+    QStringList addresses;
+    QStringList texts;
+    for (const ShelfItem& item : copied) {
+        texts.append(asText(item));
+        if (const auto file = m_store.localURL(item))
+            addresses.append(QString::fromLatin1(file->toEncoded()));
+    }
+    if (areLinks(copied))
+        m_pasteboard.writeAddresses(texts, texts.join(QLatin1Char('\n')));
+    else if (addresses.size() == copied.size())
+        m_pasteboard.writeAddresses(addresses, {});
+    else if (addresses.isEmpty())
+        m_pasteboard.writeText(texts.join(QStringLiteral("\n\n")));
+    else
+        m_pasteboard.writeAddresses(addresses, texts.join(QStringLiteral("\n\n")));
+}
+
+void SelectionActions::togglePinned(const QList<ShelfItem>& items) const
+{
+    const bool wasPinned = arePinned(items);
+    m_store.changeTogether([&] {
+        for (const ShelfItem& item : items) {
+            if (item.pinned == wasPinned)
+                m_store.togglePinned(item.id);
+        }
+    });
+}
+
+void SelectionActions::remove(const QList<ShelfItem>& items) const
+{
+    QSet<QUuid> ids;
+    for (const ShelfItem& item : items)
+        ids.insert(item.id);
+    m_store.remove(ids);
+}
+
+bool SelectionActions::handleKey(const QKeyEvent& event, const QList<ShelfItem>& items) const
+{
+    if (items.isEmpty())
+        return false;
+    if (items.size() == 1)
+        return m_single.handleKey(event, items.constFirst());
+    if (event.matches(QKeySequence::Copy)) {
+        copy(items);
+        return true;
+    }
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        open(items);
+        return true;
+    case Qt::Key_Delete:
+        remove(items);
+        return true;
+    case Qt::Key_Space:
+        togglePinned(items);
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace nookle

@@ -1,0 +1,51 @@
+#include "BandSelection.h"
+
+#include "RubberBand.h"
+
+#include <QAbstractScrollArea>
+
+namespace nookle {
+
+BandSelection::BandSelection(QAbstractScrollArea& list, MainQueue& queue)
+    : m_list(list)
+    , m_band(new RubberBand(list, queue))
+{
+    m_band->onChanged = [this](const QRect& rect) { onSelected(m_selectedBefore + itemsUnder(rect)); };
+    m_band->onDrawnChanged = [this](bool isDrawn) { onDrawnChanged(isDrawn); };
+}
+
+QPoint BandSelection::inViewport(const QPoint& globalPosition) const
+{
+    return m_list.viewport()->mapFromGlobal(globalPosition);
+}
+
+void BandSelection::press(const QPoint& globalPosition, const QSet<QUuid>& selected)
+{
+    m_selectedBefore = selected;
+    m_band->press(inViewport(globalPosition));
+}
+
+void BandSelection::move(const QPoint& globalPosition)
+{
+    m_band->move(inViewport(globalPosition));
+}
+
+bool BandSelection::release()
+{
+    return m_band->end();
+}
+
+bool BandSelection::cancel()
+{
+    if (!m_band->end())
+        return false;
+    onSelected(m_selectedBefore);
+    return true;
+}
+
+void BandSelection::follow()
+{
+    m_band->follow();
+}
+
+} // namespace nookle
