@@ -2,6 +2,8 @@
 //   Peer receive FILE     takes drops and writes what it got into FILE: a line with the action, then the URI list
 //   Peer take FORMAT FILE takes drops and writes what it got in that format into FILE; FILE.over gets a byte each time
 //                         that something is moved over the window
+//   Peer paste FILE FORMAT
+//                         writes what the clipboard holds in that format into FILE, and shows an empty window
 //   Peer trash            takes files and moves them to the Trash, some time after they were dropped
 //   Peer offer FILE TYPE [RESULT]
 //                         offers what is in FILE as TYPE to whoever it is dragged to, and writes into RESULT whether it
@@ -23,6 +25,7 @@
 #include "DragSource.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDrag>
 #include <QDropEvent>
 #include <QElapsedTimer>
@@ -269,6 +272,10 @@ private:
         return std::make_unique<Receiver>(arguments.value(2));
     if (mode == QLatin1String("take"))
         return std::make_unique<Taker>(arguments.value(2), arguments.value(3));
+    if (mode == QLatin1String("paste")) {
+        writeFile(arguments.value(2), QApplication::clipboard()->mimeData()->data(arguments.value(3)));
+        return std::make_unique<QWidget>();
+    }
     if (mode == QLatin1String("trash"))
         return std::make_unique<TrashCan>();
     if (mode == QLatin1String("offer"))
