@@ -122,13 +122,6 @@
     </message>
 </context>
 <context>
-    <name>nookle::HotKey</name>
-    <message>
-        <source>Show or hide the shelf</source>
-        <translation>أظهر الرف أو أخفه</translation>
-    </message>
-</context>
-<context>
     <name>nookle::KdeShortcuts</name>
     <message>
         <source>The desktop has not answered yet.</source>
@@ -478,6 +471,17 @@
     <message>
         <source>Show Menu</source>
         <translation>أظهر القائمة</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfShortcuts</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>أظهر الرف أو أخفه</translation>
+    </message>
+    <message>
+        <source>Show the shelf with the keyboard focus</source>
+        <translation>أظهر الرف مع تركيز لوحة المفاتيح</translation>
     </message>
 </context>
 <context>

@@ -122,13 +122,6 @@
     </message>
 </context>
 <context>
-    <name>nookle::HotKey</name>
-    <message>
-        <source>Show or hide the shelf</source>
-        <translation>Ablage ein- oder ausblenden</translation>
-    </message>
-</context>
-<context>
     <name>nookle::KdeShortcuts</name>
     <message>
         <source>The desktop has not answered yet.</source>
@@ -446,6 +439,17 @@
     <message>
         <source>Show Menu</source>
         <translation>Menü anzeigen</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfShortcuts</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Ablage ein- oder ausblenden</translation>
+    </message>
+    <message>
+        <source>Show the shelf with the keyboard focus</source>
+        <translation>Ablage mit Tastaturfokus einblenden</translation>
     </message>
 </context>
 <context>

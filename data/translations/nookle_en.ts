@@ -122,13 +122,6 @@
     </message>
 </context>
 <context>
-    <name>nookle::HotKey</name>
-    <message>
-        <source>Show or hide the shelf</source>
-        <translation type="unfinished"></translation>
-    </message>
-</context>
-<context>
     <name>nookle::KdeShortcuts</name>
     <message>
         <source>The desktop has not answered yet.</source>
@@ -445,6 +438,17 @@
     </message>
     <message>
         <source>Show Menu</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfShortcuts</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Show the shelf with the keyboard focus</source>
         <translation type="unfinished"></translation>
     </message>
 </context>

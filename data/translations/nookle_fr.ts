@@ -122,13 +122,6 @@
     </message>
 </context>
 <context>
-    <name>nookle::HotKey</name>
-    <message>
-        <source>Show or hide the shelf</source>
-        <translation>Afficher ou masquer l’étagère</translation>
-    </message>
-</context>
-<context>
     <name>nookle::KdeShortcuts</name>
     <message>
         <source>The desktop has not answered yet.</source>
@@ -446,6 +439,17 @@
     <message>
         <source>Show Menu</source>
         <translation>Afficher le menu</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfShortcuts</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Afficher ou masquer l’étagère</translation>
+    </message>
+    <message>
+        <source>Show the shelf with the keyboard focus</source>
+        <translation>Afficher l’étagère avec le focus du clavier</translation>
     </message>
 </context>
 <context>

@@ -122,13 +122,6 @@
     </message>
 </context>
 <context>
-    <name>nookle::HotKey</name>
-    <message>
-        <source>Show or hide the shelf</source>
-        <translation>Mostra o nascondi il ripiano</translation>
-    </message>
-</context>
-<context>
     <name>nookle::KdeShortcuts</name>
     <message>
         <source>The desktop has not answered yet.</source>
@@ -446,6 +439,17 @@
     <message>
         <source>Show Menu</source>
         <translation>Mostra il menu</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfShortcuts</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>Mostra o nascondi il ripiano</translation>
+    </message>
+    <message>
+        <source>Show the shelf with the keyboard focus</source>
+        <translation>Mostra il ripiano con il focus della tastiera</translation>
     </message>
 </context>
 <context>

@@ -122,13 +122,6 @@
     </message>
 </context>
 <context>
-    <name>nookle::HotKey</name>
-    <message>
-        <source>Show or hide the shelf</source>
-        <translation>シェルフの表示/非表示</translation>
-    </message>
-</context>
-<context>
     <name>nookle::KdeShortcuts</name>
     <message>
         <source>The desktop has not answered yet.</source>
@@ -438,6 +431,17 @@
     <message>
         <source>Show Menu</source>
         <translation>メニューを表示</translation>
+    </message>
+</context>
+<context>
+    <name>nookle::ShelfShortcuts</name>
+    <message>
+        <source>Show or hide the shelf</source>
+        <translation>シェルフの表示/非表示</translation>
+    </message>
+    <message>
+        <source>Show the shelf with the keyboard focus</source>
+        <translation>キーボードフォーカス付きでシェルフを表示</translation>
     </message>
 </context>
 <context>

@@ -29,10 +29,6 @@ inline constexpr double timeOfIntroduction = 10;
 /// In seconds. Gives the other programs that start with the session time to finish their start.
 inline constexpr double preparationDelay = 1;
 
-// The shortcut, in the numbers of `HotKey`.
-inline constexpr std::uint32_t keyD = 2;
-inline constexpr std::uint32_t controlAltSuper = 4096 + 2048 + 256;
-
 // Not quit(), which asks every window first: the panel refuses to be closed.
 void quit()
 {
@@ -72,7 +68,7 @@ void AppDelegate::applicationDidFinishLaunching()
     startScreenshotCollection();
     m_expirySweep = std::make_unique<ExpirySweep>(m_settings, *m_store, m_platform.queue);
     provideServices();
-    createHotKey();
+    createShortcuts();
     m_store->removeOrphans();
     removeLeftImageCopies(QDateTime::currentDateTimeUtc().addDays(-1));
     if (m_panelController->pinning().isPinned())
@@ -219,10 +215,13 @@ void AppDelegate::additionFailed(const QString& reason)
     m_platform.notifier.notify(reason);
 }
 
-void AppDelegate::createHotKey()
+void AppDelegate::createShortcuts()
 {
-    m_hotKey = std::make_unique<HotKey>(m_platform.desktop.globalShortcuts(), keyD, controlAltSuper,
-                                        [this] { togglePanel(); });
+    m_shortcuts = std::make_unique<ShelfShortcuts>(m_platform.desktop.globalShortcuts(), m_platform.defaults,
+                                                   ShelfShortcuts::Actions{
+                                                       .toggle = [this] { togglePanel(); },
+                                                       .focus = [this] { m_panelController->showForKeys(); },
+                                                   });
 }
 
 void AppDelegate::togglePanel()

@@ -4,7 +4,6 @@
 #include "DragEdgeMonitor.h"
 #include "ExpirySweep.h"
 #include "Failure.h"
-#include "HotKey.h"
 #include "MainQueue.h"
 #include "PanelContentView.h"
 #include "PanelController.h"
@@ -14,6 +13,7 @@
 #include "ServicePasteboard.h"
 #include "ServiceProvider.h"
 #include "SettingsWindowController.h"
+#include "ShelfShortcuts.h"
 #include "ShelfStore.h"
 #include "ShelfView.h"
 #include "StatusItem.h"
@@ -94,7 +94,7 @@ private:
     /// Shows a failure to the user and returns it. Without one, returns the store's refusal (if any), which was shown
     /// already.
     std::optional<Failure> toldToUser(const std::optional<Failure>& failure);
-    void createHotKey();
+    void createShortcuts();
     void togglePanel();
     void togglePinned();
     void showForAMoment();
@@ -121,7 +121,7 @@ private:
     std::unique_ptr<ScreenshotSwitch> m_screenshotSwitch;
     std::unique_ptr<ExpirySweep> m_expirySweep;
     std::unique_ptr<ServiceProvider> m_serviceProvider;
-    std::unique_ptr<HotKey> m_hotKey;
+    std::unique_ptr<ShelfShortcuts> m_shortcuts;
     std::unique_ptr<Cancellable> m_showing;
     std::unique_ptr<Cancellable> m_preparation;
 };

@@ -94,7 +94,7 @@ void SettingsUserDefaults::set(qint64 value, const QString& forKey)
 
 std::optional<QString> SettingsUserDefaults::string(const QString& domain, const QString& key) const
 {
-    return text(m_settings.value(QString(domain + QLatin1Char('/') + key)));
+    return text(m_settings.value(domain.isEmpty() ? key : QString(domain + QLatin1Char('/') + key)));
 }
 
 void SettingsUserDefaults::write(const QString& key, const QVariant& value)

@@ -25,7 +25,7 @@ public:
     virtual void set(bool value, const QString& forKey) = 0;
     virtual void set(qint64 value, const QString& forKey) = 0;
 
-    /// The text under `key` in the group `domain`; none when it is absent.
+    /// The text under `key` in the group `domain`, or in no group if `domain` is empty; none when it is absent.
     [[nodiscard]] virtual std::optional<QString> string(const QString& domain, const QString& key) const = 0;
 };
 

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void theInstalledProgramSpeaksTheUsersLanguage();
     void whereTextRunsFromTheRightThePanelStaysAtTheRight();
     void theActionGivesTheShelfTheFocusAndEscapeGivesItBack();
+    void theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstShowing();
     void theFirstStartByHandIntroducesTheShelf();
     void aStartWithTheSessionShowsNothing();
     void aBusThatDiesAfterALinkWasLookedUpLeavesTheShelfWorking();
@@ -382,6 +383,27 @@ void ServicesEndToEndTest::theActionGivesTheShelfTheFocusAndEscapeGivesItBack()
     screen.releaseKey('z');
     screen.releaseKey(XScreen::control);
     QVERIFY(waitFor([this] { return savedText() == QLatin1String("second"); }));
+    screen.pressKey(escape);
+    screen.releaseKey(escape);
+    QVERIFY(waitFor([&] { return !m_shelf->panel() && screen.focus() == peer; }));
+}
+
+void ServicesEndToEndTest::theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstShowing()
+{
+    QVERIFY(m_shelf->start());
+    XScreen& screen = m_desktop->screen();
+    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), { QStringLiteral("text") });
+    QVERIFY(waitFor([&] { return screen.window("Peer", 400).has_value(); }));
+    const xcb_window_t peer = screen.window("Peer", 400)->id;
+    QVERIFY(waitFor([&] { return screen.focus() == peer; }));
+    constexpr xcb_keysym_t shift = 0xffe1;
+    constexpr xcb_keysym_t escape = 0xff1b;
+    const QList<xcb_keysym_t> keys{ XScreen::control, XScreen::alt, XScreen::super, shift, 'd' };
+    for (const xcb_keysym_t each : keys)
+        screen.pressKey(each);
+    for (const xcb_keysym_t each : keys)
+        screen.releaseKey(each);
+    QVERIFY(waitFor([&] { return m_shelf->panel() && screen.focus() == m_shelf->panel()->id; }));
     screen.pressKey(escape);
     screen.releaseKey(escape);
     QVERIFY(waitFor([&] { return !m_shelf->panel() && screen.focus() == peer; }));

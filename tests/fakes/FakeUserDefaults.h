@@ -19,7 +19,7 @@ public:
 
     [[nodiscard]] std::optional<QString> string(const QString& domain, const QString& key) const override
     {
-        const QVariant found = stored.value(domain + QLatin1Char('/') + key);
+        const QVariant found = stored.value(domain.isEmpty() ? key : QString(domain + QLatin1Char('/') + key));
         return found.isValid() ? std::optional(found.toString()) : std::nullopt;
     }
 

@@ -22,7 +22,8 @@ set(may_see_web/protocol "base")
 set(may_see_web/lookup "web/protocol;helper;base")
 set(may_see_screens "platform;base")
 set(may_see_look "base")
-set(may_see_x11 "x11/settings;x11/selections;x11/xcb;screens;platform;base")
+set(may_see_x11 "x11/keyboard;x11/settings;x11/selections;x11/xcb;screens;platform;base")
+set(may_see_x11/keyboard "x11/xcb;platform;base")
 set(may_see_x11/settings "look;x11/selections;x11/xcb;platform;base")
 set(may_see_x11/selections "x11/xcb;platform;base")
 set(may_see_x11/xcb "base")
@@ -43,9 +44,10 @@ set(may_see_app/language "")
 set(may_see_app/version "")
 set(may_see_app/settings "app/version;platform;base")
 set(may_see_app/services "app/version;app/settings;triggers;shelf;shelf/items;platform;base")
+set(may_see_app/shortcuts "platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/version;app/language;app/settings;app/services;app/tray;look;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
+    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

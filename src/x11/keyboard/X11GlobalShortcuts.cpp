@@ -1,13 +1,14 @@
 #include "X11GlobalShortcuts.h"
 
 #include "Log.h"
+#include "X11Keys.h"
 #include "XcbReply.h"
 
 #include <QKeySequence>
 #include <QStringList>
 
 #include <algorithm>
-#include <iterator>
+#include <optional>
 #include <utility>
 
 namespace nookle {
@@ -19,14 +20,7 @@ constexpr xcb_keysym_t numLockSymbol = 0xff7f;
 constexpr xcb_keysym_t altSymbol = 0xffe9;
 constexpr xcb_keysym_t superSymbol = 0xffeb;
 
-struct KnownKey {
-    Qt::Key key;
-    xcb_keysym_t symbol;
-    /// The key's code on most keyboards, for layouts without this letter.
-    xcb_keycode_t place;
-};
-
-constexpr KnownKey knownKeys[] = { { Qt::Key_D, 'd', 40 } };
+constexpr std::uint16_t allModifiers = 0xff;
 
 constexpr std::uint32_t firstNumber = 1;
 
@@ -121,15 +115,14 @@ QString X11GlobalShortcuts::refusal(QKeyCombination keys) const
 
 std::vector<xcb_keycode_t> X11GlobalShortcuts::keysOf(Qt::Key key) const
 {
-    const auto known = std::find_if(std::begin(knownKeys), std::end(knownKeys),
-                                    [key](const KnownKey& each) { return each.key == key; });
-    if (known == std::end(knownKeys))
+    const std::optional<X11Key> known = x11Key(key);
+    if (!known)
         return {};
     std::vector<xcb_keycode_t> keys;
     const auto found = owned(xcb_key_symbols_get_keycode(m_symbols.get(), known->symbol));
     for (const xcb_keycode_t* code = found.get(); code && *code != XCB_NO_SYMBOL; ++code)
         keys.push_back(*code);
-    if (keys.empty())
+    if (keys.empty() && known->place != 0)
         keys.push_back(known->place);
     return keys;
 }
@@ -196,11 +189,13 @@ bool X11GlobalShortcuts::grab(const Grab& grab)
     return isOwn;
 }
 
+// Only with the modifiers of this grab: another shortcut may be the same key with other ones.
 void X11GlobalShortcuts::ungrab(const Grab& grab)
 {
-    // With any modifiers, because the modifiers of the grab may have another meaning by now.
-    for (const xcb_keycode_t key : grab.keys)
-        xcb_ungrab_key(m_connection.get(), key, m_root, XCB_MOD_MASK_ANY);
+    for (const xcb_keycode_t key : grab.keys) {
+        for (const std::uint16_t state : grab.states)
+            xcb_ungrab_key(m_connection.get(), key, m_root, state);
+    }
     xcb_flush(m_connection.get());
 }
 
@@ -233,9 +228,11 @@ void X11GlobalShortcuts::handle(const xcb_generic_event_t& event)
 
 void X11GlobalShortcuts::keyPressed(const xcb_key_press_event_t& event)
 {
+    // Without the bits for mouse buttons and keyboard groups.
+    const auto state = static_cast<std::uint16_t>(event.state & allModifiers);
     std::vector<std::weak_ptr<const std::function<void()>>> pressed;
     for (auto& [number, grab] : m_grabs) {
-        const bool isMeant = (event.state & grab.states.front()) == grab.states.front()
+        const bool isMeant = std::find(grab.states.begin(), grab.states.end(), state) != grab.states.end()
             && std::find(grab.keys.begin(), grab.keys.end(), event.detail) != grab.keys.end();
         if (isMeant && !std::exchange(grab.isDown, true))
             pressed.push_back(grab.pressed);

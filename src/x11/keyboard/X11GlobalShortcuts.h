@@ -40,8 +40,7 @@ private:
         QKeyCombination combination;
         std::shared_ptr<const std::function<void()>> pressed;
         std::vector<xcb_keycode_t> keys;
-        /// The modifier states: the shortcut's modifiers with every combination of lock keys; the one without lock keys
-        /// comes first.
+        /// The modifier states: the shortcut's modifiers with every combination of lock keys.
         std::vector<std::uint16_t> states;
         /// False when another program has the keys. They may be free on the next keyboard layout.
         bool isOwn = false;

@@ -1,7 +1,5 @@
 #include "HotKey.h"
 
-#include <QCoreApplication>
-
 #include <limits>
 #include <utility>
 
@@ -27,11 +25,15 @@ namespace {
 
 } // namespace
 
-HotKey::HotKey(GlobalShortcuts& shortcuts, std::uint32_t keyCode, std::uint32_t modifiers, std::function<void()> action)
+QKeyCombination HotKey::keys(std::uint32_t keyCode, std::uint32_t modifiers)
+{
+    return QKeyCombination(keyboardModifiers(modifiers), key(keyCode));
+}
+
+HotKey::HotKey(GlobalShortcuts& shortcuts, QKeyCombination keys, const QString& description,
+               std::function<void()> action)
     : m_id(takeId())
-    , m_hotKey(shortcuts.registerShortcut(QKeyCombination(keyboardModifiers(modifiers), key(keyCode)),
-                                          QCoreApplication::translate("nookle::HotKey", "Show or hide the shelf"),
-                                          std::move(action)))
+    , m_hotKey(shortcuts.registerShortcut(keys, description, std::move(action)))
 {
 }
 
