@@ -1,5 +1,6 @@
 #include "PanelContentView.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -34,6 +35,10 @@ void PanelContentView::resizeEvent(QResizeEvent* event)
     if (isSeen)
         m_content->setGeometry(rect());
     m_content->setVisible(isSeen);
+    // The desktop may give a window the keys before it has its size, and with it the content that takes them.
+    const QWidget* holder = QApplication::focusWidget();
+    if (isSeen && isActiveWindow() && (!holder || holder == this))
+        m_content->setFocus(Qt::ActiveWindowFocusReason);
 }
 
 void PanelContentView::setContentOffset(double offset)

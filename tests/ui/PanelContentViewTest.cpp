@@ -36,6 +36,7 @@ private Q_SLOTS:
     void theContentStaysWhereDragsFindIt();
     void atRestTheContentPaintsItselfAgain();
     void aWindowThatIsShownForTheSlideBeginsEmpty();
+    void theContentHasTheKeysIfTheWindowGotThemBeforeItsSize();
 
 private:
     [[nodiscard]] QColor colorAt(int x, int y = 150) const;
@@ -52,6 +53,23 @@ void PanelContentViewTest::init()
     m_view->resize(112, 300);
     m_view->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
+}
+
+void PanelContentViewTest::theContentHasTheKeysIfTheWindowGotThemBeforeItsSize()
+{
+    m_view.reset();
+    m_view = std::make_unique<PanelContentView>();
+    m_content = new Coloured;
+    m_content->setFocusPolicy(Qt::StrongFocus);
+    m_view->setContent(m_content);
+    m_view->resize(1, 1);
+    m_content->setFocus();
+    m_view->show();
+    m_view->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+    QVERIFY(!m_content->hasFocus());
+    m_view->resize(112, 300);
+    QVERIFY(m_content->hasFocus());
 }
 
 QColor PanelContentViewTest::colorAt(int x, int y) const
