@@ -363,6 +363,14 @@
         <source>Folder: </source>
         <translation>المجلد: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>احجز مكان الرف ما دام مفتوحًا</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>تنتهي النوافذ المكبّرة حينها عند الرف بدلًا من أن تمتد تحته.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

@@ -331,6 +331,14 @@
         <source>Folder: </source>
         <translation>Ordner: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>Platz freihalten, solange die Ablage offen bleibt</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>Maximierte Fenster enden dann an der Ablage, statt unter sie zu reichen.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

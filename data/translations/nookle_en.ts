@@ -331,6 +331,14 @@
         <source>Folder: </source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

@@ -331,6 +331,14 @@
         <source>Folder: </source>
         <translation>Carpeta: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>Reservar espacio mientras el estante siga abierto</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>Las ventanas maximizadas terminan entonces junto al estante en lugar de quedar debajo.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

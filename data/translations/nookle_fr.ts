@@ -331,6 +331,14 @@
         <source>Folder: </source>
         <translation>Dossier&#xa0;: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>Réserver l’espace tant que l’étagère reste ouverte</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>Les fenêtres maximisées s’arrêtent alors à l’étagère au lieu de passer dessous.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

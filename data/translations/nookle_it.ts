@@ -331,6 +331,14 @@
         <source>Folder: </source>
         <translation>Cartella: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>Riserva lo spazio finché il ripiano resta aperto</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>Le finestre massimizzate finiscono allora al ripiano invece di passarci sotto.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

@@ -323,6 +323,14 @@
         <source>Folder: </source>
         <translation>フォルダー: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>シェルフを開いている間は場所を空けておく</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>最大化したウィンドウはシェルフの下に隠れず、その手前で終わります。</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

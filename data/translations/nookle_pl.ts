@@ -339,6 +339,14 @@
         <source>Folder: </source>
         <translation>Katalog: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>Rezerwuj miejsce, gdy półka pozostaje otwarta</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>Zmaksymalizowane okna kończą się wtedy przy półce, zamiast sięgać pod nią.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

@@ -331,6 +331,14 @@
         <source>Folder: </source>
         <translation>Pasta: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>Reservar espaço enquanto a prateleira fica aberta</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>As janelas maximizadas terminam então na prateleira, em vez de ficar embaixo dela.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

@@ -323,6 +323,14 @@
         <source>Folder: </source>
         <translation>文件夹: </translation>
     </message>
+    <message>
+        <source>Reserve space while the shelf is kept open</source>
+        <translation>暂存架保持打开时预留空间</translation>
+    </message>
+    <message>
+        <source>Maximised windows then end at the shelf instead of reaching below it.</source>
+        <translation>最大化的窗口会止于暂存架，而不会延伸到其下方。</translation>
+    </message>
 </context>
 <context>
     <name>nookle::SettingsWindowController</name>

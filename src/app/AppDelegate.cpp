@@ -100,6 +100,9 @@ void AppDelegate::createPanel()
         m_panelWindow->takeFocus();
     };
     m_panelContent->onFocusChanged = [this](bool hasFocus) { m_panelController->focusChanged(hasFocus); };
+    const auto followReservation = [this] { m_panelController->setReservesSpace(m_settings.reservesSpace()); };
+    connect(&m_settings, &AppSettings::reservesSpaceChanged, this, followReservation);
+    followReservation();
     m_platform.desktop.onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
     m_platform.desktop.onServerGone = [this] { applicationWillTerminate(); };
     createShelfView();

@@ -76,7 +76,8 @@ void PanelController::show()
     const QRectF resting = restingFrame(m_displays.visibleFrame(*display));
     m_panel.setFrame(resting.translated(panelWidth, 0));
     m_panel.orderFront();
-    m_panel.animateFrame(resting, slideDuration, Easing::out, {});
+    // Some window managers pass over the reservation of a window that is not on the screen.
+    m_panel.animateFrame(resting, slideDuration, Easing::out, m_lifetime.guarded([this] { updateReservation(); }));
 }
 
 void PanelController::showForKeys()
@@ -104,6 +105,7 @@ void PanelController::hide()
 
     m_isShown = false;
     m_isForKeys = false;
+    updateReservation();
     const QRectF frame = m_panel.frame();
     m_panel.animateFrame(frame.translated(frame.width(), 0), slideDuration, Easing::in, m_lifetime.guarded([this] {
         if (!m_isShown)
@@ -130,8 +132,24 @@ void PanelController::checkDragIn()
 void PanelController::togglePinned()
 {
     m_pinning.setPinned(!m_pinning.isPinned());
+    updateReservation();
     if (!m_pinning.isPinned() && m_isShown)
         scheduleHide(autoHideDelay);
+}
+
+void PanelController::setReservesSpace(bool reservesSpace)
+{
+    m_reservesSpace = reservesSpace;
+    updateReservation();
+}
+
+void PanelController::updateReservation()
+{
+    const auto display = ownDisplay();
+    if (m_reservesSpace && m_isShown && m_pinning.isPinned() && display)
+        m_panel.reserveSpace(restingFrame(m_displays.visibleFrame(*display)));
+    else
+        m_panel.reserveSpace(std::nullopt);
 }
 
 void PanelController::scheduleHide(double seconds)
@@ -167,6 +185,7 @@ void PanelController::displaysChanged()
         return;
     m_display = m_displays.identity(*display);
     m_panel.setFrame(restingFrame(m_displays.visibleFrame(*display)));
+    updateReservation();
 }
 
 void PanelController::dropTargetChanged(bool isDropTarget)

@@ -54,6 +54,9 @@ public:
     /// Toggles the pinned state. Unpinning a shown panel schedules its hiding.
     void togglePinned();
 
+    /// Whether the desktop keeps other windows out of the panel's space while it is pinned and shown.
+    void setReservesSpace(bool reservesSpace);
+
     /// Hides the panel in `seconds` unless it is pinned. Delays this while the pointer is over the panel, one of its
     /// menus is open, or an item is being dragged out of it. Replaces a pending hide.
     void scheduleHide(double seconds);
@@ -80,6 +83,7 @@ private:
     void cancelPendingHide() { m_pendingHide.reset(); }
     void hideUnlessInUse();
     void checkDragIn();
+    void updateReservation();
 
     ShelfStore& m_store;
     PanelWindow& m_panel;
@@ -95,6 +99,7 @@ private:
     bool m_isForKeys = false;
     bool m_isMenuOpen = false;
     bool m_isShown = false;
+    bool m_reservesSpace = false;
     /// The identity of the display that the panel was shown on last.
     QString m_display;
     Lifetime m_lifetime;

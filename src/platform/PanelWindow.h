@@ -3,6 +3,7 @@
 #include <QRectF>
 
 #include <functional>
+#include <optional>
 
 namespace nookle {
 
@@ -33,6 +34,11 @@ public:
     /// Moves the window to `frame` within `seconds`, one step for each frame of the display. `completion` (may be
     /// empty) runs on the main thread when the animation ends, or when another animation or `setFrame` ends it early.
     virtual void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) = 0;
+
+    /// Has the desktop keep other windows out of the space between the left edge of `frame` and the edge of its
+    /// display; with none, gives that space back. Call it once the window has come to `frame`. Does nothing where no
+    /// space can be reserved.
+    virtual void reserveSpace(const std::optional<QRectF>& /*frame*/) {}
 
     /// Called when the content must be drawn `offset` points to the right of its place in the window: on some display
     /// servers it slides within a window that does not move. Set by the owner.

@@ -170,6 +170,17 @@ void LayerPanelWindow::tellCompositor()
     QCoreApplication::sendEvent(&m_window, &uncovered);
 }
 
+// The compositor adds the space of the desktop's own panels at that edge.
+void LayerPanelWindow::reserveSpace(const std::optional<QRectF>& frame)
+{
+    const int zone = frame ? qRound(frame->width()) : 0;
+    auto* layer = Layer::get(&m_window);
+    if (layer->exclusionZone() == zone)
+        return;
+    layer->setExclusiveZone(zone);
+    tellCompositor();
+}
+
 void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing,
                                     std::function<void()> completion)
 {

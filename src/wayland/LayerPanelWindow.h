@@ -31,6 +31,7 @@ public:
     void orderFront() override;
     void takeFocus() override;
     void orderOut() override;
+    void reserveSpace(const std::optional<QRectF>& frame) override;
     void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
 
     /// Handles an event of a drag that is at `position` of the desktop, over another window of this program. A drag

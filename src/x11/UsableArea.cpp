@@ -37,6 +37,17 @@ Strut Strut::fromNumbers(const std::vector<std::uint32_t>& numbers, const QSize&
     return strut;
 }
 
+std::vector<std::uint32_t> rightStrut(const QRect& panel, const QRect& display, const QSize& desktop)
+{
+    if (display.left() + display.width() != desktop.width())
+        return {};
+    const auto width = static_cast<std::uint32_t>(desktop.width() - panel.left());
+    const auto start = static_cast<std::uint32_t>(display.top());
+    const auto end = static_cast<std::uint32_t>(display.bottom());
+    // Left, right, top and bottom, then the beginning and the end of each.
+    return { 0, width, 0, 0, 0, 0, start, end, 0, 0, 0, 0 };
+}
+
 QRect usableArea(const QRect& display, const QSize& desktop, const std::vector<Strut>& struts)
 {
     int left = display.left();

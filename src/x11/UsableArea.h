@@ -28,6 +28,10 @@ struct Strut {
     [[nodiscard]] static Strut fromNumbers(const std::vector<std::uint32_t>& numbers, const QSize& desktop);
 };
 
+/// The twelve numbers of `_NET_WM_STRUT_PARTIAL` that reserve the space from the left edge of `panel` to the right edge
+/// of its display. Empty if the desktop goes on there: what is reserved is counted from the edge of the whole desktop.
+[[nodiscard]] std::vector<std::uint32_t> rightStrut(const QRect& panel, const QRect& display, const QSize& desktop);
+
 /// The part of a display that the struts leave free. A strut counts only for the display in which it ends. A strut that
 /// crosses a whole display, because it belongs to another display behind it, takes nothing away from the crossed one.
 [[nodiscard]] QRect usableArea(const QRect& display, const QSize& desktop, const std::vector<Strut>& struts);

@@ -5,6 +5,9 @@
 #include "XcbReply.h"
 
 #include <QGuiApplication>
+#include <QWindow>
+
+#include <algorithm>
 
 #include <xcb/xcb.h>
 
@@ -17,6 +20,13 @@ inline constexpr const char* currentDesktop = "_NET_CURRENT_DESKTOP";
 inline constexpr const char* strut = "_NET_WM_STRUT";
 inline constexpr const char* strutPartial = "_NET_WM_STRUT_PARTIAL";
 inline constexpr const char* workAreas = "_NET_WORKAREA";
+
+[[nodiscard]] bool isOfThisProgram(std::uint32_t window)
+{
+    const QWindowList own = QGuiApplication::topLevelWindows();
+    return std::any_of(own.begin(), own.end(),
+                       [window](const QWindow* each) { return each->handle() && each->winId() == window; });
+}
 
 } // namespace
 
@@ -45,20 +55,24 @@ std::optional<QRect> X11Displays::workArea() const
 }
 
 // The work area is one rectangle for the whole desktop. With several displays, a panel on one of them reduces the work
-// area of all, so then only the struts are used.
+// area of all, so then only the struts are used; and while the shelf reserves space itself, which it may use.
 QRect X11Displays::usable(const QRect& display) const
 {
     const QSize desktop = desktopSize();
     std::vector<Strut> struts;
+    bool isOwnReserved = false;
     for (const std::uint32_t window : xcbNumbers(m_connection, m_root, m_atoms[clientList])) {
         auto numbers = xcbNumbers(m_connection, window, m_atoms[strutPartial]);
         if (numbers.empty())
             numbers = xcbNumbers(m_connection, window, m_atoms[strut]);
-        if (!numbers.empty())
+        const bool isOwn = isOfThisProgram(window);
+        if (isOwn)
+            isOwnReserved = isOwnReserved || !numbers.empty();
+        else if (!numbers.empty())
             struts.push_back(Strut::fromNumbers(numbers, desktop));
     }
     const QRect area = usableArea(display, desktop, struts);
-    if (QGuiApplication::screens().size() > 1)
+    if (QGuiApplication::screens().size() > 1 || isOwnReserved)
         return area;
     const QRect common = area.intersected(workArea().value_or(area));
     return common.isEmpty() ? area : common;

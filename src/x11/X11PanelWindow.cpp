@@ -2,6 +2,7 @@
 
 #include "Compositing.h"
 #include "Displays.h"
+#include "UsableArea.h"
 #include "X11Coordinates.h"
 #include "XcbReply.h"
 
@@ -72,8 +73,8 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
     , m_atoms(connection,
               { "_KDE_NET_WM_BLUR_BEHIND_REGION", "_NET_ACTIVE_WINDOW", "_NET_WM_DESKTOP", "_NET_WM_STATE",
                 "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_SKIP_PAGER",
-                "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_USER_TIME", "_NET_WM_WINDOW_TYPE",
-                "_NET_WM_WINDOW_TYPE_DOCK" })
+                "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_STRUT_PARTIAL", "_NET_WM_USER_TIME",
+                "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK" })
     , m_shadow(connection, static_cast<xcb_window_t>(window.winId()))
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
@@ -264,6 +265,24 @@ void X11PanelWindow::raise()
     const std::uint32_t above = XCB_STACK_MODE_ABOVE;
     xcb_configure_window(m_connection, static_cast<xcb_window_t>(m_window.winId()), XCB_CONFIG_WINDOW_STACK_MODE,
                          &above);
+    xcb_flush(m_connection);
+}
+
+void X11PanelWindow::reserveSpace(const std::optional<QRectF>& frame)
+{
+    std::vector<std::uint32_t> strut;
+    const xcb_window_t root = rootOf(m_connection);
+    const auto desktop = owned(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, root), nullptr));
+    if (frame && desktop)
+        strut = rightStrut(pixelsFromPoints(*frame, m_display), pixelsFromPoints(m_display, m_display),
+                           { desktop->width, desktop->height });
+    const auto window = static_cast<xcb_window_t>(m_window.winId());
+    const xcb_atom_t property = m_atoms["_NET_WM_STRUT_PARTIAL"];
+    if (strut.empty())
+        xcb_delete_property(m_connection, window, property);
+    else
+        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, property, XCB_ATOM_CARDINAL, 32,
+                            static_cast<std::uint32_t>(strut.size()), strut.data());
     xcb_flush(m_connection);
 }
 

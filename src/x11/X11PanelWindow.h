@@ -42,6 +42,7 @@ public:
     void orderFront() override;
     void takeFocus() override;
     void orderOut() override;
+    void reserveSpace(const std::optional<QRectF>& frame) override;
     void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
 
     bool eventFilter(QObject* watched, QEvent* event) override;

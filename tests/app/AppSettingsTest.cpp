@@ -31,6 +31,7 @@ void AppSettingsTest::aFirstLaunchHasTheRegisteredDefaults()
     const AppSettings settings(defaults);
     QCOMPARE(settings.autoExpandOnDrag(), true);
     QCOMPARE(settings.expiry(), Expiry::day);
+    QCOMPARE(settings.reservesSpace(), false);
     QCOMPARE(settings.collectScreenshots(), false);
     QCOMPARE(settings.moveScreenshots(), false);
     QVERIFY(defaults.writtenKeys.isEmpty());
@@ -106,6 +107,12 @@ void AppSettingsTest::assigningANewValueWritesAndTellsTheObserversOfThatValueAlo
     QCOMPARE(settings.collectScreenshots(), true);
     QCOMPARE(defaults.stored.value(QStringLiteral("collectScreenshots")), QVariant(true));
     QCOMPARE(collectChanges.count(), 1);
+    QCOMPARE(moveChanges.count(), 0);
+    const QSignalSpy reserveChanges(&settings, &AppSettings::reservesSpaceChanged);
+    settings.setReservesSpace(true);
+    QCOMPARE(settings.reservesSpace(), true);
+    QCOMPARE(defaults.stored.value(QStringLiteral("reserveSpace")), QVariant(true));
+    QCOMPARE(reserveChanges.count(), 1);
     QCOMPARE(moveChanges.count(), 0);
     settings.setMoveScreenshots(true);
     QCOMPARE(moveChanges.count(), 1);

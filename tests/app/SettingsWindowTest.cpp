@@ -257,6 +257,8 @@ void SettingsWindowTest::everyTextStandsInItsPlace()
         QStringLiteral("Shelf"),
         QStringLiteral("Show when dragging to the edge"),
         QStringLiteral("Drag something to the right edge of the screen and the shelf slides in automatically."),
+        QStringLiteral("Reserve space while the shelf is kept open"),
+        QStringLiteral("Maximised windows then end at the shelf instead of reaching below it."),
         QStringLiteral("Remove items"),
         QStringLiteral("Never | After 1 hour | After 24 hours | After 1 week"),
         QStringLiteral("Pinned items always stay. Copies such as images go to the Trash."),
@@ -298,6 +300,8 @@ void SettingsWindowTest::eachControlWritesThroughAtOnce()
     open();
     toggle(QStringLiteral("Show when dragging to the edge")).click();
     QCOMPARE(m_defaults->stored.value(QStringLiteral("autoExpandOnDrag")), QVariant(false));
+    toggle(QStringLiteral("Reserve space while the shelf is kept open")).click();
+    QCOMPARE(m_defaults->stored.value(QStringLiteral("reserveSpace")), QVariant(true));
     toggle(QStringLiteral("Add new screenshots to the shelf")).click();
     QCOMPARE(m_defaults->stored.value(QStringLiteral("collectScreenshots")), QVariant(true));
     toggle(QStringLiteral("Move them from the desktop to the shelf")).click();

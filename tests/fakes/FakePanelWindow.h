@@ -6,6 +6,7 @@
 #include <QList>
 
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace nookle {
@@ -49,7 +50,10 @@ public:
         });
     }
 
+    void reserveSpace(const std::optional<QRectF>& frame) override { reserved = frame; }
+
     bool isOnScreen = false;
+    std::optional<QRectF> reserved;
     int focusRequests = 0;
     QList<Animation> animations;
 

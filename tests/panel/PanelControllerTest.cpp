@@ -101,6 +101,8 @@ private Q_SLOTS:
     void unpinningAHiddenPanelSchedulesNothing();
     void pinningDuringAPendingHideKeepsThePanel();
     void aControllerThatIsGoneIsNotTouchedByTheEndOfItsSlide();
+    void aPinnedPanelReservesItsSpaceWhileItIsShown();
+    void theReservationFollowsTheDisplay();
 
 private:
     std::unique_ptr<Fixture> m_fixture;
@@ -609,6 +611,41 @@ void PanelControllerTest::aControllerThatIsGoneIsNotTouchedByTheEndOfItsSlide()
     QVERIFY(f.window.isOnScreen);
     QVERIFY(!f.window.onMouseEntered);
     QVERIFY(!f.window.onMouseExited);
+}
+
+void PanelControllerTest::aPinnedPanelReservesItsSpaceWhileItIsShown()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.togglePinned();
+    QVERIFY(!f.window.reserved);
+    f.panel.setReservesSpace(true);
+    QCOMPARE(f.window.reserved, std::optional(restingFrame));
+    f.panel.togglePinned();
+    QVERIFY(!f.window.reserved);
+    f.panel.togglePinned();
+    QCOMPARE(f.window.reserved, std::optional(restingFrame));
+    f.panel.hide();
+    QVERIFY(!f.window.reserved);
+    // Once the panel has slid in.
+    f.panel.show();
+    f.queue.advance(0.17);
+    QVERIFY(!f.window.reserved);
+    f.queue.advance(0.01);
+    QCOMPARE(f.window.reserved, std::optional(restingFrame));
+    f.panel.setReservesSpace(false);
+    QVERIFY(!f.window.reserved);
+}
+
+void PanelControllerTest::theReservationFollowsTheDisplay()
+{
+    Fixture& f = *m_fixture;
+    f.panel.setReservesSpace(true);
+    f.showAtRest();
+    f.panel.togglePinned();
+    f.displays.entries.front() = { { 0, 0, 1920, 1000 }, { 0, 30, 1920, 970 }, QStringLiteral("first") };
+    f.panel.displaysChanged();
+    QCOMPARE(f.window.reserved, std::optional(QRectF(1808, 54, 112, 922)));
 }
 
 QTEST_GUILESS_MAIN(PanelControllerTest)

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void aStrutOfFourNumbersRunsAlongTheWholeEdge();
     void aPropertyOfAnyOtherLengthReservesNothing();
     void hugeNumbersLeaveTheDisplayWhole();
+    void thePanelsSpaceReachesFromItsLeftEdgeToTheDesktops();
+    void anInnerEdgeReservesNothing();
 };
 
 namespace {
@@ -76,6 +78,27 @@ void UsableAreaTest::hugeNumbersLeaveTheDisplayWhole()
     const std::uint32_t huge = 0xffffffff;
     const Strut strut = Strut::fromNumbers({ huge, huge, huge, huge }, oneDisplay);
     QCOMPARE(usableArea({ 0, 0, 1280, 800 }, oneDisplay, { strut }), QRect(0, 0, 1280, 800));
+}
+
+void UsableAreaTest::thePanelsSpaceReachesFromItsLeftEdgeToTheDesktops()
+{
+    const QRect display(0, 0, 1280, 800);
+    const auto numbers = rightStrut({ 1168, 24, 112, 752 }, display, oneDisplay);
+    QCOMPARE(numbers.size(), std::size_t{ 12 });
+    QCOMPARE(usableArea(display, oneDisplay, { Strut::fromNumbers(numbers, oneDisplay) }), QRect(0, 0, 1168, 800));
+    // Left of a dock.
+    const auto beside = rightStrut({ 1108, 24, 112, 752 }, display, oneDisplay);
+    QCOMPARE(usableArea(display, oneDisplay, { Strut::fromNumbers(beside, oneDisplay) }), QRect(0, 0, 1108, 800));
+    // Of two displays, only its own becomes smaller.
+    const QRect right(800, 0, 800, 600);
+    const Strut strut = Strut::fromNumbers(rightStrut({ 1488, 24, 112, 552 }, right, twoDisplays), twoDisplays);
+    QCOMPARE(usableArea(right, twoDisplays, { strut }), QRect(800, 0, 688, 600));
+    QCOMPARE(usableArea({ 0, 0, 800, 600 }, twoDisplays, { strut }), QRect(0, 0, 800, 600));
+}
+
+void UsableAreaTest::anInnerEdgeReservesNothing()
+{
+    QVERIFY(rightStrut({ 688, 24, 112, 552 }, { 0, 0, 800, 600 }, twoDisplays).empty());
 }
 
 QTEST_GUILESS_MAIN(UsableAreaTest)

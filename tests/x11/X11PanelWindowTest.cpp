@@ -28,6 +28,9 @@ inline constexpr int displayHeight = 600;
 inline constexpr double scale = 2;
 const QRectF leftDisplay(0, 0, 400, 300);
 const QRectF leftAtRest(400 - 112, 24, 112, 252);
+// An origin is in pixels, a size in points.
+const QRectF rightDisplay(800, 0, 400, 300);
+const QRectF rightAtRest(800 + 400 - 112, 24, 112, 252);
 const QRect leftPixelsAtRest(576, 48, 224, 504);
 
 } // namespace
@@ -56,6 +59,8 @@ private Q_SLOTS:
     void theSlideFollowsItsCurve();
     void aParkedPanelIsAPointBeyondAllDisplays();
     void thePanelDescribesItsShadowWhileItIsShown();
+    void spaceIsReservedAtTheDesktopsEdgeAlone();
+    void thePanelMayUseTheSpaceThatItReserves();
     void theCornersAreCutAlongTheirCircle();
     void theNeighbourStaysFreeWhenDisplaysComeAndGo();
 
@@ -68,7 +73,9 @@ private:
 
     [[nodiscard]] QRect windowPixels() const;
     [[nodiscard]] bool isParked() const;
-    [[nodiscard]] std::vector<std::uint32_t> shadow() const;
+    [[nodiscard]] std::vector<std::uint32_t> numbers(QByteArrayView property) const;
+    [[nodiscard]] std::vector<std::uint32_t> shadow() const { return numbers("_KDE_NET_WM_SHADOW"); }
+    [[nodiscard]] std::vector<std::uint32_t> strut() const { return numbers("_NET_WM_STRUT_PARTIAL"); }
     /// What the shape lets through, on the root window.
     [[nodiscard]] QRect visiblePixels() const;
     /// Slides the panel, and returns where it was seen meanwhile.
@@ -279,17 +286,42 @@ void X11PanelWindowTest::aParkedPanelIsAPointBeyondAllDisplays()
     QVERIFY(waitFor([this] { return isParked(); }));
 }
 
-std::vector<std::uint32_t> X11PanelWindowTest::shadow() const
+std::vector<std::uint32_t> X11PanelWindowTest::numbers(QByteArrayView property) const
 {
     xcb_connection_t* connection = m_connection.get();
-    const char name[] = "_KDE_NET_WM_SHADOW";
-    const auto atom =
-        owned(xcb_intern_atom_reply(connection, xcb_intern_atom(connection, 0, sizeof name - 1, name), nullptr));
+    const auto atom = owned(xcb_intern_atom_reply(
+        connection, xcb_intern_atom(connection, 0, static_cast<std::uint16_t>(property.size()), property.data()),
+        nullptr));
     const auto window = static_cast<xcb_window_t>(m_window->winId());
     const auto reply = owned(xcb_get_property_reply(
         connection, xcb_get_property(connection, 0, window, atom->atom, XCB_ATOM_CARDINAL, 0, 100), nullptr));
     const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
     return { first, first + xcb_get_property_value_length(reply.get()) / 4 };
+}
+
+void X11PanelWindowTest::spaceIsReservedAtTheDesktopsEdgeAlone()
+{
+    m_panel->setFrame(rightAtRest);
+    m_panel->orderFront();
+    m_panel->reserveSpace(rightAtRest);
+    const std::vector<std::uint32_t> wanted{ 0, 224, 0, 0, 0, 0, 0, displayHeight - 1, 0, 0, 0, 0 };
+    QVERIFY(waitFor([&] { return strut() == wanted; }));
+    m_panel->reserveSpace(std::nullopt);
+    QVERIFY(waitFor([&] { return strut().empty(); }));
+    m_panel->reserveSpace(rightAtRest);
+    QVERIFY(waitFor([&] { return strut() == wanted; }));
+    m_panel->setFrame(leftAtRest);
+    m_panel->reserveSpace(leftAtRest);
+    QVERIFY(waitFor([&] { return strut().empty(); }));
+}
+
+void X11PanelWindowTest::thePanelMayUseTheSpaceThatItReserves()
+{
+    m_panel->setFrame(rightAtRest);
+    m_panel->orderFront();
+    m_panel->reserveSpace(rightAtRest);
+    QVERIFY(waitFor([&] { return !strut().empty(); }));
+    QCOMPARE(m_backend->displays().visibleFrame(rightDisplay), rightDisplay);
 }
 
 void X11PanelWindowTest::thePanelDescribesItsShadowWhileItIsShown()

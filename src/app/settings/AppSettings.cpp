@@ -18,6 +18,11 @@ namespace {
     return QStringLiteral("expiry");
 }
 
+[[nodiscard]] QString reserveSpaceKey()
+{
+    return QStringLiteral("reserveSpace");
+}
+
 [[nodiscard]] QString collectScreenshotsKey()
 {
     return QStringLiteral("collectScreenshots");
@@ -45,6 +50,7 @@ AppSettings::AppSettings(UserDefaults& defaults)
     : m_defaults(withRegisteredDefaults(defaults))
     , m_autoExpandOnDrag(defaults.boolean(autoExpandOnDragKey()))
     , m_expiry(expiry(defaults.integer(expiryKey())).value_or(Expiry::day))
+    , m_reservesSpace(defaults.boolean(reserveSpaceKey()))
     , m_collectScreenshots(defaults.boolean(collectScreenshotsKey()))
     , m_moveScreenshots(defaults.boolean(moveScreenshotsKey()))
 {
@@ -93,6 +99,11 @@ void AppSettings::setExpiry(Expiry expiry)
     m_defaults.set(static_cast<qint64>(expiry), expiryKey());
     if (isChange)
         Q_EMIT expiryChanged();
+}
+
+void AppSettings::setReservesSpace(bool reservesSpace)
+{
+    setFlag(m_reservesSpace, reservesSpace, reserveSpaceKey(), &AppSettings::reservesSpaceChanged);
 }
 
 void AppSettings::setCollectScreenshots(bool collectScreenshots)

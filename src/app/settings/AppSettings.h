@@ -34,6 +34,9 @@ public:
     [[nodiscard]] Expiry expiry() const { return m_expiry; }
     void setExpiry(Expiry expiry);
 
+    [[nodiscard]] bool reservesSpace() const { return m_reservesSpace; }
+    void setReservesSpace(bool reservesSpace);
+
     [[nodiscard]] bool collectScreenshots() const { return m_collectScreenshots; }
     void setCollectScreenshots(bool collectScreenshots);
 
@@ -43,6 +46,7 @@ public:
 Q_SIGNALS:
     void autoExpandOnDragChanged();
     void expiryChanged();
+    void reservesSpaceChanged();
     void collectScreenshotsChanged();
     void moveScreenshotsChanged();
 
@@ -54,6 +58,7 @@ private:
     UserDefaults& m_defaults;
     bool m_autoExpandOnDrag;
     Expiry m_expiry;
+    bool m_reservesSpace;
     bool m_collectScreenshots;
     bool m_moveScreenshots;
 };

@@ -59,6 +59,14 @@ QGroupBox* SettingsView::makeShelfSection(const DataFolderRow::Folder& dataFolde
     column->addWidget(expands);
     column->addWidget(aboutExpanding);
 
+    auto* reserves = makeToggle(
+        tr("Reserve space while the shelf is kept open"), [this] { return m_settings.reservesSpace(); },
+        [this](bool isOn) { m_settings.setReservesSpace(isOn); }, &AppSettings::reservesSpaceChanged);
+    auto* aboutReserving = new DescriptionLabel(*reserves);
+    aboutReserving->setDescription(tr("Maximised windows then end at the shelf instead of reaching below it."));
+    column->addWidget(reserves);
+    column->addWidget(aboutReserving);
+
     auto* expiry = makeExpiryPicker();
     auto* expiryTitle = makePlainLabel(tr("Remove items"));
     expiryTitle->setBuddy(expiry);
