@@ -31,6 +31,7 @@ LinuxPlatform::LinuxPlatform(const QByteArray& dataHome, std::unique_ptr<Desktop
 {
     m_appearance.onChanged = [this] { showLook(); };
     showLook();
+    m_loginItem.renew();
 }
 
 LinuxPlatform::~LinuxPlatform() = default;

@@ -1,5 +1,7 @@
 #include "AutostartLoginItem.h"
 
+#include "Log.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -110,7 +112,10 @@ std::optional<Failure> AutostartLoginItem::registerItem()
     QSaveFile file(m_entryPath);
     const bool isFolderThere = QDir().mkpath(QFileInfo(m_entryPath).path());
     const QByteArray content = entryContent();
-    if (isFolderThere && file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit())
+    // Committing alone would pass over a failure to write what is still in the file's buffer.
+    const bool isWritten = isFolderThere && file.open(QIODevice::WriteOnly) && file.write(content) == content.size()
+        && file.flush() && file.commit();
+    if (isWritten)
         return std::nullopt;
     const QString reason = isFolderThere ? file.errorString() : tr("its folder cannot be made");
     return Failure{ tr("%1 could not be written: %2").arg(m_entryPath, reason) };
@@ -122,6 +127,19 @@ std::optional<Failure> AutostartLoginItem::unregisterItem()
     if (!file.exists() || file.remove())
         return std::nullopt;
     return Failure{ tr("%1 could not be removed: %2").arg(m_entryPath, file.errorString()) };
+}
+
+// Without the library for programs, which would read the folders of them all.
+void AutostartLoginItem::renew()
+{
+    if (!QFileInfo::exists(m_entryPath))
+        return;
+    const KeyFile entry = readEntry(QFile::encodeName(m_entryPath));
+    const std::unique_ptr<char, Release> command(
+        g_key_file_get_string(entry.get(), group, G_KEY_FILE_DESKTOP_KEY_EXEC, nullptr));
+    // An entry that starts another program, or this one in a way of the user's own, is left alone.
+    if (quoted(m_program.toUtf8()) == command.get() && registerItem())
+        logLine(QStringLiteral("could not renew the entry for the start at login: %1").arg(m_entryPath));
 }
 
 void AutostartLoginItem::openSystemSettings()

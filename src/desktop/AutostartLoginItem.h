@@ -25,6 +25,10 @@ public:
     [[nodiscard]] std::optional<Failure> unregisterItem() override;
     void openSystemSettings() override;
 
+    /// Writes an entry of an older version anew, which does not tell the program that the session has started it. A
+    /// failure is one log line.
+    void renew();
+
 private:
     [[nodiscard]] QByteArray entryContent() const;
 

@@ -1,5 +1,7 @@
 #include "AutostartLoginItem.h"
 
+#include "CapturedLog.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -7,7 +9,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <csignal>
 #include <memory>
+
+#include <sys/resource.h>
 
 using namespace nookle;
 
@@ -30,6 +35,11 @@ private Q_SLOTS:
     void anEntryWithoutAProgramIsNotFound();
     void anEntryThatIsNoneIsNotFoundAndIsReplaced();
     void theEntryOfARemovedProgramIsPassedOver();
+    void anOldEntryOfThisProgramIsRenewed();
+    void anotherEntryIsLeftAlone_data();
+    void anotherEntryIsLeftAlone();
+    void withoutAnEntryNoneIsMade();
+    void anOldEntryThatCannotBeWrittenIsLogged();
     void unregisteringRemovesTheEntry();
     void unregisteringTwiceIsNoFailure();
     void aFolderThatCannotBeMadeIsAFailure();
@@ -39,6 +49,8 @@ private Q_SLOTS:
 private:
     void makeProgram(const QString& path);
     void writeEntry(const QByteArray& extraLines);
+    /// Without the variable, as older versions wrote it.
+    void writeOldEntry(const QByteArray& extraLines);
     [[nodiscard]] QByteArray entry() const;
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -90,6 +102,17 @@ void AutostartLoginItemTest::writeEntry(const QByteArray& extraLines)
     QFile file(m_entryPath);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("[Desktop Entry]\nType=Application\nName=Nookle\nExec=" + m_program.toUtf8() + "\n" + extraLines);
+}
+
+void AutostartLoginItemTest::writeOldEntry(const QByteArray& extraLines)
+{
+    writeEntry(extraLines);
+    const QByteArray program = m_program.toUtf8();
+    const QByteArray quoted = '"' + program + '"';
+    const QByteArray content = entry().replace(program, quoted);
+    QFile file(m_entryPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
 }
 
 QByteArray AutostartLoginItemTest::entry() const
@@ -196,6 +219,65 @@ void AutostartLoginItemTest::theEntryOfARemovedProgramIsPassedOver()
     // The key by which desktops know that the program is gone, before they try to start it.
     QVERIFY(entry().contains(QByteArray("\nTryExec=" + m_program.toUtf8() + '\n')));
     QCOMPARE(m_item->status(), LoginItem::Status::notFound);
+}
+
+void AutostartLoginItemTest::anOldEntryOfThisProgramIsRenewed()
+{
+    writeOldEntry("X-GNOME-Autostart-Delay=5\nHidden=true\n");
+    m_item->renew();
+    QVERIFY(entry().contains(QByteArray("\nExec=env NOOKLE_START=login \"" + m_program.toUtf8() + "\"\n")));
+    QVERIFY(entry().contains("\nX-GNOME-Autostart-Delay=5\n"));
+    // It stays as the desktop has switched it.
+    QCOMPARE(m_item->status(), LoginItem::Status::requiresApproval);
+}
+
+void AutostartLoginItemTest::anotherEntryIsLeftAlone_data()
+{
+    QTest::addColumn<QByteArray>("command");
+    QTest::addColumn<QByteArray>("lines");
+    QTest::newRow("of another program") << QByteArray("/bin/true") << QByteArray();
+    QTest::newRow("the user's own command") << QByteArray("env LANGUAGE=de %1") << QByteArray();
+    QTest::newRow("of today") << QByteArray("env NOOKLE_START=login %1") << QByteArray("Comment=mine\n");
+}
+
+void AutostartLoginItemTest::anotherEntryIsLeftAlone()
+{
+    QFETCH(const QByteArray, command);
+    QFETCH(const QByteArray, lines);
+    writeEntry(lines);
+    const QByteArray program = "Exec=" + m_program.toUtf8();
+    const QByteArray other = "Exec=" + QByteArray(command).replace("%1", m_program.toUtf8());
+    const QByteArray before = entry().replace(program, other);
+    QFile file(m_entryPath);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(before);
+    file.close();
+    m_item->renew();
+    QCOMPARE(entry(), before);
+}
+
+void AutostartLoginItemTest::withoutAnEntryNoneIsMade()
+{
+    m_item->renew();
+    QVERIFY(!QFile::exists(m_entryPath));
+}
+
+void AutostartLoginItemTest::anOldEntryThatCannotBeWrittenIsLogged()
+{
+    writeOldEntry({});
+    const QByteArray before = entry();
+    CapturedLog log;
+    // No file may grow.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit usual{};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const rlimit none{ 0, usual.rlim_max };
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &none), 0);
+    m_item->renew();
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &usual), 0);
+    QCOMPARE(log.lines(),
+             QStringList{ QStringLiteral("Nookle: could not renew the entry for the start at login: ") + m_entryPath });
+    QCOMPARE(entry(), before);
 }
 
 void AutostartLoginItemTest::unregisteringRemovesTheEntry()
