@@ -45,7 +45,8 @@ const QStringList groups{ QStringLiteral("org.freedesktop.appearance"), QStringL
     constexpr double largest = 40;
     const qsizetype space = description.lastIndexOf(QLatin1Char(' '));
     const double size = description.mid(space + 1).toDouble();
-    if (space <= 0 || size < smallest || size > largest)
+    const bool isForText = size >= smallest && size <= largest;
+    if (space <= 0 || !isForText)
         return std::nullopt;
     QFont font(description.left(space).trimmed());
     font.setPointSizeF(size);
@@ -68,7 +69,7 @@ void DesktopAppearance::followPortal()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(service, path, settingsInterface, QStringLiteral("SettingChanged"), this,
-                SLOT(settingChanged(QString, QString, QDBusVariant)));
+                SLOT(settingChanged(QDBusMessage)));
     // At login this program may start before the service.
     auto* starts = new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForRegistration, this);
     connect(starts, &QDBusServiceWatcher::serviceRegistered, this, &DesktopAppearance::askPortal);
@@ -94,11 +95,15 @@ void DesktopAppearance::readAnswer(QDBusPendingCallWatcher* watcher)
     update();
 }
 
-void DesktopAppearance::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
+void DesktopAppearance::settingChanged(const QDBusMessage& message)
 {
+    if (message.signature() != QLatin1String("ssv"))
+        return;
+    const QVariantList arguments = message.arguments();
+    const QString group = arguments.at(0).toString();
     if (!groups.contains(group))
         return;
-    m_portal[group].insert(key, unwrapped(value.variant()));
+    m_portal[group].insert(arguments.at(1).toString(), unwrapped(arguments.at(2)));
     update();
 }
 

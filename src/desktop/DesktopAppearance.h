@@ -7,8 +7,8 @@
 
 #include <functional>
 
+class QDBusMessage;
 class QDBusPendingCallWatcher;
-class QDBusVariant;
 
 namespace nookle {
 
@@ -29,7 +29,7 @@ public:
     std::function<void()> onChanged;
 
 private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& message);
 
 private:
     void followPortal();
