@@ -68,6 +68,21 @@ void loadStore(benchmark::State& state)
     }
 }
 
+void undoRemove(benchmark::State& state)
+{
+    const auto count = static_cast<int>(state.range(0));
+    ShelfFolder folder(count);
+    const auto store = folder.open();
+    store->addFiles(folder.urls(0, count));
+    for (auto _ : state) {
+        state.PauseTiming();
+        store->removeUnpinned();
+        state.ResumeTiming();
+        const InstructionCount instructions(state, "undoRemove");
+        store->undoRemove();
+    }
+}
+
 BENCHMARK(addFiles)
     ->Args({ 0, 10'000 })
     ->Args({ 10'000, 10'000 })
@@ -76,6 +91,7 @@ BENCHMARK(addFiles)
     ->Unit(benchmark::kMillisecond);
 BENCHMARK(refreshFiles)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(saveStore)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
+BENCHMARK(undoRemove)->Arg(10'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(loadStore)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 } // namespace

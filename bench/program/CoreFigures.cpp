@@ -44,6 +44,7 @@ inline constexpr CoreFigure coreFigures[] = {
     { "saving 100,000 items", "saveStore/100000", 3000 },
     { "loading 10,000 items", "decodeIndex/10000", 100 },
     { "loading 100,000 items", "decodeIndex/100000", 3000 },
+    { "bringing 10,000 items back", "undoRemove/10000", 300 },
     { "looking at 10,000 files in place", "refreshFiles/10000", 60 },
     { "finding a renamed file in a folder of 10,000", "findRenamedFile/10000", 20 },
     { "finding a moved file in a tree of 1,000,000", "findMovedFile/1000000/iterations:3", 2000 },

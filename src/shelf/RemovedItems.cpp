@@ -2,9 +2,11 @@
 
 #include "FileUrl.h"
 #include "ItemFiles.h"
+#include "Overloaded.h"
 #include "ShelfIndex.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -27,22 +29,67 @@ inline constexpr qsizetype largestIcon = 1 << 20;
     QSet<QUuid> present;
     for (const ShelfItem& item : items)
         present.insert(item.id);
-    QHash<QUuid, QList<ShelfItem>> waiting;
+    QHash<QUuid, QList<const ShelfItem*>> waiting;
     for (const ShelfItem& item : back)
-        waiting[item.id].append(item);
-    QHash<QUuid, QList<ShelfItem>> before;
+        waiting[item.id].append(&item);
+    // From the bottom, as the order is walked.
+    QHash<QUuid, QList<const ShelfItem*>> before;
     QUuid next;
     for (auto id = order.crbegin(); id != order.crend(); ++id) {
+        const QList<const ShelfItem*> found = waiting.take(*id);
         if (present.contains(*id))
             next = *id;
         else
-            before[next] = waiting.take(*id) + before.value(next);
+            std::copy(found.crbegin(), found.crend(), std::back_inserter(before[next]));
     }
     QList<ShelfItem> result;
-    for (const ShelfItem& item : items)
-        result += before.take(item.id) << item;
-    return result + before.value(QUuid());
+    const auto appendBefore = [&](const QUuid& id) {
+        const QList<const ShelfItem*> found = before.value(id);
+        std::for_each(found.crbegin(), found.crend(), [&](const ShelfItem* item) { result.append(*item); });
+    };
+    for (const ShelfItem& item : items) {
+        appendBefore(item.id);
+        result.append(item);
+    }
+    appendBefore(QUuid());
+    return result;
 }
+
+/// What items hold, for the question whether the same has been added anew.
+class Contents final {
+public:
+    Contents(const QList<ShelfItem>& items, const QHash<QUuid, QUrl>& fileUrls)
+    {
+        for (const ShelfItem& item : items)
+            std::visit(overloaded{ [&](const TextContent& text) { m_texts.insert(text.text); },
+                                   [&](const LinkContent& link) { m_links.insert(link.url.absoluteString()); },
+                                   [&](const FileContent&) { addFile(fileUrls.value(item.id)); },
+                                   [](const ImageContent&) {} },
+                       item.content);
+    }
+
+    /// `file` is the place of a referenced file. An image is never the same as another one.
+    [[nodiscard]] bool contain(const ShelfItem& item, const std::optional<QUrl>& file) const
+    {
+        return std::visit(
+            overloaded{ [&](const TextContent& text) { return m_texts.contains(text.text); },
+                        [&](const LinkContent& link) { return m_links.contains(link.url.absoluteString()); },
+                        [&](const FileContent&) { return file && m_paths.contains(standardizedPath(*file)); },
+                        [](const ImageContent&) { return false; } },
+            item.content);
+    }
+
+private:
+    void addFile(const QUrl& file)
+    {
+        if (const QByteArray path = standardizedPath(file); !path.isEmpty())
+            m_paths.insert(path);
+    }
+
+    QSet<QString> m_texts;
+    QSet<QString> m_links;
+    QSet<QByteArray> m_paths;
+};
 
 } // namespace
 
@@ -110,10 +157,11 @@ RemovedItems::Return RemovedItems::putBackLast(QList<ShelfItem>& items, const QH
     const QSet<QUuid> known(step.order.begin(), step.order.end());
     QList<ShelfItem> newItems = items;
     newItems.removeIf([&](const ShelfItem& item) { return known.contains(item.id); });
+    const Contents added(newItems, fileUrls);
 
     Return result;
     for (const Entry& entry : step.entries) {
-        if (isThereAgain(entry, newItems, fileUrls))
+        if (added.contain(entry.item, entry.file))
             continue;
         std::optional<ShelfItem> item = withFiles(entry);
         if (!item) {
@@ -125,20 +173,6 @@ RemovedItems::Return RemovedItems::putBackLast(QList<ShelfItem>& items, const QH
     }
     items = merged(items, result.items, step.order);
     return result;
-}
-
-bool RemovedItems::isThereAgain(const Entry& entry, const QList<ShelfItem>& newItems,
-                                const QHash<QUuid, QUrl>& fileUrls)
-{
-    const QByteArray path = entry.file ? standardizedPath(*entry.file) : QByteArray();
-    const auto* removedLink = std::get_if<LinkContent>(&entry.item.content);
-    return std::any_of(newItems.begin(), newItems.end(), [&](const ShelfItem& item) {
-        if (const auto* link = std::get_if<LinkContent>(&item.content))
-            return removedLink && link->url == removedLink->url;
-        if (std::holds_alternative<FileContent>(item.content))
-            return !path.isEmpty() && standardizedPath(fileUrls.value(item.id)) == path;
-        return item.content == entry.item.content && std::holds_alternative<TextContent>(item.content);
-    });
 }
 
 std::optional<ShelfItem> RemovedItems::withFiles(const Entry& entry) const

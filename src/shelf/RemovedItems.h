@@ -69,9 +69,6 @@ private:
         qsizetype size = 0;
     };
 
-    /// Whether an item that was not there at the removal holds the same as `entry`.
-    [[nodiscard]] static bool isThereAgain(const Entry& entry, const QList<ShelfItem>& newItems,
-                                           const QHash<QUuid, QUrl>& fileUrls);
     /// Brings back the files that the shelf owned. None if the image is lost.
     [[nodiscard]] std::optional<ShelfItem> withFiles(const Entry& entry) const;
     void dropOldSteps();
