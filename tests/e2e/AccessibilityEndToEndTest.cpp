@@ -3,11 +3,27 @@
 #include "Shelf.h"
 #include "Waiting.h"
 
+#include <QDBusMessage>
 #include <QTest>
 
 #include <memory>
 
 using namespace nookle::e2e;
+
+/// Notes which things are said to be selected or not.
+class SelectionListener : public QObject {
+    Q_OBJECT
+
+public:
+    QStringList heard;
+
+public Q_SLOTS:
+    void stateChanged(const QDBusMessage& signal)
+    {
+        if (signal.arguments().value(0).toString() == QLatin1String("selected"))
+            heard.append(QString::number(signal.arguments().value(1).toInt()) + signal.path());
+    }
+};
 
 class AccessibilityEndToEndTest : public QObject {
     Q_OBJECT
@@ -18,6 +34,7 @@ private Q_SLOTS:
 
     void aScreenReaderFindsTheItemsOfTheShelf();
     void anItemIsPinnedAndRemovedByItsActions();
+    void aScreenReaderHearsWhatIsSelected();
 
 private:
     [[nodiscard]] std::optional<AssistiveClient::Node> list() const;
@@ -103,6 +120,33 @@ void AccessibilityEndToEndTest::anItemIsPinnedAndRemovedByItsActions()
     QVERIFY(waitFor([this] { return items().size() == 1; }));
     QVERIFY(waitFor([this] { return m_shelf->savedItems().size() == 1; }));
     QVERIFY(m_shelf->savedItems().first().value(QLatin1String("pinned")).toBool());
+}
+
+void AccessibilityEndToEndTest::aScreenReaderHearsWhatIsSelected()
+{
+    QVERIFY(m_client->isMultiSelectable(*list()));
+    SelectionListener listener;
+    QVERIFY(m_client->listenForStates(listener, SLOT(stateChanged(QDBusMessage))));
+    const auto tiles = items();
+    XScreen& screen = m_desktop->screen();
+    screen.moveTo(m_shelf->firstTile());
+    screen.pressKey(XScreen::control);
+    screen.press();
+    screen.release();
+    QVERIFY(waitFor([&] { return m_client->isSelected(tiles[0]); }));
+    QVERIFY(!m_client->isSelected(tiles[1]));
+    screen.moveTo(m_shelf->firstTile() + QPoint(0, 86));
+    screen.press();
+    screen.release();
+    screen.releaseKey(XScreen::control);
+    QVERIFY(waitFor([&] { return m_client->isSelected(tiles[1]); }));
+    QVERIFY(m_client->isSelected(tiles[0]));
+    const QStringList expected{ QLatin1Char('1') + tiles[0].path.path(), QLatin1Char('1') + tiles[1].path.path() };
+    QVERIFY2(waitFor([&] {
+                 QCoreApplication::processEvents();
+                 return listener.heard == expected;
+             }),
+             qPrintable(listener.heard.join(QLatin1Char(' '))));
 }
 
 QTEST_GUILESS_MAIN(AccessibilityEndToEndTest)

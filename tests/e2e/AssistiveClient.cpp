@@ -134,6 +134,36 @@ QStringList AssistiveClient::actions(const Node& node) const
     return names;
 }
 
+bool AssistiveClient::hasState(const Node& node, unsigned number) const
+{
+    const QDBusMessage reply = call(node, accessibleInterface, QStringLiteral("GetState"));
+    if (reply.type() != QDBusMessage::ReplyMessage)
+        return false;
+    const auto words = qdbus_cast<QList<uint>>(reply.arguments().value(0).value<QDBusArgument>());
+    return words.value(0) >> number & 1U;
+}
+
+bool AssistiveClient::isSelected(const Node& node) const
+{
+    return hasState(node, 23);
+}
+
+bool AssistiveClient::isMultiSelectable(const Node& node) const
+{
+    return hasState(node, 18);
+}
+
+bool AssistiveClient::listenForStates(QObject& listener, const char* slot)
+{
+    const Node registry{ QStringLiteral("org.a11y.atspi.Registry"),
+                         QDBusObjectPath(QStringLiteral("/org/a11y/atspi/registry")) };
+    const QDBusMessage reply = call(registry, QStringLiteral("org.a11y.atspi.Registry"),
+                                    QStringLiteral("RegisterEvent"), { QStringLiteral("object:state-changed") });
+    return reply.type() == QDBusMessage::ReplyMessage
+        && m_bus.connect(QString(), QString(), QStringLiteral("org.a11y.atspi.Event.Object"),
+                         QStringLiteral("StateChanged"), &listener, slot);
+}
+
 void AssistiveClient::doAction(const Node& node, int index) const
 {
     (void)call(node, actionInterface, QStringLiteral("DoAction"), { index });

@@ -38,12 +38,18 @@ public:
     [[nodiscard]] QString description(const Node& node) const;
     [[nodiscard]] QStringList actions(const Node& node) const;
     void doAction(const Node& node, int index) const;
+    [[nodiscard]] bool isSelected(const Node& node) const;
+    [[nodiscard]] bool isMultiSelectable(const Node& node) const;
+
+    /// From now on a slot of `listener`, with a `QDBusMessage`, gets the signals about changed states.
+    [[nodiscard]] bool listenForStates(QObject& listener, const char* slot);
 
 private:
     explicit AssistiveClient(const QDBusConnection& bus);
 
     [[nodiscard]] QDBusMessage call(const Node& node, const QString& interface, const QString& method,
                                     const QVariantList& arguments = {}) const;
+    [[nodiscard]] bool hasState(const Node& node, unsigned number) const;
     [[nodiscard]] QString property(const Node& node, const QString& name) const;
 
     QDBusConnection m_bus;

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void anActionDoesWhatItSays();
     void theMenuCanBeOpened();
     void theCurrentTileHasTheFocus();
+    void severalTilesMayBeSelected();
     void aTileAndItsListKnowEachOther();
 
 private:
@@ -131,6 +132,19 @@ void AccessibilityTest::theCurrentTileHasTheFocus()
     QVERIFY(tile(1).state().selected);
     QVERIFY(!tile(0).state().focused);
     QCOMPARE(accessibleList().focusChild(), &tile(1));
+}
+
+void AccessibilityTest::severalTilesMayBeSelected()
+{
+    QVERIFY(accessibleList().state().multiSelectable);
+    list().choose(m_shelf->store.items().at(1).id, Qt::ControlModifier);
+    list().choose(m_shelf->store.items().at(3).id, Qt::ControlModifier);
+    QByteArray selected;
+    for (int index = 0; index < 4; ++index)
+        selected.append(tile(index).state().selected ? '1' : '0');
+    QCOMPARE(selected, QByteArray("0101"));
+    QVERIFY(tile(1).actionInterface()->actionNames().contains(QStringLiteral("Remove 2 Item(s)")));
+    QVERIFY(tile(0).actionInterface()->actionNames().contains(QStringLiteral("Remove")));
 }
 
 void AccessibilityTest::aTileAndItsListKnowEachOther()

@@ -37,7 +37,7 @@ public:
         state.focusable = true;
         state.focused = isCurrent && list()->hasFocus();
         state.selectable = true;
-        state.selected = isCurrent;
+        state.selected = list() && list()->selection().isTarget(m_tile.itemId());
         return state;
     }
 
@@ -101,6 +101,14 @@ public:
     {
     }
 
+    [[nodiscard]] QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.multiSelectable = true;
+        state.extSelectable = true;
+        return state;
+    }
+
     [[nodiscard]] int childCount() const override { return m_list.tileCount(); }
 
     [[nodiscard]] QAccessibleInterface* child(int index) const override
@@ -144,6 +152,12 @@ QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* objec
 void installAccessibility()
 {
     QAccessible::installFactory(makeInterface);
+}
+
+void tellAssistivePrograms(QWidget& widget, QAccessible::Event what)
+{
+    QAccessibleEvent event(&widget, what);
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace nookle

@@ -28,6 +28,8 @@ public:
     /// a link.
     void setItem(const ShelfItem& item, const std::optional<QUrl>& localURL, bool isFolder,
                  const std::optional<QUrl>& iconURL);
+    [[nodiscard]] const QUuid& itemId() const { return m_item.id; }
+
     void setHovered(bool isHovered);
     /// How much of the tile is there: 1 all of it, 0 nothing, between them it is seen through.
     void setPresence(double presence);

@@ -1,10 +1,10 @@
 #include "TileList.h"
 
+#include "Accessibility.h"
 #include "ItemInteractionView.h"
 #include "Motion.h"
 #include "ShelfItemView.h"
 
-#include <QAccessible>
 #include <QKeyEvent>
 #include <QResizeEvent>
 #include <QScrollBar>
@@ -325,8 +325,7 @@ void TileList::change(const std::function<void()>& change)
         const bool isTarget = m_selection.isTarget(each.key());
         if (isTarget == before.contains(each.key()))
             continue;
-        QAccessibleEvent event(each.value(), isTarget ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
-        QAccessible::updateAccessibility(&event);
+        tellAssistivePrograms(*each.value(), isTarget ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
     }
 }
 
@@ -337,11 +336,8 @@ void TileList::showSelection()
         each.value()->setFocused(m_usesKeys && hasFocus() && each.key() == current);
         each.value()->setSelected(m_selection.contains(each.key()));
     }
-    ShelfItemView* focused = hasFocus() && current ? tile(*current) : nullptr;
-    if (!focused)
-        return;
-    QAccessibleEvent event(focused, QAccessible::Focus);
-    QAccessible::updateAccessibility(&event);
+    if (ShelfItemView* focused = hasFocus() && current ? tile(*current) : nullptr)
+        tellAssistivePrograms(*focused, QAccessible::Focus);
 }
 
 void TileList::focusInEvent(QFocusEvent* event)
