@@ -1,5 +1,7 @@
 #include "InterfaceInLanguage.h"
 
+#include "TileList.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QStyleFactory>
@@ -29,15 +31,24 @@ InterfaceInLanguage::InterfaceInLanguage(const QString& language, LanguageInUse:
     m_full.store.refreshFiles();
 
     (void)m_full.addFile("found.txt");
-    for (const auto& action : m_full.view.interaction(m_full.top()).menu()) {
-        if (action)
-            m_itemMenu.addAction(action->title);
-    }
+    fillItemMenu(m_itemMenu);
+    auto& list = *m_full.view.findChild<TileList*>();
+    list.selectAll();
+    fillItemMenu(m_selectionMenu);
+    (void)list.endSelection();
     m_panelMenu = m_full.view.makeMenu();
-    for (QMenu* menu : { static_cast<QMenu*>(&m_statusMenu), &m_itemMenu, m_panelMenu.get() })
+    for (QMenu* menu : { static_cast<QMenu*>(&m_statusMenu), &m_itemMenu, &m_selectionMenu, m_panelMenu.get() })
         menu->resize(menu->sizeHint());
     // The tiles are made when the shelf is drawn.
     m_full.view.grab();
+}
+
+void InterfaceInLanguage::fillItemMenu(QMenu& menu)
+{
+    for (const auto& action : m_full.view.interaction(m_full.top()).menu()) {
+        if (action)
+            menu.addAction(action->title);
+    }
 }
 
 QWidget& InterfaceInLanguage::settings() const
@@ -51,7 +62,9 @@ QWidget& InterfaceInLanguage::settings() const
 
 QList<QWidget*> InterfaceInLanguage::widgets()
 {
-    return { &settings(), &m_empty.view, &m_full.view, &m_statusMenu, &m_itemMenu, m_panelMenu.get() };
+    return {
+        &settings(), &m_empty.view, &m_full.view, &m_statusMenu, &m_itemMenu, &m_selectionMenu, m_panelMenu.get()
+    };
 }
 
 void prepareDesktopFont()

@@ -28,6 +28,9 @@ public:
     [[nodiscard]] QList<QWidget*> widgets();
 
 private:
+    /// Fills it with the entries of the first tile's menu.
+    void fillItemMenu(QMenu& menu);
+
     LanguageInUse m_language;
     FakeUserDefaults m_defaults;
     AppSettings m_settings{ m_defaults };
@@ -39,6 +42,7 @@ private:
     PanelPinning m_pinning{ m_defaults };
     StatusMenu m_statusMenu{ m_pinning };
     QMenu m_itemMenu;
+    QMenu m_selectionMenu;
     std::unique_ptr<QMenu> m_panelMenu;
 };
 

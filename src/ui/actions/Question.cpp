@@ -1,6 +1,5 @@
 #include "Question.h"
 
-#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -14,7 +13,7 @@ void askInWindow(const QString& question, const QString& agreement, const std::f
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setIcon(QMessageBox::Question);
     box->setTextFormat(Qt::PlainText);
-    box->setWindowTitle(QGuiApplication::applicationDisplayName());
+    box->setWindowTitle(QStringLiteral("Nookle"));
     box->setText(question);
     const QPushButton* agree = box->addButton(agreement, QMessageBox::AcceptRole);
     box->addButton(QMessageBox::Cancel);
