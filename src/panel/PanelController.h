@@ -68,7 +68,8 @@ public:
     /// Call this when a drag that the shelf accepts has entered the shelf (true) or left it.
     void dropTargetChanged(bool isDropTarget);
 
-    /// Call this when a menu of the panel has opened (true) or closed. The panel does not slide out under an open menu.
+    /// Call this when a menu of the panel has opened or a rubber band has begun on it (true), and when these are gone.
+    /// The panel does not slide out meanwhile.
     void menuOpenChanged(bool isOpen);
 
     /// Call these when the drag of an item out of the shelf has begun, and when it has ended and its result was
