@@ -57,6 +57,15 @@ void setText(QPalette& palette, const QColor& text, const QColor& faint)
     return qGray(background.rgb()) > middle ? QColor(Qt::black) : QColor(Qt::white);
 }
 
+/// The panel is in use while another window is active. Some themes make the texts of all others faint.
+void makeInactiveLikeActive(QPalette& palette)
+{
+    for (int number = 0; number < QPalette::NColorRoles; ++number) {
+        const auto role = static_cast<QPalette::ColorRole>(number);
+        palette.setColor(QPalette::Inactive, role, palette.color(QPalette::Active, role));
+    }
+}
+
 } // namespace
 
 QPalette desktopPalette(const QPalette& own, const DesktopLook& look)
@@ -66,6 +75,7 @@ QPalette desktopPalette(const QPalette& own, const DesktopLook& look)
     palette.setColor(QPalette::Highlight, look.accent.value_or(own.color(QPalette::Highlight)));
     if (look.accent)
         palette.setColor(QPalette::HighlightedText, textOn(*look.accent));
+    makeInactiveLikeActive(palette);
     return palette;
 }
 

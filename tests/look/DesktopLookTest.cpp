@@ -22,6 +22,7 @@ private Q_SLOTS:
     void theAccentIsTheHighlightAndItsTextCanBeRead();
     void coloursOfTheToolkitThatFitStay();
     void moreContrastMakesTextsBlackOrWhite();
+    void whatIsNotActiveIsAsEasyToRead();
 
 private:
     [[nodiscard]] static PortalSettings portal(const QString& group, const QString& key, const QVariant& value)
@@ -167,6 +168,17 @@ void DesktopLookTest::coloursOfTheToolkitThatFitStay()
     QCOMPARE(window(dark, true), dark.color(QPalette::Window));
     QVERIFY(window(light, true).lightness() < 100);
     QVERIFY(window(dark, false).lightness() > 200);
+}
+
+void DesktopLookTest::whatIsNotActiveIsAsEasyToRead()
+{
+    QPalette own(QColor(0xf6, 0xf5, 0xf4));
+    own.setColor(QPalette::Active, QPalette::WindowText, Qt::black);
+    own.setColor(QPalette::Inactive, QPalette::WindowText, QColor(0x92, 0x95, 0x95));
+    own.setColor(QPalette::Disabled, QPalette::WindowText, QColor(0xd0, 0xd0, 0xd0));
+    const QPalette palette = desktopPalette(own, {});
+    QCOMPARE(palette.color(QPalette::Inactive, QPalette::WindowText), QColor(Qt::black));
+    QCOMPARE(palette.color(QPalette::Disabled, QPalette::WindowText), QColor(0xd0, 0xd0, 0xd0));
 }
 
 QTEST_APPLESS_MAIN(DesktopLookTest)
