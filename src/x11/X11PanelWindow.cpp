@@ -75,14 +75,17 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
                 "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_SKIP_PAGER",
                 "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_STRUT_PARTIAL", "_NET_WM_USER_TIME",
                 "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK" })
-    , m_shadow(connection, static_cast<xcb_window_t>(window.winId()))
+    , m_shadow(connection, static_cast<xcb_window_t>(window.winId()), compositing)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
     m_parking.setSingleShot(true);
     connect(&m_parking, &QTimer::timeout, this, &X11PanelWindow::park);
     park();
-    connect(&m_compositing, &Compositing::backdropChanged, this, &X11PanelWindow::updateShape);
+    connect(&m_compositing, &Compositing::backdropChanged, this, [this] {
+        updateShape();
+        m_shadow.compositingChanged();
+    });
 }
 
 X11PanelWindow::~X11PanelWindow() = default;
@@ -113,6 +116,7 @@ void X11PanelWindow::place(const QRectF& frame)
     m_pixels = pixelsFromPoints(frame, m_display);
     updateShape();
     moveTo(m_pixels);
+    m_shadow.move(m_pixels, m_limit);
 }
 
 // Sent directly to the server: for a window that extends beyond its display, the toolkit may convert points with the

@@ -147,7 +147,7 @@ void X11ShortcutsTest::otherKeysThanLettersAreHeard()
 
 int main(int argc, char* argv[])
 {
-    const auto desktop = PrivateDesktop::tryCreate({ QSize(800, 600), QStringLiteral("openbox"), true });
+    const auto desktop = PrivateDesktop::tryCreate({ QSize(800, 600), QStringLiteral("openbox"), false });
     if (!desktop)
         return EXIT_FAILURE;
     qputenv("DISPLAY", desktop->environment().value(QStringLiteral("DISPLAY")).toLocal8Bit());

@@ -1,0 +1,70 @@
+#include "ShadowPictures.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr double opacity = 0.28;
+inline constexpr int edgeLength = 8;
+inline constexpr double radiiToShadow = 2;
+
+/// How far the shadow reaches beyond the panel, in pixels.
+[[nodiscard]] int extentFor(int cornerRadius)
+{
+    return static_cast<int>(std::lround(radiiToShadow * cornerRadius));
+}
+
+/// How far a pixel lies outside of a panel that begins at `extent` in both directions, and goes on to the right and
+/// downwards. Negative inside.
+[[nodiscard]] double distance(int x, int y, int extent, int cornerRadius)
+{
+    const double center = extent + cornerRadius;
+    const double dx = center - (x + 0.5);
+    const double dy = center - (y + 0.5);
+    if (dx > 0 && dy > 0)
+        return std::hypot(dx, dy) - cornerRadius;
+    return std::max(dx, dy) - cornerRadius;
+}
+
+[[nodiscard]] QRgb shadowAt(double distance, int extent)
+{
+    if (distance < 0)
+        return qRgba(0, 0, 0, 0);
+    const double rest = std::clamp(1 - distance / extent, 0.0, 1.0);
+    return qRgba(0, 0, 0, static_cast<int>(std::lround(255 * opacity * rest * rest * rest)));
+}
+
+/// The upper left corner with a pixel of each adjoining edge. Nothing lies under the panel itself, which may be
+/// transparent.
+[[nodiscard]] QImage cornerPicture(int cornerRadius)
+{
+    const int extent = extentFor(cornerRadius);
+    const int side = extent + cornerRadius + 1;
+    QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x)
+            picture.setPixel(x, y, shadowAt(distance(x, y, extent, cornerRadius), extent));
+    }
+    return picture;
+}
+
+} // namespace
+
+ShadowPictures::ShadowPictures(int cornerRadius)
+    : extent(extentFor(cornerRadius))
+    , corner(extent + cornerRadius)
+{
+    const QImage picture = cornerPicture(cornerRadius);
+    const int last = picture.width() - 1;
+    // Of several pixels, because compositing managers stretch them and mix the pixels at their ends with others.
+    above = picture.copy(last, 0, 1, extent).scaled(edgeLength, extent);
+    below = above.mirrored(false, true);
+    left = picture.copy(0, last, extent, 1).scaled(extent, edgeLength);
+    upperLeft = picture.copy(0, 0, last, last);
+    lowerLeft = upperLeft.mirrored(false, true);
+}
+
+} // namespace nookle

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QImage>
+
+namespace nookle {
+
+/// The parts of the shadow of a panel that has round corners on its left and goes on beyond the screen's edge on its
+/// right. Lengths are in pixels. The colours are premultiplied with their opacity.
+struct ShadowPictures {
+    explicit ShadowPictures(int cornerRadius);
+
+    /// How far the shadow reaches beyond the panel.
+    int extent;
+    /// Squares of this side: the extent and the radius.
+    int corner;
+    QImage upperLeft;
+    QImage lowerLeft;
+    /// Parts of the edges, which are the same all along.
+    QImage above;
+    QImage below;
+    QImage left;
+};
+
+} // namespace nookle
