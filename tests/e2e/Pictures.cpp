@@ -12,6 +12,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLinearGradient>
+#include <QMargins>
 #include <QPainter>
 #include <QPolygonF>
 #include <QThread>
@@ -111,6 +112,43 @@ int fail(const char* reason)
     const int margin = 28 * scale;
     return screen.picture(panel()->frame.adjusted(-2 * margin, -margin, 0, margin).intersected(screen.geometry()))
         .save(path);
+}
+
+/// The window of the settings, which the panel's menu opens.
+[[nodiscard]] bool takeSettings(const QString& program, const QString& path)
+{
+    const auto desktop = composedDesktop({ 800, 760 }, lightWallpaper);
+    if (!desktop)
+        return false;
+    PublishedSettings settings(desktop->display());
+    settings.publish({ { "Net/ThemeName", "Adwaita" }, { "Gtk/FontName", "DejaVu Sans 9" } });
+    desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"),
+                       "[General]\npanelPinned=true\n[screenshots]\nlocation=/home/me/Pictures/Screenshots\n");
+    Shelf shelf(*desktop, program);
+    XScreen& screen = desktop->screen();
+    if (!shelf.start() || !waitFor([&] { return shelf.panel().has_value(); }) || !isQuiet(screen))
+        return false;
+    constexpr std::uint8_t rightButton = 3;
+    screen.moveTo(shelf.panel()->frame.center() + QPoint(0, 200));
+    screen.press(rightButton);
+    screen.release(rightButton);
+    if (!isQuiet(screen))
+        return false;
+    // "Quit" is the last entry, and "Settings" the one above it.
+    for (const xcb_keysym_t key : { XScreen::up, XScreen::up, XScreen::enter }) {
+        screen.pressKey(key);
+        screen.releaseKey(key);
+    }
+    constexpr int formWidth = 440;
+    const auto window = [&] { return screen.window("nookle", formWidth); };
+    if (!waitFor([&] { return window().has_value(); }))
+        return false;
+    // Away from the shelf, which is not shown.
+    screen.moveTo({ 20, 20 });
+    if (!isQuiet(screen))
+        return false;
+    const QMargins frame(24, 48, 24, 28);
+    return screen.picture(window()->frame.marginsAdded(frame).intersected(screen.geometry())).save(path);
 }
 
 /// Films the screen while the mouse moves.
@@ -234,6 +272,8 @@ int main(int argc, char* argv[])
     if (!takeKinds(program, false, 2, folder.filePath(QStringLiteral("kinds-light.png")))
         || !takeKinds(program, true, 2, folder.filePath(QStringLiteral("kinds-dark.png"))))
         return fail("no picture of the shelf was taken");
+    if (!takeSettings(program, folder.filePath(QStringLiteral("settings.png"))))
+        return fail("no picture of the settings was taken");
     if (!takeDrag(program, folder.filePath(QStringLiteral("drag.png"))))
         return fail("no picture of a drag was taken");
     return EXIT_SUCCESS;
