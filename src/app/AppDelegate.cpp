@@ -225,6 +225,7 @@ void AppDelegate::createShortcuts()
                                                        .toggle = [this] { togglePanel(); },
                                                        .focus = [this] { m_panelController->showForKeys(); },
                                                    });
+    m_statusMenu->setToggleKeys(m_shortcuts->keys());
 }
 
 void AppDelegate::togglePanel()

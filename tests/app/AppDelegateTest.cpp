@@ -40,6 +40,8 @@ private Q_SLOTS:
     void aDragAtTheEdgeShowsTheShelf_data();
     void aDragAtTheEdgeShowsTheShelf();
     void theShortcutShowsAndHides();
+    void theSettingsNameTheKeysOfTheShortcutAndOfTheMenu();
+    void theShortcutWithShiftTakesTheFocus();
     void theActionOnTheBusShowsAndHides();
     void aSecondStartShowsTheShelf();
 
@@ -352,6 +354,25 @@ void AppDelegateTest::theShortcutShowsAndHides()
     QVERIFY(m_app->isShown());
     shortcut.pressed();
     QVERIFY(!m_app->isShown());
+}
+
+void AppDelegateTest::theSettingsNameTheKeysOfTheShortcutAndOfTheMenu()
+{
+    m_app->defaults.stored.insert(QStringLiteral("shortcut"), QStringLiteral("Super+F5"));
+    m_app->start();
+    const QKeyCombination keys(Qt::MetaModifier, Qt::Key_F5);
+    QCOMPARE(m_app->desktop.shortcuts.registered.at(1).keys, keys);
+    const auto* menu = topLevel<StatusMenu>();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().constFirst()->shortcut(), QKeySequence(keys));
+}
+
+void AppDelegateTest::theShortcutWithShiftTakesTheFocus()
+{
+    m_app->start();
+    m_app->desktop.shortcuts.registered.at(2).pressed();
+    QVERIFY(m_app->isShown());
+    QCOMPARE(m_app->desktop.window->focusRequests, 1);
 }
 
 void AppDelegateTest::theActionOnTheBusShowsAndHides()

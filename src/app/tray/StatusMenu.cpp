@@ -13,7 +13,7 @@ namespace nookle {
 StatusMenu::StatusMenu(const PanelPinning& pinning)
     : m_pinning(pinning)
 {
-    addEntry(tr("Show Shelf"), Qt::CTRL | Qt::ALT | Qt::META | Qt::Key_D, &StatusMenu::onTogglePanel);
+    m_toggleItem = addEntry(tr("Show Shelf"), Qt::CTRL | Qt::ALT | Qt::META | Qt::Key_D, &StatusMenu::onTogglePanel);
     m_pinItem = addEntry(tr("Keep Shelf Open"), {}, &StatusMenu::onTogglePinned);
     addSeparator();
     addEntry(tr("Settings…"), Qt::CTRL | Qt::Key_Comma, &StatusMenu::onShowSettings);
@@ -36,6 +36,11 @@ QAction* StatusMenu::addEntry(const QString& title, const QKeySequence& key, std
         showPinned();
     });
     return entry;
+}
+
+void StatusMenu::setToggleKeys(QKeyCombination keys)
+{
+    m_toggleItem->setShortcut(keys);
 }
 
 void StatusMenu::showPinned()

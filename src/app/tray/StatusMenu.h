@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QKeyCombination>
 #include <QMenu>
 
 #include <functional>
@@ -21,6 +22,9 @@ public:
     /// `pinning` must outlive the menu.
     explicit StatusMenu(const PanelPinning& pinning);
 
+    /// The keys that the entry for the shelf shows and takes, where they are not the usual ones.
+    void setToggleKeys(QKeyCombination keys);
+
     /// The actions of the entries. Set by the owner.
     std::function<void()> onTogglePanel = [] {};
     std::function<void()> onTogglePinned = [] {};
@@ -35,6 +39,7 @@ private:
     void showPinned();
 
     const PanelPinning& m_pinning;
+    QAction* m_toggleItem;
     QAction* m_pinItem;
 };
 
