@@ -75,6 +75,7 @@ private Q_SLOTS:
     void whereTextRunsFromTheRightThePanelStaysAtTheRight();
     void theActionGivesTheShelfTheFocusAndEscapeGivesItBack();
     void theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstShowing();
+    void aPinnedShelfReservesItsSpaceWhileItIsShown();
     void theFirstStartByHandIntroducesTheShelf();
     void aStartWithTheSessionShowsNothing();
     void aBusThatDiesAfterALinkWasLookedUpLeavesTheShelfWorking();
@@ -407,6 +408,29 @@ void ServicesEndToEndTest::theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstSh
     screen.pressKey(escape);
     screen.releaseKey(escape);
     QVERIFY(waitFor([&] { return !m_shelf->panel() && screen.focus() == peer; }));
+}
+
+void ServicesEndToEndTest::aPinnedShelfReservesItsSpaceWhileItIsShown()
+{
+    constexpr std::uint32_t panelWidth = 112;
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"),
+                         "[General]\npanelPinned=true\nreserveSpace=true\n");
+    QVERIFY(m_shelf->start());
+    // The window manager's area for maximised windows: its place and then its size.
+    const auto width = [this] {
+        const auto numbers = m_desktop->screen().rootNumbers("_NET_WORKAREA");
+        return numbers.size() < 4 ? 0 : numbers[2];
+    };
+    QVERIFY(waitFor([&] { return width() == screenWidth - panelWidth; }));
+    const QVariantList toggle{ QStringLiteral("toggle"), QVariantList(), QVariantMap() };
+    const auto call = [&] { return m_client->call(applicationInterface(), QStringLiteral("ActivateAction"), toggle); };
+    QCOMPARE(call().type(), QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([&] { return width() == screenWidth; }));
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
+    QCOMPARE(call().type(), QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([&] { return width() == screenWidth - panelWidth; }));
+    // It stays where it was.
+    QVERIFY(m_shelf->isAtRest(screenWidth));
 }
 
 void ServicesEndToEndTest::theFirstStartByHandIntroducesTheShelf()
