@@ -10,12 +10,14 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusUnixFileDescriptor>
+#include <QDeadlineTimer>
 #include <QVariantMap>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace nookle {
@@ -27,6 +29,9 @@ using Descriptors = QList<QDBusUnixFileDescriptor>;
 /// In milliseconds. Waiting for an offer blocks the user interface.
 inline constexpr int patienceForOffer = 500;
 inline constexpr int patienceForRetrieval = 2000;
+
+/// Buses carry few descriptors in a message. Waiting for each call also keeps few of them open.
+inline constexpr qsizetype mostInOneCall = 16;
 
 [[nodiscard]] QString portal()
 {
@@ -45,10 +50,10 @@ inline constexpr int patienceForRetrieval = 2000;
 }
 
 /// Opened with O_PATH: the descriptor only stands for the access right that is handed over.
-[[nodiscard]] std::optional<QDBusUnixFileDescriptor> descriptorOf(const QUrl& file, Mounts& mounts)
+[[nodiscard]] std::optional<QDBusUnixFileDescriptor> descriptorOf(const QUrl& file, const FilePlaces& places)
 {
     const QByteArray path = filePath(file);
-    if (!FilePlaces(mounts.table()).mayLookAt(path, FilePlaces::Links::follow))
+    if (!places.mayLookAt(path, FilePlaces::Links::follow))
         return std::nullopt;
     const int descriptor = ::open(path.constData(), O_PATH | O_CLOEXEC);
     if (descriptor < 0)
@@ -65,12 +70,15 @@ PortalFileTransfers::PortalFileTransfers(std::shared_ptr<Mounts> mounts)
 {
 }
 
-bool PortalFileTransfers::canHandOver(const QUrl& file)
+bool PortalFileTransfers::canHandOver(const QList<QUrl>& files)
 {
-    const QByteArray path = filePath(file);
-    struct stat status {};
-    return FilePlaces(m_mounts->table()).mayLookAt(path, FilePlaces::Links::follow)
-        && ::stat(path.constData(), &status) == 0 && S_ISREG(status.st_mode);
+    const FilePlaces places(m_mounts->table());
+    return std::all_of(files.begin(), files.end(), [&](const QUrl& file) {
+        const QByteArray path = filePath(file);
+        struct stat status {};
+        return places.mayLookAt(path, FilePlaces::Links::follow) && ::stat(path.constData(), &status) == 0
+            && S_ISREG(status.st_mode);
+    });
 }
 
 // A portal that cannot run is not started again at each drag, because the drag waits for it.
@@ -85,15 +93,26 @@ std::optional<QByteArray> PortalFileTransfers::begin()
     return key.isEmpty() ? std::nullopt : std::optional(key);
 }
 
-bool PortalFileTransfers::add(const QByteArray& key, const QUrl& file)
+bool PortalFileTransfers::add(const QByteArray& key, const QList<QUrl>& files)
 {
     qDBusRegisterMetaType<Descriptors>();
-    const auto descriptor = descriptorOf(file, *m_mounts);
-    if (!descriptor)
-        return false;
-    QDBusMessage call = portalCall(QStringLiteral("AddFiles"));
-    call << QString::fromUtf8(key) << QVariant::fromValue(Descriptors{ *descriptor }) << QVariantMap();
-    return callAndWait(call, patienceForOffer).type() == QDBusMessage::ReplyMessage;
+    const FilePlaces places(m_mounts->table());
+    const QDeadlineTimer deadline(patienceForOffer);
+    for (qsizetype first = 0; first < files.size(); first += mostInOneCall) {
+        Descriptors descriptors;
+        for (const QUrl& file : files.mid(first, mostInOneCall)) {
+            const auto descriptor = descriptorOf(file, places);
+            if (!descriptor)
+                return false;
+            descriptors.append(*descriptor);
+        }
+        QDBusMessage call = portalCall(QStringLiteral("AddFiles"));
+        call << QString::fromUtf8(key) << QVariant::fromValue(descriptors) << QVariantMap();
+        const auto patience = static_cast<int>(deadline.remainingTime());
+        if (patience == 0 || callAndWait(call, patience).type() != QDBusMessage::ReplyMessage)
+            return false;
+    }
+    return true;
 }
 
 void PortalFileTransfers::retrieve(const QByteArray& key, Completion completion)

@@ -17,9 +17,9 @@ class PortalFileTransfers final : public QObject, public FileTransfers {
 public:
     explicit PortalFileTransfers(std::shared_ptr<Mounts> mounts);
 
-    [[nodiscard]] bool canHandOver(const QUrl& file) override;
+    [[nodiscard]] bool canHandOver(const QList<QUrl>& files) override;
     [[nodiscard]] std::optional<QByteArray> begin() override;
-    [[nodiscard]] bool add(const QByteArray& key, const QUrl& file) override;
+    [[nodiscard]] bool add(const QByteArray& key, const QList<QUrl>& files) override;
     void retrieve(const QByteArray& key, Completion completion) override;
 
 private:

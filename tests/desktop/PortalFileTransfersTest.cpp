@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QThread>
 
+#include <algorithm>
 #include <memory>
 
 using namespace nookle;
@@ -38,6 +39,7 @@ public:
         if (refuses)
             sendErrorReply(QDBusError::AccessDenied);
         addedKey = key;
+        mostAtATime = std::max(mostAtATime, files.size());
         for (const QDBusUnixFileDescriptor& file : files) {
             const QString link = QStringLiteral("/proc/self/fd/%1").arg(file.fileDescriptor());
             added.append(QFile::symLinkTarget(link));
@@ -57,6 +59,7 @@ public:
     std::atomic<bool> isSilent = false;
     QString addedKey;
     QStringList added;
+    qsizetype mostAtATime = 0;
 };
 
 class PortalFileTransfersTest : public QObject {
@@ -70,6 +73,7 @@ private Q_SLOTS:
 
     void withoutAPortalThereAreNoTransfers();
     void anAddedFileIsHandedOverOpen();
+    void manyFilesAreHandedOverFewAtATime();
     void aFileThatIsGoneIsNotAdded();
     void aFileThatMayNotAnswerIsNotAdded();
     void foldersAndWhatMayNotAnswerAreNotHandedOver();
@@ -152,7 +156,7 @@ std::optional<QList<QUrl>> PortalFileTransfersTest::retrieve(const QByteArray& k
 void PortalFileTransfersTest::withoutAPortalThereAreNoTransfers()
 {
     QVERIFY(!m_transfers->begin());
-    QVERIFY(!m_transfers->add("12345", fileUrl("/etc/passwd")));
+    QVERIFY(!m_transfers->add("12345", { fileUrl("/etc/passwd") }));
     int answers = 0;
     QVERIFY(!retrieve("12345", answers));
     QCOMPARE(answers, 1);
@@ -165,15 +169,36 @@ void PortalFileTransfersTest::anAddedFileIsHandedOverOpen()
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(m_transfers->begin(), QByteArray("12345"));
     QVERIFY(m_portal->added.isEmpty());
-    QVERIFY(m_transfers->add("12345", fileUrl(file.fileName().toUtf8())));
+    QVERIFY(m_transfers->add("12345", { fileUrl(file.fileName().toUtf8()) }));
     QCOMPARE(m_portal->added, QStringList{ file.fileName() });
     QCOMPARE(m_portal->addedKey, QStringLiteral("12345"));
+}
+
+// A bus refuses a message with more descriptors than it likes, and a program must not have thousands open.
+void PortalFileTransfersTest::manyFilesAreHandedOverFewAtATime()
+{
+    startPortal();
+    const TemporaryFolder folder;
+    QList<QUrl> files;
+    QStringList expected;
+    for (int number = 0; number < 100; ++number) {
+        files.append(fileUrl(folder.makeFile(QByteArray::number(number))));
+        expected.append(QString::fromUtf8(filePath(files.last())));
+    }
+    QVERIFY(m_transfers->canHandOver(files));
+    QVERIFY(m_transfers->add("12345", files));
+    QCOMPARE(m_portal->added, expected);
+    QCOMPARE(m_portal->mostAtATime, 16);
+    // One that is gone makes the key useless: its receiver would miss it.
+    files.append(fileUrl("/of/nobody"));
+    QVERIFY(!m_transfers->canHandOver(files));
+    QVERIFY(!m_transfers->add("12345", files));
 }
 
 void PortalFileTransfersTest::aFileThatIsGoneIsNotAdded()
 {
     startPortal();
-    QVERIFY(!m_transfers->add("12345", fileUrl("/of/nobody")));
+    QVERIFY(!m_transfers->add("12345", { fileUrl("/of/nobody") }));
 }
 
 void PortalFileTransfersTest::aFileThatMayNotAnswerIsNotAdded()
@@ -183,20 +208,20 @@ void PortalFileTransfersTest::aFileThatMayNotAnswerIsNotAdded()
     MountList list;
     list.add(server.path(), "nfs");
     PortalFileTransfers transfers(std::make_shared<Mounts>("/", list.path()));
-    QVERIFY(!transfers.add("12345", fileUrl(server.makeFile("file"))));
+    QVERIFY(!transfers.add("12345", { fileUrl(server.makeFile("file")) }));
 }
 
 void PortalFileTransfersTest::foldersAndWhatMayNotAnswerAreNotHandedOver()
 {
     const TemporaryFolder folder;
     const QUrl file = fileUrl(folder.makeFile("file"));
-    QVERIFY(m_transfers->canHandOver(file));
-    QVERIFY(!m_transfers->canHandOver(fileUrl(folder.path())));
-    QVERIFY(!m_transfers->canHandOver(fileUrl("/of/nobody")));
+    QVERIFY(m_transfers->canHandOver({ file }));
+    QVERIFY(!m_transfers->canHandOver({ fileUrl(folder.path()) }));
+    QVERIFY(!m_transfers->canHandOver({ fileUrl("/of/nobody") }));
     MountList list;
     list.add(folder.path(), "nfs");
     PortalFileTransfers transfers(std::make_shared<Mounts>("/", list.path()));
-    QVERIFY(!transfers.canHandOver(file));
+    QVERIFY(!transfers.canHandOver({ file }));
 }
 
 void PortalFileTransfersTest::aRefusalIsNoKey()
@@ -210,7 +235,7 @@ void PortalFileTransfersTest::aFileThatThePortalRefusesIsNotAdded()
 {
     startPortal();
     m_portal->refuses = true;
-    QVERIFY(!m_transfers->add("12345", fileUrl("/etc/passwd")));
+    QVERIFY(!m_transfers->add("12345", { fileUrl("/etc/passwd") }));
 }
 
 void PortalFileTransfersTest::aPortalThatFailedOnceIsFoundWhenItRuns()

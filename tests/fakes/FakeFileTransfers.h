@@ -3,6 +3,7 @@
 #include "FileTransfers.h"
 #include "FileUrl.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -13,10 +14,12 @@ namespace nookle {
 /// Transfers that last until a test finishes them.
 class FakeFileTransfers final : public FileTransfers {
 public:
-    [[nodiscard]] bool canHandOver(const QUrl& file) override
+    [[nodiscard]] bool canHandOver(const QList<QUrl>& files) override
     {
         std::error_code ignored;
-        return std::filesystem::is_regular_file(filePath(file).toStdString(), ignored);
+        return std::all_of(files.begin(), files.end(), [&](const QUrl& file) {
+            return std::filesystem::is_regular_file(filePath(file).toStdString(), ignored);
+        });
     }
 
     [[nodiscard]] std::optional<QByteArray> begin() override
@@ -25,9 +28,10 @@ public:
         return key;
     }
 
-    [[nodiscard]] bool add(const QByteArray& addedKey, const QUrl& file) override
+    [[nodiscard]] bool add(const QByteArray& addedKey, const QList<QUrl>& files) override
     {
-        added.append({ addedKey, file });
+        for (const QUrl& file : files)
+            added.append({ addedKey, file });
         return !refuses;
     }
 

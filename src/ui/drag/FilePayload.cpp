@@ -12,12 +12,15 @@ namespace nookle {
 
 namespace {
 
-/// Makes keys for one file. A key works only once, so each request gets a new one.
+/// Handing files over takes a call to the service for each few of them, while the receiver waits for the key.
+inline constexpr qsizetype mostFilesForKey = 1000;
+
+/// Makes keys for files. A key works only once, so each request gets a new one.
 class TransferKeys {
 public:
-    TransferKeys(QByteArray first, QUrl file, FileTransfers& transfers)
+    TransferKeys(QByteArray first, QList<QUrl> files, FileTransfers& transfers)
         : m_next(std::move(first))
-        , m_file(std::move(file))
+        , m_files(std::move(files))
         , m_transfers(&transfers)
     {
     }
@@ -25,7 +28,7 @@ public:
     [[nodiscard]] std::optional<QByteArray> operator()()
     {
         const auto key = m_next ? std::exchange(m_next, std::nullopt) : m_transfers->begin();
-        if (!key || !m_transfers->add(*key, m_file))
+        if (!key || !m_transfers->add(*key, m_files))
             return std::nullopt;
         // Receivers expect a NUL at the end.
         return QByteArray(*key + '\0');
@@ -33,26 +36,38 @@ public:
 
 private:
     std::optional<QByteArray> m_next;
-    QUrl m_file;
+    QList<QUrl> m_files;
     FileTransfers* m_transfers;
 };
 
+[[nodiscard]] QByteArray uriList(const QList<QUrl>& files)
+{
+    QByteArray list;
+    for (const QUrl& file : files)
+        list += file.toEncoded() + "\r\n";
+    return list;
+}
+
 } // namespace
+
+void addFiles(DragPayload& payload, const QList<QUrl>& files, FileTransfers& transfers)
+{
+    // The key comes first in the list, because a program that understands both formats does not know whether it may
+    // open the addresses. It is offered only if there is a key, because such a program would not fall back to them.
+    const bool canHaveKey = files.size() <= mostFilesForKey && transfers.canHandOver(files);
+    if (auto key = canHaveKey ? transfers.begin() : std::nullopt)
+        payload.add(QStringLiteral("application/vnd.portal.filetransfer"),
+                    TransferKeys(std::move(*key), files, transfers));
+    payload.add(QStringLiteral("text/uri-list"), [files] { return uriList(files); });
+}
 
 DragPayload filePayload(const QUrl& file, FileTransfers& transfers)
 {
-    const QByteArray address = file.toEncoded();
+    const QString address = QString::fromLatin1(file.toEncoded());
     DragPayload payload;
-    // The key comes first in the list, because a program that understands both formats does not know whether it may
-    // open the address. It is offered only if there is a key, because such a program would not fall back to the
-    // address.
-    if (auto key = transfers.canHandOver(file) ? transfers.begin() : std::nullopt)
-        payload.add(QStringLiteral("application/vnd.portal.filetransfer"),
-                    TransferKeys(std::move(*key), file, transfers));
-    payload.add(QStringLiteral("text/uri-list"), [address] { return QByteArray(address + "\r\n"); });
-    payload.add(QStringLiteral("text/x-moz-url"),
-                [=] { return mozillaUrl(QString::fromLatin1(address), lastPathComponent(file)); });
-    addText(payload, QString::fromLatin1(address));
+    addFiles(payload, { file }, transfers);
+    payload.add(QStringLiteral("text/x-moz-url"), [=] { return mozillaUrl(address, lastPathComponent(file)); });
+    addText(payload, address);
     return payload;
 }
 

@@ -4,6 +4,9 @@
 #include "ShelfItem.h"
 #include "TextPayload.h"
 
+#include <QByteArrayList>
+#include <QStringList>
+
 #include <algorithm>
 
 namespace nookle {
@@ -24,11 +27,23 @@ namespace {
     return title.isEmpty() ? link.url.absoluteString() : title;
 }
 
-// Without this character set, receivers would guess one.
 [[nodiscard]] QByteArray anchor(const QString& address, const QString& title)
 {
-    return "<meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8\"><a href=\""
-        + address.toHtmlEscaped().toUtf8() + "\">" + title.toHtmlEscaped().toUtf8() + "</a>";
+    return "<a href=\"" + address.toHtmlEscaped().toUtf8() + "\">" + title.toHtmlEscaped().toUtf8() + "</a>";
+}
+
+// Without this character set, receivers would guess one.
+[[nodiscard]] QByteArray page(const QByteArray& content)
+{
+    return "<meta http-equiv=\"content-type\" content=\"text/html; charset=utf-8\">" + content;
+}
+
+[[nodiscard]] QByteArray pageOfAnchors(const QList<LinkContent>& links)
+{
+    QByteArrayList anchors;
+    for (const LinkContent& link : links)
+        anchors.append(anchor(link.url.absoluteString(), titleOf(link)));
+    return page(anchors.join("<br>\n"));
 }
 
 } // namespace
@@ -42,8 +57,19 @@ DragPayload linkPayload(const LinkContent& link)
     DragPayload payload;
     payload.add(QStringLiteral("text/x-moz-url"), [=] { return mozillaUrl(address, title); });
     payload.add(QStringLiteral("_NETSCAPE_URL"), [=] { return QByteArray(address.toUtf8() + '\n' + title.toUtf8()); });
-    payload.add(QStringLiteral("text/html"), [=] { return anchor(address, title); });
+    payload.add(QStringLiteral("text/html"), [=] { return page(anchor(address, title)); });
     addText(payload, address);
+    return payload;
+}
+
+DragPayload linksPayload(const QList<LinkContent>& links)
+{
+    QStringList addresses;
+    for (const LinkContent& link : links)
+        addresses.append(link.url.absoluteString());
+    DragPayload payload;
+    payload.add(QStringLiteral("text/html"), [links] { return pageOfAnchors(links); });
+    addText(payload, addresses.join(QLatin1Char('\n')));
     return payload;
 }
 
