@@ -123,9 +123,9 @@ void AppDelegate::createShelfView()
         .queue = m_platform.queue,
         .readDrop = [this](const QMimeData& data) { return m_platform.desktop.dropPayload(data); },
         .runDrag =
-            [this](QWidget& source, DragSession session) {
-                m_platform.desktop.offerDrag(session.item.payload);
-                return runDragSession(source, std::move(session));
+            [this](QWidget& source, const DragItem& item) {
+                m_platform.desktop.offerDrag(item.payload);
+                return runDragSession(source, item);
             },
     });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };

@@ -102,8 +102,8 @@ public:
     /// Removes several items, as one step of `undoRemove`.
     void remove(const QSet<QUuid>& ids);
 
-    /// Removes an item whose file is in the Trash. `undoRemove` does not bring it back: it would be unavailable.
-    void forget(QUuid id) { removeAll({ id }); }
+    /// Removes items whose files are in the Trash. `undoRemove` does not bring them back: they would be unavailable.
+    void forget(const QSet<QUuid>& ids) { removeAll(ids); }
 
     /// Removes all items that are not pinned, as one step of `undoRemove`.
     void removeUnpinned();

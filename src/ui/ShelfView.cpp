@@ -47,9 +47,9 @@ template <typename Closure, typename... Arguments> void callIfSet(const Closure&
 ShelfView::ShelfView(const Services& services, QWidget* parent)
     : QWidget(parent)
     , m_store(services.store)
-    , m_actions(services.store, services.workspace, services.pasteboard, services.trash, services.transfers)
+    , m_actions(services.store, services.workspace, services.pasteboard)
     , m_selectionActions(m_actions, services.store, services.workspace, services.pasteboard, services.ask)
-    , m_dragOutWatch({ services.store, services.references, services.trash, services.queue }, m_actions)
+    , m_dragOut({ services.store, services.trash, services.references, services.transfers, services.queue }, *this)
     , m_dropHandler(services.store, services.queue, services.transfers)
     , m_dropTarget(services.readDrop, m_dropHandler)
     , m_shelfActions(services.store, services.pinning, services.pasteboard, m_dropHandler)
@@ -124,6 +124,7 @@ void ShelfView::setUpTiles()
 
 void ShelfView::setUpActions()
 {
+    m_dragOut.thumbnailOf = [this](const ShelfItem& item) { return thumbnailOf(item); };
     m_dropTarget.onHoverChanged = [this](bool isHovered) { dropHoverChanged(isHovered); };
     m_uses.onChanged = [this](bool isInUse) { callIfSet(onMenuOpenChanged, isInUse); };
     m_shelfActions.onSelectAll = [this] {
@@ -195,10 +196,9 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     // A drag may outlive its tile and this view.
     const QPointer<ShelfView> self(this);
     ItemInteraction interaction;
-    interaction.allowedOperations = ShelfItemActions::allowedOperations(item);
     interaction.toolTip = ShelfItemActions::toolTip(item, m_store.localURL(item));
     interaction.distinctToolTip = [this, item] { return m_actions.distinctToolTip(item); };
-    interaction.dragItem = [this, item] { return beginDrag(item); };
+    interaction.dragItem = [this, item] { return m_dragOut.begin(itemsTakenWith(item)); };
     interaction.menu = [this, item] { return m_selectionActions.menuActions(itemsTakenWith(item)); };
     interaction.onMenuOpenChanged = m_uses.listener();
     interaction.onHover = [this, id = item.id](bool isInside) { m_hover.change(id, isInside); };
@@ -208,9 +208,9 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
         if (self)
             self->dragBegan();
     };
-    interaction.onDragEnded = [self, item](DragOperation operation) {
+    interaction.onDragEnded = [self](DragOperation operation) {
         if (self)
-            self->dragEnded(item, operation);
+            self->dragEnded(operation);
     };
     return interaction;
 }
@@ -227,31 +227,17 @@ QList<ShelfItem> ShelfView::itemsTakenWith(const ShelfItem& pressed) const
                                                      : QList<ShelfItem>{ pressed };
 }
 
-bool ShelfView::isOnShelf(const QUuid& id) const
-{
-    const auto& items = m_store.items();
-    return std::any_of(items.begin(), items.end(), [&](const ShelfItem& item) { return item.id == id; });
-}
-
-std::optional<DragItem> ShelfView::beginDrag(const ShelfItem& item)
-{
-    m_dragOutWatch.begin(item);
-    if (!isOnShelf(item.id))
-        return {};
-    return m_actions.dragItem(item, thumbnailOf(item));
-}
-
 void ShelfView::dragBegan()
 {
     m_dropTarget.setDraggingOut(true);
     callIfSet(onDragOutBegan);
 }
 
-void ShelfView::dragEnded(const ShelfItem& item, DragOperation operation)
+void ShelfView::dragEnded(DragOperation operation)
 {
     m_dropTarget.setDraggingOut(false);
     m_hover.clear();
-    m_dragOutWatch.end(item, operation);
+    m_dragOut.end(operation);
     callIfSet(onDragOutEnded);
 }
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include "Compositing.h"
-#include "DragOutWatch.h"
+#include "DragOut.h"
 #include "DragSession.h"
 #include "DropHandler.h"
 #include "DropTarget.h"
+#include "ItemInteraction.h"
 #include "ShelfActions.h"
 #include "SelectionActions.h"
 #include "ShelfItemActions.h"
@@ -89,7 +90,7 @@ public:
     [[nodiscard]] std::unique_ptr<QMenu> makeMenu() const;
 
     /// Call this before the program ends. Copies back each dragged image whose file a receiver has moved away.
-    void saveDraggedImages() { m_dragOutWatch.saveImages(); }
+    void saveDraggedImages() { m_dragOut.saveImages(); }
 
     /// The item under the pointer, if any.
     [[nodiscard]] std::optional<QUuid> hoveredID() const { return m_hover.id(); }
@@ -139,15 +140,13 @@ private:
     [[nodiscard]] QList<ShelfItem> itemsIn(const std::vector<QUuid>& ids) const;
     /// The items that keys are for.
     [[nodiscard]] QList<ShelfItem> targets() const;
-    [[nodiscard]] bool isOnShelf(const QUuid& id) const;
-    [[nodiscard]] std::optional<DragItem> beginDrag(const ShelfItem& item);
     void dragBegan();
-    void dragEnded(const ShelfItem& item, DragOperation operation);
+    void dragEnded(DragOperation operation);
 
     ShelfStore& m_store;
     ShelfItemActions m_actions;
     SelectionActions m_selectionActions;
-    DragOutWatch m_dragOutWatch;
+    DragOut m_dragOut;
     DropHandler m_dropHandler;
     DropTarget m_dropTarget;
     ShelfActions m_shelfActions;

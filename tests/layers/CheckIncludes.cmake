@@ -40,7 +40,8 @@ set(may_see_ui/previews "ui/style;platform;base")
 set(may_see_ui/drag "shelf;shelf/items;platform;base")
 set(may_see_ui/tiles "ui/motion;ui/previews;ui/input;ui/selection;ui/style;ui/drag;shelf;shelf/items;platform;base")
 set(may_see_ui/actions "ui/tiles;ui/previews;ui/input;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
-set(may_see_ui "ui/actions;ui/selection;ui/frame;ui/motion;ui/tiles;ui/previews;ui/input;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
+set(may_see_ui/dragout "ui/tiles;ui/previews;ui/style;ui/drag;shelf;shelf/items;platform;base")
+set(may_see_ui "ui/actions;ui/dragout;ui/selection;ui/frame;ui/motion;ui/tiles;ui/previews;ui/input;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
 set(may_see_app/language "")
 set(may_see_app/version "")
 set(may_see_app/settings "app/version;platform;base")
@@ -48,7 +49,7 @@ set(may_see_app/services "app/version;app/settings;triggers;shelf;shelf/items;pl
 set(may_see_app/shortcuts "platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
+    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

@@ -51,8 +51,9 @@ void DragSessionTest::add(const QString& kind) const
 
 const QDrag* DragSessionTest::dragTop()
 {
-    const ItemInteraction tile = m_shelf->view.interaction(m_shelf->top());
-    m_outcome = runDragSession(m_shelf->view, { *tile.dragItem(), { 52, 26 }, tile.allowedOperations });
+    auto item = m_shelf->view.interaction(m_shelf->top()).dragItem();
+    item->pictureSize = { 52, 26 };
+    m_outcome = runDragSession(m_shelf->view, *item);
     return m_shelf->view.window()->findChild<QDrag*>();
 }
 

@@ -68,11 +68,11 @@ private:
     [[nodiscard]] ItemInteraction configuration()
     {
         ItemInteraction interaction;
-        interaction.allowedOperations = DragOperation::copy | DragOperation::move;
         interaction.dragItem = [this]() -> std::optional<DragItem> {
             if (!isDraggable)
                 return std::nullopt;
-            return DragItem{ std::make_shared<DragPayload>(textPayload(QStringLiteral("dragged"))), QPixmap(10, 200) };
+            return DragItem{ std::make_shared<DragPayload>(textPayload(QStringLiteral("dragged"))), QPixmap(10, 200),
+                             dragPictureSize({ 10, 200 }), DragOperation::copy | DragOperation::move };
         };
         interaction.menu = [this] { return menu; };
         interaction.onHover = [this](bool isInside) {
@@ -99,12 +99,11 @@ private:
 
 void ItemInteractionViewTest::init()
 {
-    view = std::make_unique<ItemInteractionView>(nullptr, [this](QWidget&, const DragSession& session) {
-        log.append(
-            QStringLiteral("run ")
-            + QString::fromUtf8(session.item.payload->data(QStringLiteral("text/plain")).value_or(QByteArray())));
-        offered = session.allowed;
-        pictureSize = session.pictureSize;
+    view = std::make_unique<ItemInteractionView>(nullptr, [this](QWidget&, const DragItem& item) {
+        log.append(QStringLiteral("run ")
+                   + QString::fromUtf8(item.payload->data(QStringLiteral("text/plain")).value_or(QByteArray())));
+        offered = item.allowed;
+        pictureSize = item.pictureSize;
         return outcome;
     });
     view->resize(100, 80);
@@ -380,7 +379,7 @@ void ItemInteractionViewTest::openAndCloseOfTheMenuAreTold()
 
 void ItemInteractionViewTest::withoutAConfigurationNothingHappens()
 {
-    view = std::make_unique<ItemInteractionView>(nullptr, [this](QWidget&, const DragSession&) {
+    view = std::make_unique<ItemInteractionView>(nullptr, [this](QWidget&, const DragItem&) {
         log.append(QStringLiteral("run"));
         return DragOperation::none;
     });

@@ -64,7 +64,7 @@ struct ShelfFixture {
     ShelfView view{ ShelfView::Services{
         store, pinning, workspace, pasteboard, trash, references, transfers, thumbnails, compositing, queue,
         [](const QMimeData& data) { return std::make_unique<MimeDropPayload>(data); },
-        [this](QWidget&, DragSession) { return dragOutcome(); },
+        [this](QWidget&, const DragItem&) { return dragOutcome(); },
         [this](const QString& question, const QString&, std::function<void()> proceed) {
             questions.append(question);
             agree = std::move(proceed);

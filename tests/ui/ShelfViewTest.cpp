@@ -120,6 +120,14 @@ private Q_SLOTS:
     void aLongNameTakesTwoLinesAndKeepsItsEnd();
 
 private:
+    /// Drags the top item out, to a program that says that it has done `operation`.
+    void dragTopOut(DragOperation operation)
+    {
+        const ItemInteraction tile = m_fixture->view.interaction(m_fixture->top());
+        QVERIFY(tile.dragItem());
+        tile.onDragEnded(operation);
+    }
+
     std::unique_ptr<ShelfFixture> m_fixture;
 };
 
@@ -249,7 +257,7 @@ void ShelfViewTest::anImageDraggedToTheTrashIsRemovedWithItsFile()
 {
     ShelfFixture& f = *m_fixture;
     const QUrl file = f.addImage();
-    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
+    dragTopOut(DragOperation::remove);
     QCOMPARE(f.trash.moved, QList<QUrl>{ file });
     QVERIFY(f.store.items().isEmpty());
 }
@@ -314,7 +322,7 @@ void ShelfViewTest::anImageDraggedIntoAProgramStays()
     ShelfFixture& f = *m_fixture;
     const QUrl file = f.addImage();
     for (const DragOperation operation : { DragOperation::copy, DragOperation::none, DragOperation::move })
-        f.view.interaction(f.top()).onDragEnded(operation);
+        dragTopOut(operation);
     QCOMPARE(f.store.items().size(), 1);
     QVERIFY(f.trash.moved.isEmpty());
     QVERIFY(QFileInfo::exists(file.toLocalFile()));
@@ -325,8 +333,8 @@ void ShelfViewTest::aTextOrLinkDraggedToTheTrashIsRemovedAndTouchesNoFile()
     ShelfFixture& f = *m_fixture;
     f.store.addText(QStringLiteral("words"));
     f.store.addText(QStringLiteral("https://example.com/"));
-    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
-    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
+    dragTopOut(DragOperation::remove);
+    dragTopOut(DragOperation::remove);
     QVERIFY(f.store.items().isEmpty());
     QVERIFY(f.trash.moved.isEmpty());
 }
@@ -338,7 +346,7 @@ void ShelfViewTest::aFailedMoveToTheTrashIsLoggedAndTheItemGoes()
     f.trash.failure = Failure{ QStringLiteral("full") };
     const QString line = QStringLiteral("Nookle: moving to Trash failed for %1: full").arg(file.toLocalFile());
     QTest::ignoreMessage(QtWarningMsg, line.toUtf8().constData());
-    f.view.interaction(f.top()).onDragEnded(DragOperation::remove);
+    dragTopOut(DragOperation::remove);
     QVERIFY(f.store.items().isEmpty());
 }
 
@@ -381,7 +389,7 @@ void ShelfViewTest::theOperationsOfEachKind()
     const auto operations = [](const ShelfItem::Content& content) {
         ShelfItem item;
         item.content = content;
-        return ShelfItemActions::allowedOperations(item).toInt();
+        return DragOut::allowedOperations(item).toInt();
     };
     QCOMPARE(operations(FileContent{}), 53);
     QCOMPARE(operations(TextContent{}), 37);

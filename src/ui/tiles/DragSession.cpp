@@ -61,19 +61,19 @@ QSizeF dragPictureSize(const QSizeF& imageSize)
     return imageSize * scale;
 }
 
-DragOperation runDragSession(QWidget& source, DragSession session)
+DragOperation runDragSession(QWidget& source, const DragItem& item)
 {
-    const Qt::DropActions actions = offeredActions(session.allowed, carriesFile(*session.item.payload));
-    // The tile may be destroyed before the drag ends, but its window is not.
+    const Qt::DropActions actions = offeredActions(item.allowed, carriesFile(*item.payload));
+    // The widget may be destroyed before the drag ends, but its window is not.
     auto* drag = new QDrag(source.window());
-    drag->setMimeData(std::make_unique<PayloadMimeData>(session.item.payload).release());
-    if (!session.item.picture.isNull()) {
+    drag->setMimeData(std::make_unique<PayloadMimeData>(item.payload).release());
+    if (!item.picture.isNull()) {
         const double ratio = source.devicePixelRatioF();
-        QPixmap picture = session.item.picture.scaled((session.pictureSize * ratio).toSize(), Qt::IgnoreAspectRatio,
-                                                      Qt::SmoothTransformation);
+        QPixmap picture =
+            item.picture.scaled((item.pictureSize * ratio).toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
         picture.setDevicePixelRatio(ratio);
         drag->setPixmap(picture);
-        drag->setHotSpot((QPointF(session.pictureSize.width(), session.pictureSize.height()) / 2).toPoint());
+        drag->setHotSpot((QPointF(item.pictureSize.width(), item.pictureSize.height()) / 2).toPoint());
     }
     return operation(drag->exec(actions, Qt::CopyAction));
 }

@@ -1,9 +1,6 @@
 #pragma once
 
-#include "DragOperation.h"
-#include "ItemInteraction.h"
-
-#include <QSizeF>
+#include "DragItem.h"
 
 #include <functional>
 
@@ -11,22 +8,15 @@ class QWidget;
 
 namespace nookle {
 
-/// A drag out of the shelf into other programs.
-struct DragSession {
-    DragItem item;
-    /// The size of the picture in points, centred on the pointer.
-    QSizeF pictureSize;
-    DragOperations allowed;
-};
+/// Runs a drag out of the shelf into other programs to its end, and returns the operation that the destination reports.
+/// Runs an event loop meanwhile.
+using DragRunner = std::function<DragOperation(QWidget& source, DragItem item)>;
 
-/// Runs a session to its end and returns the operation that the destination reports. Runs an event loop meanwhile.
-using DragRunner = std::function<DragOperation(QWidget& source, DragSession session)>;
-
-/// The size of a drag picture: the largest one that fits into the box of a tile's preview, with the same aspect ratio.
-/// Small pictures are enlarged.
+/// The size of the drag picture of one item: the largest one that fits into the box of a tile's preview, with the same
+/// aspect ratio. Small pictures are enlarged.
 [[nodiscard]] QSizeF dragPictureSize(const QSizeF& imageSize);
 
-/// Runs a session with the toolkit's drag and drop.
-[[nodiscard]] DragOperation runDragSession(QWidget& source, DragSession session);
+/// Runs a drag with the toolkit's drag and drop. The picture is centred on the pointer.
+[[nodiscard]] DragOperation runDragSession(QWidget& source, const DragItem& item);
 
 } // namespace nookle

@@ -1,31 +1,19 @@
 #pragma once
 
-#include "DragOperation.h"
-#include "DragPayload.h"
+#include "DragItem.h"
 #include "MenuAction.h"
 
-#include <QPixmap>
 #include <QString>
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace nookle {
-
-/// The payload of a drag, and the picture under the pointer.
-struct DragItem {
-    /// Never null.
-    std::shared_ptr<const DragPayload> payload;
-    QPixmap picture;
-};
 
 /// The actions of one tile on mouse events. A closure that is not set does nothing.
 struct ItemInteraction {
     /// Called when a drag begins; none means that the item cannot be dragged.
     std::function<std::optional<DragItem>()> dragItem;
-    /// The operations that are offered to other programs.
-    DragOperations allowedOperations;
     /// Called each time the context menu is opened; an empty list means no menu.
     std::function<MenuActions()> menu;
     /// The tool tip; none means no tool tip.

@@ -103,10 +103,8 @@ void ItemInteractionView::beginDrag()
     // The drag runs its own event loop. When it ends, this view may be destroyed or have another configuration.
     const ItemInteraction configuration = *m_configuration;
     const DragRunner runDrag = m_runDrag;
-    const QSizeF pictureSize = dragPictureSize(item->picture.deviceIndependentSize());
     callIfSet(configuration.onDragBegan);
-    const DragOperation operation =
-        runDrag(*this, DragSession{ std::move(*item), pictureSize, configuration.allowedOperations });
+    const DragOperation operation = runDrag(*this, std::move(*item));
     callIfSet(configuration.onDragEnded, operation);
 }
 

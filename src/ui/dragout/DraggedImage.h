@@ -37,6 +37,7 @@ public:
     DraggedImage(const DraggedImage&) = delete;
     DraggedImage& operator=(const DraggedImage&) = delete;
 
+    [[nodiscard]] const ShelfItem& item() const { return m_item; }
     [[nodiscard]] const QUuid& id() const { return m_item.id; }
 
     /// Whether no file is open (any more).
