@@ -70,6 +70,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DragAllButton</name>
+    <message>
+        <source>Drag All</source>
+        <translation>Arrastrar todo</translation>
+    </message>
+    <message>
+        <source>Selects all items. Drag it to take all of them along.</source>
+        <translation>Selecciona todos los elementos. Arrástrelo para llevárselos todos.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>

@@ -70,6 +70,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DragAllButton</name>
+    <message>
+        <source>Drag All</source>
+        <translation>Arrastar tudo</translation>
+    </message>
+    <message>
+        <source>Selects all items. Drag it to take all of them along.</source>
+        <translation>Seleciona todos os itens. Arraste para levar todos.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>

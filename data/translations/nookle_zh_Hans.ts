@@ -70,6 +70,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::DragAllButton</name>
+    <message>
+        <source>Drag All</source>
+        <translation>拖动全部</translation>
+    </message>
+    <message>
+        <source>Selects all items. Drag it to take all of them along.</source>
+        <translation>选择所有项目。拖动它可将所有项目一并带走。</translation>
+    </message>
+</context>
+<context>
     <name>nookle::DropHandler</name>
     <message>
         <source>it could not be saved among the temporary files</source>

@@ -7,8 +7,8 @@
 #include "ItemInteractionView.h"
 #include "PanelBackground.h"
 #include "PanelOutline.h"
-#include "PinButton.h"
 #include "ScrollFade.h"
+#include "ShelfHeader.h"
 #include "ShelfItemView.h"
 #include "ShelfStore.h"
 #include "TileList.h"
@@ -34,8 +34,6 @@ namespace nookle {
 
 namespace {
 
-inline constexpr int headerPadding = 6;
-
 template <typename Closure, typename... Arguments> void callIfSet(const Closure& closure, Arguments... arguments)
 {
     if (closure)
@@ -56,6 +54,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     , m_thumbnails(services.thumbnails)
     , m_compositing(services.compositing)
     , m_runDrag(services.runDrag)
+    , m_header(new ShelfHeader(services.pinning, this))
     , m_content(new QStackedLayout)
     , m_emptyState(new EmptyShelfView)
     , m_tiles(new TileList(services.queue))
@@ -64,7 +63,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
 {
     setAcceptDrops(true);
     setFocusPolicy(Qt::ClickFocus);
-    setUpLayout(services.pinning);
+    setUpLayout();
     setUpTiles();
     setUpActions();
     connect(&m_compositing, &Compositing::backdropChanged, this, [this] { update(); });
@@ -73,19 +72,12 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     showItems();
 }
 
-void ShelfView::setUpLayout(PanelPinning& pinning)
+void ShelfView::setUpLayout()
 {
-    auto* pin = new PinButton(pinning, this);
-    connect(pin, &PinButton::clicked, this, [this] { m_shelfActions.onTogglePin(); });
-    auto* header = new QHBoxLayout;
-    header->setContentsMargins(headerPadding, headerPadding, headerPadding, 0);
-    header->addStretch();
-    header->addWidget(pin);
-
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addLayout(header);
+    layout->addWidget(m_header);
     layout->addLayout(m_content, 1);
     // Only now: a stack that belongs to no window yet shows its first widget as a window of its own.
     m_content->addWidget(m_emptyState);
@@ -124,6 +116,9 @@ void ShelfView::setUpTiles()
 
 void ShelfView::setUpActions()
 {
+    m_header->onTogglePin = [this] { m_shelfActions.onTogglePin(); };
+    m_header->onSelectAll = [this] { m_shelfActions.onSelectAll(); };
+    m_header->onDragAll = [this](QWidget& handle) { dragAll(handle); };
     m_dragOut.thumbnailOf = [this](const ShelfItem& item) { return thumbnailOf(item); };
     m_dropTarget.onHoverChanged = [this](bool isHovered) { dropHoverChanged(isHovered); };
     m_uses.onChanged = [this](bool isInUse) { callIfSet(onMenuOpenChanged, isInUse); };
@@ -163,6 +158,7 @@ void ShelfView::showItems()
     if (m_tileSizes)
         m_tileSizes->heights.trim(m_store.items().size());
     m_tiles->setRows(std::move(ids));
+    m_header->setItemCount(m_store.items().size());
     // The keys of the shelf as a whole work on an empty shelf too.
     const bool hadFocus = hasFocus();
     if (isEmpty)
@@ -225,6 +221,20 @@ QList<ShelfItem> ShelfView::itemsTakenWith(const ShelfItem& pressed) const
 {
     return m_tiles->selection().contains(pressed.id) ? itemsIn(m_tiles->selection().targets())
                                                      : QList<ShelfItem>{ pressed };
+}
+
+void ShelfView::dragAll(QWidget& handle)
+{
+    std::optional<DragItem> item = m_dragOut.begin(m_store.items());
+    if (!item)
+        return;
+    // The drag may outlive this view.
+    const QPointer<ShelfView> self(this);
+    const DragRunner runDrag = m_runDrag;
+    dragBegan();
+    const DragOperation operation = runDrag(handle, std::move(*item));
+    if (self)
+        self->dragEnded(operation);
 }
 
 void ShelfView::dragBegan()

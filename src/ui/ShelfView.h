@@ -33,6 +33,7 @@ class MainQueue;
 class PanelOutline;
 class PanelPinning;
 class ScrollFade;
+class ShelfHeader;
 class ShelfItemView;
 class ThumbnailGenerator;
 class TileList;
@@ -124,7 +125,7 @@ private:
         TileHeights heights{ metrics };
     };
 
-    void setUpLayout(PanelPinning& pinning);
+    void setUpLayout();
     void raiseOverlays();
     void setUpTiles();
     void setUpActions();
@@ -140,6 +141,7 @@ private:
     [[nodiscard]] QList<ShelfItem> itemsIn(const std::vector<QUuid>& ids) const;
     /// The items that keys are for.
     [[nodiscard]] QList<ShelfItem> targets() const;
+    void dragAll(QWidget& handle);
     void dragBegan();
     void dragEnded(DragOperation operation);
 
@@ -155,6 +157,7 @@ private:
     DragRunner m_runDrag;
     std::optional<TileSizes> m_tileSizes;
     UseCount m_uses;
+    ShelfHeader* m_header;
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;
     TileList* m_tiles;

@@ -1,5 +1,6 @@
 #include "EmptyShelfView.h"
 #include "ItemInteractionView.h"
+#include "DragAllButton.h"
 #include "PinButton.h"
 #include "ShelfFixture.h"
 #include "ShelfItemView.h"
@@ -39,7 +40,7 @@ private Q_SLOTS:
     void theMenuKeyScrollsToTheCurrentTile();
     void typingFindsAName();
     void spaceIsPartOfANameWhileItIsTyped();
-    void tabGoesToThePinAndBack();
+    void tabGoesToTheHeaderAndBack();
     void returnPressesThePin();
     void thePinShowsFocusHoverAndPress();
     void controlAndZBringsBackWhatWasRemoved();
@@ -305,9 +306,11 @@ void KeyboardTest::spaceIsPartOfANameWhileItIsTyped()
     QVERIFY(!m_shelf->store.items().at(1).pinned);
 }
 
-void KeyboardTest::tabGoesToThePinAndBack()
+void KeyboardTest::tabGoesToTheHeaderAndBack()
 {
     auto* pin = m_shelf->view.findChild<PinButton*>();
+    key(Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), m_shelf->view.findChild<DragAllButton*>());
     key(Qt::Key_Tab);
     QCOMPARE(QApplication::focusWidget(), pin);
     key(Qt::Key_Tab);

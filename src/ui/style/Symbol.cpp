@@ -127,6 +127,18 @@ inline constexpr double canvasSize = 24;
     return path;
 }
 
+/// A sheet in front of two others, of which the upper edges show.
+[[nodiscard]] QPainterPath stackPath()
+{
+    QPainterPath path;
+    path.addRoundedRect(QRectF(3, 10, 18, 11), 2, 2);
+    path.moveTo(5.5, 6.5);
+    path.lineTo(18.5, 6.5);
+    path.moveTo(8, 3);
+    path.lineTo(16, 3);
+    return path;
+}
+
 [[nodiscard]] QPainterPath both(QPainterPath first, const QPainterPath& second)
 {
     first.addPath(second);
@@ -154,6 +166,8 @@ struct Shape {
         return { documentPath() };
     case Symbol::missingFile:
         return { both(folderPath(), questionMarkPath()), dotPath() };
+    case Symbol::stack:
+        return { stackPath() };
     }
     return {};
 }

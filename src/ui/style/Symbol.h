@@ -8,7 +8,7 @@ class QPainter;
 namespace nookle {
 
 /// The shelf's own pictograms, drawn in one style at any size.
-enum class Symbol { pin, pinFill, tray, link, document, missingFile };
+enum class Symbol { pin, pinFill, tray, link, document, missingFile, stack };
 
 /// The weight of the lines. Large symbols use `light`.
 enum class SymbolWeight { light, medium, semibold };
