@@ -3,6 +3,7 @@
 //   nookle_bench FOLDER-OF-THE-PROGRAMS JSON-FILE
 
 #include "CoreFigures.h"
+#include "DragFigures.h"
 #include "ProgramFigures.h"
 #include "Report.h"
 
@@ -24,8 +25,8 @@ enum ExitCode { passed = 0, missed = 1, failed = 2 };
     const Programs programs{ program("nookle"), program("nookle_bench_floor"), program("nookle_bench_panel"),
                              program("Peer") };
     return addStart(programs, report) && addIdling(programs, report) && addDragging(programs, report)
-        && addDrop(programs, report) && addPanel(programs, report) && addCore(program("nookle_bench_core"), report)
-        && addSize(programs, report);
+        && addDrop(programs, report) && addDragOut(programs, report) && addPanel(programs, report)
+        && addCore(program("nookle_bench_core"), report) && addSize(programs, report);
 }
 
 [[nodiscard]] bool write(const Report& report, const QString& path)

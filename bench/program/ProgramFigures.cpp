@@ -1,9 +1,8 @@
 #include "ProgramFigures.h"
 
-#include "PrivateDesktop.h"
+#include "BenchDesktop.h"
 #include "ProcessFigures.h"
 #include "Report.h"
-#include "SampleShelf.h"
 #include "Shelf.h"
 #include "Waiting.h"
 #include "WindowLog.h"
@@ -44,21 +43,6 @@ inline constexpr auto timeToGoToSleep = 40s;
 {
     constexpr double mebibyte = 1024 * 1024;
     return static_cast<double>(bytes) / mebibyte;
-}
-
-/// Without a window manager: it would be measured too.
-[[nodiscard]] std::unique_ptr<PrivateDesktop> makeDesktop()
-{
-    auto desktop = PrivateDesktop::tryCreate({});
-    // This program has libraries of its own: what it shared with another one would count half there.
-    if (desktop)
-        desktop->setVariable(QStringLiteral("LD_LIBRARY_PATH"), QString());
-    return desktop;
-}
-
-[[nodiscard]] bool writeShelf(const PrivateDesktop& desktop, int count)
-{
-    return writeSampleShelf(desktop.home(QStringLiteral("data")), desktop.home(QStringLiteral("files")), count);
 }
 
 /// From the start of a program to something that it does, in milliseconds.
