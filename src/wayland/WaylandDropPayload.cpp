@@ -8,6 +8,9 @@ namespace nookle {
 namespace {
 
 inline constexpr qint64 mostMilliseconds = 900;
+/// The toolkit lists this format as a list of addresses, which has no title. It delivers it all the same, and nothing
+/// if the source does not have it.
+inline constexpr const char* linkWithTitle = "text/x-moz-url";
 
 } // namespace
 
@@ -18,7 +21,10 @@ WaylandDropPayload::WaylandDropPayload(const QMimeData& data)
 
 QStringList WaylandDropPayload::formats() const
 {
-    return m_data.formats();
+    QStringList formats = m_data.formats();
+    if (formats.contains(QLatin1String("text/uri-list")) && !formats.contains(QLatin1String(linkWithTitle)))
+        formats.append(QLatin1String(linkWithTitle));
+    return formats;
 }
 
 QByteArray WaylandDropPayload::data(const QString& format) const

@@ -36,7 +36,7 @@ std::unique_ptr<Browser> Browser::tryOpen(PrivateDesktop& desktop, const QString
     std::optional<QPoint> origin;
     const bool isReady = waitFor(
         [&] {
-            const auto previous = std::exchange(origin, findMarker(desktop.screen()));
+            const auto previous = std::exchange(origin, findMarker(desktop.screen().picture()));
             return origin && origin == previous;
         },
         patienceForBrowser);
@@ -48,9 +48,8 @@ std::unique_ptr<Browser> Browser::tryOpen(PrivateDesktop& desktop, const QString
     return browser;
 }
 
-std::optional<QPoint> Browser::findMarker(XScreen& screen)
+std::optional<QPoint> Browser::findMarker(const QImage& picture)
 {
-    const QImage picture = screen.picture();
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {
             if (picture.pixel(x, y) == markerColor)

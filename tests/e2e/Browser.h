@@ -6,6 +6,9 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
+
+class QImage;
 
 namespace nookle::e2e {
 
@@ -15,6 +18,8 @@ class Browser {
 public:
     /// The style of an element that marks the page's upper left corner.
     [[nodiscard]] static QByteArray marker();
+    /// Where the marked corner is in a picture of a screen.
+    [[nodiscard]] static std::optional<QPoint> findMarker(const QImage& picture);
 
     /// Returns once the page shows; null, with a warning, when it does not.
     [[nodiscard]] static std::unique_ptr<Browser> tryOpen(PrivateDesktop& desktop, const QString& url);
@@ -24,8 +29,6 @@ public:
 
 private:
     Browser() = default;
-
-    [[nodiscard]] static std::optional<QPoint> findMarker(XScreen& screen);
 
     std::unique_ptr<Program> m_program;
     QPoint m_origin;

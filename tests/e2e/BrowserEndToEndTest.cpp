@@ -1,11 +1,11 @@
 #include "Browser.h"
+#include "BrowserPage.h"
 #include "FileManager.h"
 #include "PrivateDesktop.h"
 #include "Shelf.h"
 #include "Waiting.h"
 #include "WebServer.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QImage>
 #include <QTest>
@@ -20,47 +20,6 @@ namespace {
 inline constexpr QSize screenSize(1200, 700);
 inline constexpr int rightEdge = screenSize.width();
 inline constexpr int panelWidth = 112;
-const QColor pictureColor(0x20, 0x80, 0x40);
-
-// Where things stand on the page.
-inline constexpr QPoint picturePlace(100, 100);
-inline constexpr QPoint linkPlace(60, 220);
-inline constexpr QPoint wordsPlace(80, 290);
-inline constexpr QPoint fieldPlace(150, 380);
-inline constexpr QPoint uploadPlace(120, 490);
-inline constexpr QPoint scriptPlace(500, 100);
-
-[[nodiscard]] QByteArray squarePng(int side, const QColor& color)
-{
-    QImage image(side, side, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray png;
-    QBuffer buffer(&png);
-    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, "PNG") ? png : QByteArray();
-}
-
-/// The field and the upload report what they got.
-[[nodiscard]] QByteArray page()
-{
-    return "<!doctype html><meta charset=utf-8><title>The test's page</title><body style='font:16px sans-serif'>"
-           "<div style='"
-        + Browser::marker()
-        + "'></div>"
-          "<img src='/pictures/green%20square.png' style='position:absolute;left:60px;top:60px'>"
-          "<a href='/linked?a=1&amp;b=%C3%BC' style='position:absolute;left:40px;top:208px;font-size:24px'>"
-          "A link to some\xc3\xb6where</a>"
-          "<p id=words style='position:absolute;left:40px;top:260px;font-size:24px'>Words, and "
-          "\xe2\x82\xac 5</p>"
-          "<textarea style='position:absolute;left:40px;top:340px;width:300px;height:80px' "
-          "oninput=\"fetch('/typed',{method:'POST',body:this.value})\"></textarea>"
-          "<input type=file style='position:absolute;left:40px;top:460px;width:300px;height:60px;background:#eee' "
-          "onchange=\"const f=this.files[0];fetch('/name',{method:'POST',body:f.name+' '+f.type})"
-          ".then(()=>fetch('/uploaded',{method:'POST',body:f}))\">"
-          "<div draggable=true style='position:absolute;left:440px;top:60px;width:120px;height:80px;background:#ccc' "
-          "ondragstart=\"const d=event.dataTransfer;d.setData('text/uri-list','file:///etc/passwd');"
-          "d.setData('text/plain','Words of a script')\"></div>"
-          "<script>getSelection().selectAllChildren(document.getElementById('words'))</script>";
-}
 
 [[nodiscard]] QJsonObject content(const QJsonObject& item, const char* kind)
 {
@@ -104,10 +63,7 @@ void BrowserEndToEndTest::initTestCase()
 {
     QVERIFY2(qEnvironmentVariableIsSet("NOOKLE_PROGRAM"), "run it with ctest, which says which program is tested");
     QVERIFY(m_server.isRunning());
-    m_server.serve(QStringLiteral("/"), "text/html", page());
-    m_server.serve(QStringLiteral("/pictures/green%20square.png"), "image/png", squarePng(80, pictureColor));
-    for (const char* path : { "/typed", "/name", "/uploaded" })
-        m_server.serve(QLatin1String(path), "text/plain", "thanks");
+    browserPage::serve(m_server);
     m_desktop = PrivateDesktop::tryCreate({ screenSize, QStringLiteral("openbox"), false });
     QVERIFY(m_desktop);
 }
@@ -181,19 +137,19 @@ QJsonObject BrowserEndToEndTest::onlyItem()
 
 void BrowserEndToEndTest::anImageOfAPageLandsAsAnImageWithItsNameAndItsBytes()
 {
-    QVERIFY(dragToShelf(picturePlace));
+    QVERIFY(dragToShelf(browserPage::picture));
     const QJsonObject item = onlyItem();
     const QString name = content(item, "image").value(QLatin1String("fileName")).toString();
     QCOMPARE(name, QStringLiteral("green square.png"));
     QFile image(m_desktop->home(QStringLiteral("data/Nookle/Files/%1/%2"))
                     .arg(item.value(QLatin1String("id")).toString(), name));
     QVERIFY(image.open(QIODevice::ReadOnly));
-    QCOMPARE(image.readAll(), squarePng(80, pictureColor));
+    QCOMPARE(image.readAll(), browserPage::picturePng());
 }
 
 void BrowserEndToEndTest::aLinkLandsWithItsAddressAndItsTitle()
 {
-    QVERIFY(dragToShelf(linkPlace));
+    QVERIFY(dragToShelf(browserPage::link));
     const QJsonObject link = content(onlyItem(), "link");
     QCOMPARE(link.value(QLatin1String("url")).toString(), m_server.url(QStringLiteral("/linked?a=1&b=%C3%BC")));
     QCOMPARE(link.value(QLatin1String("title")).toString(), QStringLiteral("A link to someöwhere"));
@@ -201,7 +157,7 @@ void BrowserEndToEndTest::aLinkLandsWithItsAddressAndItsTitle()
 
 void BrowserEndToEndTest::selectedTextLandsAsText()
 {
-    QVERIFY(dragToShelf(wordsPlace));
+    QVERIFY(dragToShelf(browserPage::words));
     const QJsonObject text = content(onlyItem(), "text");
     QCOMPARE(text.value(QLatin1String("_0")).toString().trimmed(), QStringLiteral("Words, and € 5"));
 }
@@ -210,18 +166,18 @@ void BrowserEndToEndTest::aScriptOfASavedPageCannotChooseAFile()
 {
     // The browser itself sees to it that a page of the web does not name a file.
     m_browser.reset();
-    m_desktop->writeFile(QStringLiteral("page.html"), page());
+    m_desktop->writeFile(QStringLiteral("page.html"), browserPage::html());
     m_browser = Browser::tryOpen(*m_desktop, QStringLiteral("file://") + m_desktop->home(QStringLiteral("page.html")));
     QVERIFY(m_browser);
-    QVERIFY(dragToShelf(scriptPlace));
+    QVERIFY(dragToShelf(browserPage::script));
     const QJsonObject text = content(onlyItem(), "text");
     QCOMPARE(text.value(QLatin1String("_0")).toString(), QStringLiteral("Words of a script"));
 }
 
 void BrowserEndToEndTest::aTextGoesIntoATextField()
 {
-    QVERIFY(dragToShelf(wordsPlace));
-    QVERIFY(dragFirstTileTo(m_browser->at(fieldPlace)));
+    QVERIFY(dragToShelf(browserPage::words));
+    QVERIFY(dragFirstTileTo(m_browser->at(browserPage::field)));
     QVERIFY(waitFor([this] {
         return QString::fromUtf8(m_server.posted(QStringLiteral("/typed"))).trimmed()
             == QStringLiteral("Words, and € 5");
@@ -230,8 +186,8 @@ void BrowserEndToEndTest::aTextGoesIntoATextField()
 
 void BrowserEndToEndTest::aLinkGoesIntoATextField()
 {
-    QVERIFY(dragToShelf(linkPlace));
-    QVERIFY(dragFirstTileTo(m_browser->at(fieldPlace)));
+    QVERIFY(dragToShelf(browserPage::link));
+    QVERIFY(dragFirstTileTo(m_browser->at(browserPage::field)));
     QVERIFY(waitFor([this] {
         return m_server.posted(QStringLiteral("/typed"))
             == m_server.url(QStringLiteral("/linked?a=1&b=%C3%BC")).toUtf8();
@@ -240,9 +196,9 @@ void BrowserEndToEndTest::aLinkGoesIntoATextField()
 
 void BrowserEndToEndTest::anImageGoesIntoAnUploadField()
 {
-    QVERIFY(dragToShelf(picturePlace));
-    QVERIFY(dragFirstTileTo(m_browser->at(uploadPlace)));
-    QVERIFY(waitFor([this] { return m_server.posted(QStringLiteral("/uploaded")) == squarePng(80, pictureColor); }));
+    QVERIFY(dragToShelf(browserPage::picture));
+    QVERIFY(dragFirstTileTo(m_browser->at(browserPage::upload)));
+    QVERIFY(waitFor([this] { return m_server.posted(QStringLiteral("/uploaded")) == browserPage::picturePng(); }));
     QCOMPARE(m_server.posted(QStringLiteral("/name")), QByteArray("green square.png image/png"));
 }
 
@@ -251,12 +207,12 @@ void BrowserEndToEndTest::aLinkShowsThePagesTitleAndIconAlsoAfterARestart()
     const QColor color(0xe0, 0x60, 0x10);
     m_server.serve(QStringLiteral("/linked?a=1&b=%C3%BC"), "text/html; charset=utf-8",
                    "<title>The linked\n p\xc3\xa4ge</title><link rel=icon sizes=64x64 href='icon.png'>");
-    m_server.serve(QStringLiteral("/icon.png"), "image/png", squarePng(64, color));
+    m_server.serve(QStringLiteral("/icon.png"), "image/png", browserPage::squarePng(64, color));
     const auto showsIcon = [&] {
         return screen().picture(QRect(m_shelf->firstTile(), QSize(1, 1))).pixelColor(0, 0) == color;
     };
 
-    QVERIFY(dragToShelf(linkPlace));
+    QVERIFY(dragToShelf(browserPage::link));
     QVERIFY(waitFor([this] { return content(onlyItem(), "link").value(QLatin1String("hasIcon")).toBool(); }));
     QCOMPARE(content(onlyItem(), "link").value(QLatin1String("title")).toString(), QStringLiteral("The linked päge"));
     QVERIFY2(waitFor(showsIcon), "the tile does not show the icon");

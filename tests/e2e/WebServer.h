@@ -24,6 +24,7 @@ public:
 
     /// What was sent to `path` last.
     [[nodiscard]] QByteArray posted(const QString& path) const { return m_posted.value(path); }
+    void forget(const QString& path) { m_posted.remove(path); }
 
 private:
     struct Page {

@@ -179,6 +179,15 @@ bool WaylandShelfDesktop::isPanelGone(int edge) const
         || isPlain(m_desktop->picture(QRect(edge - panelWidth - 8, emptyRow, panelWidth + 8, 1)));
 }
 
+bool WaylandShelfDesktop::isDropTarget() const
+{
+    // A frame of two pixels stands along the edge of the panel then, and else a line of one.
+    constexpr int depth = 10;
+    const QPoint edge(WaylandDesktop::displaySize.width() - panelWidth, emptyRow);
+    const QImage picture = m_desktop->picture(QRect(edge, QSize(depth, 1)));
+    return !picture.isNull() && picture.pixel(1, 0) != picture.pixel(depth - 1, 0);
+}
+
 bool WaylandShelfDesktop::isMenuOpen() const
 {
     constexpr int width = 60;

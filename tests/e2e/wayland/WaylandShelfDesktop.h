@@ -61,6 +61,8 @@ protected:
     /// compositor gives no pictures: the tests for it are those that the other program can judge.
     [[nodiscard]] bool isPanelOut(int edge = WaylandDesktop::displaySize.width()) const;
     [[nodiscard]] bool isPanelGone(int edge = WaylandDesktop::displaySize.width()) const;
+    /// Whether the panel shows that it takes what is dragged over it. Only where the compositor gives pictures.
+    [[nodiscard]] bool isDropTarget() const;
     /// Whether a menu covers what is left of the panel.
     [[nodiscard]] bool isMenuOpen() const;
 

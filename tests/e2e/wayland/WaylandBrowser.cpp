@@ -1,0 +1,83 @@
+#include "WaylandBrowser.h"
+
+#include "Browser.h"
+#include "BrowserPage.h"
+#include "Waiting.h"
+#include "WebServer.h"
+
+#include <optional>
+#include <utility>
+
+namespace nookle::e2e {
+
+namespace {
+
+/// A browser takes longer to start than anything else here.
+inline constexpr int patienceForBrowser = 60000;
+
+[[nodiscard]] std::unique_ptr<Program> startChromium(WaylandDesktop& desktop, const QString& url)
+{
+    // Its own sandbox does not work for root, whom tests often run as; the pages are the tests' own.
+    return desktop.start(QStringLiteral("chromium"),
+                         { QStringLiteral("--ozone-platform=wayland"), QStringLiteral("--no-sandbox"),
+                           QStringLiteral("--test-type"), QStringLiteral("--no-first-run"),
+                           QStringLiteral("--disable-gpu"), QStringLiteral("--disable-dev-shm-usage"),
+                           QStringLiteral("--disable-background-networking"), QStringLiteral("--password-store=basic"),
+                           QStringLiteral("--start-maximized"),
+                           QStringLiteral("--user-data-dir=") + desktop.home(QStringLiteral("browser")),
+                           QStringLiteral("--app=") + url });
+}
+
+/// Without the pages of its first start, and without what it asks of the internet.
+[[nodiscard]] QByteArray firefoxSettings()
+{
+    QByteArray settings;
+    for (const char* name :
+         { "app.normandy.enabled", "browser.aboutwelcome.enabled", "browser.shell.checkDefaultBrowser",
+           "datareporting.policy.dataSubmissionEnabled", "extensions.update.enabled",
+           "network.captive-portal-service.enabled", "network.connectivity-service.enabled" })
+        settings += QByteArray("user_pref(\"") + name + "\", false);\n";
+    return settings + "user_pref(\"browser.startup.homepage_override.mstone\", \"ignore\");\n";
+}
+
+[[nodiscard]] std::unique_ptr<Program> startFirefox(WaylandDesktop& desktop, const QString& url)
+{
+    desktop.writeFile(QStringLiteral("browser/user.js"), firefoxSettings());
+    desktop.setVariable(QStringLiteral("MOZ_ENABLE_WAYLAND"), QStringLiteral("1"));
+    return desktop.start(
+        QStringLiteral("firefox-esr"),
+        { QStringLiteral("--no-remote"), QStringLiteral("--profile"), desktop.home(QStringLiteral("browser")), url });
+}
+
+} // namespace
+
+std::unique_ptr<WaylandBrowser> WaylandBrowser::tryOpen(const QString& name, WaylandDesktop& desktop,
+                                                        const WebServer& server)
+{
+    std::unique_ptr<WaylandBrowser> browser(new WaylandBrowser);
+    const QString url = server.url(QStringLiteral("/"));
+    browser->m_program = name == QLatin1String("firefox") ? startFirefox(desktop, url) : startChromium(desktop, url);
+    // Its window gets its last place while it starts, and hears of the pointer last of all.
+    std::optional<QPoint> origin;
+    const bool isReady = waitFor(
+        [&] {
+            const QImage picture = desktop.picture(QRect(QPoint(), WaylandDesktop::displaySize));
+            const auto previous = std::exchange(origin, Browser::findMarker(picture));
+            if (!origin || origin != previous)
+                return false;
+            const QPoint place = browserPage::empty;
+            desktop.hand().moveTo(*origin + place + QPoint(4, 0));
+            desktop.hand().moveTo(*origin + place);
+            return server.posted(QStringLiteral("/pointer"))
+                == QByteArray::number(place.x()) + ' ' + QByteArray::number(place.y());
+        },
+        patienceForBrowser);
+    if (!isReady) {
+        qWarning("no page: %s", browser->m_program->log().constData());
+        return nullptr;
+    }
+    browser->m_origin = *origin;
+    return browser;
+}
+
+} // namespace nookle::e2e

@@ -1,0 +1,196 @@
+#include "BrowserPage.h"
+#include "Waiting.h"
+#include "WaylandBrowser.h"
+#include "WaylandShelfDesktop.h"
+#include "WebServer.h"
+
+#include <QImage>
+#include <QJsonObject>
+#include <QtTest>
+
+#include <filesystem>
+#include <memory>
+
+using namespace nookle::e2e;
+
+namespace {
+
+inline constexpr int rightEdge = WaylandDesktop::displaySize.width();
+inline constexpr int panelWidth = 112;
+
+[[nodiscard]] QJsonObject contentOf(const QJsonObject& item, const char* kind)
+{
+    return item.value(QLatin1String("content")).toObject().value(QLatin1String(kind)).toObject();
+}
+
+/// Some browsers write the picture anew.
+[[nodiscard]] bool isSamePicture(const QByteArray& left, const QByteArray& right)
+{
+    const auto picture = [](const QByteArray& bytes) {
+        return QImage::fromData(bytes).convertToFormat(QImage::Format_ARGB32);
+    };
+    return !picture(left).isNull() && picture(left) == picture(right);
+}
+
+} // namespace
+
+/// Drags from and to a browser that is a native Wayland program.
+class WaylandBrowserTest : public QObject, private WaylandShelfDesktop {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void anImageOfAPageLandsAsAnImageWithItsName();
+    void aLinkLandsWithItsAddressAndItsTitle();
+    void selectedTextLandsAsText();
+    void aTextGoesIntoATextField();
+    void aLinkGoesIntoATextField();
+    void anImageGoesIntoAnUploadField();
+
+private:
+    [[nodiscard]] bool dragToShelf(const QPoint& place);
+    [[nodiscard]] bool dragFirstTileTo(const QPoint& place);
+    [[nodiscard]] QJsonObject onlyItem() const;
+    [[nodiscard]] QString typed() const { return QString::fromUtf8(m_server.posted(QStringLiteral("/typed"))); }
+
+    QString m_name = qEnvironmentVariable("NOOKLE_BROWSER");
+    WebServer m_server;
+    std::unique_ptr<WaylandBrowser> m_browser;
+};
+
+void WaylandBrowserTest::initTestCase()
+{
+    QVERIFY2(!m_name.isEmpty(), "run it with ctest, which says which browser is tested");
+    QVERIFY(m_server.isRunning());
+    browserPage::serve(m_server);
+    QVERIFY(setUpDesktop(WaylandDesktop::Compositor::sway));
+    m_browser = WaylandBrowser::tryOpen(m_name, *m_desktop, m_server);
+    if (!m_browser)
+        tellFailure(m_name + QStringLiteral(".png"));
+    QVERIFY(m_browser);
+}
+
+void WaylandBrowserTest::init()
+{
+    std::filesystem::remove_all(home("data/Nookle").toStdString());
+    QVERIFY(startShelf());
+}
+
+void WaylandBrowserTest::cleanup()
+{
+    if (QTest::currentTestFailed())
+        tellFailure(QStringLiteral("%1-%2.png").arg(m_name, QLatin1String(QTest::currentTestFunction())));
+    hand().release();
+    hand().moveTo(m_browser->at(browserPage::empty));
+    QVERIFY(m_shelf->stop());
+}
+
+void WaylandBrowserTest::cleanupTestCase()
+{
+    m_browser.reset();
+    tearDownDesktop();
+}
+
+// A browser begins the drag some time after the movement, and it is told of where it is only by the next one.
+bool WaylandBrowserTest::dragToShelf(const QPoint& place)
+{
+    const auto keepMoving = [this](const QPoint& where, auto condition) {
+        return waitFor([&] {
+            hand().moveTo(where + QPoint(0, 4));
+            hand().moveTo(where);
+            return condition();
+        });
+    };
+    m_server.forget(QStringLiteral("/dragging"));
+    hand().moveTo(m_browser->at(place));
+    hand().press();
+    const QPoint beside = m_browser->at(place) + QPoint(60, 0);
+    if (!keepMoving(beside, [this] { return !m_server.posted(QStringLiteral("/dragging")).isEmpty(); })
+        || !keepMoving(QPoint(rightEdge - 1, middle.y()), [this] { return isPanelOut(); })
+        || !keepMoving(QPoint(rightEdge - panelWidth / 2, middle.y()), [this] { return isDropTarget(); }))
+        return false;
+    hand().release();
+    return waitFor([this] { return !m_shelf->savedItems().isEmpty(); });
+}
+
+bool WaylandBrowserTest::dragFirstTileTo(const QPoint& place)
+{
+    if (!showShelf())
+        return false;
+    hand().moveTo(firstTile);
+    hand().press();
+    hand().moveTo(m_browser->at(place) + QPoint(40, 0));
+    // A browser tells with every movement whether it would take the drop.
+    for (int times = 0; times < 20; ++times) {
+        hand().moveTo(m_browser->at(place) + QPoint(8, 0));
+        hand().moveTo(m_browser->at(place));
+    }
+    hand().release();
+    return true;
+}
+
+QJsonObject WaylandBrowserTest::onlyItem() const
+{
+    const QList<QJsonObject> items = m_shelf->savedItems();
+    return items.size() == 1 ? items.first() : QJsonObject();
+}
+
+void WaylandBrowserTest::anImageOfAPageLandsAsAnImageWithItsName()
+{
+    QVERIFY(dragToShelf(browserPage::picture));
+    const QJsonObject item = onlyItem();
+    const QString name = contentOf(item, "image").value(QLatin1String("fileName")).toString();
+    QCOMPARE(name, QLatin1String(browserPage::pictureName));
+    const QString path =
+        QStringLiteral("data/Nookle/Files/%1/%2").arg(item.value(QLatin1String("id")).toString(), name);
+    const QByteArray bytes = content(path.toUtf8().constData());
+    if (m_name == QLatin1String("chromium"))
+        QCOMPARE(bytes, browserPage::picturePng());
+    else
+        QVERIFY2(isSamePicture(bytes, browserPage::picturePng()), "another picture");
+}
+
+void WaylandBrowserTest::aLinkLandsWithItsAddressAndItsTitle()
+{
+    QVERIFY(dragToShelf(browserPage::link));
+    const QJsonObject link = contentOf(onlyItem(), "link");
+    QCOMPARE(link.value(QLatin1String("url")).toString(), m_server.url(browserPage::linkPath()));
+    QCOMPARE(link.value(QLatin1String("title")).toString(), QString::fromUtf8(browserPage::linkTitle));
+}
+
+void WaylandBrowserTest::selectedTextLandsAsText()
+{
+    QVERIFY(dragToShelf(browserPage::words));
+    const QJsonObject text = contentOf(onlyItem(), "text");
+    QCOMPARE(text.value(QLatin1String("_0")).toString().trimmed(), QString::fromUtf8(browserPage::selectedWords));
+}
+
+void WaylandBrowserTest::aTextGoesIntoATextField()
+{
+    QVERIFY(dragToShelf(browserPage::words));
+    QVERIFY(dragFirstTileTo(browserPage::field));
+    QVERIFY(waitFor([this] { return typed().contains(QString::fromUtf8(browserPage::selectedWords)); }));
+}
+
+void WaylandBrowserTest::aLinkGoesIntoATextField()
+{
+    QVERIFY(dragToShelf(browserPage::link));
+    QVERIFY(dragFirstTileTo(browserPage::field));
+    QVERIFY(waitFor([this] { return typed().contains(m_server.url(browserPage::linkPath())); }));
+}
+
+void WaylandBrowserTest::anImageGoesIntoAnUploadField()
+{
+    QVERIFY(dragToShelf(browserPage::picture));
+    QVERIFY(dragFirstTileTo(browserPage::upload));
+    QVERIFY(waitFor(
+        [this] { return isSamePicture(m_server.posted(QStringLiteral("/uploaded")), browserPage::picturePng()); }));
+    QCOMPARE(m_server.posted(QStringLiteral("/name")), QByteArray(browserPage::pictureName) + " image/png");
+}
+
+QTEST_GUILESS_MAIN(WaylandBrowserTest)
+#include "WaylandBrowserTest.moc"
