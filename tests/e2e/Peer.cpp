@@ -18,8 +18,8 @@
 //   Peer text             shows text that can be selected
 //   Peer fullscreen       covers the whole screen in red
 // It writes a line to standard output for what happens to its window ("entered", "left", "pressed", "dragged over",
-// "drag left"), and when the target of its own drag begins or ceases to take it ("taken", "untaken"). On Wayland, where
-// programs cannot place their windows, it fills the screen.
+// "drag left"), and when the target of its own drag begins or ceases to take it ("taken", "untaken"). In a Wayland
+// session, where programs cannot place their windows, it fills the screen.
 
 #include "Announcer.h"
 #include "DragSource.h"
@@ -318,9 +318,10 @@ int main(int argc, char* argv[])
     const auto window = makeWindow(QApplication::arguments());
     // Without a window manager the state alone covers nothing.
     const bool isFullScreen = window->windowState() == Qt::WindowFullScreen;
-    if (QApplication::platformName() == QLatin1String("wayland") && !isFullScreen)
+    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && !isFullScreen)
         fillScreen(*window);
-    window->setGeometry(isFullScreen ? QApplication::primaryScreen()->geometry() : QRect(60, 100, 400, 300));
+    else
+        window->setGeometry(isFullScreen ? QApplication::primaryScreen()->geometry() : QRect(60, 100, 400, 300));
     window->show();
     return QApplication::exec();
 }

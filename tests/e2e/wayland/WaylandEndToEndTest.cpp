@@ -48,6 +48,8 @@ private Q_SLOTS:
     void eachDisplayHasItsEdge_data();
     void eachDisplayHasItsEdge();
     void theShelfIsSavedWhenTheCompositorDies();
+    void aFileOfAnX11ProgramIsSaved();
+    void aTileArrivesInAnX11Program();
     void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext_data();
     void aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext();
 
@@ -279,6 +281,36 @@ void WaylandEndToEndTest::theShelfIsSavedWhenTheCompositorDies()
     m_desktop->killCompositor();
     QVERIFY2(waitFor([this] { return !m_shelf->isRunning(); }), "the program runs without a display");
     QVERIFY(fileIsSaved());
+}
+
+void WaylandEndToEndTest::aFileOfAnX11ProgramIsSaved()
+{
+    QVERIFY(setUp());
+    runPeersOnX11();
+    QVERIFY(beginDrag(fileList()));
+    QVERIFY(dragToEdge());
+    // KWin tells both sides of the other one only when the pointer moves.
+    QVERIFY(holdsFor(
+        [this] {
+            hand().moveTo(hand().position() + QPoint(0, 1));
+            return true;
+        },
+        500));
+    hand().release();
+    QVERIFY(fileIsSaved());
+    QVERIFY(waitFor([this] { return content("result") == "taken"; }));
+}
+
+void WaylandEndToEndTest::aTileArrivesInAnX11Program()
+{
+    QVERIFY(setUp());
+    QVERIFY(putOnShelf(fileList()));
+    runPeersOnX11();
+    QVERIFY(openPeer({ QStringLiteral("take"), QStringLiteral("text/uri-list"), home("received") }));
+    QVERIFY(showShelf());
+    QVERIFY(dragTileToPeer());
+    QVERIFY(waitFor([this] { return QFile::exists(home("received")); }));
+    QCOMPARE(content("received"), fileList());
 }
 
 void WaylandEndToEndTest::aSourceThatDeliversNothingLeavesTheShelfReadyForTheNext_data()

@@ -94,6 +94,11 @@ bool WaylandShelfDesktop::openPeer(const QStringList& arguments)
     });
 }
 
+void WaylandShelfDesktop::runPeersOnX11()
+{
+    m_desktop->setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+}
+
 void WaylandShelfDesktop::openGtkTarget(const QString& kind)
 {
     m_peer.reset();

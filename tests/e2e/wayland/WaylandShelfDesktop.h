@@ -39,6 +39,8 @@ protected:
 
     /// Opens the window of another program, which replaces the one before, and brings the pointer there.
     [[nodiscard]] bool openPeer(const QStringList& arguments);
+    /// From now on the other programs are X11 programs.
+    void runPeersOnX11();
     /// Opens a window of GTK 4, which takes `kind` of what is dropped.
     void openGtkTarget(const QString& kind);
     /// How often the other program has said that line.
