@@ -7,8 +7,8 @@
 #include "Notifier.h"
 #include "PanelBackground.h"
 #include "Pasteboard.h"
-#include "PrimarySelection.h"
 #include "ProgramRequests.h"
+#include "SelectionReading.h"
 #include "Trash.h"
 #include "UserDefaults.h"
 #include "Workspace.h"
@@ -193,7 +193,7 @@ void AppDelegate::provideServices()
     m_platform.requests.onActivate = [this] { showShelf(); };
     m_platform.requests.onToggle = [this] { togglePanel(); };
     m_platform.requests.onFocus = [this] { m_panelController->showForKeys(); };
-    m_platform.requests.onAddSelection = [this] { addToShelf(readPrimarySelection()); };
+    m_platform.requests.onAddSelection = [this] { addToShelf(readSelection(m_platform.pasteboard)); };
     m_platform.requests.start();
 }
 

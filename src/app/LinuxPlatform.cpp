@@ -23,7 +23,7 @@ LinuxPlatform::LinuxPlatform(const QByteArray& dataHome, std::unique_ptr<Desktop
     , m_pictures(m_mounts, m_queue)
     , m_linkMetadata(helperProgram(QCoreApplication::applicationDirPath(), QStringLiteral("nookle-lookup")),
                      m_pictures.converter(), m_queue)
-    , m_pasteboard(m_pictures.converter())
+    , m_pasteboard(m_pictures.converter(), m_desktop->clipboard() ? *m_desktop->clipboard() : m_toolkitClipboard)
     , m_fileTransfers(m_mounts)
     , m_loginItem(QCoreApplication::applicationFilePath())
     , m_folders(m_mounts)

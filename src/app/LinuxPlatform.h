@@ -18,6 +18,7 @@
 #include "QtMainQueue.h"
 #include "SettingsUserDefaults.h"
 #include "StatusNotifierTrayHost.h"
+#include "ToolkitClipboard.h"
 #include "WebLinkMetadata.h"
 
 #include <QByteArray>
@@ -51,6 +52,7 @@ private:
     LinuxFileReferences m_fileReferences;
     PictureServices m_pictures;
     WebLinkMetadata m_linkMetadata;
+    ToolkitClipboard m_toolkitClipboard;
     ClipboardPasteboard m_pasteboard;
     DesktopWorkspace m_workspace;
     PortalFileTransfers m_fileTransfers;

@@ -18,6 +18,7 @@ class QWindow;
 
 namespace nookle {
 
+class Clipboard;
 class ToolkitSettings;
 
 /// The implementation of all services that depend on the display server, for one kind of display server. Main thread
@@ -37,6 +38,9 @@ public:
 
     /// The settings that the display server carries; null where it carries none.
     [[nodiscard]] virtual ToolkitSettings* toolkitSettings() { return nullptr; }
+
+    /// The clipboard where the display server has a way of its own to it; null where the toolkit's is as good.
+    [[nodiscard]] virtual Clipboard* clipboard() { return nullptr; }
 
     /// Makes a payload that reads the drag over a window of this program, or the one that was just dropped there.
     /// `data` is the toolkit's object for that drag, and must outlive the payload.

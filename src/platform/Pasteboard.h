@@ -10,7 +10,7 @@
 
 namespace nookle {
 
-/// The clipboard. Main thread only.
+/// The clipboard and the selection. Main thread only.
 class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
@@ -18,7 +18,10 @@ public:
     /// The present content, never null. Read it at once: it is valid only in this turn of the event loop.
     [[nodiscard]] virtual std::unique_ptr<DropPayload> contents() const = 0;
 
-    // The operations below replace the content.
+    /// What the user selected last, in any program. Never null, and valid as long as `contents`.
+    [[nodiscard]] virtual std::unique_ptr<DropPayload> selection() const = 0;
+
+    // The operations below replace the content of the clipboard.
 
     virtual void clear() = 0;
     virtual void writeFile(const QUrl& file) = 0;

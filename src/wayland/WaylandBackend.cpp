@@ -4,6 +4,7 @@
 #include "EdgeStrips.h"
 #include "LayerPanelWindow.h"
 #include "ScreenDisplays.h"
+#include "WaylandClipboard.h"
 #include "WaylandDropPayload.h"
 #include "WaylandGlobals.h"
 #include "WaylandInputMonitor.h"
@@ -48,6 +49,7 @@ WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::
     , m_pointer(std::make_unique<WaylandPointer>())
     , m_inputMonitor(std::make_unique<WaylandInputMonitor>())
     , m_compositing(std::make_unique<WaylandCompositing>())
+    , m_clipboard(std::make_unique<WaylandClipboard>())
     , m_strips(std::make_unique<EdgeStrips>(*m_inputMonitor, *m_pointer, m_drags.get()))
 {
     m_displays->onChanged = [this] {
@@ -72,6 +74,11 @@ const Pointer& WaylandBackend::pointer() const
 InputMonitor& WaylandBackend::inputMonitor()
 {
     return *m_inputMonitor;
+}
+
+Clipboard* WaylandBackend::clipboard()
+{
+    return m_clipboard.get();
 }
 
 std::unique_ptr<DropPayload> WaylandBackend::dropPayload(const QMimeData& data)

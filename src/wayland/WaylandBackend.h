@@ -11,6 +11,7 @@ class EdgeStrips;
 class ForeignDrags;
 class LayerPanelWindow;
 class ScreenDisplays;
+class WaylandClipboard;
 class WaylandInputMonitor;
 class WaylandPointer;
 
@@ -30,6 +31,7 @@ public:
     [[nodiscard]] Compositing& compositing() override { return *m_compositing; }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_shortcuts; }
     [[nodiscard]] TrayHost* embeddingTray() override { return nullptr; }
+    [[nodiscard]] Clipboard* clipboard() override;
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     /// Nothing to do: the toolkit's own answers are all that a compositor asks for.
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
@@ -43,6 +45,7 @@ private:
     std::unique_ptr<WaylandPointer> m_pointer;
     std::unique_ptr<WaylandInputMonitor> m_inputMonitor;
     std::unique_ptr<Compositing> m_compositing;
+    std::unique_ptr<WaylandClipboard> m_clipboard;
     std::unique_ptr<EdgeStrips> m_strips;
 };
 

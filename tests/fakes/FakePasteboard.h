@@ -14,6 +14,10 @@ public:
     {
         return std::make_unique<FakeDropPayload>(payload);
     }
+    [[nodiscard]] std::unique_ptr<DropPayload> selection() const override
+    {
+        return std::make_unique<FakeDropPayload>(selected);
+    }
     void clear() override { operations.append(QStringLiteral("clear")); }
     void writeFile(const QUrl& file) override { operations.append(QStringLiteral("file ") + file.toString()); }
     void writeText(const QString& text) override { operations.append(QStringLiteral("text ") + text); }
@@ -25,6 +29,7 @@ public:
     void writeImage(const QUrl& file) override { operations.append(QStringLiteral("image ") + file.toString()); }
 
     FakeDropPayload payload;
+    FakeDropPayload selected;
     QStringList operations;
 };
 

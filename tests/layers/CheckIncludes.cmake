@@ -28,7 +28,8 @@ set(may_see_x11/shadow "x11/xcb;platform;base")
 set(may_see_x11/settings "look;x11/selections;x11/xcb;platform;base")
 set(may_see_x11/selections "x11/xcb;platform;base")
 set(may_see_x11/xcb "base")
-set(may_see_wayland "screens;platform;base")
+set(may_see_clipboard "platform;base")
+set(may_see_wayland "clipboard;screens;platform;base")
 set(may_see_desktop "desktop/shortcuts;look;disk;platform;base")
 set(may_see_desktop/shortcuts "platform;base")
 set(may_see_ui/style "base")
@@ -46,11 +47,11 @@ set(may_see_ui "ui/actions;ui/dragout;ui/header;ui/selection;ui/frame;ui/motion;
 set(may_see_app/language "")
 set(may_see_app/version "")
 set(may_see_app/settings "app/version;platform;base")
-set(may_see_app/services "app/version;app/settings;triggers;shelf;shelf/items;platform;base")
+set(may_see_app/services "app/version;app/settings;drop;triggers;shelf;shelf/items;platform;base")
 set(may_see_app/shortcuts "platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;x11;wayland;thumbnails;pictures"
+    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;clipboard;x11;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

@@ -43,4 +43,11 @@ void Hand::type(Key key)
     pushKey(key, false);
 }
 
+void Hand::typeWith(Key modifier, Key key)
+{
+    pushKey(modifier, true);
+    type(key);
+    pushKey(modifier, false);
+}
+
 } // namespace nookle::e2e

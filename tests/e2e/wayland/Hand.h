@@ -11,7 +11,7 @@ namespace nookle::e2e {
 class Hand {
 public:
     enum class Button { left = 0x110, right = 0x111 };
-    enum class Key { escape = 1 };
+    enum class Key { escape = 1, control = 29, c = 46 };
 
     /// Takes hold of the mouse of the compositor that listens on that socket, whichever way it offers; null when it
     /// offers none. `desktop` is the size of the whole desktop.
@@ -24,6 +24,7 @@ public:
     void release(Button button = Button::left) { pushButton(button, false); }
     void click(Button button = Button::left);
     void type(Key key);
+    void typeWith(Key modifier, Key key);
 
     [[nodiscard]] QPoint position() const { return m_position; }
 

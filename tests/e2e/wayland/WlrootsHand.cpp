@@ -37,7 +37,9 @@ constexpr std::array<wl_message, 4> requests{ {
     { "modifiers", "uuuu", noObjects.data() },
     { "destroy", "", noObjects.data() },
 } };
-enum Request : std::uint32_t { keymap = 0, key = 1 };
+enum Request : std::uint32_t { keymap = 0, key = 1, modifiers = 2 };
+/// In the state of the keymap below.
+inline constexpr std::uint32_t controlMask = 1 << 2;
 constexpr wl_interface device{ "zwp_virtual_keyboard_v1", version, requests.size(), requests.data(), 0, nullptr };
 } // namespace keyboard
 
@@ -137,6 +139,10 @@ void WlrootsHand::pushKey(Key which, bool isDown)
 {
     wl_proxy_marshal_flags(m_keyboard, keyboard::key, nullptr, version, 0, time(), static_cast<std::uint32_t>(which),
                            std::uint32_t{ isDown });
+    // The compositor does not conclude it from the keys.
+    if (which == Key::control)
+        wl_proxy_marshal_flags(m_keyboard, keyboard::modifiers, nullptr, version, 0,
+                               isDown ? keyboard::controlMask : 0U, 0U, 0U, 0U);
     m_connection->flush();
 }
 

@@ -2,8 +2,6 @@
 
 #include "ClipboardPayload.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QMimeData>
 #include <QStringList>
 #include <QVariant>
@@ -15,11 +13,6 @@ namespace nookle {
 namespace {
 
 inline constexpr int longestSide = 32767;
-
-[[nodiscard]] QClipboard& clipboard()
-{
-    return *QGuiApplication::clipboard();
-}
 
 /// Addresses with their original text, and a text. The toolkit's own class would convert each address to a QUrl, which
 /// changes some.
@@ -56,26 +49,37 @@ private:
 
 } // namespace
 
-ClipboardPasteboard::ClipboardPasteboard(ImageConverter& converter)
+ClipboardPasteboard::ClipboardPasteboard(ImageConverter& converter, Clipboard& clipboard)
     : m_converter(converter)
+    , m_clipboard(clipboard)
 {
-    connect(&clipboard(), &QClipboard::dataChanged, this, [this] { m_conversion.reset(); });
+    m_clipboard.onCopied = [this] { m_conversion.reset(); };
+}
+
+ClipboardPasteboard::~ClipboardPasteboard()
+{
+    m_clipboard.onCopied = nullptr;
 }
 
 void ClipboardPasteboard::write(std::unique_ptr<QMimeData> data)
 {
-    clipboard().setMimeData(data.release());
+    m_clipboard.copy(std::move(data));
 }
 
 std::unique_ptr<DropPayload> ClipboardPasteboard::contents() const
 {
-    return std::make_unique<ClipboardPayload>();
+    return std::make_unique<ClipboardPayload>(m_clipboard.content(Clipboard::Content::copied));
+}
+
+std::unique_ptr<DropPayload> ClipboardPasteboard::selection() const
+{
+    return std::make_unique<ClipboardPayload>(m_clipboard.content(Clipboard::Content::selected));
 }
 
 void ClipboardPasteboard::clear()
 {
     m_conversion.reset();
-    clipboard().clear();
+    m_clipboard.copy(nullptr);
 }
 
 void ClipboardPasteboard::writeFile(const QUrl& file)

@@ -1,8 +1,5 @@
 #include "ClipboardPayload.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
-
 namespace nookle {
 
 namespace {
@@ -12,10 +9,10 @@ inline constexpr qint64 patience = 1000;
 
 } // namespace
 
-ClipboardPayload::ClipboardPayload()
+ClipboardPayload::ClipboardPayload(const QMimeData* data)
+    : m_data(data)
 {
     m_sinceStart.start();
-    m_data = QGuiApplication::clipboard()->mimeData();
     if (m_data)
         m_formats = m_data->formats();
 }

@@ -2,6 +2,7 @@
 
 #include "FakeImageConverter.h"
 #include "FileUrl.h"
+#include "ToolkitClipboard.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -40,6 +41,7 @@ private:
     }
 
     std::unique_ptr<FakeImageConverter> m_converter;
+    std::unique_ptr<ToolkitClipboard> m_clipboard;
     std::unique_ptr<ClipboardPasteboard> m_pasteboard;
     const QUrl m_file = fileUrl("/a b.png");
 };
@@ -48,7 +50,8 @@ void ClipboardPasteboardTest::init()
 {
     m_pasteboard.reset();
     m_converter = std::make_unique<FakeImageConverter>();
-    m_pasteboard = std::make_unique<ClipboardPasteboard>(*m_converter);
+    m_clipboard = std::make_unique<ToolkitClipboard>();
+    m_pasteboard = std::make_unique<ClipboardPasteboard>(*m_converter, *m_clipboard);
     QGuiApplication::clipboard()->setText(QStringLiteral("before"));
 }
 

@@ -8,11 +8,12 @@
 
 namespace nookle {
 
-/// The present content of the clipboard, read through the toolkit. Must not outlive the turn of the event loop in which
+/// The present content of the clipboard or the selection. Must not outlive the turn of the event loop in which
 /// it is made. Delivers nothing more once reading has taken too long.
 class ClipboardPayload final : public DropPayload {
 public:
-    ClipboardPayload();
+    /// `data` may be null.
+    explicit ClipboardPayload(const QMimeData* data);
 
     [[nodiscard]] QStringList formats() const override { return m_formats; }
     [[nodiscard]] QByteArray data(const QString& format) const override;

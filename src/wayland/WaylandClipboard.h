@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Clipboard.h"
+
+#include <QObject>
+
+class KSystemClipboard;
+
+namespace nookle {
+
+/// The clipboard through the compositor's interface for clipboard managers, which needs no keyboard focus. Where the
+/// compositor has none, it is the toolkit's clipboard, which does.
+class WaylandClipboard final : public QObject, public Clipboard {
+    Q_OBJECT
+
+public:
+    /// The application object must exist and run on Wayland.
+    WaylandClipboard();
+
+    [[nodiscard]] const QMimeData* content(Content which) override;
+    void copy(std::unique_ptr<QMimeData> data) override;
+
+private:
+    KSystemClipboard& m_clipboard;
+};
+
+} // namespace nookle
