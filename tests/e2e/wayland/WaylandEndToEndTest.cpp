@@ -1,6 +1,7 @@
 #include "Waiting.h"
 #include "WaylandShelfDesktop.h"
 
+#include <QUrl>
 #include <QtTest>
 
 using namespace nookle::e2e;
@@ -38,6 +39,8 @@ private Q_SLOTS:
     void aFileReleasedOnThePanelIsSaved();
     void theTileIsBackAfterARestartAndArrivesInAnotherProgram_data();
     void theTileIsBackAfterARestartAndArrivesInAnotherProgram();
+    void severalItemsArriveInAnotherProgramInOneDrag_data();
+    void severalItemsArriveInAnotherProgramInOneDrag();
     void theMenuOpensBesideThePanelAndEscapeClosesIt();
     void thePanelGoesHalfASecondAfterThePointer();
     void thePinnedPanelStays();
@@ -142,6 +145,32 @@ void WaylandEndToEndTest::theTileIsBackAfterARestartAndArrivesInAnotherProgram()
     QCOMPARE(content("received"), expected);
     QVERIFY2(waitFor([this] { return isPanelGone(); }), "the panel stays after the drag");
     QCOMPARE(m_shelf->savedItems(), saved);
+}
+
+void WaylandEndToEndTest::severalItemsArriveInAnotherProgramInOneDrag_data()
+{
+    QTest::addColumn<QString>("taken");
+    QTest::newRow("Qt") << QStringLiteral("text/uri-list");
+    QTest::newRow("GTK 4") << QStringLiteral("files");
+}
+
+void WaylandEndToEndTest::severalItemsArriveInAnotherProgramInOneDrag()
+{
+    QFETCH(const QString, taken);
+    QVERIFY(setUp());
+    m_desktop->writeFile(QStringLiteral("files/two.txt"), "words");
+    QCOMPARE(m_shelf->startAgain({ home("files/two.txt"), home("files/note one.txt") }), 0);
+    QVERIFY(waitFor([this] { return m_shelf->savedItems().size() == 2; }));
+    if (taken.contains(QLatin1Char('/')))
+        QVERIFY(openPeer({ QStringLiteral("take"), taken, home("received") }));
+    else
+        openGtkTarget(taken);
+    QVERIFY(showShelf());
+    QVERIFY(dragToPeer(handle));
+    QVERIFY(waitFor([this] { return QFile::exists(home("received")); }));
+    const QByteArray two = QUrl::fromLocalFile(home("files/two.txt")).toEncoded() + "\r\n";
+    const QByteArray expected = two + fileList();
+    QCOMPARE(content("received").replace("\r", ""), QByteArray(expected).replace("\r", ""));
 }
 
 void WaylandEndToEndTest::theMenuOpensBesideThePanelAndEscapeClosesIt()

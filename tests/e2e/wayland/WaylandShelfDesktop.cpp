@@ -152,9 +152,9 @@ bool WaylandShelfDesktop::putOnShelf(const QByteArray& payload, const QString& t
     return waitFor([this] { return m_shelf->savedItems().size() == 1; });
 }
 
-bool WaylandShelfDesktop::dragTileToPeer()
+bool WaylandShelfDesktop::dragToPeer(const QPoint& from)
 {
-    hand().moveTo(firstTile);
+    hand().moveTo(from);
     hand().press();
     hand().moveTo(middle);
     // A source tells of the next movement when it has heard whether the drop would be taken.

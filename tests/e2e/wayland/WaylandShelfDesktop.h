@@ -56,8 +56,9 @@ protected:
     [[nodiscard]] bool dragToEdge(int edge = WaylandDesktop::displaySize.width());
     /// Drops a payload of another program on the shelf, and waits until it is saved.
     [[nodiscard]] bool putOnShelf(const QByteArray& payload, const QString& type = QStringLiteral("text/uri-list"));
-    /// Drags the first tile to the other program, which writes to the file "received".
-    [[nodiscard]] bool dragTileToPeer();
+    /// Drags the first tile, or what stands at a place, to the other program, which writes to the file "received".
+    [[nodiscard]] bool dragTileToPeer() { return dragToPeer(firstTile); }
+    [[nodiscard]] bool dragToPeer(const QPoint& from);
 
     /// Whether the panel has come out at the right edge of a display, wholly. This and the next one are true where the
     /// compositor gives no pictures: the tests for it are those that the other program can judge.
@@ -74,6 +75,8 @@ protected:
     static constexpr QPoint firstTile{ WaylandDesktop::displaySize.width() - 56, 84 };
     /// The button that keeps the panel on the screen.
     static constexpr QPoint pin{ WaylandDesktop::displaySize.width() - 17, 41 };
+    /// The handle that stands for all items.
+    static constexpr QPoint handle{ WaylandDesktop::displaySize.width() - 41, 41 };
 
     std::unique_ptr<WaylandDesktop> m_desktop;
     std::unique_ptr<ShelfProgram> m_shelf;
