@@ -3,6 +3,7 @@
 #include "NullBackend.h"
 #include "SessionShortcuts.h"
 #include "X11Backend.h"
+#include "XWaylandManner.h"
 
 #ifdef NOOKLE_HAS_WAYLAND
 #include "WaylandBackend.h"
@@ -73,7 +74,7 @@ std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)
         return std::make_unique<X11Backend>();
     case DesktopKind::xwayland:
         // A key that the X server gives would work over X11 windows only.
-        return std::make_unique<X11Backend>(std::make_unique<SessionShortcuts>());
+        return std::make_unique<X11Backend>(std::make_unique<SessionShortcuts>(), &makeXWaylandManner);
     case DesktopKind::wayland:
 #ifdef NOOKLE_HAS_WAYLAND
         return makeWaylandBackend();

@@ -26,6 +26,37 @@ namespace {
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
 }
 
+/// An X11 session: the server knows everything about the mouse, and the panel's window moves.
+class SessionManner final : public X11Manner {
+public:
+    explicit SessionManner(const X11Server& server)
+        : m_server(server)
+        , m_pointer(server.queries, rootWindow(server.connection))
+        , m_inputMonitor(server.connection)
+        , m_compositing(server.connection)
+    {
+    }
+
+    [[nodiscard]] const Pointer& pointer() const override { return m_pointer; }
+    [[nodiscard]] InputMonitor& inputMonitor() override { return m_inputMonitor; }
+    [[nodiscard]] Compositing& compositing() override { return m_compositing; }
+
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override
+    {
+        return std::make_unique<X11PanelWindow>(window, cornerRadius, m_server.displays, m_compositing,
+                                                m_server.connection);
+    }
+
+    void displaysChanged() override {}
+    void dragBegins() override {}
+
+private:
+    X11Server m_server;
+    X11Pointer m_pointer;
+    X11InputMonitor m_inputMonitor;
+    X11Compositing m_compositing;
+};
+
 } // namespace
 
 bool X11Backend::isServerRunning()
@@ -35,17 +66,16 @@ bool X11Backend::isServerRunning()
 }
 
 X11Backend::X11Backend()
-    : X11Backend(std::make_unique<X11GlobalShortcuts>())
+    : X11Backend(std::make_unique<X11GlobalShortcuts>(),
+                 [](const X11Server& server) { return std::make_unique<SessionManner>(server); })
 {
 }
 
-X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts)
+X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts, const X11MannerMaker& makeManner)
     : m_connection(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection())
     , m_queries(xcb_connect(nullptr, nullptr))
     , m_displays(std::make_unique<X11Displays>(m_queries.get(), rootWindow(m_connection)))
-    , m_pointer(std::make_unique<X11Pointer>(m_queries.get(), rootWindow(m_connection)))
-    , m_inputMonitor(std::make_unique<X11InputMonitor>(m_connection))
-    , m_compositing(std::make_unique<X11Compositing>(m_connection))
+    , m_manner(makeManner({ m_connection, m_queries.get(), *m_displays }))
     , m_globalShortcuts(std::move(shortcuts))
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
     , m_toolkitSettings(std::make_unique<X11ToolkitSettings>(m_connection))
@@ -53,6 +83,7 @@ X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts)
     , m_dragOffer(std::make_unique<X11DragOffer>(m_connection))
 {
     m_displays->onChanged = [this] {
+        m_manner->displaysChanged();
         if (onDisplaysChanged)
             onDisplaysChanged();
     };
@@ -65,11 +96,6 @@ const Displays& X11Backend::displays() const
     return *m_displays;
 }
 
-Compositing& X11Backend::compositing()
-{
-    return *m_compositing;
-}
-
 std::unique_ptr<DropPayload> X11Backend::dropPayload(const QMimeData& /*data*/)
 {
     return m_drops->payload();
@@ -77,12 +103,13 @@ std::unique_ptr<DropPayload> X11Backend::dropPayload(const QMimeData& /*data*/)
 
 void X11Backend::offerDrag(std::shared_ptr<const DragPayload> payload)
 {
+    m_manner->dragBegins();
     m_dragOffer->begin(std::move(payload));
 }
 
 std::unique_ptr<PanelWindow> X11Backend::makePanelWindow(QWindow& window, double cornerRadius)
 {
-    return std::make_unique<X11PanelWindow>(window, cornerRadius, *m_displays, *m_compositing, m_connection);
+    return m_manner->makePanelWindow(window, cornerRadius);
 }
 
 } // namespace nookle

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "DesktopBackend.h"
+#include "X11Manner.h"
 #include "XcbConnection.h"
 
 namespace nookle {
 
-class X11Compositing;
 class X11Displays;
 class X11DragOffer;
 class X11Drops;
@@ -16,16 +16,16 @@ public:
     /// Whether the server that the environment names accepts a connection.
     [[nodiscard]] static bool isServerRunning();
 
-    /// The application object must exist and run on X11.
+    /// For an X11 session. The application object must exist and run on X11.
     X11Backend();
-    /// With shortcuts from elsewhere.
-    explicit X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts);
+    /// For a session of another kind, with its own shortcuts.
+    X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts, const X11MannerMaker& makeManner);
     ~X11Backend() override;
 
     [[nodiscard]] const Displays& displays() const override;
-    [[nodiscard]] const Pointer& pointer() const override { return *m_pointer; }
-    [[nodiscard]] InputMonitor& inputMonitor() override { return *m_inputMonitor; }
-    [[nodiscard]] Compositing& compositing() override;
+    [[nodiscard]] const Pointer& pointer() const override { return m_manner->pointer(); }
+    [[nodiscard]] InputMonitor& inputMonitor() override { return m_manner->inputMonitor(); }
+    [[nodiscard]] Compositing& compositing() override { return m_manner->compositing(); }
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_globalShortcuts; }
     [[nodiscard]] TrayHost* embeddingTray() override { return m_embeddingTray.get(); }
     [[nodiscard]] ToolkitSettings* toolkitSettings() override { return m_toolkitSettings.get(); }
@@ -38,9 +38,7 @@ private:
     /// For queries that are sent about forty times a second during a drag.
     XcbConnection m_queries;
     std::unique_ptr<X11Displays> m_displays;
-    std::unique_ptr<Pointer> m_pointer;
-    std::unique_ptr<InputMonitor> m_inputMonitor;
-    std::unique_ptr<X11Compositing> m_compositing;
+    std::unique_ptr<X11Manner> m_manner;
     std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
     std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<ToolkitSettings> m_toolkitSettings;

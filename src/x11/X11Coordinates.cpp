@@ -50,4 +50,12 @@ QRect pixelsFromPoints(const QRectF& points, const QRectF& display)
     return QRectF(origin + (points.topLeft() - origin) * scale, points.size() * scale).toRect();
 }
 
+QRect pixelBeyond(const std::vector<QRectF>& displays)
+{
+    QRect all;
+    for (const QRectF& frame : displays)
+        all |= pixelsFromPoints(frame, frame);
+    return { all.bottomRight() + QPoint(2, 2), QSize(1, 1) };
+}
+
 } // namespace nookle

@@ -5,6 +5,8 @@
 #include <QRect>
 #include <QRectF>
 
+#include <vector>
+
 namespace nookle {
 
 // The X server counts in pixels, the toolkit in points. In the toolkit's points, the origin of each screen stays in
@@ -19,5 +21,8 @@ namespace nookle {
 /// A rectangle of points in pixels. It belongs to the display with the full frame `display`, but may lie beyond that
 /// display's edges.
 [[nodiscard]] QRect pixelsFromPoints(const QRectF& points, const QRectF& display);
+
+/// The place in pixels of a window that is shown, but beyond all displays, whose frames are in points.
+[[nodiscard]] QRect pixelBeyond(const std::vector<QRectF>& displays);
 
 } // namespace nookle

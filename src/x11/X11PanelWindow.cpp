@@ -71,10 +71,9 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
     , m_compositing(compositing)
     , m_connection(connection)
     , m_atoms(connection,
-              { "_KDE_NET_WM_BLUR_BEHIND_REGION", "_NET_ACTIVE_WINDOW", "_NET_WM_DESKTOP", "_NET_WM_STATE",
-                "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_FULLSCREEN", "_NET_WM_STATE_SKIP_PAGER",
-                "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_STRUT_PARTIAL", "_NET_WM_USER_TIME",
-                "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK" })
+              { "_KDE_NET_WM_BLUR_BEHIND_REGION", "_NET_ACTIVE_WINDOW", "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN",
+                "_NET_WM_STRUT_PARTIAL" })
+    , m_dock(connection, static_cast<xcb_window_t>(window.winId()))
     , m_shadow(connection, static_cast<xcb_window_t>(window.winId()), compositing)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
@@ -115,21 +114,8 @@ void X11PanelWindow::place(const QRectF& frame)
     m_frame = frame;
     m_pixels = pixelsFromPoints(frame, m_display);
     updateShape();
-    moveTo(m_pixels);
+    m_dock.moveTo(m_pixels);
     m_shadow.move(m_pixels, m_limit);
-}
-
-// Sent directly to the server: for a window that extends beyond its display, the toolkit may convert points with the
-// origin of another display.
-void X11PanelWindow::moveTo(const QRect& pixels)
-{
-    const std::uint32_t values[] = { static_cast<std::uint32_t>(pixels.x()), static_cast<std::uint32_t>(pixels.y()),
-                                     static_cast<std::uint32_t>(std::max(1, pixels.width())),
-                                     static_cast<std::uint32_t>(std::max(1, pixels.height())) };
-    xcb_configure_window(m_connection, static_cast<xcb_window_t>(m_window.winId()),
-                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
-                         values);
-    xcb_flush(m_connection);
 }
 
 // The window manager moves the window with a delay, so the window must not be visible at its old place either.
@@ -192,15 +178,15 @@ void X11PanelWindow::orderFront()
 {
     m_parking.stop();
     if (!m_window.isVisible()) {
-        setDockProperties();
+        m_dock.setProperties();
         m_window.setVisible(true);
-        moveTo(m_pixels);
+        m_dock.moveTo(m_pixels);
     }
     askForBlur();
     m_shadow.show(cornerPixels());
     updateShape();
     standAboveFullScreenWindow();
-    raise();
+    m_dock.raise();
 }
 
 void X11PanelWindow::takeFocus()
@@ -220,33 +206,13 @@ void X11PanelWindow::orderOut()
 
 void X11PanelWindow::park()
 {
-    QRect all;
-    for (const QRectF& frame : m_displays.frames())
-        all |= pixelsFromPoints(frame, frame);
-    const QRect beyondAll(all.bottomRight() + QPoint(2, 2), QSize(1, 1));
+    const QRect beyondAll = pixelBeyond(m_displays.frames());
     // When the window is shown, the toolkit sets the position and the size that it knows.
     m_window.setGeometry(beyondAll);
-    moveTo(beyondAll);
-    setDockProperties();
+    m_dock.moveTo(beyondAll);
+    m_dock.setProperties();
     m_window.setVisible(true);
-    moveTo(beyondAll);
-}
-
-// The window manager removes these states when a window is hidden, so they are set at each showing.
-void X11PanelWindow::setDockProperties()
-{
-    const auto window = static_cast<xcb_window_t>(m_window.winId());
-    const auto set = [&](QByteArrayView property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, m_atoms[property], type, 32,
-                            static_cast<std::uint32_t>(values.size()), values.data());
-    };
-    constexpr std::uint32_t allDesktops = 0xffffffff;
-    set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { m_atoms["_NET_WM_WINDOW_TYPE_DOCK"] });
-    set("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, { allDesktops });
-    set("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, { 0 });
-    set("_NET_WM_STATE", XCB_ATOM_ATOM,
-        { m_atoms["_NET_WM_STATE_ABOVE"], m_atoms["_NET_WM_STATE_STICKY"], m_atoms["_NET_WM_STATE_SKIP_TASKBAR"],
-          m_atoms["_NET_WM_STATE_SKIP_PAGER"] });
+    m_dock.moveTo(beyondAll);
 }
 
 // Some window managers put a focused full-screen window above every dock. None puts it above a window that is transient
@@ -262,14 +228,6 @@ void X11PanelWindow::standAboveFullScreenWindow()
                             1, &active);
     else
         xcb_delete_property(m_connection, window, XCB_ATOM_WM_TRANSIENT_FOR);
-}
-
-void X11PanelWindow::raise()
-{
-    const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-    xcb_configure_window(m_connection, static_cast<xcb_window_t>(m_window.winId()), XCB_CONFIG_WINDOW_STACK_MODE,
-                         &above);
-    xcb_flush(m_connection);
 }
 
 void X11PanelWindow::reserveSpace(const std::optional<QRectF>& frame)

@@ -2,6 +2,7 @@
 
 #include "FrameAnimation.h"
 #include "PanelWindow.h"
+#include "X11DockWindow.h"
 #include "X11PanelShadow.h"
 #include "XcbAtoms.h"
 
@@ -50,16 +51,13 @@ public:
 private:
     void place(const QRectF& frame);
     void park();
-    void setDockProperties();
     void standAboveFullScreenWindow();
-    void raise();
     void askForBlur();
     /// The outline of a window of that size, in pixels.
     [[nodiscard]] QRegion outline(const QSize& size) const;
     [[nodiscard]] int cornerPixels() const;
     void applyShape(const QRegion& pixels);
     void findDisplay(const QRectF& frame);
-    void moveTo(const QRect& pixels);
     /// The window's left edge in pixels: its target or its present position, whichever is farther right.
     [[nodiscard]] int farthestLeft() const;
     void updateShape();
@@ -70,6 +68,7 @@ private:
     const Compositing& m_compositing;
     xcb_connection_t* m_connection;
     XcbAtoms m_atoms;
+    X11DockWindow m_dock;
     X11PanelShadow m_shadow;
     FrameAnimation m_animation;
     QTimer m_parking;

@@ -28,6 +28,7 @@ set(may_see_x11/shadow "x11/xcb;platform;base")
 set(may_see_x11/settings "look;x11/selections;x11/xcb;platform;base")
 set(may_see_x11/selections "x11/xcb;platform;base")
 set(may_see_x11/xcb "base")
+set(may_see_x11/xwayland "x11;x11/selections;x11/xcb;screens;platform;base")
 set(may_see_clipboard "platform;base")
 set(may_see_wayland "clipboard;screens;platform;base")
 set(may_see_desktop "desktop/shortcuts;look;disk;platform;base")
@@ -51,7 +52,7 @@ set(may_see_app/services "app/version;app/settings;drop;triggers;shelf;shelf/ite
 set(may_see_app/shortcuts "platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;clipboard;x11;wayland;thumbnails;pictures"
+    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;clipboard;x11;x11/xwayland;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "XcbAtoms.h"
+
+#include <QRect>
+
+#include <cstdint>
+
+struct xcb_connection_t;
+
+namespace nookle {
+
+/// What the panel's windows have in common on X11. A managed window of the dock type is on all workspaces, above the
+/// others, in no window list, and takes no focus when it is shown. Some window managers deliver drags only to managed
+/// windows. Main thread only.
+class X11DockWindow final {
+public:
+    /// `connection` must outlive this object.
+    X11DockWindow(xcb_connection_t* connection, std::uint32_t window);
+
+    /// Makes the window a dock. Window managers remove some of the properties when a window is hidden, so call this
+    /// before each showing.
+    void setProperties();
+
+    /// Places the window on the root window, in pixels. Without the toolkit, which may convert points with the origin
+    /// of another display.
+    void moveTo(const QRect& pixels);
+
+    /// Stacks the window above its siblings.
+    void raise();
+
+    /// Lets the pointer through the window, except in this part of it, which is in pixels of the window.
+    void setInputShape(const QRect& pixels);
+
+private:
+    xcb_connection_t* m_connection;
+    std::uint32_t m_window;
+    XcbAtoms m_atoms;
+};
+
+} // namespace nookle

@@ -1,0 +1,96 @@
+#include "DragStrip.h"
+
+#include "X11Coordinates.h"
+
+#include <QDropEvent>
+#include <QPainter>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace nookle {
+
+namespace {
+
+/// The window's number on the server.
+[[nodiscard]] std::uint32_t createTransparent(QWindow& window)
+{
+    QSurfaceFormat transparent = window.format();
+    transparent.setAlphaBufferSize(8);
+    window.setFormat(transparent);
+    window.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+    return static_cast<std::uint32_t>(window.winId());
+}
+
+} // namespace
+
+DragStrip::DragStrip(QScreen& screen, const QRect& parking, xcb_connection_t* connection)
+    : m_display(screen.geometry())
+    , m_parking(parking)
+    , m_dock(connection, createTransparent(*this))
+{
+    setGeometry(m_parking);
+    m_dock.setProperties();
+    show();
+    m_dock.moveTo(m_parking);
+}
+
+DragStrip::~DragStrip() = default;
+
+void DragStrip::setNeeded(bool isNeeded)
+{
+    if (!isNeeded) {
+        m_dock.moveTo(m_parking);
+        return;
+    }
+    const QRectF edge(m_display.right() - thickness, m_display.top(), thickness, m_display.height());
+    m_dock.moveTo(pixelsFromPoints(edge, m_display));
+    m_dock.raise();
+}
+
+QPointF DragStrip::onDesktop(const QPointF& position) const
+{
+    const double x = m_display.right() - thickness + std::clamp(position.x(), 0.0, thickness - 0.5);
+    return { x, m_display.top() + std::clamp(position.y(), 0.0, m_display.height() - 1) };
+}
+
+bool DragStrip::event(QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+    case QEvent::MouseMove:
+        if (onPointerCame)
+            onPointerCame();
+        return true;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        handleDrag(static_cast<QDropEvent&>(*event));
+        return true;
+    case QEvent::DragLeave:
+        if (onDragLeft)
+            onDragLeft();
+        return true;
+    default:
+        return QRasterWindow::event(event);
+    }
+}
+
+void DragStrip::handleDrag(QDropEvent& event)
+{
+    // A drag of this program has its source here.
+    if (event.source() || !onDragEvent) {
+        event.ignore();
+        return;
+    }
+    onDragEvent(event, onDesktop(event.position()));
+}
+
+void DragStrip::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(QRect(QPoint(), size()), Qt::transparent);
+}
+
+} // namespace nookle

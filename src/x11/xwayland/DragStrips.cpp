@@ -1,0 +1,85 @@
+#include "DragStrips.h"
+
+#include "Displays.h"
+#include "EdgeInputMonitor.h"
+#include "ForeignDrags.h"
+#include "SeenPointer.h"
+#include "X11Coordinates.h"
+
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace nookle {
+
+DragStrips::DragStrips(const Services& services, xcb_connection_t* connection)
+    : m_services(services)
+    , m_connection(connection)
+{
+    m_services.input.onWatchedChanged = [this] { update(); };
+    m_services.drags.onChanged = [this] { update(); };
+    makeStrips();
+}
+
+DragStrips::~DragStrips()
+{
+    m_services.input.onWatchedChanged = nullptr;
+    m_services.drags.onChanged = nullptr;
+}
+
+void DragStrips::displaysChanged()
+{
+    m_strips.clear();
+    makeStrips();
+    for (const auto& strip : m_strips)
+        strip->setNeeded(m_areNeeded);
+}
+
+void DragStrips::makeStrips()
+{
+    const QRect parking = pixelBeyond(m_services.displays.frames());
+    for (QScreen* screen : QGuiApplication::screens()) {
+        // The toolkit has a screen of no size while there is no display.
+        if (screen->geometry().isEmpty())
+            continue;
+        auto strip = std::make_unique<DragStrip>(*screen, parking, m_connection);
+        strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) { handleDrag(event, position); };
+        strip->onDragLeft = [this] {
+            m_services.pointer.leave();
+            if (onDragLeft)
+                onDragLeft();
+        };
+        // No compositor lets the pointer come over a window while a drag is under way.
+        strip->onPointerCame = [this] { m_services.drags.end(); };
+        m_strips.push_back(std::move(strip));
+    }
+}
+
+void DragStrips::update()
+{
+    const bool areNeeded = m_services.input.isWatched() && m_services.drags.isUnderWay();
+    if (areNeeded == m_areNeeded)
+        return;
+    m_areNeeded = areNeeded;
+    if (onNeedChanged)
+        onNeedChanged();
+    for (const auto& strip : m_strips)
+        strip->setNeeded(areNeeded);
+}
+
+void DragStrips::handleDrag(QDropEvent& event, const QPointF& position)
+{
+    m_services.pointer.drag(position);
+    if (event.type() == QEvent::DragEnter)
+        m_services.input.dragHasReachedEdge();
+    if (onDragEvent)
+        onDragEvent(event, position);
+    else
+        event.ignore();
+    if (event.type() != QEvent::Drop)
+        return;
+    m_services.pointer.leave();
+    m_services.drags.end();
+}
+
+} // namespace nookle

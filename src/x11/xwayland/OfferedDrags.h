@@ -1,0 +1,49 @@
+#pragma once
+
+#include "DragOffers.h"
+#include "ForeignDrags.h"
+
+#include <memory>
+
+namespace nookle {
+
+class Cancellable;
+class MainQueue;
+
+/// Follows the drags of other programs through their offers. Nobody tells when a drag ends elsewhere, but a compositor
+/// may then withdraw its offer, so it is asked during the drag. Main thread only.
+class OfferedDrags final : public ForeignDrags {
+public:
+    /// The arguments must outlive this object.
+    OfferedDrags(DragOffers& offers, MainQueue& queue);
+    ~OfferedDrags() override;
+    OfferedDrags(const OfferedDrags&) = delete;
+    OfferedDrags& operator=(const OfferedDrags&) = delete;
+
+    [[nodiscard]] bool watch() override { return true; }
+    [[nodiscard]] bool isUnderWay() const override { return m_state != State::none; }
+    void end() override;
+
+    /// Whether the end of the present drag will be noticed wherever it ends.
+    [[nodiscard]] bool isKnownToGoOn() const { return m_state == State::answered; }
+
+private:
+    enum class State {
+        none,
+        begun,
+        /// The compositor has said that it offers content, so a refusal means the end. Not all of them answer.
+        answered,
+    };
+
+    void ownerChanged(DragOwner owner);
+    void answered(bool isOffered);
+    void setState(State state);
+
+    DragOffers& m_offers;
+    MainQueue& m_queue;
+    State m_state = State::none;
+    std::unique_ptr<Cancellable> m_questions;
+    std::unique_ptr<Cancellable> m_longestDrag;
+};
+
+} // namespace nookle

@@ -1,0 +1,97 @@
+#include "X11DragOffers.h"
+
+#include "XcbReply.h"
+
+#include <xcb/xcb.h>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr const char* dragSelection = "XdndSelection";
+inline constexpr const char* listOfTargets = "TARGETS";
+inline constexpr const char* answerProperty = "NOOKLE_DRAG_TARGETS";
+inline constexpr const char* managerWindow = "_NET_SUPPORTING_WM_CHECK";
+
+[[nodiscard]] xcb_screen_t& screenOf(xcb_connection_t* connection)
+{
+    return *xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
+}
+
+/// Whether the same program has made both windows.
+[[nodiscard]] bool haveSameMaker(std::uint32_t window, std::uint32_t other, xcb_connection_t* connection)
+{
+    const std::uint32_t ownPart = xcb_get_setup(connection)->resource_id_mask;
+    return (window & ~ownPart) == (other & ~ownPart);
+}
+
+} // namespace
+
+X11DragOffers::X11DragOffers(xcb_connection_t* connection)
+    : m_connection(connection)
+    , m_atoms(connection, { dragSelection, listOfTargets, answerProperty, managerWindow })
+    , m_watch(connection, dragSelection)
+{
+    m_watch.onChanged = [this] { ownerChanged(); };
+}
+
+X11DragOffers::~X11DragOffers() = default;
+
+// Under XWayland the compositor is the window manager.
+bool X11DragOffers::isOfCompositor(std::uint32_t window) const
+{
+    const auto manager = xcbNumbers(m_connection, screenOf(m_connection).root, m_atoms[managerWindow]);
+    return !manager.empty() && haveSameMaker(window, manager.front(), m_connection);
+}
+
+void X11DragOffers::ownerChanged()
+{
+    const std::uint32_t owner = m_watch.owner();
+    if (owner == XCB_WINDOW_NONE)
+        onOwnerChanged(DragOwner::none);
+    else if (haveSameMaker(owner, xcb_get_setup(m_connection)->resource_id_base, m_connection))
+        onOwnerChanged(DragOwner::thisProgram);
+    else
+        onOwnerChanged(isOfCompositor(owner) ? DragOwner::compositor : DragOwner::otherProgram);
+}
+
+bool X11DragOffers::connectToServer()
+{
+    if (m_questions)
+        return true;
+    XcbConnection connection(xcb_connect(nullptr, nullptr));
+    if (xcb_connection_has_error(connection.get()) != 0)
+        return false;
+    const xcb_screen_t& screen = screenOf(connection.get());
+    m_requestor = xcb_generate_id(connection.get());
+    xcb_create_window(connection.get(), 0, m_requestor, screen.root, 0, 0, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
+                      screen.root_visual, 0, nullptr);
+    m_questions = std::move(connection);
+    m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_questions.get()), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11DragOffers::readEvents);
+    return true;
+}
+
+void X11DragOffers::ask()
+{
+    if (!connectToServer())
+        return;
+    xcb_convert_selection(m_questions.get(), m_requestor, m_atoms[dragSelection], m_atoms[listOfTargets],
+                          m_atoms[answerProperty], XCB_CURRENT_TIME);
+    xcb_flush(m_questions.get());
+}
+
+// The list itself does not matter. The next answer overwrites it.
+void X11DragOffers::readEvents()
+{
+    while (const auto event = owned(xcb_poll_for_event(m_questions.get()))) {
+        if ((event->response_type & 0x7f) == XCB_SELECTION_NOTIFY)
+            onAnswered(reinterpret_cast<const xcb_selection_notify_event_t&>(*event).property != XCB_ATOM_NONE);
+    }
+    if (xcb_connection_has_error(m_questions.get()) == 0)
+        return;
+    m_notifier.reset();
+    m_questions.reset();
+}
+
+} // namespace nookle

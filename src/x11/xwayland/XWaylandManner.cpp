@@ -1,0 +1,79 @@
+#include "XWaylandManner.h"
+
+#include "Compositing.h"
+#include "DragStrips.h"
+#include "EdgeInputMonitor.h"
+#include "OfferedDrags.h"
+#include "QtMainQueue.h"
+#include "X11DragOffers.h"
+#include "XWaylandPanelWindow.h"
+#include "XWaylandPointer.h"
+
+#include <QPointer>
+
+namespace nookle {
+
+namespace {
+
+/// Every compositor shows what lies below transparent parts of a window.
+class XWaylandCompositing final : public Compositing {
+public:
+    [[nodiscard]] Backdrop backdrop() const override { return Backdrop::translucent; }
+};
+
+class XWaylandManner final : public X11Manner {
+public:
+    explicit XWaylandManner(const X11Server& server)
+        : m_server(server)
+        , m_offers(server.connection)
+        , m_drags(m_offers, m_queue)
+        , m_pointer(m_drags)
+        , m_strips({ m_input, m_pointer, m_drags, server.displays }, server.connection)
+    {
+    }
+
+    [[nodiscard]] const Pointer& pointer() const override { return m_pointer; }
+    [[nodiscard]] InputMonitor& inputMonitor() override { return m_input; }
+    [[nodiscard]] Compositing& compositing() override { return m_compositing; }
+    [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
+    void displaysChanged() override { m_strips.displaysChanged(); }
+    void dragBegins() override {}
+
+private:
+    X11Server m_server;
+    QtMainQueue m_queue;
+    X11DragOffers m_offers;
+    OfferedDrags m_drags;
+    XWaylandPointer m_pointer;
+    EdgeInputMonitor m_input;
+    XWaylandCompositing m_compositing;
+    DragStrips m_strips;
+};
+
+std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double /*cornerRadius*/)
+{
+    auto panel = std::make_unique<XWaylandPanelWindow>(
+        window, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags }, m_server.connection);
+    m_strips.onDragEvent = [panel = QPointer(panel.get())](QDropEvent& event, const QPointF& position) {
+        if (panel)
+            panel->handleDragElsewhere(event, position);
+    };
+    m_strips.onDragLeft = [panel = QPointer(panel.get())] {
+        if (panel)
+            panel->dragHasLeftElsewhere();
+    };
+    m_strips.onNeedChanged = [this, panel = QPointer(panel.get())] {
+        if (panel)
+            panel->setEdgeTaken(m_strips.areNeeded());
+    };
+    return panel;
+}
+
+} // namespace
+
+std::unique_ptr<X11Manner> makeXWaylandManner(const X11Server& server)
+{
+    return std::make_unique<XWaylandManner>(server);
+}
+
+} // namespace nookle

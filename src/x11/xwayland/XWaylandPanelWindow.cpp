@@ -1,0 +1,219 @@
+#include "XWaylandPanelWindow.h"
+
+#include "Displays.h"
+#include "DragForwarding.h"
+#include "DragStrip.h"
+#include "ForeignDrags.h"
+#include "SeenPointer.h"
+#include "X11Coordinates.h"
+
+#include <QCoreApplication>
+#include <QDropEvent>
+#include <QEnterEvent>
+#include <QMouseEvent>
+#include <QResizeEvent>
+#include <QWindow>
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
+
+/// The compositor tells where the pointer is after a drop only once it moves again.
+inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
+
+} // namespace
+
+XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection)
+    : m_window(window)
+    , m_services(services)
+    , m_dock(connection, static_cast<std::uint32_t>(window.winId()))
+    , m_animation([this](const QRectF& frame) { place(frame); })
+{
+    m_window.installEventFilter(this);
+    m_parking.setSingleShot(true);
+    connect(&m_parking, &QTimer::timeout, this, &XWaylandPanelWindow::park);
+    m_afterDrop.setSingleShot(true);
+    m_afterDrop.setInterval(timeToTellOfThePointer);
+    connect(&m_afterDrop, &QTimer::timeout, this, [this] { m_services.pointer.leave(); });
+    park();
+}
+
+XWaylandPanelWindow::~XWaylandPanelWindow() = default;
+
+void XWaylandPanelWindow::setFrame(const QRectF& frame)
+{
+    m_animation.stop();
+    findDisplay(frame);
+    place(frame);
+    if (m_isShown)
+        orderFront();
+}
+
+// The panel's own display covers the point just left of its frame, both at the start of the slide and at rest.
+void XWaylandPanelWindow::findDisplay(const QRectF& frame)
+{
+    m_display = frameAt(m_services.displays.frames(), QPointF(frame.left() - 1, frame.center().y())).value_or(frame);
+}
+
+void XWaylandPanelWindow::place(const QRectF& frame)
+{
+    m_frame = frame;
+    m_resting = frame.translated(m_display.right() - frame.right(), 0);
+    moveContent();
+}
+
+// A parked window has no content that could be drawn.
+void XWaylandPanelWindow::moveContent()
+{
+    if (m_isShown && onContentMoved)
+        onContentMoved(std::max(0.0, m_frame.left() - m_resting.left()));
+}
+
+void XWaylandPanelWindow::orderFront()
+{
+    m_parking.stop();
+    m_isShown = true;
+    const QRect resting = m_resting.toRect();
+    m_window.setGeometry(resting);
+    if (!m_window.isVisible()) {
+        m_dock.setProperties();
+        m_window.setVisible(true);
+    }
+    m_dock.moveTo(pixelsFromPoints(m_resting, m_display));
+    updateInputShape();
+    m_dock.raise();
+    // The toolkit would tell the widget of its size only when the server has confirmed it.
+    QResizeEvent resized(resting.size(), m_window.size());
+    QCoreApplication::sendEvent(&m_window, &resized);
+    moveContent();
+}
+
+void XWaylandPanelWindow::takeFocus()
+{
+    m_window.requestActivate();
+}
+
+void XWaylandPanelWindow::orderOut()
+{
+    m_animation.stop();
+    m_isShown = false;
+    m_afterDrop.stop();
+    m_services.pointer.leave();
+    // Hiding the window for a moment makes the compositor give the focus to another window, if the panel has it.
+    m_window.setVisible(false);
+    m_parking.start(timeToLoseTheFocus);
+}
+
+void XWaylandPanelWindow::park()
+{
+    // The picture of a content that slides is out of date at the next showing.
+    if (onContentMoved)
+        onContentMoved(0);
+    const QRect beyondAll = pixelBeyond(m_services.displays.frames());
+    // When the window is shown, the toolkit sets the position and the size that it knows.
+    m_window.setGeometry(beyondAll);
+    m_dock.setProperties();
+    m_window.setVisible(true);
+    m_dock.moveTo(beyondAll);
+}
+
+void XWaylandPanelWindow::setEdgeTaken(bool isTaken)
+{
+    m_isEdgeTaken = isTaken;
+    if (m_isShown)
+        updateInputShape();
+}
+
+// A drag that is let go on the strip without a further movement would be lost if the panel took its place.
+void XWaylandPanelWindow::updateInputShape()
+{
+    const double edge = m_isEdgeTaken ? DragStrip::thickness : 0;
+    const QRect window = pixelsFromPoints(m_resting, m_display);
+    const QRect taken = pixelsFromPoints(m_resting.adjusted(0, 0, -edge, 0), m_display);
+    m_dock.setInputShape(taken.translated(-window.topLeft()));
+}
+
+void XWaylandPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing,
+                                       std::function<void()> completion)
+{
+    findDisplay(frame);
+    m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
+}
+
+void XWaylandPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& position)
+{
+    if (!m_isShown) {
+        event.ignore();
+        return;
+    }
+    const QPointF inPanel = position - m_resting.topLeft();
+    forwardDrag(
+        event, m_window,
+        { std::clamp(inPanel.x(), 0.0, m_resting.width() - 1), std::clamp(inPanel.y(), 0.0, m_resting.height() - 1) });
+}
+
+void XWaylandPanelWindow::dragHasLeftElsewhere()
+{
+    if (!m_isShown)
+        return;
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&m_window, &leave);
+}
+
+QPointF XWaylandPanelWindow::onDesktop(const QPointF& position) const
+{
+    return m_resting.topLeft() + position;
+}
+
+void XWaylandPanelWindow::handleDrag(const QDropEvent& event)
+{
+    const QPointF position = onDesktop(event.position());
+    if (event.type() != QEvent::Drop) {
+        m_services.pointer.drag(position);
+        return;
+    }
+    m_services.pointer.move(position);
+    m_afterDrop.start();
+    m_services.drags.end();
+}
+
+bool XWaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+        m_afterDrop.stop();
+        // No compositor lets the pointer come over a window while a drag of another program is under way.
+        m_services.drags.end();
+        m_services.pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
+        if (onMouseEntered)
+            onMouseEntered();
+        break;
+    case QEvent::MouseMove:
+        m_services.pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
+        break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        handleDrag(static_cast<const QDropEvent&>(*event));
+        break;
+    case QEvent::Leave:
+        m_services.pointer.leave();
+        if (onMouseExited)
+            onMouseExited();
+        break;
+    case QEvent::DragLeave:
+        m_services.pointer.leave();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace nookle

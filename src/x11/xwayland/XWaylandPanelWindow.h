@@ -1,0 +1,82 @@
+#pragma once
+
+#include "FrameAnimation.h"
+#include "PanelWindow.h"
+#include "X11DockWindow.h"
+
+#include <QObject>
+#include <QRect>
+#include <QRectF>
+#include <QTimer>
+
+class QDropEvent;
+class QWindow;
+
+namespace nookle {
+
+class Displays;
+class ForeignDrags;
+class SeenPointer;
+
+/// The shelf's window under XWayland. It does not move while it is shown: its content slides within it, because a
+/// compositor forgets a drag over a window that moves below the pointer. During a drag the edge of the display belongs
+/// to the strip there. While the panel is hidden, its window is parked beyond all displays. Main thread only.
+class XWaylandPanelWindow final : public QObject, public PanelWindow {
+    Q_OBJECT
+
+public:
+    struct Services {
+        const Displays& displays;
+        SeenPointer& pointer;
+        ForeignDrags& drags;
+    };
+
+    /// All arguments must outlive this object. `window` has been created but not shown.
+    XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection);
+    ~XWaylandPanelWindow() override;
+
+    void setFrame(const QRectF& frame) override;
+    [[nodiscard]] QRectF frame() const override { return m_frame; }
+    void orderFront() override;
+    void takeFocus() override;
+    void orderOut() override;
+    void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
+
+    /// Call this when the strips have come to the edges of the displays (true) or are gone.
+    void setEdgeTaken(bool isTaken);
+
+    /// Handles an event of a drag that is at `position` of the desktop, over another window of this program. A drag
+    /// that reaches the edge is taken even if its pointer does not move on to the panel.
+    void handleDragElsewhere(QDropEvent& event, const QPointF& position);
+
+    /// Call this when such a drag has left the other window.
+    void dragHasLeftElsewhere();
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void place(const QRectF& frame);
+    void findDisplay(const QRectF& frame);
+    void moveContent();
+    void updateInputShape();
+    void park();
+    void handleDrag(const QDropEvent& event);
+    [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
+
+    QWindow& m_window;
+    Services m_services;
+    X11DockWindow m_dock;
+    FrameAnimation m_animation;
+    QTimer m_parking;
+    /// Runs from a drop until the compositor says where the pointer is.
+    QTimer m_afterDrop;
+    QRectF m_frame;
+    /// Where the window is: the frame's place once it has slid in.
+    QRectF m_resting;
+    /// The full frame of the display that the panel belongs to.
+    QRectF m_display;
+    bool m_isShown = false;
+    bool m_isEdgeTaken = false;
+};
+
+} // namespace nookle
