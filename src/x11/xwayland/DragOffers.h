@@ -19,11 +19,11 @@ class DragOffers {
 public:
     virtual ~DragOffers() = default;
 
-    /// Asks the owner whether it still offers content. It may take its time, or never answer.
+    /// Asks whether the present drag goes on. The answer may take its time, or never come.
     virtual void ask() = 0;
 
     /// Called with each answer to `ask`. Set by the owner of this object.
-    std::function<void(bool isOffered)> onAnswered = [](bool) {};
+    std::function<void(bool goesOn)> onAnswered = [](bool) {};
 
     /// Called when a drag begins, and when one is known to have ended (`none`). Set by the owner of this object.
     std::function<void(DragOwner)> onOwnerChanged = [](DragOwner) {};

@@ -20,7 +20,7 @@ OfferedDrags::OfferedDrags(DragOffers& offers, MainQueue& queue)
     , m_queue(queue)
 {
     m_offers.onOwnerChanged = [this](DragOwner owner) { ownerChanged(owner); };
-    m_offers.onAnswered = [this](bool isOffered) { answered(isOffered); };
+    m_offers.onAnswered = [this](bool goesOn) { answered(goesOn); };
 }
 
 OfferedDrags::~OfferedDrags()
@@ -36,24 +36,24 @@ void OfferedDrags::end()
     setState(State::none);
 }
 
-// The source of a drag is never asked if it is an X11 program: many go on offering the content after the drag. This
-// program must not be asked because the answer would come from the middle of its own drag.
+// Nobody is asked about this program's own drag: it knows by itself when that ends.
 void OfferedDrags::ownerChanged(DragOwner owner)
 {
     end();
     if (owner == DragOwner::none || owner == DragOwner::thisProgram)
         return;
     m_longestDrag = m_queue.after(longestDrag, [this] { end(); });
-    if (owner == DragOwner::compositor)
-        m_questions = m_queue.every(timeBetweenQuestions, [this] { m_offers.ask(); });
+    m_questions = m_queue.every(timeBetweenQuestions, [this] { m_offers.ask(); });
     setState(State::begun);
+    // A short drag would otherwise be over before the first answer, and its end would not be known.
+    m_offers.ask();
 }
 
-void OfferedDrags::answered(bool isOffered)
+void OfferedDrags::answered(bool goesOn)
 {
     if (!m_questions)
         return;
-    if (isOffered)
+    if (goesOn)
         setState(State::answered);
     else if (m_state == State::answered)
         end();

@@ -10,8 +10,8 @@ namespace nookle {
 class Cancellable;
 class MainQueue;
 
-/// Follows the drags of other programs through their offers. Nobody tells when a drag ends elsewhere, but a compositor
-/// may then withdraw its offer, so it is asked during the drag. Main thread only.
+/// Follows the drags of other programs. Nobody tells when a drag ends elsewhere, so that is asked again and again. Main
+/// thread only.
 class OfferedDrags final : public ForeignDrags {
 public:
     /// The arguments must outlive this object.
@@ -31,12 +31,12 @@ private:
     enum class State {
         none,
         begun,
-        /// The compositor has said that it offers content, so a refusal means the end. Not all of them answer.
+        /// Somebody has said that the drag goes on, so a "no" means its end. Not all compositors say so.
         answered,
     };
 
     void ownerChanged(DragOwner owner);
-    void answered(bool isOffered);
+    void answered(bool goesOn);
     void setState(State state);
 
     DragOffers& m_offers;

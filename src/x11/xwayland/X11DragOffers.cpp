@@ -32,7 +32,7 @@ X11DragOffers::X11DragOffers(xcb_connection_t* connection)
     , m_atoms(connection, { dragSelection, listOfTargets, answerProperty, managerWindow })
     , m_watch(connection, dragSelection)
 {
-    m_watch.onChanged = [this] { ownerChanged(); };
+    m_watch.onChanged = [this] { onOwnerChanged(present()); };
 }
 
 X11DragOffers::~X11DragOffers() = default;
@@ -44,15 +44,14 @@ bool X11DragOffers::isOfCompositor(std::uint32_t window) const
     return !manager.empty() && haveSameMaker(window, manager.front(), m_connection);
 }
 
-void X11DragOffers::ownerChanged()
+DragOwner X11DragOffers::present() const
 {
     const std::uint32_t owner = m_watch.owner();
     if (owner == XCB_WINDOW_NONE)
-        onOwnerChanged(DragOwner::none);
-    else if (haveSameMaker(owner, xcb_get_setup(m_connection)->resource_id_base, m_connection))
-        onOwnerChanged(DragOwner::thisProgram);
-    else
-        onOwnerChanged(isOfCompositor(owner) ? DragOwner::compositor : DragOwner::otherProgram);
+        return DragOwner::none;
+    if (haveSameMaker(owner, xcb_get_setup(m_connection)->resource_id_base, m_connection))
+        return DragOwner::thisProgram;
+    return isOfCompositor(owner) ? DragOwner::compositor : DragOwner::otherProgram;
 }
 
 bool X11DragOffers::connectToServer()
@@ -76,9 +75,26 @@ void X11DragOffers::ask()
 {
     if (!connectToServer())
         return;
+    const DragOwner owner = present();
+    if (owner == DragOwner::compositor)
+        askCompositor();
+    else if (owner == DragOwner::otherProgram)
+        askForButton();
+}
+
+void X11DragOffers::askCompositor()
+{
     xcb_convert_selection(m_questions.get(), m_requestor, m_atoms[dragSelection], m_atoms[listOfTargets],
                           m_atoms[answerProperty], XCB_CURRENT_TIME);
     xcb_flush(m_questions.get());
+}
+
+void X11DragOffers::askForButton()
+{
+    const auto cookie = xcb_query_pointer(m_questions.get(), screenOf(m_questions.get()).root);
+    const auto reply = owned(xcb_query_pointer_reply(m_questions.get(), cookie, nullptr));
+    if (reply)
+        onAnswered((reply->mask & XCB_BUTTON_MASK_1) != 0);
 }
 
 // The list itself does not matter. The next answer overwrites it.

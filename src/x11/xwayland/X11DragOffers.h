@@ -13,8 +13,9 @@
 
 namespace nookle {
 
-/// Watches the selection XdndSelection, which the source of a drag owns. Asks on a connection of its own, so that the
-/// toolkit gets none of the answers. Main thread only.
+/// Watches the selection XdndSelection, which the source of a drag owns. The compositor, which owns it for Wayland
+/// programs, withdraws its offer when the drag ends. An X11 program may not; but the server knows of its drag's button.
+/// Asks on a connection of its own, so that the toolkit gets none of the answers. Main thread only.
 class X11DragOffers final : public QObject, public DragOffers {
     Q_OBJECT
 
@@ -26,9 +27,11 @@ public:
     void ask() override;
 
 private:
-    void ownerChanged();
     [[nodiscard]] bool connectToServer();
+    [[nodiscard]] DragOwner present() const;
     [[nodiscard]] bool isOfCompositor(std::uint32_t window) const;
+    void askCompositor();
+    void askForButton();
     void readEvents();
 
     xcb_connection_t* m_connection;
