@@ -5,11 +5,16 @@
 #include "EdgeInputMonitor.h"
 #include "OfferedDrags.h"
 #include "QtMainQueue.h"
+#include "StalledDrag.h"
 #include "X11DragOffers.h"
+#include "X11Pointer.h"
 #include "XWaylandPanelWindow.h"
 #include "XWaylandPointer.h"
 
+#include <QDrag>
 #include <QPointer>
+
+#include <xcb/xcb.h>
 
 namespace nookle {
 
@@ -28,8 +33,11 @@ public:
         , m_offers(server.connection)
         , m_drags(m_offers, m_queue)
         , m_pointer(m_drags)
+        , m_serverPointer(server.queries, xcb_setup_roots_iterator(xcb_get_setup(server.connection)).data->root)
+        , m_ownDrag(m_serverPointer, m_queue)
         , m_strips({ m_input, m_pointer, m_drags, server.displays }, server.connection)
     {
+        m_ownDrag.onStalled = &QDrag::cancel;
     }
 
     [[nodiscard]] const Pointer& pointer() const override { return m_pointer; }
@@ -37,7 +45,7 @@ public:
     [[nodiscard]] Compositing& compositing() override { return m_compositing; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
     void displaysChanged() override { m_strips.displaysChanged(); }
-    void dragBegins() override {}
+    void dragBegins() override { m_ownDrag.begin(); }
 
 private:
     X11Server m_server;
@@ -45,6 +53,9 @@ private:
     X11DragOffers m_offers;
     OfferedDrags m_drags;
     XWaylandPointer m_pointer;
+    /// The server knows where the pointer is during a drag of an X11 program.
+    X11Pointer m_serverPointer;
+    StalledDrag m_ownDrag;
     EdgeInputMonitor m_input;
     XWaylandCompositing m_compositing;
     DragStrips m_strips;
@@ -53,7 +64,7 @@ private:
 std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double /*cornerRadius*/)
 {
     auto panel = std::make_unique<XWaylandPanelWindow>(
-        window, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags }, m_server.connection);
+        window, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags, m_queue }, m_server.connection);
     m_strips.onDragEvent = [panel = QPointer(panel.get())](QDropEvent& event, const QPointF& position) {
         if (panel)
             panel->handleDragElsewhere(event, position);

@@ -33,9 +33,11 @@ XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& servic
     : m_window(window)
     , m_services(services)
     , m_dock(connection, static_cast<std::uint32_t>(window.winId()))
+    , m_menu(window, services.queue)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
+    m_menu.onAbandoned = [this] { m_isPointerElsewhere = true; };
     m_parking.setSingleShot(true);
     connect(&m_parking, &QTimer::timeout, this, &XWaylandPanelWindow::park);
     m_afterDrop.setSingleShot(true);
@@ -183,18 +185,34 @@ void XWaylandPanelWindow::handleDrag(const QDropEvent& event)
     m_services.drags.end();
 }
 
+// No compositor lets the pointer come over a window while a drag of another program is under way. When a menu has
+// closed while the pointer is over a Wayland program, the X server says that it is where it was last.
+void XWaylandPanelWindow::pointerCame(const QPointF& position)
+{
+    m_afterDrop.stop();
+    m_services.drags.end();
+    m_services.pointer.move(onDesktop(position));
+    if (onMouseEntered)
+        onMouseEntered();
+}
+
+void XWaylandPanelWindow::pointerLeft()
+{
+    m_services.pointer.leave();
+    if (onMouseExited)
+        onMouseExited();
+}
+
 bool XWaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Enter:
-        m_afterDrop.stop();
-        // No compositor lets the pointer come over a window while a drag of another program is under way.
-        m_services.drags.end();
-        m_services.pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
-        if (onMouseEntered)
-            onMouseEntered();
+        if (!m_isPointerElsewhere)
+            pointerCame(static_cast<QEnterEvent*>(event)->position());
         break;
     case QEvent::MouseMove:
+        if (std::exchange(m_isPointerElsewhere, false))
+            pointerCame(static_cast<QMouseEvent*>(event)->position());
         m_services.pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
         break;
     case QEvent::DragEnter:
@@ -203,9 +221,7 @@ bool XWaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
         handleDrag(static_cast<const QDropEvent&>(*event));
         break;
     case QEvent::Leave:
-        m_services.pointer.leave();
-        if (onMouseExited)
-            onMouseExited();
+        pointerLeft();
         break;
     case QEvent::DragLeave:
         m_services.pointer.leave();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AbandonedMenu.h"
 #include "FrameAnimation.h"
 #include "PanelWindow.h"
 #include "X11DockWindow.h"
@@ -16,6 +17,7 @@ namespace nookle {
 
 class Displays;
 class ForeignDrags;
+class MainQueue;
 class SeenPointer;
 
 /// The shelf's window under XWayland. It does not move while it is shown: its content slides within it, because a
@@ -29,6 +31,7 @@ public:
         const Displays& displays;
         SeenPointer& pointer;
         ForeignDrags& drags;
+        MainQueue& queue;
     };
 
     /// All arguments must outlive this object. `window` has been created but not shown.
@@ -61,11 +64,14 @@ private:
     void updateInputShape();
     void park();
     void handleDrag(const QDropEvent& event);
+    void pointerCame(const QPointF& position);
+    void pointerLeft();
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
     QWindow& m_window;
     Services m_services;
     X11DockWindow m_dock;
+    AbandonedMenu m_menu;
     FrameAnimation m_animation;
     QTimer m_parking;
     /// Runs from a drop until the compositor says where the pointer is.
@@ -77,6 +83,8 @@ private:
     QRectF m_display;
     bool m_isShown = false;
     bool m_isEdgeTaken = false;
+    /// True from the closing of an abandoned menu until the pointer moves over the panel.
+    bool m_isPointerElsewhere = false;
 };
 
 } // namespace nookle
