@@ -14,23 +14,32 @@ X11DockWindow::X11DockWindow(xcb_connection_t* connection, std::uint32_t window)
     , m_atoms(connection,
               { "_NET_WM_DESKTOP", "_NET_WM_STATE", "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_PAGER",
                 "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_USER_TIME", "_NET_WM_WINDOW_TYPE",
-                "_NET_WM_WINDOW_TYPE_DOCK" })
+                "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_UTILITY" })
 {
+}
+
+void X11DockWindow::setNumbers(QByteArrayView property, std::uint32_t type, const std::vector<std::uint32_t>& numbers)
+{
+    xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, m_atoms[property], type, 32,
+                        static_cast<std::uint32_t>(numbers.size()), numbers.data());
 }
 
 void X11DockWindow::setProperties()
 {
-    const auto set = [&](QByteArrayView property, xcb_atom_t type, const std::vector<std::uint32_t>& values) {
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, m_window, m_atoms[property], type, 32,
-                            static_cast<std::uint32_t>(values.size()), values.data());
-    };
     constexpr std::uint32_t allDesktops = 0xffffffff;
-    set("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { m_atoms["_NET_WM_WINDOW_TYPE_DOCK"] });
-    set("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, { allDesktops });
-    set("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, { 0 });
-    set("_NET_WM_STATE", XCB_ATOM_ATOM,
-        { m_atoms["_NET_WM_STATE_ABOVE"], m_atoms["_NET_WM_STATE_STICKY"], m_atoms["_NET_WM_STATE_SKIP_TASKBAR"],
-          m_atoms["_NET_WM_STATE_SKIP_PAGER"] });
+    setReachedByDrags(false);
+    setNumbers("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, { allDesktops });
+    setNumbers("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, { 0 });
+    setNumbers("_NET_WM_STATE", XCB_ATOM_ATOM,
+               { m_atoms["_NET_WM_STATE_ABOVE"], m_atoms["_NET_WM_STATE_STICKY"], m_atoms["_NET_WM_STATE_SKIP_TASKBAR"],
+                 m_atoms["_NET_WM_STATE_SKIP_PAGER"] });
+}
+
+void X11DockWindow::setReachedByDrags(bool isReached)
+{
+    setNumbers("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
+               { m_atoms[isReached ? "_NET_WM_WINDOW_TYPE_UTILITY" : "_NET_WM_WINDOW_TYPE_DOCK"] });
+    xcb_flush(m_connection);
 }
 
 void X11DockWindow::moveTo(const QRect& pixels)

@@ -5,6 +5,7 @@
 #include <QRect>
 
 #include <cstdint>
+#include <vector>
 
 struct xcb_connection_t;
 
@@ -22,6 +23,11 @@ public:
     /// before each showing.
     void setProperties();
 
+    /// Makes the window an ordinary tool window (true) instead of a dock, without changing its place. Some compositors
+    /// give drags of X11 programs to what lies below a dock. They may move a tool window that is not wholly inside a
+    /// display.
+    void setReachedByDrags(bool isReached);
+
     /// Places the window on the root window, in pixels. Without the toolkit, which may convert points with the origin
     /// of another display.
     void moveTo(const QRect& pixels);
@@ -33,6 +39,8 @@ public:
     void setInputShape(const QRect& pixels);
 
 private:
+    void setNumbers(QByteArrayView property, std::uint32_t type, const std::vector<std::uint32_t>& numbers);
+
     xcb_connection_t* m_connection;
     std::uint32_t m_window;
     XcbAtoms m_atoms;

@@ -4,7 +4,6 @@
 
 #include <QDropEvent>
 #include <QPainter>
-#include <QScreen>
 
 #include <algorithm>
 
@@ -18,14 +17,15 @@ namespace {
     QSurfaceFormat transparent = window.format();
     transparent.setAlphaBufferSize(8);
     window.setFormat(transparent);
-    window.setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
+    window.setFlags(Qt::Window | Qt::FramelessWindowHint);
     return static_cast<std::uint32_t>(window.winId());
 }
 
 } // namespace
 
-DragStrip::DragStrip(QScreen& screen, const QRect& parking, xcb_connection_t* connection)
-    : m_display(screen.geometry())
+DragStrip::DragStrip(const QRectF& display, const QRectF& usable, const QRect& parking, xcb_connection_t* connection)
+    : m_display(display)
+    , m_edge(usable.right() - thickness, usable.top(), thickness, usable.height())
     , m_parking(parking)
     , m_dock(connection, createTransparent(*this))
 {
@@ -39,19 +39,19 @@ DragStrip::~DragStrip() = default;
 
 void DragStrip::setNeeded(bool isNeeded)
 {
+    m_dock.setReachedByDrags(isNeeded);
     if (!isNeeded) {
         m_dock.moveTo(m_parking);
         return;
     }
-    const QRectF edge(m_display.right() - thickness, m_display.top(), thickness, m_display.height());
-    m_dock.moveTo(pixelsFromPoints(edge, m_display));
+    m_dock.moveTo(pixelsFromPoints(m_edge, m_display));
     m_dock.raise();
 }
 
 QPointF DragStrip::onDesktop(const QPointF& position) const
 {
-    const double x = m_display.right() - thickness + std::clamp(position.x(), 0.0, thickness - 0.5);
-    return { x, m_display.top() + std::clamp(position.y(), 0.0, m_display.height() - 1) };
+    return { m_edge.left() + std::clamp(position.x(), 0.0, thickness - 0.5),
+             m_edge.top() + std::clamp(position.y(), 0.0, m_edge.height() - 1) };
 }
 
 bool DragStrip::event(QEvent* event)

@@ -9,7 +9,6 @@
 #include <functional>
 
 class QDropEvent;
-class QScreen;
 
 namespace nookle {
 
@@ -22,8 +21,9 @@ class DragStrip final : public QRasterWindow {
 public:
     static constexpr int thickness = 3;
 
-    /// A parked strip. `parking` is in pixels; `screen` is the display's.
-    DragStrip(QScreen& screen, const QRect& parking, xcb_connection_t* connection);
+    /// A parked strip. `usable` is the part of the display that the desktop's own panels leave free; `parking` is in
+    /// pixels.
+    DragStrip(const QRectF& display, const QRectF& usable, const QRect& parking, xcb_connection_t* connection);
     ~DragStrip() override;
 
     /// Puts the strip at the edge of its display, or parks it.
@@ -46,6 +46,8 @@ private:
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
     QRectF m_display;
+    /// The strip's place when it is needed, in points.
+    QRectF m_edge;
     QRect m_parking;
     X11DockWindow m_dock;
 };

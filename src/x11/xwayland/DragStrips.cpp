@@ -7,8 +7,6 @@
 #include "X11Coordinates.h"
 
 #include <QDropEvent>
-#include <QGuiApplication>
-#include <QScreen>
 
 namespace nookle {
 
@@ -38,11 +36,9 @@ void DragStrips::displaysChanged()
 void DragStrips::makeStrips()
 {
     const QRect parking = pixelBeyond(m_services.displays.frames());
-    for (QScreen* screen : QGuiApplication::screens()) {
-        // The toolkit has a screen of no size while there is no display.
-        if (screen->geometry().isEmpty())
-            continue;
-        auto strip = std::make_unique<DragStrip>(*screen, parking, m_connection);
+    for (const QRectF& frame : m_services.displays.frames()) {
+        const QRectF usable = m_services.displays.visibleFrame(frame);
+        auto strip = std::make_unique<DragStrip>(frame, usable, parking, m_connection);
         strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) { handleDrag(event, position); };
         strip->onDragLeft = [this] {
             m_services.pointer.leave();

@@ -45,7 +45,7 @@ public:
     [[nodiscard]] Compositing& compositing() override { return m_compositing; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
     void displaysChanged() override { m_strips.displaysChanged(); }
-    void dragBegins() override { m_ownDrag.begin(); }
+    void dragBegins() override;
 
 private:
     X11Server m_server;
@@ -59,23 +59,32 @@ private:
     EdgeInputMonitor m_input;
     XWaylandCompositing m_compositing;
     DragStrips m_strips;
+    QPointer<XWaylandPanelWindow> m_panel;
 };
+
+void XWaylandManner::dragBegins()
+{
+    m_ownDrag.begin();
+    if (m_panel)
+        m_panel->beginOwnDrag();
+}
 
 std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double /*cornerRadius*/)
 {
     auto panel = std::make_unique<XWaylandPanelWindow>(
         window, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags, m_queue }, m_server.connection);
-    m_strips.onDragEvent = [panel = QPointer(panel.get())](QDropEvent& event, const QPointF& position) {
-        if (panel)
-            panel->handleDragElsewhere(event, position);
+    m_panel = panel.get();
+    m_strips.onDragEvent = [this](QDropEvent& event, const QPointF& position) {
+        if (m_panel)
+            m_panel->handleDragElsewhere(event, position);
     };
-    m_strips.onDragLeft = [panel = QPointer(panel.get())] {
-        if (panel)
-            panel->dragHasLeftElsewhere();
+    m_strips.onDragLeft = [this] {
+        if (m_panel)
+            m_panel->dragHasLeftElsewhere();
     };
-    m_strips.onNeedChanged = [this, panel = QPointer(panel.get())] {
-        if (panel)
-            panel->setEdgeTaken(m_strips.areNeeded());
+    m_strips.onNeedChanged = [this] {
+        if (m_panel)
+            m_panel->setEdgeTaken(m_strips.areNeeded());
     };
     return panel;
 }

@@ -89,6 +89,7 @@ void XWaylandPanelWindow::orderFront()
     }
     m_dock.moveTo(pixelsFromPoints(m_resting, m_display));
     updateInputShape();
+    m_dock.setReachedByDrags(m_isEdgeTaken);
     m_dock.raise();
     // The toolkit would tell the widget of its size only when the server has confirmed it.
     QResizeEvent resized(resting.size(), m_window.size());
@@ -107,6 +108,7 @@ void XWaylandPanelWindow::orderOut()
     m_isShown = false;
     m_afterDrop.stop();
     m_services.pointer.leave();
+    m_dock.setReachedByDrags(false);
     // Hiding the window for a moment makes the compositor give the focus to another window, if the panel has it.
     m_window.setVisible(false);
     m_parking.start(timeToLoseTheFocus);
@@ -128,8 +130,15 @@ void XWaylandPanelWindow::park()
 void XWaylandPanelWindow::setEdgeTaken(bool isTaken)
 {
     m_isEdgeTaken = isTaken;
-    if (m_isShown)
-        updateInputShape();
+    if (!m_isShown)
+        return;
+    updateInputShape();
+    m_dock.setReachedByDrags(isTaken);
+}
+
+void XWaylandPanelWindow::beginOwnDrag()
+{
+    m_dock.setReachedByDrags(true);
 }
 
 // A drag that is let go on the strip without a further movement would be lost if the panel took its place.
@@ -214,6 +223,8 @@ bool XWaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
         if (std::exchange(m_isPointerElsewhere, false))
             pointerCame(static_cast<QMouseEvent*>(event)->position());
         m_services.pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
+        // The toolkit keeps all movements to itself during a drag.
+        m_dock.setReachedByDrags(false);
         break;
     case QEvent::DragEnter:
     case QEvent::DragMove:
