@@ -44,6 +44,13 @@ void SelectionRequestor::askForAll(const std::vector<QByteArray>& targets)
     ask("MULTIPLE");
 }
 
+void SelectionRequestor::beWindowManager()
+{
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, root, atom("_NET_SUPPORTING_WM_CHECK"),
+                        XCB_ATOM_WINDOW, 32, 1, &m_window);
+}
+
 void SelectionRequestor::work()
 {
     if (!m_connection)

@@ -50,6 +50,8 @@ public:
     void stopAfter(int pieces) { m_mostPieces = pieces; }
     /// Forgets what it got, and takes every piece from here on.
     void forget();
+    /// Passes itself off as the window manager.
+    void beWindowManager();
     /// Ends at once, with its windows.
     void die() { m_connection.reset(); }
 

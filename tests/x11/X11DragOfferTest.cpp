@@ -47,6 +47,7 @@ private Q_SLOTS:
     void theTargetsAreListed();
     void aTextIsDeliveredInTheEncodingThatIsAskedFor_data();
     void aTextIsDeliveredInTheEncodingThatIsAskedFor();
+    void theWindowManagerGetsAnyTextAsUtf8();
     void theTimeOfTheDragIsTold();
     void severalTargetsAtOnceAreDeliveredAndTheOthersMarked();
     void oddListsOfSeveralTargetsAreRefused();
@@ -252,6 +253,18 @@ void X11DragOfferTest::aTextIsDeliveredInTheEncodingThatIsAskedFor()
     QCOMPARE(requestor.answer()->bytes, bytes);
     if (!type.isEmpty())
         QCOMPARE(requestor.answer()->type, requestor.atom(type));
+}
+
+// It asks for Wayland programs, and passes on what it gets.
+void X11DragOfferTest::theWindowManagerGetsAnyTextAsUtf8()
+{
+    offer(QStringLiteral("text/plain"), "\xc3\xa4\xe2\x82\xac");
+    Requestor manager(selectionName);
+    manager.beWindowManager();
+    manager.ask("STRING");
+    QVERIFY(isAnswered(manager));
+    QCOMPARE(manager.answer()->bytes, QByteArray("\xc3\xa4\xe2\x82\xac"));
+    QCOMPARE(manager.answer()->type, manager.atom("STRING"));
 }
 
 void X11DragOfferTest::theTimeOfTheDragIsTold()

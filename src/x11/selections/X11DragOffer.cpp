@@ -1,5 +1,7 @@
 #include "X11DragOffer.h"
 
+#include "XcbClients.h"
+
 #include <QCoreApplication>
 
 #include <algorithm>
@@ -64,17 +66,11 @@ void X11DragOffer::begin(std::shared_ptr<const DragPayload> payload)
 // The events of a connection keep their order, so requests to the new owner arrive after this call.
 void X11DragOffer::ownerChanged()
 {
-    m_payload = m_next && isOwnWindow(m_watch.owner()) ? std::move(m_next) : nullptr;
+    m_payload = m_next && isOwnWindow(m_connection, m_watch.owner()) ? std::move(m_next) : nullptr;
     m_formats.clear();
     const QStringList formats = m_payload ? m_payload->formats() : QStringList();
     for (const QString& format : formats)
         m_formats.emplace_back(xcbAtom(m_connection, format.toLatin1()), format);
-}
-
-bool X11DragOffer::isOwnWindow(std::uint32_t window) const
-{
-    const xcb_setup_t* setup = xcb_get_setup(m_connection);
-    return (window & ~setup->resource_id_mask) == setup->resource_id_base;
 }
 
 bool X11DragOffer::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/)
@@ -115,7 +111,7 @@ bool X11DragOffer::convert(std::uint32_t window, std::uint32_t target, std::uint
         m_writer->writeNumbers(window, property, XCB_ATOM_INTEGER, { m_watch.ownedSince() });
         return true;
     }
-    const auto found = answerFor(target);
+    const auto found = answerFor(window, target);
     return found && m_writer->write(window, property, found->type, found->bytes);
 }
 
@@ -150,25 +146,26 @@ std::vector<std::uint32_t> X11DragOffer::targets() const
     return list;
 }
 
-std::optional<X11DragOffer::Answer> X11DragOffer::answerFor(std::uint32_t target) const
+std::optional<X11DragOffer::Answer> X11DragOffer::answerFor(std::uint32_t window, std::uint32_t target) const
 {
     const auto found = std::find_if(m_formats.begin(), m_formats.end(),
                                     [target](const auto& format) { return format.first == target; });
     if (found == m_formats.end())
-        return textFor(target);
+        return textFor(window, target);
     auto bytes = m_payload->data(found->second);
     return bytes ? std::optional(Answer{ target, std::move(*bytes) }) : std::nullopt;
 }
 
-std::optional<X11DragOffer::Answer> X11DragOffer::textFor(std::uint32_t target) const
+// A compositor asks for the Wayland programs' "text/plain" by the name of the Latin-1 text, but they expect UTF-8.
+std::optional<X11DragOffer::Answer> X11DragOffer::textFor(std::uint32_t window, std::uint32_t target) const
 {
-    const bool isUtf8 = target == m_atoms[utf8String] || target == m_atoms[anyText];
-    if (!isUtf8 && target != XCB_ATOM_STRING)
+    const bool isLatin1 = target == XCB_ATOM_STRING;
+    if (!isLatin1 && target != m_atoms[utf8String] && target != m_atoms[anyText])
         return std::nullopt;
     auto bytes = m_payload->data(plainText());
-    if (!isUtf8 && bytes)
+    if (isLatin1 && bytes && !isWindowOfManager(m_connection, window))
         bytes = latin1(*bytes);
-    const std::uint32_t type = isUtf8 ? m_atoms[utf8String] : std::uint32_t{ XCB_ATOM_STRING };
+    const std::uint32_t type = isLatin1 ? std::uint32_t{ XCB_ATOM_STRING } : m_atoms[utf8String];
     return bytes ? std::optional(Answer{ type, std::move(*bytes) }) : std::nullopt;
 }
 

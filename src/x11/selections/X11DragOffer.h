@@ -40,13 +40,12 @@ private:
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
     void ownerChanged();
-    [[nodiscard]] bool isOwnWindow(std::uint32_t window) const;
     void answer(const xcb_selection_request_event_t& request);
     [[nodiscard]] bool convert(std::uint32_t window, std::uint32_t target, std::uint32_t property);
     [[nodiscard]] bool convertPairs(std::uint32_t window, std::uint32_t property);
     [[nodiscard]] std::vector<std::uint32_t> targets() const;
-    [[nodiscard]] std::optional<Answer> answerFor(std::uint32_t target) const;
-    [[nodiscard]] std::optional<Answer> textFor(std::uint32_t target) const;
+    [[nodiscard]] std::optional<Answer> answerFor(std::uint32_t window, std::uint32_t target) const;
+    [[nodiscard]] std::optional<Answer> textFor(std::uint32_t window, std::uint32_t target) const;
 
     xcb_connection_t* m_connection;
     X11PropertyWriter::Limits m_limits;

@@ -1,5 +1,6 @@
 #include "X11DragOffers.h"
 
+#include "XcbClients.h"
 #include "XcbReply.h"
 
 #include <xcb/xcb.h>
@@ -11,25 +12,17 @@ namespace {
 inline constexpr const char* dragSelection = "XdndSelection";
 inline constexpr const char* listOfTargets = "TARGETS";
 inline constexpr const char* answerProperty = "NOOKLE_DRAG_TARGETS";
-inline constexpr const char* managerWindow = "_NET_SUPPORTING_WM_CHECK";
 
 [[nodiscard]] xcb_screen_t& screenOf(xcb_connection_t* connection)
 {
     return *xcb_setup_roots_iterator(xcb_get_setup(connection)).data;
 }
 
-/// Whether the same program has made both windows.
-[[nodiscard]] bool haveSameMaker(std::uint32_t window, std::uint32_t other, xcb_connection_t* connection)
-{
-    const std::uint32_t ownPart = xcb_get_setup(connection)->resource_id_mask;
-    return (window & ~ownPart) == (other & ~ownPart);
-}
-
 } // namespace
 
 X11DragOffers::X11DragOffers(xcb_connection_t* connection)
     : m_connection(connection)
-    , m_atoms(connection, { dragSelection, listOfTargets, answerProperty, managerWindow })
+    , m_atoms(connection, { dragSelection, listOfTargets, answerProperty })
     , m_watch(connection, dragSelection)
 {
     m_watch.onChanged = [this] { onOwnerChanged(present()); };
@@ -37,21 +30,14 @@ X11DragOffers::X11DragOffers(xcb_connection_t* connection)
 
 X11DragOffers::~X11DragOffers() = default;
 
-// Under XWayland the compositor is the window manager.
-bool X11DragOffers::isOfCompositor(std::uint32_t window) const
-{
-    const auto manager = xcbNumbers(m_connection, screenOf(m_connection).root, m_atoms[managerWindow]);
-    return !manager.empty() && haveSameMaker(window, manager.front(), m_connection);
-}
-
 DragOwner X11DragOffers::present() const
 {
     const std::uint32_t owner = m_watch.owner();
     if (owner == XCB_WINDOW_NONE)
         return DragOwner::none;
-    if (haveSameMaker(owner, xcb_get_setup(m_connection)->resource_id_base, m_connection))
+    if (isOwnWindow(m_connection, owner))
         return DragOwner::thisProgram;
-    return isOfCompositor(owner) ? DragOwner::compositor : DragOwner::otherProgram;
+    return isWindowOfManager(m_connection, owner) ? DragOwner::compositor : DragOwner::otherProgram;
 }
 
 bool X11DragOffers::connectToServer()

@@ -29,7 +29,6 @@ public:
 private:
     [[nodiscard]] bool connectToServer();
     [[nodiscard]] DragOwner present() const;
-    [[nodiscard]] bool isOfCompositor(std::uint32_t window) const;
     void askCompositor();
     void askForButton();
     void readEvents();

@@ -1,0 +1,32 @@
+#include "XcbClients.h"
+
+#include "XcbAtoms.h"
+
+#include <xcb/xcb.h>
+
+namespace nookle {
+
+namespace {
+
+/// Whether one program has made both windows. The server gives each program a range of numbers.
+[[nodiscard]] bool haveSameMaker(xcb_connection_t* connection, std::uint32_t window, std::uint32_t other)
+{
+    const std::uint32_t ownPart = xcb_get_setup(connection)->resource_id_mask;
+    return (window & ~ownPart) == (other & ~ownPart);
+}
+
+} // namespace
+
+bool isOwnWindow(xcb_connection_t* connection, std::uint32_t window)
+{
+    return haveSameMaker(connection, window, xcb_get_setup(connection)->resource_id_base);
+}
+
+bool isWindowOfManager(xcb_connection_t* connection, std::uint32_t window)
+{
+    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    const auto manager = xcbNumbers(connection, root, xcbAtom(connection, "_NET_SUPPORTING_WM_CHECK"));
+    return !manager.empty() && haveSameMaker(connection, window, manager.front());
+}
+
+} // namespace nookle
