@@ -87,6 +87,10 @@ X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts, const X11Mann
         if (onDisplaysChanged)
             onDisplaysChanged();
     };
+    m_manner->onServerGone = [this] {
+        if (onServerGone)
+            onServerGone();
+    };
 }
 
 X11Backend::~X11Backend() = default;

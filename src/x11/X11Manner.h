@@ -32,6 +32,9 @@ public:
 
     /// Call this before a drag of this program begins.
     virtual void dragBegins() = 0;
+
+    /// As `DesktopBackend::onServerGone`.
+    std::function<void()> onServerGone;
 };
 
 /// What a manner is made of. All of it outlives the manner.

@@ -1,6 +1,7 @@
 #include "XWaylandManner.h"
 
 #include "Compositing.h"
+#include "CompositorEnd.h"
 #include "DragStrips.h"
 #include "EdgeInputMonitor.h"
 #include "OfferedDrags.h"
@@ -30,6 +31,10 @@ class XWaylandManner final : public X11Manner {
 public:
     explicit XWaylandManner(const X11Server& server)
         : m_server(server)
+        , m_end([this] {
+            if (onServerGone)
+                onServerGone();
+        })
         , m_offers(server.connection)
         , m_drags(m_offers, m_queue)
         , m_pointer(m_drags)
@@ -49,6 +54,7 @@ public:
 
 private:
     X11Server m_server;
+    CompositorEnd m_end;
     QtMainQueue m_queue;
     X11DragOffers m_offers;
     OfferedDrags m_drags;
