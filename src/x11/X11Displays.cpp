@@ -28,6 +28,23 @@ inline constexpr const char* workAreas = "_NET_WORKAREA";
                        [window](const QWindow* each) { return each->handle() && each->winId() == window; });
 }
 
+/// The property with the work area of each display, of one workspace.
+[[nodiscard]] QByteArray displayWorkAreas(std::uint32_t desktop)
+{
+    return "_GTK_WORKAREAS_D" + QByteArray::number(desktop);
+}
+
+/// The rectangles that a list of numbers consists of, four numbers each.
+[[nodiscard]] std::vector<QRect> rectangles(const std::vector<std::uint32_t>& numbers)
+{
+    std::vector<QRect> found;
+    for (std::size_t index = 0; index + 3 < numbers.size(); index += 4) {
+        const auto number = [&](std::size_t offset) { return static_cast<int>(numbers[index + offset]); };
+        found.emplace_back(number(0), number(1), number(2), number(3));
+    }
+    return found;
+}
+
 } // namespace
 
 X11Displays::X11Displays(xcb_connection_t* connection, std::uint32_t root)
@@ -43,19 +60,32 @@ QSize X11Displays::desktopSize() const
     return reply ? QSize(reply->width, reply->height) : QSize();
 }
 
-std::optional<QRect> X11Displays::workArea() const
+std::uint32_t X11Displays::presentDesktop() const
 {
-    const auto areas = xcbNumbers(m_connection, m_root, m_atoms[workAreas]);
     const auto desktops = xcbNumbers(m_connection, m_root, m_atoms[currentDesktop]);
-    const std::size_t first = desktops.empty() ? 0 : std::size_t{ desktops.front() } * 4;
-    if (areas.size() < first + 4)
-        return std::nullopt;
-    const auto number = [&](std::size_t index) { return static_cast<int>(areas[first + index]); };
-    return QRect(number(0), number(1), number(2), number(3));
+    return desktops.empty() ? 0 : desktops.front();
 }
 
-// The work area is one rectangle for the whole desktop. With several displays, a panel on one of them reduces the work
-// area of all, so then only the struts are used; and while the shelf reserves space itself, which it may use.
+std::optional<QRect> X11Displays::commonWorkArea() const
+{
+    const auto areas = rectangles(xcbNumbers(m_connection, m_root, m_atoms[workAreas]));
+    const std::size_t desktop = presentDesktop();
+    return desktop < areas.size() ? std::optional(areas[desktop]) : std::nullopt;
+}
+
+// Only some window managers know one for each display. GNOME Shell's own panels reserve their space in no other way.
+std::optional<QRect> X11Displays::ownWorkArea(const QRect& display) const
+{
+    const auto property = xcbAtom(m_connection, displayWorkAreas(presentDesktop()));
+    for (const QRect& area : rectangles(xcbNumbers(m_connection, m_root, property))) {
+        if (display.contains(area))
+            return area;
+    }
+    return std::nullopt;
+}
+
+// The usual work area is one rectangle for the whole desktop. With several displays, a panel on one of them reduces it
+// for all, so then only the struts are used. What the shelf reserves itself, at the right edge, it may use.
 QRect X11Displays::usable(const QRect& display) const
 {
     const QSize desktop = desktopSize();
@@ -72,9 +102,14 @@ QRect X11Displays::usable(const QRect& display) const
             struts.push_back(Strut::fromNumbers(numbers, desktop));
     }
     const QRect area = usableArea(display, desktop, struts);
+    if (std::optional<QRect> own = ownWorkArea(display)) {
+        if (isOwnReserved)
+            own->setRight(area.right());
+        return own->intersected(area).isEmpty() ? area : own->intersected(area);
+    }
     if (QGuiApplication::screens().size() > 1 || isOwnReserved)
         return area;
-    const QRect common = area.intersected(workArea().value_or(area));
+    const QRect common = area.intersected(commonWorkArea().value_or(area));
     return common.isEmpty() ? area : common;
 }
 

@@ -25,7 +25,11 @@ public:
 
 private:
     [[nodiscard]] QSize desktopSize() const;
-    [[nodiscard]] std::optional<QRect> workArea() const;
+    [[nodiscard]] std::uint32_t presentDesktop() const;
+    /// The work area of the whole desktop.
+    [[nodiscard]] std::optional<QRect> commonWorkArea() const;
+    /// The work area within a display.
+    [[nodiscard]] std::optional<QRect> ownWorkArea(const QRect& display) const;
     [[nodiscard]] QRect usable(const QRect& display) const;
 
     xcb_connection_t* m_connection;

@@ -152,6 +152,13 @@ std::vector<std::uint32_t> XScreen::rootNumbers(const QByteArray& property) cons
     return { numbers, numbers + reply->value_len };
 }
 
+void XScreen::setRootNumbers(const QByteArray& property, const std::vector<std::uint32_t>& numbers)
+{
+    xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_root, atom(property), XCB_ATOM_CARDINAL, 32,
+                        static_cast<std::uint32_t>(numbers.size()), numbers.data());
+    xcb_flush(m_connection.get());
+}
+
 void XScreen::removeFromRoot(const QByteArray& property)
 {
     xcb_delete_property(m_connection.get(), m_root, atom(property));

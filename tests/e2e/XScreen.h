@@ -47,6 +47,7 @@ public:
 
     /// The numbers of a property of the root window; none when it has no such property.
     [[nodiscard]] std::vector<std::uint32_t> rootNumbers(const QByteArray& property) const;
+    void setRootNumbers(const QByteArray& property, const std::vector<std::uint32_t>& numbers);
     void removeFromRoot(const QByteArray& property);
 
     void place(const XWindow& window, const QRect& frame);

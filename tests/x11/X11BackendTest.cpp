@@ -34,6 +34,7 @@ private Q_SLOTS:
     void thePointerIsWhereItIs();
     void theLeftButtonIsSeenInAnyProgram();
     void eachMonitorOfTheServerIsADisplay();
+    void aDisplayMayHaveAWorkAreaOfItsOwn();
     void aDockTakesItsPlaceFromTheDisplay();
     void aPressIsReportedAndAnotherButtonIsNot();
     void theButtonsFollowTheUsersMapping();
@@ -82,6 +83,16 @@ void X11BackendTest::eachMonitorOfTheServerIsADisplay()
     const std::vector<QRectF> expected{ { 0, 0, 900, 700 }, { 900, 0, 900, 700 } };
     QCOMPARE(m_backend->displays().frames(), expected);
     QVERIFY(m_backend->displays().mainFrame().has_value());
+}
+
+void X11BackendTest::aDisplayMayHaveAWorkAreaOfItsOwn()
+{
+    screen().setRootNumbers("_GTK_WORKAREAS_D0", { 0, 32, 900, 668, 900, 0, 850, 700 });
+    const QRectF left(0, 0, 900, 700);
+    QVERIFY(waitFor([&] { return m_backend->displays().visibleFrame(left) == QRectF(0, 32, 900, 668); }));
+    QCOMPARE(m_backend->displays().visibleFrame(QRectF(900, 0, 900, 700)), QRectF(900, 0, 850, 700));
+    screen().removeFromRoot("_GTK_WORKAREAS_D0");
+    QVERIFY(waitFor([&] { return m_backend->displays().visibleFrame(left) == left; }));
 }
 
 void X11BackendTest::aDockTakesItsPlaceFromTheDisplay()

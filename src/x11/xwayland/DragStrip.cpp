@@ -23,9 +23,8 @@ namespace {
 
 } // namespace
 
-DragStrip::DragStrip(const QRectF& display, const QRectF& usable, const QRect& parking, xcb_connection_t* connection)
+DragStrip::DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection)
     : m_display(display)
-    , m_edge(usable.right() - thickness, usable.top(), thickness, usable.height())
     , m_parking(parking)
     , m_dock(connection, createTransparent(*this))
 {
@@ -37,15 +36,18 @@ DragStrip::DragStrip(const QRectF& display, const QRectF& usable, const QRect& p
 
 DragStrip::~DragStrip() = default;
 
-void DragStrip::setNeeded(bool isNeeded)
+void DragStrip::standAtEdge(const QRectF& usable)
 {
-    m_dock.setReachedByDrags(isNeeded);
-    if (!isNeeded) {
-        m_dock.moveTo(m_parking);
-        return;
-    }
+    m_edge = QRectF(usable.right() - thickness, usable.top(), thickness, usable.height());
     m_dock.moveTo(pixelsFromPoints(m_edge, m_display));
+    m_dock.setReachedByDrags(true);
     m_dock.raise();
+}
+
+void DragStrip::park()
+{
+    m_dock.setReachedByDrags(false);
+    m_dock.moveTo(m_parking);
 }
 
 QPointF DragStrip::onDesktop(const QPointF& position) const

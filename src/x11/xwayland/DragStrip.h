@@ -21,13 +21,17 @@ class DragStrip final : public QRasterWindow {
 public:
     static constexpr int thickness = 3;
 
-    /// A parked strip. `usable` is the part of the display that the desktop's own panels leave free; `parking` is in
-    /// pixels.
-    DragStrip(const QRectF& display, const QRectF& usable, const QRect& parking, xcb_connection_t* connection);
+    /// A parked strip for the display with that full frame. `parking` is in pixels.
+    DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection);
     ~DragStrip() override;
 
-    /// Puts the strip at the edge of its display, or parks it.
-    void setNeeded(bool isNeeded);
+    [[nodiscard]] QRectF display() const { return m_display; }
+
+    /// Puts the strip at the right edge of `usable`, the part of its display that the desktop's own panels leave free.
+    void standAtEdge(const QRectF& usable);
+
+    /// Puts the strip beyond all displays.
+    void park();
 
     /// Called with each event of a drag of another program over the strip, whose position is in points of the desktop.
     /// The receiver accepts the event or ignores it. Set by the owner.

@@ -29,16 +29,24 @@ void DragStrips::displaysChanged()
 {
     m_strips.clear();
     makeStrips();
-    for (const auto& strip : m_strips)
-        strip->setNeeded(m_areNeeded);
+    placeStrips();
+}
+
+void DragStrips::placeStrips()
+{
+    for (const auto& strip : m_strips) {
+        if (m_areNeeded)
+            strip->standAtEdge(m_services.displays.visibleFrame(strip->display()));
+        else
+            strip->park();
+    }
 }
 
 void DragStrips::makeStrips()
 {
     const QRect parking = pixelBeyond(m_services.displays.frames());
     for (const QRectF& frame : m_services.displays.frames()) {
-        const QRectF usable = m_services.displays.visibleFrame(frame);
-        auto strip = std::make_unique<DragStrip>(frame, usable, parking, m_connection);
+        auto strip = std::make_unique<DragStrip>(frame, parking, m_connection);
         strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) { handleDrag(event, position); };
         strip->onDragLeft = [this] {
             m_services.pointer.leave();
@@ -59,8 +67,7 @@ void DragStrips::update()
     m_areNeeded = areNeeded;
     if (onNeedChanged)
         onNeedChanged();
-    for (const auto& strip : m_strips)
-        strip->setNeeded(areNeeded);
+    placeStrips();
 }
 
 void DragStrips::handleDrag(QDropEvent& event, const QPointF& position)

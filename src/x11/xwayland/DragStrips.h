@@ -43,6 +43,7 @@ public:
 
 private:
     void makeStrips();
+    void placeStrips();
     void update();
     void handleDrag(QDropEvent& event, const QPointF& position);
 
