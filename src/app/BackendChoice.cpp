@@ -10,6 +10,15 @@ namespace {
                                    : QStringLiteral("this build has no Wayland backend");
 }
 
+/// Only GNOME's compositor hands whole drags to the windows of X11 programs.
+[[nodiscard]] QString reasonForXWayland(const SessionFacts& facts)
+{
+    const QString reason = reasonAgainstWayland(facts);
+    return facts.hasWaylandBackend || facts.isGnome
+        ? reason
+        : reason + QStringLiteral(", as those for Debian 13 and later have; drags may not reach the shelf");
+}
+
 [[nodiscard]] bool canUseWayland(const SessionFacts& facts)
 {
     return facts.isWaylandSession && facts.hasWaylandBackend && facts.hasLayerShell();
@@ -43,7 +52,7 @@ namespace {
         return chooseX11(facts, {});
     if (canUseWayland(facts) || !facts.hasXServer())
         return chooseWayland(facts);
-    return chooseX11(facts, reasonAgainstWayland(facts));
+    return chooseX11(facts, reasonForXWayland(facts));
 }
 
 } // namespace

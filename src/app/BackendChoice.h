@@ -28,6 +28,8 @@ struct SessionFacts {
     /// The user's own choice, from the environment; empty when there is none.
     QString wanted;
     bool isWaylandSession = false;
+    /// Whether the session is GNOME's, or one that is built on it.
+    bool isGnome = false;
     /// The name of the compositor; empty when the session names none.
     QString waylandDisplay;
     /// The name of the X display; empty when the session names none.

@@ -26,12 +26,18 @@ namespace {
     return socket.waitForConnected(0);
 }
 
+[[nodiscard]] QStringList presentDesktops()
+{
+    return qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+}
+
 [[nodiscard]] SessionFacts lookAtSession()
 {
     SessionFacts facts;
     facts.wanted = qEnvironmentVariable("NOOKLE_BACKEND");
     facts.waylandDisplay = qEnvironmentVariable("WAYLAND_DISPLAY");
     facts.isWaylandSession = !facts.waylandDisplay.isEmpty();
+    facts.isGnome = presentDesktops().contains(QStringLiteral("GNOME"));
     facts.hasCompositor = &isCompositorListening;
     facts.xDisplay = qEnvironmentVariable("DISPLAY");
     facts.hasXServer = &X11Backend::isServerRunning;
@@ -46,7 +52,7 @@ namespace {
 /// Whether the compositor offers each drag of a Wayland program to X11 programs, too, at its start.
 [[nodiscard]] bool tellsOfDrags()
 {
-    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    const QStringList desktops = presentDesktops();
     return desktops.contains(QStringLiteral("KDE")) || desktops.contains(QStringLiteral("labwc"));
 }
 

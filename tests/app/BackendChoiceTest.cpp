@@ -14,6 +14,7 @@ struct Session {
     bool hasX = true;
     bool hasCompositor = true;
     QString wanted{};
+    bool isGnome = false;
 };
 
 } // namespace
@@ -46,6 +47,7 @@ std::variant<BackendChoice, Failure> BackendChoiceTest::choose(const Session& se
     m_looksForX = 0;
     return chooseBackend({ .wanted = session.wanted,
                            .isWaylandSession = session.isWayland,
+                           .isGnome = session.isGnome,
                            .waylandDisplay = QStringLiteral("wayland-7"),
                            .xDisplay = QStringLiteral(":7"),
                            .hasWaylandBackend = session.hasBackend,
@@ -102,6 +104,11 @@ void BackendChoiceTest::theChoiceIsExplained()
     QCOMPARE(description({ .isWayland = true }), QStringLiteral("the display: Wayland"));
     QCOMPARE(description({ .isWayland = true, .hasLayerShell = false }),
              QStringLiteral("the display: X11 through XWayland (the compositor offers no layer shell)"));
+    QCOMPARE(description({ .isWayland = true, .hasBackend = false }),
+             QStringLiteral("the display: X11 through XWayland (this build has no Wayland backend, as those for Debian "
+                            "13 and later have; drags may not reach the shelf)"));
+    QCOMPARE(description({ .isWayland = true, .hasBackend = false, .isGnome = true }),
+             QStringLiteral("the display: X11 through XWayland (this build has no Wayland backend)"));
     QCOMPARE(
         description({ .isWayland = true, .hasBackend = false, .hasX = false }),
         QStringLiteral("the display: Wayland, on which no panel can be shown (this build has no Wayland backend)"));
