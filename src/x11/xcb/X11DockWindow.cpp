@@ -4,6 +4,7 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace nookle {
@@ -27,7 +28,8 @@ void X11DockWindow::setNumbers(QByteArrayView property, std::uint32_t type, cons
 void X11DockWindow::setProperties()
 {
     constexpr std::uint32_t allDesktops = 0xffffffff;
-    setReachedByDrags(false);
+    setType("_NET_WM_WINDOW_TYPE_DOCK");
+    m_isReachedByDrags = false;
     setNumbers("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, { allDesktops });
     setNumbers("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, { 0 });
     setNumbers("_NET_WM_STATE", XCB_ATOM_ATOM,
@@ -35,10 +37,16 @@ void X11DockWindow::setProperties()
                  m_atoms["_NET_WM_STATE_SKIP_PAGER"] });
 }
 
+void X11DockWindow::setType(QByteArrayView type)
+{
+    setNumbers("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { m_atoms[type] });
+}
+
 void X11DockWindow::setReachedByDrags(bool isReached)
 {
-    setNumbers("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM,
-               { m_atoms[isReached ? "_NET_WM_WINDOW_TYPE_UTILITY" : "_NET_WM_WINDOW_TYPE_DOCK"] });
+    if (std::exchange(m_isReachedByDrags, isReached) == isReached)
+        return;
+    setType(isReached ? "_NET_WM_WINDOW_TYPE_UTILITY" : "_NET_WM_WINDOW_TYPE_DOCK");
     xcb_flush(m_connection);
 }
 

@@ -39,11 +39,13 @@ public:
     void setInputShape(const QRect& pixels);
 
 private:
+    void setType(QByteArrayView type);
     void setNumbers(QByteArrayView property, std::uint32_t type, const std::vector<std::uint32_t>& numbers);
 
     xcb_connection_t* m_connection;
     std::uint32_t m_window;
     XcbAtoms m_atoms;
+    bool m_isReachedByDrags = false;
 };
 
 } // namespace nookle

@@ -59,7 +59,8 @@ QPointF DragStrip::onDesktop(const QPointF& position) const
 bool DragStrip::event(QEvent* event)
 {
     switch (event->type()) {
-    case QEvent::Enter:
+    // The X server also says that the pointer has entered if the strip comes to the place where it saw the pointer
+    // last.
     case QEvent::MouseMove:
         if (onPointerCame)
             onPointerCame();

@@ -199,10 +199,20 @@ void XWaylandPanelWindow::handleDrag(const QDropEvent& event)
 void XWaylandPanelWindow::pointerCame(const QPointF& position)
 {
     m_afterDrop.stop();
-    m_services.drags.end();
     m_services.pointer.move(onDesktop(position));
     if (onMouseEntered)
         onMouseEntered();
+}
+
+// No compositor lets the pointer move over a window while a drag of another program is under way, and the toolkit keeps
+// all movements to itself during a drag of this program.
+void XWaylandPanelWindow::pointerMoved(const QPointF& position)
+{
+    if (std::exchange(m_isPointerElsewhere, false))
+        pointerCame(position);
+    m_services.drags.end();
+    m_services.pointer.move(onDesktop(position));
+    m_dock.setReachedByDrags(false);
 }
 
 void XWaylandPanelWindow::pointerLeft()
@@ -220,11 +230,7 @@ bool XWaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
             pointerCame(static_cast<QEnterEvent*>(event)->position());
         break;
     case QEvent::MouseMove:
-        if (std::exchange(m_isPointerElsewhere, false))
-            pointerCame(static_cast<QMouseEvent*>(event)->position());
-        m_services.pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
-        // The toolkit keeps all movements to itself during a drag.
-        m_dock.setReachedByDrags(false);
+        pointerMoved(static_cast<QMouseEvent*>(event)->position());
         break;
     case QEvent::DragEnter:
     case QEvent::DragMove:

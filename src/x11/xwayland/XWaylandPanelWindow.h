@@ -68,6 +68,7 @@ private:
     void park();
     void handleDrag(const QDropEvent& event);
     void pointerCame(const QPointF& position);
+    void pointerMoved(const QPointF& position);
     void pointerLeft();
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
