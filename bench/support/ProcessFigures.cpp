@@ -42,6 +42,12 @@ qint64 proportionalMemory(qint64 processId)
     return numberOf(content(QStringLiteral("/proc/%1/smaps_rollup").arg(processId)), "Pss:") * kibibyte;
 }
 
+qint64 ownMemory(qint64 processId)
+{
+    constexpr qint64 kibibyte = 1024;
+    return numberOf(content(QStringLiteral("/proc/%1/smaps_rollup").arg(processId)), "Private_Dirty:") * kibibyte;
+}
+
 WakeUps wakeUps(qint64 processId)
 {
     WakeUps counts;

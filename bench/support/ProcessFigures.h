@@ -13,6 +13,9 @@ namespace nookle::bench {
 /// Its resident memory, with what it shares divided among those that share it; in bytes.
 [[nodiscard]] qint64 proportionalMemory(qint64 processId);
 
+/// The memory that it has written to and shares with nobody, in bytes. Does not depend on what else runs.
+[[nodiscard]] qint64 ownMemory(qint64 processId);
+
 /// How often each of its threads has waited for something, and so was woken up by it.
 using WakeUps = QHash<QString, qint64>;
 [[nodiscard]] WakeUps wakeUps(qint64 processId);
