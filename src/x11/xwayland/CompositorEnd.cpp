@@ -5,6 +5,7 @@
 
 #include <glib-unix.h>
 
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 
@@ -36,29 +37,60 @@ namespace {
     return socket;
 }
 
+/// An event of the main loop: the other end of a connection is gone.
+struct EndSource {
+    GSource base;
+    int descriptor;
+};
+
+[[nodiscard]] gboolean isGone(GSource* source)
+{
+    pollfd connection{ reinterpret_cast<EndSource*>(source)->descriptor, POLLIN, 0 };
+    return ::poll(&connection, 1, 0) == 1 && (connection.revents & POLLHUP) != 0;
+}
+
+[[nodiscard]] gboolean prepare(GSource* source, int* timeout)
+{
+    *timeout = -1;
+    return isGone(source);
+}
+
+[[nodiscard]] gboolean dispatch(GSource* /*source*/, GSourceFunc work, void* data)
+{
+    return work(data);
+}
+
+GSourceFuncs endFunctions{ &prepare, &isGone, &dispatch, nullptr, nullptr, nullptr };
+
 } // namespace
 
-// The other connections' ends are events of the usual priority.
+// GTK looks at its connection even before it waits for events, and ends the program when that is gone. A source of
+// higher priority that is ready comes before that look.
 CompositorEnd::CompositorEnd(std::function<void()> onGone)
     : m_onGone(std::move(onGone))
     , m_connection(connectTo(socketPath()))
 {
-    if (m_connection.isOpen())
-        m_source = g_unix_fd_add_full(G_PRIORITY_HIGH, m_connection.get(), G_IO_HUP,
-                                      reinterpret_cast<GUnixFDSourceFunc>(&CompositorEnd::handleEnd), this, nullptr);
+    if (!m_connection.isOpen())
+        return;
+    m_source = g_source_new(&endFunctions, sizeof(EndSource));
+    reinterpret_cast<EndSource*>(m_source)->descriptor = m_connection.get();
+    g_source_add_unix_fd(m_source, m_connection.get(), G_IO_HUP);
+    g_source_set_priority(m_source, G_PRIORITY_HIGH);
+    g_source_set_callback(m_source, &CompositorEnd::handleEnd, this, nullptr);
+    g_source_attach(m_source, nullptr);
 }
 
 CompositorEnd::~CompositorEnd()
 {
-    if (m_source != 0)
-        g_source_remove(m_source);
+    if (!m_source)
+        return;
+    g_source_destroy(m_source);
+    g_source_unref(m_source);
 }
 
-int CompositorEnd::handleEnd(int /*descriptor*/, unsigned /*condition*/, void* end)
+int CompositorEnd::handleEnd(void* end)
 {
-    auto& self = *static_cast<CompositorEnd*>(end);
-    self.m_source = 0;
-    self.m_onGone();
+    static_cast<CompositorEnd*>(end)->m_onGone();
     return G_SOURCE_REMOVE;
 }
 

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+struct _GSource;
+
 namespace nookle {
 
 /// Tells when the compositor is gone. A library of the desktop's look that the toolkit loads may be connected to it,
@@ -17,12 +19,12 @@ public:
     CompositorEnd& operator=(const CompositorEnd&) = delete;
 
 private:
-    static int handleEnd(int descriptor, unsigned condition, void* end);
+    static int handleEnd(void* end);
 
     std::function<void()> m_onGone;
     /// A connection on which nothing is ever said.
     FileDescriptor m_connection;
-    unsigned m_source = 0;
+    _GSource* m_source = nullptr;
 };
 
 } // namespace nookle
