@@ -29,7 +29,7 @@ void X11DockWindow::setProperties()
 {
     constexpr std::uint32_t allDesktops = 0xffffffff;
     setType("_NET_WM_WINDOW_TYPE_DOCK");
-    m_isReachedByDrags = false;
+    m_isToolWindow = false;
     setNumbers("_NET_WM_DESKTOP", XCB_ATOM_CARDINAL, { allDesktops });
     setNumbers("_NET_WM_USER_TIME", XCB_ATOM_CARDINAL, { 0 });
     setNumbers("_NET_WM_STATE", XCB_ATOM_ATOM,
@@ -42,11 +42,11 @@ void X11DockWindow::setType(QByteArrayView type)
     setNumbers("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, { m_atoms[type] });
 }
 
-void X11DockWindow::setReachedByDrags(bool isReached)
+void X11DockWindow::setToolWindow(bool isToolWindow)
 {
-    if (std::exchange(m_isReachedByDrags, isReached) == isReached)
+    if (std::exchange(m_isToolWindow, isToolWindow) == isToolWindow)
         return;
-    setType(isReached ? "_NET_WM_WINDOW_TYPE_UTILITY" : "_NET_WM_WINDOW_TYPE_DOCK");
+    setType(isToolWindow ? "_NET_WM_WINDOW_TYPE_UTILITY" : "_NET_WM_WINDOW_TYPE_DOCK");
     xcb_flush(m_connection);
 }
 

@@ -23,10 +23,10 @@ public:
     /// before each showing.
     void setProperties();
 
-    /// Makes the window an ordinary tool window (true) instead of a dock, without changing its place. Some compositors
-    /// give drags of X11 programs to what lies below a dock. They may move a tool window that is not wholly inside a
-    /// display.
-    void setReachedByDrags(bool isReached);
+    /// Makes the window an ordinary tool window (true) instead of a dock, without changing its place. GNOME Shell gives
+    /// drags of X11 programs to what lies below a dock, and some of its versions put docks below full-screen windows.
+    /// It may move a tool window that is not wholly inside a display's work area.
+    void setToolWindow(bool isToolWindow);
 
     /// Places the window on the root window, in pixels. Without the toolkit, which may convert points with the origin
     /// of another display.
@@ -45,7 +45,7 @@ private:
     xcb_connection_t* m_connection;
     std::uint32_t m_window;
     XcbAtoms m_atoms;
-    bool m_isReachedByDrags = false;
+    bool m_isToolWindow = false;
 };
 
 } // namespace nookle

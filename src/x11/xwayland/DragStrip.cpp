@@ -40,13 +40,13 @@ void DragStrip::standAtEdge(const QRectF& usable)
 {
     m_edge = QRectF(usable.right() - thickness, usable.top(), thickness, usable.height());
     m_dock.moveTo(pixelsFromPoints(m_edge, m_display));
-    m_dock.setReachedByDrags(true);
+    m_dock.setToolWindow(true);
     m_dock.raise();
 }
 
 void DragStrip::park()
 {
-    m_dock.setReachedByDrags(false);
+    m_dock.setToolWindow(false);
     m_dock.moveTo(m_parking);
 }
 

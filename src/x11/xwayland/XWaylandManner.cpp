@@ -50,7 +50,7 @@ public:
     [[nodiscard]] Compositing& compositing() override { return m_compositing; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
     void displaysChanged() override { m_strips.displaysChanged(); }
-    void dragBegins() override;
+    void dragBegins() override { m_ownDrag.begin(); }
 
 private:
     X11Server m_server;
@@ -67,13 +67,6 @@ private:
     DragStrips m_strips;
     QPointer<XWaylandPanelWindow> m_panel;
 };
-
-void XWaylandManner::dragBegins()
-{
-    m_ownDrag.begin();
-    if (m_panel)
-        m_panel->beginOwnDrag();
-}
 
 std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double /*cornerRadius*/)
 {

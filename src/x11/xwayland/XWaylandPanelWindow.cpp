@@ -89,7 +89,7 @@ void XWaylandPanelWindow::orderFront()
     }
     m_dock.moveTo(pixelsFromPoints(m_resting, m_display));
     updateInputShape();
-    m_dock.setReachedByDrags(m_isEdgeTaken);
+    m_dock.setToolWindow(true);
     m_dock.raise();
     // The toolkit would tell the widget of its size only when the server has confirmed it.
     QResizeEvent resized(resting.size(), m_window.size());
@@ -108,7 +108,7 @@ void XWaylandPanelWindow::orderOut()
     m_isShown = false;
     m_afterDrop.stop();
     m_services.pointer.leave();
-    m_dock.setReachedByDrags(false);
+    m_dock.setToolWindow(false);
     // Hiding the window for a moment makes the compositor give the focus to another window, if the panel has it.
     m_window.setVisible(false);
     m_parking.start(timeToLoseTheFocus);
@@ -130,15 +130,8 @@ void XWaylandPanelWindow::park()
 void XWaylandPanelWindow::setEdgeTaken(bool isTaken)
 {
     m_isEdgeTaken = isTaken;
-    if (!m_isShown)
-        return;
-    updateInputShape();
-    m_dock.setReachedByDrags(isTaken);
-}
-
-void XWaylandPanelWindow::beginOwnDrag()
-{
-    m_dock.setReachedByDrags(true);
+    if (m_isShown)
+        updateInputShape();
 }
 
 // A drag that is let go on the strip without a further movement would be lost if the panel took its place.
@@ -204,15 +197,13 @@ void XWaylandPanelWindow::pointerCame(const QPointF& position)
         onMouseEntered();
 }
 
-// No compositor lets the pointer move over a window while a drag of another program is under way, and the toolkit keeps
-// all movements to itself during a drag of this program.
+// No compositor lets the pointer move over a window while a drag of another program is under way.
 void XWaylandPanelWindow::pointerMoved(const QPointF& position)
 {
     if (std::exchange(m_isPointerElsewhere, false))
         pointerCame(position);
     m_services.drags.end();
     m_services.pointer.move(onDesktop(position));
-    m_dock.setReachedByDrags(false);
 }
 
 void XWaylandPanelWindow::pointerLeft()

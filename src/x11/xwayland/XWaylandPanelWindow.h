@@ -48,9 +48,6 @@ public:
     /// Call this when the strips have come to the edges of the displays (true) or are gone.
     void setEdgeTaken(bool isTaken);
 
-    /// Call this before a drag of this program begins.
-    void beginOwnDrag();
-
     /// Handles an event of a drag that is at `position` of the desktop, over another window of this program. A drag
     /// that reaches the edge is taken even if its pointer does not move on to the panel.
     void handleDragElsewhere(QDropEvent& event, const QPointF& position);
