@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QStringList>
 
+#include <algorithm>
 #include <utility>
 
 namespace nookle {
@@ -43,10 +44,11 @@ namespace {
     return QStringLiteral("text/x-moz-url-desc");
 }
 
-/// Chromium's mark of a drag out of a page, whose data a script of the page may have chosen.
-[[nodiscard]] QString pageFormat()
+/// Chromium's marks of a drag out of a page, whose data a script of the page may have chosen. Wayland programs offer
+/// the second one alone.
+[[nodiscard]] QStringList pageFormats()
 {
-    return QStringLiteral("chromium/x-renderer-taint");
+    return { QStringLiteral("chromium/x-renderer-taint"), QStringLiteral("chromium/x-web-custom-data") };
 }
 
 [[nodiscard]] QByteArray load(const DropPayload& payload, const QString& format)
@@ -66,7 +68,11 @@ enum class Files { taken, refused };
 /// A page may not choose files of the user's.
 [[nodiscard]] Files filesOf(const DropPayload& payload)
 {
-    return payload.formats().contains(pageFormat()) ? Files::refused : Files::taken;
+    const QStringList formats = payload.formats();
+    const QStringList marks = pageFormats();
+    const bool isOfPage =
+        std::any_of(marks.begin(), marks.end(), [&](const QString& mark) { return formats.contains(mark); });
+    return isOfPage ? Files::refused : Files::taken;
 }
 
 [[nodiscard]] bool isUsable(const QString& url, Files files)

@@ -167,8 +167,11 @@ void DropAddressesTest::aPageMayNotChooseAFile()
     FakeDropPayload payload;
     payload.offer(format.constData(), "file:///etc/passwd");
     QCOMPARE(urls(payload), QStringList{ QStringLiteral("file:///etc/passwd") });
-    payload.offer("chromium/x-renderer-taint", "");
-    QCOMPARE(urls(payload), QStringList());
+    for (const char* mark : { "chromium/x-renderer-taint", "chromium/x-web-custom-data" }) {
+        FakeDropPayload marked;
+        marked.offer(format.constData(), "file:///etc/passwd").offer(mark, "");
+        QCOMPARE(urls(marked), QStringList());
+    }
 }
 
 void DropAddressesTest::whatElseAPageOffersIsThere()

@@ -51,11 +51,10 @@ inline constexpr int patienceForBrowser = 60000;
 
 } // namespace
 
-std::unique_ptr<WaylandBrowser> WaylandBrowser::tryOpen(const QString& name, WaylandDesktop& desktop,
-                                                        const WebServer& server)
+std::unique_ptr<WaylandBrowser> WaylandBrowser::tryOpen(const QString& name, const QString& url,
+                                                        WaylandDesktop& desktop, const WebServer& server)
 {
     std::unique_ptr<WaylandBrowser> browser(new WaylandBrowser);
-    const QString url = server.url(QStringLiteral("/"));
     browser->m_program = name == QLatin1String("firefox") ? startFirefox(desktop, url) : startChromium(desktop, url);
     // Its window gets its last place while it starts, and hears of the pointer last of all.
     std::optional<QPoint> origin;

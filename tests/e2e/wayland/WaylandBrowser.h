@@ -14,9 +14,10 @@ class WebServer;
 /// A real browser, as a native Wayland program, that shows the tests' own page.
 class WaylandBrowser {
 public:
-    /// `name` is "firefox" or "chromium". Returns once the page shows; null, with a warning, when it does not.
-    [[nodiscard]] static std::unique_ptr<WaylandBrowser> tryOpen(const QString& name, WaylandDesktop& desktop,
-                                                                 const WebServer& server);
+    /// `name` is "firefox" or "chromium". `url` is a page that reports to the server. Returns once the page shows;
+    /// null, with a warning, when it does not.
+    [[nodiscard]] static std::unique_ptr<WaylandBrowser> tryOpen(const QString& name, const QString& url,
+                                                                 WaylandDesktop& desktop, const WebServer& server);
 
     /// The place on the desktop of a point of the page.
     [[nodiscard]] QPoint at(const QPoint& point) const { return m_origin + point; }

@@ -50,6 +50,7 @@ private Q_SLOTS:
     void aTextGoesIntoATextField();
     void aLinkGoesIntoATextField();
     void anImageGoesIntoAnUploadField();
+    void aScriptOfASavedPageCannotChooseAFile();
 
 private:
     [[nodiscard]] bool dragToShelf(const QPoint& place);
@@ -68,7 +69,7 @@ void WaylandBrowserTest::initTestCase()
     QVERIFY(m_server.isRunning());
     browserPage::serve(m_server);
     QVERIFY(setUpDesktop(WaylandDesktop::Compositor::sway));
-    m_browser = WaylandBrowser::tryOpen(m_name, *m_desktop, m_server);
+    m_browser = WaylandBrowser::tryOpen(m_name, m_server.url(QStringLiteral("/")), *m_desktop, m_server);
     if (!m_browser)
         tellFailure(m_name + QStringLiteral(".png"));
     QVERIFY(m_browser);
@@ -190,6 +191,20 @@ void WaylandBrowserTest::anImageGoesIntoAnUploadField()
     QVERIFY(waitFor(
         [this] { return isSamePicture(m_server.posted(QStringLiteral("/uploaded")), browserPage::picturePng()); }));
     QCOMPARE(m_server.posted(QStringLiteral("/name")), QByteArray(browserPage::pictureName) + " image/png");
+}
+
+void WaylandBrowserTest::aScriptOfASavedPageCannotChooseAFile()
+{
+    // The browser itself sees to it that a page of the web does not name a file.
+    m_browser.reset();
+    m_server.forget(QStringLiteral("/pointer"));
+    const QByteArray base = "<base href='" + m_server.url(QStringLiteral("/")).toLatin1() + "'>";
+    m_desktop->writeFile(QStringLiteral("page.html"), base + browserPage::html());
+    m_browser = WaylandBrowser::tryOpen(m_name, QStringLiteral("file://") + home("page.html"), *m_desktop, m_server);
+    QVERIFY(m_browser);
+    QVERIFY(dragToShelf(browserPage::script));
+    const QJsonObject text = contentOf(onlyItem(), "text");
+    QCOMPARE(text.value(QLatin1String("_0")).toString(), QStringLiteral("Words of a script"));
 }
 
 QTEST_GUILESS_MAIN(WaylandBrowserTest)
