@@ -2,8 +2,6 @@
 
 #include "Waiting.h"
 
-#include <QImage>
-
 #include <utility>
 
 namespace nookle::e2e {

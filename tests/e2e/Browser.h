@@ -2,13 +2,12 @@
 
 #include "PrivateDesktop.h"
 
+#include <QImage>
 #include <QPoint>
 #include <QString>
 
 #include <memory>
 #include <optional>
-
-class QImage;
 
 namespace nookle::e2e {
 

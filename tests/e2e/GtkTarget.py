@@ -79,8 +79,9 @@ def open_gtk4():
     target.connect("motion", hover_gtk4)
     window = Gtk.Window(default_width=400, default_height=300)
     window.add_controller(target)
-    # A Wayland program cannot place its window.
-    if os.environ.get("GDK_BACKEND") == "wayland":
+    # A program in a Wayland session cannot place its window.
+    if os.environ.get("XDG_SESSION_TYPE") == "wayland":
+        window.set_decorated(False)
         window.maximize()
     window.present()
     GLib.MainLoop().run()

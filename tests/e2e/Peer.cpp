@@ -318,7 +318,8 @@ int main(int argc, char* argv[])
     const auto window = makeWindow(QApplication::arguments());
     // Without a window manager the state alone covers nothing.
     const bool isFullScreen = window->windowState() == Qt::WindowFullScreen;
-    if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && !isFullScreen)
+    const bool isWayland = qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland");
+    if ((isWayland || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) && !isFullScreen)
         fillScreen(*window);
     else
         window->setGeometry(isFullScreen ? QApplication::primaryScreen()->geometry() : QRect(60, 100, 400, 300));

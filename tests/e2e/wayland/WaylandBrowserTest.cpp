@@ -122,7 +122,7 @@ bool WaylandBrowserTest::dragFirstTileTo(const QPoint& place)
 {
     if (!showShelf())
         return false;
-    hand().moveTo(firstTile);
+    hand().moveTo(firstTile());
     hand().press();
     hand().moveTo(m_browser->at(place) + QPoint(40, 0));
     // A browser tells with every movement whether it would take the drop.

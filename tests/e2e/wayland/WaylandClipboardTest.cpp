@@ -79,7 +79,7 @@ void WaylandClipboardTest::whatIsCopiedFromTheShelfIsThereForOthers()
 {
     QVERIFY(setUp());
     QVERIFY(putOnShelf("words", QStringLiteral("text/plain")));
-    hand().moveTo(firstTile);
+    hand().moveTo(firstTile());
     hand().click();
     // The keys come to the shelf some time after the click.
     QVERIFY(waitFor([this] {

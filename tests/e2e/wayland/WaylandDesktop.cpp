@@ -21,12 +21,14 @@ namespace {
     case WaylandDesktop::Compositor::kwin:
     case WaylandDesktop::Compositor::kwinWithX11:
         return QStringLiteral("KDE");
+    case WaylandDesktop::Compositor::gnome:
+        return QStringLiteral("GNOME");
     }
     return {};
 }
 
 /// Makes the folder of the X servers' sockets, which stays, as a machine does at its start. A compositor may have made
-/// it with fewer permissions than KWin wants to see.
+/// it with fewer permissions than others want to see.
 void makeSocketFolder()
 {
     const std::filesystem::path folder("/tmp/.X11-unix");
@@ -40,6 +42,7 @@ void makeSocketFolder()
 WaylandDesktop::~WaylandDesktop()
 {
     m_hand.reset();
+    m_gnome.reset();
     m_compositor.reset();
     stopBus();
 }
@@ -54,6 +57,8 @@ std::unique_ptr<WaylandDesktop> WaylandDesktop::tryCreate(const Options& options
 
 bool WaylandDesktop::startCompositor(const Options& options)
 {
+    if (options.compositor == Compositor::gnome)
+        return startGnome(options.displays);
     m_hasPictures = options.compositor == Compositor::sway || options.compositor == Compositor::labwc;
     switch (options.compositor) {
     case Compositor::sway:
@@ -65,6 +70,8 @@ bool WaylandDesktop::startCompositor(const Options& options)
     case Compositor::kwin:
     case Compositor::kwinWithX11:
         m_compositor = startKWin(options);
+        break;
+    case Compositor::gnome:
         break;
     }
     QString socket;
@@ -157,8 +164,20 @@ std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options) const
     return std::make_unique<Program>(QStringLiteral("kwin_wayland"), arguments, trusting);
 }
 
+bool WaylandDesktop::startGnome(int displays)
+{
+    makeSocketFolder();
+    m_gnome = GnomeShell::tryStart(*this, displaySize, displays);
+    if (!m_gnome)
+        return false;
+    m_hand = m_gnome->takeHand();
+    return m_hand != nullptr;
+}
+
 QImage WaylandDesktop::picture(const QRect& area) const
 {
+    if (m_gnome)
+        return m_gnome->picture(area);
     const QString file = home(QStringLiteral("picture.ppm"));
     const QString geometry =
         QStringLiteral("%1,%2 %3x%4").arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height());
@@ -170,7 +189,10 @@ QImage WaylandDesktop::picture(const QRect& area) const
 
 void WaylandDesktop::killCompositor()
 {
-    m_compositor->kill();
+    if (m_gnome)
+        m_gnome->kill();
+    else
+        m_compositor->kill();
 }
 
 } // namespace nookle::e2e

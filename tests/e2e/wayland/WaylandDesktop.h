@@ -1,5 +1,6 @@
 #pragma once
 
+#include "GnomeShell.h"
 #include "Hand.h"
 #include "PrivateSession.h"
 
@@ -21,6 +22,7 @@ public:
         kwin,
         /// With a bridge to X11 programs, which tells when a drag begins.
         kwinWithX11,
+        gnome,
     };
 
     struct Options {
@@ -37,6 +39,13 @@ public:
 
     [[nodiscard]] Hand& hand() { return *m_hand; }
 
+    /// The height of the bar at the top of the displays.
+    [[nodiscard]] int topBar() const { return m_gnome ? GnomeShell::topBar : 0; }
+
+    /// Whether the source of a drag is told that the shelf would take it. GNOME tells Wayland programs nothing of X11
+    /// programs.
+    [[nodiscard]] bool tellsSources() const { return !m_gnome; }
+
     /// Whether the compositor gives pictures.
     [[nodiscard]] bool hasPictures() const { return m_hasPictures; }
     /// What the user sees of an area.
@@ -52,12 +61,14 @@ private:
     [[nodiscard]] std::unique_ptr<Program> startSway(int displays);
     [[nodiscard]] std::unique_ptr<Program> startLabwc();
     [[nodiscard]] std::unique_ptr<Program> startKWin(const Options& options) const;
+    [[nodiscard]] bool startGnome(int displays);
     /// Lets programs know the X server that the compositor has started.
     [[nodiscard]] bool findBridge();
     void useWlrootsWithoutScreen(int displays);
 
     bool m_hasPictures = true;
     std::unique_ptr<Program> m_compositor;
+    std::unique_ptr<GnomeShell> m_gnome;
     std::unique_ptr<Hand> m_hand;
 };
 

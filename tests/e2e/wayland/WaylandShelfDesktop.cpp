@@ -32,6 +32,7 @@ bool WaylandShelfDesktop::setUpDesktop(WaylandDesktop::Compositor compositor, in
     if (!m_desktop)
         return false;
     m_desktop->writeFile(QStringLiteral("files/note one.txt"), "words");
+    m_desktop->setVariable(QStringLiteral("XDG_SESSION_TYPE"), QStringLiteral("wayland"));
     // For the other programs. GTK is drawn by the processor: there is nothing else.
     m_desktop->setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("wayland"));
     m_desktop->setVariable(QStringLiteral("GDK_BACKEND"), QStringLiteral("wayland"));
@@ -72,6 +73,18 @@ bool WaylandShelfDesktop::showShelf()
     return m_shelf->startAgain() == 0 && waitFor([this] { return isPanelOut(); });
 }
 
+bool WaylandShelfDesktop::callShelf(const QStringList& method) const
+{
+    const QString call = QStringLiteral("call --session -d org.nookle.Nookle -o /org/nookle/Nookle -m");
+    return m_desktop->start(QStringLiteral("gdbus"), call.split(QLatin1Char(' ')) + method)->waitForExit() == 0;
+}
+
+bool WaylandShelfDesktop::activate(const QString& action) const
+{
+    return callShelf({ QStringLiteral("org.freedesktop.Application.ActivateAction"), action, QStringLiteral("[]"),
+                       QStringLiteral("{}") });
+}
+
 QByteArray WaylandShelfDesktop::content(const char* path) const
 {
     QFile file(home(path));
@@ -85,8 +98,13 @@ QByteArray WaylandShelfDesktop::fileList() const
 
 bool WaylandShelfDesktop::openPeer(const QStringList& arguments)
 {
+    return openProgram(qEnvironmentVariable("NOOKLE_PEER"), arguments);
+}
+
+bool WaylandShelfDesktop::openProgram(const QString& path, const QStringList& arguments)
+{
     m_peer.reset();
-    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), arguments);
+    m_peer = m_desktop->start(path, arguments);
     return waitFor([this] {
         hand().moveTo(middle + QPoint(1, 0));
         hand().moveTo(middle);
@@ -118,10 +136,26 @@ bool WaylandShelfDesktop::peerSays(const QByteArray& line, qsizetype times)
 
 bool WaylandShelfDesktop::beginDrag(const QStringList& peerArguments)
 {
-    if (!openPeer(peerArguments))
+    return openPeer(peerArguments) && beginDragOfPeer();
+}
+
+bool WaylandShelfDesktop::beginDragFromGtk()
+{
+    return openProgram(qEnvironmentVariable("NOOKLE_GTK_SOURCE"), { home("files/note one.txt"), home("result") })
+        && beginDragOfPeer();
+}
+
+bool WaylandShelfDesktop::beginDragOfPeer()
+{
+    // A window that has just come may not be ready for the first press.
+    const bool isPressed = waitFor([this] {
+        hand().press();
+        if (waitFor([this] { return timesSaid("pressed") > 0; }, 1000))
+            return true;
+        hand().release();
         return false;
-    hand().press();
-    if (!peerSays("pressed"))
+    });
+    if (!isPressed)
         return false;
     hand().moveTo(middle + QPoint(40, 0));
     // Some compositors tell of a drag only with the next movement.
@@ -141,7 +175,12 @@ bool WaylandShelfDesktop::dragToEdge(int edge)
 {
     const qsizetype before = timesSaid("taken");
     hand().moveTo(QPoint(edge - 1, middle.y()));
-    return peerSays("taken", before);
+    return isTaken(before) && (m_desktop->tellsSources() || waitFor([&] { return isPanelOut(edge); }));
+}
+
+bool WaylandShelfDesktop::isTaken(qsizetype times)
+{
+    return !m_desktop->tellsSources() || peerSays("taken", times);
 }
 
 bool WaylandShelfDesktop::putOnShelf(const QByteArray& payload, const QString& type)

@@ -29,6 +29,10 @@ protected:
     [[nodiscard]] bool startShelf();
     /// Shows the shelf of the program that runs.
     [[nodiscard]] bool showShelf();
+    /// Calls the shelf over the bus, and waits for the reply.
+    [[nodiscard]] bool callShelf(const QStringList& method) const;
+    /// Calls one of its actions.
+    [[nodiscard]] bool activate(const QString& action) const;
 
     [[nodiscard]] Hand& hand() { return m_desktop->hand(); }
     [[nodiscard]] QString home(const char* path) const { return m_desktop->home(QLatin1String(path)); }
@@ -52,12 +56,17 @@ protected:
     [[nodiscard]] bool beginDrag(const QStringList& peerArguments);
     /// The same with a payload that it offers.
     [[nodiscard]] bool beginDrag(const QByteArray& payload, const QString& type = QStringLiteral("text/uri-list"));
+    /// The same from a program of GTK 4: the file "note one.txt".
+    [[nodiscard]] bool beginDragFromGtk();
     /// Brings what is being dragged to a display's right edge, where the shelf takes it.
     [[nodiscard]] bool dragToEdge(int edge = WaylandDesktop::displaySize.width());
+    /// Whether the shelf would take what is being dragged from the other program, once more than the times given; true
+    /// where that program is not told.
+    [[nodiscard]] bool isTaken(qsizetype times);
     /// Drops a payload of another program on the shelf, and waits until it is saved.
     [[nodiscard]] bool putOnShelf(const QByteArray& payload, const QString& type = QStringLiteral("text/uri-list"));
     /// Drags the first tile, or what stands at a place, to the other program, which writes to the file "received".
-    [[nodiscard]] bool dragTileToPeer() { return dragToPeer(firstTile); }
+    [[nodiscard]] bool dragTileToPeer() { return dragToPeer(firstTile()); }
     [[nodiscard]] bool dragToPeer(const QPoint& from);
 
     /// Whether the panel has come out at the right edge of a display, wholly. This and the next one are true where the
@@ -72,15 +81,23 @@ protected:
     /// In the other program's window, far from the shelf.
     static constexpr QPoint middle{ 400, 400 };
     /// The middle of the first tile's preview.
-    static constexpr QPoint firstTile{ WaylandDesktop::displaySize.width() - 56, 84 };
+    [[nodiscard]] QPoint firstTile() const { return onPanel(56, 84); }
     /// The button that keeps the panel on the screen.
-    static constexpr QPoint pin{ WaylandDesktop::displaySize.width() - 17, 41 };
+    [[nodiscard]] QPoint pin() const { return onPanel(17, 41); }
     /// The handle that stands for all items.
-    static constexpr QPoint handle{ WaylandDesktop::displaySize.width() - 41, 41 };
+    [[nodiscard]] QPoint handle() const { return onPanel(41, 41); }
 
     std::unique_ptr<WaylandDesktop> m_desktop;
     std::unique_ptr<ShelfProgram> m_shelf;
     std::unique_ptr<Program> m_peer;
+
+private:
+    [[nodiscard]] bool openProgram(const QString& path, const QStringList& arguments);
+    [[nodiscard]] bool beginDragOfPeer();
+    [[nodiscard]] QPoint onPanel(int fromRight, int fromTop) const
+    {
+        return { WaylandDesktop::displaySize.width() - fromRight, m_desktop->topBar() + fromTop };
+    }
 };
 
 } // namespace nookle::e2e
