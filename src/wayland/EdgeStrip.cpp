@@ -1,6 +1,6 @@
 #include "EdgeStrip.h"
 
-#include "WaylandPointer.h"
+#include "SeenPointer.h"
 
 #include <LayerShellQt/Window>
 
@@ -20,7 +20,7 @@ inline constexpr std::chrono::milliseconds timeAside{ 700 };
 
 } // namespace
 
-EdgeStrip::EdgeStrip(QScreen& screen, Level level, WaylandPointer& pointer)
+EdgeStrip::EdgeStrip(QScreen& screen, Level level, SeenPointer& pointer)
     : m_pointer(pointer)
 {
     using Layer = LayerShellQt::Window;

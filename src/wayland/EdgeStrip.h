@@ -9,7 +9,7 @@ class QDropEvent;
 
 namespace nookle {
 
-class WaylandPointer;
+class SeenPointer;
 
 /// An invisible window along the right edge of one display, 3 points wide, over which a drag comes when it reaches the
 /// edge. When the pointer comes without a drag, the strip steps aside for a moment: it takes no input, so that a click
@@ -26,7 +26,7 @@ public:
     };
 
     /// `pointer` must outlive this object. `screen` is the display's.
-    EdgeStrip(QScreen& screen, Level level, WaylandPointer& pointer);
+    EdgeStrip(QScreen& screen, Level level, SeenPointer& pointer);
     ~EdgeStrip() override;
 
     /// Called when a drag of another program has entered the strip. Set by the owner.
@@ -49,7 +49,7 @@ private:
     void handleDrag(QDropEvent& event);
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
-    WaylandPointer& m_pointer;
+    SeenPointer& m_pointer;
     QTimer m_aside;
 };
 

@@ -1,6 +1,6 @@
 #include "EdgeStrips.h"
 
-#include "WaylandInputMonitor.h"
+#include "EdgeInputMonitor.h"
 
 #include <QGuiApplication>
 #include <QScreen>
@@ -10,7 +10,7 @@
 
 namespace nookle {
 
-EdgeStrips::EdgeStrips(WaylandInputMonitor& input, WaylandPointer& pointer, ForeignDrags* drags)
+EdgeStrips::EdgeStrips(EdgeInputMonitor& input, SeenPointer& pointer, ForeignDrags* drags)
     : m_input(input)
     , m_pointer(pointer)
     , m_drags(drags)

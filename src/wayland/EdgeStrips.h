@@ -9,7 +9,7 @@
 
 namespace nookle {
 
-class WaylandInputMonitor;
+class EdgeInputMonitor;
 
 /// The strips of all displays. Where the start of each drag is told, they are there only during drags, above all
 /// windows. Elsewhere they are always there, below full-screen windows. Without anybody who wants to know of drags,
@@ -17,7 +17,7 @@ class WaylandInputMonitor;
 class EdgeStrips final {
 public:
     /// `drags` tells when a drag begins; null where nothing does. All arguments must outlive this object.
-    EdgeStrips(WaylandInputMonitor& input, WaylandPointer& pointer, ForeignDrags* drags);
+    EdgeStrips(EdgeInputMonitor& input, SeenPointer& pointer, ForeignDrags* drags);
     ~EdgeStrips();
     EdgeStrips(const EdgeStrips&) = delete;
     EdgeStrips& operator=(const EdgeStrips&) = delete;
@@ -37,8 +37,8 @@ private:
     void makeStrips(EdgeStrip::Level level);
     void pointerCame();
 
-    WaylandInputMonitor& m_input;
-    WaylandPointer& m_pointer;
+    EdgeInputMonitor& m_input;
+    SeenPointer& m_pointer;
     ForeignDrags* m_drags;
     bool m_isToldOfDrags = false;
     /// What the present strips are; none without strips.

@@ -1,8 +1,9 @@
 #include "LayerPanelWindow.h"
 
 #include "Displays.h"
+#include "DragForwarding.h"
 #include "ScreenDisplays.h"
-#include "WaylandPointer.h"
+#include "SeenPointer.h"
 
 #include <LayerShellQt/Window>
 
@@ -29,33 +30,9 @@ using Layer = LayerShellQt::Window;
 /// Some compositors tell where the pointer is after a drop only once it moves again.
 inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
 
-/// Sends the same event to another window, with another position. Returns whether it was accepted there.
-void forward(QDropEvent& event, QWindow& window, const QPointF& position)
-{
-    const auto send = [&](QDropEvent&& copy) {
-        copy.setDropAction(event.dropAction());
-        QCoreApplication::sendEvent(&window, &copy);
-        event.setAccepted(copy.isAccepted());
-        if (copy.isAccepted())
-            event.setDropAction(copy.dropAction());
-    };
-    const QPoint point = position.toPoint();
-    switch (event.type()) {
-    case QEvent::DragEnter:
-        send(QDragEnterEvent(point, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
-        break;
-    case QEvent::DragMove:
-        send(QDragMoveEvent(point, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
-        break;
-    default:
-        send(QDropEvent(position, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
-        break;
-    }
-}
-
 } // namespace
 
-LayerPanelWindow::LayerPanelWindow(QWindow& window, WaylandPointer& pointer)
+LayerPanelWindow::LayerPanelWindow(QWindow& window, SeenPointer& pointer)
     : m_window(window)
     , m_pointer(pointer)
     , m_popups(window)
@@ -196,7 +173,7 @@ void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& pos
         return;
     }
     const QPointF inPanel = position - m_resting.topLeft();
-    forward(
+    forwardDrag(
         event, m_window,
         { std::clamp(inPanel.x(), 0.0, m_resting.width() - 1), std::clamp(inPanel.y(), 0.0, m_resting.height() - 1) });
 }

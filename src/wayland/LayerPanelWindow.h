@@ -12,7 +12,7 @@ class QWindow;
 
 namespace nookle {
 
-class WaylandPointer;
+class SeenPointer;
 
 /// The shelf's window as a layer surface at the right edge of a display. The compositor keeps it clear of the desktop's
 /// own panels. The window does not move: its content slides within it, because a surface that reaches beyond its
@@ -23,7 +23,7 @@ class LayerPanelWindow final : public QObject, public PanelWindow {
 
 public:
     /// All arguments must outlive this object. `window` has been created but not shown.
-    LayerPanelWindow(QWindow& window, WaylandPointer& pointer);
+    LayerPanelWindow(QWindow& window, SeenPointer& pointer);
     ~LayerPanelWindow() override;
 
     void setFrame(const QRectF& frame) override;
@@ -56,7 +56,7 @@ private:
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
     QWindow& m_window;
-    WaylandPointer& m_pointer;
+    SeenPointer& m_pointer;
     PopupPlacement m_popups;
     FrameAnimation m_animation;
     QRectF m_frame;

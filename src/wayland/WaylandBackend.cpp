@@ -1,14 +1,14 @@
 #include "WaylandBackend.h"
 
 #include "CompositorWatch.h"
+#include "EdgeInputMonitor.h"
 #include "EdgeStrips.h"
 #include "LayerPanelWindow.h"
 #include "ScreenDisplays.h"
+#include "SeenPointer.h"
 #include "WaylandClipboard.h"
 #include "WaylandDropPayload.h"
 #include "WaylandGlobals.h"
-#include "WaylandInputMonitor.h"
-#include "WaylandPointer.h"
 
 #include <QDropEvent>
 #include <QPointer>
@@ -46,8 +46,8 @@ WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::
     , m_shortcuts(std::move(shortcuts))
     , m_drags(std::move(drags))
     , m_displays(std::make_unique<WaylandDisplays>())
-    , m_pointer(std::make_unique<WaylandPointer>())
-    , m_inputMonitor(std::make_unique<WaylandInputMonitor>())
+    , m_pointer(std::make_unique<SeenPointer>())
+    , m_inputMonitor(std::make_unique<EdgeInputMonitor>())
     , m_compositing(std::make_unique<WaylandCompositing>())
     , m_clipboard(std::make_unique<WaylandClipboard>())
     , m_strips(std::make_unique<EdgeStrips>(*m_inputMonitor, *m_pointer, m_drags.get()))

@@ -7,13 +7,13 @@
 namespace nookle {
 
 class CompositorWatch;
+class EdgeInputMonitor;
 class EdgeStrips;
 class ForeignDrags;
 class LayerPanelWindow;
 class ScreenDisplays;
+class SeenPointer;
 class WaylandClipboard;
-class WaylandInputMonitor;
-class WaylandPointer;
 
 /// The desktop backend for Wayland compositors with a layer shell.
 class WaylandBackend final : public DesktopBackend {
@@ -42,8 +42,8 @@ private:
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     std::unique_ptr<ForeignDrags> m_drags;
     std::unique_ptr<ScreenDisplays> m_displays;
-    std::unique_ptr<WaylandPointer> m_pointer;
-    std::unique_ptr<WaylandInputMonitor> m_inputMonitor;
+    std::unique_ptr<SeenPointer> m_pointer;
+    std::unique_ptr<EdgeInputMonitor> m_inputMonitor;
     std::unique_ptr<Compositing> m_compositing;
     std::unique_ptr<WaylandClipboard> m_clipboard;
     std::unique_ptr<EdgeStrips> m_strips;
