@@ -44,7 +44,7 @@ inline constexpr qsizetype largestIcon = 1 << 20;
     }
     QList<ShelfItem> result;
     const auto appendBefore = [&](const QUuid& id) {
-        const QList<const ShelfItem*> found = before.value(id);
+        const QList<const ShelfItem*> found = before.take(id);
         std::for_each(found.crbegin(), found.crend(), [&](const ShelfItem* item) { result.append(*item); });
     };
     for (const ShelfItem& item : items) {

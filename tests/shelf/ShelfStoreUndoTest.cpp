@@ -1,3 +1,4 @@
+#include "ShelfIndex.h"
 #include "StoreFixture.h"
 
 #include <QDir>
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void whatWasAddedAnewDoesNotComeTwice();
     void theStepBeforeIsUndoneIfTheLastIsThereAgain();
     void doublesThatWereThereBeforeComeBackAsDoubles();
+    void anItemComesBackOnceBesideItemsOfOneId();
     void aFullShelfKeepsTheStep();
     void manyStepsDropTheOldest();
     void largeStepsDropTheOldest();
@@ -353,6 +355,24 @@ void ShelfStoreUndoTest::doublesThatWereThereBeforeComeBackAsDoubles()
     store->remove(store->items().at(1).id);
     store->undoRemove();
     QCOMPARE(text(*store), QStringLiteral("a a"));
+}
+
+void ShelfStoreUndoTest::anItemComesBackOnceBesideItemsOfOneId()
+{
+    StoreFixture fixture;
+    const QUuid doubled = QUuid::createUuid();
+    const auto item = [&](const QUuid& id, const QString& words) {
+        return ShelfItem{ id, fixture.now, TextContent{ words }, false };
+    };
+    ShelfIndex index;
+    index.items = { item(QUuid::createUuid(), QStringLiteral("a")), item(doubled, QStringLiteral("b")),
+                    item(doubled, QStringLiteral("c")) };
+    QVERIFY(QDir().mkpath(fixture.path(QStringLiteral("data"))));
+    fixture.write(QStringLiteral("data/index.json"), index.encode());
+    const auto store = fixture.open();
+    remove(*store, QStringLiteral("a"));
+    store->undoRemove();
+    QCOMPARE(text(*store), QStringLiteral("a b c"));
 }
 
 void ShelfStoreUndoTest::aFullShelfKeepsTheStep()
