@@ -209,6 +209,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
             onMouseEntered();
         break;
     case QEvent::MouseMove:
+        m_afterDrop.stop();
         m_pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
         break;
     case QEvent::DragEnter:

@@ -52,7 +52,7 @@ void DragStrip::park()
 
 QPointF DragStrip::onDesktop(const QPointF& position) const
 {
-    return { m_edge.left() + std::clamp(position.x(), 0.0, thickness - 0.5),
+    return { m_display.right() - thickness + std::clamp(position.x(), 0.5, thickness - 0.5),
              m_edge.top() + std::clamp(position.y(), 0.0, m_edge.height() - 1) };
 }
 

@@ -72,17 +72,20 @@ void DragStrips::update()
 
 void DragStrips::handleDrag(QDropEvent& event, const QPointF& position)
 {
-    m_services.pointer.drag(position);
+    const bool isDrop = event.type() == QEvent::Drop;
+    // The panel knows better where the pointer is after a drop.
+    if (isDrop)
+        m_services.pointer.leave();
+    else
+        m_services.pointer.drag(position);
     if (event.type() == QEvent::DragEnter)
         m_services.input.dragHasReachedEdge();
     if (onDragEvent)
         onDragEvent(event, position);
     else
         event.ignore();
-    if (event.type() != QEvent::Drop)
-        return;
-    m_services.pointer.leave();
-    m_services.drags.end();
+    if (isDrop)
+        m_services.drags.end();
 }
 
 } // namespace nookle

@@ -61,12 +61,13 @@ void XWaylandPanelWindow::setFrame(const QRectF& frame)
 void XWaylandPanelWindow::findDisplay(const QRectF& frame)
 {
     m_display = frameAt(m_services.displays.frames(), QPointF(frame.left() - 1, frame.center().y())).value_or(frame);
+    m_right = m_services.displays.visibleFrame(m_display).right();
 }
 
 void XWaylandPanelWindow::place(const QRectF& frame)
 {
     m_frame = frame;
-    m_resting = frame.translated(m_display.right() - frame.right(), 0);
+    m_resting = frame.translated(m_right - frame.right(), 0);
     moveContent();
 }
 
@@ -187,8 +188,7 @@ void XWaylandPanelWindow::handleDrag(const QDropEvent& event)
     m_services.drags.end();
 }
 
-// No compositor lets the pointer come over a window while a drag of another program is under way. When a menu has
-// closed while the pointer is over a Wayland program, the X server says that it is where it was last.
+// When a menu has closed while the pointer is over a Wayland program, the X server says that it is where it was last.
 void XWaylandPanelWindow::pointerCame(const QPointF& position)
 {
     m_afterDrop.stop();
@@ -202,6 +202,7 @@ void XWaylandPanelWindow::pointerMoved(const QPointF& position)
 {
     if (std::exchange(m_isPointerElsewhere, false))
         pointerCame(position);
+    m_afterDrop.stop();
     m_services.drags.end();
     m_services.pointer.move(onDesktop(position));
 }

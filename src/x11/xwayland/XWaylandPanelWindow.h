@@ -82,6 +82,8 @@ private:
     QRectF m_resting;
     /// The full frame of the display that the panel belongs to.
     QRectF m_display;
+    /// The right edge of the display's usable area, at which the panel rests.
+    double m_right = 0;
     bool m_isShown = false;
     bool m_isEdgeTaken = false;
     /// True from the closing of an abandoned menu until the pointer moves over the panel.
