@@ -83,7 +83,7 @@ void SessionStartTest::init()
     QFile::remove(m_marker);
     qputenv("DISPLAY", ":7");
     for (const char* variable : { "WAYLAND_DISPLAY", "XAUTHORITY", "XDG_CURRENT_DESKTOP", "XDG_CONFIG_HOME",
-                                  "XDG_DATA_HOME", "LANG", "LANGUAGE", "NOOKLE_BACKEND" })
+                                  "XDG_DATA_HOME", "LANG", "LANGUAGE", "LC_ALL", "LC_MESSAGES", "NOOKLE_BACKEND" })
         qunsetenv(variable);
     serveBy(QStringLiteral("%1 serve %2").arg(QCoreApplication::applicationFilePath(), m_marker));
 }
@@ -154,6 +154,7 @@ void SessionStartTest::aManagerOfAnotherSessionStartsNothing_data()
     QTest::newRow("another compositor") << QStringList{ display, QStringLiteral("WAYLAND_DISPLAY=wayland-1") };
     QTest::newRow("other files") << QStringList{ display, QStringLiteral("XDG_DATA_HOME=/elsewhere") };
     QTest::newRow("another language") << QStringList{ display, QStringLiteral("LANG=de_DE.UTF-8") };
+    QTest::newRow("another language above it") << QStringList{ display, QStringLiteral("LC_ALL=de_DE.UTF-8") };
 }
 
 void SessionStartTest::aManagerOfAnotherSessionStartsNothing()

@@ -18,10 +18,20 @@ inline constexpr int questionTimeoutMilliseconds = 2000;
 inline constexpr int startTimeoutMilliseconds = 30'000;
 
 /// What decides which display the program is on, where its files are, and what it looks like.
-inline constexpr std::array decisiveVariables{
-    "DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY",    "XDG_CURRENT_DESKTOP", "XDG_CONFIG_HOME", "XDG_DATA_HOME",
-    "LANG",    "LANGUAGE",        "NOOKLE_BACKEND"
-};
+inline constexpr std::array decisiveVariables{ "DISPLAY",
+                                               "WAYLAND_DISPLAY",
+                                               "XAUTHORITY",
+                                               "XDG_CURRENT_DESKTOP",
+                                               "XDG_CONFIG_HOME",
+                                               "XDG_DATA_HOME",
+                                               "LANG",
+                                               "LANGUAGE",
+                                               "LC_ALL",
+                                               "LC_MESSAGES",
+                                               "QT_SCALE_FACTOR",
+                                               "QT_QPA_PLATFORMTHEME",
+                                               "QT_STYLE_OVERRIDE",
+                                               "NOOKLE_BACKEND" };
 
 /// The variables of the programs that the manager starts, as `NAME=value`; none without a manager.
 [[nodiscard]] std::optional<QStringList> managerEnvironment(const QDBusConnection& bus)
