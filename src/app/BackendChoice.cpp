@@ -14,9 +14,11 @@ namespace {
 [[nodiscard]] QString reasonForXWayland(const SessionFacts& facts)
 {
     const QString reason = reasonAgainstWayland(facts);
-    return facts.hasWaylandBackend || facts.isGnome
-        ? reason
-        : reason + QStringLiteral(", as those for Debian 13 and later have; drags may not reach the shelf");
+    if (facts.isGnome)
+        return reason;
+    const QString cure =
+        facts.hasWaylandBackend ? QString() : QStringLiteral(", as those for Debian 13 and later have");
+    return reason + cure + QStringLiteral("; drags may not reach the shelf");
 }
 
 [[nodiscard]] bool canUseWayland(const SessionFacts& facts)
