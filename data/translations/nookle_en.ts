@@ -220,6 +220,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::Question</name>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::SelectionActions</name>
     <message numerus="yes">
         <source>Open %n Item(s)</source>

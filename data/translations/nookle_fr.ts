@@ -220,6 +220,13 @@
     </message>
 </context>
 <context>
+    <name>nookle::Question</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>nookle::SelectionActions</name>
     <message numerus="yes">
         <source>Open %n Item(s)</source>
@@ -266,8 +273,8 @@
     <message numerus="yes">
         <source>Open %n item(s) at once?</source>
         <translation>
-            <numerusform>Ouvrir %n élément à la fois ?</numerusform>
-            <numerusform>Ouvrir %n éléments à la fois ?</numerusform>
+            <numerusform>Ouvrir %n élément à la fois&#xa0;?</numerusform>
+            <numerusform>Ouvrir %n éléments à la fois&#xa0;?</numerusform>
         </translation>
     </message>
     <message>
@@ -277,8 +284,8 @@
     <message numerus="yes">
         <source>Open %n folder(s) at once?</source>
         <translation>
-            <numerusform>Ouvrir %n dossier à la fois ?</numerusform>
-            <numerusform>Ouvrir %n dossiers à la fois ?</numerusform>
+            <numerusform>Ouvrir %n dossier à la fois&#xa0;?</numerusform>
+            <numerusform>Ouvrir %n dossiers à la fois&#xa0;?</numerusform>
         </translation>
     </message>
 </context>

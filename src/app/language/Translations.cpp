@@ -62,7 +62,7 @@ void Translations::followLanguage(const QString& language)
     const QLocale locale(language);
     if (locale.language() == QLocale::English)
         return;
-    // Of the toolkit's own texts the keys' names are seen, in menus.
+    // Of the toolkit's own texts only the keys' names are seen, in menus.
     const QString installed = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     if (m_toolkit.load(QStringLiteral("qtbase_") + locale.name(), installed))
         QCoreApplication::installTranslator(&m_toolkit);

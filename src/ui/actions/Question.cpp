@@ -1,5 +1,6 @@
 #include "Question.h"
 
+#include <QCoreApplication>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -16,7 +17,8 @@ void askInWindow(const QString& question, const QString& agreement, const std::f
     box->setWindowTitle(QStringLiteral("Nookle"));
     box->setText(question);
     const QPushButton* agree = box->addButton(agreement, QMessageBox::AcceptRole);
-    box->addButton(QMessageBox::Cancel);
+    // The toolkit's own word is in the user's language only if its translations are installed.
+    box->addButton(QCoreApplication::translate("nookle::Question", "Cancel"), QMessageBox::RejectRole);
     QObject::connect(agree, &QPushButton::clicked, agree, [proceed] { proceed(); });
     box.release()->show();
 }
