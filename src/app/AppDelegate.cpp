@@ -50,9 +50,11 @@ AppDelegate::AppDelegate(const Platform& platform, const QUrl& dataFolder,
 
 AppDelegate::~AppDelegate()
 {
-    // The window outlives the controller, and loses the focus with its end.
+    // The window outlives the controller, and loses the focus with its end; what was in use in it is so no more.
     if (m_panelContent)
         m_panelContent->onFocusChanged = [](bool) {};
+    if (m_shelfView)
+        m_shelfView->onMenuOpenChanged = nullptr;
 }
 
 void AppDelegate::applicationDidFinishLaunching()
