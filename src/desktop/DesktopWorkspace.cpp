@@ -8,8 +8,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
-
-#include <utility>
+#include <QSet>
 
 namespace nookle {
 
@@ -27,14 +26,14 @@ void openWithDesktop(const QUrl& address)
 /// Opens the folder of each file, and each folder once.
 void openFolders(const QList<QUrl>& files)
 {
-    QList<QUrl> folders;
+    QSet<QUrl> opened;
     for (const QUrl& file : files) {
         const QUrl folder = file.adjusted(QUrl::RemoveFilename);
-        if (!folders.contains(folder))
-            folders.append(folder);
-    }
-    for (const QUrl& folder : std::as_const(folders))
+        if (opened.contains(folder))
+            continue;
+        opened.insert(folder);
         openWithDesktop(folder);
+    }
 }
 
 } // namespace
