@@ -1,6 +1,6 @@
 #include "WaylandBackend.h"
 
-#include "CompositorWatch.h"
+#include "CompositorEnd.h"
 #include "EdgeInputMonitor.h"
 #include "EdgeStrips.h"
 #include "LayerPanelWindow.h"
@@ -39,7 +39,7 @@ bool WaylandBackend::isLayerShellOffered()
 }
 
 WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::unique_ptr<ForeignDrags> drags)
-    : m_watch(std::make_unique<CompositorWatch>([this] {
+    : m_end(std::make_unique<CompositorEnd>([this] {
         if (onServerGone)
             onServerGone();
     }))

@@ -6,7 +6,7 @@
 
 namespace nookle {
 
-class CompositorWatch;
+class CompositorEnd;
 class EdgeInputMonitor;
 class EdgeStrips;
 class ForeignDrags;
@@ -38,7 +38,7 @@ public:
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
-    std::unique_ptr<CompositorWatch> m_watch;
+    std::unique_ptr<CompositorEnd> m_end;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     std::unique_ptr<ForeignDrags> m_drags;
     std::unique_ptr<ScreenDisplays> m_displays;
