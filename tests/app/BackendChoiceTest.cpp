@@ -102,9 +102,10 @@ void BackendChoiceTest::theChoiceIsExplained()
     };
     QCOMPARE(description({ .isWayland = false }), QStringLiteral("the display: X11"));
     QCOMPARE(description({ .isWayland = true }), QStringLiteral("the display: Wayland"));
-    QCOMPARE(description({ .isWayland = true, .hasLayerShell = false }),
-             QStringLiteral("the display: X11 through XWayland (the compositor offers no layer shell; drags may not reach "
-                            "the shelf)"));
+    QCOMPARE(
+        description({ .isWayland = true, .hasLayerShell = false }),
+        QStringLiteral("the display: X11 through XWayland (the compositor offers no layer shell; drags may not reach "
+                       "the shelf)"));
     QCOMPARE(description({ .isWayland = true, .hasLayerShell = false, .isGnome = true }),
              QStringLiteral("the display: X11 through XWayland (the compositor offers no layer shell)"));
     QCOMPARE(description({ .isWayland = true, .hasBackend = false }),
