@@ -1,17 +1,13 @@
-#include "ShelfFixture.h"
-#include "ShelfItemView.h"
-#include "TileList.h"
-
-#include <QScrollBar>
+#include "SelectingFixture.h"
 
 using namespace nookle;
 
 /// How tiles are selected with the mouse and with keys.
-class SelectingTest : public QObject {
+class SelectingTest : public QObject, private SelectingFixture {
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void init() { open(); }
     void cleanup() { m_shelf.reset(); }
 
     void aClickWithControlAddsAndTakesOut();
@@ -31,79 +27,8 @@ private Q_SLOTS:
     void keysAreForTheSelection();
     void theSelectionSurvivesScrollingArrivalsAndRemovals();
     void theSelectionEndsWhenThePanelHides();
-    void aRubberBandSelectsWhatItTouches();
-    void aRubberBandMayBeginOnTheHeader();
-    void withControlARubberBandAdds();
-    void escapeTakesTheRubberBandBack();
     void aClickBesideTheTilesEndsTheSelection();
-    void theListScrollsUnderARubberBandAtItsEnds();
-    void thePanelIsInUseUnderARubberBand();
-
-private:
-    [[nodiscard]] TileList& list() { return *m_shelf->view.findChild<TileList*>(); }
-    [[nodiscard]] ItemInteractionView& tile(qsizetype row)
-    {
-        return list().tile(m_shelf->store.items().at(row).id)->interaction();
-    }
-    void click(qsizetype row, Qt::KeyboardModifiers modifiers = {}, Qt::MouseButton button = Qt::LeftButton)
-    {
-        QTest::mouseClick(&tile(row), button, modifiers, tile(row).rect().center());
-        // The next click is not the second one of a double click.
-        QTest::qWait(0);
-    }
-    void key(int key, Qt::KeyboardModifiers modifiers = {})
-    {
-        QTest::keyClick(&list(), static_cast<Qt::Key>(key), modifiers);
-    }
-    /// The names of the selected items; what their tiles show must agree.
-    [[nodiscard]] QString selected()
-    {
-        QString names;
-        for (const ShelfItem& item : m_shelf->store.items()) {
-            const bool isSelected = list().selection().contains(item.id);
-            if (isSelected)
-                names += item.displayName();
-            const ShelfItemView* view = list().tile(item.id);
-            if (view && view->isSelected() != isSelected)
-                names += QLatin1Char('!');
-        }
-        return names;
-    }
-    [[nodiscard]] QString takenWith(qsizetype row)
-    {
-        QString names;
-        for (const ShelfItem& item : m_shelf->view.itemsTakenWith(m_shelf->store.items().at(row)))
-            names += item.displayName();
-        return names;
-    }
-    void addTexts(int count)
-    {
-        for (int number = count - 1; number >= 0; --number)
-            m_shelf->store.addText(QChar(static_cast<char16_t>(u'a' + number)));
-    }
-    void moveTo(QWidget& widget, const QPoint& position)
-    {
-        QMouseEvent move(QEvent::MouseMove, position, widget.mapToGlobal(position), Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(&widget, &move);
-    }
-    /// The middle of the gap below a tile, at the left edge of the list.
-    [[nodiscard]] QPoint below(qsizetype row)
-    {
-        const ShelfItemView* view = list().tile(m_shelf->store.items().at(row).id);
-        return { 2, view->y() + view->height() + 2 };
-    }
-
-    std::unique_ptr<ShelfFixture> m_shelf;
 };
-
-void SelectingTest::init()
-{
-    m_shelf = std::make_unique<ShelfFixture>();
-    m_shelf->view.activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(&m_shelf->view));
-    addTexts(6);
-    list().setFocus();
-}
 
 void SelectingTest::aClickWithControlAddsAndTakesOut()
 {
@@ -295,53 +220,6 @@ void SelectingTest::theSelectionEndsWhenThePanelHides()
     QCOMPARE(selected(), QString());
 }
 
-void SelectingTest::aRubberBandSelectsWhatItTouches()
-{
-    QWidget& free = *list().viewport();
-    const QPoint start = below(0);
-    QTest::mousePress(&free, Qt::LeftButton, {}, start);
-    // Beside the column of tiles it touches none.
-    moveTo(free, below(2));
-    QCOMPARE(selected(), QString());
-    moveTo(free, below(2) + QPoint(40, 0));
-    QCOMPARE(selected(), QStringLiteral("bc"));
-    moveTo(free, below(1) + QPoint(40, 0));
-    QCOMPARE(selected(), QStringLiteral("b"));
-    QTest::mouseRelease(&free, Qt::LeftButton, {}, below(1) + QPoint(40, 0));
-    QCOMPARE(selected(), QStringLiteral("b"));
-}
-
-void SelectingTest::aRubberBandMayBeginOnTheHeader()
-{
-    QWidget& view = m_shelf->view;
-    QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(10, 10));
-    moveTo(view, view.mapFromGlobal(list().viewport()->mapToGlobal(below(1) + QPoint(40, 0))));
-    QTest::mouseRelease(&view, Qt::LeftButton);
-    QCOMPARE(selected(), QStringLiteral("ab"));
-}
-
-void SelectingTest::withControlARubberBandAdds()
-{
-    click(5, Qt::ControlModifier);
-    QWidget& free = *list().viewport();
-    QTest::mousePress(&free, Qt::LeftButton, Qt::ControlModifier, below(0));
-    moveTo(free, below(1) + QPoint(40, 0));
-    QTest::mouseRelease(&free, Qt::LeftButton, Qt::ControlModifier, below(1) + QPoint(40, 0));
-    QCOMPARE(selected(), QStringLiteral("bf"));
-}
-
-void SelectingTest::escapeTakesTheRubberBandBack()
-{
-    click(5, Qt::ControlModifier);
-    QWidget& free = *list().viewport();
-    QTest::mousePress(&free, Qt::LeftButton, Qt::ControlModifier, below(0));
-    moveTo(free, below(1) + QPoint(40, 0));
-    key(Qt::Key_Escape);
-    QCOMPARE(selected(), QStringLiteral("f"));
-    moveTo(free, below(2) + QPoint(40, 0));
-    QCOMPARE(selected(), QStringLiteral("f"));
-}
-
 void SelectingTest::aClickBesideTheTilesEndsTheSelection()
 {
     key(Qt::Key_A, Qt::ControlModifier);
@@ -349,40 +227,6 @@ void SelectingTest::aClickBesideTheTilesEndsTheSelection()
     QCOMPARE(selected(), QStringLiteral("abcdef"));
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, below(0));
     QCOMPARE(selected(), QString());
-}
-
-void SelectingTest::theListScrollsUnderARubberBandAtItsEnds()
-{
-    addTexts(20);
-    QWidget& free = *list().viewport();
-    QTest::mousePress(&free, Qt::LeftButton, {}, below(0));
-    moveTo(free, QPoint(40, free.height() / 2));
-    QCOMPARE(m_shelf->queue.waitingTimers(), 0);
-    moveTo(free, QPoint(40, free.height() - 2));
-    m_shelf->queue.advance(10);
-    QCOMPARE(list().verticalScrollBar()->value(), list().verticalScrollBar()->maximum());
-    QCOMPARE(list().selection().ids().size(), 19);
-    moveTo(free, QPoint(40, free.height() / 2));
-    QCOMPARE(m_shelf->queue.waitingTimers(), 0);
-    moveTo(free, QPoint(40, -5));
-    m_shelf->queue.advance(10);
-    QCOMPARE(list().verticalScrollBar()->value(), 0);
-    QCOMPARE(selected(), QStringLiteral("a"));
-    QTest::mouseRelease(&free, Qt::LeftButton, {}, QPoint(40, -5));
-    QCOMPARE(m_shelf->queue.waitingTimers(), 0);
-}
-
-void SelectingTest::thePanelIsInUseUnderARubberBand()
-{
-    QList<bool> heard;
-    m_shelf->view.onMenuOpenChanged = [&](bool isOpen) { heard.append(isOpen); };
-    QWidget& free = *list().viewport();
-    QTest::mousePress(&free, Qt::LeftButton, {}, below(0));
-    QVERIFY(heard.isEmpty());
-    moveTo(free, below(1));
-    QCOMPARE(heard, QList<bool>{ true });
-    m_shelf->view.hide();
-    QCOMPARE(heard, QList<bool>({ true, false }));
 }
 
 QTEST_MAIN(SelectingTest)

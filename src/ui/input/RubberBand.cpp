@@ -38,8 +38,15 @@ RubberBand::~RubberBand() = default;
 
 void RubberBand::press(const QPoint& position)
 {
+    end();
     m_position = position;
-    m_start = position + QPoint(0, m_list.verticalScrollBar()->value());
+    m_start = clamped(position) + QPoint(0, m_list.verticalScrollBar()->value());
+    m_mayScroll = clamped(position) == position;
+}
+
+QPoint RubberBand::clamped(const QPoint& position) const
+{
+    return { position.x(), std::clamp(position.y(), 0, std::max(0, m_list.viewport()->height() - 1)) };
 }
 
 void RubberBand::move(const QPoint& position)
@@ -48,6 +55,9 @@ void RubberBand::move(const QPoint& position)
         return;
     const QPoint moved = position - m_position;
     if (!m_isDrawn && std::hypot(moved.x(), moved.y()) <= drawDistance)
+        return;
+    // Rows that are scrolled away would lie there, but the user sees the header.
+    if (!m_isDrawn && !m_mayScroll && clamped(position) != position)
         return;
     m_position = position;
     if (!std::exchange(m_isDrawn, true)) {
@@ -74,7 +84,7 @@ void RubberBand::follow()
     if (!m_isDrawn)
         return;
     const QPoint offset(0, m_list.verticalScrollBar()->value());
-    const QPoint corner = m_position + offset;
+    const QPoint corner = clamped(m_position) + offset;
     const QRect rect(QPoint(std::min(corner.x(), m_start->x()), std::min(corner.y(), m_start->y())),
                      QPoint(std::max(corner.x(), m_start->x()), std::max(corner.y(), m_start->y())));
     setGeometry(rect.translated(-offset));
@@ -93,9 +103,11 @@ int RubberBand::scrollStep() const
 
 void RubberBand::scrollNearEnds()
 {
-    if (scrollStep() == 0)
+    const bool isBetweenEnds = scrollStep() == 0;
+    m_mayScroll = m_mayScroll || isBetweenEnds;
+    if (isBetweenEnds)
         m_scrolling.reset();
-    else if (!m_scrolling)
+    else if (m_mayScroll && !m_scrolling)
         m_scrolling = m_queue.every(scrollInterval, [this] {
             QScrollBar& bar = *m_list.verticalScrollBar();
             bar.setValue(bar.value() + scrollStep());

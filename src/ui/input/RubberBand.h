@@ -16,7 +16,9 @@ class Cancellable;
 class MainQueue;
 
 /// The rectangle that the user draws with the mouse over a scrolling list. Its first corner scrolls with the list, and
-/// near the ends of the list it makes the list scroll. Draws itself within the list, and takes no events.
+/// near the ends of the list it makes the list scroll. Its second corner stays in view. If it begins above or below the
+/// list, it is drawn once the pointer has come in, and makes the list scroll once the pointer has been away from the
+/// ends. Draws itself within the list, and takes no events.
 class RubberBand final : public QWidget {
     Q_OBJECT
 
@@ -41,12 +43,12 @@ public:
     /// Draws it anew. Call it when the list has scrolled or has other rows.
     void follow();
 
-    [[nodiscard]] bool isDrawn() const { return m_isDrawn; }
-
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// The nearest position that is neither above nor below the list.
+    [[nodiscard]] QPoint clamped(const QPoint& position) const;
     void scrollNearEnds();
     /// In points a step; negative upwards.
     [[nodiscard]] int scrollStep() const;
@@ -57,6 +59,8 @@ private:
     std::optional<QPoint> m_start;
     QPoint m_position;
     bool m_isDrawn = false;
+    /// False while the pointer only comes into the list.
+    bool m_mayScroll = false;
     std::unique_ptr<Cancellable> m_scrolling;
 };
 
