@@ -19,6 +19,7 @@ private Q_SLOTS:
     void aDragTakesAllSelectedItemsInTheOrderOfTheShelf();
     void aDragOfAnotherTileTakesThatOneAlone();
     void aPressWithControlKeepsTheSelectionForADrag();
+    void theKeysAtThePressCount();
     void arrowsWithShiftExtend();
     void arrowsWithControlOnlyMove();
     void controlAndSpaceChoose();
@@ -126,6 +127,22 @@ void SelectingTest::aPressWithControlKeepsTheSelectionForADrag()
     QCOMPARE(selected(), QStringLiteral("bc"));
     QTest::mouseRelease(&tile(1), Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(selected(), QStringLiteral("c"));
+}
+
+void SelectingTest::theKeysAtThePressCount()
+{
+    (void)m_shelf->addFile("file");
+    click(1, Qt::ControlModifier);
+    // Control is let go of a moment before the button.
+    QTest::mousePress(&tile(0), Qt::LeftButton, Qt::ControlModifier);
+    QTest::mouseRelease(&tile(0), Qt::LeftButton);
+    QCOMPARE(selected(), QStringLiteral("filea"));
+    QVERIFY(m_shelf->workspace.opened.isEmpty());
+    QTest::qWait(0);
+    QTest::mousePress(&tile(0), Qt::LeftButton);
+    QTest::mouseRelease(&tile(0), Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(selected(), QStringLiteral("filea"));
+    QCOMPARE(m_shelf->workspace.opened.size(), 1);
 }
 
 void SelectingTest::arrowsWithShiftExtend()

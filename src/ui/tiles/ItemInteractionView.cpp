@@ -54,7 +54,7 @@ void ItemInteractionView::press(const QMouseEvent& event)
     if (event.button() != Qt::LeftButton)
         return;
     m_mouseDownLocation = event.position();
-    Press latest{ event.globalPosition(), event.timestamp(), 1 };
+    Press latest{ event.globalPosition(), event.timestamp(), event.modifiers(), 1 };
     if (m_lastPress && isSoonAfter(*m_lastPress, latest))
         latest.clickCount = m_lastPress->clickCount + 1;
     else if (event.type() == QEvent::MouseButtonDblClick)
@@ -118,10 +118,11 @@ void ItemInteractionView::mouseReleaseEvent(QMouseEvent* event)
         return;
     // The click's action may replace the configuration, or remove the tile.
     const ItemInteraction configuration = *m_configuration;
+    const Press press = *m_lastPress;
     // Each click of a series chooses, but only the first one opens.
-    if (Selection::isKept(event->modifiers()))
-        callIfSet(configuration.onChoose, event->modifiers());
-    else if (m_lastPress->clickCount == 1)
+    if (Selection::isKept(press.modifiers))
+        callIfSet(configuration.onChoose, press.modifiers);
+    else if (press.clickCount == 1)
         callIfSet(configuration.onClick);
 }
 

@@ -48,6 +48,8 @@ private:
         QPointF globalPosition;
         /// The event's timestamp, in milliseconds.
         quint64 time = 0;
+        /// The user may let go of the keys before the button.
+        Qt::KeyboardModifiers modifiers;
         /// The number of this press in a series of quick presses at one place, beginning with 1.
         int clickCount = 1;
     };
