@@ -289,7 +289,7 @@ void ShelfView::mousePressEvent(QMouseEvent* event)
 
 void ShelfView::mouseMoveEvent(QMouseEvent* event)
 {
-    m_tiles->band().move(event->globalPosition().toPoint());
+    m_tiles->band().move(event->globalPosition().toPoint(), event->buttons());
 }
 
 void ShelfView::mouseReleaseEvent(QMouseEvent* event)
@@ -340,9 +340,10 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
 }
 
-// For the mouse, a tile opens its menu itself.
+// For the mouse, a tile opens its menu itself. A rubber band ends: the menu takes the release of its button.
 void ShelfView::contextMenuEvent(QContextMenuEvent* event)
 {
+    m_tiles->band().cancel();
     const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
     const QList<ShelfItem> items = isKey ? targets() : QList<ShelfItem>();
     if (items.isEmpty()) {

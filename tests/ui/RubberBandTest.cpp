@@ -20,6 +20,8 @@ private Q_SLOTS:
     void aRubberBandFromTheHeaderLeavesWhatIsScrolledAway();
     void aRubberBandFromTheHeaderDoesNotScrollOnItsWayIn();
     void thePanelIsInUseUnderARubberBand();
+    void aMenuTakesTheRubberBandBack();
+    void aRubberBandWhoseReleaseWasLostEndsAtTheNextMove();
 };
 
 void RubberBandTest::aRubberBandSelectsWhatItTouches()
@@ -140,6 +142,42 @@ void RubberBandTest::thePanelIsInUseUnderARubberBand()
     QCOMPARE(heard, QList<bool>{ true });
     m_shelf->view.hide();
     QCOMPARE(heard, QList<bool>({ true, false }));
+}
+
+void RubberBandTest::aMenuTakesTheRubberBandBack()
+{
+    QList<bool> heard;
+    m_shelf->view.onMenuOpenChanged = [&](bool isOpen) { heard.append(isOpen); };
+    QWidget& free = *list().viewport();
+    QTest::mousePress(&free, Qt::LeftButton, {}, below(0));
+    moveTo(free, below(1) + QPoint(40, 0));
+    QContextMenuEvent event(QContextMenuEvent::Mouse, below(1), free.mapToGlobal(below(1)));
+    QApplication::sendEvent(&free, &event);
+    QCOMPARE(selected(), QString());
+    QWidget* menu = QApplication::activePopupWidget();
+    QVERIFY(menu);
+    // The menu takes the release of the left button.
+    menu->close();
+    QVERIFY(!heard.isEmpty());
+    QCOMPARE(heard.count(true), heard.count(false));
+    moveTo(free, below(2) + QPoint(40, 0));
+    QCOMPARE(selected(), QString());
+}
+
+void RubberBandTest::aRubberBandWhoseReleaseWasLostEndsAtTheNextMove()
+{
+    QList<bool> heard;
+    m_shelf->view.onMenuOpenChanged = [&](bool isOpen) { heard.append(isOpen); };
+    QWidget& view = m_shelf->view;
+    for (QWidget* widget : { list().viewport(), &view }) {
+        heard.clear();
+        QTest::mousePress(list().viewport(), Qt::LeftButton, {}, below(0));
+        moveTo(*list().viewport(), below(1) + QPoint(40, 0));
+        const QPoint inView = list().viewport()->mapTo(&view, below(2) + QPoint(40, 0));
+        moveTo(*widget, widget->mapFrom(&view, inView), Qt::RightButton);
+        QCOMPARE(selected(), QStringLiteral("b"));
+        QCOMPARE(heard, QList<bool>({ true, false }));
+    }
 }
 
 QTEST_MAIN(RubberBandTest)

@@ -60,9 +60,9 @@ protected:
         for (int number = count - 1; number >= 0; --number)
             m_shelf->store.addText(QChar(static_cast<char16_t>(u'a' + number)));
     }
-    void moveTo(QWidget& widget, const QPoint& position)
+    void moveTo(QWidget& widget, const QPoint& position, Qt::MouseButtons buttons = Qt::LeftButton)
     {
-        QMouseEvent move(QEvent::MouseMove, position, widget.mapToGlobal(position), Qt::NoButton, Qt::LeftButton, {});
+        QMouseEvent move(QEvent::MouseMove, position, widget.mapToGlobal(position), Qt::NoButton, buttons, {});
         QApplication::sendEvent(&widget, &move);
     }
     /// The middle of the gap below a tile, at the left edge of the list.

@@ -25,9 +25,12 @@ void BandSelection::press(const QPoint& globalPosition, const QSet<QUuid>& selec
     m_band->press(inViewport(globalPosition));
 }
 
-void BandSelection::move(const QPoint& globalPosition)
+void BandSelection::move(const QPoint& globalPosition, Qt::MouseButtons buttons)
 {
-    m_band->move(inViewport(globalPosition));
+    if (buttons & Qt::LeftButton)
+        m_band->move(inViewport(globalPosition));
+    else
+        m_band->end();
 }
 
 bool BandSelection::release()

@@ -27,11 +27,12 @@ public:
     /// Called when the rubber band appears (true) and when it ends.
     std::function<void(bool isDrawn)> onDrawnChanged = [](bool) {};
 
-    // The left button was pressed, moved and released. Positions are those of the screen.
+    // The mouse was pressed, moved and released. Positions are those of the screen.
 
     /// The rubber band adds to `selected`.
     void press(const QPoint& globalPosition, const QSet<QUuid>& selected);
-    void move(const QPoint& globalPosition);
+    /// Ends the rubber band if the left button is not among `buttons`: something else has taken its release.
+    void move(const QPoint& globalPosition, Qt::MouseButtons buttons);
     /// Ends the rubber band. Returns false if there is none: the mouse was clicked.
     bool release();
 

@@ -222,7 +222,7 @@ void TileList::mousePressEvent(QMouseEvent* event)
 
 void TileList::mouseMoveEvent(QMouseEvent* event)
 {
-    m_band.move(event->globalPosition().toPoint());
+    m_band.move(event->globalPosition().toPoint(), event->buttons());
 }
 
 void TileList::mouseReleaseEvent(QMouseEvent* event)
