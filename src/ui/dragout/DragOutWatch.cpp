@@ -54,7 +54,9 @@ void DragOutWatch::end(DragOperation operation)
     // If no destination accepted the drag, a later move of a file to the Trash has nothing to do with it.
     else if (operation != DragOperation::none)
         filesTrashed(m_trash.takeTrashed());
-    if (operation == DragOperation::none || !hasFilesLeft()) {
+    else
+        m_dragged.clear();
+    if (!hasFilesLeft()) {
         m_trash.end();
         m_images.end();
         return;

@@ -48,10 +48,10 @@ bool DraggedImages::begin(const QList<ShelfItem>& items)
         if (images.contains(item.id))
             m_current.push_back(take(item));
     }
-    return true;
+    return std::none_of(m_current.begin(), m_current.end(), [](const auto& each) { return each->isDone(); });
 }
 
-/// Ends the watch over the item, or begins to hold it.
+/// Goes on with the watch over the item, or begins to hold it.
 std::unique_ptr<DraggedImage> DraggedImages::take(const ShelfItem& item)
 {
     const auto known =

@@ -28,8 +28,8 @@ public:
     /// Checks those of `items` that are watched: one that was moved away is copied back.
     void lookAgain(const QList<ShelfItem>& items);
 
-    /// The drag of `items` begins. Earlier images stay watched. Returns false, and holds none of the items, if more
-    /// than `mostHeld` images would be held: then no receiver may be allowed to move them.
+    /// The drag of `items` begins. Earlier images stay watched. Returns false if no receiver may be allowed to move the
+    /// images: because one of them cannot be held, or because there are more than `mostHeld`; it then holds none.
     [[nodiscard]] bool begin(const QList<ShelfItem>& items);
 
     /// The drag has ended, and its receiver may move the files. Calls `DraggedImage::keepLooking` for each.

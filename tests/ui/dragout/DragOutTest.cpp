@@ -7,6 +7,8 @@
 #include <QFileInfo>
 #include <QSignalSpy>
 
+#include <sys/resource.h>
+
 using namespace nookle;
 
 class DragOutTest : public QObject {
@@ -24,8 +26,10 @@ private Q_SLOTS:
     void aTextGoesWithTheFilesOnceAllOfThemAreInTheTrash();
     void trashedItemsLeaveInOneChange();
     void textsThatWereTrashedComeBackInOneStep();
+    void aDragThatEndedNowhereSendsNothingToTheTrash();
     void imagesThatAreMovedAwayAreCopiedBack();
     void moreImagesThanCanBeHeldMayNotBeMoved();
+    void imagesThatCannotBeHeldMayNotBeMoved();
     void aDragOfThousandFilesHoldsNothing();
     void thePictureOfSeveralIsAFan();
 
@@ -199,6 +203,23 @@ void DragOutTest::textsThatWereTrashedComeBackInOneStep()
     QVERIFY(!m_shelf->store.canUndoRemove());
 }
 
+void DragOutTest::aDragThatEndedNowhereSendsNothingToTheTrash()
+{
+    const QUrl image = m_shelf->addImage();
+    const QList<ShelfItem> imageAlone = items();
+    m_shelf->store.addText(QStringLiteral("words"));
+    QVERIFY(m_drag->begin(imageAlone));
+    m_drag->end(DragOperation::copy);
+    QVERIFY(m_drag->begin(items()));
+    m_drag->end(DragOperation::none);
+    // The receiver of the first drag moves the image there.
+    QVERIFY(QFile::remove(image.toLocalFile()));
+    m_shelf->references.moveFile(image, inTrash("Shot.png"));
+    m_shelf->queue.advance(1);
+    QCOMPARE(items().size(), 1);
+    QCOMPARE(m_shelf->top().displayName(), QStringLiteral("words"));
+}
+
 void DragOutTest::imagesThatAreMovedAwayAreCopiedBack()
 {
     const QList<QUrl> images{ m_shelf->addImage(), m_shelf->addImage(), m_shelf->addImage() };
@@ -235,6 +256,23 @@ void DragOutTest::moreImagesThanCanBeHeldMayNotBeMoved()
     QCOMPARE(descriptorsBelow(m_shelf->directory.path().toUtf8()), many);
     m_shelf->queue.advance(700);
     QCOMPARE(descriptorsBelow(m_shelf->directory.path().toUtf8()), 0);
+}
+
+void DragOutTest::imagesThatCannotBeHeldMayNotBeMoved()
+{
+    addImages(2);
+    rlimit before{};
+    QCOMPARE(::getrlimit(RLIMIT_NOFILE, &before), 0);
+    const rlimit none{ 0, before.rlim_max };
+    QCOMPARE(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    const auto drag = m_drag->begin(items());
+    QCOMPARE(::setrlimit(RLIMIT_NOFILE, &before), 0);
+    QVERIFY(drag);
+    QCOMPARE(drag->allowed.toInt(), 1);
+    m_drag->end(DragOperation::none);
+    const auto again = m_drag->begin(items());
+    QVERIFY(again);
+    QCOMPARE(again->allowed.toInt(), 33);
 }
 
 void DragOutTest::aDragOfThousandFilesHoldsNothing()
