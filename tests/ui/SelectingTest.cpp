@@ -20,6 +20,7 @@ private Q_SLOTS:
     void aDragOfAnotherTileTakesThatOneAlone();
     void aPressWithControlKeepsTheSelectionForADrag();
     void theKeysAtThePressCount();
+    void tabKeepsTheSelection();
     void arrowsWithShiftExtend();
     void arrowsWithControlOnlyMove();
     void controlAndSpaceChoose();
@@ -145,6 +146,16 @@ void SelectingTest::theKeysAtThePressCount()
     QCOMPARE(m_shelf->workspace.opened.size(), 1);
 }
 
+void SelectingTest::tabKeepsTheSelection()
+{
+    list().clearFocus();
+    list().selectAll();
+    QVERIFY(!list().currentId());
+    list().setFocus(Qt::TabFocusReason);
+    QCOMPARE(list().currentId(), m_shelf->top().id);
+    QCOMPARE(selected(), QStringLiteral("abcdef"));
+}
+
 void SelectingTest::arrowsWithShiftExtend()
 {
     key(Qt::Key_Down);
@@ -241,6 +252,9 @@ void SelectingTest::aClickBesideTheTilesEndsTheSelection()
 {
     key(Qt::Key_A, Qt::ControlModifier);
     QTest::mouseClick(list().viewport(), Qt::LeftButton, Qt::ControlModifier, below(0));
+    QCOMPARE(selected(), QStringLiteral("abcdef"));
+    QTest::mousePress(list().viewport(), Qt::LeftButton, Qt::ControlModifier, below(0));
+    QTest::mouseRelease(list().viewport(), Qt::LeftButton, {}, below(0));
     QCOMPARE(selected(), QStringLiteral("abcdef"));
     QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, below(0));
     QCOMPARE(selected(), QString());

@@ -347,9 +347,11 @@ void TileList::focusInEvent(QFocusEvent* event)
     // A closed menu and a window that is active again change nothing.
     if (isTab || event->reason() == Qt::MouseFocusReason)
         m_usesKeys = isTab;
+    const bool isSelected = !m_selection.isEmpty();
     if (isTab && !m_selection.currentRow() && !m_selection.rows().empty())
-        m_selection.moveTo(0, {});
-    showSelection();
+        change([&] { m_selection.moveTo(0, isSelected ? Qt::ControlModifier : Qt::NoModifier); });
+    else
+        showSelection();
 }
 
 void TileList::focusOutEvent(QFocusEvent* event)
