@@ -295,7 +295,7 @@ void ShelfView::mouseMoveEvent(QMouseEvent* event)
 void ShelfView::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        m_tiles->releaseBeside(event->modifiers());
+        m_tiles->releaseBeside();
 }
 
 // What the list does not use must not reach anything behind the panel.

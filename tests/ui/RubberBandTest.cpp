@@ -16,6 +16,8 @@ private Q_SLOTS:
     void aRubberBandMayBeginOnTheHeader();
     void withControlARubberBandAdds();
     void escapeTakesTheRubberBandBack();
+    void escapeGivesBackWhatWasSelectedBefore();
+    void whatIsRemovedUnderARubberBandDoesNotComeBack();
     void theListScrollsUnderARubberBandAtItsEnds();
     void aRubberBandFromTheHeaderLeavesWhatIsScrolledAway();
     void aRubberBandFromTheHeaderDoesNotScrollOnItsWayIn();
@@ -69,6 +71,32 @@ void RubberBandTest::escapeTakesTheRubberBandBack()
     QCOMPARE(selected(), QStringLiteral("f"));
     moveTo(free, below(2) + QPoint(40, 0));
     QCOMPARE(selected(), QStringLiteral("f"));
+}
+
+void RubberBandTest::escapeGivesBackWhatWasSelectedBefore()
+{
+    click(5, Qt::ControlModifier);
+    click(4, Qt::ControlModifier);
+    QWidget& free = *list().viewport();
+    QTest::mousePress(&free, Qt::LeftButton, {}, below(0));
+    moveTo(free, below(1) + QPoint(40, 0));
+    QCOMPARE(selected(), QStringLiteral("b"));
+    key(Qt::Key_Escape);
+    QCOMPARE(selected(), QStringLiteral("ef"));
+    // The release that follows is no click beside the tiles.
+    QTest::mouseRelease(&free, Qt::LeftButton, {}, below(1) + QPoint(40, 0));
+    QCOMPARE(selected(), QStringLiteral("ef"));
+}
+
+void RubberBandTest::whatIsRemovedUnderARubberBandDoesNotComeBack()
+{
+    click(5, Qt::ControlModifier);
+    QWidget& free = *list().viewport();
+    QTest::mousePress(&free, Qt::LeftButton, {}, below(0));
+    moveTo(free, below(1) + QPoint(40, 0));
+    m_shelf->store.remove(m_shelf->store.items().at(5).id);
+    key(Qt::Key_Escape);
+    QVERIFY(list().selection().isEmpty());
 }
 
 void RubberBandTest::theListScrollsUnderARubberBandAtItsEnds()

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void extendingWithoutAnythingChosenSelectsTheRow();
     void aPressKeepsTheSelectionItHits();
     void allCanBeSelected();
+    void onlyItemsOfRowsCanBeSelected();
     void clearingLeavesTheCurrentRow();
     void clearingTheCurrentRowEndsTheSelection();
     void aSelectedItemTakesAllSelectedOnesAlong();
@@ -195,6 +196,14 @@ void SelectionTest::allCanBeSelected()
     m_selection.selectAll();
     QCOMPARE(selected(), QByteArray("abcdef"));
     QCOMPARE(current(), 'c');
+}
+
+void SelectionTest::onlyItemsOfRowsCanBeSelected()
+{
+    m_selection.select({ id('b'), id('x') });
+    QCOMPARE(m_selection.ids(), QSet<QUuid>{ id('b') });
+    m_selection.select({ id('x') });
+    QVERIFY(m_selection.isEmpty());
 }
 
 void SelectionTest::clearingLeavesTheCurrentRow()

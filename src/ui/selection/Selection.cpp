@@ -157,9 +157,9 @@ void Selection::selectAll()
     select(QSet<QUuid>(m_rows.begin(), m_rows.end()));
 }
 
-void Selection::select(QSet<QUuid> ids)
+void Selection::select(const QSet<QUuid>& ids)
 {
-    m_selected = std::move(ids);
+    m_selected = QSet<QUuid>(m_rows.begin(), m_rows.end()).intersect(ids);
     m_currentStandsForSelection = true;
 }
 

@@ -55,8 +55,8 @@ public:
 
     void selectAll();
 
-    /// Selects these items and no others.
-    void select(QSet<QUuid> ids);
+    /// Selects those of these items that have a row, and no others.
+    void select(const QSet<QUuid>& ids);
 
     /// Ends the selection. The current row stays.
     void clear();

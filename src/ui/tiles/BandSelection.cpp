@@ -4,13 +4,17 @@
 
 #include <QAbstractScrollArea>
 
+#include <utility>
+
 namespace nookle {
 
 BandSelection::BandSelection(QAbstractScrollArea& list, MainQueue& queue)
     : m_list(list)
     , m_band(new RubberBand(list, queue))
 {
-    m_band->onChanged = [this](const QRect& rect) { onSelected(m_selectedBefore + itemsUnder(rect)); };
+    m_band->onChanged = [this](const QRect& rect) {
+        onSelected(m_adds ? m_selectedBefore + itemsUnder(rect) : itemsUnder(rect));
+    };
     m_band->onDrawnChanged = [this](bool isDrawn) { onDrawnChanged(isDrawn); };
 }
 
@@ -19,9 +23,11 @@ QPoint BandSelection::inViewport(const QPoint& globalPosition) const
     return m_list.viewport()->mapFromGlobal(globalPosition);
 }
 
-void BandSelection::press(const QPoint& globalPosition, const QSet<QUuid>& selected)
+void BandSelection::press(const QPoint& globalPosition, const QSet<QUuid>& selected, bool adds)
 {
     m_selectedBefore = selected;
+    m_adds = adds;
+    m_isPressed = true;
     m_band->press(inViewport(globalPosition));
 }
 
@@ -30,18 +36,21 @@ void BandSelection::move(const QPoint& globalPosition, Qt::MouseButtons buttons)
     if (buttons & Qt::LeftButton)
         m_band->move(inViewport(globalPosition));
     else
-        m_band->end();
+        release();
 }
 
 bool BandSelection::release()
 {
-    return m_band->end();
+    const bool wasDrawn = m_band->end();
+    return std::exchange(m_isPressed, false) && !wasDrawn && !m_adds;
 }
 
 bool BandSelection::cancel()
 {
     if (!m_band->end())
         return false;
+    // The release that follows is no click.
+    m_isPressed = false;
     onSelected(m_selectedBefore);
     return true;
 }

@@ -29,11 +29,11 @@ public:
 
     // The mouse was pressed, moved and released. Positions are those of the screen.
 
-    /// The rubber band adds to `selected`.
-    void press(const QPoint& globalPosition, const QSet<QUuid>& selected);
+    /// The rubber band adds to what is `selected`, or selects anew.
+    void press(const QPoint& globalPosition, const QSet<QUuid>& selected, bool adds);
     /// Ends the rubber band if the left button is not among `buttons`: something else has taken its release.
     void move(const QPoint& globalPosition, Qt::MouseButtons buttons);
-    /// Ends the rubber band. Returns false if there is none: the mouse was clicked.
+    /// Ends the rubber band. Returns whether the selection is to end: the mouse was clicked, and would not have added.
     bool release();
 
     /// Ends the rubber band and takes its effect back. Returns false if there is none.
@@ -49,6 +49,8 @@ private:
     /// A child of the list.
     RubberBand* m_band;
     QSet<QUuid> m_selectedBefore;
+    bool m_adds = false;
+    bool m_isPressed = false;
 };
 
 } // namespace nookle

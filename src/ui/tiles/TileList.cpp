@@ -194,12 +194,12 @@ bool TileList::endSelection()
 
 void TileList::pressBeside(const QPoint& globalPosition, Qt::KeyboardModifiers modifiers)
 {
-    m_band.press(globalPosition, Selection::isKept(modifiers) ? m_selection.ids() : QSet<QUuid>());
+    m_band.press(globalPosition, m_selection.ids(), Selection::isKept(modifiers));
 }
 
-void TileList::releaseBeside(Qt::KeyboardModifiers modifiers)
+void TileList::releaseBeside()
 {
-    if (!m_band.release() && !Selection::isKept(modifiers))
+    if (m_band.release())
         change([this] { m_selection.clear(); });
 }
 
@@ -228,7 +228,7 @@ void TileList::mouseMoveEvent(QMouseEvent* event)
 void TileList::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        releaseBeside(event->modifiers());
+        releaseBeside();
 }
 
 // Accepted at the ends of the list too: the event must not go on to what lies behind.

@@ -83,7 +83,7 @@ public:
     // screen.
 
     void pressBeside(const QPoint& globalPosition, Qt::KeyboardModifiers modifiers);
-    void releaseBeside(Qt::KeyboardModifiers modifiers);
+    void releaseBeside();
 
     /// From now on no row is the current one, until a key or the mouse chooses one.
     void clearCurrent();
