@@ -193,6 +193,19 @@ void ShelfStore::togglePinned(QUuid id)
     m_changes.itemsChanged();
 }
 
+void ShelfStore::setPinned(const QSet<QUuid>& ids, bool pinned)
+{
+    bool isChanged = false;
+    for (ShelfItem& item : m_items) {
+        if (ids.contains(item.id))
+            isChanged |= std::exchange(item.pinned, pinned) != pinned;
+    }
+    if (!isChanged)
+        return;
+    m_index.schedule();
+    m_changes.itemsChanged();
+}
+
 void ShelfStore::remove(const QSet<QUuid>& ids)
 {
     m_removed.keep(ids, m_items, m_files.urls(), now());
@@ -365,21 +378,11 @@ void ShelfStore::removeOrphans()
     removeOrphanFolders(m_items, m_itemFiles, m_index, time, m_environment.moveToTrash);
 }
 
-void ShelfStore::saveNow()
-{
-    m_index.saveNow();
-}
-
 void ShelfStore::moveToTop(qsizetype index)
 {
     m_items.move(index, 0);
     m_removed.forgetPlaces({ m_items.constFirst().id });
     m_items.first().createdAt = now();
-}
-
-QDateTime ShelfStore::now() const
-{
-    return m_environment.now().toUTC();
 }
 
 qsizetype ShelfStore::indexOf(const QUuid& id) const

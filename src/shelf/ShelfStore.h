@@ -96,6 +96,9 @@ public:
 
     void togglePinned(QUuid id);
 
+    /// Pins several items, or unpins them, in one change. Does nothing if all of them are as wanted already.
+    void setPinned(const QSet<QUuid>& ids, bool pinned);
+
     /// Removes an item from the shelf. An image goes to the Trash; a referenced file is not touched.
     void remove(QUuid id) { remove(QSet<QUuid>{ id }); }
 
@@ -142,7 +145,7 @@ public:
 
     /// Writes the index at once, in place of a pending save, and waits until it is written or a time limit is over. A
     /// failure is logged.
-    void saveNow();
+    void saveNow() { m_index.saveNow(); }
 
 Q_SIGNALS:
     /// Emitted after the change. A listener may change the store again.
@@ -156,7 +159,7 @@ private:
     /// Whether the index has room for `additions`. If not, emits `additionFailed`.
     [[nodiscard]] bool hasRoomFor(const QList<ShelfItem>& additions);
 
-    [[nodiscard]] QDateTime now() const;
+    [[nodiscard]] QDateTime now() const { return m_environment.now().toUTC(); }
     [[nodiscard]] qsizetype indexOf(const QUuid& id) const;
     [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
     void moveToTop(qsizetype index);

@@ -16,6 +16,8 @@ class ShelfStoreRemovalTest : public QObject {
 private Q_SLOTS:
     void togglingThePinOfAnItemDoesNotMoveIt();
     void togglingAnUnknownIdChangesAndSavesNothing();
+    void pinningSeveralIsOneChange();
+    void pinningWhatIsPinnedChangesAndSavesNothing();
     void expiryRemovesWhatIsStrictlyOlderAndNotPinned();
     void expiryOfManyItemsIsToldOnce();
     void expiryOfNothingSavesNothing();
@@ -77,6 +79,40 @@ void ShelfStoreRemovalTest::togglingAnUnknownIdChangesAndSavesNothing()
     const auto store = fixture.open();
     const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
     store->togglePinned(QUuid::createUuid());
+    QCOMPARE(changes.size(), 0);
+    QCOMPARE(fixture.queue.waitingTasks(), 0);
+}
+
+void ShelfStoreRemovalTest::pinningSeveralIsOneChange()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addFiles({ fixture.file("/a"), fixture.file("/b"), fixture.file("/c") });
+    const QSet<QUuid> ids{ store->items().at(0).id, store->items().at(2).id, QUuid::createUuid() };
+    fixture.queue.advance(1);
+    const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
+    store->setPinned(ids, true);
+    QVERIFY(store->items().at(0).pinned);
+    QVERIFY(!store->items().at(1).pinned);
+    QVERIFY(store->items().at(2).pinned);
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(fixture.queue.waitingTasks(), 1);
+    store->setPinned(ids, false);
+    QVERIFY(!store->items().at(0).pinned);
+    QVERIFY(!store->items().at(2).pinned);
+    QCOMPARE(changes.size(), 2);
+}
+
+void ShelfStoreRemovalTest::pinningWhatIsPinnedChangesAndSavesNothing()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    store->addFiles({ fixture.file("/a") });
+    store->togglePinned(store->items().constFirst().id);
+    fixture.queue.advance(1);
+    const QSignalSpy changes(store.get(), &ShelfStore::itemsChanged);
+    store->setPinned({ store->items().constFirst().id, QUuid::createUuid() }, true);
+    QVERIFY(store->items().constFirst().pinned);
     QCOMPARE(changes.size(), 0);
     QCOMPARE(fixture.queue.waitingTasks(), 0);
 }

@@ -27,6 +27,7 @@ private Q_SLOTS:
     void copyingNothingButMissingFilesLeavesTheClipboard();
     void allArePinnedIfOneIsNot();
     void allAreUnpinnedIfAllArePinned();
+    void theMenuPinsWhatItSaysAlsoIfSomeArePinnedMeanwhile();
     void removeIsOneStepOfUndo();
     void aMenuMayOutliveTheShelf();
 
@@ -198,6 +199,20 @@ void SelectionActionsTest::allAreUnpinnedIfAllArePinned()
     QCOMPARE(pins(), QByteArray("11"));
     m_shelf->choose(QStringLiteral("Unpin 2 Item(s)"));
     QCOMPARE(pins(), QByteArray("00"));
+}
+
+void SelectionActionsTest::theMenuPinsWhatItSaysAlsoIfSomeArePinnedMeanwhile()
+{
+    addTexts({ QStringLiteral("a"), QStringLiteral("b") });
+    selectAll();
+    const MenuActions menu = m_shelf->view.interaction(m_shelf->top()).menu();
+    const auto pin = std::find_if(menu.begin(), menu.end(), [](const std::optional<MenuAction>& each) {
+        return each && each->title == QStringLiteral("Pin 2 Item(s)");
+    });
+    QVERIFY(pin != menu.end());
+    m_shelf->store.togglePinned(m_shelf->top().id);
+    (*pin)->action();
+    QCOMPARE(pins(), QByteArray("11"));
 }
 
 void SelectionActionsTest::removeIsOneStepOfUndo()

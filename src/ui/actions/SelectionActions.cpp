@@ -31,6 +31,14 @@ inline constexpr qsizetype mostWithoutQuestion = 10;
                        [](const ShelfItem& item) { return std::holds_alternative<LinkContent>(item.content); });
 }
 
+[[nodiscard]] QSet<QUuid> idsOf(const QList<ShelfItem>& items)
+{
+    QSet<QUuid> ids;
+    for (const ShelfItem& item : items)
+        ids.insert(item.id);
+    return ids;
+}
+
 [[nodiscard]] int number(const QList<ShelfItem>& items)
 {
     return static_cast<int>(items.size());
@@ -165,21 +173,12 @@ void SelectionActions::copy(const QList<ShelfItem>& items) const
 
 void SelectionActions::togglePinned(const QList<ShelfItem>& items) const
 {
-    const bool wasPinned = arePinned(items);
-    m_store.changeTogether([&] {
-        for (const ShelfItem& item : items) {
-            if (item.pinned == wasPinned)
-                m_store.togglePinned(item.id);
-        }
-    });
+    m_store.setPinned(idsOf(items), !arePinned(items));
 }
 
 void SelectionActions::remove(const QList<ShelfItem>& items) const
 {
-    QSet<QUuid> ids;
-    for (const ShelfItem& item : items)
-        ids.insert(item.id);
-    m_store.remove(ids);
+    m_store.remove(idsOf(items));
 }
 
 bool SelectionActions::handleKey(const QKeyEvent& event, const QList<ShelfItem>& items) const
