@@ -219,8 +219,8 @@ QPixmap ShelfView::thumbnailOf(const ShelfItem& item) const
 
 QList<ShelfItem> ShelfView::itemsTakenWith(const ShelfItem& pressed) const
 {
-    return m_tiles->selection().contains(pressed.id) ? itemsIn(m_tiles->selection().targets())
-                                                     : QList<ShelfItem>{ pressed };
+    const std::vector<QUuid> ids = m_tiles->selection().takenWith(pressed.id);
+    return ids.size() == 1 ? QList<ShelfItem>{ pressed } : itemsIn(ids);
 }
 
 void ShelfView::dragAll(QWidget& handle)

@@ -21,13 +21,15 @@ void Selection::setRows(std::vector<QUuid> rows)
 
 std::optional<std::size_t> Selection::nearestRow(const std::vector<QUuid>& before, std::size_t row) const
 {
+    // Many items may have gone at once: looking for each of them among the rows would take too long.
+    const QSet<QUuid> present(m_rows.begin(), m_rows.end());
     for (std::size_t below = row; below < before.size(); ++below) {
-        if (const auto found = rowOf(before[below]))
-            return found;
+        if (present.contains(before[below]))
+            return rowOf(before[below]);
     }
     for (std::size_t above = row; above > 0; --above) {
-        if (const auto found = rowOf(before[above - 1]))
-            return found;
+        if (present.contains(before[above - 1]))
+            return rowOf(before[above - 1]);
     }
     return m_rows.empty() ? std::nullopt : std::optional<std::size_t>(0);
 }
