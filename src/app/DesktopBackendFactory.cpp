@@ -67,10 +67,7 @@ namespace {
 
 std::variant<BackendChoice, Failure> selectDesktopBackend()
 {
-    auto result = chooseBackend(lookAtSession());
-    if (const auto* choice = std::get_if<BackendChoice>(&result))
-        qputenv("QT_QPA_PLATFORM", choice->toolkitPlatform());
-    return result;
+    return chooseBackend(lookAtSession());
 }
 
 std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)

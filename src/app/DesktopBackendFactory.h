@@ -8,8 +8,7 @@
 
 namespace nookle {
 
-/// Chooses the way to the display for the program, and has the toolkit take it. Call it before the application object
-/// is made, because that opens the toolkit's connection. Fails when no usable display server is found. The environment
+/// Chooses the way to the display for the program. Fails when no usable display server is found. The environment
 /// variable NOOKLE_BACKEND overrides the choice.
 [[nodiscard]] std::variant<BackendChoice, Failure> selectDesktopBackend();
 

@@ -15,6 +15,7 @@
 #include "SettingsUserDefaults.h"
 #include "SingleInstance.h"
 #include "TerminationSignals.h"
+#include "ToolkitEnvironment.h"
 #include "Translations.h"
 
 #include <QApplication>
@@ -26,6 +27,7 @@
 #include <QStandardPaths>
 
 #include <cstdlib>
+#include <optional>
 
 namespace {
 
@@ -106,7 +108,9 @@ int main(int argc, char* argv[])
     const auto& choice = std::get<nookle::BackendChoice>(selected);
     const nookle::StartReason reason = nookle::takeStartReason();
     nookle::outliveSessionBus();
+    std::optional<nookle::ToolkitEnvironment> environment(choice);
     QApplication application(argc, argv);
+    environment.reset();
     describeApplication();
 
     const nookle::FileArguments arguments = fileArguments(argc, argv);
