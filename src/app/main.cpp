@@ -28,6 +28,7 @@
 
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 namespace {
 
@@ -68,6 +69,16 @@ void greet(nookle::AppDelegate& delegate, nookle::StartReason reason, bool isFir
         delegate.showShelf();
 }
 
+/// The delegate that has something to save; null before and after.
+nookle::AppDelegate* savedAtExit = nullptr;
+
+/// The toolkit ends the process in the middle of its work when the X server has gone.
+void saveAtExit()
+{
+    if (nookle::AppDelegate* delegate = std::exchange(savedAtExit, nullptr))
+        delegate->applicationWillTerminate();
+}
+
 int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUrl& dataFolder, const QStringList& uris,
         nookle::StartReason reason)
 {
@@ -88,7 +99,10 @@ int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUr
     sessionEnd.onEnd = [] { QApplication::exit(); };
     instance.onShowRequested = [&delegate] { delegate.showShelf(); };
     instance.onAddRequested = [&delegate](const QStringList& added) { delegate.open(added); };
+    savedAtExit = &delegate;
+    std::atexit(&saveAtExit);
     const int result = QApplication::exec();
+    savedAtExit = nullptr;
     instance.onShowRequested = nullptr;
     instance.onAddRequested = nullptr;
     delegate.applicationWillTerminate();
