@@ -3,12 +3,18 @@
 #include <QCoreApplication>
 #include <QDropEvent>
 #include <QPointF>
+#include <QRectF>
 #include <QWindow>
+
+#include <algorithm>
 
 namespace nookle {
 
-void forwardDrag(QDropEvent& event, QWindow& window, const QPointF& position)
+void forwardDrag(QDropEvent& event, QWindow& window, const QRectF& frame, const QPointF& position)
 {
+    const QPointF inWindow = position - frame.topLeft();
+    const QPointF place(std::clamp(inWindow.x(), 0.0, frame.width() - 1),
+                        std::clamp(inWindow.y(), 0.0, frame.height() - 1));
     const auto send = [&](QDropEvent&& copy) {
         copy.setDropAction(event.dropAction());
         QCoreApplication::sendEvent(&window, &copy);
@@ -16,7 +22,7 @@ void forwardDrag(QDropEvent& event, QWindow& window, const QPointF& position)
         if (copy.isAccepted())
             event.setDropAction(copy.dropAction());
     };
-    const QPoint point = position.toPoint();
+    const QPoint point = place.toPoint();
     switch (event.type()) {
     case QEvent::DragEnter:
         send(QDragEnterEvent(point, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
@@ -25,9 +31,15 @@ void forwardDrag(QDropEvent& event, QWindow& window, const QPointF& position)
         send(QDragMoveEvent(point, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
         break;
     default:
-        send(QDropEvent(position, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
+        send(QDropEvent(place, event.possibleActions(), event.mimeData(), event.buttons(), event.modifiers()));
         break;
     }
+}
+
+void forwardDragLeave(QWindow& window)
+{
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(&window, &leave);
 }
 
 } // namespace nookle

@@ -1,11 +1,7 @@
 #include "EdgeStrip.h"
 
-#include "SeenPointer.h"
-
 #include <LayerShellQt/Window>
 
-#include <QDropEvent>
-#include <QPainter>
 #include <QScreen>
 
 #include <algorithm>
@@ -15,22 +11,17 @@ namespace nookle {
 
 namespace {
 
-inline constexpr int stripWidth = 3;
 inline constexpr std::chrono::milliseconds timeAside{ 700 };
 
 } // namespace
 
-EdgeStrip::EdgeStrip(QScreen& screen, Level level, SeenPointer& pointer)
-    : m_pointer(pointer)
+EdgeStrip::EdgeStrip(QScreen& screen, Level level)
 {
     using Layer = LayerShellQt::Window;
     setFlags(Qt::Window | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus);
-    QSurfaceFormat transparent = format();
-    transparent.setAlphaBufferSize(8);
-    setFormat(transparent);
     setScreen(&screen);
     const QRect display = screen.geometry();
-    setGeometry(display.right() + 1 - stripWidth, display.top(), stripWidth, display.height());
+    setGeometry(display.right() + 1 - thickness, display.top(), thickness, display.height());
     auto* layer = Layer::get(this);
     layer->setScope(QStringLiteral("nookle"));
     layer->setLayer(level == Level::aboveAll ? Layer::LayerOverlay : Layer::LayerTop);
@@ -49,70 +40,35 @@ EdgeStrip::~EdgeStrip() = default;
 QPointF EdgeStrip::onDesktop(const QPointF& position) const
 {
     const QRectF display = screen()->geometry();
-    const double x = display.right() - std::clamp(width() - position.x(), 0.5, double(stripWidth));
+    const double x = display.right() - std::clamp(width() - position.x(), 0.5, double(thickness));
     return { x, display.top() + std::clamp(position.y(), 0.0, display.height() - 1) };
 }
 
+// A compositor tells of the pointer only where it is, so its coming counts before it moves.
 bool EdgeStrip::event(QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::Enter:
-    case QEvent::MouseMove:
-        stepAside();
+    if (event->type() == QEvent::Enter) {
+        pointerCame();
         return true;
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-        handleDrag(static_cast<QDropEvent&>(*event));
-        return true;
-    case QEvent::DragLeave:
-        m_pointer.leave();
-        if (onDragLeft)
-            onDragLeft();
-        return true;
-    default:
-        return QRasterWindow::event(event);
     }
-}
-
-void EdgeStrip::handleDrag(QDropEvent& event)
-{
-    // A drag of this program has its source here.
-    if (event.source()) {
-        event.ignore();
-        return;
-    }
-    const QPointF position = onDesktop(event.position());
-    m_pointer.drag(position);
-    if (event.type() == QEvent::DragEnter && onDragEntered)
-        onDragEntered();
-    if (onDragEvent)
-        onDragEvent(event, position);
+    return StripWindow::event(event);
 }
 
 // An empty mask would mean the whole window, so a rectangle beyond it stands for nothing.
-void EdgeStrip::stepAside()
+void EdgeStrip::pointerCame()
 {
     if (m_aside.isActive())
         return;
     m_aside.start();
     setMask(QRect(-10, -10, 1, 1));
     update();
-    if (onPointerCame)
-        onPointerCame();
+    StripWindow::pointerCame();
 }
 
 void EdgeStrip::comeBack()
 {
     setMask({});
     update();
-}
-
-void EdgeStrip::paintEvent(QPaintEvent* /*event*/)
-{
-    QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(QRect(QPoint(), size()), Qt::transparent);
 }
 
 } // namespace nookle

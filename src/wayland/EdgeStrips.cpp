@@ -1,7 +1,9 @@
 #include "EdgeStrips.h"
 
 #include "EdgeInputMonitor.h"
+#include "SeenPointer.h"
 
+#include <QDropEvent>
 #include <QGuiApplication>
 #include <QScreen>
 
@@ -69,19 +71,27 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
         // The toolkit has a screen of no size while there is no display.
         if (screen->geometry().isEmpty())
             continue;
-        auto strip = std::make_unique<EdgeStrip>(*screen, level, m_pointer);
-        strip->onDragEntered = [this] { m_input.dragHasReachedEdge(); };
-        strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) {
-            if (onDragEvent)
-                onDragEvent(event, position);
-        };
+        auto strip = std::make_unique<EdgeStrip>(*screen, level);
+        strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) { handleDrag(event, position); };
         strip->onDragLeft = [this] {
+            m_pointer.leave();
             if (onDragLeft)
                 onDragLeft();
         };
         strip->onPointerCame = [this] { pointerCame(); };
         m_strips.push_back(std::move(strip));
     }
+}
+
+void EdgeStrips::handleDrag(QDropEvent& event, const QPointF& position)
+{
+    m_pointer.drag(position);
+    if (event.type() == QEvent::DragEnter)
+        m_input.dragHasReachedEdge();
+    if (onDragEvent)
+        onDragEvent(event, position);
+    else
+        event.ignore();
 }
 
 // No compositor lets the pointer come over a window while a drag is under way. And where nothing told of drags so far,

@@ -35,6 +35,7 @@ private:
     void update();
     void removeStrips();
     void makeStrips(EdgeStrip::Level level);
+    void handleDrag(QDropEvent& event, const QPointF& position);
     void pointerCame();
 
     EdgeInputMonitor& m_input;

@@ -172,16 +172,12 @@ void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& pos
         event.ignore();
         return;
     }
-    const QPointF inPanel = position - m_resting.topLeft();
-    forwardDrag(
-        event, m_window,
-        { std::clamp(inPanel.x(), 0.0, m_resting.width() - 1), std::clamp(inPanel.y(), 0.0, m_resting.height() - 1) });
+    forwardDrag(event, m_window, m_resting, position);
 }
 
 void LayerPanelWindow::dragHasLeftElsewhere()
 {
-    QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(&m_window, &leave);
+    forwardDragLeave(m_window);
 }
 
 // No compositor tells where a window is, so the toolkit's own coordinates begin at the window.

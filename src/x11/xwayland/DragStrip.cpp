@@ -2,9 +2,6 @@
 
 #include "X11Coordinates.h"
 
-#include <QDropEvent>
-#include <QPainter>
-
 #include <algorithm>
 
 namespace nookle {
@@ -12,11 +9,8 @@ namespace nookle {
 namespace {
 
 /// The window's number on the server.
-[[nodiscard]] std::uint32_t createTransparent(QWindow& window)
+[[nodiscard]] std::uint32_t createFrameless(QWindow& window)
 {
-    QSurfaceFormat transparent = window.format();
-    transparent.setAlphaBufferSize(8);
-    window.setFormat(transparent);
     window.setFlags(Qt::Window | Qt::FramelessWindowHint);
     return static_cast<std::uint32_t>(window.winId());
 }
@@ -26,7 +20,7 @@ namespace {
 DragStrip::DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection)
     : m_display(display)
     , m_parking(parking)
-    , m_dock(connection, createTransparent(*this))
+    , m_dock(connection, createFrameless(*this))
 {
     setGeometry(m_parking);
     m_dock.setProperties();
@@ -54,46 +48,6 @@ QPointF DragStrip::onDesktop(const QPointF& position) const
 {
     return { m_display.right() - thickness + std::clamp(position.x(), 0.5, thickness - 0.5),
              m_edge.top() + std::clamp(position.y(), 0.0, m_edge.height() - 1) };
-}
-
-bool DragStrip::event(QEvent* event)
-{
-    switch (event->type()) {
-    // The X server also says that the pointer has entered if the strip comes to the place where it saw the pointer
-    // last.
-    case QEvent::MouseMove:
-        if (onPointerCame)
-            onPointerCame();
-        return true;
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-        handleDrag(static_cast<QDropEvent&>(*event));
-        return true;
-    case QEvent::DragLeave:
-        if (onDragLeft)
-            onDragLeft();
-        return true;
-    default:
-        return QRasterWindow::event(event);
-    }
-}
-
-void DragStrip::handleDrag(QDropEvent& event)
-{
-    // A drag of this program has its source here.
-    if (event.source() || !onDragEvent) {
-        event.ignore();
-        return;
-    }
-    onDragEvent(event, onDesktop(event.position()));
-}
-
-void DragStrip::paintEvent(QPaintEvent* /*event*/)
-{
-    QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(QRect(QPoint(), size()), Qt::transparent);
 }
 
 } // namespace nookle

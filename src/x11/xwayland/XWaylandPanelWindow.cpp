@@ -157,18 +157,14 @@ void XWaylandPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& 
         event.ignore();
         return;
     }
-    const QPointF inPanel = position - m_resting.topLeft();
-    forwardDrag(
-        event, m_window,
-        { std::clamp(inPanel.x(), 0.0, m_resting.width() - 1), std::clamp(inPanel.y(), 0.0, m_resting.height() - 1) });
+    forwardDrag(event, m_window, m_resting, position);
 }
 
 void XWaylandPanelWindow::dragHasLeftElsewhere()
 {
     if (!m_isShown)
         return;
-    QDragLeaveEvent leave;
-    QCoreApplication::sendEvent(&m_window, &leave);
+    forwardDragLeave(m_window);
 }
 
 QPointF XWaylandPanelWindow::onDesktop(const QPointF& position) const
