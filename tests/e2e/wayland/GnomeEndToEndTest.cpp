@@ -1,7 +1,7 @@
 #include "Browser.h"
-#include "Firefox.h"
 #include "Nautilus.h"
 #include "Waiting.h"
+#include "WaylandBrowser.h"
 #include "WaylandShelfDesktop.h"
 #include "WebServer.h"
 #include "XScreen.h"
@@ -182,7 +182,8 @@ void GnomeEndToEndTest::aFileGoesIntoAPageOfFirefox()
     QVERIFY(setUp());
     QVERIFY(putOnShelf(fileList()));
     m_peer.reset();
-    const auto firefox = Firefox::tryOpen(*m_desktop, server.url(QStringLiteral("/")));
+    const auto firefox =
+        WaylandBrowser::tryOpen(QStringLiteral("firefox"), server.url(QStringLiteral("/")), *m_desktop);
     QVERIFY(firefox);
     QVERIFY(showShelf());
     const QPoint place = firefox->at({ 200, 200 });

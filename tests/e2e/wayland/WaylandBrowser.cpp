@@ -44,31 +44,26 @@ inline constexpr int patienceForBrowser = 60000;
 {
     desktop.writeFile(QStringLiteral("browser/user.js"), firefoxSettings());
     desktop.setVariable(QStringLiteral("MOZ_ENABLE_WAYLAND"), QStringLiteral("1"));
-    return desktop.start(
-        QStringLiteral("firefox-esr"),
-        { QStringLiteral("--no-remote"), QStringLiteral("--profile"), desktop.home(QStringLiteral("browser")), url });
+    return desktop.start(QStringLiteral("firefox-esr"),
+                         { QStringLiteral("--no-remote"), QStringLiteral("--profile"),
+                           desktop.home(QStringLiteral("browser")), QStringLiteral("--width"), QStringLiteral("800"),
+                           QStringLiteral("--height"), QStringLiteral("500"), url });
 }
 
 } // namespace
 
 std::unique_ptr<WaylandBrowser> WaylandBrowser::tryOpen(const QString& name, const QString& url,
-                                                        WaylandDesktop& desktop, const WebServer& server)
+                                                        WaylandDesktop& desktop)
 {
     std::unique_ptr<WaylandBrowser> browser(new WaylandBrowser);
     browser->m_program = name == QLatin1String("firefox") ? startFirefox(desktop, url) : startChromium(desktop, url);
-    // Its window gets its last place while it starts, and hears of the pointer last of all.
+    // Its window gets its last place while it starts.
     std::optional<QPoint> origin;
     const bool isReady = waitFor(
         [&] {
             const QImage picture = desktop.picture(QRect(QPoint(), WaylandDesktop::displaySize));
             const auto previous = std::exchange(origin, Browser::findMarker(picture));
-            if (!origin || origin != previous)
-                return false;
-            const QPoint place = browserPage::empty;
-            desktop.hand().moveTo(*origin + place + QPoint(4, 0));
-            desktop.hand().moveTo(*origin + place);
-            return server.posted(QStringLiteral("/pointer"))
-                == QByteArray::number(place.x()) + ' ' + QByteArray::number(place.y());
+            return origin && origin == previous;
         },
         patienceForBrowser);
     if (!isReady) {
@@ -77,6 +72,19 @@ std::unique_ptr<WaylandBrowser> WaylandBrowser::tryOpen(const QString& name, con
     }
     browser->m_origin = *origin;
     return browser;
+}
+
+bool WaylandBrowser::hearsPointer(Hand& hand, const WebServer& server) const
+{
+    return waitFor(
+        [&] {
+            const QPoint place = browserPage::empty;
+            hand.moveTo(at(place) + QPoint(4, 0));
+            hand.moveTo(at(place));
+            return server.posted(QStringLiteral("/pointer"))
+                == QByteArray::number(place.x()) + ' ' + QByteArray::number(place.y());
+        },
+        patienceForBrowser);
 }
 
 } // namespace nookle::e2e

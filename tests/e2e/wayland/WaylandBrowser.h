@@ -11,13 +11,16 @@ namespace nookle::e2e {
 
 class WebServer;
 
-/// A real browser, as a native Wayland program, that shows the tests' own page.
+/// A real browser, as a native Wayland program, that shows one page. The page has to begin with a corner in
+/// `Browser::marker()`.
 class WaylandBrowser {
 public:
-    /// `name` is "firefox" or "chromium". `url` is a page that reports to the server. Returns once the page shows;
-    /// null, with a warning, when it does not.
+    /// `name` is "firefox" or "chromium". Returns once the page shows; null, with a warning, when it does not.
     [[nodiscard]] static std::unique_ptr<WaylandBrowser> tryOpen(const QString& name, const QString& url,
-                                                                 WaylandDesktop& desktop, const WebServer& server);
+                                                                 WaylandDesktop& desktop);
+
+    /// Whether the page of `browserPage` is told of the pointer, which comes last of all.
+    [[nodiscard]] bool hearsPointer(Hand& hand, const WebServer& server) const;
 
     /// The place on the desktop of a point of the page.
     [[nodiscard]] QPoint at(const QPoint& point) const { return m_origin + point; }

@@ -69,10 +69,11 @@ void WaylandBrowserTest::initTestCase()
     QVERIFY(m_server.isRunning());
     browserPage::serve(m_server);
     QVERIFY(setUpDesktop(WaylandDesktop::Compositor::sway));
-    m_browser = WaylandBrowser::tryOpen(m_name, m_server.url(QStringLiteral("/")), *m_desktop, m_server);
+    m_browser = WaylandBrowser::tryOpen(m_name, m_server.url(QStringLiteral("/")), *m_desktop);
     if (!m_browser)
         tellFailure(m_name + QStringLiteral(".png"));
     QVERIFY(m_browser);
+    QVERIFY(m_browser->hearsPointer(hand(), m_server));
 }
 
 void WaylandBrowserTest::init()
