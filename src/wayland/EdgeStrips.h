@@ -10,6 +10,7 @@
 namespace nookle {
 
 class EdgeInputMonitor;
+class SeenPointer;
 
 /// The strips of all displays. Where the start of each drag is told, they are there only during drags, above all
 /// windows. Elsewhere they are always there, below full-screen windows. Without anybody who wants to know of drags,

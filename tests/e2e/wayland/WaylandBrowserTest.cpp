@@ -201,8 +201,9 @@ void WaylandBrowserTest::aScriptOfASavedPageCannotChooseAFile()
     m_server.forget(QStringLiteral("/pointer"));
     const QByteArray base = "<base href='" + m_server.url(QStringLiteral("/")).toLatin1() + "'>";
     m_desktop->writeFile(QStringLiteral("page.html"), base + browserPage::html());
-    m_browser = WaylandBrowser::tryOpen(m_name, QStringLiteral("file://") + home("page.html"), *m_desktop, m_server);
+    m_browser = WaylandBrowser::tryOpen(m_name, QStringLiteral("file://") + home("page.html"), *m_desktop);
     QVERIFY(m_browser);
+    QVERIFY(m_browser->hearsPointer(hand(), m_server));
     QVERIFY(dragToShelf(browserPage::script));
     const QJsonObject text = contentOf(onlyItem(), "text");
     QCOMPARE(text.value(QLatin1String("_0")).toString(), QStringLiteral("Words of a script"));
