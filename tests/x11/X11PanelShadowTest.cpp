@@ -41,6 +41,7 @@ private Q_SLOTS:
     void theWindowComesAndGoesWithCompositing();
     void theWindowGoesWithThePanel();
     void whereTheCompositingManagerDrawsTheShadowThereIsNoWindow();
+    void itsPicturesAreKeptWhileTheCornersStayTheSame();
 
 private:
     [[nodiscard]] std::vector<xcb_window_t> topLevelWindows() const;
@@ -49,6 +50,8 @@ private:
     [[nodiscard]] QRect frame(xcb_window_t window) const;
     [[nodiscard]] std::vector<QRect> shape(xcb_window_t window, xcb_shape_sk_t kind) const;
     [[nodiscard]] xcb_atom_t atom(QByteArrayView name) const;
+    /// What the panel's window tells the compositing manager of its shadow.
+    [[nodiscard]] std::vector<std::uint32_t> description() const;
     void show();
 
     e2e::XcbConnection m_connection;
@@ -114,6 +117,11 @@ xcb_atom_t X11PanelShadowTest::atom(QByteArrayView name) const
     return owned(xcb_intern_atom_reply(m_connection.get(), xcb_intern_atom(m_connection.get(), 0, length, name.data()),
                                        nullptr))
         ->atom;
+}
+
+std::vector<std::uint32_t> X11PanelShadowTest::description() const
+{
+    return xcbNumbers(m_connection.get(), m_root, atom("_KDE_NET_WM_SHADOW"));
 }
 
 void X11PanelShadowTest::show()
@@ -199,6 +207,21 @@ void X11PanelShadowTest::whereTheCompositingManagerDrawsTheShadowThereIsNoWindow
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_APPEND, m_root, supported, XCB_ATOM_ATOM, 32, 1, &shadow);
     show();
     QVERIFY(!shadowWindow());
+}
+
+void X11PanelShadowTest::itsPicturesAreKeptWhileTheCornersStayTheSame()
+{
+    show();
+    const auto first = description();
+    QVERIFY(!first.empty());
+    m_shadow->hide();
+    QVERIFY(description().empty());
+    m_shadow->show(radius);
+    QCOMPARE(description(), first);
+    m_shadow->hide();
+    m_shadow->show(2 * radius);
+    QVERIFY(description() != first);
+    QCOMPARE(description().size(), first.size());
 }
 
 int main(int argc, char* argv[])

@@ -29,12 +29,18 @@ inline constexpr double radiiToShadow = 2;
     return std::max(dx, dy) - cornerRadius;
 }
 
+/// The share of a pixel that the panel leaves free.
+[[nodiscard]] double freeShare(double distance)
+{
+    return std::clamp(distance + 0.5, 0.0, 1.0);
+}
+
+// The panel covers a part of each pixel along its round corners, and the shadow covers the rest. Without that there are
+// gaps between the two, or both darken the same pixels.
 [[nodiscard]] QRgb shadowAt(double distance, int extent)
 {
-    if (distance < 0)
-        return qRgba(0, 0, 0, 0);
     const double rest = std::clamp(1 - distance / extent, 0.0, 1.0);
-    return qRgba(0, 0, 0, static_cast<int>(std::lround(255 * opacity * rest * rest * rest)));
+    return qRgba(0, 0, 0, static_cast<int>(std::lround(255 * opacity * rest * rest * rest * freeShare(distance))));
 }
 
 /// The upper left corner with a pixel of each adjoining edge. Nothing lies under the panel itself, which may be

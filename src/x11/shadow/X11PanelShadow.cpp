@@ -47,13 +47,14 @@ void X11PanelShadow::show(int cornerRadius)
         freePictures();
         m_shadow.emplace(cornerRadius);
     }
+    m_isShown = true;
     compositingChanged();
 }
 
 void X11PanelShadow::hide()
 {
+    m_isShown = false;
     m_ownWindow.reset();
-    m_shadow.reset();
     xcb_delete_property(m_connection, m_window, m_atoms["_KDE_NET_WM_SHADOW"]);
 }
 
@@ -67,7 +68,7 @@ void X11PanelShadow::move(const QRect& panel, std::optional<int> limit)
 
 void X11PanelShadow::compositingChanged()
 {
-    if (!m_shadow)
+    if (!m_isShown)
         return;
     describe();
     if (isDrawnHere())

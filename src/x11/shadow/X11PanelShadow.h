@@ -54,7 +54,8 @@ private:
     std::uint32_t m_window;
     const Compositing& m_compositing;
     XcbAtoms m_atoms;
-    /// While the shadow is shown.
+    bool m_isShown = false;
+    /// None before the first showing. Kept while the shadow is hidden, as `m_pictures` are.
     std::optional<ShadowPictures> m_shadow;
     /// Null unless this program draws the shadow.
     std::unique_ptr<X11ShadowWindow> m_ownWindow;
