@@ -8,6 +8,7 @@
 #include "Log.h"
 #include "LogOutput.h"
 #include "Mounts.h"
+#include "OutlinedStyle.h"
 #include "ProgramStart.h"
 #include "ProgramVersion.h"
 #include "SessionEnd.h"
@@ -45,6 +46,7 @@ void describeApplication()
     QApplication::setQuitOnLastWindowClosed(false);
     // For desktops without an icon theme, or with one that lacks icons for some file types.
     QIcon::setFallbackThemeName(QStringLiteral("Adwaita"));
+    nookle::OutlinedStyle::useInstead();
 }
 
 /// The arguments that the toolkit has not removed, as bytes.

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace nookle {
+
+/// The toolkit's own style with edges that can be seen in dark colours too. It draws them darker than their ground, so
+/// that dark menus and check boxes have none. Tool tips get a fine edge and some room around their text.
+class OutlinedStyle final : public QProxyStyle {
+    Q_OBJECT
+
+public:
+    /// Has the application use this style, unless the user or the desktop has chosen another one than the toolkit's
+    /// own.
+    static void useInstead();
+
+    OutlinedStyle();
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget = nullptr) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget = nullptr) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
+                    const QWidget* widget = nullptr) const override;
+};
+
+} // namespace nookle
