@@ -22,12 +22,30 @@ namespace {
 const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
-const QStringList groups{ QStringLiteral("org.freedesktop.appearance"), QStringLiteral("org.gnome.desktop.interface") };
+const QString gnome = QStringLiteral("org.gnome.desktop.interface");
 
 /// Plasma sets the colours of all toolkits by itself. The theme that it names is for one toolkit, and has any colours.
 [[nodiscard]] bool isPlasma()
 {
     return qgetenv("XDG_CURRENT_DESKTOP").split(':').contains("KDE");
+}
+
+/// The groups of the portal's settings that say something about this desktop.
+[[nodiscard]] QStringList groups()
+{
+    QStringList groups{ QStringLiteral("org.freedesktop.appearance"), gnome };
+    if (isPlasma())
+        groups << QStringLiteral("org.kde.kdeglobals.Icons") << QStringLiteral("org.kde.kdeglobals.General");
+    return groups;
+}
+
+/// Without what GNOME's group says of things that Plasma has settings of its own for: nobody there may keep it right.
+[[nodiscard]] PortalSettings settingsOfPlasma(PortalSettings settings)
+{
+    QVariantMap& values = settings[gnome];
+    for (const char* key : { "gtk-theme", "icon-theme", "font-name" })
+        values.remove(QLatin1String(key));
+    return settings;
 }
 
 /// Older services wrap the value twice.
@@ -79,7 +97,7 @@ void DesktopAppearance::followPortal()
 void DesktopAppearance::askPortal()
 {
     QDBusMessage read = QDBusMessage::createMethodCall(service, path, settingsInterface, QStringLiteral("ReadAll"));
-    read << groups;
+    read << groups();
     read.setAutoStartService(false);
     auto* watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(read), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, &DesktopAppearance::readAnswer);
@@ -101,7 +119,7 @@ void DesktopAppearance::settingChanged(const QDBusMessage& message)
         return;
     const QVariantList arguments = message.arguments();
     const QString group = arguments.at(0).toString();
-    if (!groups.contains(group))
+    if (!groups().contains(group))
         return;
     m_portal[group].insert(arguments.at(1).toString(), unwrapped(arguments.at(2)));
     update();
@@ -112,7 +130,7 @@ void DesktopAppearance::update()
     ToolkitSettings::Values toolkit = m_toolkit ? m_toolkit->values() : ToolkitSettings::Values();
     if (isPlasma())
         toolkit.remove("Net/ThemeName");
-    const DesktopLook look = desktopLook(m_portal, toolkit);
+    const DesktopLook look = desktopLook(isPlasma() ? settingsOfPlasma(m_portal) : m_portal, toolkit);
     const DesktopLook previous = std::exchange(m_look, look);
     if (look == previous)
         return;

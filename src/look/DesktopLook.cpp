@@ -1,6 +1,7 @@
 #include "DesktopLook.h"
 
 #include <QDBusArgument>
+#include <QFont>
 
 #include <algorithm>
 
@@ -10,6 +11,8 @@ namespace {
 
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString gnome = QStringLiteral("org.gnome.desktop.interface");
+const QString plasmaIcons = QStringLiteral("org.kde.kdeglobals.Icons");
+const QString plasmaFonts = QStringLiteral("org.kde.kdeglobals.General");
 constexpr uint prefersDark = 1;
 constexpr uint prefersLight = 2;
 
@@ -30,6 +33,16 @@ constexpr uint prefersLight = 2;
 {
     const std::optional<QString> own = text(toolkit.value(name));
     return own ? own : text(otherwise);
+}
+
+/// The font of a description in the toolkit's own form, as Plasma keeps it.
+[[nodiscard]] std::optional<QString> plasmaFont(const PortalSettings& portal)
+{
+    const std::optional<QString> description = text(value(portal, plasmaFonts, "font"));
+    QFont font;
+    if (!description || !font.fromString(*description) || font.pointSizeF() <= 0)
+        return std::nullopt;
+    return font.family() + QLatin1Char(' ') + QString::number(font.pointSizeF());
 }
 
 // Desktops without a preference of their own have themes instead, whose dark ones say so in their names.
@@ -77,8 +90,12 @@ DesktopLook desktopLook(const PortalSettings& portal, const ToolkitSettings::Val
     look.hasHighContrast = value(portal, appearance, "contrast").toUInt() == 1;
     look.wantsMotion = wantsMotion(portal, toolkit);
     look.accent = accent(value(portal, appearance, "accent-color"));
-    look.iconTheme = text(toolkit, "Net/IconThemeName", value(portal, gnome, "icon-theme"));
-    look.font = text(toolkit, "Gtk/FontName", value(portal, gnome, "font-name"));
+    look.iconTheme = text(value(portal, plasmaIcons, "Theme"));
+    if (!look.iconTheme)
+        look.iconTheme = text(toolkit, "Net/IconThemeName", value(portal, gnome, "icon-theme"));
+    look.font = plasmaFont(portal);
+    if (!look.font)
+        look.font = text(toolkit, "Gtk/FontName", value(portal, gnome, "font-name"));
     return look;
 }
 

@@ -27,8 +27,9 @@ struct DesktopLook {
 /// The settings of the portal by group and key.
 using PortalSettings = QMap<QString, QVariantMap>;
 
+/// What Plasma says of its icons and its font comes first. On other desktops leave its groups out of `portal`.
 /// Where the desktop has colours of its own for all toolkits, as Plasma has, the name of a theme says nothing about
-/// them: leave it out of `toolkit`.
+/// them: leave it out of `toolkit`, and the settings of another desktop out of `portal`.
 [[nodiscard]] DesktopLook desktopLook(const PortalSettings& portal, const ToolkitSettings::Values& toolkit);
 
 } // namespace nookle

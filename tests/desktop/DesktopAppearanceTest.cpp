@@ -53,8 +53,10 @@ public:
         return { { QStringLiteral("org.freedesktop.appearance"),
                    { { QStringLiteral("color-scheme"), scheme },
                      { QStringLiteral("accent-color"), QVariant::fromValue(accent) } } },
+                 { QStringLiteral("org.kde.kdeglobals.Icons"), plasmaIcons },
                  { QStringLiteral("org.gnome.desktop.interface"),
                    { { QStringLiteral("icon-theme"), QStringLiteral("Moon") },
+                     { QStringLiteral("gtk-theme"), QStringLiteral("Adwaita") },
                      { QStringLiteral("font-name"), QStringLiteral("DejaVu Sans 13") } } } };
     }
 
@@ -62,6 +64,7 @@ public:
 
     uint scheme = 0;
     Accent accent;
+    QVariantMap plasmaIcons;
     QStringList asked;
 };
 
@@ -97,6 +100,8 @@ private Q_SLOTS:
     void iconsFontAndAccentAreTakenOver();
     void theSettingsForAllToolkitsAreFollowed();
     void coloursThatAreDarkAlreadyAreLeftAlone();
+    void plasmaIsNotGivenTheSettingsOfAnotherDesktop();
+    void plasmasOwnIconsAreTakenOver();
     void withoutTheServiceNothingChanges();
 
 private:
@@ -131,6 +136,7 @@ void DesktopAppearanceTest::init()
 
 void DesktopAppearanceTest::cleanup()
 {
+    qunsetenv("XDG_CURRENT_DESKTOP");
     QDBusConnection::disconnectFromBus(serviceConnection);
     m_settings.reset();
 }
@@ -279,6 +285,34 @@ void DesktopAppearanceTest::coloursThatAreDarkAlreadyAreLeftAlone()
                                       QDBusVariant(1U));
     settle();
     QCOMPARE(QGuiApplication::palette().color(QPalette::Window), QColor(0x10, 0x20, 0x30));
+}
+
+void DesktopAppearanceTest::plasmaIsNotGivenTheSettingsOfAnotherDesktop()
+{
+    qputenv("XDG_CURRENT_DESKTOP", "KDE");
+    startService(0);
+    QPalette dark(QColor(0x10, 0x20, 0x30));
+    dark.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(dark);
+    QIcon::setThemeName(QStringLiteral("Sea"));
+    const DesktopAppearance appearance;
+    QTRY_VERIFY(m_settings->asked.contains(QStringLiteral("org.kde.kdeglobals.Icons")));
+    settle();
+    QVERIFY(!appearance.look().font);
+    QCOMPARE(QIcon::themeName(), QStringLiteral("Sea"));
+    QCOMPARE(QGuiApplication::palette().color(QPalette::Window), QColor(0x10, 0x20, 0x30));
+}
+
+void DesktopAppearanceTest::plasmasOwnIconsAreTakenOver()
+{
+    qputenv("XDG_CURRENT_DESKTOP", "KDE");
+    startService(0);
+    m_settings->plasmaIcons = { { QStringLiteral("Theme"), QStringLiteral("Wind") } };
+    const DesktopAppearance appearance;
+    QTRY_COMPARE(QIcon::themeName(), QStringLiteral("Wind"));
+    Q_EMIT m_settings->SettingChanged(QStringLiteral("org.kde.kdeglobals.Icons"), QStringLiteral("Theme"),
+                                      QDBusVariant(QStringLiteral("Rain")));
+    QTRY_COMPARE(QIcon::themeName(), QStringLiteral("Rain"));
 }
 
 void DesktopAppearanceTest::withoutTheServiceNothingChanges()

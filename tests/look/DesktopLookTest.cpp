@@ -15,6 +15,7 @@ private Q_SLOTS:
     void darkByPreferenceOrTheme();
     void theSettingsForAllToolkitsComeBeforeThePortals();
     void thePortalNamesIconsAndFontWhereNothingElseDoes();
+    void plasmasOwnSettingsComeFirst();
     void motionIsOffWhereAnythingSaysSo_data();
     void motionIsOffWhereAnythingSaysSo();
     void darkColoursCanBeRead_data();
@@ -89,6 +90,22 @@ void DesktopLookTest::thePortalNamesIconsAndFontWhereNothingElseDoes()
     QCOMPARE(look.iconTheme, QStringLiteral("Yaru"));
     QCOMPARE(look.font, QStringLiteral("Cantarell 11"));
     QVERIFY(look.isDark.value());
+}
+
+void DesktopLookTest::plasmasOwnSettingsComeFirst()
+{
+    PortalSettings settings{
+        { gnome, { { QStringLiteral("icon-theme"), QStringLiteral("Adwaita") } } },
+        { QStringLiteral("org.kde.kdeglobals.Icons"), { { QStringLiteral("Theme"), QStringLiteral("breeze-dark") } } },
+        { QStringLiteral("org.kde.kdeglobals.General"),
+          { { QStringLiteral("font"), QStringLiteral("Noto Sans,10.5,-1,5,400,0,0,0,0,0,0,0,0,0,0,1") } } }
+    };
+    const ToolkitSettings::Values toolkit{ { "Net/IconThemeName", QStringLiteral("Papirus") },
+                                           { "Gtk/FontName", QStringLiteral("Cantarell 11") } };
+    QCOMPARE(desktopLook(settings, toolkit).iconTheme, QStringLiteral("breeze-dark"));
+    QCOMPARE(desktopLook(settings, toolkit).font, QStringLiteral("Noto Sans 10.5"));
+    settings[QStringLiteral("org.kde.kdeglobals.General")][QStringLiteral("font")] = QStringLiteral("x,y");
+    QCOMPARE(desktopLook(settings, toolkit).font, QStringLiteral("Cantarell 11"));
 }
 
 void DesktopLookTest::motionIsOffWhereAnythingSaysSo_data()
