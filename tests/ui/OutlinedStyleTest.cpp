@@ -17,7 +17,7 @@ using namespace nookle;
 
 namespace {
 
-inline constexpr QRect area(0, 0, 60, 40);
+inline constexpr QRect area(0, 0, 120, 40);
 
 [[nodiscard]] QPalette palette(bool isDark)
 {
@@ -62,6 +62,7 @@ private Q_SLOTS:
     void lightOnesLookLikeTheToolkits();
     void linesOfDarkMenusCanBeSeen();
     void toolTipsHaveAFineEdgeOnTheirOwnGround();
+    void textsThatAreNotAvailableAreDrawnOnce();
     void anotherStyleThatWasChosenStays();
 };
 
@@ -78,7 +79,7 @@ void OutlinedStyleTest::darkMenusAndCheckBoxesHaveAnEdge()
     const OutlinedStyle style;
     const QImage image = primitive(style, static_cast<QStyle::PrimitiveElement>(element), palette(true));
     const int inside = lightnessAt(image, area.center().x(), area.center().y());
-    for (const QPoint& edge : { QPoint(30, 0), QPoint(30, 39), QPoint(0, 20), QPoint(59, 20) })
+    for (const QPoint& edge : { QPoint(30, 0), QPoint(30, 39), QPoint(0, 20), QPoint(119, 20) })
         QVERIFY(lightnessAt(image, edge.x(), edge.y()) - inside > visible);
 }
 
@@ -116,6 +117,31 @@ void OutlinedStyleTest::toolTipsHaveAFineEdgeOnTheirOwnGround()
         // Weaker than the text.
         QVERIFY(std::abs(edge - ground) < std::abs(colors.color(QPalette::ToolTipText).lightness() - ground) / 2);
     }
+}
+
+void OutlinedStyleTest::textsThatAreNotAvailableAreDrawnOnce()
+{
+    const OutlinedStyle style;
+    const QPalette colors = palette(true);
+    const QImage image = painted(colors, [&](QPainter& painter) {
+        QStyleOptionMenuItem option;
+        option.rect = area;
+        option.palette = colors;
+        option.palette.setCurrentColorGroup(QPalette::Disabled);
+        option.palette.setColor(QPalette::Light, Qt::green);
+        option.state = QStyle::State_None;
+        option.text = QStringLiteral("I I I");
+        style.drawControl(QStyle::CE_MenuItem, &option, &painter);
+    });
+    int drawn = 0;
+    for (int y = 0; y < area.height(); ++y) {
+        for (int x = 0; x < area.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            drawn += color.lightness() > colors.color(QPalette::Window).lightness() + visible ? 1 : 0;
+            QVERIFY(color.green() < 200);
+        }
+    }
+    QVERIFY(drawn > 0);
 }
 
 void OutlinedStyleTest::anotherStyleThatWasChosenStays()

@@ -76,4 +76,10 @@ int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, c
     return metric == PM_ToolTipLabelFrameWidth ? tipMargin : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
+int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* returned) const
+{
+    return hint == SH_EtchDisabledText ? 0 : QProxyStyle::styleHint(hint, option, widget, returned);
+}
+
 } // namespace nookle
