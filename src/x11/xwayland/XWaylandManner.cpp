@@ -1,12 +1,16 @@
 #include "XWaylandManner.h"
 
+#include "BeginningDrag.h"
 #include "Compositing.h"
 #include "CompositorEnd.h"
+#include "Displays.h"
+#include "DragCover.h"
 #include "DragStrips.h"
 #include "EdgeInputMonitor.h"
 #include "OfferedDrags.h"
 #include "QtMainQueue.h"
 #include "StalledDrag.h"
+#include "X11Coordinates.h"
 #include "X11DragOffers.h"
 #include "X11Pointer.h"
 #include "XWaylandPanelWindow.h"
@@ -17,9 +21,14 @@
 
 #include <xcb/xcb.h>
 
+#include <algorithm>
+
 namespace nookle {
 
 namespace {
+
+/// How far a drag may be from the edge when the compositor learns of it, in points.
+inline constexpr double wayOut = 700;
 
 /// Every compositor shows what lies below transparent parts of a window.
 class XWaylandCompositing final : public Compositing {
@@ -40,17 +49,20 @@ public:
         , m_pointer(m_drags)
         , m_serverPointer(server.queries, xcb_setup_roots_iterator(xcb_get_setup(server.connection)).data->root)
         , m_ownDrag(m_serverPointer, m_queue)
+        , m_beginningDrag(m_serverPointer, m_queue)
+        , m_cover(pixelBeyond(server.displays.frames()), server.connection)
         , m_strips({ m_input, m_pointer, m_drags, server.displays }, server.connection)
     {
         m_ownDrag.onStalled = &QDrag::cancel;
+        m_beginningDrag.onSeen = [this] { m_cover.park(); };
     }
 
     [[nodiscard]] const Pointer& pointer() const override { return m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return m_input; }
     [[nodiscard]] Compositing& compositing() override { return m_compositing; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
-    void displaysChanged() override { m_strips.displaysChanged(); }
-    void dragBegins() override { m_ownDrag.begin(); }
+    void displaysChanged() override;
+    void dragBegins() override;
 
 private:
     X11Server m_server;
@@ -62,11 +74,31 @@ private:
     /// The server knows where the pointer is during a drag of an X11 program.
     X11Pointer m_serverPointer;
     StalledDrag m_ownDrag;
+    BeginningDrag m_beginningDrag;
+    DragCover m_cover;
     EdgeInputMonitor m_input;
     XWaylandCompositing m_compositing;
     DragStrips m_strips;
     QPointer<XWaylandPanelWindow> m_panel;
 };
+
+void XWaylandManner::displaysChanged()
+{
+    m_strips.displaysChanged();
+    m_cover.parkAt(pixelBeyond(m_server.displays.frames()));
+}
+
+void XWaylandManner::dragBegins()
+{
+    m_ownDrag.begin();
+    const auto display = frameAt(m_server.displays.frames(), m_serverPointer.position());
+    if (!display)
+        return;
+    QRectF area = m_server.displays.visibleFrame(*display);
+    area.setLeft(std::max(area.left(), area.right() - wayOut));
+    m_cover.cover(area, *display);
+    m_beginningDrag.begin();
+}
 
 std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double /*cornerRadius*/)
 {
