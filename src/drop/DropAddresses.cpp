@@ -80,7 +80,8 @@ enum class Files { taken, refused };
     return isFileAddress(url) ? files == Files::taken : LinkUrl::parse(url).has_value();
 }
 
-/// The address from a source that offers no list of addresses.
+/// The address from a source that offers no list of addresses. Such sources are browsers, and not all of them mark what
+/// a script of a page may have chosen.
 [[nodiscard]] std::optional<QString> offeredAddress(const DropPayload& payload)
 {
     const QStringList lines{ loadLines(payload, netscapeFormat()).value(0),
@@ -88,7 +89,7 @@ enum class Files { taken, refused };
                              decodeText(load(payload, mozillaTabFormat()), QStringLiteral("text/unicode")) };
     for (const QString& line : lines) {
         const auto url = uriAddress(line.toUtf8());
-        if (url && isUsable(*url, filesOf(payload)))
+        if (url && isUsable(*url, Files::refused))
             return url;
     }
     return std::nullopt;
