@@ -50,7 +50,8 @@ QByteArray html()
           "ondragstart=\"const d=event.dataTransfer;d.setData('text/uri-list','file:///etc/passwd');"
           "d.setData('text/plain','Words of a script')\"></div>"
           "<script>onmousemove=e=>fetch('/pointer',{method:'POST',body:e.clientX+' '+e.clientY});"
-          "ondrag=e=>fetch('/dragging',{method:'POST',body:'yes'})"
+          "ondrag=e=>fetch('/dragging',{method:'POST',body:'yes'});"
+          "ondragover=e=>fetch('/over',{method:'POST',body:'yes'})"
           "</script>";
 }
 
@@ -58,7 +59,7 @@ void serve(WebServer& server)
 {
     server.serve(QStringLiteral("/"), "text/html", html());
     server.serve(QStringLiteral("/pictures/green%20square.png"), "image/png", picturePng());
-    for (const char* path : { "/pointer", "/dragging", "/typed", "/name", "/uploaded" })
+    for (const char* path : { "/pointer", "/dragging", "/over", "/typed", "/name", "/uploaded" })
         server.serve(QLatin1String(path), "text/plain", "thanks");
 }
 

@@ -54,8 +54,6 @@ private:
     {
         return waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("note one.txt") }; });
     }
-    /// Saves what a user sees, where NOOKLE_PICTURES says.
-    void keepPicture(const QString& name) const;
     /// Drags the first tile there; the button stays down.
     void dragTileTo(const QPoint& place);
     [[nodiscard]] bool isShelfOnDisplay() const;
@@ -120,13 +118,6 @@ void GnomeEndToEndTest::theTileArrivesInX11Programs()
     QCOMPARE(content("received").trimmed(), fileList().trimmed());
     QVERIFY2(waitFor([this] { return isPanelGone(); }), "the panel stays after the drag");
     QCOMPARE(m_shelf->savedItems().size(), 1);
-}
-
-void GnomeEndToEndTest::keepPicture(const QString& name) const
-{
-    const QString folder = qEnvironmentVariable("NOOKLE_PICTURES");
-    if (!folder.isEmpty())
-        m_desktop->picture(QRect(QPoint(), WaylandDesktop::displaySize)).save(folder + QLatin1Char('/') + name);
 }
 
 void GnomeEndToEndTest::dragTileTo(const QPoint& place)

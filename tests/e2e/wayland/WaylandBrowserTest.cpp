@@ -18,6 +18,12 @@ namespace {
 inline constexpr int rightEdge = WaylandDesktop::displaySize.width();
 inline constexpr int panelWidth = 112;
 
+[[nodiscard]] WaylandDesktop::Compositor compositor()
+{
+    const bool isGnome = qEnvironmentVariable("NOOKLE_ENVIRONMENT") == QLatin1String("gnome");
+    return isGnome ? WaylandDesktop::Compositor::gnome : WaylandDesktop::Compositor::sway;
+}
+
 [[nodiscard]] QJsonObject contentOf(const QJsonObject& item, const char* kind)
 {
     return item.value(QLatin1String("content")).toObject().value(QLatin1String(kind)).toObject();
@@ -50,9 +56,15 @@ private Q_SLOTS:
     void aTextGoesIntoATextField();
     void aLinkGoesIntoATextField();
     void anImageGoesIntoAnUploadField();
+    void aFileGoesIntoAnUploadField();
     void aScriptOfASavedPageCannotChooseAFile();
 
 private:
+    void keepTestPicture() const;
+    /// Moves the pointer about that place of the desktop until the condition holds.
+    template <typename Condition> [[nodiscard]] bool keepMoving(const QPoint& where, Condition condition);
+    /// Moves the pointer about that place of the page until the page tells the server.
+    [[nodiscard]] bool pageHears(const QString& path, const QPoint& where);
     [[nodiscard]] bool dragToShelf(const QPoint& place);
     [[nodiscard]] bool dragFirstTileTo(const QPoint& place);
     [[nodiscard]] QJsonObject onlyItem() const;
@@ -65,10 +77,10 @@ private:
 
 void WaylandBrowserTest::initTestCase()
 {
-    QVERIFY2(!m_name.isEmpty(), "run it with ctest, which says which browser is tested");
+    QVERIFY2(!m_name.isEmpty(), "run it with ctest, which says which browser is tested, and where");
     QVERIFY(m_server.isRunning());
     browserPage::serve(m_server);
-    QVERIFY(setUpDesktop(WaylandDesktop::Compositor::sway));
+    QVERIFY(setUpDesktop(compositor()));
     m_browser = WaylandBrowser::tryOpen(m_name, m_server.url(QStringLiteral("/")), *m_desktop);
     if (!m_browser)
         tellFailure(m_name + QStringLiteral(".png"));
@@ -97,24 +109,38 @@ void WaylandBrowserTest::cleanupTestCase()
     tearDownDesktop();
 }
 
-// A browser begins the drag some time after the movement, and it is told of where it is only by the next one.
+void WaylandBrowserTest::keepTestPicture() const
+{
+    keepPicture(
+        QStringLiteral("%1-%2-%3.png")
+            .arg(qEnvironmentVariable("NOOKLE_ENVIRONMENT"), m_name, QLatin1String(QTest::currentTestFunction())));
+}
+
+// A browser takes its time, and is told of where the drag is only by the next movement.
+template <typename Condition> bool WaylandBrowserTest::keepMoving(const QPoint& where, Condition condition)
+{
+    return waitFor([&] {
+        hand().moveTo(where + QPoint(0, 4));
+        hand().moveTo(where);
+        return condition();
+    });
+}
+
+bool WaylandBrowserTest::pageHears(const QString& path, const QPoint& where)
+{
+    m_server.forget(path);
+    return keepMoving(m_browser->at(where), [&] { return !m_server.posted(path).isEmpty(); });
+}
+
 bool WaylandBrowserTest::dragToShelf(const QPoint& place)
 {
-    const auto keepMoving = [this](const QPoint& where, auto condition) {
-        return waitFor([&] {
-            hand().moveTo(where + QPoint(0, 4));
-            hand().moveTo(where);
-            return condition();
-        });
-    };
-    m_server.forget(QStringLiteral("/dragging"));
     hand().moveTo(m_browser->at(place));
     hand().press();
-    const QPoint beside = m_browser->at(place) + QPoint(60, 0);
-    if (!keepMoving(beside, [this] { return !m_server.posted(QStringLiteral("/dragging")).isEmpty(); })
+    if (!pageHears(QStringLiteral("/dragging"), place + QPoint(60, 0))
         || !keepMoving(QPoint(rightEdge - 1, middle.y()), [this] { return isPanelOut(); })
         || !keepMoving(QPoint(rightEdge - panelWidth / 2, middle.y()), [this] { return isDropTarget(); }))
         return false;
+    keepTestPicture();
     hand().release();
     return waitFor([this] { return !m_shelf->savedItems().isEmpty(); });
 }
@@ -127,10 +153,12 @@ bool WaylandBrowserTest::dragFirstTileTo(const QPoint& place)
     hand().press();
     hand().moveTo(m_browser->at(place) + QPoint(40, 0));
     // A browser tells with every movement whether it would take the drop.
-    for (int times = 0; times < 20; ++times) {
-        hand().moveTo(m_browser->at(place) + QPoint(8, 0));
-        hand().moveTo(m_browser->at(place));
+    constexpr int enough = 3;
+    for (int times = 0; times < enough; ++times) {
+        if (!pageHears(QStringLiteral("/over"), place))
+            return false;
     }
+    keepTestPicture();
     hand().release();
     return true;
 }
@@ -192,6 +220,15 @@ void WaylandBrowserTest::anImageGoesIntoAnUploadField()
     QVERIFY(waitFor(
         [this] { return isSamePicture(m_server.posted(QStringLiteral("/uploaded")), browserPage::picturePng()); }));
     QCOMPARE(m_server.posted(QStringLiteral("/name")), QByteArray(browserPage::pictureName) + " image/png");
+}
+
+void WaylandBrowserTest::aFileGoesIntoAnUploadField()
+{
+    QCOMPARE(m_shelf->startAgain({ home("files/note one.txt") }), 0);
+    QVERIFY(waitFor([this] { return m_shelf->savedItems().size() == 1; }));
+    QVERIFY(dragFirstTileTo(browserPage::upload));
+    QVERIFY(waitFor([this] { return m_server.posted(QStringLiteral("/uploaded")) == "words"; }));
+    QCOMPARE(m_server.posted(QStringLiteral("/name")), "note one.txt text/plain");
 }
 
 void WaylandBrowserTest::aScriptOfASavedPageCannotChooseAFile()

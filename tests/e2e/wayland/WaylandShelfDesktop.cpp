@@ -57,6 +57,13 @@ void WaylandShelfDesktop::tellFailure(const QString& picture)
           m_shelf->log().constData(), m_peer ? m_peer->output().constData() : "");
 }
 
+void WaylandShelfDesktop::keepPicture(const QString& name) const
+{
+    const QString folder = qEnvironmentVariable("NOOKLE_PICTURES");
+    if (!folder.isEmpty())
+        m_desktop->picture(QRect(QPoint(), WaylandDesktop::displaySize)).save(folder + QLatin1Char('/') + name);
+}
+
 bool WaylandShelfDesktop::startShelf()
 {
     m_shelf->launch();

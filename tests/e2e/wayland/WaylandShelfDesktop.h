@@ -24,6 +24,8 @@ protected:
     void tearDownDesktop();
     /// For a test that failed: saves the screen under that name, and tells it with the logs.
     void tellFailure(const QString& picture);
+    /// Saves what a user sees under that name, in the folder that NOOKLE_PICTURES names; without one, nothing.
+    void keepPicture(const QString& name) const;
 
     /// Starts the shelf, and returns once it has started wholly.
     [[nodiscard]] bool startShelf();
