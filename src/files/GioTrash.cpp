@@ -22,6 +22,18 @@ struct Release {
     void operator()(GError* error) const { g_error_free(error); }
 };
 
+/// What was trashed last of all that was at `path`.
+[[nodiscard]] std::optional<TrashedFile> newestFrom(const QByteArray& path, const QByteArray& dataHome)
+{
+    std::optional<TrashedFile> newest;
+    for (const QByteArray& folder : trashFolders(path, dataHome)) {
+        std::optional<TrashedFile> found = TrashedFile::find(folder, path);
+        if (found && (!newest || newest->deletionDate < found->deletionDate))
+            newest = std::move(found);
+    }
+    return newest;
+}
+
 } // namespace
 
 GioTrash::GioTrash(const QByteArray& dataHome)
@@ -51,12 +63,7 @@ std::optional<Failure> GioTrash::putBack(const QUrl& url)
     const QByteArray path = standardizedPath(url);
     if (path.isEmpty())
         return Failure{ QStringLiteral("not a file of this computer") };
-    std::optional<TrashedFile> newest;
-    for (const QByteArray& folder : trashFolders(path, m_dataHome)) {
-        std::optional<TrashedFile> found = TrashedFile::find(folder, path);
-        if (found && (!newest || newest->deletionDate < found->deletionDate))
-            newest = std::move(found);
-    }
+    const std::optional<TrashedFile> newest = newestFrom(path, m_dataHome);
     if (!newest)
         return Failure{ QStringLiteral("it is not in the Trash") };
     if (::faccessat(AT_FDCWD, path.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0)
@@ -65,6 +72,12 @@ std::optional<Failure> GioTrash::putBack(const QUrl& url)
         return failure;
     ::unlink(newest->infoPath.constData());
     return std::nullopt;
+}
+
+bool GioTrash::canPutBack(const QUrl& url) const
+{
+    const QByteArray path = standardizedPath(url);
+    return !path.isEmpty() && newestFrom(path, m_dataHome).has_value();
 }
 
 bool GioTrash::contains(const QUrl& url) const

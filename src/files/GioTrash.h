@@ -16,6 +16,7 @@ public:
 
     std::optional<Failure> moveToTrash(const QUrl& url) override;
     std::optional<Failure> putBack(const QUrl& url) override;
+    bool canPutBack(const QUrl& url) const override;
     bool contains(const QUrl& url) const override;
 
 private:

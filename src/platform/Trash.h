@@ -20,6 +20,9 @@ public:
     /// folder must exist. Fails if the Trash does not hold the file any more.
     [[nodiscard]] virtual std::optional<Failure> putBack(const QUrl& url) = 0;
 
+    /// Whether the Trash still holds the file that `moveToTrash` has moved away from `url`.
+    [[nodiscard]] virtual bool canPutBack(const QUrl& url) const = 0;
+
     /// Whether the path of `url` lies in a Trash. Checks only the path, not the disk.
     [[nodiscard]] virtual bool contains(const QUrl& url) const = 0;
 };

@@ -4,6 +4,7 @@
 #include "ItemFiles.h"
 #include "Overloaded.h"
 #include "ShelfIndex.h"
+#include "Trash.h"
 
 #include <algorithm>
 #include <iterator>
@@ -93,8 +94,9 @@ private:
 
 } // namespace
 
-RemovedItems::RemovedItems(const ItemFiles& files, PutBack putBack)
+RemovedItems::RemovedItems(const ItemFiles& files, const Trash& trash, PutBack putBack)
     : m_files(files)
+    , m_trash(trash)
     , m_putBack(std::move(putBack))
 {
 }
@@ -152,7 +154,7 @@ QList<ShelfItem> RemovedItems::last() const
 RemovedItems::Return RemovedItems::putBackLast(QList<ShelfItem>& items, const QHash<QUuid, QUrl>& fileUrls,
                                                const QDateTime& now)
 {
-    const Step step = std::move(m_steps.back());
+    Step step = std::move(m_steps.back());
     m_steps.pop_back();
     const QSet<QUuid> known(step.order.begin(), step.order.end());
     QList<ShelfItem> newItems = items;
@@ -160,18 +162,24 @@ RemovedItems::Return RemovedItems::putBackLast(QList<ShelfItem>& items, const QH
     const Contents added(newItems, fileUrls);
 
     Return result;
+    std::vector<Entry> left;
     for (const Entry& entry : step.entries) {
         if (added.contain(entry.item, entry.file))
             continue;
         std::optional<ShelfItem> item = withFiles(entry);
         if (!item) {
-            result.lost.append(entry.item.shownName());
+            result.missing.append(entry.item.shownName());
+            if (isInTrash(entry.item))
+                left.push_back(entry);
             continue;
         }
         item->createdAt = item->createdAt.addMSecs(std::max<qint64>(0, step.time.msecsTo(now)));
         result.items.append(*std::move(item));
     }
     items = merged(items, result.items, step.order);
+    step.entries = std::move(left);
+    if (!step.entries.empty())
+        m_steps.push_back(std::move(step));
     return result;
 }
 
@@ -185,6 +193,13 @@ std::optional<ShelfItem> RemovedItems::withFiles(const Entry& entry) const
         link->hasIcon = !entry.icon.isEmpty() && !m_files.write(entry.icon, item.id, ItemFiles::iconName());
     }
     return item;
+}
+
+bool RemovedItems::isInTrash(const ShelfItem& item) const
+{
+    const auto* image = std::get_if<ImageContent>(&item.content);
+    const auto place = image ? m_files.file(item.id, image->fileName) : std::nullopt;
+    return place && m_trash.canPutBack(*place);
 }
 
 } // namespace nookle

@@ -20,6 +20,7 @@
 namespace nookle {
 
 class ItemFiles;
+class Trash;
 
 /// What was removed from the shelf, step by step, so that it can come back. Holds it in memory: the oldest steps are
 /// dropped when it gets too much. Main thread only.
@@ -28,8 +29,8 @@ public:
     /// Moves a file back to where it was before it went to the Trash.
     using PutBack = std::function<std::optional<Failure>(const QUrl&)>;
 
-    /// `files` must outlive this object.
-    RemovedItems(const ItemFiles& files, PutBack putBack);
+    /// `files` and `trash` must outlive this object.
+    RemovedItems(const ItemFiles& files, const Trash& trash, PutBack putBack);
 
     [[nodiscard]] bool isEmpty() const { return m_steps.empty(); }
 
@@ -46,12 +47,13 @@ public:
 
     struct Return {
         QList<ShelfItem> items;
-        /// The names of images that are not in the Trash any more.
-        QStringList lost;
+        /// The names of images that did not come back.
+        QStringList missing;
     };
 
-    /// Puts the items of the last step back into `items`, each to its place, with its files, and drops the step. Leaves
-    /// out what has been added anew meanwhile. The time since the removal does not count to an item's age.
+    /// Puts the items of the last step back into `items`, each to its place, with its files. Leaves out what has been
+    /// added anew meanwhile. The time since the removal does not count to an item's age. Images that could not leave
+    /// the Trash stay in the step; otherwise it is dropped.
     [[nodiscard]] Return putBackLast(QList<ShelfItem>& items, const QHash<QUuid, QUrl>& fileUrls, const QDateTime& now);
 
 private:
@@ -69,11 +71,13 @@ private:
         qsizetype size = 0;
     };
 
-    /// Brings back the files that the shelf owned. None if the image is lost.
+    /// Brings back the files that the shelf owned. None if the image does not come back.
     [[nodiscard]] std::optional<ShelfItem> withFiles(const Entry& entry) const;
+    [[nodiscard]] bool isInTrash(const ShelfItem& item) const;
     void dropOldSteps();
 
     const ItemFiles& m_files;
+    const Trash& m_trash;
     PutBack m_putBack;
     std::deque<Step> m_steps;
 };

@@ -33,7 +33,7 @@ ShelfStore::ShelfStore(const QUrl& directory, Environment environment, FileRefer
     , m_index({ filePath(directory), m_environment.largestIndex, m_environment.claimFolder }, m_items, m_itemFiles,
               queue)
     , m_lookups(linkMetadata)
-    , m_removed(m_itemFiles, m_environment.putBack)
+    , m_removed(m_itemFiles, trash, m_environment.putBack)
 {
     keepPrivate(filePath(m_directory));
     m_changes.onUrlsChanged = [this] { Q_EMIT fileURLsChanged(); };
@@ -227,16 +227,16 @@ void ShelfStore::undoRemove()
 {
     RemovedItems::Return result;
     // Goes on to the step before if everything has been added anew already.
-    while (result.items.isEmpty() && result.lost.isEmpty() && canUndoRemove()) {
+    while (result.items.isEmpty() && result.missing.isEmpty() && canUndoRemove()) {
         if (!hasRoomFor(m_removed.last()))
             return;
         // Without an index the folders of items look like those of a lost one.
         static_cast<void>(m_index.ensureWritten());
         result = m_removed.putBackLast(m_items, m_files.urls(), now());
     }
-    if (!result.lost.isEmpty())
+    if (!result.missing.isEmpty())
         Q_EMIT additionFailed(
-            tr("Could not be brought back from the Trash: %1").arg(result.lost.join(QStringLiteral(", "))));
+            tr("Could not be brought back from the Trash: %1").arg(result.missing.join(QStringLiteral(", "))));
     if (result.items.isEmpty())
         return;
     m_index.schedule();

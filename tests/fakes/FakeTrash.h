@@ -33,6 +33,8 @@ public:
 
     std::optional<Failure> putBack(const QUrl& url) override
     {
+        if (failure)
+            return failure;
         QFile file(QFile::decodeName(filePath(url)));
         if (!held.contains(url) || !file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
             return Failure{ QStringLiteral("not there") };
@@ -40,6 +42,7 @@ public:
         return {};
     }
 
+    bool canPutBack(const QUrl& url) const override { return held.contains(url); }
     bool contains(const QUrl& url) const override { return filePath(url).contains("/.Trash/"); }
 
     /// What was moved to the Trash, in order.
@@ -48,7 +51,7 @@ public:
     /// The contents of the files in the Trash, by the places where they were.
     QHash<QUrl, QByteArray> held;
 
-    /// Why every move fails, when it is set.
+    /// Why every move to and from it fails, when it is set.
     std::optional<Failure> failure;
 };
 

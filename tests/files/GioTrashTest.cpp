@@ -201,11 +201,15 @@ void GioTrashTest::aFileThatIsNotInTheTrashDoesNotComeBack()
     GioTrash trash(s_home->path("data"));
     const QByteArray path = s_home->makeFile("gone.txt");
     QVERIFY(trash.putBack(fileUrl(s_home->path("never.txt"))));
+    QVERIFY(!trash.canPutBack(fileUrl(s_home->path("never.txt"))));
     QVERIFY(!trash.moveToTrash(fileUrl(path)));
+    QVERIFY(trash.canPutBack(fileUrl(path)));
     QVERIFY(QFile::remove(QFile::decodeName(trashed("gone.txt"))));
     QVERIFY(trash.putBack(fileUrl(path)));
     QVERIFY(!isThere(path));
+    QVERIFY(!trash.canPutBack(fileUrl(path)));
     QVERIFY(trash.putBack(QUrl()));
+    QVERIFY(!trash.canPutBack(QUrl()));
 }
 
 void GioTrashTest::aFileDoesNotComeBackOverAnother()

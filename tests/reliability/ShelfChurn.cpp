@@ -42,6 +42,7 @@ public:
     }
 
     std::optional<Failure> putBack(const QUrl& /*url*/) override { return Failure{ QStringLiteral("not moved") }; }
+    bool canPutBack(const QUrl& /*url*/) const override { return false; }
 
     bool contains(const QUrl& /*url*/) const override { return false; }
 

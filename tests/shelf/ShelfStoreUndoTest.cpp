@@ -22,6 +22,8 @@ private Q_SLOTS:
     void theTimeOffTheShelfDoesNotCount();
     void anImageComesBackOutOfTheTrash();
     void anImageThatWasDeletedFromTheTrashIsToldOf();
+    void anImageThatCannotLeaveTheTrashKeepsItsStep();
+    void onlyWhatCouldNotLeaveTheTrashKeepsItsStep();
     void anImageThatTheUserHasPutBackIsTaken();
     void whatIsLostDoesNotHoldBackTheRestOfItsStep();
     void aFileThatIsGoneComesBackUnavailable();
@@ -231,6 +233,48 @@ void ShelfStoreUndoTest::anImageThatWasDeletedFromTheTrashIsToldOf()
     QVERIFY(!QFileInfo::exists(fixture.itemFolder(id)));
     QCOMPARE(told.size(), 1);
     QVERIFY(told.constFirst().constFirst().toString().contains(QStringLiteral("Shot")));
+}
+
+void ShelfStoreUndoTest::anImageThatCannotLeaveTheTrashKeepsItsStep()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    fixture.write(QStringLiteral("Shot.png"), "pixels");
+    store->addImage(fixture.urlOf(QStringLiteral("Shot.png")));
+    const ShelfItem item = store->items().constFirst();
+    store->remove(item.id);
+    fixture.trash.failure = Failure{ QStringLiteral("the disk is full") };
+    const QSignalSpy told(store.get(), &ShelfStore::additionFailed);
+    store->undoRemove();
+    QVERIFY(store->items().isEmpty());
+    QCOMPARE(told.size(), 1);
+    QVERIFY(told.constFirst().constFirst().toString().contains(QStringLiteral("Shot")));
+    QVERIFY(store->canUndoRemove());
+    fixture.trash.failure.reset();
+    store->undoRemove();
+    QCOMPARE(store->items(), QList<ShelfItem>{ item });
+    QVERIFY(store->localURL(item));
+    QVERIFY(!store->canUndoRemove());
+    QCOMPARE(told.size(), 1);
+}
+
+void ShelfStoreUndoTest::onlyWhatCouldNotLeaveTheTrashKeepsItsStep()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    add(*store, "a");
+    fixture.write(QStringLiteral("Shot.png"), "pixels");
+    store->addImage(fixture.urlOf(QStringLiteral("Shot.png")));
+    add(*store, "b");
+    store->removeUnpinned();
+    fixture.trash.failure = Failure{ QStringLiteral("the disk is full") };
+    store->undoRemove();
+    QCOMPARE(text(*store), QStringLiteral("b a"));
+    fixture.trash.failure.reset();
+    store->undoRemove();
+    QCOMPARE(store->items().size(), 3);
+    QVERIFY(std::holds_alternative<ImageContent>(store->items().at(1).content));
+    QVERIFY(!store->canUndoRemove());
 }
 
 void ShelfStoreUndoTest::anImageThatTheUserHasPutBackIsTaken()
