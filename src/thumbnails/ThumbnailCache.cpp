@@ -39,8 +39,9 @@ void write(const QByteArray& folder, const QByteArray& name, const QByteArray& p
     if (!file.open(QIODevice::WriteOnly))
         return;
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    file.write(png);
-    file.commit();
+    // A file that is closed with bytes left to write would be put in place all the same.
+    if (file.write(png) == png.size() && file.flush())
+        file.commit();
 }
 
 } // namespace

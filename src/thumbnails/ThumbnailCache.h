@@ -31,7 +31,8 @@ public:
     /// Whether a thumbnail of the file at `path` may be saved here.
     [[nodiscard]] bool takes(const QByteArray& path) const;
 
-    /// Saves a thumbnail of `uri` on another thread. A failure is ignored; the thumbnail is made again later.
+    /// Saves a thumbnail of `uri` on another thread. After a failure there is none, and the next request
+    /// for the file makes it again.
     void save(const QByteArray& uri, int savedSide, const QByteArray& png) const;
 
 private:

@@ -1,8 +1,16 @@
 #include "ThumbnailCache.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QThreadPool>
 
 #include <gio/gio.h>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include <memory>
 
@@ -17,6 +25,8 @@ private Q_SLOTS:
     void savedSizeHasRoomForTheWanted();
     void temporaryAndSavedFilesAreNotTaken_data();
     void temporaryAndSavedFilesAreNotTaken();
+    void aThumbnailThatDoesNotFitOnTheDiskLeavesNothing_data();
+    void aThumbnailThatDoesNotFitOnTheDiskLeavesNothing();
 };
 
 void ThumbnailCacheTest::addressIsTheOneThatAllProgramsUse()
@@ -69,6 +79,39 @@ void ThumbnailCacheTest::temporaryAndSavedFilesAreNotTaken()
     QFETCH(const bool, isTaken);
     QCOMPARE(ThumbnailCache("/home/user/.cache/thumbnails", "/tmp").takes(path), isTaken);
     QCOMPARE(ThumbnailCache("/home/user/.cache/thumbnails", "/tmp/").takes(path), isTaken);
+}
+
+void ThumbnailCacheTest::aThumbnailThatDoesNotFitOnTheDiskLeavesNothing_data()
+{
+    QTest::addColumn<qsizetype>("size");
+    // The toolkit keeps a small one back until the file is closed.
+    QTest::newRow("small") << qsizetype{ 2000 };
+    QTest::newRow("large") << qsizetype{ 200'000 };
+}
+
+void ThumbnailCacheTest::aThumbnailThatDoesNotFitOnTheDiskLeavesNothing()
+{
+    QFETCH(const qsizetype, size);
+    const QTemporaryDir home;
+    const ThumbnailCache cache(QFile::encodeName(home.filePath(QStringLiteral("thumbnails"))), "/tmp/none");
+    const QByteArray uri = ThumbnailCache::uri("/home/user/a.png");
+    const QByteArray png(size, 'a');
+    const auto save = [&] {
+        cache.save(uri, 128, png);
+        QVERIFY(QThreadPool::globalInstance()->waitForDone());
+    };
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit usual{};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &usual), 0);
+    const rlimit little{ 1000, usual.rlim_max };
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &little), 0);
+    save();
+    QCOMPARE(::setrlimit(RLIMIT_FSIZE, &usual), 0);
+    const QDir folder(home.filePath(QStringLiteral("thumbnails/normal")));
+    QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden), QStringList());
+    save();
+    QCOMPARE(folder.entryList(QDir::Files | QDir::Hidden).size(), 1);
+    QCOMPARE(QFileInfo(folder.filePath(folder.entryList(QDir::Files).first())).size(), size);
 }
 
 QTEST_GUILESS_MAIN(ThumbnailCacheTest)
