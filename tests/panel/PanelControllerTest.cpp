@@ -69,6 +69,7 @@ private Q_SLOTS:
     void aPinnedPanelStaysAndGoesHalfASecondAfterItIsUnpinned();
     void thePanelStaysWhileThePointerRestsOnIt();
     void thePanelStaysDuringADragOutAndGoesHalfASecondAfterIt();
+    void theUserMayHideThePanelDuringADragOut();
     void anIncomingDragOnAnOpenPanelStartsNoTimer();
     void anIncomingDragKeepsThePanelUntilTheButtonIsReleased();
     void aSecondIncomingDragReplacesTheTimerOfTheFirst();
@@ -206,6 +207,18 @@ void PanelControllerTest::thePanelStaysDuringADragOutAndGoesHalfASecondAfterIt()
     f.queue.advance(0.499);
     QVERIFY(f.panel.isShown());
     f.queue.advance(0.001);
+    QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::theUserMayHideThePanelDuringADragOut()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.beginDragOut();
+    f.panel.hide();
+    QVERIFY(!f.panel.isShown());
+    f.panel.endDragOut();
+    f.queue.advance(10);
     QVERIFY(!f.panel.isShown());
 }
 
