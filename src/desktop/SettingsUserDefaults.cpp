@@ -94,7 +94,19 @@ void SettingsUserDefaults::set(qint64 value, const QString& forKey)
 
 std::optional<QString> SettingsUserDefaults::string(const QString& domain, const QString& key) const
 {
-    return text(m_settings.value(domain.isEmpty() ? key : QString(domain + QLatin1Char('/') + key)));
+    const QString path = domain.isEmpty() ? key : QString(domain + QLatin1Char('/') + key);
+    const QVariant value = m_settings.value(path);
+    if (value.typeId() == QMetaType::QStringList)
+        reportList(path);
+    return text(value);
+}
+
+void SettingsUserDefaults::reportList(const QString& key) const
+{
+    if (m_reportedLists.contains(key))
+        return;
+    m_reportedLists.insert(key);
+    logLine(QStringLiteral("the setting \"%1\" is ignored: a text with a comma needs quotation marks").arg(key));
 }
 
 void SettingsUserDefaults::write(const QString& key, const QVariant& value)

@@ -2,6 +2,7 @@
 
 #include "UserDefaults.h"
 
+#include <QSet>
 #include <QSettings>
 #include <QString>
 #include <QVariantMap>
@@ -32,12 +33,15 @@ private:
 
     void write(const QString& key, const QVariant& value);
     void report(QSettings::Status status);
+    void reportList(const QString& key) const;
 
     QString m_path;
     /// Stays open so that it keeps values that could not be written.
     QSettings m_settings;
     QVariantMap m_defaults;
     Saving m_saving = Saving::works;
+    /// The keys of texts that were read as lists, each reported once.
+    mutable QSet<QString> m_reportedLists;
 };
 
 } // namespace nookle

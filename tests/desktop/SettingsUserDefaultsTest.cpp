@@ -23,6 +23,7 @@ private Q_SLOTS:
     void readingWritesNothing();
     void whatCannotBeSavedIsKeptAndReportedOnce();
     void aSecondFailureAfterASuccessIsReportedAgain();
+    void aTextWithACommaThatIsNotQuotedIsReported();
     void damagedFilesReadAsAbsent_data();
     void damagedFilesReadAsAbsent();
     void aPipeIsNotWaitedFor();
@@ -182,6 +183,21 @@ void SettingsUserDefaultsTest::aSecondFailureAfterASuccessIsReportedAgain()
     defaults.set(true, QStringLiteral("third"));
     QCOMPARE(log.lines().size(), 2);
     QVERIFY(defaults.boolean(QStringLiteral("third")));
+}
+
+void SettingsUserDefaultsTest::aTextWithACommaThatIsNotQuotedIsReported()
+{
+    const TemporaryFolder folder;
+    const QByteArray text = "[General]\nshortcut=Ctrl+,\nflag=true\n[screenshots]\nlocation=\"/a, b\"\n";
+    const QString path = QFile::decodeName(folder.makeFile("Nookle.conf", text));
+    const CapturedLog log;
+    const SettingsUserDefaults defaults(path);
+    for (int reading = 0; reading < 2; ++reading)
+        QVERIFY(!defaults.string(QString(), QStringLiteral("shortcut")));
+    QCOMPARE(defaults.string(QStringLiteral("screenshots"), QStringLiteral("location")), QStringLiteral("/a, b"));
+    QCOMPARE(log.lines(),
+             QStringList{ QStringLiteral(
+                 "Nookle: the setting \"shortcut\" is ignored: a text with a comma needs quotation marks") });
 }
 
 void SettingsUserDefaultsTest::damagedFilesReadAsAbsent_data()
