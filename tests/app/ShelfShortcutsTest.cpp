@@ -3,6 +3,7 @@
 #include "CapturedLog.h"
 #include "FakeGlobalShortcuts.h"
 #include "FakeUserDefaults.h"
+#include "PlainText.h"
 
 #include <QTest>
 
@@ -62,6 +63,7 @@ void ShelfShortcutsTest::theSettingsNameOtherKeys_data()
     QTest::newRow("a letter") << "Super+N" << QKeyCombination(Qt::META, Qt::Key_N);
     QTest::newRow("a digit") << "Ctrl+Alt+4" << QKeyCombination(Qt::CTRL | Qt::ALT, Qt::Key_4);
     QTest::newRow("a function key") << "Ctrl+F12" << QKeyCombination(Qt::CTRL, Qt::Key_F12);
+    QTest::newRow("a comma") << "Ctrl+," << QKeyCombination(Qt::CTRL, Qt::Key_Comma);
     QTest::newRow("a key with a name") << "Alt+Space" << QKeyCombination(Qt::ALT, Qt::Key_Space);
     QTest::newRow("small letters and spaces")
         << " control + meta+d " << QKeyCombination(Qt::CTRL | Qt::META, Qt::Key_D);
@@ -95,6 +97,12 @@ void ShelfShortcutsTest::whatCannotBeAShortcutIsLoggedOnceAndTheUsualKeysStay_da
     QTest::newRow("two keys") << "Ctrl+A+B";
     QTest::newRow("two combinations") << "Ctrl+A, Ctrl+B";
     QTest::newRow("a plus too many") << "Ctrl++D";
+    QTest::newRow("one modifier") << "Ctrl";
+    QTest::newRow("pluses") << "+++";
+    QTest::newRow("a name that no key has") << QStringLiteral("Ctrl+\u2318\U0001F4A9");
+    QTest::newRow("ten thousand letters") << QString(10'000, QLatin1Char('D'));
+    QTest::newRow("ten thousand modifiers")
+        << QString(QStringLiteral("Ctrl+").repeated(10'000) + QStringLiteral("Ctrl"));
 }
 
 void ShelfShortcutsTest::whatCannotBeAShortcutIsLoggedOnceAndTheUsualKeysStay()
@@ -107,8 +115,12 @@ void ShelfShortcutsTest::whatCannotBeAShortcutIsLoggedOnceAndTheUsualKeysStay()
     const ShelfShortcuts both(shortcuts, settings, { [] {}, [] {} });
     QCOMPARE(shortcuts.registered.at(1).keys, QKeyCombination(controlAltSuper, Qt::Key_D));
     QCOMPARE(shortcuts.registered.at(2).keys, QKeyCombination(controlAltSuper | Qt::SHIFT, Qt::Key_D));
-    QCOMPARE(log.lines(),
-             QStringList{ QStringLiteral("Nookle: the setting \"shortcut\" cannot be used: %1").arg(text) });
+    QCOMPARE(
+        log.lines(),
+        QStringList{ QStringLiteral("Nookle: the setting \"shortcut\" needs Ctrl, Alt or Super and one key, without "
+                                    "Shift, not \"%1\"")
+                         .arg(shownText(text)) });
+    QVERIFY(log.lines().first().size() < 500);
 }
 
 void ShelfShortcutsTest::withTheirEndBothAreFree()

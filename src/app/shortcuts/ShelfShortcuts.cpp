@@ -1,6 +1,7 @@
 #include "ShelfShortcuts.h"
 
 #include "Log.h"
+#include "PlainText.h"
 #include "ShortcutText.h"
 #include "UserDefaults.h"
 
@@ -22,7 +23,9 @@ inline constexpr std::uint32_t controlAltSuper = 4096 + 2048 + 256;
         return usual;
     const auto keys = shortcutKeys(*text);
     if (!keys)
-        logLine(QStringLiteral("the setting \"shortcut\" cannot be used: %1").arg(*text));
+        logLine(
+            QStringLiteral("the setting \"shortcut\" needs Ctrl, Alt or Super and one key, without Shift, not \"%1\"")
+                .arg(shownText(*text)));
     return keys.value_or(usual);
 }
 
