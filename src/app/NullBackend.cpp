@@ -49,6 +49,7 @@ public:
         return nullptr;
     }
     [[nodiscard]] QString boundKeys() const override { return {}; }
+    [[nodiscard]] QString wantedKeys() const override { return {}; }
     [[nodiscard]] QString obstacle() const override
     {
         return QCoreApplication::translate("nookle::NullBackend", "The shelf cannot be shown on this desktop");

@@ -4,6 +4,8 @@
 #include "QtMainQueue.h"
 #include "SettingsUserDefaults.h"
 
+#include <QKeySequence>
+
 #include <algorithm>
 #include <utility>
 
@@ -26,6 +28,18 @@ namespace {
 {
     return QStringLiteral("gdbus call --session -d org.nookle.Nookle -o /org/nookle/Nookle"
                           " -m org.freedesktop.Application.ActivateAction toggle '[]' '{}'");
+}
+
+/// The toolkit puts Super first, and calls it "Meta".
+[[nodiscard]] QString names(QKeyCombination keys)
+{
+    const Qt::KeyboardModifiers held = keys.keyboardModifiers();
+    const QKeyCombination others(held & ~Qt::KeyboardModifiers(Qt::MetaModifier), keys.key());
+    QString names = QKeySequence(others).toString(QKeySequence::NativeText);
+    if (held.testFlag(Qt::MetaModifier))
+        names.insert(names.size() - QKeySequence(keys.key()).toString(QKeySequence::NativeText).size(),
+                     QStringLiteral("Super+"));
+    return names;
 }
 
 } // namespace
@@ -107,6 +121,11 @@ QList<Shortcut> SessionShortcuts::shortcuts() const
     for (const auto& [number, each] : m_registered)
         shortcuts.append(each.shortcut);
     return shortcuts;
+}
+
+QString SessionShortcuts::wantedKeys() const
+{
+    return m_registered.empty() ? QString() : names(m_registered.begin()->second.shortcut.keys);
 }
 
 bool SessionShortcuts::canAskAgain() const

@@ -32,6 +32,7 @@ public:
     [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination keys, const QString& description,
                                                                 std::function<void()> pressed) override;
     [[nodiscard]] QString boundKeys() const override { return m_shown.keys; }
+    [[nodiscard]] QString wantedKeys() const override;
     [[nodiscard]] QString obstacle() const override { return m_shown.obstacle; }
     [[nodiscard]] bool canAskAgain() const override;
     void askAgain() override;

@@ -26,7 +26,11 @@ public:
     /// bound, and where the desktop does not tell.
     [[nodiscard]] virtual QString boundKeys() const = 0;
 
-    /// Why there are no such keys, as a text for the user: the shortcut is not bound, or the desktop does not tell.
+    /// The keys for which that shortcut was registered, in the desktop's words. Empty before that, and where the
+    /// display server has no shortcuts.
+    [[nodiscard]] virtual QString wantedKeys() const = 0;
+
+    /// Why there are no bound keys, as a text for the user: the shortcut is not bound, or the desktop does not tell.
     [[nodiscard]] virtual QString obstacle() const = 0;
 
     /// Whether the desktop can be asked again for a shortcut that is not bound.

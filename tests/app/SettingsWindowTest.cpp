@@ -360,7 +360,14 @@ void SettingsWindowTest::theKeysThatAreBoundAreShownAndFollowed()
     m_shortcuts->bound = QStringLiteral("many keys ").repeated(20);
     m_shortcuts->onChanged();
     QCOMPARE(window()->width(), 440);
+    m_shortcuts->wanted = QStringLiteral("Super+F5");
+    m_shortcuts->onChanged();
+    QVERIFY(!visibleLabel(m_shortcuts->wanted));
     m_shortcuts->bound.clear();
+    m_shortcuts->onChanged();
+    QVERIFY(visibleLabel(m_shortcuts->wanted));
+    QCOMPARE(visibleLabel(m_shortcuts->wanted)->accessibleName(), m_shortcuts->wanted);
+    m_shortcuts->wanted.clear();
     m_shortcuts->onChanged();
     keys = visibleLabel(QStringLiteral("⌃⌥⌘D"));
     QVERIFY(keys);

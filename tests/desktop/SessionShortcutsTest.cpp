@@ -160,8 +160,11 @@ void SessionShortcutsTest::withoutEitherTheCommandIsNamedOnce()
     const CapturedLog log;
     int changes = 0;
     m_shortcuts->onChanged = [&] { ++changes; };
+    QCOMPARE(m_shortcuts->wantedKeys(), QString());
     registerToggle();
     QTRY_COMPARE(log.lines().size(), 1);
+    QCOMPARE(m_shortcuts->boundKeys(), QString());
+    QCOMPARE(m_shortcuts->wantedKeys(), QStringLiteral("Ctrl+Alt+Super+D"));
     const QString command = QStringLiteral("gdbus call --session -d org.nookle.Nookle -o /org/nookle/Nookle"
                                            " -m org.freedesktop.Application.ActivateAction toggle '[]' '{}'");
     QVERIFY(log.lines().first().contains(command));

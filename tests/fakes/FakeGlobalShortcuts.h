@@ -27,6 +27,7 @@ public:
     }
 
     [[nodiscard]] QString boundKeys() const override { return bound; }
+    [[nodiscard]] QString wantedKeys() const override { return wanted; }
     [[nodiscard]] QString obstacle() const override { return reason; }
     [[nodiscard]] bool canAskAgain() const override { return mayBeAsked; }
     void askAgain() override { ++timesAsked; }
@@ -37,6 +38,7 @@ public:
 
     /// What the desktop says of the first one. Call `onChanged` after a change.
     QString bound;
+    QString wanted;
     QString reason;
     bool mayBeAsked = false;
     int timesAsked = 0;

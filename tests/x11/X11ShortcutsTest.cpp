@@ -29,6 +29,7 @@ private Q_SLOTS:
     void theSameKeyWithShiftIsAnotherShortcut_data();
     void theSameKeyWithShiftIsAnotherShortcut();
     void theOtherStaysWhenOneIsGivenUp();
+    void theFirstIsNamedWhenAnotherProgramHoldsIt();
     void theFirstStaysWhenAnotherProgramHoldsTheSecond();
     void otherKeysThanLettersAreHeard_data();
     void otherKeysThanLettersAreHeard();
@@ -101,6 +102,22 @@ void X11ShortcutsTest::theOtherStaysWhenOneIsGivenUp()
     press({ XScreen::control, XScreen::alt, XScreen::super, 'd' });
     QVERIFY(waitFor([&] { return plain == 1; }));
     QCOMPARE(withShift, 0);
+}
+
+void X11ShortcutsTest::theFirstIsNamedWhenAnotherProgramHoldsIt()
+{
+    X11GlobalShortcuts other;
+    const QKeyCombination taken(Qt::META, Qt::Key_F5);
+    const auto held = other.registerShortcut(taken, QString(), [] {});
+    QVERIFY(held);
+    QCOMPARE(m_shortcuts->wantedKeys(), QString());
+    int presses = 0;
+    CapturedLog log;
+    QVERIFY(!registerCounting(taken, presses));
+    const auto second = registerCounting(QKeyCombination(Qt::META | Qt::SHIFT, Qt::Key_F5), presses);
+    QCOMPARE(m_shortcuts->boundKeys(), QString());
+    QCOMPARE(m_shortcuts->wantedKeys(), QStringLiteral("Super+F5"));
+    QVERIFY(m_shortcuts->obstacle().contains(QStringLiteral("Super+F5")));
 }
 
 void X11ShortcutsTest::theFirstStaysWhenAnotherProgramHoldsTheSecond()

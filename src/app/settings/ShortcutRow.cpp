@@ -57,10 +57,11 @@ void ShortcutRow::showState()
 
 void ShortcutRow::showKeys()
 {
-    const QString bound = shownText(m_shortcuts.boundKeys());
-    const QString text = bound.isEmpty() ? tr("⌃⌥⌘D") : bound;
+    const QString bound = m_shortcuts.boundKeys();
+    const QString keys = shownText(bound.isEmpty() ? m_shortcuts.wantedKeys() : bound);
+    const QString text = keys.isEmpty() ? tr("⌃⌥⌘D") : keys;
     m_keys->setText(m_keys->fontMetrics().elidedText(text, Qt::ElideRight, widestKeys));
-    m_keys->setAccessibleName(bound.isEmpty() ? tr("Control, Alt, Super and D") : bound);
+    m_keys->setAccessibleName(keys.isEmpty() ? tr("Control, Alt, Super and D") : keys);
     m_keys->setToolTip(m_keys->accessibleName());
 }
 

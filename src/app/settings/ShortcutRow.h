@@ -12,7 +12,8 @@ namespace nookle {
 class DescriptionLabel;
 class GlobalShortcuts;
 
-/// The row of the settings about the keyboard shortcut: the keys that are bound, else why none are, and a button that
+/// The row of the settings about the keyboard shortcut: the keys that are bound, else those that are wanted and
+/// why they are not bound, and a button that
 /// asks the desktop again where that can help. Follows every change. Main thread only.
 class ShortcutRow final : public QWidget {
     Q_OBJECT

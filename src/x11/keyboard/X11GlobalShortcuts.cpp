@@ -54,6 +54,8 @@ std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombinatio
     // again.
     QMetaObject::invokeMethod(this, &X11GlobalShortcuts::readEvents, Qt::QueuedConnection);
     const std::uint32_t number = ++m_lastNumber;
+    if (number == firstNumber)
+        m_wantedKeys = names(keys);
     if (!wanted.isOwn) {
         logLine(QStringLiteral("another program may hold the shortcut %1").arg(names(keys)));
         if (number == firstNumber)

@@ -30,6 +30,7 @@ public:
     [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination keys, const QString& description,
                                                                 std::function<void()> pressed) override;
     [[nodiscard]] QString boundKeys() const override;
+    [[nodiscard]] QString wantedKeys() const override { return m_wantedKeys; }
     [[nodiscard]] QString obstacle() const override;
     /// Always false: an X server has nobody to ask.
     [[nodiscard]] bool canAskAgain() const override { return false; }
@@ -73,6 +74,7 @@ private:
     xcb_window_t m_root = 0;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::uint32_t m_lastNumber = 0;
+    QString m_wantedKeys;
     /// Why the first registration failed; empty if it did not.
     QString m_firstRefusal;
     std::map<std::uint32_t, Grab> m_grabs;
