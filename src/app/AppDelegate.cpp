@@ -43,6 +43,9 @@ AppDelegate::AppDelegate(const Platform& platform, const QUrl& dataFolder,
     , m_dataFolder(dataFolder)
     , m_claimFolder(std::move(claimFolder))
     , m_settings(platform.defaults)
+    , m_selection([this] { return m_platform.pasteboard.selection(); },
+                  [](const DropPayload& payload) { static_cast<void>(readSelection(payload)); },
+                  [this](const DropPayload& payload) { addToShelf(readSelection(payload)); })
     , m_dragEdgeMonitor(platform.desktop.inputMonitor(), platform.desktop.pointer(), platform.desktop.displays())
     , m_screenshotWatcher(platform.folders, platform.screenshotSettings, platform.queue)
 {
@@ -195,7 +198,7 @@ void AppDelegate::provideServices()
     m_platform.requests.onActivate = [this] { showShelf(); };
     m_platform.requests.onToggle = [this] { togglePanel(); };
     m_platform.requests.onFocus = [this] { m_panelController->showForKeys(); };
-    m_platform.requests.onAddSelection = [this] { addToShelf(readSelection(m_platform.pasteboard)); };
+    m_platform.requests.onAddSelection = [this] { m_selection.read(); };
     m_platform.requests.start();
 }
 

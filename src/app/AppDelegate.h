@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppSettings.h"
+#include "ContentReader.h"
 #include "DragEdgeMonitor.h"
 #include "ExpirySweep.h"
 #include "Failure.h"
@@ -106,6 +107,7 @@ private:
     /// The store's last refusal since the present request began.
     std::optional<Failure> m_lastRefusal;
     AppSettings m_settings;
+    ContentReader m_selection;
     DragEdgeMonitor m_dragEdgeMonitor;
     ScreenshotWatcher m_screenshotWatcher;
 

@@ -7,6 +7,8 @@ class QMimeData;
 
 namespace nookle {
 
+class ClipboardContent;
+
 /// The display server's clipboard and selection. Main thread only.
 class Clipboard {
 public:
@@ -19,9 +21,8 @@ public:
 
     virtual ~Clipboard() = default;
 
-    /// The present content; null when there is none, or this program may not read it. Reading from it waits for the
-    /// program that has it. It is valid only in this turn of the event loop.
-    [[nodiscard]] virtual const QMimeData* content(Content which) = 0;
+    /// The present content, never null. It has no formats when there is none, or this program may not read it.
+    [[nodiscard]] virtual std::unique_ptr<ClipboardContent> content(Content which) = 0;
 
     /// Replaces what was copied; null empties it.
     virtual void copy(std::unique_ptr<QMimeData> data) = 0;

@@ -1,7 +1,5 @@
 #include "ClipboardPasteboard.h"
 
-#include "ClipboardPayload.h"
-
 #include <QMimeData>
 #include <QStringList>
 #include <QVariant>
@@ -66,14 +64,14 @@ void ClipboardPasteboard::write(std::unique_ptr<QMimeData> data)
     m_clipboard.copy(std::move(data));
 }
 
-std::unique_ptr<DropPayload> ClipboardPasteboard::contents() const
+std::unique_ptr<ClipboardContent> ClipboardPasteboard::contents()
 {
-    return std::make_unique<ClipboardPayload>(m_clipboard.content(Clipboard::Content::copied));
+    return m_clipboard.content(Clipboard::Content::copied);
 }
 
-std::unique_ptr<DropPayload> ClipboardPasteboard::selection() const
+std::unique_ptr<ClipboardContent> ClipboardPasteboard::selection()
 {
-    return std::make_unique<ClipboardPayload>(m_clipboard.content(Clipboard::Content::selected));
+    return m_clipboard.content(Clipboard::Content::selected);
 }
 
 void ClipboardPasteboard::clear()

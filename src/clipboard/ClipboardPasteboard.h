@@ -20,8 +20,8 @@ public:
     ClipboardPasteboard(const ClipboardPasteboard&) = delete;
     ClipboardPasteboard& operator=(const ClipboardPasteboard&) = delete;
 
-    [[nodiscard]] std::unique_ptr<DropPayload> contents() const override;
-    [[nodiscard]] std::unique_ptr<DropPayload> selection() const override;
+    [[nodiscard]] std::unique_ptr<ClipboardContent> contents() override;
+    [[nodiscard]] std::unique_ptr<ClipboardContent> selection() override;
     void clear() override;
     void writeFile(const QUrl& file) override;
     void writeText(const QString& text) override;

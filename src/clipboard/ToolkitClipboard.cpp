@@ -1,5 +1,7 @@
 #include "ToolkitClipboard.h"
 
+#include "ToolkitContent.h"
+
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -14,10 +16,10 @@ ToolkitClipboard::ToolkitClipboard()
     });
 }
 
-const QMimeData* ToolkitClipboard::content(Content which)
+std::unique_ptr<ClipboardContent> ToolkitClipboard::content(Content which)
 {
-    return QGuiApplication::clipboard()->mimeData(which == Content::selected ? QClipboard::Selection
-                                                                             : QClipboard::Clipboard);
+    const auto mode = which == Content::selected ? QClipboard::Selection : QClipboard::Clipboard;
+    return std::make_unique<ToolkitContent>(QGuiApplication::clipboard()->mimeData(mode));
 }
 
 void ToolkitClipboard::copy(std::unique_ptr<QMimeData> data)

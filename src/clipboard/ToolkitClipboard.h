@@ -14,7 +14,7 @@ public:
     /// The application object must exist.
     ToolkitClipboard();
 
-    [[nodiscard]] const QMimeData* content(Content which) override;
+    [[nodiscard]] std::unique_ptr<ClipboardContent> content(Content which) override;
     void copy(std::unique_ptr<QMimeData> data) override;
 };
 

@@ -1,25 +1,43 @@
 #pragma once
 
-#include "DropPayload.h"
-
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QUrl>
 
+#include <functional>
 #include <memory>
 
 namespace nookle {
+
+/// What the clipboard or the selection holds at present. Another program has to deliver it, so each answer comes later,
+/// never within the call that asked for it. Ask one question at a time. Destroying this object ends the question; the
+/// answer to a question may do that. Main thread only.
+class ClipboardContent {
+public:
+    using Formats = std::function<void(const QStringList& formats)>;
+    using Bytes = std::function<void(const QByteArray& bytes)>;
+
+    virtual ~ClipboardContent() = default;
+
+    /// Asks for the names of the formats, in the owner's order. There are none when nobody answers.
+    virtual void askFormats(Formats answer) = 0;
+
+    /// Asks for the bytes in `format`. Empty when the owner does not deliver them within the limits of size and time,
+    /// which are for all questions together.
+    virtual void askData(const QString& format, Bytes answer) = 0;
+};
 
 /// The clipboard and the selection. Main thread only.
 class Pasteboard {
 public:
     virtual ~Pasteboard() = default;
 
-    /// The present content, never null. Read it at once: it is valid only in this turn of the event loop.
-    [[nodiscard]] virtual std::unique_ptr<DropPayload> contents() const = 0;
+    /// What was copied last, in any program; never null.
+    [[nodiscard]] virtual std::unique_ptr<ClipboardContent> contents() = 0;
 
-    /// What the user selected last, in any program. Never null, and valid as long as `contents`.
-    [[nodiscard]] virtual std::unique_ptr<DropPayload> selection() const = 0;
+    /// What the user selected last, in any program; never null.
+    [[nodiscard]] virtual std::unique_ptr<ClipboardContent> selection() = 0;
 
     // The operations below replace the content of the clipboard.
 

@@ -359,7 +359,7 @@ void ShelfView::contextMenuEvent(QContextMenuEvent* event)
                     m_uses.listener());
 }
 
-std::unique_ptr<QMenu> ShelfView::makeMenu() const
+std::unique_ptr<QMenu> ShelfView::makeMenu()
 {
     return makeContextMenu(m_shelfActions.menuActions());
 }

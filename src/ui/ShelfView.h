@@ -88,7 +88,7 @@ public:
     void beginKeys();
 
     /// Makes the panel's own menu with its present entries.
-    [[nodiscard]] std::unique_ptr<QMenu> makeMenu() const;
+    [[nodiscard]] std::unique_ptr<QMenu> makeMenu();
 
     /// Call this before the program ends. Copies back each dragged image whose file a receiver has moved away.
     void saveDraggedImages() { m_dragOut.saveImages(); }

@@ -1,5 +1,7 @@
 #include "WaylandClipboard.h"
 
+#include "ToolkitContent.h"
+
 #include <KSystemClipboard>
 #include <QMimeData>
 
@@ -14,9 +16,10 @@ WaylandClipboard::WaylandClipboard()
     });
 }
 
-const QMimeData* WaylandClipboard::content(Content which)
+std::unique_ptr<ClipboardContent> WaylandClipboard::content(Content which)
 {
-    return m_clipboard.mimeData(which == Content::selected ? QClipboard::Selection : QClipboard::Clipboard);
+    const auto mode = which == Content::selected ? QClipboard::Selection : QClipboard::Clipboard;
+    return std::make_unique<ToolkitContent>(m_clipboard.mimeData(mode));
 }
 
 void WaylandClipboard::copy(std::unique_ptr<QMimeData> data)

@@ -17,7 +17,7 @@ public:
     /// The application object must exist and run on Wayland.
     WaylandClipboard();
 
-    [[nodiscard]] const QMimeData* content(Content which) override;
+    [[nodiscard]] std::unique_ptr<ClipboardContent> content(Content which) override;
     void copy(std::unique_ptr<QMimeData> data) override;
 
 private:

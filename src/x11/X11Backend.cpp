@@ -1,5 +1,6 @@
 #include "X11Backend.h"
 
+#include "X11Clipboard.h"
 #include "X11Compositing.h"
 #include "X11Displays.h"
 #include "X11DragOffer.h"
@@ -79,6 +80,7 @@ X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts, const X11Mann
     , m_globalShortcuts(std::move(shortcuts))
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
     , m_toolkitSettings(std::make_unique<X11ToolkitSettings>(m_connection))
+    , m_clipboard(std::make_unique<X11Clipboard>())
     , m_drops(std::make_unique<X11Drops>(m_connection))
     , m_dragOffer(std::make_unique<X11DragOffer>(m_connection))
 {
@@ -98,6 +100,11 @@ X11Backend::~X11Backend() = default;
 const Displays& X11Backend::displays() const
 {
     return *m_displays;
+}
+
+Clipboard* X11Backend::clipboard()
+{
+    return m_clipboard.get();
 }
 
 std::unique_ptr<DropPayload> X11Backend::dropPayload(const QMimeData& /*data*/)

@@ -6,6 +6,7 @@
 
 namespace nookle {
 
+class X11Clipboard;
 class X11Displays;
 class X11DragOffer;
 class X11Drops;
@@ -29,6 +30,7 @@ public:
     [[nodiscard]] GlobalShortcuts& globalShortcuts() override { return *m_globalShortcuts; }
     [[nodiscard]] TrayHost* embeddingTray() override { return m_embeddingTray.get(); }
     [[nodiscard]] ToolkitSettings* toolkitSettings() override { return m_toolkitSettings.get(); }
+    [[nodiscard]] Clipboard* clipboard() override;
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
@@ -42,6 +44,7 @@ private:
     std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
     std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<ToolkitSettings> m_toolkitSettings;
+    std::unique_ptr<X11Clipboard> m_clipboard;
     std::unique_ptr<X11Drops> m_drops;
     std::unique_ptr<X11DragOffer> m_dragOffer;
 };

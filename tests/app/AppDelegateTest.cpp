@@ -54,6 +54,8 @@ private Q_SLOTS:
     void unpinningFromTheTrayLeavesTheShelfWhereItIs();
     void unpinningFromTheTrayLeavesAHiddenShelfHidden();
     void theDiagnosticsGoToTheClipboard();
+    void whatIsSelectedIsAddedOnceItsOwnerHasAnswered();
+    void anEmptySelectionIsToldOf();
 
 private:
     /// A shelf of two days ago: an image below a file that is pinned.
@@ -489,6 +491,29 @@ void AppDelegateTest::theDiagnosticsGoToTheClipboard()
     choose(QStringLiteral("Settings…"));
     topLevel<QDialog>()->findChildren<QPushButton*>().last()->click();
     QCOMPARE(m_app->pasteboard.operations, QStringList{ QStringLiteral("text all there is to know") });
+}
+
+void AppDelegateTest::whatIsSelectedIsAddedOnceItsOwnerHasAnswered()
+{
+    m_app->start();
+    m_app->pasteboard.delay = 2;
+    m_app->pasteboard.selected.offer("text/plain", "selected");
+    m_app->requests.onAddSelection();
+    m_app->queue.advance(3.9);
+    QVERIFY(!m_app->isShown());
+    m_app->queue.advance(0.6);
+    QVERIFY(m_app->isShown());
+    QCOMPARE(m_app->saved().size(), 1);
+    QCOMPARE(m_app->saved().first().displayName(), QStringLiteral("selected"));
+}
+
+void AppDelegateTest::anEmptySelectionIsToldOf()
+{
+    m_app->start();
+    m_app->requests.onAddSelection();
+    m_app->queue.advance(1);
+    QVERIFY(!m_app->isShown());
+    QCOMPARE(m_app->notifier.told, QStringList{ QStringLiteral("Nothing found that can be added to the shelf.") });
 }
 
 QTEST_MAIN(AppDelegateTest)

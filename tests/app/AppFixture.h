@@ -278,7 +278,7 @@ struct AppFixture {
     JournalingReferences references{ journal };
     FakeThumbnailGenerator thumbnails;
     FakeLinkMetadataService linkMetadata;
-    FakePasteboard pasteboard;
+    FakePasteboard pasteboard{ queue };
     FakeWorkspace workspace;
     FakeFileTransfers transfers;
     JournalingTray tray{ journal };

@@ -1,6 +1,6 @@
 #include "SelectionReading.h"
 
-#include "FakePasteboard.h"
+#include "FakeDropPayload.h"
 
 #include <QTest>
 
@@ -16,19 +16,16 @@ private Q_SLOTS:
 
 void SelectionReadingTest::filesAndTextAreRead()
 {
-    FakePasteboard pasteboard;
-    pasteboard.payload.offer("text/plain", "copied");
-    pasteboard.selected.offer("text/plain", "a\xc3\xa4").offer("text/uri-list", "file:///a%20b\r\n");
-    const ServicePasteboard selection = readSelection(pasteboard);
+    FakeDropPayload payload;
+    payload.offer("text/plain", "a\xc3\xa4").offer("text/uri-list", "file:///a%20b\r\n");
+    const ServicePasteboard selection = readSelection(payload);
     QCOMPARE(selection.fileUrls, QList<QUrl>{ QUrl(QStringLiteral("file:///a%20b")) });
     QCOMPARE(selection.string, QStringLiteral("aä"));
 }
 
 void SelectionReadingTest::anEmptySelectionHoldsNothing()
 {
-    FakePasteboard pasteboard;
-    pasteboard.payload.offer("text/plain", "copied");
-    const ServicePasteboard selection = readSelection(pasteboard);
+    const ServicePasteboard selection = readSelection(FakeDropPayload());
     QVERIFY(selection.fileUrls.isEmpty());
     QVERIFY(!selection.string);
 }

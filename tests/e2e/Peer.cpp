@@ -4,6 +4,9 @@
 //                         that something is moved over the window
 //   Peer paste FILE FORMAT
 //                         writes what the clipboard holds in that format into FILE, and shows an empty window
+//   Peer copy FILE TYPE   copies what is in FILE as TYPE, and shows an empty window
+//   Peer copy silent      copies a URI list, and never answers who asks for it
+//   Peer copy dying       copies a URI list, and ends when somebody asks for it
 //   Peer trash            takes files and moves them to the Trash, some time after they were dropped
 //   Peer offer FILE TYPE [RESULT]
 //                         offers what is in FILE as TYPE to whoever it is dragged to, and writes into RESULT whether it
@@ -265,6 +268,15 @@ private:
     return payload;
 }
 
+/// What the program copies that is started with these arguments.
+[[nodiscard]] std::unique_ptr<QMimeData> copied(const QStringList& arguments)
+{
+    const QString what = arguments.value(2);
+    if (what == QLatin1String("silent") || what == QLatin1String("dying"))
+        return std::make_unique<Undelivered>(what == QLatin1String("dying"));
+    return filled(std::make_unique<QMimeData>(), arguments);
+}
+
 [[nodiscard]] std::unique_ptr<QWidget> makeWindow(const QStringList& arguments)
 {
     const QString mode = arguments.value(1);
@@ -274,6 +286,10 @@ private:
         return std::make_unique<Taker>(arguments.value(2), arguments.value(3));
     if (mode == QLatin1String("paste")) {
         writeFile(arguments.value(2), QApplication::clipboard()->mimeData()->data(arguments.value(3)));
+        return std::make_unique<QWidget>();
+    }
+    if (mode == QLatin1String("copy")) {
+        QApplication::clipboard()->setMimeData(copied(arguments).release());
         return std::make_unique<QWidget>();
     }
     if (mode == QLatin1String("trash"))

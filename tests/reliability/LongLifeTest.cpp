@@ -101,7 +101,7 @@ private:
     FakeTrash m_trash;
     FakeLinkMetadataService m_metadata;
     FakeWorkspace m_workspace;
-    FakePasteboard m_pasteboard;
+    FakePasteboard m_pasteboard{ m_queue };
     FakeCompositing m_compositing;
     FakeFileTransfers m_transfers;
     EndlessThumbnails m_thumbnails;

@@ -48,7 +48,7 @@ struct ShelfFixture {
     FakeTrash trash;
     FakeLinkMetadataService metadata;
     FakeWorkspace workspace;
-    FakePasteboard pasteboard;
+    FakePasteboard pasteboard{ queue };
     FakeCompositing compositing;
     FakeFileTransfers transfers;
     FakeThumbnailGenerator thumbnails;

@@ -104,7 +104,7 @@ void SelectionSource::sendPiece(xcb_window_t requestor, xcb_atom_t property)
         xcb_flush(m_connection);
         return;
     }
-    const QByteArray piece = m_bytes.mid(m_sent, pieceSize);
+    const QByteArray piece = m_manner == Manner::dripping ? m_bytes.left(1) : m_bytes.mid(m_sent, pieceSize);
     m_sent += piece.size();
     xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, requestor, property, XCB_ATOM_STRING, 8,
                         static_cast<std::uint32_t>(piece.size()), piece.constData());

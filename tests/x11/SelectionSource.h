@@ -22,6 +22,8 @@ public:
         dyingMidway,
         /// Sends one piece, and no more.
         stuckMidway,
+        /// Sends a byte at a time, without end.
+        dripping,
     };
 
     /// Owns the selection once this returns.

@@ -1,18 +1,17 @@
 #include "SelectionReading.h"
 
+#include "DropPayload.h"
 #include "DropText.h"
-#include "Pasteboard.h"
 #include "UriList.h"
 
 namespace nookle {
 
-ServicePasteboard readSelection(const Pasteboard& pasteboard)
+ServicePasteboard readSelection(const DropPayload& selection)
 {
-    const auto selection = pasteboard.selection();
     QStringList uris;
-    for (const QString& address : uriListAddresses(selection->data(QStringLiteral("text/uri-list"))))
+    for (const QString& address : uriListAddresses(selection.data(QStringLiteral("text/uri-list"))))
         uris.append(address);
-    return servicePasteboard(uris, loadDropText(*selection).value_or(QString()));
+    return servicePasteboard(uris, loadDropText(selection).value_or(QString()));
 }
 
 } // namespace nookle

@@ -4,9 +4,9 @@
 
 namespace nookle {
 
-class Pasteboard;
+class DropPayload;
 
-/// The files or the text that the user selected last, in any program. Waits for that program. Main thread only.
-[[nodiscard]] ServicePasteboard readSelection(const Pasteboard& pasteboard);
+/// The files or else the text of a selection.
+[[nodiscard]] ServicePasteboard readSelection(const DropPayload& selection);
 
 } // namespace nookle

@@ -2,7 +2,6 @@
 
 #include "DropCapture.h"
 #include "DropHandler.h"
-#include "DropPayload.h"
 #include "PanelPinning.h"
 #include "Pasteboard.h"
 #include "ShelfStore.h"
@@ -17,12 +16,13 @@ ShelfActions::ShelfActions(ShelfStore& store, const PanelPinning& pinning, Paste
                            DropHandler& dropHandler)
     : m_store(store)
     , m_pinning(pinning)
-    , m_pasteboard(pasteboard)
-    , m_dropHandler(dropHandler)
+    , m_clipboard([&pasteboard] { return pasteboard.contents(); },
+                  [](const DropPayload& payload) { static_cast<void>(captureDrop(payload)); },
+                  [&dropHandler](const DropPayload& payload) { dropHandler.handlePaste(captureDrop(payload)); })
 {
 }
 
-MenuActions ShelfActions::menuActions() const
+MenuActions ShelfActions::menuActions()
 {
     const auto& items = m_store.items();
     const bool hasUnpinned =
@@ -45,7 +45,7 @@ MenuActions ShelfActions::menuActions() const
     return menu;
 }
 
-bool ShelfActions::handleKey(const QKeyEvent& event) const
+bool ShelfActions::handleKey(const QKeyEvent& event)
 {
     if (event.matches(QKeySequence::Undo))
         undoRemove();
@@ -63,9 +63,9 @@ void ShelfActions::undoRemove() const
     m_store.undoRemove();
 }
 
-void ShelfActions::paste() const
+void ShelfActions::paste()
 {
-    m_dropHandler.handlePaste(captureDrop(*m_pasteboard.contents()));
+    m_clipboard.read();
 }
 
 } // namespace nookle

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ContentReader.h"
 #include "MenuAction.h"
 
 #include <QCoreApplication>
@@ -29,22 +30,22 @@ public:
     std::function<void()> onQuit = [] {};
 
     /// The entries of the panel's own menu. They may be chosen as long as this object lives.
-    [[nodiscard]] MenuActions menuActions() const;
+    [[nodiscard]] MenuActions menuActions();
 
     /// Does what a key means for the shelf as a whole. Returns false for other keys.
-    [[nodiscard]] bool handleKey(const QKeyEvent& event) const;
+    [[nodiscard]] bool handleKey(const QKeyEvent& event);
 
     /// Brings back what was removed last.
     void undoRemove() const;
 
-    /// Adds what the clipboard holds, like a drop. Tells the user if nothing in it can be added.
-    void paste() const;
+    /// Adds what the clipboard holds, like a drop, once its owner has delivered it. Tells the user if nothing in it can
+    /// be added.
+    void paste();
 
 private:
     ShelfStore& m_store;
     const PanelPinning& m_pinning;
-    Pasteboard& m_pasteboard;
-    DropHandler& m_dropHandler;
+    ContentReader m_clipboard;
 };
 
 } // namespace nookle

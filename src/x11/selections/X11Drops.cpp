@@ -25,22 +25,6 @@ inline constexpr const char* plainText = "text/plain";
 inline constexpr std::chrono::milliseconds patience{ 900 };
 inline constexpr qsizetype largestPayload = qsizetype{ 256 } * 1024 * 1024;
 
-[[nodiscard]] QStringList atomNames(xcb_connection_t* connection, const std::vector<std::uint32_t>& atoms)
-{
-    std::vector<xcb_get_atom_name_cookie_t> cookies;
-    cookies.reserve(atoms.size());
-    for (const std::uint32_t atom : atoms)
-        cookies.push_back(xcb_get_atom_name(connection, atom));
-    QStringList names;
-    for (const auto cookie : cookies) {
-        const auto reply = owned(xcb_get_atom_name_reply(connection, cookie, nullptr));
-        if (reply)
-            names.append(
-                QString::fromLatin1(xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get())));
-    }
-    return names;
-}
-
 } // namespace
 
 class X11Drops::Payload final : public DropPayload {
@@ -133,7 +117,7 @@ const QStringList& X11Drops::formats()
 {
     if (m_formats.isEmpty())
         m_formats =
-            atomNames(m_connection, m_hasMore ? xcbNumbers(m_connection, m_source, m_atoms[typeList]) : m_announced);
+            xcbAtomNames(m_connection, m_hasMore ? xcbNumbers(m_connection, m_source, m_atoms[typeList]) : m_announced);
     return m_formats;
 }
 

@@ -26,24 +26,9 @@ public:
                                                  qsizetype maximumSize, Clock::time_point deadline);
 
 private:
-    class Requestor;
-
     explicit X11SelectionReader(xcb_connection_t* connection);
 
-    [[nodiscard]] bool waitForData(const Requestor& requestor, Clock::time_point deadline);
-    [[nodiscard]] bool waitForMore(const Requestor& requestor, Clock::time_point deadline);
-    template <typename Matches> [[nodiscard]] bool waitForEvent(Clock::time_point deadline, Matches matches);
-    /// Reads and deletes the property; none when it is larger than `maximumSize`.
-    [[nodiscard]] std::optional<QByteArray> take(const Requestor& requestor, qsizetype maximumSize);
-    [[nodiscard]] std::optional<QByteArray> readInPieces(const Requestor& requestor, qsizetype maximumSize,
-                                                         Clock::time_point deadline);
-
     XcbConnection m_connection;
-    std::uint32_t m_root = 0;
-    std::uint32_t m_property = 0;
-    std::uint32_t m_pieces = 0;
-    /// The type of the property that `take` read last.
-    std::uint32_t m_takenType = 0;
 };
 
 } // namespace nookle

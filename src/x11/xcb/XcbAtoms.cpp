@@ -41,6 +41,22 @@ std::uint32_t XcbAtoms::operator[](QByteArrayView name) const
     return m_atoms.find(name)->second;
 }
 
+QStringList xcbAtomNames(xcb_connection_t* connection, const std::vector<std::uint32_t>& atoms)
+{
+    std::vector<xcb_get_atom_name_cookie_t> cookies;
+    cookies.reserve(atoms.size());
+    for (const std::uint32_t atom : atoms)
+        cookies.push_back(xcb_get_atom_name(connection, atom));
+    QStringList names;
+    for (const auto cookie : cookies) {
+        const auto reply = owned(xcb_get_atom_name_reply(connection, cookie, nullptr));
+        if (reply)
+            names.append(
+                QString::fromLatin1(xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get())));
+    }
+    return names;
+}
+
 std::vector<std::uint32_t> xcbNumbers(xcb_connection_t* connection, std::uint32_t window, std::uint32_t property)
 {
     constexpr std::uint32_t longestList = 4096;

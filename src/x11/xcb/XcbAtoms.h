@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QStringList>
 
 #include <cstdint>
 #include <functional>
@@ -27,6 +28,9 @@ public:
 private:
     std::map<QByteArray, std::uint32_t, std::less<>> m_atoms;
 };
+
+/// The names of atoms, without those that do not exist.
+[[nodiscard]] QStringList xcbAtomNames(xcb_connection_t* connection, const std::vector<std::uint32_t>& atoms);
 
 /// The value of a property that is a list of 32-bit numbers; empty when the window does not have it.
 [[nodiscard]] std::vector<std::uint32_t> xcbNumbers(xcb_connection_t* connection, std::uint32_t window,

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "Pasteboard.h"
+#include "X11SelectionTransfer.h"
+#include "XcbConnection.h"
+
+#include <QObject>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+namespace nookle {
+
+/// The content of the clipboard or the selection, read on a connection of its own while the event loop runs: the
+/// toolkit would block for five seconds for each format that the owner does not deliver, and has no limit of size.
+class X11ClipboardContent final : public QObject, public ClipboardContent {
+    Q_OBJECT
+
+public:
+    /// `selection` is the name of an atom. Nothing more is delivered after `patience`.
+    X11ClipboardContent(const char* selection, std::chrono::milliseconds patience);
+    ~X11ClipboardContent() override;
+
+    void askFormats(Formats answer) override;
+    void askData(const QString& format, Bytes answer) override;
+
+private:
+    void ask(std::uint32_t target, qsizetype maximumSize, Bytes answer);
+    void readEvent();
+    void readEventSoon();
+    void giveUp();
+    void finish(const QByteArray& bytes);
+
+    /// Null once the owner took too long, or when there is no connection.
+    XcbConnection m_connection;
+    std::uint32_t m_selection = 0;
+    qsizetype m_left;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    QTimer m_patience;
+    std::optional<X11SelectionTransfer> m_transfer;
+    Bytes m_answer;
+    bool m_readsSoon = false;
+};
+
+} // namespace nookle
