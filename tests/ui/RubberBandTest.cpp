@@ -18,6 +18,7 @@ private Q_SLOTS:
     void escapeTakesTheRubberBandBack();
     void escapeGivesBackWhatWasSelectedBefore();
     void whatIsRemovedUnderARubberBandDoesNotComeBack();
+    void aRubberBandOnAShelfThatBecameEmptyWhileHiddenSelectsNothing();
     void theListScrollsUnderARubberBandAtItsEnds();
     void aRubberBandFromTheHeaderLeavesWhatIsScrolledAway();
     void aRubberBandFromTheHeaderDoesNotScrollOnItsWayIn();
@@ -96,6 +97,20 @@ void RubberBandTest::whatIsRemovedUnderARubberBandDoesNotComeBack()
     moveTo(free, below(1) + QPoint(40, 0));
     m_shelf->store.remove(m_shelf->store.items().at(5).id);
     key(Qt::Key_Escape);
+    QVERIFY(list().selection().isEmpty());
+}
+
+void RubberBandTest::aRubberBandOnAShelfThatBecameEmptyWhileHiddenSelectsNothing()
+{
+    QWidget& view = m_shelf->view;
+    view.hide();
+    while (!m_shelf->store.items().isEmpty())
+        m_shelf->store.remove(m_shelf->store.items().constFirst().id);
+    view.show();
+    QTest::mousePress(&view, Qt::LeftButton, {}, QPoint(40, 60));
+    moveTo(view, QPoint(60, 200));
+    moveTo(view, QPoint(60, 300));
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, QPoint(60, 300));
     QVERIFY(list().selection().isEmpty());
 }
 

@@ -206,7 +206,7 @@ void TileList::releaseBeside()
 QSet<QUuid> TileList::itemsUnder(const QRect& band) const
 {
     QSet<QUuid> ids;
-    if (band.right() < margin || band.left() >= margin + tileWidth())
+    if (m_isOutdated || band.right() < margin || band.left() >= margin + tileWidth())
         return ids;
     const TileLayout::Range range = m_layout.rowsBetween(band.top(), band.bottom() + 1);
     for (std::size_t row = range.first; row < range.end; ++row)
@@ -302,6 +302,8 @@ void TileList::moveTo(std::size_t row, Qt::KeyboardModifiers modifiers)
 
 void TileList::scrollTo(std::size_t row)
 {
+    if (m_isOutdated)
+        return;
     m_scrolling.stop();
     const int top = m_layout.top(row) - margin;
     const int bottom = m_layout.top(row) + m_layout.height(row) + margin;
