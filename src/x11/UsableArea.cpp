@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 namespace nookle {
 
 namespace {
+
+/// The toolkit knows a display in whole points. At a scale that its pixels do not fit, its edge is off by this at most.
+inline constexpr int largestRounding = 2;
 
 [[nodiscard]] bool overlaps(int start, int end, int low, int high)
 {
@@ -39,7 +43,7 @@ Strut Strut::fromNumbers(const std::vector<std::uint32_t>& numbers, const QSize&
 
 std::vector<std::uint32_t> rightStrut(const QRect& panel, const QRect& display, const QSize& desktop)
 {
-    if (display.left() + display.width() != desktop.width())
+    if (std::abs(display.left() + display.width() - desktop.width()) > largestRounding)
         return {};
     const auto width = static_cast<std::uint32_t>(desktop.width() - panel.left());
     const auto start = static_cast<std::uint32_t>(display.top());

@@ -89,6 +89,10 @@ void UsableAreaTest::thePanelsSpaceReachesFromItsLeftEdgeToTheDesktops()
     // Left of a dock.
     const auto beside = rightStrut({ 1108, 24, 112, 752 }, display, oneDisplay);
     QCOMPARE(usableArea(display, oneDisplay, { Strut::fromNumbers(beside, oneDisplay) }), QRect(0, 0, 1108, 800));
+    // A display of 1,600 pixels has 1,067 points at a scale of 1.5.
+    const auto rounded = rightStrut({ 1433, 36, 168, 828 }, { 0, 0, 1601, 900 }, { 1600, 900 });
+    QCOMPARE(usableArea({ 0, 0, 1600, 900 }, { 1600, 900 }, { Strut::fromNumbers(rounded, { 1600, 900 }) }),
+             QRect(0, 0, 1433, 900));
     // Of two displays, only its own becomes smaller.
     const QRect right(800, 0, 800, 600);
     const Strut strut = Strut::fromNumbers(rightStrut({ 1488, 24, 112, 552 }, right, twoDisplays), twoDisplays);
