@@ -336,6 +336,9 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
             callIfSet(onHide);
         return;
     }
+    // One press does a thing once, however long it lasts.
+    if (event->isAutoRepeat())
+        return;
     if (!m_shelfActions.handleKey(*event) && !m_selectionActions.handleKey(*event, targets()))
         QWidget::keyPressEvent(event);
 }

@@ -23,6 +23,7 @@ private Q_SLOTS:
     void arrowsMoveOverTheTiles();
     void movingScrollsTheTileIntoView();
     void returnOpens();
+    void aHeldKeyActsOnce();
     void deleteRemovesAndTheNextTileTakesOver();
     void deletingTheLastTileLeavesTheOneAbove();
     void controlAndCCopy();
@@ -126,6 +127,24 @@ void KeyboardTest::returnOpens()
     key(Qt::Key_Return);
     key(Qt::Key_Enter);
     QCOMPARE(m_shelf->workspace.opened.size(), 2);
+}
+
+void KeyboardTest::aHeldKeyActsOnce()
+{
+    m_shelf->store.addText(QStringLiteral("https://example.com/"));
+    key(Qt::Key_Home);
+    const auto hold = [this](Qt::Key held) {
+        key(held);
+        for (int repetition = 0; repetition < 5; ++repetition) {
+            QKeyEvent event(QEvent::KeyPress, held, {}, {}, true);
+            QApplication::sendEvent(&list(), &event);
+        }
+    };
+    hold(Qt::Key_Return);
+    QCOMPARE(m_shelf->workspace.opened.size(), 1);
+    const qsizetype before = m_shelf->store.items().size();
+    hold(Qt::Key_Delete);
+    QCOMPARE(m_shelf->store.items().size(), before - 1);
 }
 
 void KeyboardTest::deleteRemovesAndTheNextTileTakesOver()

@@ -17,6 +17,7 @@ private Q_SLOTS:
     void agreementProceeds();
     void cancellingDoesNotProceed();
     void escapeDoesNotProceed();
+    void theKeyThatAskedDoesNotAnswer();
     void theQuestionIsShownAsItIs();
 
 private:
@@ -72,6 +73,12 @@ void QuestionTest::escapeDoesNotProceed()
     QTest::keyClick(box(), Qt::Key_Escape);
     QCOMPARE(m_proceeded, 0);
     QVERIFY(!box());
+}
+
+void QuestionTest::theKeyThatAskedDoesNotAnswer()
+{
+    QTest::keyClick(box(), Qt::Key_Return);
+    QCOMPARE(m_proceeded, 0);
 }
 
 void QuestionTest::theQuestionIsShownAsItIs()
