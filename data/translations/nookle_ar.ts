@@ -599,5 +599,9 @@
         <source>Another program may hold %1.</source>
         <translation>ربما يستخدم برنامج آخر %1.</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>لوحة المفاتيح هذه لا تحتوي على %1.</translation>
+    </message>
 </context>
 </TS>

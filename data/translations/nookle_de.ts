@@ -567,5 +567,9 @@
         <source>Another program may hold %1.</source>
         <translation>Ein anderes Programm belegt vielleicht %1.</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>Diese Tastatur hat %1 nicht.</translation>
+    </message>
 </context>
 </TS>

@@ -567,5 +567,9 @@
         <source>Another program may hold %1.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 </TS>

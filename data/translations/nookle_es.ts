@@ -567,5 +567,9 @@
         <source>Another program may hold %1.</source>
         <translation>Puede que otro programa use %1.</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>Este teclado no tiene %1.</translation>
+    </message>
 </context>
 </TS>

@@ -567,5 +567,9 @@
         <source>Another program may hold %1.</source>
         <translation>Un autre programme utilise peut-être %1.</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>Ce clavier n’a pas %1.</translation>
+    </message>
 </context>
 </TS>

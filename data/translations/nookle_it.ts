@@ -567,5 +567,9 @@
         <source>Another program may hold %1.</source>
         <translation>Forse un altro programma usa %1.</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>Questa tastiera non ha %1.</translation>
+    </message>
 </context>
 </TS>

@@ -559,5 +559,9 @@
         <source>Another program may hold %1.</source>
         <translation>別のプログラムが %1 を使用している可能性があります。</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>このキーボードには %1 がありません。</translation>
+    </message>
 </context>
 </TS>

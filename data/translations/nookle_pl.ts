@@ -575,5 +575,9 @@
         <source>Another program may hold %1.</source>
         <translation>Być może inny program używa %1.</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>Ta klawiatura nie ma %1.</translation>
+    </message>
 </context>
 </TS>

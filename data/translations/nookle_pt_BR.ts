@@ -567,5 +567,9 @@
         <source>Another program may hold %1.</source>
         <translation>Outro programa talvez use %1.</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>Este teclado não tem %1.</translation>
+    </message>
 </context>
 </TS>

@@ -559,5 +559,9 @@
         <source>Another program may hold %1.</source>
         <translation>可能有其他程序占用了 %1。</translation>
     </message>
+    <message>
+        <source>This keyboard has no %1.</source>
+        <translation>此键盘没有 %1。</translation>
+    </message>
 </context>
 </TS>

@@ -222,6 +222,35 @@ bool XScreen::isShortcutHeld(xcb_keycode_t key) const
     return isHeld;
 }
 
+std::array<std::vector<xcb_keycode_t>, 8> XScreen::modifierKeys() const
+{
+    const auto cookie = xcb_get_modifier_mapping(m_connection.get());
+    const auto reply = owned(xcb_get_modifier_mapping_reply(m_connection.get(), cookie, nullptr));
+    std::array<std::vector<xcb_keycode_t>, 8> keys;
+    if (!reply)
+        return keys;
+    const xcb_keycode_t* next = xcb_get_modifier_mapping_keycodes(reply.get());
+    for (auto& each : keys) {
+        each.assign(next, next + reply->keycodes_per_modifier);
+        next += reply->keycodes_per_modifier;
+    }
+    return keys;
+}
+
+void XScreen::setModifierKeys(const std::array<std::vector<xcb_keycode_t>, 8>& keys)
+{
+    std::size_t width = 0;
+    for (const auto& each : keys)
+        width = std::max(width, each.size());
+    std::vector<xcb_keycode_t> all;
+    for (auto each : keys) {
+        each.resize(width);
+        all.insert(all.end(), each.begin(), each.end());
+    }
+    xcb_set_modifier_mapping(m_connection.get(), static_cast<std::uint8_t>(width), all.data());
+    xcb_flush(m_connection.get());
+}
+
 void XScreen::pressKey(xcb_keysym_t symbol)
 {
     fake(XCB_KEY_PRESS, keyFor(symbol));

@@ -7,6 +7,7 @@
 #include <QPoint>
 #include <QRect>
 
+#include <array>
 #include <optional>
 #include <vector>
 
@@ -77,6 +78,9 @@ public:
     [[nodiscard]] xcb_keycode_t keyFor(xcb_keysym_t symbol) const;
     /// Whether a program holds that key together with Control, Alt and Super.
     [[nodiscard]] bool isShortcutHeld(xcb_keycode_t key) const;
+    /// The keys of each modifier, from Shift on.
+    [[nodiscard]] std::array<std::vector<xcb_keycode_t>, 8> modifierKeys() const;
+    void setModifierKeys(const std::array<std::vector<xcb_keycode_t>, 8>& keys);
     static constexpr xcb_keysym_t control = 0xffe3;
     static constexpr xcb_keysym_t alt = 0xffe9;
     static constexpr xcb_keysym_t super = 0xffeb;

@@ -33,6 +33,8 @@ private Q_SLOTS:
     void theFirstStaysWhenAnotherProgramHoldsTheSecond();
     void otherKeysThanLettersAreHeard_data();
     void otherKeysThanLettersAreHeard();
+    void aKeyThatTheKeyboardLacksIsNamed();
+    void withoutItsModifierAKeyIsLeftToOtherPrograms();
 
 private:
     static constexpr uint shift = 0xffe1;
@@ -160,6 +162,33 @@ void X11ShortcutsTest::otherKeysThanLettersAreHeard()
     QVERIFY(shortcut);
     press({ XScreen::control, symbol });
     QVERIFY(waitFor([&] { return presses == 1; }));
+}
+
+void X11ShortcutsTest::aKeyThatTheKeyboardLacksIsNamed()
+{
+    int presses = 0;
+    CapturedLog log;
+    QVERIFY(!registerCounting(QKeyCombination(Qt::CTRL, Qt::Key_Eacute), presses));
+    QCOMPARE(log.lines(), QStringList{ QStringLiteral("Nookle: this keyboard has no keys for the shortcut Ctrl+É") });
+    QVERIFY(m_shortcuts->obstacle().contains(QStringLiteral("Ctrl+É")));
+}
+
+void X11ShortcutsTest::withoutItsModifierAKeyIsLeftToOtherPrograms()
+{
+    int presses = 0;
+    const auto shortcut = registerCounting(QKeyCombination(Qt::META, Qt::Key_A), presses);
+    QVERIFY(shortcut);
+    const auto usual = m_desktop.screen().modifierKeys();
+    auto withoutSuper = usual;
+    withoutSuper[XCB_MAP_INDEX_4].clear();
+    m_desktop.screen().setModifierKeys(withoutSuper);
+    QVERIFY(waitFor([&] { return m_shortcuts->boundKeys().isEmpty(); }));
+    press({ 'a' });
+    m_desktop.screen().setModifierKeys(usual);
+    QVERIFY(waitFor([&] { return m_shortcuts->boundKeys() == QStringLiteral("Super+A"); }));
+    press({ XScreen::super, 'a' });
+    QVERIFY(waitFor([&] { return presses > 0; }));
+    QCOMPARE(presses, 1);
 }
 
 int main(int argc, char* argv[])

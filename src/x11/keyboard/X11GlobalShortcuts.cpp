@@ -57,9 +57,11 @@ std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombinatio
     if (number == firstNumber)
         m_wantedKeys = names(keys);
     if (!wanted.isOwn) {
-        logLine(QStringLiteral("another program may hold the shortcut %1").arg(names(keys)));
+        logLine(wanted.isOnKeyboard()
+                    ? QStringLiteral("another program may hold the shortcut %1").arg(names(keys))
+                    : QStringLiteral("this keyboard has no keys for the shortcut %1").arg(names(keys)));
         if (number == firstNumber)
-            m_firstRefusal = refusal(keys);
+            m_firstRefusal = refusal(wanted);
         return nullptr;
     }
     m_grabs.insert_or_assign(number, std::move(wanted));
@@ -91,7 +93,7 @@ QString X11GlobalShortcuts::obstacle() const
     const Grab* first = firstGrab();
     if (!first)
         return m_firstRefusal;
-    return first->isOwn ? QString() : refusal(first->combination);
+    return first->isOwn ? QString() : refusal(*first);
 }
 
 QString X11GlobalShortcuts::names(QKeyCombination keys) const
@@ -110,9 +112,11 @@ QString X11GlobalShortcuts::names(QKeyCombination keys) const
     return names.join(QLatin1Char('+'));
 }
 
-QString X11GlobalShortcuts::refusal(QKeyCombination keys) const
+QString X11GlobalShortcuts::refusal(const Grab& grab) const
 {
-    return tr("Another program may hold %1.").arg(names(keys));
+    const QString keys = names(grab.combination);
+    return grab.isOnKeyboard() ? tr("Another program may hold %1.").arg(keys)
+                               : tr("This keyboard has no %1.").arg(keys);
 }
 
 std::vector<xcb_keycode_t> X11GlobalShortcuts::keysOf(Qt::Key key) const
@@ -147,28 +151,33 @@ std::uint16_t X11GlobalShortcuts::modifierOf(xcb_keysym_t keysym) const
     return 0;
 }
 
-std::uint16_t X11GlobalShortcuts::modifierMask(Qt::KeyboardModifiers modifiers) const
+std::optional<std::uint16_t> X11GlobalShortcuts::modifierMask(Qt::KeyboardModifiers modifiers) const
 {
     std::uint16_t mask = 0;
+    bool isComplete = true;
     const auto add = [&](Qt::KeyboardModifier modifier, std::uint16_t bit) {
-        if (modifiers.testFlag(modifier))
-            mask = static_cast<std::uint16_t>(mask | bit);
+        if (!modifiers.testFlag(modifier))
+            return;
+        mask = static_cast<std::uint16_t>(mask | bit);
+        isComplete = isComplete && bit != 0;
     };
     add(Qt::ShiftModifier, XCB_MOD_MASK_SHIFT);
     add(Qt::ControlModifier, XCB_MOD_MASK_CONTROL);
     add(Qt::AltModifier, modifierOf(altSymbol));
     add(Qt::MetaModifier, modifierOf(superSymbol));
-    return mask;
+    return isComplete ? std::optional(mask) : std::nullopt;
 }
 
 // A grab applies to one exact state of all modifiers, and the lock keys count as modifiers.
 std::vector<std::uint16_t> X11GlobalShortcuts::statesOf(Qt::KeyboardModifiers modifiers) const
 {
-    const std::uint16_t mask = modifierMask(modifiers);
+    const std::optional<std::uint16_t> mask = modifierMask(modifiers);
+    if (!mask)
+        return {};
     const std::uint16_t numLock = modifierOf(numLockSymbol);
     std::vector<std::uint16_t> states;
     for (const std::uint32_t locks : { 0U, 0U | XCB_MOD_MASK_LOCK, 0U | numLock, 0U | XCB_MOD_MASK_LOCK | numLock }) {
-        const auto state = static_cast<std::uint16_t>(mask | locks);
+        const auto state = static_cast<std::uint16_t>(*mask | locks);
         if (std::find(states.begin(), states.end(), state) == states.end())
             states.push_back(state);
     }
@@ -177,7 +186,7 @@ std::vector<std::uint16_t> X11GlobalShortcuts::statesOf(Qt::KeyboardModifiers mo
 
 bool X11GlobalShortcuts::grab(const Grab& grab)
 {
-    bool isOwn = !grab.keys.empty();
+    bool isOwn = grab.isOnKeyboard();
     for (const xcb_keycode_t key : grab.keys) {
         for (const std::uint16_t state : grab.states) {
             const auto cookie = xcb_grab_key_checked(m_connection.get(), 0, m_root, state, key, XCB_GRAB_MODE_ASYNC,

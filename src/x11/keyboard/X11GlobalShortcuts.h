@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include <xcb/xcb.h>
@@ -38,6 +39,9 @@ public:
 
 private:
     struct Grab {
+        /// Whether the keyboard has the key and all modifiers.
+        [[nodiscard]] bool isOnKeyboard() const { return !keys.empty() && !states.empty(); }
+
         QKeyCombination combination;
         std::shared_ptr<const std::function<void()>> pressed;
         std::vector<xcb_keycode_t> keys;
@@ -62,10 +66,11 @@ private:
     void ungrab(const Grab& grab);
     [[nodiscard]] const Grab* firstGrab() const;
     [[nodiscard]] QString names(QKeyCombination keys) const;
-    [[nodiscard]] QString refusal(QKeyCombination keys) const;
+    [[nodiscard]] QString refusal(const Grab& grab) const;
     void unregister(std::uint32_t number);
     [[nodiscard]] std::uint16_t modifierOf(xcb_keysym_t keysym) const;
-    [[nodiscard]] std::uint16_t modifierMask(Qt::KeyboardModifiers modifiers) const;
+    /// None where the keyboard lacks one of the modifiers: a grab without it would take the bare key from all programs.
+    [[nodiscard]] std::optional<std::uint16_t> modifierMask(Qt::KeyboardModifiers modifiers) const;
     [[nodiscard]] std::vector<std::uint16_t> statesOf(Qt::KeyboardModifiers modifiers) const;
     [[nodiscard]] std::vector<xcb_keycode_t> keysOf(Qt::Key key) const;
 
