@@ -11,7 +11,10 @@
 #include "WaylandGlobals.h"
 
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QPointer>
+
+#include <wayland-client.h>
 
 #include <utility>
 
@@ -30,6 +33,13 @@ class WaylandCompositing final : public Compositing {
 public:
     [[nodiscard]] Backdrop backdrop() const override { return Backdrop::translucent; }
 };
+
+/// Sends everything to the compositor; false if it does not take everything now.
+[[nodiscard]] bool flushToolkit()
+{
+    const auto* toolkit = qGuiApp->nativeInterface<QNativeInterface::QWaylandApplication>();
+    return toolkit && toolkit->display() && wl_display_flush(toolkit->display()) >= 0;
+}
 
 } // namespace
 
@@ -83,7 +93,7 @@ Clipboard* WaylandBackend::clipboard()
 
 std::unique_ptr<DropPayload> WaylandBackend::dropPayload(const QMimeData& data)
 {
-    return std::make_unique<WaylandDropPayload>(data);
+    return std::make_unique<WaylandDropPayload>(data, &flushToolkit, WaylandDropPayload::Limits());
 }
 
 void WaylandBackend::offerDrag(std::shared_ptr<const DragPayload> /*payload*/) {}

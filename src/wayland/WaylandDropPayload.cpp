@@ -1,21 +1,25 @@
 #include "WaylandDropPayload.h"
 
-#include <QElapsedTimer>
+#include "ChildReader.h"
+
 #include <QMimeData>
+
+#include <utility>
 
 namespace nookle {
 
 namespace {
 
-inline constexpr qint64 mostMilliseconds = 900;
 /// The toolkit lists this format as a list of addresses, which has no title. It delivers it all the same, and nothing
 /// if the source does not have it.
 inline constexpr const char* linkWithTitle = "text/x-moz-url";
 
 } // namespace
 
-WaylandDropPayload::WaylandDropPayload(const QMimeData& data)
+WaylandDropPayload::WaylandDropPayload(const QMimeData& data, std::function<bool()> flush, const Limits& limits)
     : m_data(data)
+    , m_flush(std::move(flush))
+    , m_limits(limits)
 {
 }
 
@@ -29,13 +33,10 @@ QStringList WaylandDropPayload::formats() const
 
 QByteArray WaylandDropPayload::data(const QString& format) const
 {
-    if (m_spentMilliseconds >= mostMilliseconds)
+    if (Clock::now() >= m_limits.deadline || !m_flush())
         return {};
-    QElapsedTimer elapsed;
-    elapsed.start();
-    QByteArray bytes = m_data.data(format);
-    m_spentMilliseconds += elapsed.elapsed();
-    return bytes;
+    return ChildReader::run([&] { return m_data.data(format); }, m_limits.size, m_limits.deadline)
+        .value_or(QByteArray());
 }
 
 SaveAnswer WaylandDropPayload::save(const QByteArray& /*path*/) const

@@ -2,16 +2,29 @@
 
 #include "DropPayload.h"
 
+#include <chrono>
+#include <functional>
+
 class QMimeData;
 
 namespace nookle {
 
-/// A drop as the toolkit hands it over. The toolkit waits at most a second for one format. Once the formats that were
-/// read have taken 0.9 seconds together, no more are read.
+/// A drop as the toolkit hands it over. The toolkit reads a format for as long as bytes come, so a child process has it
+/// read, within the same limits as on other display servers.
 class WaylandDropPayload final : public DropPayload {
 public:
-    /// `data` must outlive this object.
-    explicit WaylandDropPayload(const QMimeData& data);
+    using Clock = std::chrono::steady_clock;
+
+    struct Limits {
+        /// No data comes after that. Some sources abandon a drop that takes longer.
+        Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(900);
+        /// For one format, in bytes.
+        qsizetype size = qsizetype{ 256 } * 1024 * 1024;
+    };
+
+    /// `flush` sends the compositor what it has not been told yet, and says whether that is everything: what is left
+    /// would be sent by the child, too. `data` must outlive this object.
+    WaylandDropPayload(const QMimeData& data, std::function<bool()> flush, const Limits& limits);
 
     [[nodiscard]] QStringList formats() const override;
     [[nodiscard]] QByteArray data(const QString& format) const override;
@@ -23,7 +36,8 @@ public:
 
 private:
     const QMimeData& m_data;
-    mutable qint64 m_spentMilliseconds = 0;
+    std::function<bool()> m_flush;
+    Limits m_limits;
 };
 
 } // namespace nookle

@@ -18,6 +18,9 @@
 //                         saves what is in FILE, under the name of FILE, to where it is dragged; after that time
 //   Peer silent           offers a URI list, and never answers who asks for it
 //   Peer dying            offers a URI list, and ends when somebody asks for it
+//   Peer endless FILE TYPE RESULT, Peer dripping FILE TYPE RESULT, Peer pieces FILE TYPE
+//                         offers what is in FILE as TYPE, but writes for ever, or a byte now and then, or piece by
+//                         piece; RESULT gets the number of bytes that were written. Only in Wayland sessions
 //   Peer text             shows text that can be selected
 //   Peer fullscreen       covers the whole screen in red
 // It writes a line to standard output for what happens to its window ("entered", "left", "pressed", "dragged over",
@@ -26,6 +29,7 @@
 
 #include "Announcer.h"
 #include "DragSource.h"
+#include "UnboundedPayload.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -49,6 +53,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -277,6 +282,15 @@ private:
     return filled(std::make_unique<QMimeData>(), arguments);
 }
 
+[[nodiscard]] std::optional<UnboundedPayload::Manner> unboundedManner(const QString& mode)
+{
+    if (mode == QLatin1String("endless"))
+        return UnboundedPayload::Manner::endless;
+    if (mode == QLatin1String("dripping"))
+        return UnboundedPayload::Manner::dripping;
+    return mode == QLatin1String("pieces") ? std::optional(UnboundedPayload::Manner::inPieces) : std::nullopt;
+}
+
 [[nodiscard]] std::unique_ptr<QWidget> makeWindow(const QStringList& arguments)
 {
     const QString mode = arguments.value(1);
@@ -306,6 +320,11 @@ private:
     if (mode == QLatin1String("silent") || mode == QLatin1String("dying"))
         return std::make_unique<Source>(
             [isDying = mode == QLatin1String("dying")] { return std::make_unique<Undelivered>(isDying); });
+    if (const auto manner = unboundedManner(mode))
+        return std::make_unique<Source>([manner, arguments] {
+            return std::make_unique<UnboundedPayload>(*manner, arguments.value(3), content(arguments.value(2)),
+                                                      arguments.value(4));
+        });
     if (mode == QLatin1String("fullscreen")) {
         auto window = std::make_unique<QWidget>();
         window->setPalette(QPalette(Qt::red));

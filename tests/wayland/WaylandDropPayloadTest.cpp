@@ -1,0 +1,159 @@
+#include "WaylandDropPayload.h"
+
+#include <QMimeData>
+#include <QTest>
+
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <utility>
+
+using namespace nookle;
+
+namespace {
+
+using Clock = WaylandDropPayload::Clock;
+
+inline constexpr qsizetype plenty = 50'000'000;
+inline constexpr std::chrono::milliseconds aMinute{ 60'000 };
+/// As long as a test waits for what never comes.
+inline constexpr std::chrono::milliseconds moment{ 50 };
+
+const QString plainText = QStringLiteral("text/plain");
+
+/// Has its bytes made when they are asked for, as the toolkit's data of another program's drop.
+class FakeDrop final : public QMimeData {
+public:
+    explicit FakeDrop(std::function<QByteArray()> deliver)
+        : m_deliver(std::move(deliver))
+    {
+    }
+
+    [[nodiscard]] QStringList formats() const override { return { plainText }; }
+    [[nodiscard]] bool hasFormat(const QString& format) const override { return format == plainText; }
+
+protected:
+    [[nodiscard]] QVariant retrieveData(const QString& /*format*/, QMetaType /*type*/) const override
+    {
+        return m_deliver();
+    }
+
+private:
+    std::function<QByteArray()> m_deliver;
+};
+
+[[nodiscard]] QByteArray waitForEver()
+{
+    for (;;)
+        ::pause();
+}
+
+[[nodiscard]] QByteArray growForEver()
+{
+    QByteArray bytes;
+    for (;;)
+        bytes.append(QByteArray(4096, 'a'));
+}
+
+[[nodiscard]] QByteArray die()
+{
+    ::_exit(EXIT_FAILURE);
+}
+
+} // namespace
+
+class WaylandDropPayloadTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { m_flushes = 0; }
+
+    void theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle();
+    void whatTheSourceDeliversIsRead_data();
+    void whatTheSourceDeliversIsRead();
+    void moreThanTheLimitIsNothing();
+    void whatDoesNotComeIsGivenUp_data();
+    void whatDoesNotComeIsGivenUp();
+    void afterTheDeadlineNothingIsAskedFor();
+    void withoutAFlushNothingIsAskedFor();
+
+private:
+    [[nodiscard]] QByteArray read(const std::function<QByteArray()>& deliver, qsizetype limit,
+                                  std::chrono::milliseconds patience, bool canFlush = true)
+    {
+        const FakeDrop drop(deliver);
+        const auto flush = [this, canFlush] {
+            ++m_flushes;
+            return canFlush;
+        };
+        return WaylandDropPayload(drop, flush, { Clock::now() + patience, limit }).data(plainText);
+    }
+
+    int m_flushes = 0;
+};
+
+void WaylandDropPayloadTest::theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle()
+{
+    QMimeData drop;
+    drop.setData(QStringLiteral("text/uri-list"), "http://127.0.0.1/\r\n");
+    const WaylandDropPayload payload(drop, [] { return true; }, {});
+    QCOMPARE(payload.formats(), (QStringList{ QStringLiteral("text/uri-list"), QStringLiteral("text/x-moz-url") }));
+}
+
+void WaylandDropPayloadTest::whatTheSourceDeliversIsRead_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("a few bytes") << QByteArray("a\0b", 3);
+    QTest::newRow("more than a pipe holds") << QByteArray(5'000'000, 'a');
+}
+
+void WaylandDropPayloadTest::whatTheSourceDeliversIsRead()
+{
+    QFETCH(const QByteArray, bytes);
+    QVERIFY(read([&] { return bytes; }, plenty, aMinute) == bytes);
+    QCOMPARE(m_flushes, 1);
+}
+
+void WaylandDropPayloadTest::moreThanTheLimitIsNothing()
+{
+    const QByteArray bytes(200'000, 'a');
+    QCOMPARE(read([&] { return bytes; }, bytes.size() - 1, aMinute), QByteArray());
+    QVERIFY(read([&] { return bytes; }, bytes.size(), aMinute) == bytes);
+}
+
+void WaylandDropPayloadTest::whatDoesNotComeIsGivenUp_data()
+{
+    QTest::addColumn<std::function<QByteArray()>>("deliver");
+    QTest::addColumn<std::chrono::milliseconds>("patience");
+    QTest::newRow("it never comes") << std::function(&waitForEver) << moment;
+    QTest::newRow("it grows for ever") << std::function(&growForEver) << aMinute;
+    QTest::newRow("the reader dies") << std::function(&die) << aMinute;
+}
+
+void WaylandDropPayloadTest::whatDoesNotComeIsGivenUp()
+{
+    QFETCH(const std::function<QByteArray()>, deliver);
+    QFETCH(const std::chrono::milliseconds, patience);
+    const auto start = Clock::now();
+    QCOMPARE(read(deliver, plenty, patience), QByteArray());
+    QVERIFY(patience == aMinute || Clock::now() - start >= moment);
+    QVERIFY(Clock::now() - start < aMinute);
+}
+
+void WaylandDropPayloadTest::afterTheDeadlineNothingIsAskedFor()
+{
+    QCOMPARE(read([] { return QByteArray("words"); }, plenty, std::chrono::milliseconds(0)), QByteArray());
+    QCOMPARE(m_flushes, 0);
+}
+
+void WaylandDropPayloadTest::withoutAFlushNothingIsAskedFor()
+{
+    QCOMPARE(read([] { return QByteArray("words"); }, plenty, aMinute, false), QByteArray());
+    QCOMPARE(m_flushes, 1);
+}
+
+QTEST_GUILESS_MAIN(WaylandDropPayloadTest)
+#include "WaylandDropPayloadTest.moc"
