@@ -1,7 +1,10 @@
 #include "ClipboardPasteboard.h"
 
+#include "UriList.h"
+
 #include <QMimeData>
 #include <QStringList>
+#include <QUrl>
 #include <QVariant>
 
 #include <utility>
@@ -29,8 +32,11 @@ public:
     [[nodiscard]] bool hasFormat(const QString& format) const override { return formats().contains(format); }
 
 protected:
-    [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType /*preferredType*/) const override
+    // On Wayland the toolkit asks for addresses in its own type, and hands over what it makes of those.
+    [[nodiscard]] QVariant retrieveData(const QString& format, QMetaType preferredType) const override
     {
+        if (format == addresses() && preferredType.id() == QMetaType::QVariantList)
+            return urls();
         if (format == addresses())
             return m_list;
         return format == text() ? QVariant(m_text) : QVariant();
@@ -40,6 +46,14 @@ private:
     [[nodiscard]] static QString addresses() { return QStringLiteral("text/uri-list"); }
     [[nodiscard]] static QString text() { return QStringLiteral("text/plain"); }
     [[nodiscard]] static QString lineEnd() { return QStringLiteral("\r\n"); }
+
+    [[nodiscard]] QVariantList urls() const
+    {
+        QVariantList urls;
+        for (const QString& address : uriListAddresses(m_list))
+            urls.append(QUrl::fromEncoded(address.toLatin1()));
+        return urls;
+    }
 
     QByteArray m_list;
     QString m_text;
