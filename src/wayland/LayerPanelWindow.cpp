@@ -29,6 +29,8 @@ using Layer = LayerShellQt::Window;
 
 /// Some compositors tell where the pointer is after a drop only once it moves again.
 inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
+/// A compositor that gives the keyboard does so within a few milliseconds.
+inline constexpr std::chrono::milliseconds timeToGiveTheKeyboard{ 300 };
 
 } // namespace
 
@@ -36,6 +38,7 @@ LayerPanelWindow::LayerPanelWindow(QWindow& window, SeenPointer& pointer)
     : m_window(window)
     , m_pointer(pointer)
     , m_popups(window)
+    , m_heldMouse(window, timeToGiveTheKeyboard)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
@@ -103,6 +106,7 @@ void LayerPanelWindow::orderOut()
     m_animation.stop();
     m_window.setVisible(false);
     m_afterDrop.stop();
+    m_heldMouse.drop();
     m_isPointerInside = false;
     giveKeyboardBack();
     m_pointer.leave();
@@ -188,9 +192,13 @@ QPointF LayerPanelWindow::onDesktop(const QPointF& position) const
 
 bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::MouseButtonPress:
+    if (event->type() == QEvent::MouseButtonPress)
         takeKeyboard();
+    if (m_heldMouse.take(*event))
+        return true;
+    switch (event->type()) {
+    case QEvent::FocusIn:
+        m_heldMouse.keyboardCame();
         break;
     case QEvent::FocusOut:
         // The user has clicked elsewhere. sway allows no such click, and the keys stay until the panel hides.

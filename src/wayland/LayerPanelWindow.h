@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FrameAnimation.h"
+#include "HeldMouse.h"
 #include "PanelWindow.h"
 #include "PopupPlacement.h"
 
@@ -58,6 +59,7 @@ private:
     QWindow& m_window;
     SeenPointer& m_pointer;
     PopupPlacement m_popups;
+    HeldMouse m_heldMouse;
     FrameAnimation m_animation;
     QRectF m_frame;
     /// Runs from a drop until the compositor says where the pointer is.

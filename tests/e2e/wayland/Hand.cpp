@@ -50,4 +50,15 @@ void Hand::typeWith(Key modifier, Key key)
     pushKey(modifier, false);
 }
 
+void Hand::clickWith(Key modifier)
+{
+    constexpr int pace = 100;
+    pushKey(modifier, true);
+    press();
+    QThread::msleep(pace);
+    release();
+    QThread::msleep(pace);
+    pushKey(modifier, false);
+}
+
 } // namespace nookle::e2e

@@ -25,6 +25,8 @@ public:
     void click(Button button = Button::left);
     void type(Key key);
     void typeWith(Key modifier, Key key);
+    /// A click with the left button while a key is down, as long as a hand needs for it.
+    void clickWith(Key modifier);
 
     [[nodiscard]] QPoint position() const { return m_position; }
 

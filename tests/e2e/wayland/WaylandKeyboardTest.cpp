@@ -1,0 +1,80 @@
+#include "Waiting.h"
+#include "WaylandShelfDesktop.h"
+
+#include <QUrl>
+#include <QtTest>
+
+using namespace nookle::e2e;
+
+namespace {
+
+[[nodiscard]] WaylandDesktop::Compositor compositor()
+{
+    const QString name = qEnvironmentVariable("NOOKLE_ENVIRONMENT");
+    if (name == QLatin1String("kwin"))
+        return WaylandDesktop::Compositor::kwin;
+    return name == QLatin1String("labwc") ? WaylandDesktop::Compositor::labwc : WaylandDesktop::Compositor::sway;
+}
+
+/// From one tile to the next.
+inline constexpr QPoint nextTile{ 0, 86 };
+
+} // namespace
+
+/// The keyboard, which the shelf has only while the user wants it to.
+class WaylandKeyboardTest : public QObject, private WaylandShelfDesktop {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void theFirstClickWithControlSelects();
+
+private:
+    /// Shows a shelf with two files.
+    [[nodiscard]] bool showTwoFiles();
+    /// What another program gets that pastes.
+    [[nodiscard]] QByteArray paste() const;
+};
+
+void WaylandKeyboardTest::cleanup()
+{
+    if (QTest::currentTestFailed())
+        tellFailure(QStringLiteral("keyboard-%1.png").arg(QLatin1String(QTest::currentTestFunction())));
+    tearDownDesktop();
+}
+
+bool WaylandKeyboardTest::showTwoFiles()
+{
+    if (!setUpDesktop(compositor()) || !startShelf() || !openPeer({ QStringLiteral("trash") }))
+        return false;
+    m_desktop->writeFile(QStringLiteral("files/two.txt"), "words");
+    return m_shelf->startAgain({ home("files/two.txt"), home("files/note one.txt") }) == 0
+        && waitFor([this] { return m_shelf->savedItems().size() == 2; }) && showShelf();
+}
+
+QByteArray WaylandKeyboardTest::paste() const
+{
+    const auto program =
+        m_desktop->start(QStringLiteral("wl-paste"), { QStringLiteral("--type"), QStringLiteral("text/uri-list") });
+    return program->waitForExit() == 0 ? program->output() : QByteArray();
+}
+
+// A click without Control would open the first file, and leave the second one selected alone.
+void WaylandKeyboardTest::theFirstClickWithControlSelects()
+{
+    QVERIFY(showTwoFiles());
+    hand().moveTo(firstTile());
+    hand().clickWith(Hand::Key::control);
+    hand().moveTo(firstTile() + nextTile);
+    hand().clickWith(Hand::Key::control);
+    const QByteArray two = QUrl::fromLocalFile(home("files/two.txt")).toEncoded();
+    QVERIFY(waitFor([&] {
+        hand().typeWith(Hand::Key::control, Hand::Key::c);
+        return paste().contains(two);
+    }));
+    QVERIFY(paste().contains(fileList().trimmed()));
+}
+
+QTEST_GUILESS_MAIN(WaylandKeyboardTest)
+#include "WaylandKeyboardTest.moc"
