@@ -201,7 +201,8 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         m_heldMouse.keyboardCame();
         break;
     case QEvent::FocusOut:
-        // The user has clicked elsewhere. sway allows no such click, and the keys stay until the panel hides.
+        // The user has clicked elsewhere. sway and labwc leave the keys here even then: as long as the surface asks for
+        // them, and once it asks for them on demand only, they take them away at once.
         if (!m_popups.isMenuOpen())
             giveKeyboardBack();
         break;
@@ -222,6 +223,8 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::Leave:
         m_isPointerInside = false;
+        // Where no click elsewhere moves the focus, the keys would stay for ever.
+        m_isForKeys = false;
         pointerIsDone();
         m_pointer.leave();
         if (onMouseExited)

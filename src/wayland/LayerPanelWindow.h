@@ -65,7 +65,7 @@ private:
     /// Runs from a drop until the compositor says where the pointer is.
     QTimer m_afterDrop;
     bool m_isPointerInside = false;
-    /// True from `takeFocus` until the focus is lost: the keys do not go with the pointer then.
+    /// True from `takeFocus` until the focus is lost or the pointer leaves: the keys do not wait for the pointer then.
     bool m_isForKeys = false;
     /// Where the window is: the frame's place once it has slid in.
     QRectF m_resting;

@@ -15,6 +15,10 @@ void announce(QEvent::Type type)
         return Announcer::say("left");
     case QEvent::MouseButtonPress:
         return Announcer::say("pressed");
+    case QEvent::FocusIn:
+        return Announcer::say("focused");
+    case QEvent::FocusOut:
+        return Announcer::say("unfocused");
     case QEvent::DragEnter:
         return Announcer::say("dragged over");
     case QEvent::DragLeave:

@@ -23,9 +23,9 @@
 //                         piece; RESULT gets the number of bytes that were written. Only in Wayland sessions
 //   Peer text             shows text that can be selected
 //   Peer fullscreen       covers the whole screen in red
-// It writes a line to standard output for what happens to its window ("entered", "left", "pressed", "dragged over",
-// "drag left"), and when the target of its own drag begins or ceases to take it ("taken", "untaken"). In a Wayland
-// session, where programs cannot place their windows, it fills the screen.
+// It writes a line to standard output for what happens to its window ("entered", "left", "pressed", "focused",
+// "unfocused", "dragged over", "drag left"), and when the target of its own drag begins or ceases to take it ("taken",
+// "untaken"). In a Wayland session, where programs cannot place their windows, it fills the screen.
 
 #include "Announcer.h"
 #include "DragSource.h"

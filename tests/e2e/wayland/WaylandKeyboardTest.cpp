@@ -29,6 +29,7 @@ private Q_SLOTS:
     void cleanup();
 
     void theFirstClickWithControlSelects();
+    void theKeysThatWereAskedForStayUntilTheUserLeaves();
 
 private:
     /// Shows a shelf with two files.
@@ -74,6 +75,26 @@ void WaylandKeyboardTest::theFirstClickWithControlSelects()
         return paste().contains(two);
     }));
     QVERIFY(paste().contains(fileList().trimmed()));
+}
+
+void WaylandKeyboardTest::theKeysThatWereAskedForStayUntilTheUserLeaves()
+{
+    QVERIFY(showTwoFiles());
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY(waitFor([&] { return isPanelGone(); }));
+    QVERIFY(activate(QStringLiteral("focus")));
+    QVERIFY2(peerSays("unfocused"), "the keys do not come");
+    QVERIFY(waitFor([this] { return isPanelOut(); }));
+    QVERIFY2(holdsFor([this] { return isPanelOut(); }, 1200), "the shelf loses the keys by itself");
+    const qsizetype before = timesSaid("focused");
+    hand().moveTo(firstTile());
+    QVERIFY(holdsFor([&] { return isPanelOut() && timesSaid("focused") == before; }, 300));
+    hand().moveTo(middle);
+    // KWin leaves the keys where they are until a click elsewhere, which moves them. The others take them back at once.
+    if (compositor() == WaylandDesktop::Compositor::kwin)
+        hand().click();
+    QVERIFY2(peerSays("focused", before), "the keys stay with the shelf");
+    QVERIFY(waitFor([this] { return isPanelGone(); }));
 }
 
 QTEST_GUILESS_MAIN(WaylandKeyboardTest)
