@@ -19,6 +19,8 @@ void announce(QEvent::Type type)
         return Announcer::say("focused");
     case QEvent::FocusOut:
         return Announcer::say("unfocused");
+    case QEvent::Wheel:
+        return Announcer::say("wheel");
     case QEvent::DragEnter:
         return Announcer::say("dragged over");
     case QEvent::DragLeave:

@@ -21,11 +21,13 @@
 //   Peer endless FILE TYPE RESULT, Peer dripping FILE TYPE RESULT, Peer pieces FILE TYPE
 //                         offers what is in FILE as TYPE, but writes for ever, or a byte now and then, or piece by
 //                         piece; RESULT gets the number of bytes that were written. Only in Wayland sessions
-//   Peer text             shows text that can be selected
+//   Peer text             shows text that can be selected, scrolled and added to
+//   Peer moving           a window that the mouse takes along wherever it is pressed
 //   Peer fullscreen       covers the whole screen in red
 // It writes a line to standard output for what happens to its window ("entered", "left", "pressed", "focused",
-// "unfocused", "dragged over", "drag left"), and when the target of its own drag begins or ceases to take it ("taken",
-// "untaken"). In a Wayland session, where programs cannot place their windows, it fills the screen.
+// "unfocused", "dragged over", "drag left", "wheel"), when the target of its own drag begins or ceases to take it
+// ("taken", "untaken"), and what happens to the text ("selected", "scrolled", "typed"). In a Wayland session, where
+// programs cannot place their windows, it fills the screen.
 
 #include "Announcer.h"
 #include "DragSource.h"
@@ -43,9 +45,11 @@
 #include <QPlainTextEdit>
 #include <QSaveFile>
 #include <QScreen>
+#include <QScrollBar>
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
+#include <QWindow>
 
 #include <xcb/xcb.h>
 
@@ -261,6 +265,30 @@ private:
     QString m_result;
 };
 
+/// Its size lets it lie in the middle of the desktop.
+class Moving final : public QWidget {
+public:
+    Moving()
+    {
+        setWindowTitle(QStringLiteral("moving"));
+        resize(800, 500);
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* /*event*/) override { windowHandle()->startSystemMove(); }
+};
+
+[[nodiscard]] std::unique_ptr<QWidget> makeText()
+{
+    auto text = std::make_unique<QPlainTextEdit>(QStringLiteral("Some words that a user may select.\n").repeated(200));
+    // Its scroll bar ends at the edge of the window.
+    text->setFrameShape(QFrame::NoFrame);
+    QObject::connect(text.get(), &QPlainTextEdit::selectionChanged, [] { Announcer::say("selected"); });
+    QObject::connect(text.get(), &QPlainTextEdit::textChanged, [] { Announcer::say("typed"); });
+    QObject::connect(text->verticalScrollBar(), &QScrollBar::valueChanged, [] { Announcer::say("scrolled"); });
+    return text;
+}
+
 [[nodiscard]] QByteArray content(const QString& path)
 {
     QFile file(path);
@@ -331,7 +359,9 @@ private:
         window->setWindowState(Qt::WindowFullScreen);
         return window;
     }
-    return std::make_unique<QPlainTextEdit>(QStringLiteral("Some words that a user may select.\n").repeated(20));
+    if (mode == QLatin1String("moving"))
+        return std::make_unique<Moving>();
+    return makeText();
 }
 
 /// To its last pixel, in a colour that the toolkits use for nothing.
@@ -354,7 +384,10 @@ int main(int argc, char* argv[])
     // Without a window manager the state alone covers nothing.
     const bool isFullScreen = window->windowState() == Qt::WindowFullScreen;
     const bool isWayland = qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland");
-    if ((isWayland || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) && !isFullScreen)
+    const bool isMoving = QApplication::arguments().value(1) == QLatin1String("moving");
+    if (isMoving)
+        window->setWindowFlag(Qt::FramelessWindowHint);
+    else if ((isWayland || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) && !isFullScreen)
         fillScreen(*window);
     else
         window->setGeometry(isFullScreen ? QApplication::primaryScreen()->geometry() : QRect(60, 100, 400, 300));

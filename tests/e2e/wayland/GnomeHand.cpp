@@ -72,4 +72,14 @@ void GnomeHand::pushKey(Key key, bool isDown)
     static_cast<void>(tell(QStringLiteral("NotifyKeyboardKeycode"), { static_cast<uint>(key), isDown }));
 }
 
+void GnomeHand::scroll(double points, int notches)
+{
+    constexpr uint vertical = 0;
+    constexpr uint noFlags = 0;
+    if (notches == 0)
+        static_cast<void>(tell(QStringLiteral("NotifyPointerAxis"), { 0.0, points, noFlags }));
+    else
+        static_cast<void>(tell(QStringLiteral("NotifyPointerAxisDiscrete"), { vertical, notches }));
+}
+
 } // namespace nookle::e2e

@@ -20,6 +20,7 @@ protected:
     void placePointer(const QPoint& point) override;
     void pushButton(Button button, bool isDown) override;
     void pushKey(Key key, bool isDown) override;
+    void scroll(double points, int notches) override;
 
 private:
     GnomeHand(const QDBusConnection& bus, QString session);

@@ -37,6 +37,19 @@ void Hand::click(Button button)
     release(button);
 }
 
+void Hand::turnWheel(int notches)
+{
+    constexpr double pointsOfNotch = 15;
+    for (int notch = 0; notch < notches; ++notch)
+        scroll(pointsOfNotch, 1);
+}
+
+void Hand::glide(int points)
+{
+    for (int point = 0; point < points; ++point)
+        scroll(1, 0);
+}
+
 void Hand::type(Key key)
 {
     pushKey(key, true);

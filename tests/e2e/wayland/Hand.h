@@ -11,18 +11,25 @@ namespace nookle::e2e {
 class Hand {
 public:
     enum class Button { left = 0x110, right = 0x111 };
-    enum class Key { escape = 1, control = 29, c = 46 };
+    enum class Key { escape = 1, enter = 28, control = 29, c = 46, up = 103 };
 
     /// Takes hold of the mouse of the compositor that listens on that socket, whichever way it offers; null when it
     /// offers none. `desktop` is the size of the whole desktop.
     [[nodiscard]] static std::unique_ptr<Hand> tryTake(const QByteArray& socketPath, const QPoint& desktop);
     virtual ~Hand() = default;
 
+    /// The desktop has another size from now on.
+    virtual void setDesktop(const QPoint& /*desktop*/) {}
+
     /// Moves the pointer there in steps, at a hand's pace.
     void moveTo(const QPoint& point);
     void press(Button button = Button::left) { pushButton(button, true); }
     void release(Button button = Button::left) { pushButton(button, false); }
     void click(Button button = Button::left);
+    /// Turns the wheel towards the user.
+    void turnWheel(int notches);
+    /// Moves fingers over a touchpad, so that what is below the pointer moves up by so many points.
+    void glide(int points);
     void type(Key key);
     void typeWith(Key modifier, Key key);
     /// A click with the left button while a key is down, as long as a hand needs for it.
@@ -35,6 +42,8 @@ protected:
     virtual void placePointer(const QPoint& point) = 0;
     virtual void pushButton(Button button, bool isDown) = 0;
     virtual void pushKey(Key key, bool isDown) = 0;
+    /// A wheel's notch goes with the points that compositors take it for.
+    virtual void scroll(double points, int notches) = 0;
 
 private:
     QPoint m_position;

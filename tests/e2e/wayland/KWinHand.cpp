@@ -25,7 +25,7 @@ constexpr std::array<wl_message, 11> requests{ {
     { "pointer_motion_absolute", "3ff", noObjects.data() },
     { "keyboard_key", "4uu", noObjects.data() },
 } };
-enum Request : std::uint32_t { authenticate = 0, button = 2, pointerMotionAbsolute = 9, keyboardKey = 10 };
+enum Request : std::uint32_t { authenticate = 0, button = 2, axis = 3, pointerMotionAbsolute = 9, keyboardKey = 10 };
 
 constexpr wl_interface fakeInput{ "org_kde_kwin_fake_input", version, requests.size(), requests.data(), 0, nullptr };
 
@@ -71,6 +71,14 @@ void KWinHand::pushKey(Key key, bool isDown)
 {
     wl_proxy_marshal_flags(m_input, keyboardKey, nullptr, version, 0, static_cast<std::uint32_t>(key),
                            std::uint32_t{ isDown });
+    m_connection->flush();
+}
+
+// It knows no notches.
+void KWinHand::scroll(double points, int /*notches*/)
+{
+    wl_proxy_marshal_flags(m_input, axis, nullptr, version, 0, std::uint32_t{ WL_POINTER_AXIS_VERTICAL_SCROLL },
+                           wl_fixed_from_double(points));
     m_connection->flush();
 }
 

@@ -33,8 +33,7 @@ void WaylandClipboardTest::cleanup()
 
 bool WaylandClipboardTest::setUp()
 {
-    const bool isKWin = qEnvironmentVariable("NOOKLE_ENVIRONMENT") == QLatin1String("kwin");
-    return setUpDesktop(isKWin ? WaylandDesktop::Compositor::kwin : WaylandDesktop::Compositor::sway) && startShelf();
+    return setUpDesktop(compositor()) && startShelf();
 }
 
 bool WaylandClipboardTest::activate(const QString& action) const

@@ -105,7 +105,8 @@ void WaylandDesktop::useWlrootsWithoutScreen(int displays)
 std::unique_ptr<Program> WaylandDesktop::startSway(int displays)
 {
     QByteArray configuration("default_border none\nfocus_follows_mouse no\nxwayland disable\n"
-                             "for_window [app_id=\".*\"] move container to output HEADLESS-1\n");
+                             "for_window [app_id=\".*\"] move container to output HEADLESS-1\n"
+                             "for_window [title=\"moving\"] floating enable\n");
     for (int display = 0; display < displays; ++display)
         configuration += "output HEADLESS-" + QByteArray::number(display + 1) + " position "
             + QByteArray::number(display * displaySize.width()) + " 0\n";
@@ -185,6 +186,19 @@ QImage WaylandDesktop::picture(const QRect& area) const
     if (start(QStringLiteral("grim"), arguments)->waitForExit() != 0)
         return {};
     return QImage(file, "PPM");
+}
+
+bool WaylandDesktop::unplugRightDisplay()
+{
+    const QDir folder(home(QStringLiteral("runtime")));
+    const QString socket = folder.entryList({ QStringLiteral("sway-ipc.*.sock") }, QDir::System).value(0);
+    const auto command = start(QStringLiteral("swaymsg"),
+                               { QStringLiteral("-s"), folder.filePath(socket), QStringLiteral("output"),
+                                 QStringLiteral("HEADLESS-2"), QStringLiteral("unplug") });
+    if (command->waitForExit() != 0)
+        return false;
+    m_hand->setDesktop(QPoint(displaySize.width(), displaySize.height()));
+    return true;
 }
 
 void WaylandDesktop::killCompositor()

@@ -51,6 +51,9 @@ public:
     /// What the user sees of an area.
     [[nodiscard]] QImage picture(const QRect& area) const;
 
+    /// Takes the right one of two displays away. Only under sway.
+    [[nodiscard]] bool unplugRightDisplay();
+
     /// Ends the compositor at once.
     void killCompositor();
 

@@ -26,6 +26,23 @@ inline constexpr int emptyRow = 600;
 
 } // namespace
 
+WaylandDesktop::Compositor WaylandShelfDesktop::compositor()
+{
+    const QString name = qEnvironmentVariable("NOOKLE_ENVIRONMENT");
+    if (name == QLatin1String("kwin"))
+        return WaylandDesktop::Compositor::kwin;
+    if (name == QLatin1String("kwin_with_x11"))
+        return WaylandDesktop::Compositor::kwinWithX11;
+    if (name == QLatin1String("gnome"))
+        return WaylandDesktop::Compositor::gnome;
+    return name == QLatin1String("labwc") ? WaylandDesktop::Compositor::labwc : WaylandDesktop::Compositor::sway;
+}
+
+bool WaylandShelfDesktop::announcesDrags()
+{
+    return compositor() == WaylandDesktop::Compositor::kwinWithX11 || compositor() == WaylandDesktop::Compositor::gnome;
+}
+
 bool WaylandShelfDesktop::setUpDesktop(WaylandDesktop::Compositor compositor, int displays)
 {
     m_desktop = WaylandDesktop::tryCreate({ compositor, displays });

@@ -19,6 +19,12 @@ protected:
     WaylandShelfDesktop() = default;
     ~WaylandShelfDesktop() = default;
 
+    /// Which compositor the tests run under: the variable NOOKLE_ENVIRONMENT names it.
+    [[nodiscard]] static WaylandDesktop::Compositor compositor();
+
+    /// Whether something tells there that a drag begins, so that nothing is at the edge before.
+    [[nodiscard]] static bool announcesDrags();
+
     /// Makes the desktop and a file "note one.txt" in its folder "files"; the shelf does not run yet.
     [[nodiscard]] bool setUpDesktop(WaylandDesktop::Compositor compositor, int displays = 1);
     void tearDownDesktop();

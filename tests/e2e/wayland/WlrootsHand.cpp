@@ -26,7 +26,7 @@ constexpr std::array<wl_message, 9> requests{ {
     { "axis_discrete", "uufi", noObjects.data() },
     { "destroy", "", noObjects.data() },
 } };
-enum Request : std::uint32_t { motionAbsolute = 1, button = 2, frame = 4 };
+enum Request : std::uint32_t { motionAbsolute = 1, button = 2, axis = 3, frame = 4, axisSource = 5, axisDiscrete = 7 };
 constexpr wl_interface device{ "zwlr_virtual_pointer_v1", version, requests.size(), requests.data(), 0, nullptr };
 } // namespace mouse
 
@@ -144,6 +144,19 @@ void WlrootsHand::pushKey(Key which, bool isDown)
         wl_proxy_marshal_flags(m_keyboard, keyboard::modifiers, nullptr, version, 0,
                                isDown ? keyboard::controlMask : 0U, 0U, 0U, 0U);
     m_connection->flush();
+}
+
+void WlrootsHand::scroll(double points, int notches)
+{
+    constexpr std::uint32_t vertical = WL_POINTER_AXIS_VERTICAL_SCROLL;
+    const wl_fixed_t way = wl_fixed_from_double(points);
+    const std::uint32_t source = notches == 0 ? WL_POINTER_AXIS_SOURCE_FINGER : WL_POINTER_AXIS_SOURCE_WHEEL;
+    wl_proxy_marshal_flags(m_mouse, mouse::axisSource, nullptr, version, 0, source);
+    if (notches == 0)
+        wl_proxy_marshal_flags(m_mouse, mouse::axis, nullptr, version, 0, time(), vertical, way);
+    else
+        wl_proxy_marshal_flags(m_mouse, mouse::axisDiscrete, nullptr, version, 0, time(), vertical, way, notches);
+    endFrame();
 }
 
 } // namespace nookle::e2e

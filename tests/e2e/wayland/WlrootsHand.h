@@ -16,10 +16,13 @@ public:
     [[nodiscard]] static std::unique_ptr<Hand> tryTake(const QByteArray& socketPath, const QPoint& desktop);
     ~WlrootsHand() override;
 
+    void setDesktop(const QPoint& desktop) override { m_desktop = desktop; }
+
 protected:
     void placePointer(const QPoint& point) override;
     void pushButton(Button button, bool isDown) override;
     void pushKey(Key key, bool isDown) override;
+    void scroll(double points, int notches) override;
 
 private:
     WlrootsHand(std::unique_ptr<CompositorConnection> connection, const QPoint& desktop);
