@@ -81,7 +81,8 @@ void XWaylandPanelWindow::moveContent()
 void XWaylandPanelWindow::orderFront()
 {
     m_parking.stop();
-    m_isShown = true;
+    if (!std::exchange(m_isShown, true))
+        m_isPointerElsewhere = true;
     const QRect resting = m_resting.toRect();
     m_window.setGeometry(resting);
     if (!m_window.isVisible()) {
@@ -184,7 +185,8 @@ void XWaylandPanelWindow::handleDrag(const QDropEvent& event)
     m_services.drags.end();
 }
 
-// When a menu has closed while the pointer is over a Wayland program, the X server says that it is where it was last.
+// While the pointer is over a Wayland program, the X server says that it is where it was last: when the panel comes to
+// that place, and when a menu has closed there.
 void XWaylandPanelWindow::pointerCame(const QPointF& position)
 {
     m_afterDrop.stop();
@@ -206,7 +208,7 @@ void XWaylandPanelWindow::pointerMoved(const QPointF& position)
 void XWaylandPanelWindow::pointerLeft()
 {
     m_services.pointer.leave();
-    if (onMouseExited)
+    if (!m_isPointerElsewhere && onMouseExited)
         onMouseExited();
 }
 

@@ -86,7 +86,8 @@ private:
     double m_right = 0;
     bool m_isShown = false;
     bool m_isEdgeTaken = false;
-    /// True from the closing of an abandoned menu until the pointer moves over the panel.
+    /// True from the showing of the panel, and from the closing of an abandoned menu, until the pointer moves over the
+    /// panel.
     bool m_isPointerElsewhere = false;
 };
 

@@ -44,6 +44,7 @@ private Q_SLOTS:
     void noWindowIsOnTheDisplayWhileNothingShows();
     void theShelfShowsAboveAFullScreenProgram();
     void theShelfThatIsShownForKeysHidesOnEscape();
+    void theShelfThatShowsForAMomentGoesWhereverThePointerWasLast();
     void theBackendIsTheOneThatIsAskedFor_data();
     void theBackendIsTheOneThatIsAskedFor();
 
@@ -261,6 +262,20 @@ void GnomeEndToEndTest::theShelfThatIsShownForKeysHidesOnEscape()
     QVERIFY2(holdsFor([this] { return isPanelOut(); }, 1200), "the panel goes although it has the keys");
     hand().type(Hand::Key::escape);
     QVERIFY2(waitFor([this] { return isPanelGone(); }), "the panel stays");
+}
+
+// The X server keeps the pointer where it left the windows of X11 programs.
+void GnomeEndToEndTest::theShelfThatShowsForAMomentGoesWhereverThePointerWasLast()
+{
+    QVERIFY(setUp());
+    QVERIFY(openPeer({ QStringLiteral("trash") }));
+    QVERIFY(showShelf());
+    hand().moveTo(firstTile());
+    hand().moveTo(middle);
+    QVERIFY(waitFor([this] { return isPanelGone(); }));
+    QCOMPARE(m_shelf->startAgain({ home("files/note one.txt") }), 0);
+    QVERIFY(waitFor([this] { return isPanelOut(); }));
+    QVERIFY2(waitFor([this] { return isPanelGone(); }), "the panel takes the pointer for its own");
 }
 
 void GnomeEndToEndTest::theBackendIsTheOneThatIsAskedFor_data()
