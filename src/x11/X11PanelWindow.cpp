@@ -184,6 +184,9 @@ void X11PanelWindow::orderFront()
     }
     askForBlur();
     m_shadow.show(cornerPixels());
+    // Anew each time: Chromium asks for the shape of the window's frame only when it changes, and would go on with that
+    // of the parked window.
+    m_shape.reset();
     updateShape();
     standAboveFullScreenWindow();
     m_dock.raise();
