@@ -8,7 +8,9 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTest>
+#include <QToolTip>
 
+#include <algorithm>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -62,6 +64,7 @@ private Q_SLOTS:
     void lightOnesLookLikeTheToolkits();
     void linesOfDarkMenusCanBeSeen();
     void toolTipsHaveAFineEdgeOnTheirOwnGround();
+    void toolTipsHaveTheProgramsColours();
     void textsThatAreNotAvailableAreDrawnOnce();
     void anotherStyleThatWasChosenStays();
 };
@@ -117,6 +120,21 @@ void OutlinedStyleTest::toolTipsHaveAFineEdgeOnTheirOwnGround()
         // Weaker than the text.
         QVERIFY(std::abs(edge - ground) < std::abs(colors.color(QPalette::ToolTipText).lightness() - ground) / 2);
     }
+}
+
+void OutlinedStyleTest::toolTipsHaveTheProgramsColours()
+{
+    QApplication::setStyle(new OutlinedStyle);
+    QApplication::setPalette(palette(true));
+    QToolTip::setPalette(QPalette(Qt::yellow));
+    QToolTip::showText({ 10, 10 }, QStringLiteral("A tip"));
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto tip =
+        std::find_if(windows.begin(), windows.end(), [](QWidget* each) { return each->inherits("QTipLabel"); });
+    QVERIFY(tip != windows.end());
+    QCOMPARE((*tip)->palette().color(QPalette::ToolTipBase), palette(true).color(QPalette::Base));
+    QCOMPARE((*tip)->palette().color(QPalette::ToolTipText), palette(true).color(QPalette::WindowText));
+    delete *tip;
 }
 
 void OutlinedStyleTest::textsThatAreNotAvailableAreDrawnOnce()

@@ -1,6 +1,7 @@
 #include "OutlinedStyle.h"
 
 #include "Colors.h"
+#include "PlainToolTip.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -44,6 +45,14 @@ void OutlinedStyle::useInstead()
 OutlinedStyle::OutlinedStyle()
     : QProxyStyle(ownStyle)
 {
+}
+
+// The toolkit gives tool tips its own colours again each time that the desktop's change.
+void OutlinedStyle::polish(QWidget* widget)
+{
+    QProxyStyle::polish(widget);
+    if (widget->inherits("QTipLabel"))
+        widget->setPalette(toolTipPalette(QApplication::palette()));
 }
 
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,

@@ -17,6 +17,8 @@ public:
 
     OutlinedStyle();
 
+    using QProxyStyle::polish;
+    void polish(QWidget* widget) override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget = nullptr) const override;
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

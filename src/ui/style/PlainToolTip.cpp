@@ -21,7 +21,7 @@ void setPlainToolTip(QWidget& widget, const QString& text)
 }
 
 // Some styles draw tool tips in the colours of windows, others in those of tool tips.
-void useToolTipColors(const QPalette& palette)
+QPalette toolTipPalette(const QPalette& palette)
 {
     QPalette colors = palette;
     const QColor background = palette.color(QPalette::Base);
@@ -30,7 +30,12 @@ void useToolTipColors(const QPalette& palette)
         colors.setColor(role, background);
     for (const auto role : { QPalette::ToolTipText, QPalette::WindowText, QPalette::Text })
         colors.setColor(role, text);
-    QToolTip::setPalette(colors);
+    return colors;
+}
+
+void useToolTipColors(const QPalette& palette)
+{
+    QToolTip::setPalette(toolTipPalette(palette));
 }
 
 } // namespace nookle

@@ -10,7 +10,10 @@ namespace nookle {
 /// would interpret a text that looks like markup, and read the files that it names. An empty text means no tool tip.
 void setPlainToolTip(QWidget& widget, const QString& text);
 
-/// Draws tool tips in the colours that `palette` has for them.
+/// The colours of a tool tip in a program that has the colours `palette`.
+[[nodiscard]] QPalette toolTipPalette(const QPalette& palette);
+
+/// Draws tool tips in the colours that go with `palette`.
 void useToolTipColors(const QPalette& palette);
 
 } // namespace nookle
