@@ -200,6 +200,11 @@ ItemInteraction ShelfView::interaction(const ShelfItem& item)
     interaction.onHover = [this, id = item.id](bool isInside) { m_hover.change(id, isInside); };
     interaction.onClick = [this, item] { m_actions.open(item); };
     interaction.onChoose = [this, id = item.id](Qt::KeyboardModifiers modifiers) { m_tiles->choose(id, modifiers); };
+    // With these keys a drag begins by selecting its tile, as a click does whose hand has slipped.
+    interaction.onChooseForDrag = [this, id = item.id](Qt::KeyboardModifiers modifiers) {
+        if (!m_tiles->selection().contains(id))
+            m_tiles->choose(id, modifiers);
+    };
     interaction.onDragBegan = [self] {
         if (self)
             self->dragBegan();

@@ -19,6 +19,8 @@ private Q_SLOTS:
     void aDragTakesAllSelectedItemsInTheOrderOfTheShelf();
     void aDragOfAnotherTileTakesThatOneAlone();
     void aPressWithControlKeepsTheSelectionForADrag();
+    void aDragWithControlTakesItsTileAlong();
+    void aDragWithShiftTakesTheRange();
     void theKeysAtThePressCount();
     void tabKeepsTheSelection();
     void arrowsWithShiftExtend();
@@ -30,7 +32,23 @@ private Q_SLOTS:
     void theSelectionSurvivesScrollingArrivalsAndRemovals();
     void theSelectionEndsWhenThePanelHides();
     void aClickBesideTheTilesEndsTheSelection();
+
+private:
+    [[nodiscard]] QString takenByDragOf(qsizetype row, Qt::KeyboardModifiers modifiers);
 };
+
+/// What a drag takes that begins on the tile of a row while these keys are held.
+QString SelectingTest::takenByDragOf(qsizetype row, Qt::KeyboardModifiers modifiers)
+{
+    QString taken;
+    m_shelf->dragOutcome = [&] {
+        taken = takenWith(row);
+        return DragOperation::none;
+    };
+    QTest::mousePress(&tile(row), Qt::LeftButton, modifiers);
+    moveTo(tile(row), tile(row).rect().center() + QPoint(20, 0));
+    return taken;
+}
 
 void SelectingTest::aClickWithControlAddsAndTakesOut()
 {
@@ -128,6 +146,23 @@ void SelectingTest::aPressWithControlKeepsTheSelectionForADrag()
     QCOMPARE(selected(), QStringLiteral("bc"));
     QTest::mouseRelease(&tile(1), Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(selected(), QStringLiteral("c"));
+}
+
+void SelectingTest::aDragWithControlTakesItsTileAlong()
+{
+    click(4, Qt::ControlModifier);
+    QCOMPARE(takenByDragOf(1, Qt::ControlModifier), QStringLiteral("be"));
+    QCOMPARE(selected(), QStringLiteral("be"));
+    // One that is selected stays so.
+    QCOMPARE(takenByDragOf(4, Qt::ControlModifier), QStringLiteral("be"));
+    QCOMPARE(selected(), QStringLiteral("be"));
+}
+
+void SelectingTest::aDragWithShiftTakesTheRange()
+{
+    click(4, Qt::ControlModifier);
+    QCOMPARE(takenByDragOf(2, Qt::ShiftModifier), QStringLiteral("cde"));
+    QCOMPARE(selected(), QStringLiteral("cde"));
 }
 
 void SelectingTest::theKeysAtThePressCount()

@@ -27,6 +27,8 @@ struct ItemInteraction {
     std::function<void()> onClick;
     /// Called for a click with Control or Shift, in place of `onClick`.
     std::function<void(Qt::KeyboardModifiers)> onChoose;
+    /// Called before `dragItem` for a drag that began with Control or Shift.
+    std::function<void(Qt::KeyboardModifiers)> onChooseForDrag;
     std::function<void()> onDragBegan;
     /// Called with the operation that the destination reports; `none` when the drag was cancelled.
     std::function<void(DragOperation)> onDragEnded;

@@ -97,6 +97,8 @@ void ItemInteractionView::beginDrag()
     // A look at an item that was dragged before may replace the configuration, or remove the tile.
     const QPointer<ItemInteractionView> self(this);
     const auto dragItem = m_configuration->dragItem;
+    if (Selection::isKept(m_lastPress->modifiers))
+        callIfSet(m_configuration->onChooseForDrag, m_lastPress->modifiers);
     std::optional<DragItem> item = dragItem();
     if (!item || !self)
         return;
