@@ -1,9 +1,9 @@
 #include "ShelfView.h"
 
+#include "CarriedItem.h"
 #include "ContextMenu.h"
 #include "EmptyShelfView.h"
 #include "FileIcon.h"
-#include "FileUrl.h"
 #include "ItemInteractionView.h"
 #include "PanelBackground.h"
 #include "PanelOutline.h"
@@ -25,9 +25,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <filesystem>
 #include <iterator>
-#include <system_error>
 #include <utility>
 
 namespace nookle {
@@ -133,19 +131,9 @@ void ShelfView::setUpActions()
 
 void ShelfView::fillTile(ShelfItemView& tile, const ShelfItem& item)
 {
-    tile.setItem(item, presentFile(item), m_store.isFolder(item), m_store.iconURL(item));
+    tile.setItem(item, presentFile(item, m_store), m_store.isFolder(item), m_store.iconURL(item));
     tile.setHovered(m_hover.shows(item.id));
     tile.interaction().setConfiguration(interaction(item));
-}
-
-// Checks on disk only the files of images. The store knows whether other files exist.
-std::optional<QUrl> ShelfView::presentFile(const ShelfItem& item) const
-{
-    std::optional<QUrl> file = m_store.localURL(item);
-    std::error_code ignored;
-    const bool isGone = file && std::holds_alternative<ImageContent>(item.content)
-        && !std::filesystem::exists(filePath(*file).toStdString(), ignored);
-    return isGone ? std::nullopt : file;
 }
 
 void ShelfView::showItems()

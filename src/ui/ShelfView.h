@@ -130,7 +130,6 @@ private:
     void setUpTiles();
     void setUpActions();
     void fillTile(ShelfItemView& tile, const ShelfItem& item);
-    [[nodiscard]] std::optional<QUrl> presentFile(const ShelfItem& item) const;
     void showItems();
     /// Makes the sizes at the first call, because loading the desktop's fonts takes a while.
     [[nodiscard]] TileSizes& tileSizes();

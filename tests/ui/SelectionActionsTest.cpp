@@ -24,6 +24,7 @@ private Q_SLOTS:
     void linksAreCopiedAsAListOfAddresses();
     void textsAreCopiedJoinedByABlankLine();
     void amongOthersEverythingIsCopiedAsTextToo();
+    void whatHasGoneSinceTheLastLookIsNotCopied();
     void copyingNothingButMissingFilesLeavesTheClipboard();
     void allArePinnedIfOneIsNot();
     void allAreUnpinnedIfAllArePinned();
@@ -160,7 +161,7 @@ void SelectionActionsTest::textsAreCopiedJoinedByABlankLine()
     addTexts({ QStringLiteral("second"), QStringLiteral("https://example.com/"), QStringLiteral("first\n") });
     key(Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(m_shelf->pasteboard.operations,
-             QStringList{ QStringLiteral("text first\n\n\nhttps://example.com/\n\nsecond") });
+             QStringList{ QStringLiteral("text first\n\nhttps://example.com/\n\nsecond") });
 }
 
 void SelectionActionsTest::amongOthersEverythingIsCopiedAsTextToo()
@@ -169,7 +170,19 @@ void SelectionActionsTest::amongOthersEverythingIsCopiedAsTextToo()
     (void)m_shelf->addFile("a b");
     key(Qt::Key_C, Qt::ControlModifier);
     QCOMPARE(m_shelf->pasteboard.operations,
-             QStringList{ QStringLiteral("addresses file:///somewhere/a%20b text /somewhere/a b\n\nwords") });
+             QStringList{ QStringLiteral("addresses file:///somewhere/a%20b text file:///somewhere/a%20b\n\nwords") });
+}
+
+void SelectionActionsTest::whatHasGoneSinceTheLastLookIsNotCopied()
+{
+    const QUrl gone = m_shelf->addFile("gone");
+    const QUrl image = m_shelf->addImage();
+    (void)m_shelf->addFile("there");
+    m_shelf->references.removeFile(gone);
+    QVERIFY(QFile::remove(image.toLocalFile()));
+    key(Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(m_shelf->pasteboard.operations, QStringList{ QStringLiteral("addresses file:///somewhere/there text ") });
+    QVERIFY(m_shelf->menu().contains(QStringLiteral(" Copy 1 Item(s) ")));
 }
 
 void SelectionActionsTest::copyingNothingButMissingFilesLeavesTheClipboard()

@@ -1,6 +1,6 @@
 #include "SelectionActions.h"
 
-#include "FileUrl.h"
+#include "CarriedItem.h"
 #include "Pasteboard.h"
 #include "ShelfStore.h"
 #include "Workspace.h"
@@ -25,10 +25,19 @@ inline constexpr qsizetype mostWithoutQuestion = 10;
     return std::all_of(items.begin(), items.end(), [](const ShelfItem& item) { return item.pinned; });
 }
 
-[[nodiscard]] bool areLinks(const QList<ShelfItem>& items)
+[[nodiscard]] bool areLinks(const QList<CarriedItem>& items)
 {
-    return std::all_of(items.begin(), items.end(),
-                       [](const ShelfItem& item) { return std::holds_alternative<LinkContent>(item.content); });
+    return std::all_of(items.begin(), items.end(), [](const CarriedItem& carried) {
+        return std::holds_alternative<LinkContent>(carried.item.content);
+    });
+}
+
+[[nodiscard]] QStringList addressesOf(const QList<CarriedItem>& links)
+{
+    QStringList addresses;
+    for (const CarriedItem& link : links)
+        addresses.append(std::get<LinkContent>(link.item.content).url.absoluteString());
+    return addresses;
 }
 
 [[nodiscard]] QSet<QUuid> idsOf(const QList<ShelfItem>& items)
@@ -64,7 +73,7 @@ MenuActions SelectionActions::menuActions(const QList<ShelfItem>& items) const
     const SelectionActions actions = *this;
     const int openableNumber = number(openable(items));
     const auto fileNumber = static_cast<int>(referencedFiles(items).size());
-    const int copyableNumber = number(copyable(items));
+    const auto copyableNumber = static_cast<int>(presentItems(items, m_store).size());
 
     MenuActions menu;
     if (openableNumber > 0)
@@ -132,43 +141,23 @@ void SelectionActions::reveal(const QList<ShelfItem>& items) const
         revealAll();
 }
 
-QList<ShelfItem> SelectionActions::copyable(const QList<ShelfItem>& items) const
-{
-    QList<ShelfItem> copyable;
-    std::copy_if(items.begin(), items.end(), std::back_inserter(copyable),
-                 [this](const ShelfItem& item) { return m_single.canBeCopied(item); });
-    return copyable;
-}
-
-QString SelectionActions::asText(const ShelfItem& item) const
-{
-    if (const auto* text = std::get_if<TextContent>(&item.content))
-        return text->text;
-    if (const auto* link = std::get_if<LinkContent>(&item.content))
-        return link->url.absoluteString();
-    return QString::fromUtf8(filePath(m_store.localURL(item).value_or(QUrl())));
-}
-
 void SelectionActions::copy(const QList<ShelfItem>& items) const
 {
-    const QList<ShelfItem> copied = copyable(items);
+    m_store.refreshFiles();
+    const QList<CarriedItem> copied = presentItems(items, m_store);
     if (copied.isEmpty())
         return;
-    QStringList addresses;
-    QStringList texts;
-    for (const ShelfItem& item : copied) {
-        texts.append(asText(item));
-        if (const auto file = m_store.localURL(item))
-            addresses.append(QString::fromLatin1(file->toEncoded()));
-    }
-    if (areLinks(copied))
-        m_pasteboard.writeAddresses(texts, texts.join(QLatin1Char('\n')));
-    else if (addresses.size() == copied.size())
-        m_pasteboard.writeAddresses(addresses, {});
-    else if (addresses.isEmpty())
-        m_pasteboard.writeText(texts.join(QStringLiteral("\n\n")));
+    QStringList files;
+    for (const QUrl& file : filesOf(copied))
+        files.append(QString::fromLatin1(file.toEncoded()));
+    if (files.size() == copied.size())
+        m_pasteboard.writeAddresses(files, {});
+    else if (!files.isEmpty())
+        m_pasteboard.writeAddresses(files, textOf(copied));
+    else if (areLinks(copied))
+        m_pasteboard.writeAddresses(addressesOf(copied), textOf(copied));
     else
-        m_pasteboard.writeAddresses(addresses, texts.join(QStringLiteral("\n\n")));
+        m_pasteboard.writeText(textOf(copied));
 }
 
 void SelectionActions::togglePinned(const QList<ShelfItem>& items) const

@@ -37,8 +37,8 @@ public:
     void reveal(const QList<ShelfItem>& items) const;
 
     /// Replaces the clipboard's content: by the addresses if there are only files, or only links; otherwise by the
-    /// addresses of the files, if any, and everything as text. Leaves out what is missing; leaves the clipboard as it
-    /// is if that is all.
+    /// addresses of the files, if any, and everything as the text that a drag has. Looks once more where the files are,
+    /// and leaves out what is missing; leaves the clipboard as it is if that is all.
     void copy(const QList<ShelfItem>& items) const;
 
     /// Pins all items if one is not pinned, otherwise unpins all.
@@ -49,9 +49,7 @@ public:
 
 private:
     [[nodiscard]] QList<ShelfItem> openable(const QList<ShelfItem>& items) const;
-    [[nodiscard]] QList<ShelfItem> copyable(const QList<ShelfItem>& items) const;
     [[nodiscard]] QList<QUrl> referencedFiles(const QList<ShelfItem>& items) const;
-    [[nodiscard]] QString asText(const ShelfItem& item) const;
 
     ShelfItemActions m_single;
     ShelfStore& m_store;

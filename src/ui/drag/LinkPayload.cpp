@@ -5,7 +5,6 @@
 #include "TextPayload.h"
 
 #include <QByteArrayList>
-#include <QStringList>
 
 #include <algorithm>
 
@@ -62,15 +61,9 @@ DragPayload linkPayload(const LinkContent& link)
     return payload;
 }
 
-DragPayload linksPayload(const QList<LinkContent>& links)
+void addLinks(DragPayload& payload, const QList<LinkContent>& links)
 {
-    QStringList addresses;
-    for (const LinkContent& link : links)
-        addresses.append(link.url.absoluteString());
-    DragPayload payload;
     payload.add(QStringLiteral("text/html"), [links] { return pageOfAnchors(links); });
-    addText(payload, addresses.join(QLatin1Char('\n')));
-    return payload;
 }
 
 } // namespace nookle

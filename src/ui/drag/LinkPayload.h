@@ -12,8 +12,8 @@ struct LinkContent;
 /// files.
 [[nodiscard]] DragPayload linkPayload(const LinkContent& link);
 
-/// The formats of several links: a list of their titles that lead to them, and one address on each line. The formats
-/// that hold a single link are missing: a receiver that prefers one of these would lose the others.
-[[nodiscard]] DragPayload linksPayload(const QList<LinkContent>& links);
+/// Adds a page with the titles of several links, which lead to them. The formats that hold a single link are missing: a
+/// receiver that prefers one of these would lose the others.
+void addLinks(DragPayload& payload, const QList<LinkContent>& links);
 
 } // namespace nookle

@@ -3,6 +3,7 @@
 #include "DragPictures.h"
 #include "DragSession.h"
 #include "FanPicture.h"
+#include "ItemsPayload.h"
 #include "Overloaded.h"
 #include "ShelfStore.h"
 #include "TrashedItems.h"
@@ -10,6 +11,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -57,6 +59,8 @@ DragOperations DragOut::allowedOperations(const ShelfItem& item)
 std::optional<DragItem> DragOut::begin(const QList<ShelfItem>& items)
 {
     m_watch.lookAgain(items);
+    // The shelf may have been on the screen for hours.
+    m_services.store.refreshFiles();
     const QList<CarriedItem> carried = carriedItems(items);
     QList<ShelfItem> dragged;
     for (const CarriedItem& each : carried)
@@ -78,15 +82,10 @@ QList<CarriedItem> DragOut::carriedItems(const QList<ShelfItem>& items) const
     QSet<QUuid> present;
     for (const ShelfItem& item : m_services.store.items())
         present.insert(item.id);
-    QList<CarriedItem> carried;
-    for (const ShelfItem& item : items) {
-        const bool hasNoFile =
-            std::holds_alternative<TextContent>(item.content) || std::holds_alternative<LinkContent>(item.content);
-        const std::optional<QUrl> file = m_services.store.localURL(item);
-        if (present.contains(item.id) && (hasNoFile || file))
-            carried.append({ item, file });
-    }
-    return carried;
+    QList<ShelfItem> onShelf;
+    std::copy_if(items.begin(), items.end(), std::back_inserter(onShelf),
+                 [&](const ShelfItem& item) { return present.contains(item.id); });
+    return presentItems(onShelf, m_services.store);
 }
 
 void DragOut::addPicture(DragItem& drag, const QList<CarriedItem>& items) const

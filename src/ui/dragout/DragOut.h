@@ -2,7 +2,7 @@
 
 #include "DragItem.h"
 #include "DragOutWatch.h"
-#include "ItemsPayload.h"
+#include "CarriedItem.h"
 
 #include <QList>
 #include <QPixmap>
@@ -37,8 +37,8 @@ public:
     /// The operations that other programs may do with `item`.
     [[nodiscard]] static DragOperations allowedOperations(const ShelfItem& item);
 
-    /// A drag of `items` is about to begin. Leaves out what has no file any more; none if nothing is left. What became
-    /// of the previous drag is looked at once more, which may change the shelf.
+    /// A drag of `items` is about to begin. Looks once more where the files are and what became of the previous drag,
+    /// which may change the shelf. Leaves out what has no file any more; none if nothing is left.
     [[nodiscard]] std::optional<DragItem> begin(const QList<ShelfItem>& items);
 
     /// The drag has ended, and its destination has reported `operation`. Removes from the shelf what went to the Trash,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ItemsPayload.h"
+#include "CarriedItem.h"
 
 #include <QPixmap>
 

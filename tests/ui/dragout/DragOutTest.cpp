@@ -19,6 +19,8 @@ private Q_SLOTS:
     void cleanup();
     void severalFilesAndImagesAreOneListInTheOrderOfTheShelf();
     void whatIsGoneIsLeftBehind();
+    void whatHasGoneOrMovedSinceTheLastLookIsKnown();
+    void imagesWhoseFileIsGoneAreLeftBehind();
     void nothingIsDraggedWhenEverythingIsGone();
     void onlyWhatAllAllowIsOffered_data();
     void onlyWhatAllAllowIsOffered();
@@ -96,6 +98,31 @@ void DragOutTest::whatIsGoneIsLeftBehind()
     QCOMPARE(uriList(*drag), QByteArray(there.toEncoded() + "\r\n"));
     // One that is left is dragged like one that was dragged alone.
     QVERIFY(drag->payload->formats().contains(QStringLiteral("text/x-moz-url")));
+}
+
+void DragOutTest::whatHasGoneOrMovedSinceTheLastLookIsKnown()
+{
+    const QUrl gone = m_shelf->addFile("gone.txt");
+    const QUrl moved = m_shelf->addFile("moved.txt");
+    const QUrl there = m_shelf->addFile("there.txt");
+    m_shelf->references.removeFile(gone);
+    m_shelf->references.moveFile(moved, fileUrl("/elsewhere/moved.txt"));
+    const auto drag = m_drag->begin(items());
+    QVERIFY(drag);
+    QCOMPARE(uriList(*drag), QByteArray(there.toEncoded() + "\r\nfile:///elsewhere/moved.txt\r\n"));
+}
+
+void DragOutTest::imagesWhoseFileIsGoneAreLeftBehind()
+{
+    const QUrl gone = m_shelf->addImage();
+    const QUrl there = m_shelf->addImage();
+    QVERIFY(QFile::remove(gone.toLocalFile()));
+    const auto drag = m_drag->begin(items());
+    QVERIFY(drag);
+    QCOMPARE(uriList(*drag), QByteArray(there.toEncoded() + "\r\n"));
+    QVERIFY(QFile::remove(there.toLocalFile()));
+    QVERIFY(!m_drag->begin(items()));
+    QCOMPARE(items().size(), 2);
 }
 
 void DragOutTest::nothingIsDraggedWhenEverythingIsGone()
