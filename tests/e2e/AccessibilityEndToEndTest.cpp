@@ -35,6 +35,9 @@ private Q_SLOTS:
     void aScreenReaderFindsTheItemsOfTheShelf();
     void anItemIsPinnedAndRemovedByItsActions();
     void aScreenReaderHearsWhatIsSelected();
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    void aScreenReaderSelectsItems();
+#endif
 
 private:
     [[nodiscard]] std::optional<AssistiveClient::Node> list() const;
@@ -148,6 +151,25 @@ void AccessibilityEndToEndTest::aScreenReaderHearsWhatIsSelected()
              }),
              qPrintable(listener.heard.join(QLatin1Char(' '))));
 }
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+
+void AccessibilityEndToEndTest::aScreenReaderSelectsItems()
+{
+    const auto tiles = items();
+    QCOMPARE(m_client->selectedChildren(*list()), 0);
+    QVERIFY(m_client->selectChild(*list(), 1));
+    QVERIFY(m_client->isSelected(tiles[1]));
+    QVERIFY(m_client->selectChild(*list(), 0));
+    QVERIFY(m_client->isSelected(tiles[0]));
+    QCOMPARE(m_client->selectedChildren(*list()), 2);
+    QVERIFY(m_client->actions(tiles[0]).contains(QStringLiteral("Remove 2 Items")));
+    QVERIFY(m_client->clearSelection(*list()));
+    QCOMPARE(m_client->selectedChildren(*list()), 0);
+    QVERIFY(!m_client->isSelected(tiles[0]));
+}
+
+#endif
 
 QTEST_GUILESS_MAIN(AccessibilityEndToEndTest)
 #include "AccessibilityEndToEndTest.moc"

@@ -11,6 +11,7 @@ namespace {
 const QString sessionConnection = QStringLiteral("assistive-session");
 const QString treeConnection = QStringLiteral("assistive-tree");
 const QString accessibleInterface = QStringLiteral("org.a11y.atspi.Accessible");
+const QString selectionInterface = QStringLiteral("org.a11y.atspi.Selection");
 const QString actionInterface = QStringLiteral("org.a11y.atspi.Action");
 
 [[nodiscard]] QDBusMessage busCall(const QString& interface, const QString& method)
@@ -55,11 +56,12 @@ QDBusMessage AssistiveClient::call(const Node& node, const QString& interface, c
     return m_bus.call(message);
 }
 
-QString AssistiveClient::property(const Node& node, const QString& name) const
+QVariant AssistiveClient::property(const Node& node, const QString& interface, const QString& name) const
 {
-    const QDBusMessage reply = call(node, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"),
-                                    { accessibleInterface, name });
-    return reply.arguments().value(0).value<QDBusVariant>().variant().toString();
+    const QDBusMessage reply =
+        call(node, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"), { interface, name });
+    return reply.type() == QDBusMessage::ReplyMessage ? reply.arguments().value(0).value<QDBusVariant>().variant()
+                                                      : QVariant();
 }
 
 std::vector<AssistiveClient::Node> AssistiveClient::programs() const
@@ -105,12 +107,12 @@ QString AssistiveClient::role(const Node& node) const
 
 QString AssistiveClient::name(const Node& node) const
 {
-    return property(node, QStringLiteral("Name"));
+    return property(node, accessibleInterface, QStringLiteral("Name")).toString();
 }
 
 QString AssistiveClient::description(const Node& node) const
 {
-    return property(node, QStringLiteral("Description"));
+    return property(node, accessibleInterface, QStringLiteral("Description")).toString();
 }
 
 QStringList AssistiveClient::actions(const Node& node) const
@@ -146,6 +148,22 @@ bool AssistiveClient::hasState(const Node& node, unsigned number) const
 bool AssistiveClient::isSelected(const Node& node) const
 {
     return hasState(node, 23);
+}
+
+std::optional<int> AssistiveClient::selectedChildren(const Node& node) const
+{
+    const QVariant number = property(node, selectionInterface, QStringLiteral("NSelectedChildren"));
+    return number.isValid() ? std::optional(number.toInt()) : std::nullopt;
+}
+
+bool AssistiveClient::selectChild(const Node& node, int index) const
+{
+    return call(node, selectionInterface, QStringLiteral("SelectChild"), { index }).arguments().value(0).toBool();
+}
+
+bool AssistiveClient::clearSelection(const Node& node) const
+{
+    return call(node, selectionInterface, QStringLiteral("ClearSelection")).arguments().value(0).toBool();
 }
 
 bool AssistiveClient::isMultiSelectable(const Node& node) const

@@ -39,6 +39,10 @@ public:
     [[nodiscard]] QStringList actions(const Node& node) const;
     void doAction(const Node& node, int index) const;
     [[nodiscard]] bool isSelected(const Node& node) const;
+    /// The number of selected children; none if the thing does not say.
+    [[nodiscard]] std::optional<int> selectedChildren(const Node& node) const;
+    [[nodiscard]] bool selectChild(const Node& node, int index) const;
+    [[nodiscard]] bool clearSelection(const Node& node) const;
     [[nodiscard]] bool isMultiSelectable(const Node& node) const;
 
     /// From now on a slot of `listener`, with a `QDBusMessage`, gets the signals about changed states.
@@ -50,7 +54,7 @@ private:
     [[nodiscard]] QDBusMessage call(const Node& node, const QString& interface, const QString& method,
                                     const QVariantList& arguments = {}) const;
     [[nodiscard]] bool hasState(const Node& node, unsigned number) const;
-    [[nodiscard]] QString property(const Node& node, const QString& name) const;
+    [[nodiscard]] QVariant property(const Node& node, const QString& interface, const QString& name) const;
 
     QDBusConnection m_bus;
 };

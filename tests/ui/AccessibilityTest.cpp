@@ -28,11 +28,31 @@ private Q_SLOTS:
     void theCurrentTileHasTheFocus();
     void severalTilesMayBeSelected();
     void aTileAndItsListKnowEachOther();
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    void assistiveProgramsSelectTiles();
+    void theCurrentTileStaysSelectedWhenAnotherIsAdded();
+#endif
 
 private:
-    [[nodiscard]] TileList& list() { return *m_shelf->view.findChild<TileList*>(); }
-    [[nodiscard]] QAccessibleInterface& accessibleList() { return *QAccessible::queryAccessibleInterface(&list()); }
-    [[nodiscard]] QAccessibleInterface& tile(int index) { return *accessibleList().child(index); }
+    [[nodiscard]] QByteArray selectedTiles()
+    {
+        QByteArray selected;
+        for (int index = 0; index < accessibleList().childCount(); ++index)
+            selected.append(tile(index).state().selected ? '1' : '0');
+        return selected;
+    }
+    [[nodiscard]] TileList& list()
+    {
+        return *m_shelf->view.findChild<TileList*>();
+    }
+    [[nodiscard]] QAccessibleInterface& accessibleList()
+    {
+        return *QAccessible::queryAccessibleInterface(&list());
+    }
+    [[nodiscard]] QAccessibleInterface& tile(int index)
+    {
+        return *accessibleList().child(index);
+    }
 
     std::unique_ptr<ShelfFixture> m_shelf;
 };
@@ -139,10 +159,7 @@ void AccessibilityTest::severalTilesMayBeSelected()
     QVERIFY(accessibleList().state().multiSelectable);
     list().choose(m_shelf->store.items().at(1).id, Qt::ControlModifier);
     list().choose(m_shelf->store.items().at(3).id, Qt::ControlModifier);
-    QByteArray selected;
-    for (int index = 0; index < 4; ++index)
-        selected.append(tile(index).state().selected ? '1' : '0');
-    QCOMPARE(selected, QByteArray("0101"));
+    QCOMPARE(selectedTiles(), QByteArray("0101"));
     QVERIFY(tile(1).actionInterface()->actionNames().contains(QStringLiteral("Remove 2 Item(s)")));
     QVERIFY(tile(0).actionInterface()->actionNames().contains(QStringLiteral("Remove")));
 }
@@ -154,6 +171,41 @@ void AccessibilityTest::aTileAndItsListKnowEachOther()
     QCOMPARE(tile(2).childCount(), 0);
     QVERIFY(!accessibleList().child(99));
 }
+
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+
+void AccessibilityTest::assistiveProgramsSelectTiles()
+{
+    QAccessibleSelectionInterface* selection = accessibleList().selectionInterface();
+    QVERIFY(selection);
+    QCOMPARE(selection->selectedItemCount(), 0);
+    QVERIFY(selection->select(&tile(3)));
+    QVERIFY(selection->select(&tile(1)));
+    QCOMPARE(selectedTiles(), QByteArray("0101"));
+    QCOMPARE(selection->selectedItems(), QList<QAccessibleInterface*>({ &tile(1), &tile(3) }));
+    QVERIFY(selection->isSelected(&tile(1)));
+    QVERIFY(!selection->isSelected(&tile(0)));
+    QVERIFY(selection->unselect(&tile(3)));
+    QCOMPARE(selectedTiles(), QByteArray("0100"));
+    QVERIFY(!selection->select(&accessibleList()));
+    QVERIFY(selection->selectAll());
+    QCOMPARE(selectedTiles(), QByteArray("1111"));
+    QVERIFY(selection->clear());
+    QCOMPARE(selectedTiles(), QByteArray("0000"));
+}
+
+void AccessibilityTest::theCurrentTileStaysSelectedWhenAnotherIsAdded()
+{
+    QTest::keyClick(&list(), Qt::Key_Down);
+    QCOMPARE(selectedTiles(), QByteArray("1000"));
+    QAccessibleSelectionInterface& selection = *accessibleList().selectionInterface();
+    QVERIFY(selection.select(&tile(2)));
+    QCOMPARE(selectedTiles(), QByteArray("1010"));
+    QVERIFY(selection.clear());
+    QCOMPARE(selectedTiles(), QByteArray("0000"));
+}
+
+#endif
 
 QTEST_MAIN(AccessibilityTest)
 #include "AccessibilityTest.moc"

@@ -28,6 +28,8 @@ private Q_SLOTS:
     void aPressKeepsTheSelectionItHits();
     void allCanBeSelected();
     void onlyItemsOfRowsCanBeSelected();
+    void singleItemsAreAddedAndTakenOut();
+    void theRowThatStoodForTheSelectionStaysWhenAnotherIsAdded();
     void clearingLeavesTheCurrentRow();
     void clearingTheCurrentRowEndsTheSelection();
     void aSelectedItemTakesAllSelectedOnesAlong();
@@ -204,6 +206,30 @@ void SelectionTest::onlyItemsOfRowsCanBeSelected()
     QCOMPARE(m_selection.ids(), QSet<QUuid>{ id('b') });
     m_selection.select({ id('x') });
     QVERIFY(m_selection.isEmpty());
+}
+
+void SelectionTest::singleItemsAreAddedAndTakenOut()
+{
+    m_selection.setSelected(id('d'), true);
+    m_selection.setSelected(id('b'), true);
+    m_selection.setSelected(id('b'), true);
+    m_selection.setSelected(id('z'), true);
+    QCOMPARE(m_selection.ids().size(), 2);
+    QCOMPARE(selected(), QByteArray("bd"));
+    QCOMPARE(current(), '-');
+    m_selection.setSelected(id('b'), false);
+    QCOMPARE(selected(), QByteArray("d"));
+}
+
+void SelectionTest::theRowThatStoodForTheSelectionStaysWhenAnotherIsAdded()
+{
+    m_selection.moveTo(2, {});
+    m_selection.setSelected(id('e'), true);
+    QCOMPARE(targets(), QByteArray("ce"));
+    m_selection.setSelected(id('e'), false);
+    m_selection.setSelected(id('c'), false);
+    QCOMPARE(targets(), QByteArray());
+    QCOMPARE(current(), 'c');
 }
 
 void SelectionTest::clearingLeavesTheCurrentRow()

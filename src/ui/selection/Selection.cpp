@@ -165,6 +165,16 @@ void Selection::select(const QSet<QUuid>& ids)
     m_currentStandsForSelection = true;
 }
 
+void Selection::setSelected(const QUuid& id, bool isSelected)
+{
+    keepTargets();
+    if (!isSelected)
+        m_selected.remove(id);
+    else if (rowOf(id))
+        m_selected.insert(id);
+    m_currentStandsForSelection = false;
+}
+
 void Selection::clear()
 {
     m_selected.clear();

@@ -58,6 +58,10 @@ public:
     /// Selects those of these items that have a row, and no others.
     void select(const QSet<QUuid>& ids);
 
+    /// Adds an item to what is selected, or takes it out. The current row stays; if it stood for the selection, it is
+    /// selected itself from now on.
+    void setSelected(const QUuid& id, bool isSelected);
+
     /// Ends the selection. The current row stays.
     void clear();
 

@@ -92,6 +92,66 @@ private:
     ShelfItemView& m_tile;
 };
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+
+/// Which of the tiles in view are selected, for assistive programs that select some.
+class AccessibleSelection final : public QAccessibleSelectionInterface {
+public:
+    explicit AccessibleSelection(TileList& list)
+        : m_list(list)
+    {
+    }
+
+    [[nodiscard]] int selectedItemCount() const override { return static_cast<int>(selectedItems().size()); }
+
+    [[nodiscard]] QList<QAccessibleInterface*> selectedItems() const override
+    {
+        QList<QAccessibleInterface*> selected;
+        for (ShelfItemView* tile : m_list.tilesInOrder()) {
+            if (m_list.selection().isTarget(tile->itemId()))
+                selected.append(QAccessible::queryAccessibleInterface(tile));
+        }
+        return selected;
+    }
+
+    [[nodiscard]] bool isSelected(QAccessibleInterface* child) const override
+    {
+        return selectedItems().contains(child);
+    }
+
+    bool select(QAccessibleInterface* child) override { return setSelected(child, true); }
+    bool unselect(QAccessibleInterface* child) override { return setSelected(child, false); }
+
+    bool selectAll() override
+    {
+        m_list.selectAll();
+        return true;
+    }
+
+    // Also the tile that keys are for while no tile is selected.
+    bool clear() override
+    {
+        m_list.endSelection();
+        for (QAccessibleInterface* child : selectedItems())
+            unselect(child);
+        return true;
+    }
+
+private:
+    bool setSelected(QAccessibleInterface* child, bool isSelected)
+    {
+        const auto* tile = child ? qobject_cast<ShelfItemView*>(child->object()) : nullptr;
+        if (!tile)
+            return false;
+        m_list.setSelected(tile->itemId(), isSelected);
+        return true;
+    }
+
+    TileList& m_list;
+};
+
+#endif
+
 /// Presents the tiles in view as a list.
 class AccessibleTileList final : public QAccessibleWidget {
 public:
@@ -101,6 +161,13 @@ public:
     {
     }
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    [[nodiscard]] void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::SelectionInterface ? &m_selection : QAccessibleWidget::interface_cast(type);
+    }
+#endif
+
     [[nodiscard]] QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
@@ -109,7 +176,10 @@ public:
         return state;
     }
 
-    [[nodiscard]] int childCount() const override { return m_list.tileCount(); }
+    [[nodiscard]] int childCount() const override
+    {
+        return m_list.tileCount();
+    }
 
     [[nodiscard]] QAccessibleInterface* child(int index) const override
     {
@@ -135,6 +205,9 @@ public:
 
 private:
     TileList& m_list;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    AccessibleSelection m_selection{ m_list };
+#endif
 };
 
 QAccessibleInterface* makeInterface(const QString& /*className*/, QObject* object)

@@ -178,9 +178,9 @@ void TileList::choose(const QUuid& id, Qt::KeyboardModifiers modifiers)
     change([&] { m_selection.click(*row, modifiers); });
 }
 
-void TileList::selectAll()
+void TileList::setSelected(const QUuid& id, bool isSelected)
 {
-    change([this] { m_selection.selectAll(); });
+    change([&] { m_selection.setSelected(id, isSelected); });
 }
 
 bool TileList::endSelection()

@@ -71,7 +71,13 @@ public:
     /// The tile of `id` was clicked with Control or Shift.
     void choose(const QUuid& id, Qt::KeyboardModifiers modifiers);
 
-    void selectAll();
+    void selectAll()
+    {
+        change([this] { m_selection.selectAll(); });
+    }
+
+    /// Selects an item, or takes it out of the selection. The others stay as they are.
+    void setSelected(const QUuid& id, bool isSelected);
 
     /// Ends the rubber band, or else the selection. Returns false if there was neither.
     bool endSelection();
