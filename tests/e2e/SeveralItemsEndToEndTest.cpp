@@ -1,44 +1,17 @@
 #include "Browser.h"
-#include "ShelfDesktop.h"
+#include "SeveralItemsDesktop.h"
 #include "Waiting.h"
 #include "WebServer.h"
 
 #include <QDir>
 #include <QFile>
-#include <QUrl>
 #include <QtTest>
-
-#include <filesystem>
-#include <vector>
 
 using namespace nookle::e2e;
 
 namespace {
 
-struct TestFile {
-    const char* folder;
-    const char* name;
-    const char* content;
-};
-
-/// Five files from three folders, in the order in which they are put on the shelf.
-const std::vector<TestFile> files{ { "letters", "a letter.txt", "Dear all,\n" },
-                                   { "letters", "\xc3\xbc 100%.txt", "another\n" },
-                                   { "bills", "bill.pdf", "%PDF-1.4 not really" },
-                                   { "bills", "paid.csv", "a;b\n1;2\n" },
-                                   { "pictures", "raw.bin", "\x01\x02\xff" } };
-
-/// From one tile to the next, in the font of the private desktop.
-inline constexpr int tileDistance = 86;
-/// From the upper right corner of the panel to the handle of all items.
-inline constexpr QPoint intoHandle(-41, 17);
 inline constexpr QPoint uploadPlace(120, 100);
-
-[[nodiscard]] QByteArray bytesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 
 /// Reports the names and the contents of the files that it gets.
 [[nodiscard]] QByteArray uploadPage()
@@ -52,7 +25,7 @@ inline constexpr QPoint uploadPlace(120, 100);
 
 } // namespace
 
-class SeveralItemsEndToEndTest : public QObject, private ShelfDesktop {
+class SeveralItemsEndToEndTest : public QObject, private SeveralItemsDesktop {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -72,23 +45,6 @@ private Q_SLOTS:
     void filesThatAreDroppedOnTheTrashLeaveTheShelf();
 
 private:
-    [[nodiscard]] QString home(const QString& path) const { return m_desktop->home(path); }
-    [[nodiscard]] static QString pathOf(const TestFile& file)
-    {
-        return QString::fromUtf8(file.folder) + QLatin1Char('/') + QString::fromUtf8(file.name);
-    }
-    [[nodiscard]] QByteArray addressOf(const TestFile& file) const
-    {
-        return QUrl::fromLocalFile(home(pathOf(file))).toEncoded();
-    }
-    [[nodiscard]] bool putFilesOnShelf();
-    [[nodiscard]] bool putTextOnShelf(const QByteArray& text);
-    [[nodiscard]] bool showShelf();
-    [[nodiscard]] QPoint handle() const { return m_shelf->panel()->frame.topRight() + intoHandle; }
-    [[nodiscard]] QPoint tile(int row) const { return m_shelf->firstTile() + QPoint(0, row * tileDistance); }
-    void clickWithControl(const QPoint& place);
-    /// Drags to a place, and lingers there as a hand does: nothing shows that a program has answered the last movement.
-    [[nodiscard]] bool dragTo(const QPoint& from, const QPoint& to);
     [[nodiscard]] std::optional<XWindow> openGtkTarget(const QString& version, const QString& taken);
     [[nodiscard]] bool arrives(const QByteArray& expected);
 
@@ -109,13 +65,9 @@ void SeveralItemsEndToEndTest::initTestCase()
 
 void SeveralItemsEndToEndTest::init()
 {
-    for (const char* folder : { "data/Nookle", "data/Trash", "target" })
-        std::filesystem::remove_all(home(QLatin1String(folder)).toStdString());
-    for (const TestFile& file : files)
-        m_desktop->writeFile(pathOf(file), file.content);
     for (const char* file : { "received", "received.over" })
         QFile::remove(home(QLatin1String(file)));
-    QVERIFY(m_shelf->start());
+    QVERIFY(startShelf());
 }
 
 void SeveralItemsEndToEndTest::cleanup()
@@ -125,46 +77,6 @@ void SeveralItemsEndToEndTest::cleanup()
     m_peer.reset();
     m_files.reset();
     QVERIFY(m_shelf->stop());
-}
-
-bool SeveralItemsEndToEndTest::putFilesOnShelf()
-{
-    QStringList paths;
-    for (const TestFile& file : files)
-        paths.append(home(pathOf(file)));
-    return m_shelf->startAgain(paths) == 0 && waitFor([this] { return m_shelf->savedItems().size() == 5; });
-}
-
-bool SeveralItemsEndToEndTest::putTextOnShelf(const QByteArray& text)
-{
-    const auto before = m_shelf->savedItems().size();
-    return offerToShelf(text, QStringLiteral("text/plain"))
-        && waitFor([&] { return m_shelf->savedItems().size() == before + 1; });
-}
-
-bool SeveralItemsEndToEndTest::showShelf()
-{
-    return m_shelf->startAgain() == 0 && waitFor([this] { return m_shelf->isAtRest(rightEdge()); });
-}
-
-void SeveralItemsEndToEndTest::clickWithControl(const QPoint& place)
-{
-    screen().moveTo(place);
-    screen().pressKey(XScreen::control);
-    screen().press();
-    screen().release();
-    screen().releaseKey(XScreen::control);
-}
-
-bool SeveralItemsEndToEndTest::dragTo(const QPoint& from, const QPoint& to)
-{
-    if (!screen().beginDrag(from))
-        return false;
-    constexpr int movements = 60;
-    for (int movement = 0; movement < movements; ++movement)
-        screen().moveTo(to + QPoint(movement % 2, 3));
-    screen().release();
-    return true;
 }
 
 std::optional<XWindow> SeveralItemsEndToEndTest::openGtkTarget(const QString& version, const QString& taken)
@@ -189,8 +101,8 @@ void SeveralItemsEndToEndTest::fiveFilesFromThreeFoldersGoIntoOneFolderInOneDrag
     QVERIFY(m_files);
     QVERIFY(showShelf());
     QVERIFY(dragTo(handle(), m_files->emptyPlace()));
-    for (const TestFile& file : files) {
-        const QString arrived = home(QStringLiteral("target/") + QString::fromUtf8(file.name));
+    for (const TestFile& file : files()) {
+        const QString arrived = QStringLiteral("target/") + QString::fromUtf8(file.name);
         QVERIFY2(waitFor([&] { return bytesOf(arrived) == file.content; }), file.name);
     }
     QCOMPARE(QDir(home(QStringLiteral("target"))).count(), 6U + 2U);
@@ -205,7 +117,7 @@ void SeveralItemsEndToEndTest::fiveFilesGoIntoAnUploadFieldInOneDrag()
     QVERIFY(showShelf());
     QVERIFY(dragTo(handle(), browser->at(uploadPlace)));
     QByteArrayList expected;
-    for (const TestFile& file : files)
+    for (const TestFile& file : files())
         expected.append(QByteArray(file.name) + '=' + QString::fromUtf8(file.content).toUtf8());
     QVERIFY(waitFor([&] { return m_server.posted(QStringLiteral("/uploaded")) == expected.join('|'); }));
 }
@@ -231,7 +143,7 @@ void SeveralItemsEndToEndTest::fiveFilesAreAListForPrograms()
     QVERIFY(showShelf());
     QVERIFY(dragTo(handle(), target->frame.center()));
     QByteArrayList expected;
-    for (const TestFile& file : files)
+    for (const TestFile& file : files())
         expected.append(addressOf(file));
     QVERIFY(arrives(taken == QStringLiteral("files") ? expected.join('\n') + '\n' : expected.join('\n')));
 }
@@ -245,7 +157,7 @@ void SeveralItemsEndToEndTest::aSelectionOfTwoTilesTakesThoseTwo()
     clickWithControl(tile(3));
     clickWithControl(tile(1));
     QVERIFY(dragTo(tile(3), target->frame.center()));
-    QVERIFY(arrives(addressOf(files[1]) + '\n' + addressOf(files[3]) + '\n'));
+    QVERIFY(arrives(addressOf(files()[1]) + '\n' + addressOf(files()[3]) + '\n'));
 }
 
 void SeveralItemsEndToEndTest::aMixedSelectionIsFilesForSomeAndTextForOthers_data()
@@ -267,8 +179,8 @@ void SeveralItemsEndToEndTest::aMixedSelectionIsFilesForSomeAndTextForOthers()
     clickWithControl(tile(2));
     clickWithControl(tile(1));
     QVERIFY(dragTo(tile(0), target->frame.center()));
-    const QByteArray first = addressOf(files[0]);
-    const QByteArray second = addressOf(files[1]);
+    const QByteArray first = addressOf(files()[0]);
+    const QByteArray second = addressOf(files()[1]);
     const QByteArray asFiles = first + '\n' + second + '\n';
     const QByteArray asText = "some words\n\n" + first + "\n\n" + second;
     QVERIFY(arrives(taken == QStringLiteral("files") ? asFiles : asText));
@@ -294,7 +206,7 @@ void SeveralItemsEndToEndTest::filesThatAreDroppedOnTheTrashLeaveTheShelf()
     QVERIFY(showShelf());
     QVERIFY(dragTo(handle(), window->frame.center()));
     QVERIFY(waitFor([this] { return m_shelf->savedItems().isEmpty(); }));
-    for (const TestFile& file : files)
+    for (const TestFile& file : files())
         QVERIFY(QFile::exists(home(QStringLiteral("data/Trash/files/") + QString::fromUtf8(file.name))));
 }
 
