@@ -11,7 +11,18 @@ namespace nookle::e2e {
 class Hand {
 public:
     enum class Button { left = 0x110, right = 0x111 };
-    enum class Key { escape = 1, o = 24, enter = 28, control = 29, k = 37, c = 46, n = 49, up = 103, super = 125 };
+    enum class Key {
+        escape = 1,
+        o = 24,
+        enter = 28,
+        control = 29,
+        k = 37,
+        shift = 42,
+        c = 46,
+        n = 49,
+        up = 103,
+        super = 125
+    };
 
     /// Takes hold of the mouse of the compositor that listens on that socket, whichever way it offers; null when it
     /// offers none. `desktop` is the size of the whole desktop.
