@@ -11,6 +11,8 @@
 #include <QElapsedTimer>
 
 #include <algorithm>
+#include <chrono>
+#include <cmath>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -50,9 +52,21 @@ struct Usage {
                  descriptors.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size()) };
 }
 
-/// From the movement that begins a drag of everything until the drag is there, in milliseconds. The drop is over
-/// nothing that takes it.
-[[nodiscard]] std::optional<double> timeOfDrag(XScreen& screen, const Shelf& shelf)
+[[nodiscard]] double milliseconds(std::chrono::nanoseconds time)
+{
+    return static_cast<double>(time.count()) / 1e6;
+}
+
+/// In milliseconds.
+struct Duration {
+    /// As a user sees it: what else runs on the machine adds to it.
+    double seen = 0;
+    /// What the program itself has taken of the processors.
+    double own = 0;
+};
+
+/// From the movement that begins a drag of everything until the drag is there. The drop is over nothing that takes it.
+[[nodiscard]] std::optional<Duration> timeOfDrag(XScreen& screen, const Shelf& shelf)
 {
     const auto panel = shelf.panel();
     if (!panel)
@@ -60,16 +74,41 @@ struct Usage {
     screen.disown(dragSelection);
     screen.moveTo(panel->frame.topRight() + intoHandle);
     screen.press();
+    const auto before = processorTime(shelf.processId());
     QElapsedTimer elapsed;
     elapsed.start();
     screen.moveBy(QPoint(-20, 0));
     while (!screen.hasOwner(dragSelection) && elapsed.elapsed() < patience)
         std::this_thread::sleep_for(200us);
-    const auto time = static_cast<double>(elapsed.nsecsElapsed()) / 1e6;
+    const Duration time{ milliseconds(std::chrono::nanoseconds(elapsed.nsecsElapsed())),
+                         milliseconds(processorTime(shelf.processId()) - before) };
     const bool hasBegun = screen.hasOwner(dragSelection);
     screen.release();
     std::this_thread::sleep_for(timeToEnd);
     return hasBegun ? std::optional(time) : std::nullopt;
+}
+
+/// The value that this share of all does not exceed.
+[[nodiscard]] double quantile(std::vector<double> values, double share)
+{
+    const auto place = values.begin() + std::lround(share * static_cast<double>(values.size() - 1));
+    std::nth_element(values.begin(), place, values.end());
+    return *place;
+}
+
+void addDurations(const std::vector<Duration>& durations, Report& report)
+{
+    constexpr double budget = 100;
+    std::vector<double> seen;
+    std::vector<double> own;
+    for (const Duration& each : durations) {
+        seen.push_back(each.seen);
+        own.push_back(each.own);
+    }
+    report.addTime(QStringLiteral("dragging 1,000 items, from the movement to the drag"), quantile(seen, 0.5), budget);
+    report.addTime(QStringLiteral("19 of 20 such drags"), quantile(seen, 0.95), budget);
+    report.addTime(QStringLiteral("the slowest of 40 such drags"), quantile(seen, 1), budget);
+    report.addTime(QStringLiteral("the same in processor time"), quantile(own, 1), budget);
 }
 
 } // namespace
@@ -85,7 +124,7 @@ bool addDragOut(const Programs& programs, Report& report)
     Shelf shelf(*desktop, programs.nookle);
     if (!shelf.start() || !waitFor([&] { return shelf.isAtRest(screen.geometry().width()); }))
         return false;
-    std::vector<double> times;
+    std::vector<Duration> durations;
     Usage before;
     for (int run = 0; run < runs; ++run) {
         if (run == firstRuns)
@@ -95,12 +134,10 @@ bool addDragOut(const Programs& programs, Report& report)
             qWarning("no drag of everything begins: %s", shelf.log().constData());
             return false;
         }
-        times.push_back(*time);
+        durations.push_back(*time);
     }
     const Usage after = usage(shelf);
-    const auto middle = times.begin() + runs / 2;
-    std::nth_element(times.begin(), middle, times.end());
-    report.addTime(QStringLiteral("dragging 1,000 items, from the movement to the drag"), *middle, 100);
+    addDurations(durations, report);
     report.addAmount(QStringLiteral("own memory after 40 such drags / after 20"), after.memory / before.memory, {},
                      1.05);
     report.addAmount(QStringLiteral("open files after 40 such drags / after 20"),
