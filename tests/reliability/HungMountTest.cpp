@@ -34,6 +34,7 @@ private Q_SLOTS:
     void aScreenshotFolderThatDoesNotAnswerBlocksNothing();
     void aLinkBesideTheScreenshotsThatDoesNotAnswerBlocksNothing();
     void anArgumentThatDoesNotAnswerBlocksNothing();
+    void copyingRemovingAndPastingBlockNothing();
 
 private:
     [[nodiscard]] bool mount();
@@ -48,6 +49,11 @@ private:
     [[nodiscard]] bool add(const QString& path, int milliseconds = patience) const;
     /// Whether the program answers within two seconds, and its panel comes.
     [[nodiscard]] bool showsItself() const;
+    /// Shows the shelf with the keyboard focus.
+    [[nodiscard]] bool takeKeyboard() const;
+    /// Presses the key while these are held.
+    void press(const QList<xcb_keysym_t>& held, xcb_keysym_t key) const;
+    [[nodiscard]] bool soonHolds(qsizetype items) const;
     /// Whether it ends within two seconds.
     [[nodiscard]] bool endsAtOnce();
     /// The references of the saved files that know more than a path.
@@ -149,6 +155,30 @@ bool HungMountTest::showsItself() const
     m_bus->beginAddToShelf({}, QStringLiteral("text %1").arg(items));
     return waitFor([&] { return m_shelf->savedItems().size() == items + 1; }, promptness)
         && waitFor([&] { return m_shelf->isAtRest(m_desktop->screen().geometry().width()); }, promptness);
+}
+
+void HungMountTest::press(const QList<xcb_keysym_t>& held, xcb_keysym_t key) const
+{
+    XScreen& screen = m_desktop->screen();
+    for (const xcb_keysym_t each : held)
+        screen.pressKey(each);
+    screen.pressKey(key);
+    screen.releaseKey(key);
+    for (const xcb_keysym_t each : held)
+        screen.releaseKey(each);
+}
+
+bool HungMountTest::soonHolds(qsizetype items) const
+{
+    return waitFor([&] { return m_shelf->savedItems().size() == items; }, promptness);
+}
+
+bool HungMountTest::takeKeyboard() const
+{
+    constexpr xcb_keysym_t shift = 0xffe1;
+    press({ XScreen::control, XScreen::alt, XScreen::super, shift }, 'd');
+    return waitFor([this] { return m_shelf->panel() && m_desktop->screen().focus() == m_shelf->panel()->id; },
+                   promptness);
 }
 
 bool HungMountTest::endsAtOnce()
@@ -285,6 +315,32 @@ void HungMountTest::anArgumentThatDoesNotAnswerBlocksNothing()
     QVERIFY(waitFor([this] { return m_shelf->savedFileNames() == QStringList{ QStringLiteral("picture.png") }; }));
     QVERIFY(showsItself());
     QVERIFY(endsAtOnce());
+}
+
+void HungMountTest::copyingRemovingAndPastingBlockNothing()
+{
+    constexpr xcb_keysym_t deletion = 0xffff;
+    QVERIFY(m_shelf->start());
+    QVERIFY(add(file(QStringLiteral("server/picture.png"))));
+    QVERIFY(waitFor([this] { return identifiedFiles() == 1; }));
+    QVERIFY(add(file(QStringLiteral("server/other.txt"))));
+    hang();
+    QVERIFY(takeKeyboard());
+    press({ XScreen::control }, 'a');
+    press({ XScreen::control }, 'c');
+    QVERIFY(waitFor([this] { return m_desktop->screen().hasOwner("CLIPBOARD"); }, promptness));
+    press({}, deletion);
+    QVERIFY(soonHolds(0));
+    press({ XScreen::control }, 'z');
+    QVERIFY(soonHolds(2));
+    press({ XScreen::control }, 'a');
+    press({}, deletion);
+    QVERIFY(soonHolds(0));
+    press({ XScreen::control }, 'v');
+    QVERIFY(soonHolds(2));
+    QVERIFY(showsItself());
+    QVERIFY(endsAtOnce());
+    QCOMPARE(complaints(), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(HungMountTest)
