@@ -9,7 +9,8 @@ QByteArray ContentReader::Arrived::data(const QString& format) const
     const auto bytes = m_bytes.constFind(format);
     if (bytes != m_bytes.constEnd())
         return *bytes;
-    if (!m_missing)
+    // Some owners do not even refuse what they do not offer.
+    if (!m_missing && m_formats.contains(format))
         m_missing = format;
     return {};
 }

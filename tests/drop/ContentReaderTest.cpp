@@ -17,6 +17,7 @@ private Q_SLOTS:
     void nothingHappensUntilTheOwnerAnswers();
     void whatIsReadIsThereWhenItIsDone();
     void eachFormatIsAskedForOnce();
+    void whatIsNotOfferedIsNotAskedFor();
     void contentWithoutFormatsIsDoneAtOnce();
     void aFormatThatIsNotDeliveredIsEmptyAndTheNextIsTried();
     void aReadingThatIsAskedForMeanwhileFollows();
@@ -73,6 +74,21 @@ void ContentReaderTest::eachFormatIsAskedForOnce()
     m_queue->advance(100);
     QCOMPARE(m_done, QStringList{ QStringLiteral("words") });
     QCOMPARE(m_pasteboard->payload.read, QStringList({ QStringLiteral("image/png"), QStringLiteral("UTF8_STRING") }));
+}
+
+void ContentReaderTest::whatIsNotOfferedIsNotAskedFor()
+{
+    m_pasteboard->payload.offer("text/plain", "words");
+    ContentReader reader([this] { return m_pasteboard->contents(); },
+                         [](const DropPayload& payload) {
+                             static_cast<void>(payload.data(QStringLiteral("text/uri-list")));
+                             static_cast<void>(payload.data(QStringLiteral("text/plain")));
+                         },
+                         [this](const DropPayload&) { m_done.append(QStringLiteral("done")); });
+    reader.read();
+    m_queue->advance(2);
+    QCOMPARE(m_done, QStringList{ QStringLiteral("done") });
+    QCOMPARE(m_pasteboard->payload.read, QStringList{ QStringLiteral("text/plain") });
 }
 
 void ContentReaderTest::contentWithoutFormatsIsDoneAtOnce()
