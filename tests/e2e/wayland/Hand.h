@@ -19,6 +19,7 @@ public:
         k = 37,
         shift = 42,
         c = 46,
+        v = 47,
         n = 49,
         up = 103,
         super = 125
