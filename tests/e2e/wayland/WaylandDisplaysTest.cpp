@@ -1,0 +1,78 @@
+#include "Waiting.h"
+#include "WaylandShelfDesktop.h"
+
+#include <QDir>
+#include <QtTest>
+
+using namespace nookle::e2e;
+
+/// Displays that change while the panel is shown.
+class WaylandDisplaysTest : public QObject, private WaylandShelfDesktop {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup();
+
+    void thePinnedPanelFollowsItsDisplay();
+
+private:
+    /// Has sway run a command.
+    [[nodiscard]] bool command(const QString& words);
+    /// Whether the panel lies at that edge, seen in a row of the desktop. Independent of the display's scale.
+    [[nodiscard]] bool isPanelAt(int edge, int row = 300) const;
+
+    static constexpr int width = WaylandDesktop::displaySize.width();
+};
+
+void WaylandDisplaysTest::cleanup()
+{
+    if (QTest::currentTestFailed())
+        tellFailure(QStringLiteral("displays-%1.png").arg(QLatin1String(QTest::currentTestFunction())));
+    tearDownDesktop();
+}
+
+bool WaylandDisplaysTest::command(const QString& words)
+{
+    const QString folder = home("runtime");
+    const QString socket = QDir(folder).entryList({ QStringLiteral("sway-ipc.*") }, QDir::System).value(0);
+    m_desktop->setVariable(QStringLiteral("SWAYSOCK"), folder + QLatin1Char('/') + socket);
+    return m_desktop->start(QStringLiteral("swaymsg"), words.split(QLatin1Char(' ')))->waitForExit() == 0;
+}
+
+bool WaylandDisplaysTest::isPanelAt(int edge, int row) const
+{
+    constexpr int panelWidth = 112;
+    constexpr int beside = 8;
+    const QImage picture = m_desktop->picture(QRect(edge - panelWidth - beside, row, panelWidth + beside, 1));
+    if (picture.isNull())
+        return false;
+    const auto colour = [&](int point) { return picture.pixel(point * picture.width() / (panelWidth + beside), 0); };
+    // Its colour begins within its border, and reaches to the edge.
+    constexpr int border = 4;
+    return colour(0) == colour(beside - border) && colour(0) != colour(beside + border)
+        && colour(beside + border) == colour(panelWidth + beside - 1);
+}
+
+void WaylandDisplaysTest::thePinnedPanelFollowsItsDisplay()
+{
+    QVERIFY(setUpDesktop(WaylandDesktop::Compositor::sway, 2));
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
+    QVERIFY(startShelf());
+    QVERIFY(waitFor([this] { return isPanelAt(width) || isPanelAt(2 * width); }));
+    const bool isFirst = isPanelAt(width);
+    const QString display = isFirst ? QStringLiteral("HEADLESS-1") : QStringLiteral("HEADLESS-2");
+    const int left = isFirst ? 0 : width;
+
+    QVERIFY(command(QStringLiteral("output %1 scale 2").arg(display)));
+    QVERIFY(waitFor([&] { return isPanelAt(left + width / 2); }));
+    QVERIFY(command(QStringLiteral("output %1 scale 1.25").arg(display)));
+    QVERIFY(waitFor([&] { return isPanelAt(left + width * 4 / 5); }));
+    QVERIFY(command(QStringLiteral("output %1 scale 1 mode 1600x900").arg(display)));
+    QVERIFY(command(QStringLiteral("output %1 position 0 1000").arg(display)));
+    QVERIFY(waitFor([&] { return isPanelAt(1600, 1800); }));
+    QVERIFY(command(QStringLiteral("output %1 unplug").arg(display)));
+    QVERIFY(waitFor([&] { return isPanelAt(isFirst ? 2 * width : width); }));
+}
+
+QTEST_GUILESS_MAIN(WaylandDisplaysTest)
+#include "WaylandDisplaysTest.moc"
