@@ -65,7 +65,7 @@ bool WaylandDesktop::startCompositor(const Options& options)
         m_compositor = startSway(options.displays);
         break;
     case Compositor::labwc:
-        m_compositor = startLabwc();
+        m_compositor = startLabwc(options.displays);
         break;
     case Compositor::kwin:
     case Compositor::kwinWithX11:
@@ -115,10 +115,10 @@ std::unique_ptr<Program> WaylandDesktop::startSway(int displays)
     return start(QStringLiteral("sway"), { QStringLiteral("-c"), home(QStringLiteral("sway.conf")) });
 }
 
-std::unique_ptr<Program> WaylandDesktop::startLabwc()
+std::unique_ptr<Program> WaylandDesktop::startLabwc(int displays)
 {
     QDir().mkpath(home(QStringLiteral("labwc")));
-    useWlrootsWithoutScreen(1);
+    useWlrootsWithoutScreen(displays);
     return start(QStringLiteral("labwc"), { QStringLiteral("-C"), home(QStringLiteral("labwc")) });
 }
 

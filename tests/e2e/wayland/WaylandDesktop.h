@@ -62,7 +62,7 @@ private:
 
     [[nodiscard]] bool startCompositor(const Options& options);
     [[nodiscard]] std::unique_ptr<Program> startSway(int displays);
-    [[nodiscard]] std::unique_ptr<Program> startLabwc();
+    [[nodiscard]] std::unique_ptr<Program> startLabwc(int displays);
     [[nodiscard]] std::unique_ptr<Program> startKWin(const Options& options) const;
     [[nodiscard]] bool startGnome(int displays);
     /// Lets programs know the X server that the compositor has started.
