@@ -12,6 +12,7 @@ int main(int argc, char* argv[])
     const QRect screen = QApplication::primaryScreen()->geometry();
     QWidget window;
     window.setGeometry(screen.right() + 1 - width, margin, width, screen.height() - 2 * margin);
+    window.setWindowTitle(QStringLiteral("floor"));
     window.show();
     return QApplication::exec();
 }

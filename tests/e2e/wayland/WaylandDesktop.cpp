@@ -106,7 +106,7 @@ std::unique_ptr<Program> WaylandDesktop::startSway(int displays)
 {
     QByteArray configuration("default_border none\nfocus_follows_mouse no\nxwayland disable\n"
                              "for_window [app_id=\".*\"] move container to output HEADLESS-1\n"
-                             "for_window [title=\"moving\"] floating enable\n");
+                             "for_window [title=\"^(moving|floor)$\"] floating enable\n");
     for (int display = 0; display < displays; ++display)
         configuration += "output HEADLESS-" + QByteArray::number(display + 1) + " position "
             + QByteArray::number(display * displaySize.width()) + " 0\n";
