@@ -52,7 +52,12 @@ bool WaylandItemsTest::dropOnShelf(const QByteArray& addresses)
         return false;
     // From the edge the drag comes over another window, which takes it anew.
     hand().moveTo(QPoint(WaylandDesktop::displaySize.width() - 60, middle.y()));
-    if (!isTaken(1))
+    const bool isOnPanel = waitFor([this] {
+        // KWin tells a window that has just come of the drag only with the next movement.
+        hand().moveTo(hand().position() + QPoint(0, 1));
+        return timesSaid("taken") > 1;
+    });
+    if (!isOnPanel)
         return false;
     hand().release();
     return waitFor([this] { return content("result") == "taken"; });
