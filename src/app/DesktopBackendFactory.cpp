@@ -48,6 +48,12 @@ namespace {
     return facts;
 }
 
+/// Sway gives a dock of an X11 program a tile of its own, also while the dock is parked.
+[[nodiscard]] WindowPlacing placingUnderXWayland()
+{
+    return qEnvironmentVariableIsSet("SWAYSOCK") ? WindowPlacing::program : WindowPlacing::windowManager;
+}
+
 #ifdef NOOKLE_HAS_WAYLAND
 /// Whether the compositor offers each drag of a Wayland program to X11 programs, too, at its start.
 [[nodiscard]] bool tellsOfDrags()
@@ -77,7 +83,9 @@ std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)
         return std::make_unique<X11Backend>();
     case DesktopKind::xwayland:
         // A key that the X server gives would work over X11 windows only.
-        return std::make_unique<X11Backend>(std::make_unique<SessionShortcuts>(), &makeXWaylandManner);
+        return std::make_unique<X11Backend>(std::make_unique<SessionShortcuts>(), [](const X11Server& server) {
+            return makeXWaylandManner(server, placingUnderXWayland());
+        });
     case DesktopKind::wayland:
 #ifdef NOOKLE_HAS_WAYLAND
         return makeWaylandBackend();

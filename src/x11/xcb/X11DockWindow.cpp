@@ -9,7 +9,7 @@
 
 namespace nookle {
 
-X11DockWindow::X11DockWindow(xcb_connection_t* connection, std::uint32_t window)
+X11DockWindow::X11DockWindow(xcb_connection_t* connection, std::uint32_t window, WindowPlacing placing)
     : m_connection(connection)
     , m_window(window)
     , m_atoms(connection,
@@ -17,6 +17,9 @@ X11DockWindow::X11DockWindow(xcb_connection_t* connection, std::uint32_t window)
                 "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_USER_TIME", "_NET_WM_WINDOW_TYPE",
                 "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_UTILITY" })
 {
+    const std::uint32_t isOwn = 1;
+    if (placing == WindowPlacing::program)
+        xcb_change_window_attributes(m_connection, m_window, XCB_CW_OVERRIDE_REDIRECT, &isOwn);
 }
 
 void X11DockWindow::setNumbers(QByteArrayView property, std::uint32_t type, const std::vector<std::uint32_t>& numbers)

@@ -11,13 +11,21 @@ struct xcb_connection_t;
 
 namespace nookle {
 
+/// Who places a window.
+enum class WindowPlacing {
+    windowManager,
+    /// This program alone. Some compositors then give the window no drags, and no keys.
+    program,
+};
+
 /// What the panel's windows have in common on X11. A managed window of the dock type is on all workspaces, above the
 /// others, in no window list, and takes no focus when it is shown. Some window managers deliver drags only to managed
 /// windows. Main thread only.
 class X11DockWindow final {
 public:
-    /// `connection` must outlive this object.
-    X11DockWindow(xcb_connection_t* connection, std::uint32_t window);
+    /// `connection` must outlive this object. `window` has not been shown.
+    X11DockWindow(xcb_connection_t* connection, std::uint32_t window,
+                  WindowPlacing placing = WindowPlacing::windowManager);
 
     /// Makes the window a dock. Window managers remove some of the properties when a window is hidden, so call this
     /// before each showing.

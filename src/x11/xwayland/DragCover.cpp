@@ -20,9 +20,9 @@ namespace {
 
 } // namespace
 
-DragCover::DragCover(const QRect& parking, xcb_connection_t* connection)
+DragCover::DragCover(const QRect& parking, xcb_connection_t* connection, WindowPlacing placing)
     : m_parking(parking)
-    , m_dock(connection, createTransparent(*this))
+    , m_dock(connection, createTransparent(*this), placing)
 {
     setGeometry(m_parking);
     m_dock.setProperties();

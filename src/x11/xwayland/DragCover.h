@@ -16,7 +16,7 @@ class DragCover final : public QRasterWindow {
 
 public:
     /// A parked cover. `parking` is in pixels.
-    DragCover(const QRect& parking, xcb_connection_t* connection);
+    DragCover(const QRect& parking, xcb_connection_t* connection, WindowPlacing placing);
     ~DragCover() override;
 
     /// Covers `area`, in points, of the display with the full frame `display`. The pointer goes through it.

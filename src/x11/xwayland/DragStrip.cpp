@@ -17,10 +17,10 @@ namespace {
 
 } // namespace
 
-DragStrip::DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection)
+DragStrip::DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection, WindowPlacing placing)
     : m_display(display)
     , m_parking(parking)
-    , m_dock(connection, createFrameless(*this))
+    , m_dock(connection, createFrameless(*this), placing)
 {
     setGeometry(m_parking);
     m_dock.setProperties();

@@ -15,7 +15,7 @@ class DragStrip final : public StripWindow {
 
 public:
     /// A parked strip for the display with that full frame. `parking` is in pixels.
-    DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection);
+    DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection, WindowPlacing placing);
     ~DragStrip() override;
 
     [[nodiscard]] QRectF display() const { return m_display; }

@@ -10,9 +10,10 @@
 
 namespace nookle {
 
-DragStrips::DragStrips(const Services& services, xcb_connection_t* connection)
+DragStrips::DragStrips(const Services& services, xcb_connection_t* connection, WindowPlacing placing)
     : m_services(services)
     , m_connection(connection)
+    , m_placing(placing)
 {
     m_services.input.onWatchedChanged = [this] { update(); };
     m_services.drags.onChanged = [this] { update(); };
@@ -46,7 +47,7 @@ void DragStrips::makeStrips()
 {
     const QRect parking = pixelBeyond(m_services.displays.frames());
     for (const QRectF& frame : m_services.displays.frames()) {
-        auto strip = std::make_unique<DragStrip>(frame, parking, m_connection);
+        auto strip = std::make_unique<DragStrip>(frame, parking, m_connection, m_placing);
         strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) { handleDrag(event, position); };
         strip->onDragLeft = [this] {
             m_services.pointer.leave();

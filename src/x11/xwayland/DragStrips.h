@@ -24,7 +24,7 @@ public:
     };
 
     /// All arguments must outlive this object.
-    DragStrips(const Services& services, xcb_connection_t* connection);
+    DragStrips(const Services& services, xcb_connection_t* connection, WindowPlacing placing);
     ~DragStrips();
     DragStrips(const DragStrips&) = delete;
     DragStrips& operator=(const DragStrips&) = delete;
@@ -49,6 +49,7 @@ private:
 
     Services m_services;
     xcb_connection_t* m_connection;
+    WindowPlacing m_placing;
     bool m_areNeeded = false;
     std::vector<std::unique_ptr<DragStrip>> m_strips;
 };

@@ -38,8 +38,9 @@ public:
 
 class XWaylandManner final : public X11Manner {
 public:
-    explicit XWaylandManner(const X11Server& server)
+    XWaylandManner(const X11Server& server, WindowPlacing placing)
         : m_server(server)
+        , m_placing(placing)
         , m_end([this] {
             if (onServerGone)
                 onServerGone();
@@ -50,8 +51,8 @@ public:
         , m_serverPointer(server.queries, xcb_setup_roots_iterator(xcb_get_setup(server.connection)).data->root)
         , m_ownDrag(m_serverPointer, m_queue)
         , m_beginningDrag(m_serverPointer, m_queue)
-        , m_cover(pixelBeyond(server.displays.frames()), server.connection)
-        , m_strips({ m_input, m_pointer, m_drags, server.displays }, server.connection)
+        , m_cover(pixelBeyond(server.displays.frames()), server.connection, placing)
+        , m_strips({ m_input, m_pointer, m_drags, server.displays }, server.connection, placing)
     {
         m_ownDrag.onStalled = &QDrag::cancel;
         m_beginningDrag.onSeen = [this] { m_cover.park(); };
@@ -66,6 +67,7 @@ public:
 
 private:
     X11Server m_server;
+    WindowPlacing m_placing;
     CompositorEnd m_end;
     QtMainQueue m_queue;
     X11DragOffers m_offers;
@@ -103,7 +105,8 @@ void XWaylandManner::dragBegins()
 std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double /*cornerRadius*/)
 {
     auto panel = std::make_unique<XWaylandPanelWindow>(
-        window, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags, m_queue }, m_server.connection);
+        window, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags, m_queue }, m_server.connection,
+        m_placing);
     m_panel = panel.get();
     m_strips.onDragEvent = [this](QDropEvent& event, const QPointF& position) {
         if (m_panel)
@@ -122,9 +125,9 @@ std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, do
 
 } // namespace
 
-std::unique_ptr<X11Manner> makeXWaylandManner(const X11Server& server)
+std::unique_ptr<X11Manner> makeXWaylandManner(const X11Server& server, WindowPlacing placing)
 {
-    return std::make_unique<XWaylandManner>(server);
+    return std::make_unique<XWaylandManner>(server, placing);
 }
 
 } // namespace nookle

@@ -29,10 +29,11 @@ inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
 
 } // namespace
 
-XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection)
+XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection,
+                                         WindowPlacing placing)
     : m_window(window)
     , m_services(services)
-    , m_dock(connection, static_cast<std::uint32_t>(window.winId()))
+    , m_dock(connection, static_cast<std::uint32_t>(window.winId()), placing)
     , m_menu(window, services.queue)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {

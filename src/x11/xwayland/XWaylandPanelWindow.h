@@ -35,7 +35,7 @@ public:
     };
 
     /// All arguments must outlive this object. `window` has been created but not shown.
-    XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection);
+    XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection, WindowPlacing placing);
     ~XWaylandPanelWindow() override;
 
     void setFrame(const QRectF& frame) override;
