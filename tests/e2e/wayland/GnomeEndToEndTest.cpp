@@ -40,6 +40,7 @@ private Q_SLOTS:
     void theTileArrivesInX11Programs();
     void aFileGoesFromNautilusOntoTheShelfAndIntoAnotherFolder();
     void aFileGoesIntoAPageOfFirefox();
+    void aDragThatIsReleasedOverTheBareDesktopEnds();
     void theMenuClosesOnEscapeAndWhenThePointerIsAway();
     void noWindowIsOnTheDisplayWhileNothingShows();
     void theShelfShowsAboveAFullScreenProgram();
@@ -190,6 +191,24 @@ void GnomeEndToEndTest::aFileGoesIntoAPageOfFirefox()
     QVERIFY(waitFor([&] { return server.posted(QStringLiteral("/dropped")) == "words"; }));
     QCOMPARE(server.posted(QStringLiteral("/name")), "note one.txt");
     keepPicture(QStringLiteral("gnome-firefox-end.png"));
+}
+
+void GnomeEndToEndTest::aDragThatIsReleasedOverTheBareDesktopEnds()
+{
+    QVERIFY(setUp());
+    QVERIFY(putOnShelf(fileList()));
+    m_peer.reset();
+    QVERIFY(showShelf());
+    dragTileTo(middle);
+    hand().release();
+    // The shell tells nobody; the drag ends ten seconds later.
+    QVERIFY2(waitFor([this] { return isPanelGone(); }), "the drag goes on");
+    keepPicture(QStringLiteral("gnome-bare-desktop.png"));
+    QVERIFY(openPeer({ QStringLiteral("take"), QStringLiteral("text/uri-list"), home("received") }));
+    QVERIFY(showShelf());
+    QVERIFY(dragTileToPeer());
+    QVERIFY(waitFor([this] { return content("received").trimmed() == fileList().trimmed(); }));
+    QCOMPARE(m_shelf->savedItems().size(), 1);
 }
 
 void GnomeEndToEndTest::theMenuClosesOnEscapeAndWhenThePointerIsAway()
