@@ -18,12 +18,6 @@ namespace {
 inline constexpr int rightEdge = WaylandDesktop::displaySize.width();
 inline constexpr int panelWidth = 112;
 
-[[nodiscard]] WaylandDesktop::Compositor compositor()
-{
-    const bool isGnome = qEnvironmentVariable("NOOKLE_ENVIRONMENT") == QLatin1String("gnome");
-    return isGnome ? WaylandDesktop::Compositor::gnome : WaylandDesktop::Compositor::sway;
-}
-
 [[nodiscard]] QJsonObject contentOf(const QJsonObject& item, const char* kind)
 {
     return item.value(QLatin1String("content")).toObject().value(QLatin1String(kind)).toObject();

@@ -8,14 +8,6 @@ using namespace nookle::e2e;
 
 namespace {
 
-[[nodiscard]] WaylandDesktop::Compositor compositor()
-{
-    const QString name = qEnvironmentVariable("NOOKLE_ENVIRONMENT");
-    if (name == QLatin1String("kwin"))
-        return WaylandDesktop::Compositor::kwin;
-    return name == QLatin1String("labwc") ? WaylandDesktop::Compositor::labwc : WaylandDesktop::Compositor::sway;
-}
-
 /// From one tile to the next.
 inline constexpr QPoint nextTile{ 0, 86 };
 

@@ -9,14 +9,6 @@ using namespace nookle::e2e;
 
 namespace {
 
-[[nodiscard]] WaylandDesktop::Compositor compositor()
-{
-    const QString name = qEnvironmentVariable("NOOKLE_ENVIRONMENT");
-    if (name == QLatin1String("kwin"))
-        return WaylandDesktop::Compositor::kwin;
-    return name == QLatin1String("labwc") ? WaylandDesktop::Compositor::labwc : WaylandDesktop::Compositor::sway;
-}
-
 /// What a process takes of the memory now, in MB.
 [[nodiscard]] qint64 memory(qint64 process)
 {
