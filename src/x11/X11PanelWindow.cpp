@@ -184,8 +184,8 @@ void X11PanelWindow::orderFront()
     }
     askForBlur();
     m_shadow.show(cornerPixels());
-    // Anew each time: Chromium asks for the shape of the window's frame only when it changes, and would go on with that
-    // of the parked window.
+    // Anew each time: Chromium asks for the shape of a window manager's frame only when it changes, and would go on
+    // with the shape that a new frame had while the window was parked.
     m_shape.reset();
     updateShape();
     standAboveFullScreenWindow();
@@ -194,6 +194,7 @@ void X11PanelWindow::orderFront()
 
 void X11PanelWindow::takeFocus()
 {
+    m_mayHaveFocus = true;
     m_window.requestActivate();
 }
 
@@ -202,13 +203,19 @@ void X11PanelWindow::orderOut()
     m_animation.stop();
     // The parked window must not throw a shadow onto the screen.
     m_shadow.hide();
-    // Hiding the window for a moment makes the window manager give the focus to another window, if the panel has it.
+    if (!m_mayHaveFocus) {
+        park();
+        return;
+    }
+    // Hiding the window for a moment makes the window manager give the focus to another window. It also makes the
+    // window manager's frame a new one, whose shape Chromium does not learn in time if a drag shows the panel next.
     m_window.setVisible(false);
     m_parking.start(timeToLoseTheFocus);
 }
 
 void X11PanelWindow::park()
 {
+    m_mayHaveFocus = false;
     const QRect beyondAll = pixelBeyond(m_displays.frames());
     // When the window is shown, the toolkit sets the position and the size that it knows.
     m_window.setGeometry(beyondAll);
@@ -259,6 +266,8 @@ void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing ea
 
 bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::FocusIn)
+        m_mayHaveFocus = true;
     if (event->type() == QEvent::Move && m_limit)
         updateShape();
     if (event->type() == QEvent::Enter && onMouseEntered)

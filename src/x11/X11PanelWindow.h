@@ -79,6 +79,8 @@ private:
     QRect m_pixels;
     /// The x coordinate in pixels beyond which no part of the window may be visible; none if no display lies there.
     std::optional<int> m_limit;
+    /// True from the first sign that the window got the focus, until it is parked.
+    bool m_mayHaveFocus = false;
     /// The window's shape in pixels; none before it was set.
     std::optional<QRegion> m_shape;
 };

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void cleanup();
     void cleanupTestCase();
 
+    void aLaterDragReachesTheShelfToo();
     void anImageOfAPageLandsAsAnImageWithItsNameAndItsBytes();
     void aLinkLandsWithItsAddressAndItsTitle();
     void selectedTextLandsAsText();
@@ -96,6 +97,7 @@ void BrowserEndToEndTest::cleanupTestCase()
 
 bool BrowserEndToEndTest::dragToShelf(const QPoint& place)
 {
+    const qsizetype before = m_shelf->savedItems().size();
     if (!screen().beginDrag(m_browser->at(place)))
         return false;
     screen().moveTo(QPoint(rightEdge - 1, 300));
@@ -111,7 +113,7 @@ bool BrowserEndToEndTest::dragToShelf(const QPoint& place)
     if (!waitFor(isTarget))
         return false;
     screen().release();
-    return waitFor([this] { return !m_shelf->savedItems().isEmpty(); });
+    return waitFor([&] { return m_shelf->savedItems().size() > before; });
 }
 
 bool BrowserEndToEndTest::dragFirstTileTo(const QPoint& place)
@@ -133,6 +135,14 @@ QJsonObject BrowserEndToEndTest::onlyItem()
 {
     const QList<QJsonObject> items = m_shelf->savedItems();
     return items.size() == 1 ? items.first() : QJsonObject();
+}
+
+void BrowserEndToEndTest::aLaterDragReachesTheShelfToo()
+{
+    QVERIFY(dragToShelf(browserPage::picture));
+    screen().moveTo(m_browser->at(browserPage::picture));
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
+    QVERIFY(dragToShelf(browserPage::link));
 }
 
 void BrowserEndToEndTest::anImageOfAPageLandsAsAnImageWithItsNameAndItsBytes()
