@@ -8,6 +8,7 @@
 #include "ShelfStore.h"
 #include "TrashedItems.h"
 
+#include <QHash>
 #include <QWidget>
 
 #include <algorithm>
@@ -79,12 +80,14 @@ std::optional<DragItem> DragOut::begin(const QList<ShelfItem>& items)
 
 QList<CarriedItem> DragOut::carriedItems(const QList<ShelfItem>& items) const
 {
-    QSet<QUuid> present;
+    QHash<QUuid, ShelfItem> present;
     for (const ShelfItem& item : m_services.store.items())
-        present.insert(item.id);
+        present.insert(item.id, item);
     QList<ShelfItem> onShelf;
-    std::copy_if(items.begin(), items.end(), std::back_inserter(onShelf),
-                 [&](const ShelfItem& item) { return present.contains(item.id); });
+    for (const ShelfItem& item : items) {
+        if (const auto found = present.constFind(item.id); found != present.constEnd())
+            onShelf.append(*found);
+    }
     return presentItems(onShelf, m_services.store);
 }
 

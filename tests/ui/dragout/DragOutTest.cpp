@@ -25,6 +25,7 @@ private Q_SLOTS:
     void onlyWhatAllAllowIsOffered_data();
     void onlyWhatAllAllowIsOffered();
     void eachFileThatGoesToTheTrashLeavesTheShelfAndTheOthersStay();
+    void aFileThatMovedBeforeItsDragIsFollowedIntoTheTrash();
     void aTextGoesWithTheFilesOnceAllOfThemAreInTheTrash();
     void trashedItemsLeaveInOneChange();
     void textsThatWereTrashedComeBackInOneStep();
@@ -184,6 +185,18 @@ void DragOutTest::eachFileThatGoesToTheTrashLeavesTheShelfAndTheOthersStay()
     QCOMPARE(items().size(), 2);
     QCOMPARE(m_shelf->store.localURL(items().last()), third);
     QVERIFY(m_shelf->trash.moved.isEmpty());
+}
+
+void DragOutTest::aFileThatMovedBeforeItsDragIsFollowedIntoTheTrash()
+{
+    const QUrl elsewhere = fileUrl("/elsewhere/file.txt");
+    m_shelf->references.moveFile(m_shelf->addFile("file.txt"), elsewhere);
+    // As a tile has it, which is older than the look at the files.
+    const QList<ShelfItem> shown = items();
+    QVERIFY(m_drag->begin(shown));
+    m_shelf->references.moveFile(elsewhere, inTrash("file.txt"));
+    m_drag->end(DragOperation::move);
+    QVERIFY(items().isEmpty());
 }
 
 void DragOutTest::aTextGoesWithTheFilesOnceAllOfThemAreInTheTrash()
