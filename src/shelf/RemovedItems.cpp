@@ -179,7 +179,7 @@ RemovedItems::Return RemovedItems::putBackLast(QList<ShelfItem>& items, const QH
     items = merged(items, result.items, step.order);
     step.entries = std::move(left);
     if (!step.entries.empty())
-        m_steps.push_back(std::move(step));
+        m_steps.insert(m_steps.empty() ? m_steps.end() : std::prev(m_steps.end()), std::move(step));
     return result;
 }
 

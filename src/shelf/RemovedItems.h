@@ -53,7 +53,7 @@ public:
 
     /// Puts the items of the last step back into `items`, each to its place, with its files. Leaves out what has been
     /// added anew meanwhile. The time since the removal does not count to an item's age. Images that could not leave
-    /// the Trash stay in the step; otherwise it is dropped.
+    /// the Trash stay in the step, which lets the one before it go first the next time; otherwise it is dropped.
     [[nodiscard]] Return putBackLast(QList<ShelfItem>& items, const QHash<QUuid, QUrl>& fileUrls, const QDateTime& now);
 
 private:

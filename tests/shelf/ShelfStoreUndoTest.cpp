@@ -24,6 +24,7 @@ private Q_SLOTS:
     void anImageThatWasDeletedFromTheTrashIsToldOf();
     void anImageThatCannotLeaveTheTrashKeepsItsStep();
     void onlyWhatCouldNotLeaveTheTrashKeepsItsStep();
+    void aStepThatStaysLetsTheOneBeforeItGoFirst();
     void anImageThatTheUserHasPutBackIsTaken();
     void whatIsLostDoesNotHoldBackTheRestOfItsStep();
     void aFileThatIsGoneComesBackUnavailable();
@@ -274,6 +275,26 @@ void ShelfStoreUndoTest::onlyWhatCouldNotLeaveTheTrashKeepsItsStep()
     store->undoRemove();
     QCOMPARE(store->items().size(), 3);
     QVERIFY(std::holds_alternative<ImageContent>(store->items().at(1).content));
+    QVERIFY(!store->canUndoRemove());
+}
+
+void ShelfStoreUndoTest::aStepThatStaysLetsTheOneBeforeItGoFirst()
+{
+    StoreFixture fixture;
+    const auto store = fixture.open();
+    add(*store, "a");
+    remove(*store, QStringLiteral("a"));
+    fixture.write(QStringLiteral("Shot.png"), "pixels");
+    store->addImage(fixture.urlOf(QStringLiteral("Shot.png")));
+    store->remove(store->items().constFirst().id);
+    fixture.trash.failure = Failure{ QStringLiteral("the disk is full") };
+    store->undoRemove();
+    QVERIFY(store->items().isEmpty());
+    store->undoRemove();
+    QCOMPARE(text(*store), QStringLiteral("a"));
+    fixture.trash.failure.reset();
+    store->undoRemove();
+    QCOMPARE(store->items().size(), 2);
     QVERIFY(!store->canUndoRemove());
 }
 
