@@ -324,14 +324,14 @@ QList<ShelfItem> ShelfView::targets() const
 
 void ShelfView::keyPressEvent(QKeyEvent* event)
 {
+    // One press does a thing once, however long it lasts.
+    if (event->isAutoRepeat())
+        return;
     if (event->key() == Qt::Key_Escape) {
         if (!m_tiles->endSelection())
             callIfSet(onHide);
         return;
     }
-    // One press does a thing once, however long it lasts.
-    if (event->isAutoRepeat())
-        return;
     if (!m_shelfActions.handleKey(*event) && !m_selectionActions.handleKey(*event, targets()))
         QWidget::keyPressEvent(event);
 }

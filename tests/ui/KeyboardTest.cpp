@@ -145,6 +145,12 @@ void KeyboardTest::aHeldKeyActsOnce()
     const qsizetype before = m_shelf->store.items().size();
     hold(Qt::Key_Delete);
     QCOMPARE(m_shelf->store.items().size(), before - 1);
+    bool isHidden = false;
+    m_shelf->view.onHide = [&] { isHidden = true; };
+    key(Qt::Key_A, Qt::ControlModifier);
+    hold(Qt::Key_Escape);
+    QVERIFY(list().selection().isEmpty());
+    QVERIFY(!isHidden);
 }
 
 void KeyboardTest::deleteRemovesAndTheNextTileTakesOver()

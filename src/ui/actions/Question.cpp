@@ -18,7 +18,7 @@ void askInWindow(const QString& question, const QString& agreement, const std::f
     box->setText(question);
     const QPushButton* agree = box->addButton(agreement, QMessageBox::AcceptRole);
     // The toolkit's own word is in the user's language only if its translations are installed. A key that is held or
-    // pressed twice does not answer its own question.
+    // pressed twice does not agree to its own question.
     box->setDefaultButton(
         box->addButton(QCoreApplication::translate("nookle::Question", "Cancel"), QMessageBox::RejectRole));
     QObject::connect(agree, &QPushButton::clicked, agree, [proceed] { proceed(); });

@@ -258,7 +258,8 @@ void TileList::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Space:
         if (const auto row = m_selection.currentRow(); row && event->modifiers() & Qt::ControlModifier) {
             m_usesKeys = true;
-            change([&] { m_selection.click(*row, Qt::ControlModifier); });
+            if (!event->isAutoRepeat())
+                change([&] { m_selection.click(*row, Qt::ControlModifier); });
             return;
         }
         [[fallthrough]];
