@@ -6,15 +6,21 @@ namespace nookle {
 
 namespace {
 
-/// In milliseconds. The toolkit itself waits for each format of a program that does not answer.
-inline constexpr qint64 patience = 1000;
+/// The toolkit itself waits for each format of a program that does not answer.
+inline constexpr std::chrono::seconds patience{ 1 };
 
 } // namespace
 
-ToolkitContent::ToolkitContent(const QMimeData* data)
-    : m_data(data)
+ToolkitContent::ToolkitContent(const QMimeData* data, Read read)
+    : m_read(std::move(read))
+    , m_deadline(Clock::now() + patience)
+    , m_data(data)
 {
-    m_sinceStart.start();
+}
+
+QByteArray ToolkitContent::readToTheEnd(const QMimeData& data, const QString& format, Clock::time_point /*deadline*/)
+{
+    return data.data(format);
 }
 
 void ToolkitContent::askFormats(Formats answer)
@@ -31,7 +37,7 @@ void ToolkitContent::askData(const QString& format, Bytes answer)
 
 QByteArray ToolkitContent::data(const QString& format) const
 {
-    return m_data && m_sinceStart.elapsed() < patience ? m_data->data(format) : QByteArray();
+    return m_data && Clock::now() < m_deadline ? m_read(*m_data, format, m_deadline) : QByteArray();
 }
 
 } // namespace nookle
