@@ -48,10 +48,13 @@ namespace {
     return facts;
 }
 
-/// Sway gives a dock of an X11 program a tile of its own, also while the dock is parked.
+/// Sway gives a dock of an X11 program a tile of its own, also while the dock is parked. Its variable may be left from
+/// an earlier session.
 [[nodiscard]] WindowPlacing placingUnderXWayland()
 {
-    return qEnvironmentVariableIsSet("SWAYSOCK") ? WindowPlacing::program : WindowPlacing::windowManager;
+    const QStringList desktops = presentDesktops();
+    const bool isOther = desktops.contains(QStringLiteral("GNOME")) || desktops.contains(QStringLiteral("KDE"));
+    return qEnvironmentVariableIsSet("SWAYSOCK") && !isOther ? WindowPlacing::program : WindowPlacing::windowManager;
 }
 
 #ifdef NOOKLE_HAS_WAYLAND
