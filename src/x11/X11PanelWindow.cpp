@@ -221,6 +221,8 @@ void X11PanelWindow::park()
     m_window.setGeometry(beyondAll);
     m_dock.moveTo(beyondAll);
     m_dock.setProperties();
+    // Some window managers hide it together with the window that it is transient for.
+    xcb_delete_property(m_connection, static_cast<xcb_window_t>(m_window.winId()), XCB_ATOM_WM_TRANSIENT_FOR);
     m_window.setVisible(true);
     m_dock.moveTo(beyondAll);
 }
