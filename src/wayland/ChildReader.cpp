@@ -43,9 +43,12 @@ public:
     [[nodiscard]] bool waitForEnd()
     {
         int status = 0;
-        while (::waitpid(m_id, &status, 0) < 0 && errno == EINTR) {}
+        pid_t ended = -1;
+        do {
+            ended = ::waitpid(m_id, &status, 0);
+        } while (ended < 0 && errno == EINTR);
         m_id = -1;
-        return WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
+        return ended > 0 && WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
     }
 
 private:

@@ -2,6 +2,8 @@
 
 #include "DropPayload.h"
 
+#include <QHash>
+
 #include <chrono>
 #include <functional>
 
@@ -35,9 +37,13 @@ public:
     [[nodiscard]] SaveAnswer save(const QByteArray& path) const override;
 
 private:
+    /// What the source delivers, which is asked for only once.
+    [[nodiscard]] QByteArray delivered(const QString& format) const;
+
     const QMimeData& m_data;
     std::function<bool()> m_flush;
     Limits m_limits;
+    mutable QHash<QString, QByteArray> m_delivered;
 };
 
 } // namespace nookle

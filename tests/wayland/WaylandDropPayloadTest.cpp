@@ -71,6 +71,8 @@ private Q_SLOTS:
     void init() { m_flushes = 0; }
 
     void theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle();
+    void aFileThatABrowserNamesIsInNoList();
+    void eachFormatIsAskedForOnce();
     void whatTheSourceDeliversIsRead_data();
     void whatTheSourceDeliversIsRead();
     void moreThanTheLimitIsNothing();
@@ -100,6 +102,38 @@ void WaylandDropPayloadTest::theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle()
     drop.setData(QStringLiteral("text/uri-list"), "http://127.0.0.1/\r\n");
     const WaylandDropPayload payload(drop, [] { return true; }, {});
     QCOMPARE(payload.formats(), (QStringList{ QStringLiteral("text/uri-list"), QStringLiteral("text/x-moz-url") }));
+}
+
+void WaylandDropPayloadTest::aFileThatABrowserNamesIsInNoList()
+{
+    const QString list = QStringLiteral("text/uri-list");
+    const auto listOf = [&](const QByteArray& addresses, bool isBrowser) {
+        QMimeData drop;
+        drop.setData(list, addresses);
+        if (isBrowser)
+            drop.setData(QStringLiteral("text/x-moz-url"), "words");
+        return WaylandDropPayload(drop, [] { return true; }, {}).data(list);
+    };
+    const QByteArray file = "file:///etc/passwd\r\n";
+    QCOMPARE(listOf(file, false), file);
+    QCOMPARE(listOf(file, true), QByteArray());
+    QCOMPARE(listOf("FILE:///etc/passwd", true), QByteArray());
+    QCOMPARE(listOf("http://127.0.0.1/\r\n", true), QByteArray("http://127.0.0.1/\r\n"));
+    QCOMPARE(listOf(file + file, true), file + file);
+}
+
+void WaylandDropPayloadTest::eachFormatIsAskedForOnce()
+{
+    const FakeDrop drop([] { return QByteArray("words"); });
+    const WaylandDropPayload payload(drop,
+                                     [this] {
+                                         ++m_flushes;
+                                         return true;
+                                     },
+                                     { Clock::now() + aMinute, plenty });
+    QCOMPARE(payload.data(plainText), QByteArray("words"));
+    QCOMPARE(payload.data(plainText), QByteArray("words"));
+    QCOMPARE(m_flushes, 1);
 }
 
 void WaylandDropPayloadTest::whatTheSourceDeliversIsRead_data()
