@@ -2,8 +2,10 @@
 
 #include <QGuiApplication>
 #include <QMouseEvent>
+#include <QStyleHints>
 #include <QWindow>
 
+#include <algorithm>
 #include <utility>
 
 namespace nookle {
@@ -35,14 +37,39 @@ bool HeldMouse::mustWait(const QMouseEvent& event) const
 
 bool HeldMouse::take(const QEvent& event)
 {
+    // With the first movement a drag may have begun, and have ended elsewhere.
+    if (m_isDelivering && event.type() == QEvent::Leave)
+        m_events.clear();
     if (m_isDelivering || !isOfMouse(event.type()))
         return false;
     const auto& mouse = static_cast<const QMouseEvent&>(event);
     if (!isHolding() && mustWait(mouse))
         m_limit.start(m_longest);
     if (isHolding())
-        m_events.emplace_back(mouse.clone());
+        hold(mouse);
     return isHolding();
+}
+
+// Of movements in a row, the last one counts.
+void HeldMouse::hold(const QMouseEvent& event)
+{
+    if (event.type() == QEvent::MouseMove && !m_events.empty() && m_events.back()->type() == QEvent::MouseMove)
+        m_events.pop_back();
+    m_events.emplace_back(event.clone());
+}
+
+// A drag must not begin when the button is up again: nothing would end it.
+void HeldMouse::forgetMovesOfClick()
+{
+    const auto release = std::find_if(m_events.begin(), m_events.end(), [](const auto& event) {
+        return event->type() == QEvent::MouseButtonRelease && event->button() == Qt::LeftButton;
+    });
+    if (release == m_events.end())
+        return;
+    const QPointF way = (*release)->position() - m_events.front()->position();
+    if (way.manhattanLength() > QGuiApplication::styleHints()->startDragDistance())
+        m_events.clear();
+    std::erase_if(m_events, [](const auto& event) { return event->type() == QEvent::MouseMove; });
 }
 
 // The compositor tells of the modifiers right after the keyboard, which the toolkit handles before what is posted now.
@@ -62,8 +89,11 @@ void HeldMouse::drop()
 void HeldMouse::deliver()
 {
     const Qt::KeyboardModifiers modifiers = QGuiApplication::queryKeyboardModifiers();
+    forgetMovesOfClick();
     m_isDelivering = true;
-    for (const auto& event : std::exchange(m_events, {})) {
+    while (!m_events.empty()) {
+        const std::unique_ptr<QMouseEvent> event = std::move(m_events.front());
+        m_events.pop_front();
         event->setModifiers(event->modifiers() | modifiers);
         QCoreApplication::sendEvent(&m_window, event.get());
     }

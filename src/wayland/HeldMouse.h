@@ -4,8 +4,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <deque>
 #include <memory>
-#include <vector>
 
 class QEvent;
 class QMouseEvent;
@@ -32,8 +32,13 @@ public:
     /// Forgets what is held.
     void drop();
 
+    /// Whether an event that the window gets now was held.
+    [[nodiscard]] bool isDelivering() const { return m_isDelivering; }
+
 private:
     [[nodiscard]] bool isHolding() const { return m_limit.isActive(); }
+    void hold(const QMouseEvent& event);
+    void forgetMovesOfClick();
     /// Whether the modifiers of that event are not known.
     [[nodiscard]] bool mustWait(const QMouseEvent& event) const;
     void deliver();
@@ -42,7 +47,7 @@ private:
     std::chrono::milliseconds m_longest;
     QTimer m_limit;
     bool m_isDelivering = false;
-    std::vector<std::unique_ptr<QMouseEvent>> m_events;
+    std::deque<std::unique_ptr<QMouseEvent>> m_events;
 };
 
 } // namespace nookle

@@ -192,7 +192,7 @@ QPointF LayerPanelWindow::onDesktop(const QPointF& position) const
 
 bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonPress)
+    if (event->type() == QEvent::MouseButtonPress && !m_heldMouse.isDelivering())
         takeKeyboard();
     if (m_heldMouse.take(*event))
         return true;
@@ -224,7 +224,8 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Leave:
         m_isPointerInside = false;
         // Where no click elsewhere moves the focus, the keys would stay for ever.
-        m_isForKeys = false;
+        if (!m_popups.isMenuOpen())
+            m_isForKeys = false;
         pointerIsDone();
         m_pointer.leave();
         if (onMouseExited)

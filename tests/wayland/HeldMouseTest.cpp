@@ -6,6 +6,7 @@
 #include <QWindow>
 
 #include <chrono>
+#include <functional>
 #include <vector>
 
 using namespace nookle;
@@ -23,6 +24,8 @@ public:
     }
 
     std::vector<QEvent::Type> reached;
+    std::vector<QPoint> positions;
+    std::function<void()> onMove;
     HeldMouse held;
 
 protected:
@@ -30,17 +33,21 @@ protected:
     {
         if (held.take(*event))
             return true;
-        if (dynamic_cast<QMouseEvent*>(event))
+        if (auto* mouse = dynamic_cast<QMouseEvent*>(event)) {
             reached.push_back(event->type());
+            positions.push_back(mouse->position().toPoint());
+        }
+        if (event->type() == QEvent::MouseMove && onMove)
+            onMove();
         return QWindow::event(event);
     }
 };
 
 using Types = std::vector<QEvent::Type>;
 
-void send(Window& window, QEvent::Type type, Qt::MouseButton button = Qt::LeftButton)
+void send(Window& window, QEvent::Type type, Qt::MouseButton button = Qt::LeftButton, const QPointF& at = { 5, 5 })
 {
-    QMouseEvent event(type, QPointF(5, 5), QPointF(5, 5), button, button, Qt::NoModifier);
+    QMouseEvent event(type, at, at, button, button, Qt::NoModifier);
     QCoreApplication::sendEvent(&window, &event);
 }
 
@@ -54,19 +61,21 @@ private Q_SLOTS:
     void afterALimitTheClickReachesTheWindowWithoutTheKeyboard();
     void otherButtonsAndMovementsDoNotWait();
     void whatIsDroppedNeverReachesTheWindow();
+    void ofMovementsTheLastOneReachesTheWindow();
+    void afterADragNothingThatWasHeldIsLeft();
+    void aDragDoesNotBeginWhenTheButtonIsUpAgain();
 };
 
 void HeldMouseTest::aClickReachesTheWindowOnceItHasTheKeyboard()
 {
     Window window(aMinute);
     send(window, QEvent::MouseButtonPress);
-    send(window, QEvent::MouseMove, Qt::NoButton);
     send(window, QEvent::MouseButtonRelease);
     QCoreApplication::processEvents();
     QVERIFY(window.reached.empty());
     window.held.keyboardCame();
     QVERIFY(window.reached.empty());
-    const Types all{ QEvent::MouseButtonPress, QEvent::MouseMove, QEvent::MouseButtonRelease };
+    const Types all{ QEvent::MouseButtonPress, QEvent::MouseButtonRelease };
     QTRY_VERIFY(window.reached == all);
 }
 
@@ -99,6 +108,49 @@ void HeldMouseTest::whatIsDroppedNeverReachesTheWindow()
     QVERIFY(window.reached.empty());
     send(window, QEvent::MouseButtonRelease);
     QVERIFY(window.reached == Types{ QEvent::MouseButtonRelease });
+}
+
+void HeldMouseTest::ofMovementsTheLastOneReachesTheWindow()
+{
+    Window window(aMinute);
+    send(window, QEvent::MouseButtonPress);
+    for (int x = 10; x <= 40; x += 10)
+        send(window, QEvent::MouseMove, Qt::NoButton, QPointF(x, 5));
+    window.held.keyboardCame();
+    QTRY_COMPARE(window.positions, (std::vector<QPoint>{ { 5, 5 }, { 40, 5 } }));
+}
+
+void HeldMouseTest::afterADragNothingThatWasHeldIsLeft()
+{
+    Window window(aMinute);
+    window.onMove = [&window] {
+        QEvent left(QEvent::Leave);
+        QCoreApplication::sendEvent(&window, &left);
+    };
+    send(window, QEvent::MouseButtonPress);
+    send(window, QEvent::MouseMove, Qt::NoButton, QPointF(40, 5));
+    send(window, QEvent::MouseButtonPress, Qt::RightButton, QPointF(40, 5));
+    window.held.keyboardCame();
+    QTRY_COMPARE(window.reached.size(), 2U);
+    QCoreApplication::processEvents();
+    QVERIFY((window.reached == Types{ QEvent::MouseButtonPress, QEvent::MouseMove }));
+}
+
+void HeldMouseTest::aDragDoesNotBeginWhenTheButtonIsUpAgain()
+{
+    Window window(aMinute);
+    send(window, QEvent::MouseButtonPress);
+    send(window, QEvent::MouseMove, Qt::NoButton, QPointF(7, 5));
+    send(window, QEvent::MouseButtonRelease, Qt::LeftButton, QPointF(7, 5));
+    window.held.keyboardCame();
+    QTRY_VERIFY((window.reached == Types{ QEvent::MouseButtonPress, QEvent::MouseButtonRelease }));
+    send(window, QEvent::MouseButtonPress);
+    send(window, QEvent::MouseMove, Qt::NoButton, QPointF(60, 5));
+    send(window, QEvent::MouseButtonRelease, Qt::LeftButton, QPointF(60, 5));
+    window.held.keyboardCame();
+    QTest::qWait(0);
+    QCoreApplication::processEvents();
+    QCOMPARE(window.reached.size(), 2U);
 }
 
 QTEST_MAIN(HeldMouseTest)
