@@ -57,12 +57,15 @@ std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombinatio
     if (number == firstNumber)
         m_wantedKeys = names(keys);
     if (!wanted.isOwn) {
-        logLine(wanted.isOnKeyboard()
-                    ? QStringLiteral("another program may hold the shortcut %1").arg(names(keys))
-                    : QStringLiteral("this keyboard has no keys for the shortcut %1").arg(names(keys)));
+        const bool mayBeHeld = !m_connection || wanted.isOnKeyboard();
+        logLine((mayBeHeld ? QStringLiteral("another program may hold the shortcut %1")
+                           : QStringLiteral("this keyboard has no keys for the shortcut %1"))
+                    .arg(names(keys)));
         if (number == firstNumber)
             m_firstRefusal = refusal(wanted);
-        return nullptr;
+        // A keyboard that comes later may have the keys.
+        if (mayBeHeld)
+            return nullptr;
     }
     m_grabs.insert_or_assign(number, std::move(wanted));
     return std::make_unique<Cancellable>(m_lifetime.guarded([this, number] { unregister(number); }));
