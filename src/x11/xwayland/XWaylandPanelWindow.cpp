@@ -181,6 +181,7 @@ void XWaylandPanelWindow::handleDrag(const QDropEvent& event)
         m_services.pointer.drag(position);
         return;
     }
+    m_isPointerElsewhere = false;
     m_services.pointer.move(position);
     m_afterDrop.start();
     m_services.drags.end();
