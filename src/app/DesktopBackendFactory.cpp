@@ -11,6 +11,7 @@
 #endif
 
 #include <QDir>
+#include <QFileInfo>
 #include <QLocalSocket>
 
 namespace nookle {
@@ -48,13 +49,15 @@ namespace {
     return facts;
 }
 
-/// Sway gives a dock of an X11 program a tile of its own, also while the dock is parked. Its variable may be left from
-/// an earlier session.
+/// Sway gives a dock of an X11 program a tile of its own, also while the dock is parked. It does not always name itself
+/// as the desktop, and the variable of an earlier session may be left, whose socket is gone.
 [[nodiscard]] WindowPlacing placingUnderXWayland()
 {
     const QStringList desktops = presentDesktops();
     const bool isOther = desktops.contains(QStringLiteral("GNOME")) || desktops.contains(QStringLiteral("KDE"));
-    return qEnvironmentVariableIsSet("SWAYSOCK") && !isOther ? WindowPlacing::program : WindowPlacing::windowManager;
+    const bool isSway =
+        desktops.contains(QStringLiteral("sway")) || (!isOther && QFileInfo::exists(qEnvironmentVariable("SWAYSOCK")));
+    return isSway ? WindowPlacing::program : WindowPlacing::windowManager;
 }
 
 #ifdef NOOKLE_HAS_WAYLAND
