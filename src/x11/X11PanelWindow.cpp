@@ -177,6 +177,7 @@ void X11PanelWindow::askForBlur()
 void X11PanelWindow::orderFront()
 {
     m_parking.stop();
+    m_isParked = false;
     if (!m_window.isVisible()) {
         m_dock.setProperties();
         m_window.setVisible(true);
@@ -207,6 +208,11 @@ void X11PanelWindow::orderOut()
         park();
         return;
     }
+    giveFocusBack();
+}
+
+void X11PanelWindow::giveFocusBack()
+{
     // Hiding the window for a moment makes the window manager give the focus to another window. It also makes the
     // window manager's frame a new one, whose shape Chromium does not learn in time if a drag shows the panel next.
     m_window.setVisible(false);
@@ -216,6 +222,7 @@ void X11PanelWindow::orderOut()
 void X11PanelWindow::park()
 {
     m_mayHaveFocus = false;
+    m_isParked = true;
     const QRect beyondAll = pixelBeyond(m_displays.frames());
     // When the window is shown, the toolkit sets the position and the size that it knows.
     m_window.setGeometry(beyondAll);
@@ -266,10 +273,18 @@ void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing ea
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 
+// A window manager that was busy may give the focus only when the window is parked, where nobody would look for it.
+void X11PanelWindow::focusCame()
+{
+    m_mayHaveFocus = true;
+    if (std::exchange(m_isParked, false))
+        giveFocusBack();
+}
+
 bool X11PanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn)
-        m_mayHaveFocus = true;
+        focusCame();
     if (event->type() == QEvent::Move && m_limit)
         updateShape();
     if (event->type() == QEvent::Enter && onMouseEntered)

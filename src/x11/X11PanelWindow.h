@@ -50,6 +50,8 @@ public:
 
 private:
     void place(const QRectF& frame);
+    void giveFocusBack();
+    void focusCame();
     void park();
     void standAboveFullScreenWindow();
     void askForBlur();
@@ -81,6 +83,7 @@ private:
     std::optional<int> m_limit;
     /// True from the first sign that the window got the focus, until it is parked.
     bool m_mayHaveFocus = false;
+    bool m_isParked = false;
     /// The window's shape in pixels; none before it was set.
     std::optional<QRegion> m_shape;
 };

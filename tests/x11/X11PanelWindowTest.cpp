@@ -58,6 +58,7 @@ private Q_SLOTS:
     void theSlideFollowsItsCurve_data();
     void theSlideFollowsItsCurve();
     void aParkedPanelIsAPointBeyondAllDisplays();
+    void aParkedPanelGivesTheKeysBack();
     void thePanelDescribesItsShadowWhileItIsShown();
     void spaceIsReservedAtTheDesktopsEdgeAlone();
     void thePanelMayUseTheSpaceThatItReserves();
@@ -284,6 +285,16 @@ void X11PanelWindowTest::aParkedPanelIsAPointBeyondAllDisplays()
     QVERIFY(waitFor([&] { return windowPixels() == leftPixelsAtRest; }));
     m_panel->orderOut();
     QVERIFY(waitFor([this] { return isParked(); }));
+}
+
+// Only hiding the window makes the window manager give them to another one.
+void X11PanelWindowTest::aParkedPanelGivesTheKeysBack()
+{
+    QVERIFY(m_window->isVisible());
+    QFocusEvent came(QEvent::FocusIn);
+    QCoreApplication::sendEvent(m_window.get(), &came);
+    QVERIFY(!m_window->isVisible());
+    QVERIFY(waitFor([this] { return m_window->isVisible() && isParked(); }));
 }
 
 std::vector<std::uint32_t> X11PanelWindowTest::numbers(QByteArrayView property) const
