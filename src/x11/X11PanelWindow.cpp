@@ -23,6 +23,7 @@ namespace nookle {
 namespace {
 
 inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
+inline constexpr std::chrono::milliseconds timeToSettle{ 600 };
 
 [[nodiscard]] xcb_window_t rootOf(xcb_connection_t* connection)
 {
@@ -80,6 +81,11 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
     m_window.installEventFilter(this);
     m_parking.setSingleShot(true);
     connect(&m_parking, &QTimer::timeout, this, &X11PanelWindow::park);
+    m_settling.setSingleShot(true);
+    connect(&m_settling, &QTimer::timeout, this, [this] {
+        if (hasFocus())
+            focusCame();
+    });
     park();
     connect(&m_compositing, &Compositing::backdropChanged, this, [this] {
         updateShape();
@@ -177,6 +183,7 @@ void X11PanelWindow::askForBlur()
 void X11PanelWindow::orderFront()
 {
     m_parking.stop();
+    m_settling.stop();
     m_isParked = false;
     if (!m_window.isVisible()) {
         m_dock.setProperties();
@@ -204,6 +211,7 @@ void X11PanelWindow::orderOut()
     m_animation.stop();
     // The parked window must not throw a shadow onto the screen.
     m_shadow.hide();
+    m_settling.start(timeToSettle);
     if (!m_mayHaveFocus) {
         park();
         return;
@@ -271,6 +279,13 @@ void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing ea
 {
     findDisplay(frame);
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
+}
+
+// The toolkit may have missed that the window lost the focus and got it again.
+bool X11PanelWindow::hasFocus() const
+{
+    const auto reply = owned(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+    return reply && reply->focus == static_cast<xcb_window_t>(m_window.winId());
 }
 
 // A window manager that was busy may give the focus only when the window is parked, where nobody would look for it.

@@ -51,6 +51,7 @@ public:
 private:
     void place(const QRectF& frame);
     void giveFocusBack();
+    [[nodiscard]] bool hasFocus() const;
     void focusCame();
     void park();
     void standAboveFullScreenWindow();
@@ -74,6 +75,8 @@ private:
     X11PanelShadow m_shadow;
     FrameAnimation m_animation;
     QTimer m_parking;
+    /// Runs from the hiding until the window manager has given the focus to whom it should.
+    QTimer m_settling;
     QRectF m_frame;
     /// The full frame of the display that the panel belongs to.
     QRectF m_display;
