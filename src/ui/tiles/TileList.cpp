@@ -24,6 +24,7 @@ inline constexpr int gap = 4;
 
 TileList::TileList(MainQueue& queue, QWidget* parent)
     : QAbstractScrollArea(parent)
+    , m_tiles(m_selection)
     , m_scrolling(*verticalScrollBar())
     , m_band(*this, queue)
 {
@@ -33,6 +34,8 @@ TileList::TileList(MainQueue& queue, QWidget* parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setAutoFillBackground(false);
+    m_tiles.makeTile = [this](const QUuid& id) { return newTile(id); };
+    m_tiles.fillTile = [this](ShelfItemView& tile, std::size_t row) { fillTile(tile, row); };
     m_band.itemsUnder = [this](const QRect& rect) { return itemsUnder(rect); };
     m_band.onSelected = [this](const QSet<QUuid>& ids) { change([&] { m_selection.select(ids); }); };
 }
@@ -47,28 +50,9 @@ void TileList::setRows(std::vector<QUuid> ids)
     change([&] { m_selection.setRows(std::move(ids)); });
     m_isOutdated = true;
     if (isVisible() && wantsMotion())
-        rearrange();
+        m_tiles.move([this] { layOut(); });
     else if (isVisible())
         layOut();
-}
-
-void TileList::rearrange()
-{
-    m_motion.interrupt();
-    QHash<QUuid, TileMotion::Place> before;
-    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each)
-        before.insert(each.key(), { each.value()->y(), each.value()->presence() });
-    m_isMoving = true;
-    layOut();
-    m_isMoving = false;
-    // Tiles that were in the list, but not in view, fade in as well.
-    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
-        ShelfItemView& tile = *each.value();
-        const TileMotion::Place from = before.value(each.key(), { tile.y(), 0 });
-        if (from.y != tile.y() || from.presence < 1)
-            m_motion.come(tile, from);
-    }
-    m_motion.start();
 }
 
 void TileList::layOut()
@@ -78,13 +62,6 @@ void TileList::layOut()
     placeTiles(true);
     showSelection();
     m_band.follow();
-}
-
-std::vector<ShelfItemView*> TileList::tilesInOrder() const
-{
-    std::vector<ShelfItemView*> tiles(m_tiles.begin(), m_tiles.end());
-    std::sort(tiles.begin(), tiles.end(), [](const auto* left, const auto* right) { return left->y() < right->y(); });
-    return tiles;
 }
 
 void TileList::measure()
@@ -101,38 +78,7 @@ void TileList::placeTiles(bool refill)
 {
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, m_layout.totalHeight() - viewport()->height()));
-    const int offset = verticalScrollBar()->value();
-    const TileLayout::Range visible = m_layout.rowsBetween(offset, offset + viewport()->height());
-
-    QHash<QUuid, ShelfItemView*> unused = std::exchange(m_tiles, {});
-    for (std::size_t row = visible.first; row < visible.end; ++row) {
-        const QUuid& id = m_selection.rows()[row];
-        ShelfItemView* tile = unused.take(id);
-        const bool isNew = tile == nullptr;
-        if (isNew)
-            tile = newTile(id);
-        tile->setGeometry(margin, m_layout.top(row) - offset, tileWidth(), m_layout.height(row));
-        if (isNew || refill)
-            fillTile(*tile, row);
-        m_tiles.insert(id, tile);
-        tile->show();
-    }
-    for (auto each = unused.cbegin(); each != unused.cend(); ++each)
-        discard(each.key(), *each.value());
-}
-
-// A tile may be handling an event right now, so it is deleted later.
-void TileList::discard(const QUuid& id, ShelfItemView& tile)
-{
-    if (!m_isMoving) {
-        tile.hide();
-        tile.deleteLater();
-        return;
-    }
-    // A tile that is only pushed out of view goes where it belongs.
-    const std::optional<std::size_t> row = m_selection.rowOf(id);
-    tile.lower();
-    m_motion.leave(tile, row ? m_layout.top(*row) - verticalScrollBar()->value() : tile.y());
+    m_tiles.place(m_layout, { verticalScrollBar()->value(), viewport()->height(), margin, tileWidth() }, refill);
 }
 
 ShelfItemView* TileList::newTile(const QUuid& id)
@@ -144,15 +90,6 @@ ShelfItemView* TileList::newTile(const QUuid& id)
     return tile;
 }
 
-std::optional<std::size_t> TileList::rowOfInteraction(const QObject* interaction) const
-{
-    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
-        if (interaction == &each.value()->interaction())
-            return m_selection.rowOf(each.key());
-    }
-    return std::nullopt;
-}
-
 // A pressed tile becomes the current one, from which the arrow keys continue. With Control or Shift that waits for the
 // click, because a drag of what is selected may begin.
 bool TileList::eventFilter(QObject* watched, QEvent* event)
@@ -160,7 +97,7 @@ bool TileList::eventFilter(QObject* watched, QEvent* event)
     if (event->type() == QEvent::MouseButtonPress) {
         const auto& press = static_cast<const QMouseEvent&>(*event);
         const bool awaitsClick = press.button() == Qt::LeftButton && Selection::isKept(press.modifiers());
-        if (const auto row = awaitsClick ? std::nullopt : rowOfInteraction(watched)) {
+        if (const auto row = awaitsClick ? std::nullopt : m_tiles.rowOfInteraction(watched)) {
             m_usesKeys = false;
             change([&] { m_selection.press(*row); });
         }
@@ -252,7 +189,7 @@ void TileList::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Home:
     case Qt::Key_End:
         m_usesKeys = true;
-        if (const auto row = m_selection.rowForKey(event->key(), m_tiles.size()))
+        if (const auto row = m_selection.rowForKey(event->key(), m_tiles.all().size()))
             moveTo(*row, event->modifiers());
         return;
     case Qt::Key_Space:
@@ -318,13 +255,13 @@ void TileList::scrollTo(std::size_t row)
 void TileList::change(const std::function<void()>& change)
 {
     QSet<QUuid> before;
-    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
+    for (auto each = m_tiles.all().cbegin(); each != m_tiles.all().cend(); ++each) {
         if (m_selection.isTarget(each.key()))
             before.insert(each.key());
     }
     change();
     showSelection();
-    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
+    for (auto each = m_tiles.all().cbegin(); each != m_tiles.all().cend(); ++each) {
         const bool isTarget = m_selection.isTarget(each.key());
         if (isTarget == before.contains(each.key()))
             continue;
@@ -335,7 +272,7 @@ void TileList::change(const std::function<void()>& change)
 void TileList::showSelection()
 {
     const std::optional<QUuid> current = currentId();
-    for (auto each = m_tiles.cbegin(); each != m_tiles.cend(); ++each) {
+    for (auto each = m_tiles.all().cbegin(); each != m_tiles.all().cend(); ++each) {
         each.value()->setFocused(m_usesKeys && hasFocus() && each.key() == current);
         each.value()->setSelected(m_selection.contains(each.key()));
     }
@@ -372,7 +309,7 @@ void TileList::showEvent(QShowEvent* event)
 void TileList::hideEvent(QHideEvent* event)
 {
     m_scrolling.stop();
-    m_motion.finish();
+    m_tiles.finishMovement();
     m_band.release();
     change([this] { m_selection.clear(); });
     QAbstractScrollArea::hideEvent(event);
@@ -381,7 +318,7 @@ void TileList::hideEvent(QHideEvent* event)
 void TileList::resizeEvent(QResizeEvent* event)
 {
     QAbstractScrollArea::resizeEvent(event);
-    m_motion.finish();
+    m_tiles.finishMovement();
     if (m_isOutdated)
         return;
     if (tileWidth() != m_measuredWidth)
@@ -391,9 +328,9 @@ void TileList::resizeEvent(QResizeEvent* event)
 
 void TileList::scrollContentsBy(int /*dx*/, int /*dy*/)
 {
-    if (m_isOutdated || m_isMoving)
+    if (m_isOutdated || m_tiles.isPlacingWithMovement())
         return;
-    m_motion.finish();
+    m_tiles.finishMovement();
     placeTiles(false);
     m_band.follow();
 }

@@ -5,11 +5,10 @@
 #include "ScrollMotion.h"
 #include "Selection.h"
 #include "TileLayout.h"
-#include "TileMotion.h"
+#include "VisibleTiles.h"
 #include "WheelScroll.h"
 
 #include <QAbstractScrollArea>
-#include <QHash>
 #include <QUuid>
 
 #include <functional>
@@ -49,18 +48,18 @@ public:
     void setRows(std::vector<QUuid> ids);
 
     /// The tile of the item `id`; null when it is not in view.
-    [[nodiscard]] ShelfItemView* tile(const QUuid& id) const { return m_tiles.value(id); }
+    [[nodiscard]] ShelfItemView* tile(const QUuid& id) const { return m_tiles.tile(id); }
 
-    [[nodiscard]] int tileCount() const { return static_cast<int>(m_tiles.size()); }
+    [[nodiscard]] int tileCount() const { return static_cast<int>(m_tiles.all().size()); }
 
     /// The tiles in view from top to bottom.
-    [[nodiscard]] std::vector<ShelfItemView*> tilesInOrder() const;
+    [[nodiscard]] std::vector<ShelfItemView*> tilesInOrder() const { return m_tiles.inOrder(); }
 
     /// True while the list moves by itself after a notch of the wheel.
     [[nodiscard]] bool isScrolling() const { return m_scrolling.isMoving(); }
 
     /// True while tiles come, go or change their places.
-    [[nodiscard]] bool isRearranging() const { return m_motion.isRunning(); }
+    [[nodiscard]] bool isRearranging() const { return m_tiles.isMoving(); }
 
     /// Which rows are selected, and which one is the current row.
     [[nodiscard]] const Selection& selection() const { return m_selection; }
@@ -113,15 +112,12 @@ protected:
 
 private:
     void layOut();
-    void rearrange();
-    void discard(const QUuid& id, ShelfItemView& tile);
     void measure();
     void placeTiles(bool refill);
     [[nodiscard]] ShelfItemView* newTile(const QUuid& id);
     [[nodiscard]] int tileWidth() const;
     /// Whether the key was typed to find a name.
     [[nodiscard]] bool findName(const QKeyEvent& event);
-    [[nodiscard]] std::optional<std::size_t> rowOfInteraction(const QObject* interaction) const;
     void moveTo(std::size_t row, Qt::KeyboardModifiers modifiers);
     void scrollTo(std::size_t row);
     /// Changes the selection, shows it, and tells assistive programs.
@@ -131,15 +127,12 @@ private:
 
     Selection m_selection;
     TileLayout m_layout;
-    QHash<QUuid, ShelfItemView*> m_tiles;
+    VisibleTiles m_tiles;
     ScrollMotion m_scrolling;
     WheelScroll m_wheel;
-    TileMotion m_motion;
     int m_measuredWidth = 0;
     /// True while the layout and the tiles do not match the rows yet.
     bool m_isOutdated = false;
-    /// True while the tiles are placed anew with a movement.
-    bool m_isMoving = false;
     bool m_usesKeys = false;
     NameSearch m_search;
     BandSelection m_band;
