@@ -2,7 +2,9 @@
 
 #include "NullBackend.h"
 #include "SessionShortcuts.h"
+#include "WindowScale.h"
 #include "X11Backend.h"
+#include "X11ToolkitSettings.h"
 #include "XWaylandManner.h"
 
 #ifdef NOOKLE_HAS_WAYLAND
@@ -80,6 +82,12 @@ namespace {
 std::variant<BackendChoice, Failure> selectDesktopBackend()
 {
     return chooseBackend(lookAtSession());
+}
+
+int desktopWindowScale(DesktopKind kind)
+{
+    // In a Wayland session the compositor enlarges the windows of X11 programs.
+    return kind == DesktopKind::x11 ? windowScale(x11SettingsAtStart()) : 1;
 }
 
 std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)

@@ -12,6 +12,10 @@ namespace nookle {
 /// variable NOOKLE_BACKEND overrides the choice.
 [[nodiscard]] std::variant<BackendChoice, Failure> selectDesktopBackend();
 
+/// How many times larger windows are to be there than the toolkit would make them. Ask before the application object
+/// exists.
+[[nodiscard]] int desktopWindowScale(DesktopKind kind);
+
 /// The backend for the display server that was chosen. Call it once the application object exists.
 [[nodiscard]] std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind);
 

@@ -1,6 +1,21 @@
 #include "ToolkitEnvironment.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace nookle {
+
+namespace {
+
+/// Whether the user, or a part of the session, has told the toolkit about scaling.
+[[nodiscard]] bool isScaleGiven()
+{
+    constexpr const char* names[] = { "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING",
+                                      "QT_USE_PHYSICAL_DPI" };
+    return std::any_of(std::begin(names), std::end(names), &qEnvironmentVariableIsSet);
+}
+
+} // namespace
 
 ToolkitEnvironment::Variable::Variable(const char* name, const QByteArray& value)
     : m_name(name)
@@ -19,11 +34,13 @@ ToolkitEnvironment::Variable::~Variable()
 }
 
 // The GTK of the desktop's look would connect to the compositor by itself, and end the program with it at once.
-ToolkitEnvironment::ToolkitEnvironment(const BackendChoice& choice)
+ToolkitEnvironment::ToolkitEnvironment(const BackendChoice& choice, int windowScale)
     : m_platform("QT_QPA_PLATFORM", choice.toolkitPlatform())
 {
     if (choice.kind == DesktopKind::xwayland)
         m_gtkBackend.emplace("GDK_BACKEND", "x11");
+    if (windowScale > 1 && !isScaleGiven())
+        m_scale.emplace("QT_SCALE_FACTOR", QByteArray::number(windowScale));
 }
 
 ToolkitEnvironment::~ToolkitEnvironment() = default;

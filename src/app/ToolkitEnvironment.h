@@ -12,7 +12,9 @@ namespace nookle {
 /// are started later must not inherit it.
 class ToolkitEnvironment final {
 public:
-    explicit ToolkitEnvironment(const BackendChoice& choice);
+    /// `windowScale` is how many times larger windows are to be than the toolkit would make them. The user's own
+    /// variables for the same come first.
+    explicit ToolkitEnvironment(const BackendChoice& choice, int windowScale = 1);
     ~ToolkitEnvironment();
     ToolkitEnvironment(const ToolkitEnvironment&) = delete;
     ToolkitEnvironment& operator=(const ToolkitEnvironment&) = delete;
@@ -33,6 +35,7 @@ private:
 
     Variable m_platform;
     std::optional<Variable> m_gtkBackend;
+    std::optional<Variable> m_scale;
 };
 
 } // namespace nookle

@@ -13,12 +13,18 @@ private Q_SLOTS:
     void theToolkitIsToldOfTheChoice();
     void underXWaylandGtkKeepsToTheXServer();
     void whatWasSetBeforeIsBackAfterwards();
+    void theToolkitIsToldOfLargerWindows();
+    void theUsersOwnScaleComesFirst_data();
+    void theUsersOwnScaleComesFirst();
 };
 
 void ToolkitEnvironmentTest::init()
 {
     qunsetenv("QT_QPA_PLATFORM");
     qunsetenv("GDK_BACKEND");
+    for (const char* name :
+         { "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING", "QT_USE_PHYSICAL_DPI" })
+        qunsetenv(name);
 }
 
 void ToolkitEnvironmentTest::theToolkitIsToldOfTheChoice()
@@ -50,6 +56,38 @@ void ToolkitEnvironmentTest::whatWasSetBeforeIsBackAfterwards()
     }
     QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray("minimal"));
     QVERIFY(qEnvironmentVariableIsSet("GDK_BACKEND"));
+}
+
+void ToolkitEnvironmentTest::theToolkitIsToldOfLargerWindows()
+{
+    const BackendChoice choice{ DesktopKind::x11, {} };
+    {
+        const ToolkitEnvironment environment(choice, 2);
+        QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("2"));
+    }
+    const ToolkitEnvironment environment(choice, 1);
+    QVERIFY(!qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
+}
+
+void ToolkitEnvironmentTest::theUsersOwnScaleComesFirst_data()
+{
+    QTest::addColumn<QByteArray>("name");
+    QTest::addColumn<QByteArray>("value");
+    QTest::newRow("scale") << QByteArray("QT_SCALE_FACTOR") << QByteArray("1.25");
+    QTest::newRow("screens") << QByteArray("QT_SCREEN_SCALE_FACTORS") << QByteArray("1;2");
+    QTest::newRow("none") << QByteArray("QT_ENABLE_HIGHDPI_SCALING") << QByteArray("0");
+    QTest::newRow("resolution") << QByteArray("QT_USE_PHYSICAL_DPI") << QByteArray("1");
+}
+
+void ToolkitEnvironmentTest::theUsersOwnScaleComesFirst()
+{
+    QFETCH(const QByteArray, name);
+    QFETCH(const QByteArray, value);
+    qputenv(name.constData(), value);
+    const QByteArray before = qgetenv("QT_SCALE_FACTOR");
+    const ToolkitEnvironment environment(BackendChoice{ DesktopKind::x11, {} }, 2);
+    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), before);
+    QCOMPARE(qgetenv(name.constData()), value);
 }
 
 QTEST_GUILESS_MAIN(ToolkitEnvironmentTest)

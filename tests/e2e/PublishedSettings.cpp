@@ -10,6 +10,7 @@ namespace nookle::e2e {
 
 namespace {
 
+constexpr std::uint8_t integerType = 0;
 constexpr std::uint8_t stringType = 1;
 constexpr std::uint8_t bigEndian = 1;
 
@@ -37,17 +38,23 @@ PublishedSettings::PublishedSettings(const QByteArray& display)
                       nullptr);
 }
 
-void PublishedSettings::publish(const std::vector<std::pair<QByteArray, QByteArray>>& settings)
+void PublishedSettings::publish(const std::vector<std::pair<QByteArray, Value>>& settings)
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
     const std::uint32_t serial = 1;
     stream << bigEndian << std::uint8_t(0) << std::uint16_t(0) << serial << static_cast<std::uint32_t>(settings.size());
     for (const auto& [name, value] : settings) {
-        stream << stringType << std::uint8_t(0) << static_cast<std::uint16_t>(name.size());
+        const auto* text = std::get_if<QByteArray>(&value);
+        stream << (text ? stringType : integerType) << std::uint8_t(0) << static_cast<std::uint16_t>(name.size());
         append(stream, name);
-        stream << serial << static_cast<std::uint32_t>(value.size());
-        append(stream, value);
+        stream << serial;
+        if (text) {
+            stream << static_cast<std::uint32_t>(text->size());
+            append(stream, *text);
+        } else {
+            stream << std::get<std::int32_t>(value);
+        }
     }
     const xcb_atom_t property = atom("_XSETTINGS_SETTINGS");
     xcb_change_property(m_connection.get(), XCB_PROP_MODE_REPLACE, m_window, property, property, 8,

@@ -4,7 +4,9 @@
 
 #include <QByteArray>
 
+#include <cstdint>
 #include <utility>
+#include <variant>
 #include <vector>
 
 namespace nookle::e2e {
@@ -14,8 +16,10 @@ class PublishedSettings {
 public:
     explicit PublishedSettings(const QByteArray& display);
 
-    /// Replaces the settings. They are texts.
-    void publish(const std::vector<std::pair<QByteArray, QByteArray>>& settings);
+    using Value = std::variant<QByteArray, std::int32_t>;
+
+    /// Replaces the settings.
+    void publish(const std::vector<std::pair<QByteArray, Value>>& settings);
 
 private:
     [[nodiscard]] xcb_atom_t atom(const QByteArray& name) const;

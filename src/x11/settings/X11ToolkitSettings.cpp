@@ -1,6 +1,7 @@
 #include "X11ToolkitSettings.h"
 
 #include "XSettingsText.h"
+#include "XcbConnection.h"
 #include "XcbReply.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,34 @@ inline constexpr char property[] = "_XSETTINGS_SETTINGS";
 /// In units of four bytes. Real settings take a few kilobytes.
 inline constexpr std::uint32_t largest = 64 * 1024;
 
+[[nodiscard]] xcb_window_t ownerOf(xcb_connection_t* connection, xcb_atom_t settingsSelection)
+{
+    const auto cookie = xcb_get_selection_owner(connection, settingsSelection);
+    const auto reply = owned(xcb_get_selection_owner_reply(connection, cookie, nullptr));
+    return reply ? reply->owner : xcb_window_t{ XCB_WINDOW_NONE };
+}
+
+[[nodiscard]] ToolkitSettings::Values settingsOf(xcb_connection_t* connection, xcb_window_t owner,
+                                                 xcb_atom_t settingsProperty)
+{
+    if (owner == XCB_WINDOW_NONE)
+        return {};
+    const auto cookie = xcb_get_property(connection, 0, owner, settingsProperty, XCB_ATOM_ANY, 0, largest);
+    const auto reply = owned(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!reply)
+        return {};
+    const auto* bytes = static_cast<const char*>(xcb_get_property_value(reply.get()));
+    return parseXSettings({ bytes, xcb_get_property_value_length(reply.get()) });
+}
+
 } // namespace
+
+ToolkitSettings::Values x11SettingsAtStart()
+{
+    const XcbConnection connection(xcb_connect(nullptr, nullptr));
+    const XcbAtoms atoms(connection.get(), { selection, property });
+    return settingsOf(connection.get(), ownerOf(connection.get(), atoms[selection]), atoms[property]);
+}
 
 X11ToolkitSettings::X11ToolkitSettings(xcb_connection_t* connection)
     : m_connection(connection)
@@ -42,9 +70,7 @@ X11ToolkitSettings::~X11ToolkitSettings()
 
 void X11ToolkitSettings::findOwner()
 {
-    const auto cookie = xcb_get_selection_owner(m_connection, m_atoms[selection]);
-    const auto reply = owned(xcb_get_selection_owner_reply(m_connection, cookie, nullptr));
-    m_owner = reply ? reply->owner : 0;
+    m_owner = ownerOf(m_connection, m_atoms[selection]);
     if (m_owner == 0)
         return;
     // What the toolkit asks for on the same connection, so that neither takes events from the other.
@@ -54,14 +80,7 @@ void X11ToolkitSettings::findOwner()
 
 void X11ToolkitSettings::read()
 {
-    Values values;
-    if (m_owner != 0) {
-        const auto cookie = xcb_get_property(m_connection, 0, m_owner, m_atoms[property], XCB_ATOM_ANY, 0, largest);
-        if (const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr))) {
-            const auto* bytes = static_cast<const char*>(xcb_get_property_value(reply.get()));
-            values = parseXSettings({ bytes, xcb_get_property_value_length(reply.get()) });
-        }
-    }
+    const Values values = settingsOf(m_connection, m_owner, m_atoms[property]);
     if (std::exchange(m_values, values) != values && onChanged)
         onChanged();
 }

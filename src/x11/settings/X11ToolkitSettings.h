@@ -12,6 +12,10 @@ struct xcb_connection_t;
 
 namespace nookle {
 
+/// The present settings of the X server that the environment names, for what must be known before the toolkit has a
+/// connection. Empty where no server runs.
+[[nodiscard]] ToolkitSettings::Values x11SettingsAtStart();
+
 /// The settings that the owner of the settings selection publishes, in most desktops a part of the session. Follows
 /// their changes, and a program that takes over.
 class X11ToolkitSettings final : public ToolkitSettings, private QAbstractNativeEventFilter {

@@ -1,0 +1,42 @@
+#include "WindowScale.h"
+
+#include <QTest>
+
+using namespace nookle;
+
+class WindowScaleTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void whatTheResolutionDoesNotSayIsLeft_data();
+    void whatTheResolutionDoesNotSayIsLeft();
+};
+
+void WindowScaleTest::whatTheResolutionDoesNotSayIsLeft_data()
+{
+    constexpr int dpi = 1024;
+    QTest::addColumn<ToolkitSettings::Values>("settings");
+    QTest::addColumn<int>("scale");
+    const auto row = [](const char* name, const ToolkitSettings::Values& settings, int scale) {
+        QTest::newRow(name) << settings << scale;
+    };
+    row("no settings", {}, 1);
+    row("not enlarged", { { "Gdk/WindowScalingFactor", 1 }, { "Xft/DPI", 96 * dpi } }, 1);
+    row("enlarged", { { "Gdk/WindowScalingFactor", 2 } }, 2);
+    row("enlarged, with a resolution for texts", { { "Gdk/WindowScalingFactor", 2 }, { "Xft/DPI", 96 * dpi } }, 2);
+    row("enlarged by the resolution too",
+        { { "Gdk/WindowScalingFactor", 2 }, { "Gdk/UnscaledDPI", 96 * dpi }, { "Xft/DPI", 192 * dpi } }, 1);
+    row("the resolution from before alone", { { "Gdk/WindowScalingFactor", 3 }, { "Gdk/UnscaledDPI", 96 * dpi } }, 3);
+    row("nothing that can be", { { "Gdk/WindowScalingFactor", 0 } }, 1);
+    row("nothing that can be shown", { { "Gdk/WindowScalingFactor", 1000 } }, 1);
+    row("no number", { { "Gdk/WindowScalingFactor", QStringLiteral("large") } }, 1);
+}
+
+void WindowScaleTest::whatTheResolutionDoesNotSayIsLeft()
+{
+    QFETCH(const ToolkitSettings::Values, settings);
+    QTEST(windowScale(settings), "scale");
+}
+
+QTEST_APPLESS_MAIN(WindowScaleTest)
+#include "WindowScaleTest.moc"
