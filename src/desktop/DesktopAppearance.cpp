@@ -79,6 +79,8 @@ DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit)
 {
     if (m_toolkit)
         m_toolkit->onChanged = [this] { update(); };
+    // Some themes of the toolkit need it also where no settings are found.
+    apply(m_look);
     update();
     followPortal();
 }

@@ -103,6 +103,7 @@ private Q_SLOTS:
     void plasmaIsNotGivenTheSettingsOfAnotherDesktop();
     void plasmasOwnIconsAreTakenOver();
     void withoutTheServiceNothingChanges();
+    void withoutAnySettingsTextsCanBeRead();
 
 private:
     [[nodiscard]] static bool isDark() { return QGuiApplication::palette().color(QPalette::Window).lightness() < 100; }
@@ -320,6 +321,17 @@ void DesktopAppearanceTest::withoutTheServiceNothingChanges()
     const DesktopAppearance appearance;
     settle();
     QVERIFY(!isDark());
+}
+
+void DesktopAppearanceTest::withoutAnySettingsTextsCanBeRead()
+{
+    // As the toolkit's theme for GTK has it: the texts of windows that are not active are faint.
+    QPalette faint = m_light;
+    faint.setColor(QPalette::Active, QPalette::WindowText, Qt::black);
+    faint.setColor(QPalette::Inactive, QPalette::WindowText, QColor(0x92, 0x95, 0x95));
+    QGuiApplication::setPalette(faint);
+    const DesktopAppearance appearance;
+    QCOMPARE(QGuiApplication::palette().color(QPalette::Inactive, QPalette::WindowText), QColor(Qt::black));
 }
 
 QTEST_MAIN(DesktopAppearanceTest)
