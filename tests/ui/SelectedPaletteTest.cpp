@@ -11,7 +11,9 @@ class SelectedPaletteTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void theGroundIsTheDesktopsHighlight();
+    void theLineIsTheDesktopsHighlight();
+    void anIconInTheColourOfTheAccentIsSeen_data();
+    void anIconInTheColourOfTheAccentIsSeen();
     void selectedPartsCanBeToldFromThePanel_data();
     void selectedPartsCanBeToldFromThePanel();
 
@@ -40,11 +42,11 @@ private:
     }
 };
 
-void SelectedPaletteTest::theGroundIsTheDesktopsHighlight()
+void SelectedPaletteTest::theLineIsTheDesktopsHighlight()
 {
     const QPalette selected = selectedPalette(palette("#f4f4f5", "#1d1d1f", "#1a5fb4"));
-    QCOMPARE(selected.color(QPalette::Window), QColor(QLatin1String("#1a5fb4")));
-    QCOMPARE(selected.color(QPalette::WindowText), QColor(Qt::white));
+    QCOMPARE(selected.color(QPalette::Highlight), QColor(QLatin1String("#1a5fb4")));
+    QCOMPARE(selected.color(QPalette::WindowText), QColor(QLatin1String("#1d1d1f")));
 }
 
 void SelectedPaletteTest::selectedPartsCanBeToldFromThePanel_data()
@@ -64,10 +66,27 @@ void SelectedPaletteTest::selectedPartsCanBeToldFromThePanel()
     QFETCH(const QPalette, colors);
     const QPalette selected = selectedPalette(colors);
     const QColor ground = selected.color(QPalette::Window);
-    QVERIFY2(contrast(ground, colors.color(QPalette::Window)) >= 3, qPrintable(ground.name()));
-    const QColor text = selected.color(QPalette::WindowText);
-    QVERIFY(contrast(ground, text) >= (text == colors.color(QPalette::HighlightedText) ? 3 : 4.5));
-    QCOMPARE(selected.color(QPalette::Highlight), text);
+    const QColor line = selected.color(QPalette::Highlight);
+    QVERIFY2(contrast(line, colors.color(QPalette::Window)) >= 3, qPrintable(line.name()));
+    QVERIFY2(contrast(line, ground) >= 3, qPrintable(line.name()));
+    QVERIFY(contrast(ground, selected.color(QPalette::WindowText)) >= 4.5);
+}
+
+void SelectedPaletteTest::anIconInTheColourOfTheAccentIsSeen_data()
+{
+    QTest::addColumn<QPalette>("colors");
+    QTest::newRow("light") << palette("#eff0f1", "#232629", "#3daee9");
+    QTest::newRow("dark") << palette("#31363b", "#eff0f1", "#3daee9");
+}
+
+// As easily as on the panel, or nearly so.
+void SelectedPaletteTest::anIconInTheColourOfTheAccentIsSeen()
+{
+    QFETCH(const QPalette, colors);
+    const QColor icon = colors.color(QPalette::Highlight);
+    const double onPanel = contrast(icon, colors.color(QPalette::Window));
+    const double onGround = contrast(icon, selectedPalette(colors).color(QPalette::Window));
+    QVERIFY2(onGround > 0.7 * onPanel, qPrintable(QString::number(onGround)));
 }
 
 QTEST_GUILESS_MAIN(SelectedPaletteTest)

@@ -12,6 +12,7 @@ namespace nookle {
 namespace {
 
 inline constexpr double leastContrast = 3;
+inline constexpr double leastTextContrast = 4.5;
 inline constexpr int mixingSteps = 10;
 
 /// From 0 for black to 1 for white, as the eye sees it.
@@ -38,21 +39,29 @@ inline constexpr int mixingSteps = 10;
                             part(from.blueF(), to.blueF()));
 }
 
+/// The panel with a little of the accent in it. Icons, many of which have the colour of the accent, stand out from it.
 [[nodiscard]] QColor selectedGround(const QPalette& palette)
 {
-    const QColor panel = palette.color(QPalette::Window);
-    QColor ground = accentColor(palette);
-    for (int step = 1; step <= mixingSteps && contrast(ground, panel) < leastContrast; ++step)
-        ground = mixed(accentColor(palette), primaryColor(palette), static_cast<float>(step) / mixingSteps);
-    return ground;
+    constexpr float share = 0.2F;
+    return mixed(palette.color(QPalette::Window), accentColor(palette), share);
 }
 
-/// The desktop's own colour where it can be read, because the user knows the pair from everywhere else.
+[[nodiscard]] QColor selectedLine(const QPalette& palette, const QColor& ground)
+{
+    const QColor panel = palette.color(QPalette::Window);
+    const auto isSeen = [&](const QColor& line) {
+        return contrast(line, panel) >= leastContrast && contrast(line, ground) >= leastContrast;
+    };
+    QColor line = accentColor(palette);
+    for (int step = 1; step <= mixingSteps && !isSeen(line); ++step)
+        line = mixed(accentColor(palette), primaryColor(palette), static_cast<float>(step) / mixingSteps);
+    return line;
+}
+
 [[nodiscard]] QColor textOn(const QColor& ground, const QPalette& palette)
 {
-    const QColor usual = palette.color(QPalette::HighlightedText);
-    if (contrast(usual, ground) >= leastContrast)
-        return usual;
+    if (contrast(primaryColor(palette), ground) >= leastTextContrast)
+        return primaryColor(palette);
     const QColor white(Qt::white);
     const QColor black(Qt::black);
     return contrast(white, ground) >= contrast(black, ground) ? white : black;
@@ -63,11 +72,10 @@ inline constexpr int mixingSteps = 10;
 QPalette selectedPalette(const QPalette& palette)
 {
     const QColor ground = selectedGround(palette);
-    const QColor text = textOn(ground, palette);
     QPalette selected = palette;
     selected.setColor(QPalette::Window, ground);
-    selected.setColor(QPalette::WindowText, text);
-    selected.setColor(QPalette::Highlight, text);
+    selected.setColor(QPalette::WindowText, textOn(ground, palette));
+    selected.setColor(QPalette::Highlight, selectedLine(palette, ground));
     return selected;
 }
 

@@ -23,7 +23,7 @@ inline constexpr int missingSymbolSize = 36;
 inline constexpr int badgeSize = 12;
 inline constexpr int badgePadding = 5;
 inline constexpr double cornerRadius = 8;
-inline constexpr int selectedFrameInset = 2;
+inline constexpr int selectedFrameInset = 3;
 inline constexpr double unavailableOpacity = 0.5;
 
 } // namespace
@@ -123,11 +123,8 @@ void ShelfItemView::paintEvent(QPaintEvent* /*event*/)
 
 void ShelfItemView::paintBackground(QPainter& painter, const QPalette& colors) const
 {
-    if (m_isSelected) {
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(colors.color(QPalette::Window));
-        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
-    }
+    if (m_isSelected)
+        paintSelection(painter, rect(), cornerRadius, colors);
     if (m_isHovered)
         paintHighlight(painter, rect(), cornerRadius, colors, hoverOpacity);
     const int inset = m_isSelected ? selectedFrameInset : 0;
