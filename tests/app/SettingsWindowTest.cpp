@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollArea>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -55,6 +56,9 @@ void collectTexts(const QLayout& layout, QStringList& texts)
             continue;
         if (const auto text = widget ? textOf(*widget) : std::nullopt)
             texts.append(*text);
+        const auto* scrolled = qobject_cast<const QScrollArea*>(widget);
+        if (scrolled)
+            widget = scrolled->widget();
         if (const QLayout* inner = widget ? widget->layout() : item->layout())
             collectTexts(*inner, texts);
     }

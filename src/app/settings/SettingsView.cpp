@@ -13,6 +13,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 #include <utility>
 
@@ -21,6 +22,12 @@ namespace nookle {
 namespace {
 
 inline constexpr int formWidth = 440;
+
+/// The wheel scrolls the form, and changes no setting that the pointer happens to be over.
+class Picker final : public QComboBox {
+protected:
+    void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+};
 
 [[nodiscard]] QHBoxLayout* makeRow(QLabel* title, QWidget* value)
 {
@@ -115,7 +122,7 @@ QCheckBox* SettingsView::makeToggle(const QString& title, const Getter& value, c
 
 QComboBox* SettingsView::makeExpiryPicker()
 {
-    auto* picker = new QComboBox;
+    auto* picker = new Picker;
     for (const AppSettings::Expiry expiry : AppSettings::allExpiries)
         picker->addItem(AppSettings::title(expiry), QVariant::fromValue(expiry));
     const auto follow = [this, picker] {

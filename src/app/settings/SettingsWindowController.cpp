@@ -1,6 +1,7 @@
 #include "SettingsWindowController.h"
 
 #include "AboutRow.h"
+#include "FittingScrollArea.h"
 
 #include <QCoreApplication>
 #include <QCursor>
@@ -15,14 +16,19 @@ namespace nookle {
 
 namespace {
 
-/// Centres the window on the display with the pointer.
-void centre(QDialog& window)
+/// What a window's title bar and frame take of a display, in most desktops less.
+inline constexpr int frameHeight = 40;
+
+[[nodiscard]] QScreen& screenWithPointer()
 {
-    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
-    if (!screen)
-        screen = QGuiApplication::primaryScreen();
+    QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
+    return screen ? *screen : *QGuiApplication::primaryScreen();
+}
+
+void centre(QDialog& window, const QScreen& screen)
+{
     QRect frame(QPoint(), window.sizeHint());
-    frame.moveCenter(screen->availableGeometry().center());
+    frame.moveCenter(screen.availableGeometry().center());
     window.move(frame.topLeft());
 }
 
@@ -47,29 +53,40 @@ SettingsWindowController::~SettingsWindowController() = default;
 void SettingsWindowController::show()
 {
     if (!m_window) {
-        m_window = makeWindow();
-        centre(*m_window);
+        makeWindow();
+        const QScreen& screen = screenWithPointer();
+        fitWindow(screen);
+        centre(*m_window, screen);
+    } else {
+        fitWindow(*m_window->screen());
     }
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
 }
 
-std::unique_ptr<QDialog> SettingsWindowController::makeWindow() const
+void SettingsWindowController::makeWindow()
 {
     constexpr auto titleAndCloseButton =
         Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-    auto window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
-    window->setWindowTitle(QCoreApplication::translate("nookle::SettingsWindowController", "Nookle Settings"));
-    window->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.nookle.Nookle")));
-    auto* content = new QVBoxLayout(window.get());
+    m_window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
+    m_window->setWindowTitle(QCoreApplication::translate("nookle::SettingsWindowController", "Nookle Settings"));
+    m_window->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.nookle.Nookle")));
+    auto* content = new QVBoxLayout(m_window.get());
     content->setContentsMargins({});
     content->setSpacing(0);
     // The window always has the size of its form, also when a row appears or disappears.
     content->setSizeConstraint(QLayout::SetFixedSize);
-    content->addWidget(new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory, m_dataFolder));
-    content->addWidget(new AboutRow(m_copyDiagnostics));
-    return window;
+    m_form = new FittingScrollArea(
+        new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory, m_dataFolder));
+    m_about = new AboutRow(m_copyDiagnostics);
+    content->addWidget(m_form);
+    content->addWidget(m_about);
+}
+
+void SettingsWindowController::fitWindow(const QScreen& screen)
+{
+    m_form->setLargestHeight(screen.availableGeometry().height() - frameHeight - m_about->sizeHint().height());
 }
 
 } // namespace nookle

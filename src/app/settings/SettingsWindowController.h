@@ -7,7 +7,12 @@
 #include <functional>
 #include <memory>
 
+class QScreen;
+
 namespace nookle {
+
+class AboutRow;
+class FittingScrollArea;
 
 /// Owns the settings window. The window is made once, and kept when it is closed. Main thread only.
 class SettingsWindowController final {
@@ -25,7 +30,9 @@ public:
     void show();
 
 private:
-    [[nodiscard]] std::unique_ptr<QDialog> makeWindow() const;
+    void makeWindow();
+    /// Lets the window be no higher than that display.
+    void fitWindow(const QScreen& screen);
 
     AppSettings& m_settings;
     LoginItem& m_loginItem;
@@ -34,6 +41,9 @@ private:
     DataFolderRow::Folder m_dataFolder;
     std::function<void()> m_copyDiagnostics;
     std::unique_ptr<QDialog> m_window;
+    /// The parts of the window, which owns them.
+    FittingScrollArea* m_form = nullptr;
+    AboutRow* m_about = nullptr;
 };
 
 } // namespace nookle
