@@ -206,6 +206,7 @@ void SettingsWindowTest::theWindowIsAsWideAsItsFormAndCannotBeResized()
 {
     open();
     QCOMPARE(window()->windowTitle(), QStringLiteral("Nookle Settings"));
+    QVERIFY(!window()->windowIcon().isNull());
     QCOMPARE(window()->width(), 440);
     QCOMPARE(window()->minimumSize(), window()->maximumSize());
     QVERIFY(!(window()->windowFlags() & Qt::WindowMinMaxButtonsHint));

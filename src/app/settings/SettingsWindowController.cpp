@@ -2,11 +2,11 @@
 
 #include "AboutRow.h"
 #include "FittingScrollArea.h"
+#include "ProgramIcon.h"
 
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
-#include <QIcon>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -71,7 +71,7 @@ void SettingsWindowController::makeWindow()
         Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
     m_window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
     m_window->setWindowTitle(QCoreApplication::translate("nookle::SettingsWindowController", "Nookle Settings"));
-    m_window->setWindowIcon(QIcon::fromTheme(QStringLiteral("org.nookle.Nookle")));
+    m_window->setWindowIcon(programIcon());
     auto* content = new QVBoxLayout(m_window.get());
     content->setContentsMargins({});
     content->setSpacing(0);
