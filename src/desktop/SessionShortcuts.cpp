@@ -30,8 +30,8 @@ namespace {
                           " -m org.freedesktop.Application.ActivateAction toggle '[]' '{}'");
 }
 
-/// The toolkit puts Super first, and calls it "Meta".
-[[nodiscard]] QString names(QKeyCombination keys)
+/// In the toolkit's words, which puts Super first, and calls it "Meta".
+[[nodiscard]] QString toolkitNames(QKeyCombination keys)
 {
     const Qt::KeyboardModifiers held = keys.keyboardModifiers();
     const QKeyCombination others(held & ~Qt::KeyboardModifiers(Qt::MetaModifier), keys.key());
@@ -125,7 +125,7 @@ QList<Shortcut> SessionShortcuts::shortcuts() const
 
 QString SessionShortcuts::wantedKeys() const
 {
-    return m_registered.empty() ? QString() : names(m_registered.begin()->second.shortcut.keys);
+    return m_registered.empty() ? QString() : toolkitNames(m_registered.begin()->second.shortcut.keys);
 }
 
 bool SessionShortcuts::canAskAgain() const

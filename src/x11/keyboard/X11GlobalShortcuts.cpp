@@ -55,12 +55,12 @@ std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombinatio
     QMetaObject::invokeMethod(this, &X11GlobalShortcuts::readEvents, Qt::QueuedConnection);
     const std::uint32_t number = ++m_lastNumber;
     if (number == firstNumber)
-        m_wantedKeys = names(keys);
+        m_wantedKeys = catalogueNames(keys);
     if (!wanted.isOwn) {
         const bool mayBeHeld = !m_connection || wanted.isOnKeyboard();
         logLine((mayBeHeld ? QStringLiteral("another program may hold the shortcut %1")
                            : QStringLiteral("this keyboard has no keys for the shortcut %1"))
-                    .arg(names(keys)));
+                    .arg(catalogueNames(keys)));
         if (number == firstNumber)
             m_firstRefusal = refusal(wanted);
         // A keyboard that comes later may have the keys.
@@ -88,7 +88,7 @@ const X11GlobalShortcuts::Grab* X11GlobalShortcuts::firstGrab() const
 QString X11GlobalShortcuts::boundKeys() const
 {
     const Grab* first = firstGrab();
-    return first && first->isOwn ? names(first->combination) : QString();
+    return first && first->isOwn ? catalogueNames(first->combination) : QString();
 }
 
 QString X11GlobalShortcuts::obstacle() const
@@ -99,7 +99,7 @@ QString X11GlobalShortcuts::obstacle() const
     return first->isOwn ? QString() : refusal(*first);
 }
 
-QString X11GlobalShortcuts::names(QKeyCombination keys) const
+QString X11GlobalShortcuts::catalogueNames(QKeyCombination keys) const
 {
     const Qt::KeyboardModifiers held = keys.keyboardModifiers();
     QStringList names;
@@ -117,7 +117,7 @@ QString X11GlobalShortcuts::names(QKeyCombination keys) const
 
 QString X11GlobalShortcuts::refusal(const Grab& grab) const
 {
-    const QString keys = names(grab.combination);
+    const QString keys = catalogueNames(grab.combination);
     return grab.isOnKeyboard() ? tr("Another program may hold %1.").arg(keys)
                                : tr("This keyboard has no %1.").arg(keys);
 }

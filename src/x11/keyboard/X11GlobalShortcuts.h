@@ -65,7 +65,8 @@ private:
     [[nodiscard]] bool grab(const Grab& grab);
     void ungrab(const Grab& grab);
     [[nodiscard]] const Grab* firstGrab() const;
-    [[nodiscard]] QString names(QKeyCombination keys) const;
+    /// In the words of the program's own catalogue.
+    [[nodiscard]] QString catalogueNames(QKeyCombination keys) const;
     [[nodiscard]] QString refusal(const Grab& grab) const;
     void unregister(std::uint32_t number);
     [[nodiscard]] std::uint16_t modifierOf(xcb_keysym_t keysym) const;
