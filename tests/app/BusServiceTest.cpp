@@ -140,7 +140,7 @@ void BusServiceTest::filesAndTextsAreHandedOver()
     QCOMPARE(reply.type(), QDBusMessage::ReplyMessage);
     QCOMPARE(m_added.size(), 1);
     QCOMPARE(m_added.first().fileUrls.size(), 2);
-    QCOMPARE(m_added.first().string, QStringLiteral("words"));
+    QCOMPARE(m_added.first().strings, QStringList{ QStringLiteral("words") });
 }
 
 void BusServiceTest::theErrorsTextReachesTheCaller()
@@ -150,7 +150,7 @@ void BusServiceTest::theErrorsTextReachesTheCaller()
     QCOMPARE(reply.type(), QDBusMessage::ErrorMessage);
     QCOMPARE(reply.errorName(), QStringLiteral("org.nookle.Nookle1.Error.NothingToAdd"));
     QCOMPARE(reply.errorMessage(), m_refusal);
-    QVERIFY(!m_added.first().string);
+    QVERIFY(m_added.first().strings.isEmpty());
 }
 
 void BusServiceTest::theVersionCanBeRead()

@@ -20,14 +20,14 @@ void SelectionReadingTest::filesAndTextAreRead()
     payload.offer("text/plain", "a\xc3\xa4").offer("text/uri-list", "file:///a%20b\r\n");
     const ServicePasteboard selection = readSelection(payload);
     QCOMPARE(selection.fileUrls, QList<QUrl>{ QUrl(QStringLiteral("file:///a%20b")) });
-    QCOMPARE(selection.string, QStringLiteral("aä"));
+    QCOMPARE(selection.strings, QStringList{ QStringLiteral("aä") });
 }
 
 void SelectionReadingTest::anEmptySelectionHoldsNothing()
 {
     const ServicePasteboard selection = readSelection(FakeDropPayload());
     QVERIFY(selection.fileUrls.isEmpty());
-    QVERIFY(!selection.string);
+    QVERIFY(selection.strings.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(SelectionReadingTest)

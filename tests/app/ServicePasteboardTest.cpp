@@ -11,7 +11,7 @@ class ServicePasteboardTest : public QObject {
 private Q_SLOTS:
     void filesKeepTheirOrder();
     void anEmptyTextIsNone();
-    void aPageIsTheTextWhenNothingElseIs();
+    void pagesAreTheTextsWhenNothingElseIs();
     void filesOfOtherMachinesAreNone();
     void theNameOfThisMachineIsLeftOut();
     void whatIsNoAddressIsNone();
@@ -24,27 +24,27 @@ void ServicePasteboardTest::filesKeepTheirOrder()
         servicePasteboard({ QStringLiteral("file:///b"), QStringLiteral("file:///a%20c") }, QStringLiteral("text"));
     QCOMPARE(pasteboard.fileUrls,
              (QList<QUrl>{ QUrl(QStringLiteral("file:///b")), QUrl(QStringLiteral("file:///a%20c")) }));
-    QCOMPARE(pasteboard.string, QStringLiteral("text"));
+    QCOMPARE(pasteboard.strings, QStringList{ QStringLiteral("text") });
 }
 
 void ServicePasteboardTest::anEmptyTextIsNone()
 {
-    QVERIFY(!servicePasteboard({}, {}).string);
+    QVERIFY(servicePasteboard({}, {}).strings.isEmpty());
 }
 
-void ServicePasteboardTest::aPageIsTheTextWhenNothingElseIs()
+void ServicePasteboardTest::pagesAreTheTextsWhenNothingElseIs()
 {
     const QStringList pages{ QStringLiteral("https://one.example/"), QStringLiteral("https://two.example/") };
-    QCOMPARE(servicePasteboard(pages, {}).string, pages.first());
+    QCOMPARE(servicePasteboard(pages, {}).strings, pages);
     QVERIFY(servicePasteboard(pages, {}).fileUrls.isEmpty());
-    QCOMPARE(servicePasteboard(pages, QStringLiteral("words")).string, QStringLiteral("words"));
+    QCOMPARE(servicePasteboard(pages, QStringLiteral("words")).strings, QStringList{ QStringLiteral("words") });
 }
 
 void ServicePasteboardTest::filesOfOtherMachinesAreNone()
 {
     const auto pasteboard = servicePasteboard({ QStringLiteral("file://elsewhere/a"), QStringLiteral("file:a") }, {});
     QVERIFY(pasteboard.fileUrls.isEmpty());
-    QVERIFY(!pasteboard.string);
+    QVERIFY(pasteboard.strings.isEmpty());
 }
 
 void ServicePasteboardTest::theNameOfThisMachineIsLeftOut()
@@ -57,7 +57,7 @@ void ServicePasteboardTest::whatIsNoAddressIsNone()
 {
     const auto pasteboard = servicePasteboard({ QString(), QStringLiteral("/a"), QStringLiteral("words") }, {});
     QVERIFY(pasteboard.fileUrls.isEmpty());
-    QVERIFY(!pasteboard.string);
+    QVERIFY(pasteboard.strings.isEmpty());
 }
 
 void ServicePasteboardTest::bytesThatAreNotUtf8StayEncoded()

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void filesWinOverText();
     void textIsAddedWhereThereAreNoFiles();
     void aWebAddressBecomesALink();
+    void severalPagesAreAllAdded();
     void filesAndPagesThatAreNamedAreAllAdded();
     void aListOfNothingSaysThatNothingWasFound();
 
@@ -67,13 +68,13 @@ void ServiceProviderTest::aPasteboardWithOnlyAnImageSaysThatNothingWasFound()
 
 void ServiceProviderTest::filesWinOverText()
 {
-    QVERIFY(!m_provider->addToShelf({ { StoreFixture::file("/a") }, QStringLiteral("/a") }));
+    QVERIFY(!m_provider->addToShelf({ { StoreFixture::file("/a") }, { QStringLiteral("/a") } }));
     QCOMPARE(StoreFixture::names(*m_store), QStringList{ QStringLiteral("a") });
 }
 
 void ServiceProviderTest::textIsAddedWhereThereAreNoFiles()
 {
-    QVERIFY(!m_provider->addToShelf({ {}, QStringLiteral("some words") }));
+    QVERIFY(!m_provider->addToShelf({ {}, { QStringLiteral("some words") } }));
     QCOMPARE(m_store->items().size(), 1);
     QVERIFY(std::holds_alternative<TextContent>(m_store->items().first().content));
     QCOMPARE(m_shown, 1);
@@ -81,8 +82,19 @@ void ServiceProviderTest::textIsAddedWhereThereAreNoFiles()
 
 void ServiceProviderTest::aWebAddressBecomesALink()
 {
-    QVERIFY(!m_provider->addToShelf({ {}, QStringLiteral("https://example.com/") }));
+    QVERIFY(!m_provider->addToShelf({ {}, { QStringLiteral("https://example.com/") } }));
     QVERIFY(std::holds_alternative<LinkContent>(m_store->items().first().content));
+}
+
+void ServiceProviderTest::severalPagesAreAllAdded()
+{
+    const QSignalSpy changes(m_store.get(), &ShelfStore::itemsChanged);
+    const ServicePasteboard pages =
+        servicePasteboard({ QStringLiteral("https://one.example/"), QStringLiteral("https://two.example/") }, {});
+    QVERIFY(!m_provider->addToShelf(pages));
+    QCOMPARE(StoreFixture::names(*m_store).join(QLatin1Char(' ')), QStringLiteral("one.example two.example"));
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(m_shown, 1);
 }
 
 void ServiceProviderTest::filesAndPagesThatAreNamedAreAllAdded()

@@ -8,12 +8,7 @@ namespace nookle {
 ServicePasteboard servicePasteboard(const QStringList& uris, const QString& text)
 {
     const AddressList addresses = addressList(uris);
-    ServicePasteboard pasteboard{ addresses.fileUrls, std::nullopt };
-    if (!text.isEmpty())
-        pasteboard.string = text;
-    else if (!addresses.pages.isEmpty())
-        pasteboard.string = addresses.pages.first();
-    return pasteboard;
+    return { addresses.fileUrls, text.isEmpty() ? addresses.pages : QStringList{ text } };
 }
 
 AddressList addressList(const QStringList& uris)

@@ -5,18 +5,17 @@
 #include <QStringList>
 #include <QUrl>
 
-#include <optional>
-
 namespace nookle {
 
 /// The data that another program hands over for the shelf.
 struct ServicePasteboard {
     QList<QUrl> fileUrls;
-    std::optional<QString> string;
+    /// Texts and web addresses, none of them empty.
+    QStringList strings;
 };
 
-/// Sorts addresses and a text (empty for none) into a pasteboard. If there is no text, the first address that is not a
-/// file's takes its place.
+/// Sorts addresses and a text (empty for none) into a pasteboard. If there is no text, the addresses that are not
+/// of files take its place.
 [[nodiscard]] ServicePasteboard servicePasteboard(const QStringList& uris, const QString& text);
 
 /// The files and pages of a list of addresses, each in the order of the list.

@@ -15,32 +15,25 @@ ServiceProvider::ServiceProvider(ShelfStore& store, std::function<void()> onAdde
 
 std::optional<Failure> ServiceProvider::addToShelf(const ServicePasteboard& pasteboard)
 {
-    if (!pasteboard.fileUrls.isEmpty())
-        m_store.addFiles(pasteboard.fileUrls);
-    else if (pasteboard.string)
-        m_store.addText(*pasteboard.string);
-    else
-        return nothingFound();
-    m_onAdded();
-    return std::nullopt;
+    return pasteboard.fileUrls.isEmpty() ? add({}, pasteboard.strings) : add(pasteboard.fileUrls, {});
 }
 
 std::optional<Failure> ServiceProvider::open(const AddressList& list)
 {
-    if (list.fileUrls.isEmpty() && list.pages.isEmpty())
-        return nothingFound();
+    return add(list.fileUrls, list.pages);
+}
+
+std::optional<Failure> ServiceProvider::add(const QList<QUrl>& files, const QStringList& texts)
+{
+    if (files.isEmpty() && texts.isEmpty())
+        return Failure{ tr("Nothing found that can be added to the shelf.") };
     m_store.changeTogether([&] {
         // The item that is added last is on top.
-        std::for_each(list.pages.crbegin(), list.pages.crend(), [this](const QString& page) { m_store.addText(page); });
-        m_store.addFiles(list.fileUrls);
+        std::for_each(texts.crbegin(), texts.crend(), [this](const QString& text) { m_store.addText(text); });
+        m_store.addFiles(files);
     });
     m_onAdded();
     return std::nullopt;
-}
-
-Failure ServiceProvider::nothingFound()
-{
-    return Failure{ tr("Nothing found that can be added to the shelf.") };
 }
 
 } // namespace nookle

@@ -21,7 +21,8 @@ public:
     /// that.
     ServiceProvider(ShelfStore& store, std::function<void()> onAdded);
 
-    /// Adds the files, or else the text. When there is neither, returns a failure with a text for the user.
+    /// Adds the files, or else the texts, in their order. When there is neither, returns a failure with a text for the
+    /// user.
     [[nodiscard]] std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
 
     /// Adds all files and pages of a list: the files on top, the pages below, each in the order of the list. When the
@@ -29,7 +30,7 @@ public:
     [[nodiscard]] std::optional<Failure> open(const AddressList& list);
 
 private:
-    [[nodiscard]] static Failure nothingFound();
+    std::optional<Failure> add(const QList<QUrl>& files, const QStringList& texts);
 
     ShelfStore& m_store;
     std::function<void()> m_onAdded;
