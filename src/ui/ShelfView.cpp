@@ -325,7 +325,7 @@ QList<ShelfItem> ShelfView::targets() const
 void ShelfView::keyPressEvent(QKeyEvent* event)
 {
     // One press does a thing once, however long it lasts.
-    if (event->isAutoRepeat())
+    if (m_heldKey.isRepeat(*event))
         return;
     if (event->key() == Qt::Key_Escape) {
         if (!m_tiles->endSelection())
@@ -334,6 +334,12 @@ void ShelfView::keyPressEvent(QKeyEvent* event)
     }
     if (!m_shelfActions.handleKey(*event) && !m_selectionActions.handleKey(*event, targets()))
         QWidget::keyPressEvent(event);
+}
+
+void ShelfView::keyReleaseEvent(QKeyEvent* event)
+{
+    m_heldKey.release(*event);
+    QWidget::keyReleaseEvent(event);
 }
 
 // For the mouse, a tile opens its menu itself. A rubber band ends: the menu takes the release of its button.

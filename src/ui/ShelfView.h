@@ -5,6 +5,7 @@
 #include "DragSession.h"
 #include "DropHandler.h"
 #include "DropTarget.h"
+#include "HeldKey.h"
 #include "ItemInteraction.h"
 #include "ShelfActions.h"
 #include "SelectionActions.h"
@@ -117,6 +118,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
@@ -156,6 +158,7 @@ private:
     DragRunner m_runDrag;
     std::optional<TileSizes> m_tileSizes;
     UseCount m_uses;
+    HeldKey m_heldKey;
     ShelfHeader* m_header;
     QStackedLayout* m_content;
     EmptyShelfView* m_emptyState;

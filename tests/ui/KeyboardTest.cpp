@@ -24,6 +24,8 @@ private Q_SLOTS:
     void movingScrollsTheTileIntoView();
     void returnOpens();
     void aHeldKeyActsOnce();
+    void aHeldKeyActsOnceWhereItsRepeatsAreNotMarked_data();
+    void aHeldKeyActsOnceWhereItsRepeatsAreNotMarked();
     void deleteRemovesAndTheNextTileTakesOver();
     void deletingTheLastTileLeavesTheOneAbove();
     void controlAndCCopy();
@@ -151,6 +153,39 @@ void KeyboardTest::aHeldKeyActsOnce()
     hold(Qt::Key_Escape);
     QVERIFY(list().selection().isEmpty());
     QVERIFY(!isHidden);
+}
+
+void KeyboardTest::aHeldKeyActsOnceWhereItsRepeatsAreNotMarked_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+    QTest::newRow("Delete") << int(Qt::Key_Delete) << Qt::KeyboardModifiers();
+    QTest::newRow("Ctrl+Space") << int(Qt::Key_Space) << Qt::KeyboardModifiers(Qt::ControlModifier);
+}
+
+void KeyboardTest::aHeldKeyActsOnceWhereItsRepeatsAreNotMarked()
+{
+    QFETCH(const int, key);
+    QFETCH(const Qt::KeyboardModifiers, modifiers);
+    constexpr quint32 scanCode = 119;
+    const auto send = [&](QEvent::Type type, quint64 time) {
+        QKeyEvent event(type, key, modifiers, scanCode, 0, 0);
+        event.setTimestamp(time);
+        QApplication::sendEvent(&list(), &event);
+    };
+    const auto effect = [this] { return std::pair(m_shelf->store.items().size(), list().selection().targets()); };
+    this->key(Qt::Key_Home);
+    send(QEvent::KeyPress, 1000);
+    const auto once = effect();
+    for (const quint64 time : { 1500U, 1540U, 1580U }) {
+        send(QEvent::KeyRelease, time);
+        send(QEvent::KeyPress, time);
+    }
+    QCOMPARE(effect(), once);
+    // The same key again.
+    send(QEvent::KeyRelease, 1600);
+    send(QEvent::KeyPress, 1700);
+    QVERIFY(effect() != once);
 }
 
 void KeyboardTest::deleteRemovesAndTheNextTileTakesOver()

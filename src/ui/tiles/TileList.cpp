@@ -195,7 +195,7 @@ void TileList::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Space:
         if (const auto row = m_selection.currentRow(); row && event->modifiers() & Qt::ControlModifier) {
             m_usesKeys = true;
-            if (!event->isAutoRepeat())
+            if (!m_heldKey.isRepeat(*event))
                 change([&] { m_selection.click(*row, Qt::ControlModifier); });
             return;
         }
@@ -205,6 +205,13 @@ void TileList::keyPressEvent(QKeyEvent* event)
         if (!findName(*event))
             event->ignore();
     }
+}
+
+void TileList::keyReleaseEvent(QKeyEvent* event)
+{
+    m_heldKey.release(*event);
+    // Also for the owner.
+    event->ignore();
 }
 
 bool TileList::findName(const QKeyEvent& event)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BandSelection.h"
+#include "HeldKey.h"
 #include "NameSearch.h"
 #include "ScrollMotion.h"
 #include "Selection.h"
@@ -106,6 +107,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -135,6 +137,7 @@ private:
     bool m_isOutdated = false;
     bool m_usesKeys = false;
     NameSearch m_search;
+    HeldKey m_heldKey;
     BandSelection m_band;
 };
 
