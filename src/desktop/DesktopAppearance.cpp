@@ -56,21 +56,6 @@ const QString gnome = QStringLiteral("org.gnome.desktop.interface");
     return value;
 }
 
-/// The font of a description such as "Noto Sans 10". None if the size is missing or no size for a text.
-[[nodiscard]] std::optional<QFont> fontOf(const QString& description)
-{
-    constexpr double smallest = 4;
-    constexpr double largest = 40;
-    const qsizetype space = description.lastIndexOf(QLatin1Char(' '));
-    const double size = description.mid(space + 1).toDouble();
-    const bool isForText = size >= smallest && size <= largest;
-    if (space <= 0 || !isForText)
-        return std::nullopt;
-    QFont font(description.left(space).trimmed());
-    font.setPointSizeF(size);
-    return font;
-}
-
 } // namespace
 
 DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit)
@@ -145,10 +130,8 @@ void DesktopAppearance::apply(const DesktopLook& previous)
 {
     if (m_look.iconTheme && m_look.iconTheme != previous.iconTheme)
         QIcon::setThemeName(*m_look.iconTheme);
-    if (m_look.font && m_look.font != previous.font) {
-        if (const std::optional<QFont> font = fontOf(*m_look.font))
-            QGuiApplication::setFont(*font);
-    }
+    if (m_look.font && m_look.font != previous.font)
+        QGuiApplication::setFont(*m_look.font);
     QGuiApplication::setPalette(desktopPalette(m_own, m_look));
 }
 

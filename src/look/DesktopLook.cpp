@@ -1,7 +1,6 @@
 #include "DesktopLook.h"
 
 #include <QDBusArgument>
-#include <QFont>
 
 #include <algorithm>
 
@@ -35,14 +34,35 @@ constexpr uint prefersLight = 2;
     return own ? own : text(otherwise);
 }
 
+[[nodiscard]] bool isForText(double points)
+{
+    constexpr double smallest = 4;
+    constexpr double largest = 40;
+    return points >= smallest && points <= largest;
+}
+
 /// The font of a description in the toolkit's own form, as Plasma keeps it.
-[[nodiscard]] std::optional<QString> plasmaFont(const PortalSettings& portal)
+[[nodiscard]] std::optional<QFont> plasmaFont(const PortalSettings& portal)
 {
     const std::optional<QString> description = text(value(portal, plasmaFonts, "font"));
     QFont font;
-    if (!description || !font.fromString(*description) || font.pointSizeF() <= 0)
+    if (!description || !font.fromString(*description) || !isForText(font.pointSizeF()))
         return std::nullopt;
-    return font.family() + QLatin1Char(' ') + QString::number(font.pointSizeF());
+    return font;
+}
+
+/// The font of a description such as "Noto Sans 10". None if the size is missing or no size for a text.
+[[nodiscard]] std::optional<QFont> namedFont(const std::optional<QString>& description)
+{
+    if (!description)
+        return std::nullopt;
+    const qsizetype space = description->lastIndexOf(QLatin1Char(' '));
+    const double size = description->mid(space + 1).toDouble();
+    if (space <= 0 || !isForText(size))
+        return std::nullopt;
+    QFont font(description->left(space).trimmed());
+    font.setPointSizeF(size);
+    return font;
 }
 
 // Desktops without a preference of their own have themes instead, whose dark ones say so in their names.
@@ -95,7 +115,7 @@ DesktopLook desktopLook(const PortalSettings& portal, const ToolkitSettings::Val
         look.iconTheme = text(toolkit, "Net/IconThemeName", value(portal, gnome, "icon-theme"));
     look.font = plasmaFont(portal);
     if (!look.font)
-        look.font = text(toolkit, "Gtk/FontName", value(portal, gnome, "font-name"));
+        look.font = namedFont(text(toolkit, "Gtk/FontName", value(portal, gnome, "font-name")));
     return look;
 }
 

@@ -3,6 +3,7 @@
 #include "ToolkitSettings.h"
 
 #include <QColor>
+#include <QFont>
 #include <QMap>
 #include <QString>
 #include <QVariantMap>
@@ -18,8 +19,7 @@ struct DesktopLook {
     bool wantsMotion = true;
     std::optional<QColor> accent = {};
     std::optional<QString> iconTheme = {};
-    /// A family and a size in points, for example "Noto Sans 10".
-    std::optional<QString> font = {};
+    std::optional<QFont> font = {};
 
     bool operator==(const DesktopLook&) const = default;
 };

@@ -16,6 +16,9 @@ private Q_SLOTS:
     void theSettingsForAllToolkitsComeBeforeThePortals();
     void thePortalNamesIconsAndFontWhereNothingElseDoes();
     void plasmasOwnSettingsComeFirst();
+    void plasmasFontKeepsItsWeightAndStyle_data();
+    void plasmasFontKeepsItsWeightAndStyle();
+    void aFontWithoutASizeForTextsIsNone();
     void motionIsOffWhereAnythingSaysSo_data();
     void motionIsOffWhereAnythingSaysSo();
     void darkColoursCanBeRead_data();
@@ -36,6 +39,12 @@ namespace {
 
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString gnome = QStringLiteral("org.gnome.desktop.interface");
+
+/// The family and the size of the font.
+[[nodiscard]] QString described(const DesktopLook& look)
+{
+    return look.font ? look.font->family() + QLatin1Char(' ') + QString::number(look.font->pointSizeF()) : QString();
+}
 
 } // namespace
 
@@ -77,7 +86,7 @@ void DesktopLookTest::theSettingsForAllToolkitsComeBeforeThePortals()
         settings,
         { { "Net/IconThemeName", QStringLiteral("Papirus") }, { "Gtk/FontName", QStringLiteral("Noto Sans 10") } });
     QCOMPARE(look.iconTheme, QStringLiteral("Papirus"));
-    QCOMPARE(look.font, QStringLiteral("Noto Sans 10"));
+    QCOMPARE(described(look), QStringLiteral("Noto Sans 10"));
 }
 
 void DesktopLookTest::thePortalNamesIconsAndFontWhereNothingElseDoes()
@@ -88,7 +97,7 @@ void DesktopLookTest::thePortalNamesIconsAndFontWhereNothingElseDoes()
                                        { QStringLiteral("gtk-theme"), QStringLiteral("Yaru-dark") } } } };
     const DesktopLook look = desktopLook(settings, {});
     QCOMPARE(look.iconTheme, QStringLiteral("Yaru"));
-    QCOMPARE(look.font, QStringLiteral("Cantarell 11"));
+    QCOMPARE(described(look), QStringLiteral("Cantarell 11"));
     QVERIFY(look.isDark.value());
 }
 
@@ -103,9 +112,38 @@ void DesktopLookTest::plasmasOwnSettingsComeFirst()
     const ToolkitSettings::Values toolkit{ { "Net/IconThemeName", QStringLiteral("Papirus") },
                                            { "Gtk/FontName", QStringLiteral("Cantarell 11") } };
     QCOMPARE(desktopLook(settings, toolkit).iconTheme, QStringLiteral("breeze-dark"));
-    QCOMPARE(desktopLook(settings, toolkit).font, QStringLiteral("Noto Sans 10.5"));
+    QCOMPARE(described(desktopLook(settings, toolkit)), QStringLiteral("Noto Sans 10.5"));
     settings[QStringLiteral("org.kde.kdeglobals.General")][QStringLiteral("font")] = QStringLiteral("x,y");
-    QCOMPARE(desktopLook(settings, toolkit).font, QStringLiteral("Cantarell 11"));
+    QCOMPARE(described(desktopLook(settings, toolkit)), QStringLiteral("Cantarell 11"));
+}
+
+void DesktopLookTest::plasmasFontKeepsItsWeightAndStyle_data()
+{
+    QTest::addColumn<QString>("font");
+    QTest::addColumn<int>("weight");
+    QTest::addColumn<bool>("isItalic");
+    QTest::newRow("plain") << QStringLiteral("Noto Sans,10,-1,5,400,0,0,0,0,0,0,0,0,0,0,1") << 400 << false;
+    QTest::newRow("bold") << QStringLiteral("Noto Sans,10,-1,5,700,0,0,0,0,0,0,0,0,0,0,1") << 700 << false;
+    QTest::newRow("light, italic") << QStringLiteral("Noto Sans,10,-1,5,300,1,0,0,0,0,0,0,0,0,0,1") << 300 << true;
+    QTest::newRow("of an older Plasma") << QStringLiteral("Noto Sans,10,-1,5,75,1,0,0,0,0") << 700 << true;
+}
+
+void DesktopLookTest::plasmasFontKeepsItsWeightAndStyle()
+{
+    QFETCH(const QString, font);
+    const DesktopLook look =
+        desktopLook(portal(QStringLiteral("org.kde.kdeglobals.General"), QStringLiteral("font"), font), {});
+    QCOMPARE(described(look), QStringLiteral("Noto Sans 10"));
+    QTEST(int(look.font->weight()), "weight");
+    QTEST(look.font->italic(), "isItalic");
+}
+
+void DesktopLookTest::aFontWithoutASizeForTextsIsNone()
+{
+    for (const char* name : { "nonsense", "DejaVu Sans nan", "DejaVu Sans 1000" })
+        QVERIFY(!desktopLook({}, { { "Gtk/FontName", QLatin1String(name) } }).font);
+    const QString huge = QStringLiteral("Noto Sans,1000,-1,5,400,0,0,0,0,0,0,0,0,0,0,1");
+    QVERIFY(!desktopLook(portal(QStringLiteral("org.kde.kdeglobals.General"), QStringLiteral("font"), huge), {}).font);
 }
 
 void DesktopLookTest::motionIsOffWhereAnythingSaysSo_data()
