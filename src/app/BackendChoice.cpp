@@ -26,19 +26,27 @@ namespace {
     return facts.isWaylandSession && facts.hasWaylandBackend && facts.hasLayerShell();
 }
 
+[[nodiscard]] BackendChoice throughXWayland(const QString& reason)
+{
+    return { DesktopKind::xwayland, QStringLiteral("the display: X11 through XWayland (%1)").arg(reason) };
+}
+
 [[nodiscard]] std::variant<BackendChoice, Failure> chooseX11(const SessionFacts& facts, const QString& reason)
 {
     if (!facts.hasXServer())
         return Failure{ QStringLiteral("no X11 display can be opened (DISPLAY is \"%1\")").arg(facts.xDisplay) };
     if (!facts.isWaylandSession)
         return BackendChoice{ DesktopKind::x11, QStringLiteral("the display: X11") };
-    return BackendChoice{ DesktopKind::xwayland, QStringLiteral("the display: X11 through XWayland (%1)").arg(reason) };
+    return throughXWayland(reason);
 }
 
-[[nodiscard]] std::variant<BackendChoice, Failure> chooseWayland(const SessionFacts& facts)
+[[nodiscard]] BackendChoice nativeWayland()
 {
-    if (canUseWayland(facts))
-        return BackendChoice{ DesktopKind::wayland, QStringLiteral("the display: Wayland") };
+    return { DesktopKind::wayland, QStringLiteral("the display: Wayland") };
+}
+
+[[nodiscard]] std::variant<BackendChoice, Failure> chooseNoPanel(const SessionFacts& facts)
+{
     if (!facts.hasCompositor())
         return Failure{ QStringLiteral("no display can be opened (WAYLAND_DISPLAY is \"%1\", DISPLAY is \"%2\")")
                             .arg(facts.waylandDisplay, facts.xDisplay) };
@@ -52,9 +60,11 @@ namespace {
 {
     if (!facts.isWaylandSession)
         return chooseX11(facts, {});
-    if (canUseWayland(facts) || !facts.hasXServer())
-        return chooseWayland(facts);
-    return chooseX11(facts, reasonForXWayland(facts));
+    if (canUseWayland(facts))
+        return nativeWayland();
+    if (facts.hasXServer())
+        return throughXWayland(reasonForXWayland(facts));
+    return chooseNoPanel(facts);
 }
 
 } // namespace
@@ -78,8 +88,10 @@ std::variant<BackendChoice, Failure> chooseBackend(const SessionFacts& facts)
         };
     if (!facts.isWaylandSession)
         return Failure{ QStringLiteral("NOOKLE_BACKEND is \"%1\", but this is no Wayland session").arg(facts.wanted) };
+    if (wantsWayland && canUseWayland(facts))
+        return nativeWayland();
     if (wantsWayland)
-        return chooseWayland(facts);
+        return chooseNoPanel(facts);
     return chooseX11(facts, QStringLiteral("as NOOKLE_BACKEND says"));
 }
 

@@ -40,11 +40,13 @@ private:
     [[nodiscard]] DesktopKind kindOf(const Session& session);
 
     int m_looksForX = 0;
+    int m_looksForLayerShell = 0;
 };
 
 std::variant<BackendChoice, Failure> BackendChoiceTest::choose(const Session& session)
 {
     m_looksForX = 0;
+    m_looksForLayerShell = 0;
     return chooseBackend({ .wanted = session.wanted,
                            .isWaylandSession = session.isWayland,
                            .isGnome = session.isGnome,
@@ -52,7 +54,11 @@ std::variant<BackendChoice, Failure> BackendChoiceTest::choose(const Session& se
                            .xDisplay = QStringLiteral(":7"),
                            .hasWaylandBackend = session.hasBackend,
                            .hasCompositor = [session] { return session.hasCompositor; },
-                           .hasLayerShell = [session] { return session.hasLayerShell; },
+                           .hasLayerShell =
+                               [this, session] {
+                                   ++m_looksForLayerShell;
+                                   return session.hasLayerShell;
+                               },
                            .hasXServer =
                                [this, session] {
                                    ++m_looksForX;
@@ -93,6 +99,7 @@ void BackendChoiceTest::theSessionDecides()
     QFETCH(bool, hasX);
     QFETCH(DesktopKind, expected);
     QCOMPARE(kindOf({ isWayland, hasBackend, hasLayerShell, hasX }), expected);
+    QVERIFY2(m_looksForX <= 1 && m_looksForLayerShell <= 1, "it connects to a server more often than it must");
 }
 
 void BackendChoiceTest::theChoiceIsExplained()
