@@ -4,6 +4,7 @@
 #include "ContextMenu.h"
 #include "EmptyShelfView.h"
 #include "FileIcon.h"
+#include "IconPictureRest.h"
 #include "ItemInteractionView.h"
 #include "PanelBackground.h"
 #include "PanelOutline.h"
@@ -64,6 +65,7 @@ ShelfView::ShelfView(const Services& services, QWidget* parent)
     setUpLayout();
     setUpTiles();
     setUpActions();
+    new IconPictureRest(*this, services.queue);
     connect(&m_compositing, &Compositing::backdropChanged, this, [this] { update(); });
     connect(&m_store, &ShelfStore::itemsChanged, this, &ShelfView::showItems);
     connect(&m_store, &ShelfStore::fileURLsChanged, this, &ShelfView::showItems);
