@@ -1,5 +1,6 @@
 #include "DesktopBackendFactory.h"
 
+#include "LocalSocket.h"
 #include "NullBackend.h"
 #include "SessionShortcuts.h"
 #include "WindowScale.h"
@@ -13,8 +14,10 @@
 #endif
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QLocalSocket>
+
+#include <chrono>
 
 namespace nookle {
 
@@ -24,9 +27,8 @@ namespace {
 [[nodiscard]] bool isCompositorListening()
 {
     const QDir runtime(qEnvironmentVariable("XDG_RUNTIME_DIR"));
-    QLocalSocket socket;
-    socket.connectToServer(runtime.filePath(qEnvironmentVariable("WAYLAND_DISPLAY")));
-    return socket.waitForConnected(0);
+    const QString path = runtime.filePath(qEnvironmentVariable("WAYLAND_DISPLAY"));
+    return connectToSocket(QFile::encodeName(path), std::chrono::seconds(1)).isOpen();
 }
 
 [[nodiscard]] QStringList presentDesktops()

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void anotherDataFolderIsAnotherShelf();
     void theSameFolderByAnotherPathIsTheSameShelf();
     void theFolderIsFreeAgainOnceItsProgramIsGone();
+    void theSocketGoesWithItsProgram();
     void noDataFolderIsMade();
     void twoSessionsCannotHoldOneFolder();
     void withoutARuntimeFolderTheLockDecides_data();
@@ -169,6 +170,17 @@ void SingleInstanceTest::theFolderIsFreeAgainOnceItsProgramIsGone()
     QCOMPARE(first->claim(), SingleInstance::Claim::granted);
     first.reset();
     QCOMPARE(SingleInstance(folder(directory), runtime()).claim(), SingleInstance::Claim::granted);
+}
+
+void SingleInstanceTest::theSocketGoesWithItsProgram()
+{
+    const QTemporaryDir directory;
+    auto first = std::make_unique<SingleInstance>(folder(directory), runtime());
+    QCOMPARE(first->claim(), SingleInstance::Claim::granted);
+    const QString socket = m_runtime.filePath(QFileInfo(first->address()).fileName());
+    QVERIFY(QFile::exists(socket));
+    first.reset();
+    QVERIFY(!QFile::exists(socket));
 }
 
 void SingleInstanceTest::noDataFolderIsMade()

@@ -46,13 +46,14 @@ set(may_see_ui/dragout "ui/tiles;ui/previews;ui/style;ui/drag;shelf;shelf/items;
 set(may_see_ui/header "ui/style;panel;platform;base")
 set(may_see_ui "ui/actions;ui/dragout;ui/header;ui/selection;ui/frame;ui/motion;ui/tiles;ui/previews;ui/input;ui/style;ui/drag;drop;panel;shelf;shelf/items;platform;base")
 set(may_see_app/language "")
+set(may_see_app/instance "disk;base")
 set(may_see_app/version "")
 set(may_see_app/settings "app/version;platform;base")
 set(may_see_app/services "app/version;app/settings;drop;triggers;shelf;shelf/items;platform;base")
 set(may_see_app/shortcuts "platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
-    "app/version;app/language;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;clipboard;x11;x11/xwayland;wayland;thumbnails;pictures"
+    "app/version;app/language;app/instance;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;clipboard;x11;x11/xwayland;wayland;thumbnails;pictures"
     screenshots web files process disk platform base)
 
 # One backend a display server, each in a room with rooms inside.

@@ -3,8 +3,8 @@
 #include "Failure.h"
 #include "FileDescriptor.h"
 #include "FolderLock.h"
+#include "RequestServer.h"
 
-#include <QLocalServer>
 #include <QObject>
 #include <QStringList>
 #include <QUrl>
@@ -59,10 +59,8 @@ private:
     [[nodiscard]] bool lock();
     [[nodiscard]] bool lockSession();
     void listen();
-    void answerRequests();
-    void answer(QLocalSocket& socket);
-    /// False if `request` is not a valid request.
-    [[nodiscard]] bool fulfil(const QByteArray& request) const;
+    /// Fulfils a request and returns the answer; empty if `request` is not a valid one.
+    [[nodiscard]] QByteArray answer(const QByteArray& request) const;
 
     QByteArray m_name;
     QByteArray m_dataFolder;
@@ -71,7 +69,7 @@ private:
     bool m_isFolderLost = false;
     FileDescriptor m_runtimeFolder;
     FileDescriptor m_sessionLock;
-    QLocalServer m_server;
+    RequestServer m_server;
 };
 
 } // namespace nookle

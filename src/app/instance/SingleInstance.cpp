@@ -2,11 +2,12 @@
 
 #include "DataFiles.h"
 #include "FileUrl.h"
+#include "LocalSocket.h"
 #include "Log.h"
 
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
-#include <QLocalSocket>
+#include <QFile>
 #include <QThread>
 
 #include <fcntl.h>
@@ -15,7 +16,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <chrono>
 #include <filesystem>
 #include <utility>
 
@@ -23,12 +26,9 @@ namespace nookle {
 
 namespace {
 
-inline constexpr int answerTimeoutMilliseconds = 5000;
+inline constexpr std::chrono::seconds answerTimeout{ 5 };
 inline constexpr int lockPatienceMilliseconds = 1000;
 inline constexpr int lockIntervalMilliseconds = 20;
-
-/// In bytes. More than a command line can hold.
-inline constexpr qint64 longestRequest = 8 << 20;
 
 // A request is one line: the word "show", or the word "add" and addresses, separated by spaces.
 [[nodiscard]] QByteArray showWord()
@@ -76,23 +76,19 @@ inline constexpr qint64 longestRequest = 8 << 20;
     return isPrivate ? std::move(folder) : FileDescriptor();
 }
 
-/// Checks the other end of the socket: another user who could replace the runtime folder could also answer there.
-[[nodiscard]] bool isSameUser(const QLocalSocket& socket)
+[[nodiscard]] SingleInstance::Claim ask(const FileDescriptor& socket, const QStringList& uris)
 {
-    ucred credentials{};
-    socklen_t size = sizeof(credentials);
-    const int descriptor = static_cast<int>(socket.socketDescriptor());
-    return getsockopt(descriptor, SOL_SOCKET, SO_PEERCRED, &credentials, &size) == 0 && credentials.uid == getuid();
-}
-
-[[nodiscard]] SingleInstance::Claim ask(QLocalSocket& socket, const QStringList& uris)
-{
-    socket.write(requestFor(uris));
+    if (!sendAll(socket, requestFor(uris)))
+        return SingleInstance::Claim::otherIsSilent;
     QByteArray answer;
     while (answer != doneAnswer()) {
-        if (!socket.waitForReadyRead(answerTimeoutMilliseconds))
+        std::array<char, 16> part;
+        const ssize_t size = ::recv(socket.get(), part.data(), part.size(), 0);
+        if (size < 0 && errno == EINTR)
+            continue;
+        if (size <= 0)
             return SingleInstance::Claim::otherIsSilent;
-        answer += socket.readAll();
+        answer.append(part.data(), size);
     }
     return SingleInstance::Claim::doneByOther;
 }
@@ -104,8 +100,8 @@ SingleInstance::SingleInstance(const QUrl& dataFolder, const QByteArray& runtime
     , m_dataFolder(filePath(dataFolder))
     , m_folderLock(m_dataFolder)
     , m_runtimeFolder(openPrivateFolder(runtimeFolder))
+    , m_server([this](const QByteArray& request) { return answer(request); })
 {
-    connect(&m_server, &QLocalServer::newConnection, this, &SingleInstance::answerRequests);
 }
 
 QString SingleInstance::address() const
@@ -121,10 +117,10 @@ SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
     do {
         if (lock())
             return Claim::granted;
-        QLocalSocket socket;
-        if (m_runtimeFolder.isOpen())
-            socket.connectToServer(address());
-        if (socket.waitForConnected(answerTimeoutMilliseconds))
+        const FileDescriptor socket =
+            m_runtimeFolder.isOpen() ? connectToSocket(QFile::encodeName(address()), answerTimeout) : FileDescriptor();
+        // Another user who could replace the runtime folder could also answer there.
+        if (socket.isOpen())
             return isSameUser(socket) ? ask(socket, uris) : Claim::otherIsSilent;
         QThread::msleep(lockIntervalMilliseconds);
     } while (!patience.hasExpired());
@@ -172,8 +168,8 @@ void SingleInstance::listen()
 {
     // This instance holds the lock, so an existing socket file belongs to a program that has ended.
     ::unlinkat(m_runtimeFolder.get(), m_name.constData(), 0);
-    if (!m_server.listen(address()))
-        logLine(QStringLiteral("a second start cannot be answered: ") + m_server.errorString());
+    if (!m_server.listen(QFile::encodeName(address())))
+        logLine(QStringLiteral("a second start cannot be answered: ") + qt_error_string(errno));
 }
 
 std::optional<Failure> SingleInstance::claimFolder()
@@ -188,44 +184,19 @@ std::optional<Failure> SingleInstance::claimFolder()
     return translatedFailure(QT_TRANSLATE_NOOP("nookle::Failure", "another program holds the shelf"));
 }
 
-void SingleInstance::answerRequests()
-{
-    while (QLocalSocket* socket = m_server.nextPendingConnection()) {
-        connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
-        if (!isSameUser(*socket)) {
-            socket->abort();
-            continue;
-        }
-        connect(socket, &QLocalSocket::readyRead, this, [this, socket] { answer(*socket); });
-    }
-}
-
-void SingleInstance::answer(QLocalSocket& socket)
-{
-    if (!socket.canReadLine()) {
-        if (socket.bytesAvailable() > longestRequest)
-            socket.abort();
-        return;
-    }
-    if (!fulfil(socket.readLine().chopped(1)))
-        return;
-    socket.write(doneAnswer());
-    socket.disconnectFromServer();
-}
-
-bool SingleInstance::fulfil(const QByteArray& request) const
+QByteArray SingleInstance::answer(const QByteArray& request) const
 {
     if (request == showWord()) {
         if (onShowRequested)
             onShowRequested();
-        return true;
+        return doneAnswer();
     }
     const QStringList words = QString::fromUtf8(request).split(QLatin1Char(' '));
     if (words.size() < 2 || words.first().toUtf8() != addWord())
-        return false;
+        return {};
     if (onAddRequested)
         onAddRequested(words.mid(1));
-    return true;
+    return doneAnswer();
 }
 
 } // namespace nookle
