@@ -187,4 +187,18 @@ void AssistiveClient::doAction(const Node& node, int index) const
     (void)call(node, actionInterface, QStringLiteral("DoAction"), { index });
 }
 
+bool AssistiveClient::actOnListed(const QString& name, const QString& action) const
+{
+    for (const Node& program : programs()) {
+        const auto list = find(program, QStringLiteral("list"));
+        for (const Node& listed : list ? children(*list) : std::vector<Node>()) {
+            if (this->name(listed) != name)
+                continue;
+            doAction(listed, static_cast<int>(actions(listed).indexOf(action)));
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace nookle::e2e

@@ -38,6 +38,8 @@ public:
     [[nodiscard]] QString description(const Node& node) const;
     [[nodiscard]] QStringList actions(const Node& node) const;
     void doAction(const Node& node, int index) const;
+    /// Does that action of what has that name in a list of any program; false if there is no such thing.
+    [[nodiscard]] bool actOnListed(const QString& name, const QString& action) const;
     [[nodiscard]] bool isSelected(const Node& node) const;
     /// The number of selected children; none if the thing does not say.
     [[nodiscard]] std::optional<int> selectedChildren(const Node& node) const;

@@ -1,11 +1,10 @@
-#include "AssistiveClient.h"
 #include "BusClient.h"
+#include "RaceDesktop.h"
 #include "ShelfDesktop.h"
 #include "Waiting.h"
 
 #include <QFile>
 #include <QTest>
-#include <QUrl>
 
 #include <algorithm>
 #include <memory>
@@ -21,13 +20,10 @@ inline constexpr QRect underPanel(750, 250, 400, 300);
 inline constexpr QPoint emptyPlace(600, 600);
 inline constexpr std::uint8_t rightButton = 3;
 
-const QString firstName = QStringLiteral("note one.txt");
-const QString secondName = QStringLiteral("note two.txt");
-
 } // namespace
 
 /// Two things at once: what is on its way is neither lost nor leaves anything behind.
-class RaceEndToEndTest : public QObject, private ShelfDesktop {
+class RaceEndToEndTest : public QObject, private RaceDesktop<ShelfDesktop> {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -58,12 +54,6 @@ private:
     /// Puts two files on the shelf, the first on top, and waits for the panel under the pointer.
     [[nodiscard]] bool fillShelf();
     [[nodiscard]] bool showShelf();
-    [[nodiscard]] bool shelfHas(const QStringList& names) const
-    {
-        return waitFor([&] { return m_shelf->savedFileNames() == names; });
-    }
-    [[nodiscard]] QString path(const QString& name) const { return m_desktop->home(QStringLiteral("files/") + name); }
-    [[nodiscard]] QByteArray address(const QString& name) const { return QUrl::fromLocalFile(path(name)).toEncoded(); }
     [[nodiscard]] QString result() const;
 
     /// Opens another program that offers a file and tells whether it was taken.
@@ -76,13 +66,11 @@ private:
 
     [[nodiscard]] bool endsWellFor(const QString& dropped);
     [[nodiscard]] bool shelfIsUsable();
-    [[nodiscard]] bool removeByAssistant(const QString& name);
     [[nodiscard]] bool openMenu();
     void chooseFromTheEnd(int position);
     [[nodiscard]] bool showsNothing() const;
 
     std::unique_ptr<BusClient> m_client;
-    std::unique_ptr<AssistiveClient> m_assistant;
     std::unique_ptr<Program> m_otherPeer;
 };
 
@@ -92,17 +80,14 @@ void RaceEndToEndTest::cleanup()
         tellFailure(QStringLiteral("races-%1.png").arg(QLatin1String(QTest::currentTestFunction())));
     m_client.reset();
     m_otherPeer.reset();
-    // The shelf takes part in the assistant's bus until it ends.
-    m_shelf.reset();
-    m_assistant.reset();
-    tearDownDesktop();
+    endRace();
 }
 
 bool RaceEndToEndTest::startShelf(const QString& windowManager)
 {
     if (!setUpDesktop({ screenSize, windowManager, false }))
         return false;
-    m_desktop->writeFile(QString(QStringLiteral("files/") + secondName), "other words");
+    makeFile(secondName);
     return m_shelf->start();
 }
 
@@ -110,10 +95,8 @@ bool RaceEndToEndTest::startShelfWithAssistant()
 {
     if (!setUpDesktop({ screenSize, QStringLiteral("openbox"), false }))
         return false;
-    m_desktop->writeFile(QString(QStringLiteral("files/") + secondName), "other words");
-    const QString bus = m_desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS"));
-    m_assistant = AssistiveClient::tryCreate(bus);
-    return m_assistant && m_shelf->start();
+    makeFile(secondName);
+    return startAssistant() && m_shelf->start();
 }
 
 bool RaceEndToEndTest::showShelf()
@@ -124,8 +107,7 @@ bool RaceEndToEndTest::showShelf()
 bool RaceEndToEndTest::fillShelf()
 {
     screen().moveTo(QPoint(rightEdge() - 56, 600));
-    return m_shelf->startAgain({ path(firstName), path(secondName) }) == 0 && shelfHas({ firstName, secondName })
-        && waitFor([this] { return m_shelf->isAtRest(rightEdge()); });
+    return addFiles() && waitFor([this] { return m_shelf->isAtRest(rightEdge()); });
 }
 
 QString RaceEndToEndTest::result() const
@@ -187,9 +169,9 @@ bool RaceEndToEndTest::endsWellFor(const QString& dropped)
 // A drag brings the panel out, which takes the drop and goes when the pointer has left.
 bool RaceEndToEndTest::shelfIsUsable()
 {
-    const QString name = QStringLiteral("note three.txt");
-    m_desktop->writeFile(QString(QStringLiteral("files/") + name), "more words");
-    return offerToShelf(address(name)) && waitFor([&] { return m_shelf->savedFileNames().value(0) == name; })
+    makeFile(thirdName);
+    return offerToShelf(address(thirdName))
+        && waitFor([this] { return m_shelf->savedFileNames().value(0) == thirdName; })
         && waitFor([this] { return !m_shelf->isDropTarget(); }) && (screen().moveTo(emptyPlace), true)
         && waitFor([this] { return panelIsGone(); });
 }
@@ -243,21 +225,6 @@ void RaceEndToEndTest::aDragThatComesBackToThePanelOnItsWayOutLandsIfItIsTaken()
     QVERIFY(shelfIsUsable());
 }
 
-bool RaceEndToEndTest::removeByAssistant(const QString& name)
-{
-    for (const auto& program : m_assistant->programs()) {
-        const auto list = m_assistant->find(program, QStringLiteral("list"));
-        for (const auto& tile : list ? m_assistant->children(*list) : std::vector<AssistiveClient::Node>()) {
-            if (m_assistant->name(tile) != name)
-                continue;
-            const auto action = m_assistant->actions(tile).indexOf(QStringLiteral("Remove"));
-            m_assistant->doAction(tile, static_cast<int>(action));
-            return true;
-        }
-    }
-    return false;
-}
-
 void RaceEndToEndTest::anItemThatIsRemovedDuringItsDragArrivesAndStaysRemoved_data()
 {
     QTest::addColumn<QString>("target");
@@ -280,9 +247,8 @@ void RaceEndToEndTest::anItemThatIsRemovedDuringItsDragArrivesAndStaysRemoved()
 
     if (target == QLatin1String("receive"))
         QVERIFY(waitFor([this] { return received() == "copy\n" + address(firstName) + "\r\n"; }));
-    const QString trashed = m_desktop->home(QStringLiteral("data/Trash/files/note one.txt"));
     if (target == QLatin1String("trash"))
-        QVERIFY(waitFor([&] { return QFile::exists(trashed); }));
+        QVERIFY(waitFor([this] { return QFile::exists(trashed()); }));
     else
         QVERIFY(QFile::exists(path(firstName)));
     QVERIFY2(waitFor([this] { return panelIsGone(); }), "the panel stays after the drag");
@@ -298,7 +264,7 @@ void RaceEndToEndTest::anItemThatIsRemovedDuringItsDragArrivesAndStaysRemoved()
 void RaceEndToEndTest::filesFromTheBusDuringADropLandWithIt()
 {
     QVERIFY(startShelf());
-    m_client = BusClient::tryConnect(m_desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
+    m_client = BusClient::tryConnect(busAddress());
     QVERIFY(m_client);
     QVERIFY(dropFromSlowSource(firstName));
     m_client->beginAddToShelf({ QString::fromLatin1(address(secondName)) }, {});
@@ -358,10 +324,9 @@ void RaceEndToEndTest::aMenuStandsForItsItemWhenTheShelfChanges()
 {
     QFETCH(const int, position);
     QVERIFY(startShelf() && fillShelf());
-    m_client = BusClient::tryConnect(m_desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
+    m_client = BusClient::tryConnect(busAddress());
     QVERIFY(m_client && openMenu());
-    const QString thirdName = QStringLiteral("note three.txt");
-    m_desktop->writeFile(QString(QStringLiteral("files/") + thirdName), "more words");
+    makeFile(thirdName);
     QCOMPARE(m_client->addToShelf({ QString::fromLatin1(address(thirdName)) }, {}).type(), QDBusMessage::ReplyMessage);
     QVERIFY(shelfHas({ thirdName, firstName, secondName }));
     QVERIFY2(menuIsOpen(), "the change closed the menu");
@@ -507,10 +472,9 @@ void RaceEndToEndTest::aFileThatGoesToTheTrashDuringItsDragTakesNothingElseAlong
     const auto window = openReceiver();
     QVERIFY(window);
     QVERIFY(screen().beginDrag(m_shelf->firstTile()));
-    const QString trashed = m_desktop->home(QStringLiteral("data/Trash/files/note one.txt"));
     const auto fileManager = m_desktop->start(QStringLiteral("gio"), { QStringLiteral("trash"), path(firstName) });
     QCOMPARE(fileManager->waitForExit(), 0);
-    QVERIFY(QFile::exists(trashed));
+    QVERIFY(QFile::exists(trashed()));
     screen().moveTo(isTaken ? window->frame.center() : emptyPlace);
     screen().release();
 
@@ -518,7 +482,7 @@ void RaceEndToEndTest::aFileThatGoesToTheTrashDuringItsDragTakesNothingElseAlong
         QVERIFY(waitFor([this] { return received() == "copy\n" + address(firstName) + "\r\n"; }));
     screen().moveTo(emptyPlace);
     QVERIFY2(waitFor([this] { return panelIsGone(); }), "the panel stays after the drag");
-    QVERIFY(QFile::exists(trashed) && QFile::exists(path(secondName)));
+    QVERIFY(QFile::exists(trashed()) && QFile::exists(path(secondName)));
     // What was taken and is in the Trash has left the shelf, as if it had been dropped there.
     QVERIFY(shelfHas(isTaken ? QStringList{ secondName } : QStringList{ firstName, secondName }));
     QVERIFY(shelfIsUsable());

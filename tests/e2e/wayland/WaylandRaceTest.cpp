@@ -1,9 +1,8 @@
-#include "AssistiveClient.h"
+#include "RaceDesktop.h"
 #include "Waiting.h"
 #include "WaylandShelfDesktop.h"
 
 #include <QFile>
-#include <QUrl>
 #include <QtTest>
 
 #include <memory>
@@ -13,13 +12,11 @@ using namespace nookle::e2e;
 namespace {
 
 inline constexpr int rightEdge = WaylandDesktop::displaySize.width();
-const QString firstName = QStringLiteral("note one.txt");
-const QString secondName = QStringLiteral("note two.txt");
 
 } // namespace
 
 /// What happens while something else is under way. Each ends with a shelf that can be used.
-class WaylandRaceTest : public QObject, private WaylandShelfDesktop {
+class WaylandRaceTest : public QObject, private RaceDesktop<WaylandShelfDesktop> {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -41,28 +38,20 @@ private Q_SLOTS:
 private:
     [[nodiscard]] bool setUp();
     [[nodiscard]] bool setUpWithAssistant();
-    [[nodiscard]] bool shelfHas(const QStringList& names) const
-    {
-        return waitFor([&] { return m_shelf->savedFileNames() == names; });
-    }
-    [[nodiscard]] QString path(const QString& name) const { return m_desktop->home(QStringLiteral("files/") + name); }
-    [[nodiscard]] QByteArray address(const QString& name) const { return QUrl::fromLocalFile(path(name)).toEncoded(); }
     [[nodiscard]] bool addOverBus(const QString& name) const;
     /// Puts both files on the shelf, and shows it.
     [[nodiscard]] bool fillShelf();
     [[nodiscard]] bool openReceiver();
     /// Begins to drag the first tile, and brings it a bit out of the panel.
     void takeFirstTile();
-    /// Drops what is being dragged out of the shelf on the other program.
-    [[nodiscard]] bool dropOnPeer();
-    [[nodiscard]] bool removeByAssistant(const QString& name);
+    /// Drops what is being dragged out of the shelf on the other program, which gets that content.
+    [[nodiscard]] bool dropOnPeer(const QByteArray& expected);
+    void dropOnNothing();
     [[nodiscard]] bool openMenu();
     void chooseFromTheEnd(int position);
     /// What the source believes that was taken is on the shelf, and nothing else; and the panel is out of the way.
     [[nodiscard]] bool endsWell();
     [[nodiscard]] bool shelfIsUsable();
-
-    std::unique_ptr<AssistiveClient> m_assistant;
 };
 
 void WaylandRaceTest::cleanup()
@@ -70,18 +59,14 @@ void WaylandRaceTest::cleanup()
     if (QTest::currentTestFailed())
         tellFailure(QStringLiteral("%1-%2.png")
                         .arg(qEnvironmentVariable("NOOKLE_ENVIRONMENT"), QLatin1String(QTest::currentTestFunction())));
-    // The shelf takes part in the assistant's bus until it ends.
-    m_shelf.reset();
-    m_peer.reset();
-    m_assistant.reset();
-    tearDownDesktop();
+    endRace();
 }
 
 bool WaylandRaceTest::setUp()
 {
     if (!setUpDesktop(compositor()))
         return false;
-    m_desktop->writeFile(QStringLiteral("files/") + secondName, "other words");
+    makeFile(secondName);
     return startShelf();
 }
 
@@ -89,10 +74,8 @@ bool WaylandRaceTest::setUpWithAssistant()
 {
     if (!setUpDesktop(compositor()))
         return false;
-    m_desktop->writeFile(QStringLiteral("files/") + secondName, "other words");
-    m_assistant =
-        AssistiveClient::tryCreate(m_desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
-    return m_assistant && startShelf();
+    makeFile(secondName);
+    return startAssistant() && startShelf();
 }
 
 bool WaylandRaceTest::addOverBus(const QString& name) const
@@ -103,8 +86,7 @@ bool WaylandRaceTest::addOverBus(const QString& name) const
 
 bool WaylandRaceTest::fillShelf()
 {
-    return m_shelf->startAgain({ path(firstName), path(secondName) }) == 0 && shelfHas({ firstName, secondName })
-        && showShelf();
+    return addFiles() && showShelf();
 }
 
 bool WaylandRaceTest::openReceiver()
@@ -121,7 +103,7 @@ void WaylandRaceTest::takeFirstTile()
     hand().moveTo(QPoint(rightEdge - 200, firstTile().y()));
 }
 
-bool WaylandRaceTest::dropOnPeer()
+bool WaylandRaceTest::dropOnPeer(const QByteArray& expected)
 {
     // The other program tells of the next movement when it has said whether it would take the drop.
     constexpr qsizetype enough = 3;
@@ -131,21 +113,13 @@ bool WaylandRaceTest::dropOnPeer()
         return content("received.over").size() >= enough;
     });
     hand().release();
-    return isOver && waitFor([this] { return !content("received").isEmpty(); });
+    return isOver && waitFor([&] { return content("received") == expected; });
 }
 
-bool WaylandRaceTest::removeByAssistant(const QString& name)
+void WaylandRaceTest::dropOnNothing()
 {
-    for (const auto& program : m_assistant->programs()) {
-        const auto list = m_assistant->find(program, QStringLiteral("list"));
-        for (const auto& tile : list ? m_assistant->children(*list) : std::vector<AssistiveClient::Node>()) {
-            if (m_assistant->name(tile) != name)
-                continue;
-            m_assistant->doAction(tile, static_cast<int>(m_assistant->actions(tile).indexOf(QStringLiteral("Remove"))));
-            return true;
-        }
-    }
-    return false;
+    hand().moveTo(middle);
+    hand().release();
 }
 
 bool WaylandRaceTest::openMenu()
@@ -176,13 +150,12 @@ bool WaylandRaceTest::endsWell()
 // A drag brings the panel out, which takes the drop and goes when the pointer has left.
 bool WaylandRaceTest::shelfIsUsable()
 {
-    const QString name = QStringLiteral("note three.txt");
-    m_desktop->writeFile(QStringLiteral("files/") + name, "more words");
+    makeFile(thirdName);
     QFile::remove(home("result"));
-    if (!beginDrag(address(name)) || !dragToEdge())
+    if (!beginDrag(address(thirdName)) || !dragToEdge())
         return false;
     hand().release();
-    if (!waitFor([&] { return m_shelf->savedFileNames().value(0) == name; }))
+    if (!waitFor([this] { return m_shelf->savedFileNames().value(0) == thirdName; }))
         return false;
     hand().moveTo(middle);
     return waitFor([this] { return isPanelGone(); });
@@ -260,13 +233,10 @@ void WaylandRaceTest::anItemThatIsRemovedDuringItsDragArrivesAndStaysRemoved()
     takeFirstTile();
     QVERIFY(removeByAssistant(firstName));
     QVERIFY(shelfHas({ secondName }));
-    if (isTaken) {
-        QVERIFY(dropOnPeer());
-        QCOMPARE(content("received"), fileList());
-    } else {
-        hand().moveTo(middle);
-        hand().release();
-    }
+    if (isTaken)
+        QVERIFY(dropOnPeer(fileList()));
+    else
+        dropOnNothing();
     QVERIFY2(waitFor([this] { return isPanelGone(); }), "the panel stays after the drag");
     QVERIFY(QFile::exists(path(firstName)) && QFile::exists(path(secondName)));
     QCOMPARE(m_shelf->savedFileNames(), QStringList{ secondName });
@@ -274,8 +244,7 @@ void WaylandRaceTest::anItemThatIsRemovedDuringItsDragArrivesAndStaysRemoved()
     QVERIFY(openReceiver());
     QVERIFY(showShelf());
     takeFirstTile();
-    QVERIFY(dropOnPeer());
-    QCOMPARE(content("received"), address(secondName) + "\r\n");
+    QVERIFY(dropOnPeer(address(secondName) + "\r\n"));
 }
 
 void WaylandRaceTest::filesFromTheBusDuringADropLandWithIt()
@@ -307,8 +276,7 @@ void WaylandRaceTest::aMenuStandsForItsItemWhenTheShelfChanges()
     QVERIFY(setUp());
     QVERIFY(fillShelf());
     QVERIFY(openMenu());
-    const QString thirdName = QStringLiteral("note three.txt");
-    m_desktop->writeFile(QStringLiteral("files/") + thirdName, "more words");
+    makeFile(thirdName);
     QVERIFY(addOverBus(thirdName));
     QVERIFY(shelfHas({ thirdName, firstName, secondName }));
     QVERIFY2(isMenuOpen(), "the change closed the menu");
@@ -383,17 +351,13 @@ void WaylandRaceTest::aFileThatGoesToTheTrashDuringItsDragTakesNothingElseAlong(
     QVERIFY(fillShelf());
     takeFirstTile();
     QCOMPARE(m_desktop->start(QStringLiteral("gio"), { QStringLiteral("trash"), path(firstName) })->waitForExit(), 0);
-    const QString trashed = m_desktop->home(QStringLiteral("data/Trash/files/note one.txt"));
-    QVERIFY(QFile::exists(trashed));
-    if (isTaken) {
-        QVERIFY(dropOnPeer());
-        QCOMPARE(content("received"), fileList());
-    } else {
-        hand().moveTo(middle);
-        hand().release();
-    }
+    QVERIFY(QFile::exists(trashed()));
+    if (isTaken)
+        QVERIFY(dropOnPeer(fileList()));
+    else
+        dropOnNothing();
     QVERIFY2(waitFor([this] { return isPanelGone(); }), "the panel stays after the drag");
-    QVERIFY(QFile::exists(trashed) && QFile::exists(path(secondName)));
+    QVERIFY(QFile::exists(trashed()) && QFile::exists(path(secondName)));
     // What was taken and is in the Trash has left the shelf, as if it had been dropped there.
     QVERIFY(shelfHas(isTaken ? QStringList{ secondName } : QStringList{ firstName, secondName }));
     QVERIFY(shelfIsUsable());
