@@ -5,14 +5,13 @@
 #include "ProgramFigures.h"
 #include "Report.h"
 #include "Shelf.h"
+#include "Statistics.h"
 #include "Waiting.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 
-#include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -86,14 +85,6 @@ struct Duration {
     screen.release();
     std::this_thread::sleep_for(timeToEnd);
     return hasBegun ? std::optional(time) : std::nullopt;
-}
-
-/// The value that this share of all does not exceed.
-[[nodiscard]] double quantile(std::vector<double> values, double share)
-{
-    const auto place = values.begin() + std::lround(share * static_cast<double>(values.size() - 1));
-    std::nth_element(values.begin(), place, values.end());
-    return *place;
 }
 
 void addDurations(const std::vector<Duration>& durations, Report& report)

@@ -8,16 +8,12 @@
 #include "Report.h"
 
 #include <QCoreApplication>
-#include <QFile>
-#include <QJsonDocument>
 
 #include <cstdio>
 
 using namespace nookle::bench;
 
 namespace {
-
-enum ExitCode { passed = 0, missed = 1, failed = 2 };
 
 [[nodiscard]] bool measure(const QString& folder, Report& report)
 {
@@ -29,13 +25,6 @@ enum ExitCode { passed = 0, missed = 1, failed = 2 };
         && addCore(program("nookle_bench_core"), report) && addSize(programs, report);
 }
 
-[[nodiscard]] bool write(const Report& report, const QString& path)
-{
-    QFile file(path);
-    const QByteArray json = QJsonDocument(report.json()).toJson();
-    return file.open(QIODevice::WriteOnly) && file.write(json) == json.size();
-}
-
 } // namespace
 
 int main(int argc, char* argv[])
@@ -44,12 +33,9 @@ int main(int argc, char* argv[])
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3) {
         std::fputs("usage: nookle_bench FOLDER-OF-THE-PROGRAMS JSON-FILE\n", stderr);
-        return failed;
+        return cannotMeasure;
     }
     Report report;
     const bool isMeasured = measure(arguments[1], report);
-    std::fputs(qPrintable(report.table()), stdout);
-    if (!isMeasured || !write(report, arguments[2]))
-        return failed;
-    return report.isMissed() ? missed : passed;
+    return publish(report, isMeasured, arguments[2]);
 }

@@ -4,6 +4,8 @@
 #include "ProcessFigures.h"
 #include "Report.h"
 #include "Shelf.h"
+#include "StartComparison.h"
+#include "Statistics.h"
 #include "Waiting.h"
 #include "WindowLog.h"
 
@@ -31,19 +33,6 @@ inline constexpr int panelWidth = 112;
 inline constexpr auto timeToSettle = 3s;
 /// Threads that have nothing to do any more end after half a minute.
 inline constexpr auto timeToGoToSleep = 40s;
-
-[[nodiscard]] double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-[[nodiscard]] double mebibytes(qint64 bytes)
-{
-    constexpr double mebibyte = 1024 * 1024;
-    return static_cast<double>(bytes) / mebibyte;
-}
 
 /// From the start of a program to something that it does, in milliseconds.
 template <typename Wait>
@@ -192,28 +181,15 @@ struct DragSource {
 
 bool addStart(const Programs& programs, Report& report)
 {
-    constexpr int runs = 21;
     const auto desktop = makeDesktop();
     const auto log = desktop ? WindowLog::tryCreate(desktop->display()) : nullptr;
     if (!log)
         return false;
     desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
-    std::vector<double> floors;
-    std::vector<double> times;
-    // Not the first run of each, which reads from the disk.
-    for (int run = 0; run <= runs; ++run) {
-        const auto floor = timeOfFloor(*desktop, programs.floor);
-        const auto time = timeOfNookle(*desktop, *log, programs.nookle);
-        if (!floor || !time)
-            return false;
-        if (run == 0)
-            continue;
-        floors.push_back(*floor);
-        times.push_back(*time);
-    }
-    report.addRatio(QStringLiteral("start to the panel ready, empty shelf"), median(times), QStringLiteral("ms"),
-                    median(floors), 1.6);
-    return true;
+    return compareStarts(
+        report, QStringLiteral("start to the panel ready, empty shelf"),
+        [&] { return timeOfFloor(*desktop, programs.floor); },
+        [&] { return timeOfNookle(*desktop, *log, programs.nookle); }, 1.6);
 }
 
 bool addIdling(const Programs& programs, Report& report)
@@ -230,8 +206,8 @@ bool addIdling(const Programs& programs, Report& report)
     Shelf shelf(*desktop, programs.nookle);
     if (!shelf.start() || !showOnce(*desktop, shelf))
         return false;
-    report.addRatio(QStringLiteral("memory (PSS) hidden and idle, 50 items"),
-                    mebibytes(proportionalMemory(shelf.processId())), QStringLiteral("MiB"), mebibytes(floor), 1.5);
+    report.addMemory(QStringLiteral("memory (PSS) hidden and idle, 50 items"), proportionalMemory(shelf.processId()),
+                     floor, 1.5);
 
     // The server tells all programs once that another device moves the pointer.
     shake(desktop->screen(), 1s);

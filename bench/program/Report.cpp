@@ -1,8 +1,11 @@
 #include "Report.h"
 
+#include <QFile>
+#include <QJsonDocument>
 #include <QJsonObject>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace nookle::bench {
 
@@ -49,6 +52,13 @@ void Report::addRatio(const QString& name, double value, const QString& unit, do
     m_figures.push_back({ name, value, unit, budget, Kind::absolute, floor });
 }
 
+void Report::addMemory(const QString& name, qint64 bytes, qint64 floor, double budget)
+{
+    constexpr double mebibyte = 1024 * 1024;
+    addRatio(name, static_cast<double>(bytes) / mebibyte, QStringLiteral("MiB"), static_cast<double>(floor) / mebibyte,
+             budget);
+}
+
 bool Report::isMissed() const
 {
     return std::any_of(m_figures.begin(), m_figures.end(), [](const Figure& figure) { return figure.isMissed(); });
@@ -87,6 +97,16 @@ QJsonArray Report::json() const
         lines.append(line);
     }
     return lines;
+}
+
+ExitCode publish(const Report& report, bool isMeasured, const QString& jsonFile)
+{
+    std::fputs(qPrintable(report.table()), stdout);
+    QFile file(jsonFile);
+    const QByteArray json = QJsonDocument(report.json()).toJson();
+    if (!isMeasured || !file.open(QIODevice::WriteOnly) || file.write(json) != json.size())
+        return cannotMeasure;
+    return report.isMissed() ? missed : passed;
 }
 
 } // namespace nookle::bench

@@ -39,6 +39,8 @@ public:
     void addAmount(const QString& name, double value, const QString& unit, double budget);
     /// The budget is that of the ratio to the floor.
     void addRatio(const QString& name, double value, const QString& unit, double floor, double budget);
+    /// The same of two sizes in bytes.
+    void addMemory(const QString& name, qint64 bytes, qint64 floor, double budget);
 
     [[nodiscard]] bool isMissed() const;
     [[nodiscard]] QString table() const;
@@ -47,5 +49,12 @@ public:
 private:
     std::vector<Figure> m_figures;
 };
+
+/// How a driver ends.
+enum ExitCode { passed = 0, missed = 1, cannotMeasure = 2 };
+
+/// Ends a driver: prints the report, writes it to a file, and returns the exit code. `isMeasured` is false when a
+/// figure is missing.
+[[nodiscard]] ExitCode publish(const Report& report, bool isMeasured, const QString& jsonFile);
 
 } // namespace nookle::bench

@@ -7,15 +7,12 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QJsonDocument>
 
 #include <cstdio>
 
 using namespace nookle::bench;
 
 namespace {
-
-enum ExitCode { passed = 0, missed = 1, failed = 2 };
 
 [[nodiscard]] bool measure(const QString& folder, Report& report)
 {
@@ -32,14 +29,9 @@ int main(int argc, char* argv[])
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3) {
         std::fputs("usage: nookle_bench_sway FOLDER-OF-THE-PROGRAMS JSON-FILE\n", stderr);
-        return failed;
+        return cannotMeasure;
     }
     Report report;
     const bool isMeasured = measure(arguments[1], report);
-    std::fputs(qPrintable(report.table()), stdout);
-    QFile file(arguments[2]);
-    const QByteArray json = QJsonDocument(report.json()).toJson();
-    if (!isMeasured || !file.open(QIODevice::WriteOnly) || file.write(json) != json.size())
-        return failed;
-    return report.isMissed() ? missed : passed;
+    return publish(report, isMeasured, arguments[2]);
 }

@@ -3,16 +3,15 @@
 #include "ProcessFigures.h"
 #include "Report.h"
 #include "SampleShelf.h"
+#include "StartComparison.h"
 #include "SurfaceLog.h"
 #include "Waiting.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
-#include <algorithm>
 #include <thread>
 #include <utility>
-#include <vector>
 
 namespace nookle::bench {
 
@@ -28,19 +27,6 @@ inline constexpr auto timeToSettle = 3s;
 inline constexpr auto timeToGoToSleep = 40s;
 inline constexpr auto idle = 60s;
 const QString wireLog = QStringLiteral("WAYLAND_DEBUG");
-
-[[nodiscard]] double median(std::vector<double> values)
-{
-    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-    std::nth_element(values.begin(), middle, values.end());
-    return *middle;
-}
-
-[[nodiscard]] double mebibytes(qint64 bytes)
-{
-    constexpr double mebibyte = 1024 * 1024;
-    return static_cast<double>(bytes) / mebibyte;
-}
 
 // As on X11, its last step is to slide from beyond the edge.
 [[nodiscard]] bool hasPanel(const QByteArray& log)
@@ -100,27 +86,14 @@ std::optional<double> SwayFigures::timeTo(const QString& path, bool (*hasHappene
 
 bool SwayFigures::addStart()
 {
-    constexpr int runs = 21;
     if (!setUp())
         return false;
     m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
     m_desktop->setVariable(wireLog, QStringLiteral("client"));
-    std::vector<double> floors;
-    std::vector<double> times;
-    // Not the first run of each, which reads from the disk.
-    for (int run = 0; run <= runs; ++run) {
-        const auto floor = timeTo(m_floor, hasPicture);
-        const auto time = timeTo(qEnvironmentVariable("NOOKLE_PROGRAM"), hasPanel);
-        if (!floor || !time)
-            return false;
-        if (run == 0)
-            continue;
-        floors.push_back(*floor);
-        times.push_back(*time);
-    }
-    m_report.addRatio(QStringLiteral("sway: start to the panel ready, empty shelf"), median(times),
-                      QStringLiteral("ms"), median(floors), 1.6);
-    return true;
+    return compareStarts(
+        m_report, QStringLiteral("sway: start to the panel ready, empty shelf"),
+        [this] { return timeTo(m_floor, hasPicture); },
+        [this] { return timeTo(qEnvironmentVariable("NOOKLE_PROGRAM"), hasPanel); }, 1.6);
 }
 
 // So that everything that a showing loads is there.
@@ -156,8 +129,8 @@ bool SwayFigures::addIdling()
     if (!startShelf() || !showOnce())
         return false;
     const qint64 process = m_shelf->processId();
-    m_report.addRatio(QStringLiteral("sway: memory (PSS) hidden and idle, 50 items"),
-                      mebibytes(proportionalMemory(process)), QStringLiteral("MiB"), mebibytes(floor), 1.5);
+    m_report.addMemory(QStringLiteral("sway: memory (PSS) hidden and idle, 50 items"), proportionalMemory(process),
+                       floor, 1.5);
 
     rest(timeToGoToSleep);
     const WakeUps before = wakeUps(process);
