@@ -18,6 +18,9 @@ private Q_SLOTS:
     void entriesThatAreForNoItemAreLeftOut();
     void openOpensAll();
     void moreThanTenAreOpenedAfterAQuestion();
+    void manyAreOpenedOneAfterTheOther();
+    void whatLeavesTheShelfBeforeItsTurnIsNotOpened();
+    void aSecondLotIsOpenedAfterTheFirst();
     void allFilesAreShownInOneRequest();
     void moreThanTenFoldersAreShownAfterAQuestion();
     void filesAndImagesAreCopiedAsOneListOfFiles();
@@ -47,6 +50,15 @@ private:
         QVERIFY(QTest::qWaitForWindowActive(&m_shelf->view));
         list->setFocus();
         QTest::keyClick(list, static_cast<Qt::Key>(key), modifiers);
+    }
+    void askToOpen(int number)
+    {
+        QList<QUrl> files;
+        for (int each = 0; each < number; ++each)
+            files.append(fileUrl("/somewhere/" + QByteArray::number(each)));
+        m_shelf->store.addFiles(files);
+        key(Qt::Key_Return);
+        QCOMPARE(m_shelf->questions.size(), 1);
     }
     [[nodiscard]] QByteArray pins() const
     {
@@ -112,7 +124,48 @@ void SelectionActionsTest::moreThanTenAreOpenedAfterAQuestion()
     QCOMPARE(m_shelf->questions, QStringList{ QStringLiteral("Open 11 item(s) at once?") });
     QCOMPARE(m_shelf->workspace.opened.size(), 10);
     m_shelf->agree();
+    m_shelf->queue.advance(1);
     QCOMPARE(m_shelf->workspace.opened.size(), 21);
+}
+
+void SelectionActionsTest::manyAreOpenedOneAfterTheOther()
+{
+    askToOpen(2000);
+    m_shelf->agree();
+    QCOMPARE(m_shelf->workspace.opened.size(), 1);
+    // What a turn of the event loop opens must not hold it up, whatever the number.
+    m_shelf->queue.advance(0.005);
+    QCOMPARE(m_shelf->workspace.opened.size(), 2);
+    // The user has agreed to all: a shelf that hides goes on.
+    m_shelf->view.hide();
+    m_shelf->queue.advance(60);
+    QCOMPARE(m_shelf->workspace.opened.size(), 2000);
+    QCOMPARE(m_shelf->queue.waitingTasks(), 0);
+}
+
+void SelectionActionsTest::whatLeavesTheShelfBeforeItsTurnIsNotOpened()
+{
+    askToOpen(20);
+    m_shelf->agree();
+    m_shelf->store.remove(m_shelf->store.items().constLast().id);
+    m_shelf->queue.advance(0.005);
+    QCOMPARE(m_shelf->workspace.opened.size(), 2);
+    // Deleting them is the way to stop it.
+    key(Qt::Key_Delete);
+    m_shelf->queue.advance(1);
+    QCOMPARE(m_shelf->workspace.opened.size(), 2);
+    QCOMPARE(m_shelf->queue.waitingTasks(), 0);
+}
+
+void SelectionActionsTest::aSecondLotIsOpenedAfterTheFirst()
+{
+    askToOpen(12);
+    m_shelf->agree();
+    m_shelf->agree();
+    QCOMPARE(m_shelf->workspace.opened.size(), 1);
+    m_shelf->queue.advance(1);
+    QCOMPARE(m_shelf->workspace.opened.size(), 24);
+    QCOMPARE(m_shelf->workspace.opened.mid(12), m_shelf->workspace.opened.first(12));
 }
 
 void SelectionActionsTest::allFilesAreShownInOneRequest()

@@ -1,6 +1,7 @@
 #include "SelectionActions.h"
 
 #include "CarriedItem.h"
+#include "ItemOpener.h"
 #include "Pasteboard.h"
 #include "ShelfStore.h"
 #include "Workspace.h"
@@ -56,11 +57,12 @@ inline constexpr qsizetype mostWithoutQuestion = 10;
 } // namespace
 
 SelectionActions::SelectionActions(const ShelfItemActions& single, ShelfStore& store, Workspace& workspace,
-                                   Pasteboard& pasteboard, Ask ask)
+                                   Pasteboard& pasteboard, MainQueue& queue, Ask ask)
     : m_single(single)
     , m_store(store)
     , m_workspace(workspace)
     , m_pasteboard(pasteboard)
+    , m_opener(std::make_shared<ItemOpener>(single, store, queue))
     , m_ask(std::move(ask))
 {
 }
@@ -104,14 +106,13 @@ QList<ShelfItem> SelectionActions::openable(const QList<ShelfItem>& items) const
 void SelectionActions::open(const QList<ShelfItem>& items) const
 {
     const QList<ShelfItem> opened = openable(items);
-    const auto openAll = [actions = *this, opened] {
-        for (const ShelfItem& item : opened)
-            actions.m_single.open(item);
-    };
-    if (opened.size() > mostWithoutQuestion)
-        m_ask(tr("Open %n item(s) at once?", nullptr, number(opened)), tr("Open"), openAll);
-    else
-        openAll();
+    if (opened.size() > mostWithoutQuestion) {
+        m_ask(tr("Open %n item(s) at once?", nullptr, number(opened)), tr("Open"),
+              [opener = m_opener, opened] { opener->open(opened); });
+        return;
+    }
+    for (const ShelfItem& item : opened)
+        m_single.open(item);
 }
 
 QList<QUrl> SelectionActions::referencedFiles(const QList<ShelfItem>& items) const

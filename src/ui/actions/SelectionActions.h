@@ -9,9 +9,14 @@
 #include <QList>
 #include <QUrl>
 
+#include <memory>
+
 class QKeyEvent;
 
 namespace nookle {
+
+class ItemOpener;
+class MainQueue;
 
 /// The actions of a user on the selected items of the shelf: those of `ShelfItemActions` on a single one, and on
 /// several what these do together. All arguments must outlive it. Main thread only.
@@ -20,7 +25,7 @@ class SelectionActions final {
 
 public:
     SelectionActions(const ShelfItemActions& single, ShelfStore& store, Workspace& workspace, Pasteboard& pasteboard,
-                     Ask ask);
+                     MainQueue& queue, Ask ask);
 
     /// The entries of the context menu. Titles say how many of several items they are for.
     [[nodiscard]] MenuActions menuActions(const QList<ShelfItem>& items) const;
@@ -30,7 +35,7 @@ public:
 
     // For several items.
 
-    /// Opens what can be opened. Asks before it opens more than ten.
+    /// Opens what can be opened. Asks before it opens more than ten, which then open one after the other.
     void open(const QList<ShelfItem>& items) const;
 
     /// Shows the files among `items` in the file manager. Asks before it shows more than ten folders.
@@ -55,6 +60,8 @@ private:
     ShelfStore& m_store;
     Workspace& m_workspace;
     Pasteboard& m_pasteboard;
+    /// For many items. Copies of this object share it.
+    std::shared_ptr<ItemOpener> m_opener;
     Ask m_ask;
 };
 
