@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QMenu>
+#include <QScrollBar>
 
 using namespace nookle;
 
@@ -31,6 +32,7 @@ private Q_SLOTS:
 #if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
     void assistiveProgramsSelectTiles();
     void theCurrentTileStaysSelectedWhenAnotherIsAdded();
+    void whatIsOutOfViewIsClearedToo();
 #endif
 
 private:
@@ -203,6 +205,23 @@ void AccessibilityTest::theCurrentTileStaysSelectedWhenAnotherIsAdded()
     QCOMPARE(selectedTiles(), QByteArray("1010"));
     QVERIFY(selection.clear());
     QCOMPARE(selectedTiles(), QByteArray("0000"));
+}
+
+void AccessibilityTest::whatIsOutOfViewIsClearedToo()
+{
+    for (int number = 0; number < 60; ++number)
+        m_shelf->store.addText(QString::number(number));
+    QTest::keyClick(&list(), Qt::Key_End);
+    list().verticalScrollBar()->setValue(0);
+    QVERIFY(!list().tile(m_shelf->store.items().constLast().id));
+    QAccessibleSelectionInterface& selection = *accessibleList().selectionInterface();
+    // The current tile alone, and one that was selected before.
+    QCOMPARE(list().selection().targets().size(), std::size_t{ 1 });
+    QVERIFY(selection.clear());
+    QVERIFY(list().selection().targets().empty());
+    list().selectAll();
+    QVERIFY(selection.clear());
+    QVERIFY(list().selection().targets().empty());
 }
 
 #endif

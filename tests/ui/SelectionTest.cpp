@@ -30,6 +30,7 @@ private Q_SLOTS:
     void onlyItemsOfRowsCanBeSelected();
     void singleItemsAreAddedAndTakenOut();
     void theRowThatStoodForTheSelectionStaysWhenAnotherIsAdded();
+    void afterSelectingNoneNotEvenTheCurrentRowIsMeant();
     void clearingLeavesTheCurrentRow();
     void clearingTheCurrentRowEndsTheSelection();
     void aSelectedItemTakesAllSelectedOnesAlong();
@@ -230,6 +231,19 @@ void SelectionTest::theRowThatStoodForTheSelectionStaysWhenAnotherIsAdded()
     m_selection.setSelected(id('c'), false);
     QCOMPARE(targets(), QByteArray());
     QCOMPARE(current(), 'c');
+}
+
+void SelectionTest::afterSelectingNoneNotEvenTheCurrentRowIsMeant()
+{
+    m_selection.moveTo(1, {});
+    m_selection.moveTo(3, Qt::ShiftModifier);
+    m_selection.selectNone();
+    QCOMPARE(targets(), QByteArray());
+    QCOMPARE(current(), 'd');
+    m_selection.moveTo(2, {});
+    QCOMPARE(targets(), QByteArray("c"));
+    m_selection.selectNone();
+    QCOMPARE(targets(), QByteArray());
 }
 
 void SelectionTest::clearingLeavesTheCurrentRow()

@@ -175,6 +175,12 @@ void Selection::setSelected(const QUuid& id, bool isSelected)
     m_currentStandsForSelection = false;
 }
 
+void Selection::selectNone()
+{
+    m_selected.clear();
+    m_currentStandsForSelection = false;
+}
+
 void Selection::clear()
 {
     m_selected.clear();

@@ -62,6 +62,9 @@ public:
     /// selected itself from now on.
     void setSelected(const QUuid& id, bool isSelected);
 
+    /// Takes out all items, also the current one if it stood for them. The current row stays.
+    void selectNone();
+
     /// Ends the selection. The current row stays.
     void clear();
 

@@ -128,12 +128,10 @@ public:
         return true;
     }
 
-    // Also the tile that keys are for while no tile is selected.
+    // Also the tile that keys are for while no tile is selected, and what is out of view.
     bool clear() override
     {
-        m_list.endSelection();
-        for (QAccessibleInterface* child : selectedItems())
-            unselect(child);
+        m_list.selectNone();
         return true;
     }
 

@@ -120,6 +120,12 @@ void TileList::setSelected(const QUuid& id, bool isSelected)
     change([&] { m_selection.setSelected(id, isSelected); });
 }
 
+void TileList::selectNone()
+{
+    m_band.cancel();
+    change([this] { m_selection.selectNone(); });
+}
+
 bool TileList::endSelection()
 {
     if (m_band.cancel())

@@ -71,6 +71,9 @@ public:
     /// The tile of `id` was clicked with Control or Shift.
     void choose(const QUuid& id, Qt::KeyboardModifiers modifiers);
 
+    /// Takes all items out of the selection, wherever they are in the list, and ends a rubber band.
+    void selectNone();
+
     void selectAll()
     {
         change([this] { m_selection.selectAll(); });
