@@ -34,6 +34,16 @@ struct Release {
     return newest;
 }
 
+/// Whether the Trash of what was at `path` is not there at all, as when its volume is not mounted. An emptied Trash
+/// keeps its folders.
+[[nodiscard]] bool isTrashAway(const QByteArray& path, const QByteArray& dataHome)
+{
+    const std::vector<QByteArray> folders = trashFolders(path, dataHome);
+    return std::none_of(folders.begin(), folders.end(), [](const QByteArray& folder) {
+        return ::faccessat(AT_FDCWD, folder.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
+    });
+}
+
 } // namespace
 
 GioTrash::GioTrash(const QByteArray& dataHome)
@@ -77,7 +87,7 @@ std::optional<Failure> GioTrash::putBack(const QUrl& url)
 bool GioTrash::canPutBack(const QUrl& url) const
 {
     const QByteArray path = standardizedPath(url);
-    return !path.isEmpty() && newestFrom(path, m_dataHome).has_value();
+    return !path.isEmpty() && (newestFrom(path, m_dataHome) || isTrashAway(path, m_dataHome));
 }
 
 bool GioTrash::contains(const QUrl& url) const

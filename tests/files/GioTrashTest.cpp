@@ -33,6 +33,7 @@ private Q_SLOTS:
     void aFileComesBackFromTheTrash();
     void theFileThatWasTrashedLastComesBack();
     void aFileThatIsNotInTheTrashDoesNotComeBack();
+    void aTrashThatIsAwayMayStillHoldIt();
     void aFileDoesNotComeBackOverAnother();
     void pathsInATrashAreRecognised_data();
     void pathsInATrashAreRecognised();
@@ -201,8 +202,8 @@ void GioTrashTest::aFileThatIsNotInTheTrashDoesNotComeBack()
     GioTrash trash(s_home->path("data"));
     const QByteArray path = s_home->makeFile("gone.txt");
     QVERIFY(trash.putBack(fileUrl(s_home->path("never.txt"))));
-    QVERIFY(!trash.canPutBack(fileUrl(s_home->path("never.txt"))));
     QVERIFY(!trash.moveToTrash(fileUrl(path)));
+    QVERIFY(!trash.canPutBack(fileUrl(s_home->path("never.txt"))));
     QVERIFY(trash.canPutBack(fileUrl(path)));
     QVERIFY(QFile::remove(QFile::decodeName(trashed("gone.txt"))));
     QVERIFY(trash.putBack(fileUrl(path)));
@@ -210,6 +211,21 @@ void GioTrashTest::aFileThatIsNotInTheTrashDoesNotComeBack()
     QVERIFY(!trash.canPutBack(fileUrl(path)));
     QVERIFY(trash.putBack(QUrl()));
     QVERIFY(!trash.canPutBack(QUrl()));
+}
+
+void GioTrashTest::aTrashThatIsAwayMayStillHoldIt()
+{
+    GioTrash trash(s_home->path("data"));
+    const QByteArray path = s_home->makeFile("kept.txt");
+    QVERIFY(!trash.moveToTrash(fileUrl(path)));
+    const std::filesystem::path folder(s_home->path("data/Trash").toStdString());
+    const std::filesystem::path elsewhere(s_home->path("unmounted").toStdString());
+    std::filesystem::rename(folder, elsewhere);
+    QVERIFY(trash.putBack(fileUrl(path)));
+    QVERIFY(trash.canPutBack(fileUrl(path)));
+    std::filesystem::rename(elsewhere, folder);
+    QVERIFY(!trash.putBack(fileUrl(path)));
+    QVERIFY(isThere(path));
 }
 
 void GioTrashTest::aFileDoesNotComeBackOverAnother()
