@@ -1,5 +1,6 @@
 #include "X11Clipboard.h"
 
+#include "CapturedLog.h"
 #include "Pasteboard.h"
 #include "PrivateDesktop.h"
 #include "SelectionSource.h"
@@ -47,6 +48,8 @@ private Q_SLOTS:
     void nothingIsAnsweredWithinTheCall();
     void anOwnerThatDoesNotAnswerHoldsUpNothing_data();
     void anOwnerThatDoesNotAnswerHoldsUpNothing();
+    void theEndOfTheOwnerEndsTheQuestion_data();
+    void theEndOfTheOwnerEndsTheQuestion();
     void theTimeIsForAllQuestionsTogether();
     void theLimitIsForAllQuestionsTogether();
     void theEndOfTheContentEndsTheQuestion();
@@ -131,7 +134,10 @@ void X11ClipboardTest::moreFormatsThanAnyProgramHasAreNone()
         list += atomList({ XCB_ATOM_STRING });
     const SelectionSource source("CLIPBOARD", list, Manner::inPieces);
     open(aMinute);
+    const CapturedLog log;
     QCOMPARE(formats(), QStringList());
+    QCOMPARE(log.lines().size(), 1);
+    QVERIFY(log.lines().constFirst().contains(QStringLiteral("clipboard")));
 }
 
 void X11ClipboardTest::whatTheOwnerDeliversIsRead()
@@ -184,7 +190,6 @@ void X11ClipboardTest::anOwnerThatDoesNotAnswerHoldsUpNothing_data()
 {
     QTest::addColumn<Manner>("manner");
     QTest::newRow("silent") << Manner::silent;
-    QTest::newRow("dying midway") << Manner::dyingMidway;
     QTest::newRow("stuck midway") << Manner::stuckMidway;
     QTest::newRow("dripping without end") << Manner::dripping;
 }
@@ -207,6 +212,29 @@ void X11ClipboardTest::anOwnerThatDoesNotAnswerHoldsUpNothing()
     QVERIFY2(longestTurn < briefly.count(), QByteArray::number(longestTurn).constData());
 }
 
+void X11ClipboardTest::theEndOfTheOwnerEndsTheQuestion_data()
+{
+    QTest::addColumn<Manner>("manner");
+    QTest::newRow("before an answer") << Manner::silent;
+    QTest::newRow("midway") << Manner::dyingMidway;
+}
+
+void X11ClipboardTest::theEndOfTheOwnerEndsTheQuestion()
+{
+    QFETCH(Manner, manner);
+    auto source = std::make_unique<SelectionSource>("CLIPBOARD", QByteArray(200'000, 'a'), manner);
+    open(aMinute);
+    std::optional<QByteArray> answer;
+    m_content->askData(QStringLiteral("STRING"), [&](const QByteArray& bytes) { answer = bytes; });
+    if (manner == Manner::silent)
+        source.reset();
+    QVERIFY(waitFor([&] { return answer.has_value(); }));
+    QCOMPARE(*answer, QByteArray());
+    // Whoever owns the clipboard next is asked.
+    const SelectionSource next("CLIPBOARD", "words", Manner::whole);
+    QCOMPARE(data(QStringLiteral("STRING")), QByteArray("words"));
+}
+
 void X11ClipboardTest::theTimeIsForAllQuestionsTogether()
 {
     {
@@ -225,7 +253,9 @@ void X11ClipboardTest::theLimitIsForAllQuestionsTogether()
     open(aMinute);
     QCOMPARE(data(QStringLiteral("image/a"))->size(), 100'000'000);
     QCOMPARE(data(QStringLiteral("image/b"))->size(), 100'000'000);
+    const CapturedLog log;
     QCOMPARE(data(QStringLiteral("image/c"))->size(), 0);
+    QCOMPARE(log.lines().size(), 1);
 }
 
 void X11ClipboardTest::theEndOfTheContentEndsTheQuestion()

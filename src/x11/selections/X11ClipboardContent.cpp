@@ -1,5 +1,6 @@
 #include "X11ClipboardContent.h"
 
+#include "Log.h"
 #include "XcbAtoms.h"
 #include "XcbReply.h"
 
@@ -62,10 +63,29 @@ void X11ClipboardContent::askData(const QString& format, Bytes answer)
 void X11ClipboardContent::ask(std::uint32_t target, qsizetype maximumSize, Bytes answer)
 {
     m_answer = std::move(answer);
-    if (m_connection)
+    if (m_connection) {
+        watchOwner();
         m_transfer.emplace(m_connection.get(),
                            X11SelectionTransfer::Request{ m_selection, target, XCB_CURRENT_TIME, maximumSize });
+    }
     readEventSoon();
+}
+
+// Before the question, so that the end of the owner is seen also when it comes in between.
+void X11ClipboardContent::watchOwner()
+{
+    const auto cookie = xcb_get_selection_owner(m_connection.get(), m_selection);
+    const auto reply = owned(xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
+    m_owner = reply ? reply->owner : xcb_window_t{ XCB_WINDOW_NONE };
+    const std::uint32_t events = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    if (m_owner != XCB_WINDOW_NONE)
+        xcb_change_window_attributes(m_connection.get(), m_owner, XCB_CW_EVENT_MASK, &events);
+}
+
+bool X11ClipboardContent::isEndOfOwner(const xcb_generic_event_t& event) const
+{
+    const auto& end = reinterpret_cast<const xcb_destroy_notify_event_t&>(event);
+    return (event.response_type & 0x7f) == XCB_DESTROY_NOTIFY && end.window == m_owner;
 }
 
 void X11ClipboardContent::readEvent()
@@ -82,8 +102,12 @@ void X11ClipboardContent::readEvent()
     if (!m_transfer)
         return;
     m_transfer->handle(*event);
+    if (m_transfer->wasTooLarge())
+        logLine(QStringLiteral("the clipboard is not read: it holds too much, or lists too many formats"));
     if (m_transfer->isDone())
         finish(m_transfer->bytes().value_or(QByteArray()));
+    else if (isEndOfOwner(*event))
+        finish({});
 }
 
 // One event a turn, so that an owner that never ends holds up nothing else. The library may have read the next event

@@ -16,7 +16,8 @@
 namespace nookle {
 
 /// The content of the clipboard or the selection, read on a connection of its own while the event loop runs: the
-/// toolkit would block for five seconds for each format that the owner does not deliver, and has no limit of size.
+/// toolkit would block for five seconds for each format that the owner does not deliver, and has no limit of size. A
+/// question ends with the program that it was for.
 class X11ClipboardContent final : public QObject, public ClipboardContent {
     Q_OBJECT
 
@@ -30,6 +31,8 @@ public:
 
 private:
     void ask(std::uint32_t target, qsizetype maximumSize, Bytes answer);
+    void watchOwner();
+    [[nodiscard]] bool isEndOfOwner(const xcb_generic_event_t& event) const;
     void readEvent();
     void readEventSoon();
     void giveUp();
@@ -38,6 +41,8 @@ private:
     /// Null once the owner took too long, or when there is no connection.
     XcbConnection m_connection;
     std::uint32_t m_selection = 0;
+    /// The window of the program that is asked.
+    std::uint32_t m_owner = 0;
     qsizetype m_left;
     std::unique_ptr<QSocketNotifier> m_notifier;
     QTimer m_patience;

@@ -93,7 +93,8 @@ std::optional<QByteArray> X11SelectionTransfer::take(qsizetype maximumSize)
     const auto cookie = xcb_get_property(m_connection, 1, m_window, m_property, XCB_ATOM_ANY, 0,
                                          static_cast<std::uint32_t>(maximumSize / unit));
     const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr));
-    if (!reply || reply->bytes_after != 0)
+    m_wasTooLarge = reply && reply->bytes_after != 0;
+    if (!reply || m_wasTooLarge)
         return std::nullopt;
     m_takenType = reply->type;
     return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),

@@ -36,6 +36,9 @@ public:
     /// What was delivered. None if the owner has refused, if there is none, or if it delivered more than the limit.
     [[nodiscard]] const std::optional<QByteArray>& bytes() const { return m_bytes; }
 
+    /// Whether there are no bytes because there were more than the limit.
+    [[nodiscard]] bool wasTooLarge() const { return m_wasTooLarge; }
+
 private:
     enum class State { waitingForAnswer, waitingForPiece, done };
 
@@ -53,6 +56,7 @@ private:
     State m_state = State::waitingForAnswer;
     /// The type of the property that `take` read last.
     std::uint32_t m_takenType = 0;
+    bool m_wasTooLarge = false;
     QByteArray m_arrived;
     std::optional<QByteArray> m_bytes;
 };
