@@ -62,6 +62,8 @@ void EdgeStrips::removeStrips()
     m_strips.clear();
     QMetaObject::invokeMethod(
         &m_context, [this] { m_ended.clear(); }, Qt::QueuedConnection);
+    if (onDragEnded)
+        onDragEnded();
 }
 
 void EdgeStrips::makeStrips(EdgeStrip::Level level)
@@ -98,6 +100,8 @@ void EdgeStrips::handleDrag(QDropEvent& event, const QPointF& position)
 // something may do so by now.
 void EdgeStrips::pointerCame()
 {
+    if (onDragEnded)
+        onDragEnded();
     if (!m_drags)
         return;
     m_drags->end();

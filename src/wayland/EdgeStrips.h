@@ -29,6 +29,9 @@ public:
     /// As in `EdgeStrip`.
     std::function<void(QDropEvent& event, const QPointF& position)> onDragEvent;
     std::function<void()> onDragLeft;
+    /// Called when no drag is at a strip any more: the pointer came without one, or the strips are gone. Set by the
+    /// owner.
+    std::function<void()> onDragEnded;
 
 private:
     /// The strips that are wanted now, if any.

@@ -4,6 +4,7 @@
 #include "DragForwarding.h"
 #include "ScreenDisplays.h"
 #include "SeenPointer.h"
+#include "StripWindow.h"
 
 #include <LayerShellQt/Window>
 
@@ -104,6 +105,7 @@ void LayerPanelWindow::orderFront()
 void LayerPanelWindow::orderOut()
 {
     m_animation.stop();
+    takeEdge();
     m_window.setVisible(false);
     m_afterDrop.stop();
     m_heldMouse.drop();
@@ -177,11 +179,27 @@ void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& pos
         return;
     }
     forwardDrag(event, m_window, m_resting, position);
+    // KWin tells what may be done with the drag of an X11 program only when that comes over a second window. With each
+    // entry the toolkit reports a movement.
+    if (event.type() == QEvent::DragMove)
+        setEdgeTaken(event.isAccepted());
 }
 
 void LayerPanelWindow::dragHasLeftElsewhere()
 {
     forwardDragLeave(m_window);
+}
+
+// A drag that is let go on the strip would be lost if the panel took its place: until the panel has answered anew, the
+// compositor takes the drop for refused.
+void LayerPanelWindow::setEdgeTaken(bool isTaken)
+{
+    if (std::exchange(m_isEdgeTaken, isTaken) == isTaken)
+        return;
+    const QSize size = m_resting.size().toSize();
+    // An empty mask means the whole window.
+    m_window.setMask(isTaken ? QRect(0, 0, size.width() - StripWindow::thickness, size.height()) : QRegion());
+    tellCompositor();
 }
 
 // No compositor tells where a window is, so the toolkit's own coordinates begin at the window.
@@ -208,6 +226,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::Enter:
         m_afterDrop.stop();
+        takeEdge();
         m_isPointerInside = true;
         m_pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
         if (onMouseEntered)
@@ -232,6 +251,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
             onMouseExited();
         break;
     case QEvent::Drop:
+        takeEdge();
         m_pointer.move(onDesktop(static_cast<QDropEvent*>(event)->position()));
         m_afterDrop.start();
         break;

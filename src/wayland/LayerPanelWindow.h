@@ -17,8 +17,9 @@ class SeenPointer;
 
 /// The shelf's window as a layer surface at the right edge of a display. The compositor keeps it clear of the desktop's
 /// own panels. The window does not move: its content slides within it, because a surface that reaches beyond its
-/// display would be seen on the next one. It takes the keyboard after a click, until the pointer has left it and its
-/// menu. Main thread only.
+/// display would be seen on the next one. While a drag is under way that came by a strip, the edge of the display
+/// belongs to that strip. The window takes the keyboard after a click, until the pointer has left it and its menu. Main
+/// thread only.
 class LayerPanelWindow final : public QObject, public PanelWindow {
     Q_OBJECT
 
@@ -42,6 +43,9 @@ public:
     /// Call this when such a drag has left the other window.
     void dragHasLeftElsewhere();
 
+    /// Call this when no such drag is under way any more, or the strips are gone.
+    void takeEdge() { setEdgeTaken(false); }
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -53,6 +57,8 @@ private:
     void giveKeyboardBack();
     /// Gives the keys back unless they were asked for without a click.
     void pointerIsDone();
+    /// Leaves the edge of the display to the strip (true), or takes it (false).
+    void setEdgeTaken(bool isTaken);
     void tellCompositor();
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
@@ -65,6 +71,7 @@ private:
     /// Runs from a drop until the compositor says where the pointer is.
     QTimer m_afterDrop;
     bool m_isPointerInside = false;
+    bool m_isEdgeTaken = false;
     /// True from `takeFocus` until the focus is lost or the pointer leaves: the keys do not wait for the pointer then.
     bool m_isForKeys = false;
     /// Where the window is: the frame's place once it has slid in.

@@ -111,6 +111,10 @@ std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, do
         if (panel)
             panel->dragHasLeftElsewhere();
     };
+    m_strips->onDragEnded = [panel = QPointer(panel.get())] {
+        if (panel)
+            panel->takeEdge();
+    };
     return panel;
 }
 
