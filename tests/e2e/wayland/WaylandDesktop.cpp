@@ -20,6 +20,7 @@ namespace {
         return QStringLiteral("labwc:wlroots");
     case WaylandDesktop::Compositor::kwin:
     case WaylandDesktop::Compositor::kwinWithX11:
+    case WaylandDesktop::Compositor::kwinInWindow:
         return QStringLiteral("KDE");
     case WaylandDesktop::Compositor::gnome:
         return QStringLiteral("GNOME");
@@ -44,6 +45,8 @@ WaylandDesktop::~WaylandDesktop()
     m_hand.reset();
     m_gnome.reset();
     m_compositor.reset();
+    m_screen.reset();
+    m_server.reset();
     stopBus();
 }
 
@@ -59,7 +62,7 @@ bool WaylandDesktop::startCompositor(const Options& options)
 {
     if (options.compositor == Compositor::gnome)
         return startGnome(options.displays);
-    m_hasPictures = options.compositor == Compositor::sway || options.compositor == Compositor::labwc;
+    m_hasPictures = options.compositor != Compositor::kwin && options.compositor != Compositor::kwinWithX11;
     switch (options.compositor) {
     case Compositor::sway:
         m_compositor = startSway(options.displays);
@@ -69,6 +72,7 @@ bool WaylandDesktop::startCompositor(const Options& options)
         break;
     case Compositor::kwin:
     case Compositor::kwinWithX11:
+    case Compositor::kwinInWindow:
         m_compositor = startKWin(options);
         break;
     case Compositor::gnome:
@@ -141,20 +145,38 @@ bool WaylandDesktop::findBridge()
     return isRunning;
 }
 
-std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options) const
+QString WaylandDesktop::startScreen()
+{
+    const QString size = QStringLiteral("%1x%2x24").arg(displaySize.width()).arg(displaySize.height());
+    m_server = start(QStringLiteral("Xvfb"),
+                     { QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), size, QStringLiteral("-nolisten"), QStringLiteral("tcp") });
+    const QByteArray number = m_server->readLine();
+    if (number.isEmpty()) {
+        qWarning("no X server: %s", m_server->log().constData());
+        return {};
+    }
+    m_screen = std::make_unique<XScreen>(":" + number);
+    return QLatin1Char(':') + QString::fromLatin1(number);
+}
+
+std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options)
 {
     QProcessEnvironment trusting = environment();
     trusting.insert(QStringLiteral("KWIN_WAYLAND_NO_PERMISSION_CHECKS"), QStringLiteral("1"));
-    QStringList arguments{ QStringLiteral("--virtual"),
-                           QStringLiteral("--width"),
-                           QString::number(displaySize.width()),
-                           QStringLiteral("--height"),
-                           QString::number(displaySize.height()),
-                           QStringLiteral("--output-count"),
-                           QString::number(options.displays),
-                           QStringLiteral("--no-lockscreen"),
-                           QStringLiteral("--socket"),
+    QStringList arguments{ QStringLiteral("--width"),         QString::number(displaySize.width()),
+                           QStringLiteral("--height"),        QString::number(displaySize.height()),
+                           QStringLiteral("--output-count"),  QString::number(options.displays),
+                           QStringLiteral("--no-lockscreen"), QStringLiteral("--socket"),
                            QStringLiteral("wayland-0") };
+    if (options.compositor == Compositor::kwinInWindow) {
+        makeSocketFolder();
+        // The processor draws: there is nothing else.
+        trusting.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("Q"));
+        arguments << QStringLiteral("--x11-display") << startScreen();
+    } else {
+        arguments << QStringLiteral("--virtual");
+    }
     if (options.compositor == Compositor::kwinWithX11) {
         makeSocketFolder();
         // A program of its session is told where the X server is.
@@ -179,6 +201,8 @@ QImage WaylandDesktop::picture(const QRect& area) const
 {
     if (m_gnome)
         return m_gnome->picture(area);
+    if (m_screen)
+        return m_screen->picture(area);
     const QString file = home(QStringLiteral("picture.ppm"));
     const QString geometry =
         QStringLiteral("%1,%2 %3x%4").arg(area.x()).arg(area.y()).arg(area.width()).arg(area.height());

@@ -3,6 +3,7 @@
 #include "GnomeShell.h"
 #include "Hand.h"
 #include "PrivateSession.h"
+#include "XScreen.h"
 
 #include <QImage>
 #include <QPoint>
@@ -22,6 +23,8 @@ public:
         kwin,
         /// With a bridge to X11 programs, which tells when a drag begins.
         kwinWithX11,
+        /// In a window of an X server, where it gives pictures. With one display.
+        kwinInWindow,
         gnome,
     };
 
@@ -63,13 +66,18 @@ private:
     [[nodiscard]] bool startCompositor(const Options& options);
     [[nodiscard]] std::unique_ptr<Program> startSway(int displays);
     [[nodiscard]] std::unique_ptr<Program> startLabwc(int displays);
-    [[nodiscard]] std::unique_ptr<Program> startKWin(const Options& options) const;
+    [[nodiscard]] std::unique_ptr<Program> startKWin(const Options& options);
+    /// Starts an X server of the size of a display; where it is, or nothing when it does not start.
+    [[nodiscard]] QString startScreen();
     [[nodiscard]] bool startGnome(int displays);
     /// Lets programs know the X server that the compositor has started.
     [[nodiscard]] bool findBridge();
     void useWlrootsWithoutScreen(int displays);
 
     bool m_hasPictures = true;
+    /// What the compositor's window is on.
+    std::unique_ptr<Program> m_server;
+    std::unique_ptr<XScreen> m_screen;
     std::unique_ptr<Program> m_compositor;
     std::unique_ptr<GnomeShell> m_gnome;
     std::unique_ptr<Hand> m_hand;

@@ -25,7 +25,6 @@ private Q_SLOTS:
     void allFilesGoIntoAFolderOfNautilus();
 
 private:
-    [[nodiscard]] static WaylandDesktop::Compositor compositor();
     /// Three files, of which the first one is on top of the shelf.
     [[nodiscard]] bool putFilesOnShelf();
     [[nodiscard]] bool openTarget();
@@ -48,12 +47,6 @@ void WaylandSeveralItemsTest::cleanup()
     if (QTest::currentTestFailed())
         tellFailure(QStringLiteral("wayland-%1.png").arg(QLatin1String(QTest::currentTestFunction())));
     tearDownDesktop();
-}
-
-WaylandDesktop::Compositor WaylandSeveralItemsTest::compositor()
-{
-    return qEnvironmentVariable("NOOKLE_ENVIRONMENT") == QLatin1String("kwin") ? WaylandDesktop::Compositor::kwin
-                                                                               : WaylandDesktop::Compositor::gnome;
 }
 
 bool WaylandSeveralItemsTest::putFilesOnShelf()
