@@ -241,6 +241,10 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         m_pointer.drag(onDesktop(static_cast<QDropEvent*>(event)->position()));
         break;
     case QEvent::Leave:
+        // The toolkit says so whenever a menu opens, also of a pointer that rests on the panel. Of that one KWin tells
+        // nothing when the menu has closed.
+        if (m_popups.isMenuOpening())
+            return true;
         m_isPointerInside = false;
         // Where no click elsewhere moves the focus, the keys would stay for ever.
         if (!m_popups.isMenuOpen())

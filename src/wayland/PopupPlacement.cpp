@@ -32,12 +32,20 @@ void PopupPlacement::place(QWindow& popup)
 {
     popup.setTransientParent(&m_panel);
     if (popup.type() == Qt::Popup)
-        m_menu = &popup;
+        menuOpens(popup);
     const QPoint inPanel = popup.position() - m_panel.position();
     // The toolkit's names for the place of a popup.
     popup.setProperty("_q_waylandPopupAnchorRect", QRect(inPanel, QSize(1, 1)));
     popup.setProperty("_q_waylandPopupAnchor", QVariant::fromValue(Qt::Edges(Qt::TopEdge | Qt::LeftEdge)));
     popup.setProperty("_q_waylandPopupGravity", QVariant::fromValue(Qt::Edges(Qt::BottomEdge | Qt::LeftEdge)));
+}
+
+void PopupPlacement::menuOpens(QWindow& menu)
+{
+    m_menu = &menu;
+    m_isMenuOpening = true;
+    QMetaObject::invokeMethod(
+        this, [this] { m_isMenuOpening = false; }, Qt::QueuedConnection);
 }
 
 } // namespace nookle

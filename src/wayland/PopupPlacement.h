@@ -20,6 +20,9 @@ public:
     /// Whether a menu of the panel is open.
     [[nodiscard]] bool isMenuOpen() const { return m_menu && m_menu->isVisible(); }
 
+    /// Whether the toolkit is just showing a menu of the panel.
+    [[nodiscard]] bool isMenuOpening() const { return m_isMenuOpening; }
+
     /// Called when a menu of the panel has closed. Set by the owner.
     std::function<void()> onMenuClosed;
 
@@ -27,9 +30,11 @@ public:
 
 private:
     void place(QWindow& popup);
+    void menuOpens(QWindow& menu);
 
     QWindow& m_panel;
     QPointer<QWindow> m_menu;
+    bool m_isMenuOpening = false;
 };
 
 } // namespace nookle
