@@ -102,6 +102,9 @@ void ScrollingTest::aTouchpadScrollsByItsPixels()
     QCOMPARE(position(), 7);
     turn(*list().viewport(), { 0, 3 }, { 0, 40 }, Qt::ScrollUpdate);
     QCOMPARE(position(), 4);
+    // Less than a pixel: the toolkit adds it to the next movement.
+    turn(*list().viewport(), {}, { 0, 5 }, Qt::ScrollUpdate);
+    QCOMPARE(position(), 4);
 }
 
 void ScrollingTest::theFractionsOfAFineWheelAddUp()

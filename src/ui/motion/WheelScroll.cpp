@@ -17,8 +17,9 @@ inline constexpr double pagesToNotch = 0.25;
 
 [[nodiscard]] double distanceOf(const QWheelEvent& event, int page)
 {
-    // Without phases the number of pixels is a guess of the driver.
-    if (event.phase() != Qt::NoScrollPhase && !event.pixelDelta().isNull())
+    // Without phases the number of pixels is a guess of the driver. With them the toolkit adds up the fractions of
+    // pixels, so that none means that it is still less than one.
+    if (event.phase() != Qt::NoScrollPhase)
         return -event.pixelDelta().y();
     const double notches = static_cast<double>(event.angleDelta().y()) / notch;
     return -notches * page * pagesToNotch * QApplication::wheelScrollLines() / usualLines;

@@ -44,10 +44,10 @@ void Hand::turnWheel(int notches)
         scroll(pointsOfNotch, 1);
 }
 
-void Hand::glide(int points)
+void Hand::glide(int points, double step)
 {
-    for (int point = 0; point < points; ++point)
-        scroll(1, 0);
+    for (double way = 0; way < points; way += step)
+        scroll(step, 0);
 }
 
 void Hand::type(Key key)

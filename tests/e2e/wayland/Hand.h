@@ -40,8 +40,9 @@ public:
     void click(Button button = Button::left);
     /// Turns the wheel towards the user.
     void turnWheel(int notches);
-    /// Moves fingers over a touchpad, so that what is below the pointer moves up by so many points.
-    void glide(int points);
+    /// Moves fingers over a touchpad, so that what is below the pointer moves up by so many points, each movement by
+    /// `step` points. The fingers stay there.
+    void glide(int points, double step = 1);
     void type(Key key);
     void typeWith(Key modifier, Key key);
     /// A click with the left button while a key is down, as long as a hand needs for it.
