@@ -22,12 +22,15 @@ private Q_SLOTS:
 
     void theFirstClickWithControlSelects();
     void theKeysThatWereAskedForStayUntilTheUserLeaves();
+    void eachClickTakesTheKeysUntilTheUserIsElsewhere();
 
 private:
     /// Shows a shelf with two files.
     [[nodiscard]] bool showTwoFiles();
     /// What another program gets that pastes.
     [[nodiscard]] QByteArray paste() const;
+    /// Whether another program gets what is typed.
+    [[nodiscard]] bool keysReachPeer();
 };
 
 void WaylandKeyboardTest::cleanup()
@@ -87,6 +90,36 @@ void WaylandKeyboardTest::theKeysThatWereAskedForStayUntilTheUserLeaves()
         hand().click();
     QVERIFY2(peerSays("focused", before), "the keys stay with the shelf");
     QVERIFY(waitFor([this] { return isPanelGone(); }));
+}
+
+bool WaylandKeyboardTest::keysReachPeer()
+{
+    const qsizetype before = timesSaid("typed");
+    hand().type(Hand::Key::c);
+    return waitFor([&] { return timesSaid("typed") > before; }, 300);
+}
+
+void WaylandKeyboardTest::eachClickTakesTheKeysUntilTheUserIsElsewhere()
+{
+    const QPoint besideTiles(WaylandDesktop::displaySize.width() - 50, 600);
+    QVERIFY(setUpDesktop(compositor()));
+    // Pinned, so that it does not go with the pointer.
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
+    QVERIFY(startShelf());
+    QVERIFY(openPeer({ QStringLiteral("text") }));
+    hand().click();
+    QVERIFY(waitFor([this] { return keysReachPeer(); }));
+    for (int visit = 0; visit < 2; ++visit) {
+        hand().moveTo(besideTiles);
+        QVERIFY2(keysReachPeer(), "the keys come without a click");
+        hand().click();
+        QVERIFY2(waitFor([this] { return !keysReachPeer(); }), "the click does not take the keys");
+        hand().moveTo(middle);
+        // As above.
+        if (compositor() == WaylandDesktop::Compositor::kwin)
+            hand().click();
+        QVERIFY2(waitFor([this] { return keysReachPeer(); }), "the keys stay with the shelf");
+    }
 }
 
 QTEST_GUILESS_MAIN(WaylandKeyboardTest)
