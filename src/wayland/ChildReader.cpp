@@ -17,6 +17,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 namespace nookle {
 
@@ -24,9 +25,15 @@ namespace {
 
 using Clock = ChildReader::Clock;
 
+/// What a child writes first, when no lock holds it up.
+inline constexpr char mark = '+';
+/// How long that takes at most, on a busy machine.
+inline constexpr std::chrono::milliseconds timeToPassLocks{ 150 };
+
 /// A child process, which ends with this object at the latest.
 class Child final {
 public:
+    Child() = default;
     explicit Child(pid_t id)
         : m_id(id)
     {
@@ -35,6 +42,10 @@ public:
     {
         if (m_id > 0 && ::kill(m_id, SIGKILL) == 0)
             static_cast<void>(waitForEnd());
+    }
+    Child(Child&& other) noexcept
+        : m_id(std::exchange(other.m_id, -1))
+    {
     }
     Child(const Child&) = delete;
     Child& operator=(const Child&) = delete;
@@ -52,7 +63,13 @@ public:
     }
 
 private:
-    pid_t m_id;
+    pid_t m_id = -1;
+};
+
+/// A child at work, and the pipe that it writes to.
+struct Worker {
+    Child child;
+    FileDescriptor pipe;
 };
 
 /// How much memory this process may use, in bytes, counted from what it has now.
@@ -80,14 +97,17 @@ void limitGrowth(qsizetype size)
 }
 
 // Nothing of the parent's may run at the end: neither destructors nor what libraries have left for the exit.
-[[noreturn]] void work(const std::function<QByteArray()>& read, qsizetype maximumSize, int pipe)
+[[noreturn]] void workInChild(const ChildReader::Work& work, qsizetype maximumSize, int pipe)
 {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    work.passLocks();
+    if (!writeAll(pipe, QByteArray(1, mark)))
+        ::_exit(EXIT_FAILURE);
     // A growing array needs room for itself and for its copy.
     constexpr int copies = 3;
     limitGrowth(copies * maximumSize);
     try {
-        ::_exit(writeAll(pipe, read()) ? EXIT_SUCCESS : EXIT_FAILURE);
+        ::_exit(writeAll(pipe, work.read()) ? EXIT_SUCCESS : EXIT_FAILURE);
     } catch (...) {
         ::_exit(EXIT_FAILURE);
     }
@@ -128,27 +148,43 @@ void limitGrowth(qsizetype size)
     return std::nullopt;
 }
 
-} // namespace
-
-std::optional<QByteArray> ChildReader::run(const std::function<QByteArray()>& read, qsizetype maximumSize,
-                                           Clock::time_point deadline)
+[[nodiscard]] std::optional<Worker> startWorker(const ChildReader::Work& work, qsizetype maximumSize)
 {
     std::array<int, 2> ends{};
     if (::pipe2(ends.data(), O_CLOEXEC) != 0)
         return std::nullopt;
-    const FileDescriptor from(ends[0]);
-    FileDescriptor into(ends[1]);
+    FileDescriptor from(ends[0]);
+    const FileDescriptor into(ends[1]);
     const pid_t id = ::fork();
     if (id == 0)
-        work(read, maximumSize, into.get());
+        workInChild(work, maximumSize, into.get());
     if (id < 0)
         return std::nullopt;
-    Child child(id);
-    into = FileDescriptor();
-    auto bytes = readPipe(from.get(), maximumSize, deadline);
-    if (!bytes || !child.waitForEnd())
-        return std::nullopt;
-    return bytes;
+    return Worker{ Child(id), std::move(from) };
+}
+
+[[nodiscard]] bool readMark(int pipe)
+{
+    char first = 0;
+    return ::read(pipe, &first, 1) == 1 && first == mark;
+}
+
+} // namespace
+
+std::optional<QByteArray> ChildReader::run(const Work& work, qsizetype maximumSize, Clock::time_point deadline)
+{
+    while (Clock::now() < deadline) {
+        auto worker = startWorker(work, maximumSize);
+        if (!worker)
+            return std::nullopt;
+        if (!waitForMore(worker->pipe.get(), std::min(deadline, Clock::now() + timeToPassLocks)))
+            continue;
+        if (!readMark(worker->pipe.get()))
+            return std::nullopt;
+        auto bytes = readPipe(worker->pipe.get(), maximumSize, deadline);
+        return bytes && worker->child.waitForEnd() ? std::move(bytes) : std::nullopt;
+    }
+    return std::nullopt;
 }
 
 } // namespace nookle

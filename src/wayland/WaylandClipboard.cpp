@@ -34,7 +34,9 @@ std::unique_ptr<ClipboardContent> WaylandClipboard::content(Content which)
                                         ToolkitContent::Clock::time_point deadline) {
         if (!flush())
             return QByteArray();
-        return ChildReader::run([&] { return data.data(format); }, largestContent, deadline).value_or(QByteArray());
+        // As in a drop.
+        const ChildReader::Work work{ [&] { static_cast<void>(flush()); }, [&] { return data.data(format); } };
+        return ChildReader::run(work, largestContent, deadline).value_or(QByteArray());
     };
     return std::make_unique<ToolkitContent>(m_clipboard.mimeData(mode), read);
 }

@@ -54,7 +54,10 @@ QByteArray WaylandDropPayload::delivered(const QString& format) const
         return *known;
     if (Clock::now() >= m_limits.deadline || !m_flush())
         return {};
-    const auto bytes = ChildReader::run([&] { return m_data.data(format); }, m_limits.size, m_limits.deadline);
+    // There is nothing left to send, but the child passes the lock of the connection, which a thread of the toolkit
+    // holds now and then.
+    const ChildReader::Work work{ [&] { static_cast<void>(m_flush()); }, [&] { return m_data.data(format); } };
+    const auto bytes = ChildReader::run(work, m_limits.size, m_limits.deadline);
     return *m_delivered.insert(format, bytes.value_or(QByteArray()));
 }
 

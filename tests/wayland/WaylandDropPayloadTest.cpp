@@ -1,8 +1,11 @@
 #include "WaylandDropPayload.h"
 
+#include <QFile>
 #include <QMimeData>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -80,6 +83,7 @@ private Q_SLOTS:
     void whatDoesNotComeIsGivenUp();
     void afterTheDeadlineNothingIsAskedFor();
     void withoutAFlushNothingIsAskedFor();
+    void aReaderThatFindsALockHeldIsReplaced();
 
 private:
     [[nodiscard]] QByteArray read(const std::function<QByteArray()>& deliver, qsizetype limit,
@@ -187,6 +191,21 @@ void WaylandDropPayloadTest::withoutAFlushNothingIsAskedFor()
 {
     QCOMPARE(read([] { return QByteArray("words"); }, plenty, aMinute, false), QByteArray());
     QCOMPARE(m_flushes, 1);
+}
+
+void WaylandDropPayloadTest::aReaderThatFindsALockHeldIsReplaced()
+{
+    const QTemporaryDir folder;
+    const QString first = folder.filePath(QStringLiteral("first"));
+    // The first reader never gets on.
+    const auto flush = [path = first.toLocal8Bit(), test = ::getpid()] {
+        if (::getpid() != test && ::open(path.constData(), O_CREAT | O_EXCL | O_CLOEXEC, 0600) >= 0)
+            static_cast<void>(waitForEver());
+        return true;
+    };
+    const FakeDrop drop([] { return QByteArray("words"); });
+    QCOMPARE(WaylandDropPayload(drop, flush, { Clock::now() + aMinute, plenty }).data(plainText), QByteArray("words"));
+    QVERIFY(QFile::exists(first));
 }
 
 QTEST_GUILESS_MAIN(WaylandDropPayloadTest)
