@@ -73,6 +73,12 @@ private:
     [[nodiscard]] bool isAnswered(const QByteArray& name);
 
     /// Of three that were asked for: only the third is still to be copied and sent then.
+    [[nodiscard]] bool signalDecoder(int signal) const
+    {
+        return ::kill(static_cast<pid_t>(m_decoder->processId()), signal) == 0;
+    }
+    /// Has an image decoded, stops the decoder then, and asks for the images "a", "b" and "c".
+    void askStoppedDecoder();
     void waitUntilTwoAreSent();
 
     std::unique_ptr<TemporaryFolder> m_folder;
@@ -127,6 +133,17 @@ bool ImageDecoderTest::isAnswered(const QByteArray& name)
 {
     m_queue->runPosted();
     return m_results.contains(name);
+}
+
+void ImageDecoderTest::askStoppedDecoder()
+{
+    m_folder->makeFile("first", encoded(plainImage(20, 10), "png"));
+    ask("first");
+    QTRY_VERIFY(isAnswered("first"));
+    QVERIFY(signalDecoder(SIGSTOP));
+    ask("a");
+    ask("b");
+    ask("c");
 }
 
 void ImageDecoderTest::waitUntilTwoAreSent()
@@ -327,16 +344,9 @@ void ImageDecoderTest::decoderThatNeverAnswersCostsTheImage()
 
 void ImageDecoderTest::decoderThatIsKilledCostsTheImageItWasAt()
 {
-    m_folder->makeFile("first", encoded(plainImage(20, 10), "png"));
-    ask("first");
-    QTRY_VERIFY(isAnswered("first"));
-    const auto process = static_cast<pid_t>(m_decoder->processId());
-    QCOMPARE(::kill(process, SIGSTOP), 0);
-    ask("a");
-    ask("b");
-    ask("c");
+    askStoppedDecoder();
     waitUntilTwoAreSent();
-    QCOMPARE(::kill(process, SIGKILL), 0);
+    QVERIFY(signalDecoder(SIGKILL));
     QTRY_VERIFY(isAnswered("c"));
     QCOMPARE(m_order, (QList<QByteArray>{ "first", "a", "b", "c" }));
     QCOMPARE(m_results["a"], std::nullopt);
@@ -433,20 +443,13 @@ void ImageDecoderTest::hugeFileIsNotDecoded()
 
 void ImageDecoderTest::droppedImageIsNotDecodedAndItsFileIsClosed()
 {
-    m_folder->makeFile("first", encoded(plainImage(20, 10), "png"));
-    ask("first");
-    QTRY_VERIFY(isAnswered("first"));
-    const auto process = static_cast<pid_t>(m_decoder->processId());
-    QCOMPARE(::kill(process, SIGSTOP), 0);
-    ask("a");
-    ask("b");
-    ask("c");
+    askStoppedDecoder();
     QCOMPARE(descriptorsBelow(m_folder->path()), 3);
     waitUntilTwoAreSent();
     m_handles.erase("c");
     QCOMPARE(descriptorsBelow(m_folder->path()), 0);
     m_handles.erase("b");
-    QCOMPARE(::kill(process, SIGCONT), 0);
+    QVERIFY(signalDecoder(SIGCONT));
     QTRY_VERIFY(isAnswered("a"));
     m_folder->makeFile("last", encoded(plainImage(20, 10), "png"));
     ask("last");
