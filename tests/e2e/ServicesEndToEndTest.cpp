@@ -89,6 +89,8 @@ private:
     {
         return waitFor([&] { return m_shelf->savedFileNames() == names; });
     }
+    /// Opens the window of another program, and waits until it has the focus; XCB_NONE when it gets none.
+    [[nodiscard]] xcb_window_t openPeerWithFocus();
     [[nodiscard]] QString savedText() const;
     [[nodiscard]] QString savedTitle() const;
     /// Lets the programs that start from now on keep GNOME's settings as they do on a user's desktop.
@@ -352,14 +354,24 @@ void ServicesEndToEndTest::whereTextRunsFromTheRightThePanelStaysAtTheRight()
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
 }
 
+xcb_window_t ServicesEndToEndTest::openPeerWithFocus()
+{
+    const XScreen& screen = m_desktop->screen();
+    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), { QStringLiteral("text") });
+    std::optional<XWindow> window;
+    const auto hasFocus = [&] {
+        window = screen.window("Peer", 400);
+        return window && screen.focus() == window->id;
+    };
+    return waitFor(hasFocus) ? window->id : XCB_NONE;
+}
+
 void ServicesEndToEndTest::theActionGivesTheShelfTheFocusAndEscapeGivesItBack()
 {
     QVERIFY(m_shelf->start());
     XScreen& screen = m_desktop->screen();
-    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), { QStringLiteral("text") });
-    QVERIFY(waitFor([&] { return screen.window("Peer", 400).has_value(); }));
-    const xcb_window_t peer = screen.window("Peer", 400)->id;
-    QVERIFY(waitFor([&] { return screen.focus() == peer; }));
+    const xcb_window_t peer = openPeerWithFocus();
+    QVERIFY(peer != XCB_NONE);
     for (const char* text : { "first", "second" })
         QCOMPARE(m_client->addToShelf({}, QString::fromLatin1(text)).type(), QDBusMessage::ReplyMessage);
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
@@ -393,10 +405,8 @@ void ServicesEndToEndTest::theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstSh
 {
     QVERIFY(m_shelf->start());
     XScreen& screen = m_desktop->screen();
-    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), { QStringLiteral("text") });
-    QVERIFY(waitFor([&] { return screen.window("Peer", 400).has_value(); }));
-    const xcb_window_t peer = screen.window("Peer", 400)->id;
-    QVERIFY(waitFor([&] { return screen.focus() == peer; }));
+    const xcb_window_t peer = openPeerWithFocus();
+    QVERIFY(peer != XCB_NONE);
     constexpr xcb_keysym_t shift = 0xffe1;
     constexpr xcb_keysym_t escape = 0xff1b;
     const QList<xcb_keysym_t> keys{ XScreen::control, XScreen::alt, XScreen::super, shift, 'd' };
