@@ -38,6 +38,8 @@ PanelController::PanelController(ShelfStore& store, UserDefaults& defaults, Pane
 {
     m_panel.onMouseEntered = [this] { cancelPendingHide(); };
     m_panel.onMouseExited = [this] { scheduleHide(autoHideDelay); };
+    if (const auto display = m_displays.mainFrame())
+        m_panel.expectFrame(restingFrame(m_displays.visibleFrame(*display)));
 }
 
 PanelController::~PanelController()

@@ -16,6 +16,9 @@ class PanelWindow {
 public:
     virtual ~PanelWindow() = default;
 
+    /// Tells, before the first showing, where the panel will probably rest then.
+    virtual void expectFrame(const QRectF& /*frame*/) {}
+
     /// Moves the window at once. Ends a running animation, whose completion still runs.
     virtual void setFrame(const QRectF& frame) = 0;
 
@@ -41,7 +44,8 @@ public:
     virtual void reserveSpace(const std::optional<QRectF>& /*frame*/) {}
 
     /// Called when the content must be drawn `offset` points to the right of its place in the window: on some display
-    /// servers it slides within a window that does not move. Set by the owner.
+    /// servers it slides within a window that does not move. Nothing is drawn of a content that is farther to the right
+    /// than the window is wide. Set by the owner.
     std::function<void(double offset)> onContentMoved;
 
     /// Called when the pointer has entered or left the window. Set by the owner.

@@ -24,14 +24,20 @@ void PanelContentView::setContent(QWidget* content)
     m_content = content;
     content->setParent(this);
     content->hide();
+    layOutContent();
 }
 
 void PanelContentView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
+    layOutContent();
+}
+
+void PanelContentView::layOutContent()
+{
     if (!m_content)
         return;
-    const bool isSeen = width() > 1;
+    const bool isSeen = width() > 1 && !isOutOfSight();
     if (isSeen)
         m_content->setGeometry(rect());
     m_content->setVisible(isSeen);
@@ -43,8 +49,12 @@ void PanelContentView::resizeEvent(QResizeEvent* event)
 
 void PanelContentView::setContentOffset(double offset)
 {
+    const bool wasOutOfSight = isOutOfSight();
     m_offset = offset;
-    if (offset > 0)
+    if (isOutOfSight() != wasOutOfSight)
+        layOutContent();
+    // The picture of a content that was out of sight would be out of date.
+    if (offset > 0 && !isOutOfSight())
         beginSliding();
     else
         endSliding();
@@ -67,7 +77,7 @@ void PanelContentView::hideEvent(QHideEvent* event)
 
 void PanelContentView::beginSliding()
 {
-    if (!m_picture.isNull() || !m_content || !isVisible())
+    if (!m_picture.isNull() || !m_content || !isVisible() || isOutOfSight())
         return;
     m_picture = QPixmap(m_content->size() * devicePixelRatioF());
     m_picture.setDevicePixelRatio(devicePixelRatioF());

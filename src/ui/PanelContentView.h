@@ -10,7 +10,7 @@ namespace nookle {
 
 /// The top-level widget that becomes the panel's window. The shelf view fills it. It is made before the shelf view,
 /// because the panel's controller needs the window, and the shelf view needs the controller's state. While the window
-/// is one pixel wide (off the screen), the shelf view is hidden and keeps its size.
+/// is one pixel wide (off the screen), or the content out of sight, the shelf view is hidden and keeps its size.
 class PanelContentView final : public QWidget {
     Q_OBJECT
 
@@ -21,7 +21,8 @@ public:
     void setContent(QWidget* content);
 
     /// Draws the content `offset` points to the right of its place, without painting it anew at each step. The content
-    /// itself stays where it is, so that a drag finds it there.
+    /// itself stays where it is, so that a drag finds it there. With an offset greater than the width it is out of
+    /// sight.
     void setContentOffset(double offset);
     /// Called when the window has got the keyboard focus (true) or lost it. Set by the owner.
     std::function<void(bool hasFocus)> onFocusChanged = [](bool) {};
@@ -38,6 +39,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    [[nodiscard]] bool isOutOfSight() const { return m_offset > width(); }
+    void layOutContent();
     void beginSliding();
     void endSliding();
 

@@ -26,6 +26,8 @@ public:
     {
     }
 
+    void expectFrame(const QRectF& frame) override { expected = frame; }
+
     void setFrame(const QRectF& frame) override
     {
         finish();
@@ -53,6 +55,7 @@ public:
     void reserveSpace(const std::optional<QRectF>& frame) override { reserved = frame; }
 
     bool isOnScreen = false;
+    std::optional<QRectF> expected;
     std::optional<QRectF> reserved;
     int focusRequests = 0;
     QList<Animation> animations;

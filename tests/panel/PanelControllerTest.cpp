@@ -62,6 +62,7 @@ private Q_SLOTS:
     void init() { m_fixture = std::make_unique<Fixture>(); }
     void cleanup() { m_fixture.reset(); }
 
+    void theWindowKnowsBeforeTheFirstShowingWhereItWillRest();
     void showSlidesInFromBeyondTheRightEdge();
     void hideSlidesOutByThePanelsOwnWidthAndTakesItOffTheScreen();
     void showOnAShownPanelOnlyCancelsThePendingHide();
@@ -108,6 +109,12 @@ private Q_SLOTS:
 private:
     std::unique_ptr<Fixture> m_fixture;
 };
+
+void PanelControllerTest::theWindowKnowsBeforeTheFirstShowingWhereItWillRest()
+{
+    QCOMPARE(m_fixture->window.expected, std::optional(restingFrame));
+    QVERIFY(!m_fixture->window.isOnScreen);
+}
 
 void PanelControllerTest::showSlidesInFromBeyondTheRightEdge()
 {

@@ -36,6 +36,7 @@ private Q_SLOTS:
     void theContentStaysWhereDragsFindIt();
     void atRestTheContentPaintsItselfAgain();
     void aWindowThatIsShownForTheSlideBeginsEmpty();
+    void aContentOutOfSightIsNotThereUntilItSlidesIn();
     void theContentHasTheKeysIfTheWindowGotThemBeforeItsSize();
 
 private:
@@ -53,6 +54,19 @@ void PanelContentViewTest::init()
     m_view->resize(112, 300);
     m_view->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_view.get()));
+}
+
+void PanelContentViewTest::aContentOutOfSightIsNotThereUntilItSlidesIn()
+{
+    m_view->setContentOffset(113);
+    QVERIFY(!m_content->isVisible());
+    QCOMPARE(colorAt(20), QColor(Qt::transparent));
+    m_view->setContentOffset(112);
+    QVERIFY(m_content->isVisible());
+    QCOMPARE(m_content->geometry(), m_view->rect());
+    QCOMPARE(colorAt(20), QColor(Qt::transparent));
+    m_view->setContentOffset(0);
+    QCOMPARE(colorAt(20), QColor(Qt::red));
 }
 
 void PanelContentViewTest::theContentHasTheKeysIfTheWindowGotThemBeforeItsSize()

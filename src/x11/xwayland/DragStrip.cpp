@@ -15,24 +15,30 @@ namespace {
     return static_cast<std::uint32_t>(window.winId());
 }
 
+[[nodiscard]] QRectF edgeOf(const QRectF& usable)
+{
+    return { usable.right() - DragStrip::thickness, usable.top(), DragStrip::thickness, usable.height() };
+}
+
 } // namespace
 
-DragStrip::DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection, WindowPlacing placing)
-    : m_display(display)
-    , m_parking(parking)
+DragStrip::DragStrip(const Place& place, xcb_connection_t* connection, WindowPlacing placing)
+    : m_display(place.display)
+    , m_edge(edgeOf(place.usable))
+    , m_parking(place.parking)
     , m_dock(connection, createFrameless(*this), placing)
 {
-    setGeometry(m_parking);
+    setGeometry(QRect(m_parking, m_edge.toRect().size()));
     m_dock.setProperties();
     show();
-    m_dock.moveTo(m_parking);
+    m_dock.moveTo(parked());
 }
 
 DragStrip::~DragStrip() = default;
 
 void DragStrip::standAtEdge(const QRectF& usable)
 {
-    m_edge = QRectF(usable.right() - thickness, usable.top(), thickness, usable.height());
+    m_edge = edgeOf(usable);
     m_dock.moveTo(pixelsFromPoints(m_edge, m_display));
     m_dock.setToolWindow(true);
     m_dock.raise();
@@ -41,7 +47,13 @@ void DragStrip::standAtEdge(const QRectF& usable)
 void DragStrip::park()
 {
     m_dock.setToolWindow(false);
-    m_dock.moveTo(m_parking);
+    m_dock.moveTo(parked());
+}
+
+// In its full size: GNOME Shell gives a drag that is there already no window that only grows.
+QRect DragStrip::parked() const
+{
+    return { m_parking, pixelsFromPoints(m_edge, m_display).size() };
 }
 
 QPointF DragStrip::onDesktop(const QPointF& position) const

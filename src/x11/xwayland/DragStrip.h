@@ -3,6 +3,7 @@
 #include "StripWindow.h"
 #include "X11DockWindow.h"
 
+#include <QPoint>
 #include <QRect>
 #include <QRectF>
 
@@ -14,13 +15,22 @@ class DragStrip final : public StripWindow {
     Q_OBJECT
 
 public:
-    /// A parked strip for the display with that full frame. `parking` is in pixels.
-    DragStrip(const QRectF& display, const QRect& parking, xcb_connection_t* connection, WindowPlacing placing);
+    struct Place {
+        /// The full frame of the display.
+        QRectF display;
+        /// The part of it that the desktop's own panels leave free.
+        QRectF usable;
+        /// A point beyond all displays, in pixels.
+        QPoint parking;
+    };
+
+    /// A parked strip.
+    DragStrip(const Place& place, xcb_connection_t* connection, WindowPlacing placing);
     ~DragStrip() override;
 
     [[nodiscard]] QRectF display() const { return m_display; }
 
-    /// Puts the strip at the right edge of `usable`, the part of its display that the desktop's own panels leave free.
+    /// Puts the strip at the right edge of `usable`, as in `Place`.
     void standAtEdge(const QRectF& usable);
 
     /// Puts the strip beyond all displays.
@@ -30,10 +40,12 @@ protected:
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const override;
 
 private:
+    [[nodiscard]] QRect parked() const;
+
     QRectF m_display;
     /// The strip's place when it is needed, in points.
     QRectF m_edge;
-    QRect m_parking;
+    QPoint m_parking;
     X11DockWindow m_dock;
 };
 

@@ -45,9 +45,10 @@ void DragStrips::placeStrips()
 
 void DragStrips::makeStrips()
 {
-    const QRect parking = pixelBeyond(m_services.displays.frames());
+    const QPoint parking = pixelBeyond(m_services.displays.frames()).topLeft();
     for (const QRectF& frame : m_services.displays.frames()) {
-        auto strip = std::make_unique<DragStrip>(frame, parking, m_connection, m_placing);
+        auto strip = std::make_unique<DragStrip>(
+            DragStrip::Place{ frame, m_services.displays.visibleFrame(frame), parking }, m_connection, m_placing);
         strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) { handleDrag(event, position); };
         strip->onDragLeft = [this] {
             m_services.pointer.leave();

@@ -24,6 +24,9 @@ namespace {
 
 inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
 
+/// More points than any panel is wide.
+inline constexpr double outOfSight = 10000;
+
 /// The compositor tells where the pointer is after a drop only once it moves again.
 inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
 
@@ -44,10 +47,16 @@ XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& servic
     m_afterDrop.setSingleShot(true);
     m_afterDrop.setInterval(timeToTellOfThePointer);
     connect(&m_afterDrop, &QTimer::timeout, this, [this] { m_services.pointer.leave(); });
-    park();
 }
 
 XWaylandPanelWindow::~XWaylandPanelWindow() = default;
+
+void XWaylandPanelWindow::expectFrame(const QRectF& frame)
+{
+    findDisplay(frame);
+    place(frame.translated(frame.width(), 0));
+    park();
+}
 
 void XWaylandPanelWindow::setFrame(const QRectF& frame)
 {
@@ -84,8 +93,7 @@ void XWaylandPanelWindow::orderFront()
     m_parking.stop();
     if (!std::exchange(m_isShown, true))
         m_isPointerElsewhere = true;
-    const QRect resting = m_resting.toRect();
-    m_window.setGeometry(resting);
+    setGeometry(m_resting.toRect());
     if (!m_window.isVisible()) {
         m_dock.setProperties();
         m_window.setVisible(true);
@@ -94,9 +102,6 @@ void XWaylandPanelWindow::orderFront()
     updateInputShape();
     m_dock.setToolWindow(true);
     m_dock.raise();
-    // The toolkit would tell the widget of its size only when the server has confirmed it.
-    QResizeEvent resized(resting.size(), m_window.size());
-    QCoreApplication::sendEvent(&m_window, &resized);
     moveContent();
 }
 
@@ -117,17 +122,28 @@ void XWaylandPanelWindow::orderOut()
     m_parking.start(timeToLoseTheFocus);
 }
 
+// The parked window has the size in which it will be shown. GNOME Shell draws nothing of a window that gets another
+// size before it was drawn once: the shell waits with the content until it has drawn the window in its new size, and
+// draws no window without content.
 void XWaylandPanelWindow::park()
 {
-    // The picture of a content that slides is out of date at the next showing.
     if (onContentMoved)
-        onContentMoved(0);
-    const QRect beyondAll = pixelBeyond(m_services.displays.frames());
-    // When the window is shown, the toolkit sets the position and the size that it knows.
-    m_window.setGeometry(beyondAll);
+        onContentMoved(outOfSight);
+    const QPoint beyondAll = pixelBeyond(m_services.displays.frames()).topLeft();
+    // When the window is shown, the toolkit sets the position that it knows, and the size that the widget has.
+    setGeometry(QRect(beyondAll, m_resting.toRect().size()));
     m_dock.setProperties();
+    updateInputShape();
     m_window.setVisible(true);
-    m_dock.moveTo(beyondAll);
+    m_dock.moveTo(QRect(beyondAll, pixelsFromPoints(m_resting, m_display).size()));
+}
+
+// The toolkit would tell the widget of its size only when the server has confirmed it.
+void XWaylandPanelWindow::setGeometry(const QRect& points)
+{
+    m_window.setGeometry(points);
+    QResizeEvent resized(points.size(), m_window.size());
+    QCoreApplication::sendEvent(&m_window, &resized);
 }
 
 void XWaylandPanelWindow::setEdgeTaken(bool isTaken)
@@ -137,10 +153,11 @@ void XWaylandPanelWindow::setEdgeTaken(bool isTaken)
         updateInputShape();
 }
 
-// A drag that is let go on the strip without a further movement would be lost if the panel took its place.
+// A drag that is let go on the strip without a further movement would be lost if the panel took its place, even for a
+// moment. So the parked panel leaves it free already.
 void XWaylandPanelWindow::updateInputShape()
 {
-    const double edge = m_isEdgeTaken ? DragStrip::thickness : 0;
+    const double edge = m_isEdgeTaken || !m_isShown ? DragStrip::thickness : 0;
     const QRect window = pixelsFromPoints(m_resting, m_display);
     const QRect taken = pixelsFromPoints(m_resting.adjusted(0, 0, -edge, 0), m_display);
     m_dock.setInputShape(taken.translated(-window.topLeft()));

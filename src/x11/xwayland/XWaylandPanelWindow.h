@@ -38,6 +38,7 @@ public:
     XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection, WindowPlacing placing);
     ~XWaylandPanelWindow() override;
 
+    void expectFrame(const QRectF& frame) override;
     void setFrame(const QRectF& frame) override;
     [[nodiscard]] QRectF frame() const override { return m_frame; }
     void orderFront() override;
@@ -61,6 +62,7 @@ private:
     void place(const QRectF& frame);
     void findDisplay(const QRectF& frame);
     void moveContent();
+    void setGeometry(const QRect& points);
     void updateInputShape();
     void park();
     void handleDrag(const QDropEvent& event);

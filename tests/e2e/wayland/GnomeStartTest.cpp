@@ -19,6 +19,7 @@ private Q_SLOTS:
 
     void theActivitiesStartTheProgramWhichShowsTheShelf();
     void theDesktopEntryIsActivatedOverTheBus();
+    void anActionStartsTheProgramAndShowsTheShelf();
     void aFileOfTheDesktopEntryIsAdded();
 
 private:
@@ -122,6 +123,13 @@ void GnomeStartTest::theDesktopEntryIsActivatedOverTheBus()
     QVERIFY(waitFor([this] { return isPanelOut(); }));
     QVERIFY(launch({ QStringLiteral("action"), QStringLiteral("org.nookle.Nookle"), QStringLiteral("toggle") }));
     QVERIFY(waitFor([this] { return isPanelGone(); }));
+}
+
+// The shelf is asked for in the very moment in which its window is made.
+void GnomeStartTest::anActionStartsTheProgramAndShowsTheShelf()
+{
+    QVERIFY(launch({ QStringLiteral("action"), QStringLiteral("org.nookle.Nookle"), QStringLiteral("toggle") }));
+    QVERIFY(waitFor([this] { return isPanelOut(); }));
 }
 
 void GnomeStartTest::aFileOfTheDesktopEntryIsAdded()
