@@ -14,7 +14,7 @@ namespace {
 
 inline constexpr std::size_t mostAtOnce = 10;
 
-/// In seconds. The index is saved by then.
+/// In seconds. The first one leaves the index time to be saved.
 inline constexpr double pauseForIndex = 0.5;
 inline constexpr double pause = 0.005;
 

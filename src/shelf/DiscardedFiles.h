@@ -21,9 +21,9 @@ class ItemFiles;
 class MainQueue;
 
 /// Moves the images of removed items to the Trash and deletes the items' folders. A few images go at once. Many go one
-/// after the other, since each takes some milliseconds, and only after the index that names them no more has been
-/// saved: whenever the program is killed, an image of the shelf has its file. What is left then lies in a folder
-/// without an item, which a later start moves to the Trash. Main thread only.
+/// after the other, since each takes some milliseconds, and only when the index that names them no more has had time to
+/// be saved: if the program is killed, an image of the shelf has its file. What is left then lies in a folder without
+/// an item, which a later start moves to the Trash. Main thread only.
 class DiscardedFiles final {
 public:
     using MoveToTrash = std::function<std::optional<Failure>(const QUrl&)>;

@@ -202,8 +202,8 @@ void GioTrashTest::aFileThatIsNotInTheTrashDoesNotComeBack()
     GioTrash trash(s_home->path("data"));
     const QByteArray path = s_home->makeFile("gone.txt");
     QVERIFY(trash.putBack(fileUrl(s_home->path("never.txt"))));
-    QVERIFY(!trash.moveToTrash(fileUrl(path)));
     QVERIFY(!trash.canPutBack(fileUrl(s_home->path("never.txt"))));
+    QVERIFY(!trash.moveToTrash(fileUrl(path)));
     QVERIFY(trash.canPutBack(fileUrl(path)));
     QVERIFY(QFile::remove(QFile::decodeName(trashed("gone.txt"))));
     QVERIFY(trash.putBack(fileUrl(path)));
