@@ -60,11 +60,12 @@ private:
         if (modifier)
             screen().releaseKey(modifier);
     }
-    /// Whether the shelf shows the tile on a coloured ground; the panel is grey, and so is a tile under the pointer.
+    /// Whether the shelf shows the tile on a slightly coloured ground; the panel is grey, and so is a tile under the
+    /// pointer.
     [[nodiscard]] bool looksSelected(int row) const
     {
         const QPoint ground(m_shelf->panel()->frame.left() + 12, tile(row).y());
-        return m_desktop->screen().picture(QRect(ground, QSize(1, 1))).pixelColor(0, 0).saturation() > 100;
+        return m_desktop->screen().picture(QRect(ground, QSize(1, 1))).pixelColor(0, 0).saturation() > 15;
     }
     /// Whether these rows look selected, of three.
     [[nodiscard]] bool theseLookSelected(const QList<int>& rows) const
