@@ -117,7 +117,12 @@ void XWaylandPanelWindow::orderOut()
     m_afterDrop.stop();
     m_services.pointer.leave();
     m_dock.setToolWindow(false);
-    // Hiding the window for a moment makes the compositor give the focus to another window, if the panel has it.
+    giveFocusBack();
+}
+
+// Hiding the window for a moment makes the compositor give the focus to another window, if the panel has it.
+void XWaylandPanelWindow::giveFocusBack()
+{
     m_window.setVisible(false);
     m_parking.start(timeToLoseTheFocus);
 }
@@ -234,6 +239,11 @@ void XWaylandPanelWindow::pointerLeft()
 bool XWaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
+    case QEvent::FocusIn:
+        // A compositor that was busy may give the focus only when the window is parked, where nobody looks for it.
+        if (!m_isShown)
+            giveFocusBack();
+        break;
     case QEvent::Enter:
         if (!m_isPointerElsewhere)
             pointerCame(static_cast<QEnterEvent*>(event)->position());

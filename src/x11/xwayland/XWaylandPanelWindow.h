@@ -64,6 +64,7 @@ private:
     void moveContent();
     void setGeometry(const QRect& points);
     void updateInputShape();
+    void giveFocusBack();
     void park();
     void handleDrag(const QDropEvent& event);
     void pointerCame(const QPointF& position);

@@ -45,6 +45,7 @@ private Q_SLOTS:
     void noWindowIsOnTheDisplayWhileNothingShows();
     void theShelfShowsAboveAFullScreenProgram();
     void theShelfThatIsShownForKeysHidesOnEscape();
+    void theKeysDoNotGoToTheHiddenShelfWhenTheShellWasBusy();
     void theShelfThatShowsForAMomentGoesWhereverThePointerWasLast();
     void theBackendIsTheOneThatIsAskedFor_data();
     void theBackendIsTheOneThatIsAskedFor();
@@ -281,6 +282,30 @@ void GnomeEndToEndTest::theShelfThatIsShownForKeysHidesOnEscape()
     QVERIFY2(holdsFor([this] { return isPanelOut(); }, 1200), "the panel goes although it has the keys");
     hand().type(Hand::Key::escape);
     QVERIFY2(waitFor([this] { return isPanelGone(); }), "the panel stays");
+}
+
+void GnomeEndToEndTest::theKeysDoNotGoToTheHiddenShelfWhenTheShellWasBusy()
+{
+    QVERIFY(setUp());
+    QVERIFY(openPeer({ QStringLiteral("trash") }));
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY(waitFor([this] { return isPanelOut(); }));
+    qputenv("XAUTHORITY", m_desktop->environment().value(QStringLiteral("XAUTHORITY")).toLocal8Bit());
+    const XScreen screen(m_desktop->environment().value(QStringLiteral("DISPLAY")).toLatin1());
+    const auto panel = screen.window("nookle", 112);
+    QVERIFY(panel);
+    const auto isMapped = [&] { return screen.window("nookle", 112).has_value(); };
+    m_desktop->setStalled(true);
+    // The window is hidden for a moment, and the keys are asked for in that moment.
+    const bool isHidden = activate(QStringLiteral("toggle")) && waitFor([&] { return !isMapped(); });
+    const bool isAsked = activate(QStringLiteral("focus")) && activate(QStringLiteral("toggle"));
+    const bool isStalled = holdsFor([&] { return !isMapped(); }, 600);
+    m_desktop->setStalled(false);
+    QVERIFY(isHidden && isAsked && isStalled);
+    QVERIFY(waitFor([&] { return isMapped(); }));
+    const auto hasKeys = [&] { return screen.focus() == panel->id; };
+    QVERIFY2(waitFor([&] { return holdsFor([&] { return !hasKeys(); }, 800); }), "the parked window has the keys");
+    QVERIFY(isPanelGone());
 }
 
 // The X server keeps the pointer where it left the windows of X11 programs.

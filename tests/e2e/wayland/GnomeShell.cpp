@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QRegularExpression>
 
+#include <csignal>
+
 namespace nookle::e2e {
 
 namespace {
@@ -129,6 +131,11 @@ bool GnomeShell::tellSession()
         && !key.isEmpty()
         // It gives pictures to the desktop's own programs alone, which it knows by their names.
         && m_bus.registerService(QStringLiteral("org.gnome.Screenshot"));
+}
+
+void GnomeShell::setStalled(bool isStalled)
+{
+    ::kill(static_cast<pid_t>(m_program->processId()), isStalled ? SIGSTOP : SIGCONT);
 }
 
 std::unique_ptr<Hand> GnomeShell::takeHand() const

@@ -33,6 +33,7 @@ public:
 
     /// Ends it at once.
     void kill() { m_program->kill(); }
+    void setStalled(bool isStalled);
 
 private:
     GnomeShell(PrivateSession& session, const QDBusConnection& bus);

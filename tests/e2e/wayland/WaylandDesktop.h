@@ -60,6 +60,9 @@ public:
     /// Ends the compositor at once.
     void killCompositor();
 
+    /// Lets GNOME Shell do nothing (true), as on a machine that is very busy, or go on.
+    void setStalled(bool isStalled) { m_gnome->setStalled(isStalled); }
+
 private:
     WaylandDesktop() = default;
 
