@@ -175,17 +175,26 @@ void XWaylandPanelWindow::animateFrame(const QRectF& frame, double seconds, Easi
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 
+// A drag that another window covers for a moment leaves, and is told to have come back only with its next movement.
 void XWaylandPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& position)
 {
     if (!m_isShown) {
         event.ignore();
         return;
     }
+    const bool isDrop = event.type() == QEvent::Drop;
+    if (isDrop && !m_hasDragElsewhere) {
+        QDragEnterEvent again(event.position().toPoint(), event.possibleActions(), event.mimeData(), event.buttons(),
+                              event.modifiers());
+        forwardDrag(again, m_window, m_resting, position);
+    }
+    m_hasDragElsewhere = !isDrop;
     forwardDrag(event, m_window, m_resting, position);
 }
 
 void XWaylandPanelWindow::dragHasLeftElsewhere()
 {
+    m_hasDragElsewhere = false;
     if (!m_isShown)
         return;
     forwardDragLeave(m_window);

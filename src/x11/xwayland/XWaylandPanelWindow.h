@@ -89,6 +89,8 @@ private:
     double m_right = 0;
     bool m_isShown = false;
     bool m_isEdgeTaken = false;
+    /// Whether a drag over another window has been handed on to the panel, and has not left.
+    bool m_hasDragElsewhere = false;
     /// True from the showing of the panel, and from the closing of an abandoned menu, until the pointer moves over the
     /// panel.
     bool m_isPointerElsewhere = false;
