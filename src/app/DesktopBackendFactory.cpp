@@ -3,9 +3,7 @@
 #include "LocalSocket.h"
 #include "NullBackend.h"
 #include "SessionShortcuts.h"
-#include "WindowScale.h"
 #include "X11Backend.h"
-#include "X11ToolkitSettings.h"
 #include "XWaylandManner.h"
 
 #ifdef NOOKLE_HAS_WAYLAND
@@ -89,7 +87,7 @@ std::variant<BackendChoice, Failure> selectDesktopBackend()
 int desktopWindowScale(DesktopKind kind)
 {
     // In a Wayland session the compositor enlarges the windows of X11 programs.
-    return kind == DesktopKind::x11 ? windowScale(x11SettingsAtStart()) : 1;
+    return kind == DesktopKind::x11 ? X11Backend::windowScale() : 1;
 }
 
 std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)

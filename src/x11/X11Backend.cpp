@@ -66,6 +66,11 @@ bool X11Backend::isServerRunning()
     return xcb_connection_has_error(connection.get()) == 0;
 }
 
+int X11Backend::windowScale()
+{
+    return x11WindowScale();
+}
+
 X11Backend::X11Backend()
     : X11Backend(std::make_unique<X11GlobalShortcuts>(),
                  [](const X11Server& server) { return std::make_unique<SessionManner>(server); })

@@ -17,6 +17,10 @@ public:
     /// Whether the server that the environment names accepts a connection.
     [[nodiscard]] static bool isServerRunning();
 
+    /// How many times larger windows are to be there than the toolkit would make them. Works before the application
+    /// object exists.
+    [[nodiscard]] static int windowScale();
+
     /// For an X11 session. The application object must exist and run on X11.
     X11Backend();
     /// For a session of another kind, with its own shortcuts.

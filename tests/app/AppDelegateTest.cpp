@@ -186,7 +186,7 @@ void AppDelegateTest::nothingExpiresWhileTheUserWantsItNotTo()
 void AppDelegateTest::theEndSavesWhatWasStillWaiting()
 {
     m_app->start();
-    QVERIFY(!m_app->requests.onAdd({ {}, QStringLiteral("milk") }));
+    QVERIFY(!m_app->requests.onAdd({ {}, { QStringLiteral("milk") } }));
     QVERIFY(m_app->saved().isEmpty());
     m_app->delegate->applicationWillTerminate();
     QCOMPARE(m_app->saved().size(), 1);
@@ -236,7 +236,7 @@ void AppDelegateTest::whatACrashLeftIsClearedAwayAtTheStart()
 void AppDelegateTest::whatAProgramAddsShowsTheShelfForAMoment()
 {
     m_app->start();
-    QVERIFY(!m_app->requests.onAdd({ {}, QStringLiteral("milk") }));
+    QVERIFY(!m_app->requests.onAdd({ {}, { QStringLiteral("milk") } }));
     m_app->queue.runPosted();
     QVERIFY(m_app->isShown());
     m_app->queue.advance(1.499);
@@ -315,7 +315,7 @@ void AppDelegateTest::aPinnedShelfStaysAfterItsMoment()
 {
     m_app->defaults.stored.insert(QStringLiteral("panelPinned"), true);
     m_app->start();
-    QVERIFY(!m_app->requests.onAdd({ {}, QStringLiteral("milk") }));
+    QVERIFY(!m_app->requests.onAdd({ {}, { QStringLiteral("milk") } }));
     m_app->queue.advance(4);
     QVERIFY(m_app->isShown());
 }

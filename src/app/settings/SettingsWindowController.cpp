@@ -72,21 +72,24 @@ void SettingsWindowController::makeWindow()
     m_window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
     m_window->setWindowTitle(QCoreApplication::translate("nookle::SettingsWindowController", "Nookle Settings"));
     m_window->setWindowIcon(programIcon());
+    auto* form = new QWidget;
+    auto* rows = new QVBoxLayout(form);
+    rows->setContentsMargins({});
+    rows->setSpacing(0);
+    rows->addWidget(new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory, m_dataFolder));
+    rows->addWidget(new AboutRow(m_copyDiagnostics));
+    m_form = new FittingScrollArea(form);
+
     auto* content = new QVBoxLayout(m_window.get());
     content->setContentsMargins({});
-    content->setSpacing(0);
     // The window always has the size of its form, also when a row appears or disappears.
     content->setSizeConstraint(QLayout::SetFixedSize);
-    m_form = new FittingScrollArea(
-        new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory, m_dataFolder));
-    m_about = new AboutRow(m_copyDiagnostics);
     content->addWidget(m_form);
-    content->addWidget(m_about);
 }
 
 void SettingsWindowController::fitWindow(const QScreen& screen)
 {
-    m_form->setLargestHeight(screen.availableGeometry().height() - frameHeight - m_about->sizeHint().height());
+    m_form->setLargestHeight(screen.availableGeometry().height() - frameHeight);
 }
 
 } // namespace nookle

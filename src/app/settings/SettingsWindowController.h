@@ -11,7 +11,6 @@ class QScreen;
 
 namespace nookle {
 
-class AboutRow;
 class FittingScrollArea;
 
 /// Owns the settings window. The window is made once, and kept when it is closed. Main thread only.
@@ -41,9 +40,8 @@ private:
     DataFolderRow::Folder m_dataFolder;
     std::function<void()> m_copyDiagnostics;
     std::unique_ptr<QDialog> m_window;
-    /// The parts of the window, which owns them.
+    /// What the window shows, which owns it.
     FittingScrollArea* m_form = nullptr;
-    AboutRow* m_about = nullptr;
 };
 
 } // namespace nookle

@@ -12,9 +12,9 @@ struct xcb_connection_t;
 
 namespace nookle {
 
-/// The present settings of the X server that the environment names, for what must be known before the toolkit has a
-/// connection. Empty where no server runs.
-[[nodiscard]] ToolkitSettings::Values x11SettingsAtStart();
+/// How many times larger windows are to be than the toolkit would make them, as the settings of the X server say that
+/// the environment names. For before the toolkit has a connection.
+[[nodiscard]] int x11WindowScale();
 
 /// The settings that the owner of the settings selection publishes, in most desktops a part of the session. Follows
 /// their changes, and a program that takes over.
