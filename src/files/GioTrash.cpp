@@ -34,11 +34,6 @@ struct Release {
     return newest;
 }
 
-[[nodiscard]] bool exists(const QByteArray& path)
-{
-    return ::faccessat(AT_FDCWD, path.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0;
-}
-
 } // namespace
 
 GioTrash::GioTrash(const QByteArray& dataHome)
@@ -57,10 +52,8 @@ std::optional<Failure> GioTrash::moveToTrash(const QUrl& url)
     // Uses the local file system only: the default one would start the desktop's services for remote files.
     const std::unique_ptr<GFile, Release> file(g_vfs_get_file_for_path(g_vfs_get_local(), path.constData()));
     GError* error = nullptr;
-    if (g_file_trash(file.get(), nullptr, &error) != FALSE) {
-        rememberTrashOf(path);
+    if (g_file_trash(file.get(), nullptr, &error) != FALSE)
         return std::nullopt;
-    }
     const std::unique_ptr<GError, Release> owned(error);
     return Failure{ QString::fromUtf8(owned->message) };
 }
@@ -73,7 +66,7 @@ std::optional<Failure> GioTrash::putBack(const QUrl& url)
     const std::optional<TrashedFile> newest = newestFrom(path, m_dataHome);
     if (!newest)
         return Failure{ QStringLiteral("it is not in the Trash") };
-    if (exists(path))
+    if (::faccessat(AT_FDCWD, path.constData(), F_OK, AT_SYMLINK_NOFOLLOW) == 0)
         return Failure{ QStringLiteral("something else is in its place") };
     if (std::optional<Failure> failure = relocateFile(newest->path, path))
         return failure;
@@ -84,23 +77,7 @@ std::optional<Failure> GioTrash::putBack(const QUrl& url)
 bool GioTrash::canPutBack(const QUrl& url) const
 {
     const QByteArray path = standardizedPath(url);
-    return !path.isEmpty() && (newestFrom(path, m_dataHome) || isTrashAwayOf(path));
-}
-
-void GioTrash::rememberTrashOf(const QByteArray& path)
-{
-    for (const QByteArray& folder : trashFolders(path, m_dataHome)) {
-        if (exists(folder))
-            m_used.insert(folder);
-    }
-}
-
-// An emptied Trash keeps its folders.
-bool GioTrash::isTrashAwayOf(const QByteArray& path) const
-{
-    const std::vector<QByteArray> folders = trashFolders(path, m_dataHome);
-    return std::any_of(folders.begin(), folders.end(),
-                       [this](const QByteArray& folder) { return m_used.contains(folder) && !exists(folder); });
+    return !path.isEmpty() && newestFrom(path, m_dataHome).has_value();
 }
 
 bool GioTrash::contains(const QUrl& url) const

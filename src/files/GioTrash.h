@@ -3,7 +3,6 @@
 #include "Trash.h"
 
 #include <QByteArray>
-#include <QSet>
 
 #include <vector>
 
@@ -21,14 +20,7 @@ public:
     bool contains(const QUrl& url) const override;
 
 private:
-    void rememberTrashOf(const QByteArray& path);
-    /// Whether a Trash that has taken files from where `path` is is not there any more, as when its volume is not
-    /// mounted.
-    [[nodiscard]] bool isTrashAwayOf(const QByteArray& path) const;
-
     QByteArray m_dataHome;
-    /// The folders of Trashes that have taken something.
-    QSet<QByteArray> m_used;
     /// Parts of a path that show that the file is in a Trash.
     std::vector<QByteArray> m_fragments;
 };

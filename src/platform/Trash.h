@@ -20,8 +20,7 @@ public:
     /// folder must exist. Fails if the Trash does not hold the file any more.
     [[nodiscard]] virtual std::optional<Failure> putBack(const QUrl& url) = 0;
 
-    /// Whether the Trash still holds the file that `moveToTrash` has moved away from `url`, or may: a Trash that is not
-    /// there at the moment, because its volume is not mounted, may hold it again.
+    /// Whether the Trash still holds the file that `moveToTrash` has moved away from `url`.
     [[nodiscard]] virtual bool canPutBack(const QUrl& url) const = 0;
 
     /// Whether the path of `url` lies in a Trash. Checks only the path, not the disk.

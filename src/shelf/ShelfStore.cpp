@@ -34,7 +34,6 @@ ShelfStore::ShelfStore(const QUrl& directory, Environment environment, FileRefer
               queue)
     , m_lookups(linkMetadata)
     , m_removed(m_itemFiles, trash, m_environment.putBack)
-    , m_discarded(m_itemFiles, m_environment.moveToTrash, queue)
 {
     keepPrivate(filePath(m_directory));
     m_changes.onUrlsChanged = [this] { Q_EMIT fileURLsChanged(); };
@@ -233,7 +232,6 @@ void ShelfStore::undoRemove()
             return;
         // Without an index the folders of items look like those of a lost one.
         static_cast<void>(m_index.ensureWritten());
-        m_discarded.keep(m_removed.last());
         result = m_removed.putBackLast(m_items, m_files.urls(), now());
     }
     if (!result.missing.isEmpty())
@@ -279,20 +277,36 @@ std::unique_ptr<Cancellable> ShelfStore::keepFromExpiring(QUuid id)
 void ShelfStore::removeAll(const QSet<QUuid>& ids)
 {
     QList<ShelfItem> gone;
+    QSet<QUuid> found;
     for (const ShelfItem& item : std::as_const(m_items)) {
         if (ids.contains(item.id))
             gone.append(item);
     }
-    m_discarded.discard(ids, gone);
+    for (const ShelfItem& item : std::as_const(gone)) {
+        if (!found.contains(item.id))
+            moveImageToTrash(item);
+        found.insert(item.id);
+    }
     m_items.removeIf([&](const ShelfItem& item) { return ids.contains(item.id); });
     const bool changedUrls = m_files.forget(gone, m_items);
-    for (const QUuid& id : ids)
+    for (const QUuid& id : ids) {
         m_lookups.cancel(id);
+        m_itemFiles.removeFolder(id);
+    }
     m_index.schedule();
     if (changedUrls)
         m_changes.urlsChanged();
     if (!gone.isEmpty())
         m_changes.itemsChanged();
+}
+
+void ShelfStore::moveImageToTrash(const ShelfItem& item) const
+{
+    const ImageContent* image = std::get_if<ImageContent>(&item.content);
+    const std::optional<QUrl> url = image ? m_itemFiles.existingFile(item.id, image->fileName) : std::nullopt;
+    // If this fails, the file is deleted with the item's folder.
+    if (url)
+        static_cast<void>(m_environment.moveToTrash(*url));
 }
 
 void ShelfStore::updateLink(QUuid id, const std::optional<QString>& title, std::optional<bool> hasIcon)

@@ -2,7 +2,6 @@
 
 #include "Cancellable.h"
 #include "ChangeNotices.h"
-#include "DiscardedFiles.h"
 #include "Failure.h"
 #include "ItemFiles.h"
 #include "Lifetime.h"
@@ -100,8 +99,7 @@ public:
     /// Pins several items, or unpins them, in one change. Does nothing if all of them are as wanted already.
     void setPinned(const QSet<QUuid>& ids, bool pinned);
 
-    /// Removes an item from the shelf. An image goes to the Trash, among many others only a little later; a referenced
-    /// file is not touched.
+    /// Removes an item from the shelf. An image goes to the Trash; a referenced file is not touched.
     void remove(QUuid id) { remove(QSet<QUuid>{ id }); }
 
     /// Removes several items, as one step of `undoRemove`.
@@ -166,6 +164,7 @@ private:
     [[nodiscard]] ShelfItem makeItem(ShelfItem::Content content) const;
     void moveToTop(qsizetype index);
     void removeAll(const QSet<QUuid>& ids);
+    void moveImageToTrash(const ShelfItem& item) const;
     void lookUpIfUnknown(const ShelfItem& item);
     void saveIcon(const QByteArray& png, QUuid id);
 
@@ -177,7 +176,6 @@ private:
     SavedIndex m_index;
     LinkLookups m_lookups;
     RemovedItems m_removed;
-    DiscardedFiles m_discarded;
     ChangeNotices m_changes;
     QList<QUuid> m_inUse;
     Lifetime m_lifetime;

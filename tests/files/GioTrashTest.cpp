@@ -33,7 +33,6 @@ private Q_SLOTS:
     void aFileComesBackFromTheTrash();
     void theFileThatWasTrashedLastComesBack();
     void aFileThatIsNotInTheTrashDoesNotComeBack();
-    void aTrashThatIsAwayMayStillHoldIt();
     void aFileDoesNotComeBackOverAnother();
     void pathsInATrashAreRecognised_data();
     void pathsInATrashAreRecognised();
@@ -211,21 +210,6 @@ void GioTrashTest::aFileThatIsNotInTheTrashDoesNotComeBack()
     QVERIFY(!trash.canPutBack(fileUrl(path)));
     QVERIFY(trash.putBack(QUrl()));
     QVERIFY(!trash.canPutBack(QUrl()));
-}
-
-void GioTrashTest::aTrashThatIsAwayMayStillHoldIt()
-{
-    GioTrash trash(s_home->path("data"));
-    const QByteArray path = s_home->makeFile("kept.txt");
-    QVERIFY(!trash.moveToTrash(fileUrl(path)));
-    const std::filesystem::path folder(s_home->path("data/Trash").toStdString());
-    const std::filesystem::path elsewhere(s_home->path("unmounted").toStdString());
-    std::filesystem::rename(folder, elsewhere);
-    QVERIFY(trash.putBack(fileUrl(path)));
-    QVERIFY(trash.canPutBack(fileUrl(path)));
-    std::filesystem::rename(elsewhere, folder);
-    QVERIFY(!trash.putBack(fileUrl(path)));
-    QVERIFY(isThere(path));
 }
 
 void GioTrashTest::aFileDoesNotComeBackOverAnother()
