@@ -128,10 +128,7 @@ std::variant<ShelfIndex, Failure> ShelfIndex::decode(const QByteArray& bytes)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError)
-        // In words of its own, because the parser's are translated and this goes into the log.
-        return Failure{
-            QStringLiteral("no JSON: error %1 of the parser at byte %2.").arg(int(error.error)).arg(error.offset)
-        };
+        return Failure{ error.errorString() };
     if (!document.isObject())
         return Failure{ QStringLiteral("expected an object.") };
     return readIndex(document.object());
