@@ -22,8 +22,8 @@ void ToolkitEnvironmentTest::init()
 {
     qunsetenv("QT_QPA_PLATFORM");
     qunsetenv("GDK_BACKEND");
-    for (const char* name :
-         { "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING", "QT_USE_PHYSICAL_DPI" })
+    for (const char* name : { "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING",
+                              "QT_USE_PHYSICAL_DPI", "QT_FONT_DPI" })
         qunsetenv(name);
 }
 
@@ -76,7 +76,8 @@ void ToolkitEnvironmentTest::theUsersOwnScaleComesFirst_data()
     QTest::newRow("scale") << QByteArray("QT_SCALE_FACTOR") << QByteArray("1.25");
     QTest::newRow("screens") << QByteArray("QT_SCREEN_SCALE_FACTORS") << QByteArray("1;2");
     QTest::newRow("none") << QByteArray("QT_ENABLE_HIGHDPI_SCALING") << QByteArray("0");
-    QTest::newRow("resolution") << QByteArray("QT_USE_PHYSICAL_DPI") << QByteArray("1");
+    QTest::newRow("resolution of the display") << QByteArray("QT_USE_PHYSICAL_DPI") << QByteArray("1");
+    QTest::newRow("resolution") << QByteArray("QT_FONT_DPI") << QByteArray("192");
 }
 
 void ToolkitEnvironmentTest::theUsersOwnScaleComesFirst()
