@@ -27,7 +27,7 @@ inline constexpr int frameHeight = 40;
 
 void centre(QDialog& window, const QScreen& screen)
 {
-    QRect frame(QPoint(), window.sizeHint());
+    QRect frame(QPoint(), window.sizeHint() + QSize(0, frameHeight));
     frame.moveCenter(screen.availableGeometry().center());
     window.move(frame.topLeft());
 }
