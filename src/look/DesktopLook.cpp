@@ -48,6 +48,8 @@ constexpr uint prefersLight = 2;
     QFont font;
     if (!description || !font.fromString(*description) || !isForText(font.pointSizeF()))
         return std::nullopt;
+    // A style that has a name takes no other weight, and some texts are bold.
+    font.setStyleName({});
     return font;
 }
 

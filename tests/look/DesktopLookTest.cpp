@@ -125,6 +125,8 @@ void DesktopLookTest::plasmasFontKeepsItsWeightAndStyle_data()
     QTest::newRow("plain") << QStringLiteral("Noto Sans,10,-1,5,400,0,0,0,0,0,0,0,0,0,0,1") << 400 << false;
     QTest::newRow("bold") << QStringLiteral("Noto Sans,10,-1,5,700,0,0,0,0,0,0,0,0,0,0,1") << 700 << false;
     QTest::newRow("light, italic") << QStringLiteral("Noto Sans,10,-1,5,300,1,0,0,0,0,0,0,0,0,0,1") << 300 << true;
+    QTest::newRow("with the name of its style")
+        << QStringLiteral("Noto Sans,10,-1,5,400,0,0,0,0,0,0,0,0,0,0,1,Regular") << 400 << false;
     QTest::newRow("of an older Plasma") << QStringLiteral("Noto Sans,10,-1,5,75,1,0,0,0,0") << 700 << true;
 }
 
@@ -136,6 +138,7 @@ void DesktopLookTest::plasmasFontKeepsItsWeightAndStyle()
     QCOMPARE(described(look), QStringLiteral("Noto Sans 10"));
     QTEST(int(look.font->weight()), "weight");
     QTEST(look.font->italic(), "isItalic");
+    QVERIFY(look.font->styleName().isEmpty());
 }
 
 void DesktopLookTest::aFontWithoutASizeForTextsIsNone()
