@@ -103,7 +103,8 @@ void X11ClipboardContent::readEvent()
         return;
     m_transfer->handle(*event);
     if (m_transfer->wasTooLarge())
-        logLine(QStringLiteral("the clipboard is not read: it holds too much, or lists too many formats"));
+        logLine(QStringLiteral(
+            "the clipboard or the selection is not read whole: it holds too much, or lists too many formats"));
     if (m_transfer->isDone())
         finish(m_transfer->bytes().value_or(QByteArray()));
     else if (isEndOfOwner(*event))
