@@ -56,6 +56,15 @@ const QString gnome = QStringLiteral("org.gnome.desktop.interface");
     return value;
 }
 
+/// Whether texts are fainter in windows that are not active, of which the panel is one. The toolkit's own theme for GTK
+/// has it so also where no settings are found. Another theme is left alone there, because what has once been set no
+/// longer follows it.
+[[nodiscard]] bool hasFaintTexts(const QPalette& palette)
+{
+    return palette.color(QPalette::Inactive, QPalette::WindowText)
+        != palette.color(QPalette::Active, QPalette::WindowText);
+}
+
 } // namespace
 
 DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit)
@@ -64,8 +73,8 @@ DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit)
 {
     if (m_toolkit)
         m_toolkit->onChanged = [this] { update(); };
-    // Some themes of the toolkit need it also where no settings are found.
-    apply(m_look);
+    if (hasFaintTexts(m_own))
+        apply(m_look);
     update();
     followPortal();
 }
