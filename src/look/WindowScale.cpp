@@ -7,10 +7,9 @@ int windowScale(const ToolkitSettings::Values& settings)
     // Beyond that nothing would fit on a display.
     constexpr int largest = 8;
     const int scale = settings.value("Gdk/WindowScalingFactor").toInt();
-    const int resolution = settings.value("Xft/DPI").toInt();
-    // Desktops that enlarge the resolution by the factor tell here what it was before. Xfce does not.
-    const int before = settings.value("Gdk/UnscaledDPI", resolution).toInt();
-    const bool isInResolution = resolution > before;
+    // Desktops that enlarge the resolution by the factor, here or among the server's resources, tell what it was
+    // before. Xfce does not.
+    const bool isInResolution = settings.contains("Gdk/UnscaledDPI");
     return scale >= 1 && scale <= largest && !isInResolution ? scale : 1;
 }
 

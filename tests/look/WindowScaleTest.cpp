@@ -26,7 +26,8 @@ void WindowScaleTest::whatTheResolutionDoesNotSayIsLeft_data()
     row("enlarged, with a resolution for texts", { { "Gdk/WindowScalingFactor", 2 }, { "Xft/DPI", 96 * dpi } }, 2);
     row("enlarged by the resolution too",
         { { "Gdk/WindowScalingFactor", 2 }, { "Gdk/UnscaledDPI", 96 * dpi }, { "Xft/DPI", 192 * dpi } }, 1);
-    row("the resolution from before alone", { { "Gdk/WindowScalingFactor", 3 }, { "Gdk/UnscaledDPI", 96 * dpi } }, 3);
+    row("enlarged by the resolution among the resources",
+        { { "Gdk/WindowScalingFactor", 2 }, { "Gdk/UnscaledDPI", 96 * dpi } }, 1);
     row("nothing that can be", { { "Gdk/WindowScalingFactor", 0 } }, 1);
     row("nothing that can be shown", { { "Gdk/WindowScalingFactor", 1000 } }, 1);
     row("no number", { { "Gdk/WindowScalingFactor", QStringLiteral("large") } }, 1);
