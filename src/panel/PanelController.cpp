@@ -38,8 +38,7 @@ PanelController::PanelController(ShelfStore& store, UserDefaults& defaults, Pane
 {
     m_panel.onMouseEntered = [this] { cancelPendingHide(); };
     m_panel.onMouseExited = [this] { scheduleHide(autoHideDelay); };
-    if (const auto display = m_displays.mainFrame())
-        m_panel.expectFrame(restingFrame(m_displays.visibleFrame(*display)));
+    tellExpectedFrame();
 }
 
 PanelController::~PanelController()
@@ -175,9 +174,16 @@ void PanelController::hideUnlessInUse()
     scheduleHide(autoHideDelay);
 }
 
+void PanelController::tellExpectedFrame()
+{
+    if (const auto display = m_displays.mainFrame())
+        m_panel.expectFrame(restingFrame(m_displays.visibleFrame(*display)));
+}
+
 void PanelController::displaysChanged()
 {
     if (!m_isShown) {
+        tellExpectedFrame();
         m_panel.orderOut();
         return;
     }

@@ -78,6 +78,7 @@ public:
     void endDragOut();
 
 private:
+    void tellExpectedFrame();
     [[nodiscard]] std::optional<QRectF> displayUnderPointer() const;
     /// The present frame of the display on which the panel was shown; none when that display is gone.
     [[nodiscard]] std::optional<QRectF> ownDisplay() const;

@@ -16,7 +16,7 @@ class PanelWindow {
 public:
     virtual ~PanelWindow() = default;
 
-    /// Tells, before the first showing, where the panel will probably rest then.
+    /// Tells, while the panel is hidden, where it will probably rest when it shows next.
     virtual void expectFrame(const QRectF& /*frame*/) {}
 
     /// Moves the window at once. Ends a running animation, whose completion still runs.

@@ -62,7 +62,7 @@ private Q_SLOTS:
     void init() { m_fixture = std::make_unique<Fixture>(); }
     void cleanup() { m_fixture.reset(); }
 
-    void theWindowKnowsBeforeTheFirstShowingWhereItWillRest();
+    void theHiddenWindowKnowsWhereItWillRest();
     void showSlidesInFromBeyondTheRightEdge();
     void hideSlidesOutByThePanelsOwnWidthAndTakesItOffTheScreen();
     void showOnAShownPanelOnlyCancelsThePendingHide();
@@ -110,9 +110,14 @@ private:
     std::unique_ptr<Fixture> m_fixture;
 };
 
-void PanelControllerTest::theWindowKnowsBeforeTheFirstShowingWhereItWillRest()
+void PanelControllerTest::theHiddenWindowKnowsWhereItWillRest()
 {
     QCOMPARE(m_fixture->window.expected, std::optional(restingFrame));
+    QVERIFY(!m_fixture->window.isOnScreen);
+
+    m_fixture->displays.entries.front() = { { 0, 0, 800, 600 }, { 0, 0, 800, 600 }, QStringLiteral("first") };
+    m_fixture->panel.displaysChanged();
+    QCOMPARE(m_fixture->window.expected, std::optional(QRectF(688, 24, 112, 552)));
     QVERIFY(!m_fixture->window.isOnScreen);
 }
 
