@@ -27,7 +27,7 @@ using Clock = ChildReader::Clock;
 
 /// What a child writes first, when no lock holds it up.
 inline constexpr char mark = '+';
-/// How long that takes at most, on a busy machine.
+/// How long the first child may take for that. Each next one may take twice as long, should the machine be that busy.
 inline constexpr std::chrono::milliseconds timeToPassLocks{ 150 };
 
 /// A child process, which ends with this object at the latest.
@@ -173,11 +173,11 @@ void limitGrowth(qsizetype size)
 
 std::optional<QByteArray> ChildReader::run(const Work& work, qsizetype maximumSize, Clock::time_point deadline)
 {
-    while (Clock::now() < deadline) {
+    for (auto patience = timeToPassLocks; Clock::now() < deadline; patience *= 2) {
         auto worker = startWorker(work, maximumSize);
         if (!worker)
             return std::nullopt;
-        if (!waitForMore(worker->pipe.get(), std::min(deadline, Clock::now() + timeToPassLocks)))
+        if (!waitForMore(worker->pipe.get(), std::min(deadline, Clock::now() + patience)))
             continue;
         if (!readMark(worker->pipe.get()))
             return std::nullopt;
