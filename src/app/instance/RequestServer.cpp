@@ -3,9 +3,11 @@
 #include "LocalSocket.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <utility>
 
 #include <sys/socket.h>
@@ -18,16 +20,25 @@ namespace {
 /// In bytes. More than a command line can hold.
 inline constexpr qsizetype longestRequest = 8 << 20;
 
-/// Reads one request and answers it, and goes with its end.
+using std::chrono_literals::operator""s;
+
+/// When it is seen again whether a connection can be taken.
+inline constexpr auto pauseWithoutDescriptors = 1s;
+
+/// Reads one request and answers it, and goes with its end, or when it takes too long.
 class Connection final : public QObject {
 public:
-    Connection(FileDescriptor socket, const RequestServer::Answer& answer, QObject* server)
+    Connection(FileDescriptor socket, std::chrono::milliseconds patience, const RequestServer::Answer& answer,
+               QObject* server)
         : QObject(server)
         , m_socket(std::move(socket))
         , m_notifier(m_socket.get(), QSocketNotifier::Read)
         , m_answer(answer)
     {
         connect(&m_notifier, &QSocketNotifier::activated, this, [this] { read(); });
+        connect(&m_patience, &QTimer::timeout, this, &QObject::deleteLater);
+        m_patience.setSingleShot(true);
+        m_patience.start(patience);
     }
 
 private:
@@ -45,6 +56,7 @@ private:
             return;
         // What answers may let events come.
         m_notifier.setEnabled(false);
+        m_patience.stop();
         if (end >= 0)
             static_cast<void>(sendAll(m_socket, m_answer(m_request.first(end))));
         m_socket = FileDescriptor();
@@ -53,14 +65,16 @@ private:
 
     FileDescriptor m_socket;
     QSocketNotifier m_notifier;
+    QTimer m_patience;
     const RequestServer::Answer& m_answer;
     QByteArray m_request;
 };
 
 } // namespace
 
-RequestServer::RequestServer(Answer answer)
+RequestServer::RequestServer(Answer answer, std::chrono::milliseconds patience)
     : m_answer(std::move(answer))
+    , m_patience(patience)
 {
 }
 
@@ -76,8 +90,8 @@ bool RequestServer::listen(const QByteArray& path)
     if (!m_socket.isOpen())
         return false;
     m_path = path;
-    auto* notifier = new QSocketNotifier(m_socket.get(), QSocketNotifier::Read, this);
-    connect(notifier, &QSocketNotifier::activated, this, &RequestServer::acceptAll);
+    m_notifier = std::make_unique<QSocketNotifier>(m_socket.get(), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &RequestServer::acceptAll);
     return true;
 }
 
@@ -85,8 +99,13 @@ void RequestServer::acceptAll()
 {
     for (FileDescriptor socket = acceptConnection(m_socket); socket.isOpen(); socket = acceptConnection(m_socket)) {
         if (isSameUser(socket))
-            new Connection(std::move(socket), m_answer, this);
+            new Connection(std::move(socket), m_patience, m_answer, this);
     }
+    if (errno != EMFILE && errno != ENFILE)
+        return;
+    // The connection that cannot be taken would be told of without end.
+    m_notifier->setEnabled(false);
+    QTimer::singleShot(pauseWithoutDescriptors, m_notifier.get(), [this] { m_notifier->setEnabled(true); });
 }
 
 } // namespace nookle

@@ -5,7 +5,11 @@
 #include <QByteArray>
 #include <QObject>
 
+#include <chrono>
 #include <functional>
+#include <memory>
+
+class QSocketNotifier;
 
 namespace nookle {
 
@@ -16,7 +20,8 @@ public:
     /// The answer to a request, which comes without the end of its line; empty when it is no request.
     using Answer = std::function<QByteArray(const QByteArray& request)>;
 
-    explicit RequestServer(Answer answer);
+    /// Who connects has `patience` for the request.
+    explicit RequestServer(Answer answer, std::chrono::milliseconds patience = std::chrono::seconds(5));
     /// Takes the socket away.
     ~RequestServer() override;
 
@@ -27,8 +32,10 @@ private:
     void acceptAll();
 
     Answer m_answer;
+    std::chrono::milliseconds m_patience;
     QByteArray m_path;
     FileDescriptor m_socket;
+    std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
 } // namespace nookle
