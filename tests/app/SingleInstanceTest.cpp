@@ -42,6 +42,7 @@ private Q_SLOTS:
     void aSecondStartLeavesTheFolderToTheFirst();
     void aFolderThatAnotherProgramTookFirstStaysItsOwn();
     void aProgramThatEndsJustNowIsWaitedFor();
+    void aProgramThatEndsBeforeItsAnswerIsWaitedFor();
     void aFolderThatOthersMayReadIsClosedBeforeItIsLocked();
 
 private:
@@ -328,6 +329,26 @@ void SingleInstanceTest::aProgramThatEndsJustNowIsWaitedFor()
     thread->start();
     isAsking.acquire();
     first.reset();
+    QVERIFY(thread->wait());
+    QCOMPARE(claim, SingleInstance::Claim::granted);
+}
+
+void SingleInstanceTest::aProgramThatEndsBeforeItsAnswerIsWaitedFor()
+{
+    const QTemporaryDir directory;
+    QVERIFY(QDir(directory.path()).mkdir(QStringLiteral("Nookle")));
+    auto lock = std::make_unique<FolderLock>(filePath(folder(directory)));
+    QCOMPARE(lock->take(), FolderLock::State::held);
+    const QString name = QFileInfo(SingleInstance(folder(directory), runtime()).address()).fileName();
+    QLocalServer server;
+    QVERIFY(server.listen(m_runtime.filePath(name)));
+    auto claim = SingleInstance::Claim::otherIsSilent;
+    const std::unique_ptr<QThread> thread(
+        QThread::create([&] { claim = SingleInstance(folder(directory), runtime()).claim(); }));
+    thread->start();
+    QVERIFY(server.waitForNewConnection(5000));
+    lock.reset();
+    delete server.nextPendingConnection();
     QVERIFY(thread->wait());
     QCOMPARE(claim, SingleInstance::Claim::granted);
 }

@@ -20,6 +20,7 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <optional>
 #include <utility>
 
 namespace nookle {
@@ -76,18 +77,25 @@ inline constexpr int lockIntervalMilliseconds = 20;
     return isPrivate ? std::move(folder) : FileDescriptor();
 }
 
-[[nodiscard]] SingleInstance::Claim ask(const FileDescriptor& socket, const QStringList& uris)
+/// None if the other program has ended before its answer.
+[[nodiscard]] std::optional<SingleInstance::Claim> ask(const FileDescriptor& socket, const QStringList& uris)
 {
+    const auto failure = [] {
+        const bool hasEnded = errno == EPIPE || errno == ECONNRESET;
+        return hasEnded ? std::nullopt : std::optional(SingleInstance::Claim::otherIsSilent);
+    };
     if (!sendAll(socket, requestFor(uris)))
-        return SingleInstance::Claim::otherIsSilent;
+        return failure();
     QByteArray answer;
     while (answer != doneAnswer()) {
         std::array<char, 16> part;
         const ssize_t size = ::recv(socket.get(), part.data(), part.size(), 0);
         if (size < 0 && errno == EINTR)
             continue;
-        if (size <= 0)
-            return SingleInstance::Claim::otherIsSilent;
+        if (size == 0)
+            return std::nullopt;
+        if (size < 0)
+            return failure();
         answer.append(part.data(), size);
     }
     return SingleInstance::Claim::doneByOther;
@@ -120,8 +128,10 @@ SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
         const FileDescriptor socket =
             m_runtimeFolder.isOpen() ? connectToSocket(QFile::encodeName(address()), answerTimeout) : FileDescriptor();
         // Another user who could replace the runtime folder could also answer there.
-        if (socket.isOpen())
-            return isSameUser(socket) ? ask(socket, uris) : Claim::otherIsSilent;
+        if (socket.isOpen() && !isSameUser(socket))
+            return Claim::otherIsSilent;
+        if (const auto claim = socket.isOpen() ? ask(socket, uris) : std::nullopt)
+            return *claim;
         QThread::msleep(lockIntervalMilliseconds);
     } while (!patience.hasExpired());
     return Claim::otherIsSilent;
