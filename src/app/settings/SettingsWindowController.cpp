@@ -67,8 +67,10 @@ void SettingsWindowController::show()
 
 void SettingsWindowController::makeWindow()
 {
+    // No dialogue: without a window of its own to belong to, it belongs to the panel, too, and GNOME keeps it above all
+    // windows as that is, also above the desktop's question about the shortcut.
     constexpr auto titleAndCloseButton =
-        Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+        Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
     m_window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
     m_window->setWindowTitle(QCoreApplication::translate("nookle::SettingsWindowController", "Nookle Settings"));
     m_window->setWindowIcon(programIcon());
