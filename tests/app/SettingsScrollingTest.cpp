@@ -1,5 +1,7 @@
 #include "SettingsWindowController.h"
 
+#include "FittingScrollArea.h"
+
 #include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
@@ -7,11 +9,13 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QLabel>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QVBoxLayout>
 #include <QWheelEvent>
 
 using namespace nookle;
@@ -25,6 +29,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aFormThatFitsIsNotScrolled();
+    void aFormThatFitsAgainIsNotScrolled();
     void theWindowIsNoHigherThanTheDisplay();
     void theControlWithTheKeyboardIsScrolledIntoView();
     void theWheelScrollsAndChangesNoSetting();
@@ -87,6 +92,25 @@ void SettingsScrollingTest::aFormThatFitsIsNotScrolled()
     QCOMPARE(bar().maximum(), 0);
     QVERIFY(!bar().isVisible());
     QCOMPARE(m_window->width(), 440);
+}
+
+// Its lines break anew beside the bar, and are more there.
+void SettingsScrollingTest::aFormThatFitsAgainIsNotScrolled()
+{
+    constexpr int manyWords = 200;
+    auto* text = new QLabel(QStringLiteral("word ").repeated(manyWords));
+    text->setWordWrap(true);
+    auto* form = new QWidget;
+    (new QVBoxLayout(form))->addWidget(text);
+    FittingScrollArea area(form);
+    const QSize whole = area.sizeHint();
+    area.resize(whole.width(), whole.height() / 2);
+    area.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&area));
+    QVERIFY(area.verticalScrollBar()->isVisible());
+    area.resize(whole);
+    QVERIFY(!area.verticalScrollBar()->isVisible());
+    QCOMPARE(form->size(), whole);
 }
 
 void SettingsScrollingTest::theWindowIsNoHigherThanTheDisplay()

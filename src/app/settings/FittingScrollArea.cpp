@@ -33,9 +33,25 @@ QSize FittingScrollArea::sizeHint() const
 
 bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == widget() && event->type() == QEvent::LayoutRequest)
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
         updateGeometry();
+        chooseBar();
+    }
     return QScrollArea::eventFilter(watched, event);
+}
+
+void FittingScrollArea::resizeEvent(QResizeEvent* event)
+{
+    chooseBar();
+    QScrollArea::resizeEvent(event);
+}
+
+// The base class keeps a bar once it has shown it, as it does before the window has its size: beside the bar more lines
+// break, and the form is too high for good.
+void FittingScrollArea::chooseBar()
+{
+    const bool isScrolled = height() < widget()->sizeHint().height();
+    setVerticalScrollBarPolicy(isScrolled ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 } // namespace nookle

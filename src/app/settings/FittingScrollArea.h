@@ -19,8 +19,11 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void chooseBar();
+
     int m_largestHeight = QWIDGETSIZE_MAX;
 };
 
