@@ -1,5 +1,6 @@
 #include "SessionShortcuts.h"
 
+#include "KeyNames.h"
 #include "Log.h"
 #include "QtMainQueue.h"
 #include "SettingsUserDefaults.h"
@@ -28,18 +29,6 @@ namespace {
 {
     return QStringLiteral("gdbus call --session -d org.nookle.Nookle -o /org/nookle/Nookle"
                           " -m org.freedesktop.Application.ActivateAction toggle '[]' '{}'");
-}
-
-/// In the toolkit's words, which puts Super first, and calls it "Meta".
-[[nodiscard]] QString toolkitNames(QKeyCombination keys)
-{
-    const Qt::KeyboardModifiers held = keys.keyboardModifiers();
-    const QKeyCombination others(held & ~Qt::KeyboardModifiers(Qt::MetaModifier), keys.key());
-    QString names = QKeySequence(others).toString(QKeySequence::NativeText);
-    if (held.testFlag(Qt::MetaModifier))
-        names.insert(names.size() - QKeySequence(keys.key()).toString(QKeySequence::NativeText).size(),
-                     QStringLiteral("Super+"));
-    return names;
 }
 
 } // namespace
@@ -125,7 +114,10 @@ QList<Shortcut> SessionShortcuts::shortcuts() const
 
 QString SessionShortcuts::wantedKeys() const
 {
-    return m_registered.empty() ? QString() : toolkitNames(m_registered.begin()->second.shortcut.keys);
+    if (m_registered.empty())
+        return {};
+    const QKeyCombination keys = m_registered.begin()->second.shortcut.keys;
+    return keyNames(keys.keyboardModifiers(), QKeySequence(keys.key()).toString(QKeySequence::NativeText));
 }
 
 bool SessionShortcuts::canAskAgain() const

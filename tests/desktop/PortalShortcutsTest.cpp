@@ -29,6 +29,7 @@ private Q_SLOTS:
     void aPressReachesTheProgram();
     void thePressOfAnotherSessionDoesNot();
     void otherKeysOfTheUserAreTold();
+    void gnomesWordsAreMadeReadable();
     void aNoEndsTheSession();
     void aRefusalIsNoAnswerOfTheUser();
     void aFailureIsNoneIfTheKeysAreListed();
@@ -54,6 +55,10 @@ private:
     void bind();
     /// Asks, and returns when the portal has bound the keys.
     void bindAll();
+    [[nodiscard]] static QVariantMap listed(const QString& id, const QString& keys)
+    {
+        return { { QStringLiteral("shortcuts"), QVariant::fromValue(FakeShortcutPortal::bound(id, keys)) } };
+    }
     void settleAll() { settle({ QStringLiteral("program"), FakeShortcutPortal::connectionName() }); }
     [[nodiscard]] State state() const { return m_shortcuts->status().state; }
 
@@ -176,6 +181,16 @@ void PortalShortcutsTest::otherKeysOfTheUserAreTold()
     m_portal->changeKeys(QStringLiteral("another"), QStringLiteral("F11"));
     settleAll();
     QCOMPARE(changes, 1);
+}
+
+void PortalShortcutsTest::gnomesWordsAreMadeReadable()
+{
+    startPortal();
+    m_portal->bindResponse = 2;
+    m_portal->bindResults = listed(QStringLiteral("toggle"), QStringLiteral("Press <Control><Alt><Super>d"));
+    bind();
+    QTRY_COMPARE(state(), State::bound);
+    QCOMPARE(m_shortcuts->status().keys, QStringLiteral("Ctrl+Alt+Super+D"));
 }
 
 void PortalShortcutsTest::aNoEndsTheSession()

@@ -1,5 +1,6 @@
 #include "PortalShortcuts.h"
 
+#include "KeyNames.h"
 #include "MainQueue.h"
 #include "PortalNames.h"
 
@@ -228,7 +229,7 @@ bool PortalShortcuts::takeKeys(const PortalShortcutList& bound)
     const auto first = find(bound, m_shortcuts.first().id);
     if (!first)
         return false;
-    const QString keys = first->properties.value(QStringLiteral("trigger_description")).toString();
+    const QString keys = readableKeys(first->properties.value(QStringLiteral("trigger_description")).toString());
     setStatus({ State::bound, keys, keys.isEmpty() ? unknownKeys() : QString() });
     return true;
 }
