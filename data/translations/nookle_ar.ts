@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>لقد رفضت الاختصار، أو تعذّر على سطح المكتب ربطه.</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>لم تُعيَّن له مفاتيح في إعدادات سطح المكتب.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

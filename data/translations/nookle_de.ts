@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>Sie haben das Tastenkürzel abgelehnt, oder die Arbeitsumgebung konnte es nicht belegen.</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>In den Einstellungen der Arbeitsumgebung sind dafür keine Tasten festgelegt.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

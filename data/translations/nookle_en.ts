@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>Ha rechazado el atajo o el escritorio no ha podido asignarlo.</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>No tiene ninguna tecla asignada en la configuración del escritorio.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

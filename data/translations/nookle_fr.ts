@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>Vous avez refusé le raccourci, ou le bureau n’a pas pu l’associer.</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>Aucune touche ne lui est associée dans les paramètres du bureau.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

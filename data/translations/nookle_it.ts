@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>Hai rifiutato la scorciatoia o l’ambiente non ha potuto assegnarla.</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>Nelle impostazioni dell’ambiente non gli è assegnato alcun tasto.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>ショートカットが拒否されたか、デスクトップが割り当てられませんでした。</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>デスクトップの設定でキーが割り当てられていません。</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

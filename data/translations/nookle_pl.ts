@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>Skrót został odrzucony albo środowisko nie mogło go przypisać.</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>W ustawieniach środowiska nie przypisano do niego klawiszy.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>Você recusou o atalho ou o ambiente não conseguiu associá-lo.</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>Nenhuma tecla está associada a ele nas configurações do ambiente.</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

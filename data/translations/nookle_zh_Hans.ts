@@ -218,6 +218,10 @@
         <source>You have declined the shortcut, or the desktop could not bind it.</source>
         <translation>您已拒绝该快捷键，或桌面无法绑定它。</translation>
     </message>
+    <message>
+        <source>No keys are set for it in the desktop&apos;s settings.</source>
+        <translation>桌面设置中没有为它设置按键。</translation>
+    </message>
 </context>
 <context>
     <name>nookle::Question</name>

@@ -30,6 +30,8 @@ private Q_SLOTS:
     void thePressOfAnotherSessionDoesNot();
     void otherKeysOfTheUserAreTold();
     void gnomesWordsAreMadeReadable();
+    void aShortcutWithoutKeysIsNoNo();
+    void keysThatTheUserTakesAwayAreNotShown();
     void aNoEndsTheSession();
     void aRefusalIsNoAnswerOfTheUser();
     void aFailureIsNoneIfTheKeysAreListed();
@@ -178,6 +180,7 @@ void PortalShortcutsTest::otherKeysOfTheUserAreTold()
     m_portal->changeKeys(QStringLiteral("toggle"), QStringLiteral("F12"));
     QTRY_COMPARE(m_shortcuts->status().keys, QStringLiteral("F12"));
     QCOMPARE(changes, 1);
+    m_portal->listResults = listed(QStringLiteral("toggle"), QStringLiteral("F12"));
     m_portal->changeKeys(QStringLiteral("another"), QStringLiteral("F11"));
     settleAll();
     QCOMPARE(changes, 1);
@@ -191,6 +194,30 @@ void PortalShortcutsTest::gnomesWordsAreMadeReadable()
     bind();
     QTRY_COMPARE(state(), State::bound);
     QCOMPARE(m_shortcuts->status().keys, QStringLiteral("Ctrl+Alt+Super+D"));
+}
+
+// GNOME's question lets the user take the keys of one shortcut away and agree to the other.
+void PortalShortcutsTest::aShortcutWithoutKeysIsNoNo()
+{
+    startPortal();
+    m_portal->bindResponse = 2;
+    m_portal->bindResults = listed(QStringLiteral("focus"), QStringLiteral("F12"));
+    const QKeyCombination keys(Qt::CTRL, Qt::Key_D);
+    m_shortcuts->bind({ { QStringLiteral("toggle"), keys, QString() }, { QStringLiteral("focus"), keys, QString() } });
+    QTRY_COMPARE(state(), State::bound);
+    QCOMPARE(m_shortcuts->status().keys, QString());
+    QVERIFY(m_shortcuts->status().obstacle.contains(QLatin1String("No keys")));
+    m_portal->press(m_portal->session, QStringLiteral("focus"));
+    QTRY_COMPARE(m_pressed, QStringList{ QStringLiteral("focus") });
+}
+
+void PortalShortcutsTest::keysThatTheUserTakesAwayAreNotShown()
+{
+    bindAll();
+    m_portal->changeKeys(QStringLiteral("focus"), QStringLiteral("F12"));
+    QTRY_COMPARE(m_shortcuts->status().keys, QString());
+    QCOMPARE(state(), State::bound);
+    QVERIFY(m_shortcuts->status().obstacle.contains(QLatin1String("No keys")));
 }
 
 void PortalShortcutsTest::aNoEndsTheSession()

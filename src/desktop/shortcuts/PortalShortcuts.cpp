@@ -224,14 +224,28 @@ bool PortalShortcuts::areAllIn(const PortalShortcutList& bound) const
                        [&](const Shortcut& each) { return find(bound, each.id).has_value(); });
 }
 
+bool PortalShortcuts::isAnyIn(const PortalShortcutList& bound) const
+{
+    return std::any_of(m_shortcuts.begin(), m_shortcuts.end(),
+                       [&](const Shortcut& each) { return find(bound, each.id).has_value(); });
+}
+
 bool PortalShortcuts::takeKeys(const PortalShortcutList& bound)
 {
-    const auto first = find(bound, m_shortcuts.first().id);
-    if (!first)
+    if (const auto first = find(bound, m_shortcuts.first().id)) {
+        const QString keys = readableKeys(first->properties.value(QStringLiteral("trigger_description")).toString());
+        setStatus({ State::bound, keys, keys.isEmpty() ? unknownKeys() : QString() });
+        return true;
+    }
+    if (!isAnyIn(bound))
         return false;
-    const QString keys = readableKeys(first->properties.value(QStringLiteral("trigger_description")).toString());
-    setStatus({ State::bound, keys, keys.isEmpty() ? unknownKeys() : QString() });
+    setState(State::bound, noKeys());
     return true;
+}
+
+QString PortalShortcuts::noKeys()
+{
+    return tr("No keys are set for it in the desktop's settings.");
 }
 
 QString PortalShortcuts::unknownKeys()
@@ -256,8 +270,18 @@ void PortalShortcuts::activated(const QDBusMessage& signal)
 
 void PortalShortcuts::shortcutsChanged(const QDBusMessage& signal)
 {
-    if (!m_session.isEmpty() && objectPath(signal.arguments().value(0)) == m_session)
-        takeKeys(portalShortcuts(signal.arguments().value(1)));
+    if (m_session.isEmpty() || objectPath(signal.arguments().value(0)) != m_session)
+        return;
+    const PortalShortcutList changed = portalShortcuts(signal.arguments().value(1));
+    if (find(changed, m_shortcuts.first().id) || status().state != State::bound) {
+        takeKeys(changed);
+        return;
+    }
+    // The user may have taken its keys away; or the portal tells only of others that have changed.
+    listShortcuts([this](const PortalShortcutList& bound) {
+        if (!takeKeys(bound))
+            setState(State::bound, noKeys());
+    });
 }
 
 void PortalShortcuts::sessionClosed(const QDBusMessage& signal)

@@ -53,9 +53,11 @@ private:
     /// Asks which shortcuts of the session are bound.
     void listShortcuts(std::function<void(const PortalShortcutList& bound)> completion);
     [[nodiscard]] bool areAllIn(const PortalShortcutList& bound) const;
-    /// Takes the keys of the first shortcut. False if it is not bound.
+    [[nodiscard]] bool isAnyIn(const PortalShortcutList& bound) const;
+    /// Takes the keys of the first shortcut, which may have none. False if no shortcut is bound.
     bool takeKeys(const PortalShortcutList& bound);
     [[nodiscard]] static QString notInstalled();
+    [[nodiscard]] static QString noKeys();
     [[nodiscard]] static QString unknownKeys();
     void setState(State state, const QString& obstacle);
     void loseService();
