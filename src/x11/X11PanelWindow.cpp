@@ -2,7 +2,6 @@
 
 #include "Compositing.h"
 #include "Displays.h"
-#include "UsableArea.h"
 #include "X11Coordinates.h"
 #include "XcbReply.h"
 
@@ -72,10 +71,10 @@ X11PanelWindow::X11PanelWindow(QWindow& window, double cornerRadius, const Displ
     , m_compositing(compositing)
     , m_connection(connection)
     , m_atoms(connection,
-              { "_KDE_NET_WM_BLUR_BEHIND_REGION", "_NET_ACTIVE_WINDOW", "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN",
-                "_NET_WM_STRUT_PARTIAL" })
+              { "_KDE_NET_WM_BLUR_BEHIND_REGION", "_NET_ACTIVE_WINDOW", "_NET_WM_STATE", "_NET_WM_STATE_FULLSCREEN" })
     , m_dock(connection, static_cast<xcb_window_t>(window.winId()))
     , m_shadow(connection, static_cast<xcb_window_t>(window.winId()), compositing)
+    , m_space(connection, static_cast<xcb_window_t>(window.winId()))
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
@@ -259,20 +258,10 @@ void X11PanelWindow::standAboveFullScreenWindow()
 
 void X11PanelWindow::reserveSpace(const std::optional<QRectF>& frame)
 {
-    std::vector<std::uint32_t> strut;
-    const xcb_window_t root = rootOf(m_connection);
-    const auto desktop = owned(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, root), nullptr));
-    if (frame && desktop)
-        strut = rightStrut(pixelsFromPoints(*frame, m_display), pixelsFromPoints(m_display, m_display),
-                           { desktop->width, desktop->height });
-    const auto window = static_cast<xcb_window_t>(m_window.winId());
-    const xcb_atom_t property = m_atoms["_NET_WM_STRUT_PARTIAL"];
-    if (strut.empty())
-        xcb_delete_property(m_connection, window, property);
+    if (frame)
+        m_space.reserve(pixelsFromPoints(*frame, m_display), pixelsFromPoints(m_display, m_display));
     else
-        xcb_change_property(m_connection, XCB_PROP_MODE_REPLACE, window, property, XCB_ATOM_CARDINAL, 32,
-                            static_cast<std::uint32_t>(strut.size()), strut.data());
-    xcb_flush(m_connection);
+        m_space.release();
 }
 
 void X11PanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion)

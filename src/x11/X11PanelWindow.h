@@ -4,6 +4,7 @@
 #include "PanelWindow.h"
 #include "X11DockWindow.h"
 #include "X11PanelShadow.h"
+#include "X11ReservedSpace.h"
 #include "XcbAtoms.h"
 
 #include <QObject>
@@ -73,6 +74,7 @@ private:
     XcbAtoms m_atoms;
     X11DockWindow m_dock;
     X11PanelShadow m_shadow;
+    X11ReservedSpace m_space;
     FrameAnimation m_animation;
     QTimer m_parking;
     /// Runs from the hiding until the window manager has given the focus to whom it should.

@@ -8,6 +8,8 @@
 
 #include <QDropEvent>
 
+#include <utility>
+
 namespace nookle {
 
 DragStrips::DragStrips(const Services& services, xcb_connection_t* connection, WindowPlacing placing)
@@ -33,10 +35,16 @@ void DragStrips::displaysChanged()
     placeStrips();
 }
 
+void DragStrips::leaveToPanel(const std::optional<QRectF>& display)
+{
+    if (std::exchange(m_leftToPanel, display) != display)
+        placeStrips();
+}
+
 void DragStrips::placeStrips()
 {
     for (const auto& strip : m_strips) {
-        if (m_areNeeded)
+        if (m_areNeeded && strip->display() != m_leftToPanel)
             strip->standAtEdge(m_services.displays.visibleFrame(strip->display()));
         else
             strip->park();

@@ -2,7 +2,9 @@
 
 #include "DragStrip.h"
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace nookle {
@@ -35,6 +37,9 @@ public:
     /// Call this when a display was added, removed or changed.
     void displaysChanged();
 
+    /// Leaves the edge of the display with that full frame to the panel, which stands there; with none, of no display.
+    void leaveToPanel(const std::optional<QRectF>& display);
+
     /// As in `DragStrip`.
     std::function<void(QDropEvent& event, const QPointF& position)> onDragEvent;
     std::function<void()> onDragLeft;
@@ -51,6 +56,7 @@ private:
     xcb_connection_t* m_connection;
     WindowPlacing m_placing;
     bool m_areNeeded = false;
+    std::optional<QRectF> m_leftToPanel;
     std::vector<std::unique_ptr<DragStrip>> m_strips;
 };
 

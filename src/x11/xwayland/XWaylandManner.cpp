@@ -120,6 +120,7 @@ std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, do
         if (m_panel)
             m_panel->setEdgeTaken(m_strips.areNeeded());
     };
+    m_panel->onSpaceReserved = [this](const std::optional<QRectF>& display) { m_strips.leaveToPanel(display); };
     return panel;
 }
 

@@ -37,6 +37,7 @@ XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& servic
     : m_window(window)
     , m_services(services)
     , m_dock(connection, static_cast<std::uint32_t>(window.winId()), placing)
+    , m_space(connection, static_cast<std::uint32_t>(window.winId()))
     , m_menu(window, services.queue)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
@@ -100,7 +101,7 @@ void XWaylandPanelWindow::orderFront()
     }
     m_dock.moveTo(pixelsFromPoints(m_resting, m_display));
     updateInputShape();
-    m_dock.setToolWindow(true);
+    m_dock.setToolWindow(!m_hasReservedSpace);
     m_dock.raise();
     moveContent();
 }
@@ -118,6 +119,30 @@ void XWaylandPanelWindow::orderOut()
     m_services.pointer.leave();
     m_dock.setToolWindow(false);
     giveFocusBack();
+}
+
+// GNOME Shell pushes every window but a dock out of reserved space. A drag of an X11 program, which it hands to what
+// lies below a dock, reaches the dock nevertheless: there is no window below it.
+void XWaylandPanelWindow::reserveSpace(const std::optional<QRectF>& frame)
+{
+    const QRect display = pixelsFromPoints(m_display, m_display);
+    const bool reserves = frame && m_space.isPossible(display);
+    if (!reserves && !m_hasReservedSpace)
+        return;
+    m_hasReservedSpace = reserves;
+    if (onSpaceReserved)
+        onSpaceReserved(reserves ? std::optional(m_display) : std::nullopt);
+    if (reserves) {
+        m_dock.setToolWindow(false);
+        m_space.reserve(pixelsFromPoints(*frame, m_display), display);
+    } else {
+        m_space.release();
+        m_dock.setToolWindow(m_isShown);
+    }
+    if (!m_isShown)
+        return;
+    m_dock.moveTo(pixelsFromPoints(m_resting, m_display));
+    updateInputShape();
 }
 
 // Hiding the window for a moment makes the compositor give the focus to another window, if the panel has it.
@@ -162,16 +187,18 @@ void XWaylandPanelWindow::setEdgeTaken(bool isTaken)
 // moment. So the parked panel leaves it free already.
 void XWaylandPanelWindow::updateInputShape()
 {
-    const double edge = m_isEdgeTaken || !m_isShown ? DragStrip::thickness : 0;
+    const bool isEdgeFree = !m_isShown || (m_isEdgeTaken && !m_hasReservedSpace);
+    const double edge = isEdgeFree ? DragStrip::thickness : 0;
     const QRect window = pixelsFromPoints(m_resting, m_display);
     const QRect taken = pixelsFromPoints(m_resting.adjusted(0, 0, -edge, 0), m_display);
     m_dock.setInputShape(taken.translated(-window.topLeft()));
 }
 
+// The panel slides on the display that `setFrame` has put it on. That display's usable area is not asked for again: the
+// compositor tells only some time later that space was given back.
 void XWaylandPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing easing,
                                        std::function<void()> completion)
 {
-    findDisplay(frame);
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 

@@ -4,11 +4,15 @@
 #include "FrameAnimation.h"
 #include "PanelWindow.h"
 #include "X11DockWindow.h"
+#include "X11ReservedSpace.h"
 
 #include <QObject>
 #include <QRect>
 #include <QRectF>
 #include <QTimer>
+
+#include <functional>
+#include <optional>
 
 class QDropEvent;
 class QWindow;
@@ -44,7 +48,12 @@ public:
     void orderFront() override;
     void takeFocus() override;
     void orderOut() override;
+    void reserveSpace(const std::optional<QRectF>& frame) override;
     void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
+
+    /// Called with the full frame of the display at whose edge the panel has reserved space, or with none when it has
+    /// given that space back. Set by the owner.
+    std::function<void(const std::optional<QRectF>& display)> onSpaceReserved;
 
     /// Call this when the strips have come to the edges of the displays (true) or are gone.
     void setEdgeTaken(bool isTaken);
@@ -75,6 +84,7 @@ private:
     QWindow& m_window;
     Services m_services;
     X11DockWindow m_dock;
+    X11ReservedSpace m_space;
     AbandonedMenu m_menu;
     FrameAnimation m_animation;
     QTimer m_parking;
@@ -89,6 +99,7 @@ private:
     double m_right = 0;
     bool m_isShown = false;
     bool m_isEdgeTaken = false;
+    bool m_hasReservedSpace = false;
     /// Whether a drag over another window has been handed on to the panel, and has not left.
     bool m_hasDragElsewhere = false;
     /// True from the showing of the panel, and from the closing of an abandoned menu, until the pointer moves over the
