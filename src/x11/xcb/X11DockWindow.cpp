@@ -13,9 +13,9 @@ X11DockWindow::X11DockWindow(xcb_connection_t* connection, std::uint32_t window,
     : m_connection(connection)
     , m_window(window)
     , m_atoms(connection,
-              { "_NET_WM_DESKTOP", "_NET_WM_STATE", "_NET_WM_STATE_ABOVE", "_NET_WM_STATE_SKIP_PAGER",
-                "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_USER_TIME", "_NET_WM_WINDOW_TYPE",
-                "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_UTILITY" })
+              { "_NET_ACTIVE_WINDOW", "_NET_WM_DESKTOP", "_NET_WM_STATE", "_NET_WM_STATE_ABOVE",
+                "_NET_WM_STATE_SKIP_PAGER", "_NET_WM_STATE_SKIP_TASKBAR", "_NET_WM_STATE_STICKY", "_NET_WM_USER_TIME",
+                "_NET_WM_WINDOW_TYPE", "_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_UTILITY" })
 {
     const std::uint32_t isOwn = 1;
     if (placing == WindowPlacing::program)
@@ -61,6 +61,22 @@ void X11DockWindow::moveTo(const QRect& pixels)
     xcb_configure_window(m_connection, m_window,
                          XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
                          values);
+    xcb_flush(m_connection);
+}
+
+void X11DockWindow::takeFocus()
+{
+    constexpr std::uint32_t forTheUser = 2;
+    xcb_client_message_event_t request{};
+    request.response_type = XCB_CLIENT_MESSAGE;
+    request.format = 32;
+    request.window = m_window;
+    request.type = m_atoms["_NET_ACTIVE_WINDOW"];
+    request.data.data32[0] = forTheUser;
+    request.data.data32[1] = XCB_CURRENT_TIME;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    xcb_send_event(m_connection, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
+                   reinterpret_cast<const char*>(&request));
     xcb_flush(m_connection);
 }
 

@@ -40,6 +40,11 @@ public:
     /// of another display.
     void moveTo(const QRect& pixels);
 
+    /// Asks the window manager for the keyboard focus, as somebody who acts for the user. The toolkit's own request
+    /// names the time of the last event that this program got. Where most programs are no X11 programs, that is long
+    /// ago, and GNOME Shell refuses a request older than what the user did last.
+    void takeFocus();
+
     /// Stacks the window above its siblings.
     void raise();
 

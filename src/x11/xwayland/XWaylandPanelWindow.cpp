@@ -108,7 +108,7 @@ void XWaylandPanelWindow::orderFront()
 
 void XWaylandPanelWindow::takeFocus()
 {
-    m_window.requestActivate();
+    m_dock.takeFocus();
 }
 
 void XWaylandPanelWindow::orderOut()

@@ -22,6 +22,7 @@ private Q_SLOTS:
     void aFileReleasedAtTheEdgeIsSaved();
     void aTileArrivesInAnotherProgram_data() { aFileReleasedOnThePanelIsSaved_data(); }
     void aTileArrivesInAnotherProgram();
+    void theActionGivesThePanelTheKeysAndEscapeGivesThemBack();
 
 private:
     static constexpr int panelWidth = 112;
@@ -134,6 +135,21 @@ void GnomeReservedSpaceTest::aTileArrivesInAnotherProgram()
         QVERIFY(waitFor([this] { return QFile::exists(home("received")); }));
         QCOMPARE(content("received"), fileList());
     }
+}
+
+void GnomeReservedSpaceTest::theActionGivesThePanelTheKeysAndEscapeGivesThemBack()
+{
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY(waitFor([this] { return isPanelGone(); }));
+    QVERIFY(openPeer({ QStringLiteral("trash") }));
+    hand().click();
+    QVERIFY(peerSays("focused"));
+    QVERIFY(activate(QStringLiteral("focus")));
+    QVERIFY(peerSays("unfocused"));
+    QVERIFY(waitFor([this] { return rightOfPeer() == rightEdge - panelWidth; }));
+    const qsizetype before = timesSaid("focused");
+    hand().type(Hand::Key::escape);
+    QVERIFY(peerSays("focused", before));
 }
 
 QTEST_GUILESS_MAIN(GnomeReservedSpaceTest)
