@@ -18,7 +18,7 @@ namespace {
         return reason;
     const QString cure =
         facts.hasWaylandBackend ? QString() : QStringLiteral(", as those for Debian 13 and later have");
-    return reason + cure + QStringLiteral("; drags may not reach the shelf");
+    return reason + cure + QStringLiteral("; drags may not reach the shelf or leave it");
 }
 
 [[nodiscard]] bool canUseWayland(const SessionFacts& facts)

@@ -112,12 +112,12 @@ void BackendChoiceTest::theChoiceIsExplained()
     QCOMPARE(
         description({ .isWayland = true, .hasLayerShell = false }),
         QStringLiteral("the display: X11 through XWayland (the compositor offers no layer shell; drags may not reach "
-                       "the shelf)"));
+                       "the shelf or leave it)"));
     QCOMPARE(description({ .isWayland = true, .hasLayerShell = false, .isGnome = true }),
              QStringLiteral("the display: X11 through XWayland (the compositor offers no layer shell)"));
     QCOMPARE(description({ .isWayland = true, .hasBackend = false }),
              QStringLiteral("the display: X11 through XWayland (this build has no Wayland backend, as those for Debian "
-                            "13 and later have; drags may not reach the shelf)"));
+                            "13 and later have; drags may not reach the shelf or leave it)"));
     QCOMPARE(description({ .isWayland = true, .hasBackend = false, .isGnome = true }),
              QStringLiteral("the display: X11 through XWayland (this build has no Wayland backend)"));
     QCOMPARE(
