@@ -23,6 +23,7 @@ namespace nookle {
 namespace {
 
 inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
+inline constexpr int mostFocusReturns = 3;
 
 /// More points than any panel is wide.
 inline constexpr double outOfSight = 10000;
@@ -118,6 +119,7 @@ void XWaylandPanelWindow::orderOut()
     m_afterDrop.stop();
     m_services.pointer.leave();
     m_dock.setToolWindow(false);
+    m_focusReturns = 0;
     giveFocusBack();
 }
 
@@ -276,8 +278,9 @@ bool XWaylandPanelWindow::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::FocusIn:
-        // A compositor that was busy may give the focus only when the window is parked, where nobody looks for it.
-        if (!m_isShown)
+        // A compositor that was busy may give the focus only when the window is parked, where nobody looks for it. One
+        // that gives it to each window that comes would take it from the user without end.
+        if (!m_isShown && m_focusReturns++ < mostFocusReturns)
             giveFocusBack();
         break;
     case QEvent::Enter:

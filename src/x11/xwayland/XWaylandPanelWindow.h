@@ -88,6 +88,8 @@ private:
     AbandonedMenu m_menu;
     FrameAnimation m_animation;
     QTimer m_parking;
+    /// How often the parked window has given the focus back since the panel was hidden.
+    int m_focusReturns = 0;
     /// Runs from a drop until the compositor says where the pointer is.
     QTimer m_afterDrop;
     QRectF m_frame;
