@@ -12,7 +12,8 @@ namespace {
 {
     constexpr const char* names[] = { "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING",
                                       "QT_USE_PHYSICAL_DPI", "QT_FONT_DPI" };
-    return std::any_of(std::begin(names), std::end(names), &qEnvironmentVariableIsSet);
+    return std::any_of(std::begin(names), std::end(names),
+                       [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
 }
 
 } // namespace

@@ -65,8 +65,14 @@ void ToolkitEnvironmentTest::theToolkitIsToldOfLargerWindows()
         const ToolkitEnvironment environment(choice, 2);
         QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("2"));
     }
-    const ToolkitEnvironment environment(choice, 1);
-    QVERIFY(!qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
+    {
+        const ToolkitEnvironment environment(choice, 1);
+        QVERIFY(!qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
+    }
+    // A variable without a value says nothing.
+    qputenv("QT_SCALE_FACTOR", "");
+    const ToolkitEnvironment environment(choice, 2);
+    QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("2"));
 }
 
 void ToolkitEnvironmentTest::theUsersOwnScaleComesFirst_data()

@@ -97,6 +97,8 @@ inline constexpr int lockIntervalMilliseconds = 20;
         if (size < 0)
             return failure();
         answer.append(part.data(), size);
+        if (!doneAnswer().startsWith(answer))
+            return SingleInstance::Claim::otherIsSilent;
     }
     return SingleInstance::Claim::doneByOther;
 }
