@@ -77,9 +77,6 @@ void GnomeReservedSpaceTest::aMaximisedWindowEndsAtThePinnedPanel()
     QVERIFY(waitFor([this] { return rightOfPeer() == rightEdge - panelWidth; }));
     QVERIFY2(holdsFor([this] { return isPanelOut(); }, 1200), "the panel leaves the space that it reserves");
     keepPicture(QStringLiteral("gnome-reserved.png"));
-    hand().moveTo(pin());
-    hand().click();
-    QVERIFY2(waitFor([this] { return rightOfPeer() == rightEdge; }), "the space is not given back");
 }
 
 void GnomeReservedSpaceTest::theSpaceGoesAndComesWithThePanel()
