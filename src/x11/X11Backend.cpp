@@ -11,6 +11,7 @@
 #include "X11Pointer.h"
 #include "X11ToolkitSettings.h"
 #include "X11TrayHost.h"
+#include "XcbRoot.h"
 
 #include <QGuiApplication>
 
@@ -22,17 +23,12 @@ namespace nookle {
 
 namespace {
 
-[[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* connection)
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-}
-
 /// An X11 session: the server knows everything about the mouse, and the panel's window moves.
 class SessionManner final : public X11Manner {
 public:
     explicit SessionManner(const X11Server& server)
         : m_server(server)
-        , m_pointer(server.queries, rootWindow(server.connection))
+        , m_pointer(server.queries, rootOf(server.connection))
         , m_inputMonitor(server.connection)
         , m_compositing(server.connection)
     {
@@ -80,7 +76,7 @@ X11Backend::X11Backend()
 X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts, const X11MannerMaker& makeManner)
     : m_connection(qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection())
     , m_queries(xcb_connect(nullptr, nullptr))
-    , m_displays(std::make_unique<X11Displays>(m_queries.get(), rootWindow(m_connection)))
+    , m_displays(std::make_unique<X11Displays>(m_queries.get(), rootOf(m_connection)))
     , m_manner(makeManner({ m_connection, m_queries.get(), *m_displays }))
     , m_globalShortcuts(std::move(shortcuts))
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))

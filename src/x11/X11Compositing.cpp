@@ -2,6 +2,7 @@
 
 #include "XcbAtoms.h"
 #include "XcbReply.h"
+#include "XcbRoot.h"
 
 #include <xcb/xcb.h>
 
@@ -22,7 +23,7 @@ Backdrop X11Compositing::look() const
     if (!m_manager.hasOwner())
         return Backdrop::opaque;
     // A compositing manager that can blur the background of windows sets this property on the root window.
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const auto root = rootOf(m_connection);
     const auto blur = xcb_get_property(m_connection, 0, root, xcbAtom(m_connection, "_KDE_NET_WM_BLUR_BEHIND_REGION"),
                                        XCB_ATOM_ANY, 0, 1);
     const auto property = owned(xcb_get_property_reply(m_connection, blur, nullptr));

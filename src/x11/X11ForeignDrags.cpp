@@ -2,6 +2,7 @@
 
 #include "XcbAtoms.h"
 #include "XcbReply.h"
+#include "XcbRoot.h"
 
 #include <QDir>
 #include <QFile>
@@ -74,7 +75,7 @@ bool X11ForeignDrags::watchSelection()
     const std::uint32_t selection = xcbAtom(m_connection.get(), "XdndSelection");
     if (!version || selection == XCB_ATOM_NONE)
         return false;
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+    const auto root = rootOf(m_connection.get());
     xcb_xfixes_select_selection_input(m_connection.get(), root, selection,
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
                                           | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY

@@ -4,6 +4,7 @@
 #include "Displays.h"
 #include "X11Coordinates.h"
 #include "XcbReply.h"
+#include "XcbRoot.h"
 
 #include <QRegion>
 #include <QWindow>
@@ -23,11 +24,6 @@ namespace {
 
 inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
 inline constexpr std::chrono::milliseconds timeToSettle{ 600 };
-
-[[nodiscard]] xcb_window_t rootOf(xcb_connection_t* connection)
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-}
 
 /// The first number of a property; 0 when the window does not have it.
 [[nodiscard]] std::uint32_t firstNumber(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property)

@@ -2,6 +2,7 @@
 
 #include "UsableArea.h"
 #include "XcbReply.h"
+#include "XcbRoot.h"
 
 #include <xcb/xcb.h>
 
@@ -24,7 +25,7 @@ X11ReservedSpace::X11ReservedSpace(xcb_connection_t* connection, std::uint32_t w
 
 QSize X11ReservedSpace::desktopSize() const
 {
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const xcb_window_t root = rootOf(m_connection);
     const auto reply = owned(xcb_get_geometry_reply(m_connection, xcb_get_geometry(m_connection, root), nullptr));
     return reply ? QSize(reply->width, reply->height) : QSize();
 }

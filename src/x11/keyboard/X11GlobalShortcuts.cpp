@@ -3,6 +3,7 @@
 #include "Log.h"
 #include "X11Keys.h"
 #include "XcbReply.h"
+#include "XcbRoot.h"
 
 #include <QKeySequence>
 #include <QStringList>
@@ -33,7 +34,7 @@ X11GlobalShortcuts::X11GlobalShortcuts()
         m_connection.reset();
         return;
     }
-    m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
+    m_root = rootOf(m_connection.get());
     m_symbols.reset(xcb_key_symbols_alloc(m_connection.get()));
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &X11GlobalShortcuts::readEvents);

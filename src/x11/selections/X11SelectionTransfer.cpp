@@ -2,6 +2,7 @@
 
 #include "XcbAtoms.h"
 #include "XcbReply.h"
+#include "XcbRoot.h"
 
 #include <xcb/xcb.h>
 
@@ -17,7 +18,7 @@ inline constexpr const char* inPieces = "INCR";
 [[nodiscard]] xcb_window_t makeWindow(xcb_connection_t* connection)
 {
     const xcb_window_t window = xcb_generate_id(connection);
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    const xcb_window_t root = rootOf(connection);
     const std::uint32_t events = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, root, -1, -1, 1, 1, 0, XCB_WINDOW_CLASS_INPUT_ONLY,
                       XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);

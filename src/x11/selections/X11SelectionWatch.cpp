@@ -2,6 +2,7 @@
 
 #include "XcbAtoms.h"
 #include "XcbReply.h"
+#include "XcbRoot.h"
 
 #include <QCoreApplication>
 
@@ -17,7 +18,7 @@ X11SelectionWatch::X11SelectionWatch(xcb_connection_t* connection, const char* s
     const auto* extension = xcb_get_extension_data(m_connection, &xcb_xfixes_id);
     if (extension && extension->present != 0) {
         m_firstFixesEvent = extension->first_event;
-        const auto root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+        const auto root = rootOf(m_connection);
         xcb_xfixes_select_selection_input(m_connection, root, m_selection,
                                           XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
                                               | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY

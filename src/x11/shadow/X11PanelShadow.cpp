@@ -2,6 +2,7 @@
 
 #include "Compositing.h"
 #include "X11ShadowWindow.h"
+#include "XcbRoot.h"
 
 #include <QImage>
 
@@ -82,7 +83,7 @@ bool X11PanelShadow::isDrawnHere() const
 {
     if (m_compositing.backdrop() == Backdrop::opaque || qEnvironmentVariableIsSet("WAYLAND_DISPLAY"))
         return false;
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const xcb_window_t root = rootOf(m_connection);
     const auto supported = xcbNumbers(m_connection, root, m_atoms["_NET_SUPPORTED"]);
     return std::find(supported.begin(), supported.end(), m_atoms["_KDE_NET_WM_SHADOW"]) == supported.end();
 }

@@ -1,4 +1,5 @@
 #include "X11DockWindow.h"
+#include "XcbRoot.h"
 
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
@@ -74,7 +75,7 @@ void X11DockWindow::takeFocus()
     request.type = m_atoms["_NET_ACTIVE_WINDOW"];
     request.data.data32[0] = forTheUser;
     request.data.data32[1] = XCB_CURRENT_TIME;
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    const xcb_window_t root = rootOf(m_connection);
     xcb_send_event(m_connection, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                    reinterpret_cast<const char*>(&request));
     xcb_flush(m_connection);

@@ -1,6 +1,7 @@
 #include "XcbClients.h"
 
 #include "XcbAtoms.h"
+#include "XcbRoot.h"
 
 #include <xcb/xcb.h>
 
@@ -24,7 +25,7 @@ bool isOwnWindow(xcb_connection_t* connection, std::uint32_t window)
 
 bool isWindowOfManager(xcb_connection_t* connection, std::uint32_t window)
 {
-    const auto root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    const auto root = rootOf(connection);
     const auto manager = xcbNumbers(connection, root, xcbAtom(connection, "_NET_SUPPORTING_WM_CHECK"));
     return !manager.empty() && haveSameMaker(connection, window, manager.front());
 }

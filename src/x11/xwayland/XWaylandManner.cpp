@@ -15,6 +15,7 @@
 #include "X11Pointer.h"
 #include "XWaylandPanelWindow.h"
 #include "XWaylandPointer.h"
+#include "XcbRoot.h"
 
 #include <QDrag>
 #include <QPointer>
@@ -48,7 +49,7 @@ public:
         , m_offers(server.connection)
         , m_drags(m_offers, m_queue)
         , m_pointer(m_drags)
-        , m_serverPointer(server.queries, xcb_setup_roots_iterator(xcb_get_setup(server.connection)).data->root)
+        , m_serverPointer(server.queries, rootOf(server.connection))
         , m_ownDrag(m_serverPointer, m_queue)
         , m_beginningDrag(m_serverPointer, m_queue)
         , m_cover(pixelBeyond(server.displays.frames()), server.connection, placing)
