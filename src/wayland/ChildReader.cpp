@@ -33,7 +33,6 @@ inline constexpr std::chrono::milliseconds timeToPassLocks{ 150 };
 /// A child process, which ends with this object at the latest.
 class Child final {
 public:
-    Child() = default;
     explicit Child(pid_t id)
         : m_id(id)
     {
@@ -63,7 +62,7 @@ public:
     }
 
 private:
-    pid_t m_id = -1;
+    pid_t m_id;
 };
 
 /// A child at work, and the pipe that it writes to.
