@@ -363,6 +363,7 @@ void SettingsWindowTest::theKeysThatAreBoundAreShownAndFollowed()
     const QLabel* keys = visibleLabel(QStringLiteral("Press <b>F12</b> or"));
     QVERIFY(keys);
     QCOMPARE(keys->accessibleName(), keys->text());
+    QVERIFY(keys->toolTip().contains(keys->text().toHtmlEscaped()));
     m_shortcuts->bound = QStringLiteral("many keys ").repeated(20);
     m_shortcuts->onChanged();
     QCOMPARE(window()->width(), 440);

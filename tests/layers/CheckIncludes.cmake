@@ -48,7 +48,7 @@ set(may_see_ui "ui/actions;ui/dragout;ui/header;ui/selection;ui/frame;ui/motion;
 set(may_see_app/language "")
 set(may_see_app/instance "disk;base")
 set(may_see_app/version "")
-set(may_see_app/settings "app/tray;app/version;platform;base")
+set(may_see_app/settings "app/tray;app/version;ui/style;platform;base")
 set(may_see_app/services "app/version;app/settings;drop;triggers;shelf;shelf/items;platform;base")
 set(may_see_app/shortcuts "platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")

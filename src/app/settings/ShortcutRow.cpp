@@ -4,6 +4,7 @@
 #include "GlobalShortcuts.h"
 #include "PlainLabel.h"
 #include "PlainText.h"
+#include "PlainToolTip.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -62,7 +63,7 @@ void ShortcutRow::showKeys()
     const QString text = keys.isEmpty() ? tr("⌃⌥⌘D") : keys;
     m_keys->setText(m_keys->fontMetrics().elidedText(text, Qt::ElideRight, widestKeys));
     m_keys->setAccessibleName(keys.isEmpty() ? tr("Control, Alt, Super and D") : keys);
-    m_keys->setToolTip(m_keys->accessibleName());
+    setPlainToolTip(*m_keys, m_keys->accessibleName());
 }
 
 } // namespace nookle
