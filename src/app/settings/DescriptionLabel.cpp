@@ -1,8 +1,10 @@
 #include "DescriptionLabel.h"
 
+#include "Colors.h"
 #include "PlainText.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QGuiApplication>
 #include <QStyle>
 
@@ -33,6 +35,7 @@ DescriptionLabel::DescriptionLabel(QWidget& control)
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
     setForegroundRole(QPalette::PlaceholderText);
+    useReadableColor();
     const int indent = textIndent(control);
     setContentsMargins(isRightToLeft() ? QMargins(0, 0, indent, 0) : QMargins(indent, 0, 0, 0));
 }
@@ -41,6 +44,26 @@ void DescriptionLabel::setDescription(const QString& text)
 {
     setText(breakable(text));
     m_control.setAccessibleDescription(text);
+}
+
+void DescriptionLabel::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        useReadableColor();
+}
+
+// Themes make hints so faint that a sentence is hard to read.
+void DescriptionLabel::useReadableColor()
+{
+    const QColor color = explanationColor(QGuiApplication::palette());
+    if (color == m_color)
+        return;
+    m_color = color;
+    // Nothing but this colour: the others go on following the desktop's.
+    QPalette own;
+    own.setColor(QPalette::PlaceholderText, color);
+    setPalette(own);
 }
 
 QString DescriptionLabel::shownPath(const QString& path)

@@ -1,10 +1,11 @@
 #pragma once
 
+#include <QColor>
 #include <QLabel>
 
 namespace nookle {
 
-/// A sentence below a control that explains it, in the secondary colour. Main thread only.
+/// A sentence below a control that explains it, in the colour of explanations. Main thread only.
 class DescriptionLabel final : public QLabel {
     Q_OBJECT
 
@@ -20,8 +21,14 @@ public:
     /// left.
     [[nodiscard]] static QString shownPath(const QString& path);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void useReadableColor();
+
     QWidget& m_control;
+    QColor m_color;
 };
 
 } // namespace nookle

@@ -1,5 +1,6 @@
 #include "LoginItemSection.h"
 
+#include "DescriptionLabel.h"
 #include "LaunchAtLogin.h"
 #include "LoginItem.h"
 #include "PlainLabel.h"
@@ -38,10 +39,9 @@ LoginItemSection::LoginItemSection(LoginItem& item)
     , m_approvalHint(new QWidget)
     , m_error(makeErrorLabel())
 {
-    auto* hint = makePlainLabel(tr("Allow Nookle under Login Items in System Settings."));
-    hint->setForegroundRole(QPalette::PlaceholderText);
-    hint->setWordWrap(true);
     auto* button = new QPushButton(tr("Open System Settings"));
+    auto* hint = new DescriptionLabel(*button);
+    hint->setDescription(tr("Allow Nookle under Login Items in System Settings."));
     connect(button, &QPushButton::clicked, this, [this] { m_item.openSystemSettings(); });
     auto* row = new QHBoxLayout(m_approvalHint);
     row->setContentsMargins({});

@@ -1,5 +1,7 @@
 #include "Colors.h"
 
+#include "Contrast.h"
+
 namespace nookle {
 
 namespace {
@@ -24,6 +26,14 @@ QColor primaryColor(const QPalette& palette)
 QColor secondaryColor(const QPalette& palette)
 {
     return faded(primaryColor(palette), secondaryOpacity);
+}
+
+QColor explanationColor(const QPalette& palette)
+{
+    // On the window itself a little more than is needed on the darker ground.
+    constexpr double leastContrast = 5;
+    return strengthened(palette.color(QPalette::PlaceholderText), primaryColor(palette),
+                        palette.color(QPalette::Window), leastContrast);
 }
 
 QColor quaternaryColor(const QPalette& palette)
