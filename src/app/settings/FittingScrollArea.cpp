@@ -16,42 +16,58 @@ FittingScrollArea::FittingScrollArea(QWidget* form)
     setWidget(form);
 }
 
-void FittingScrollArea::setLargestHeight(int height)
+void FittingScrollArea::setLargestSize(const QSize& size)
 {
-    m_largestHeight = height;
+    m_largest = size;
     updateGeometry();
+}
+
+QSize FittingScrollArea::formSize(int width) const
+{
+    const QSize whole = widget()->sizeHint();
+    if (whole.width() <= width)
+        return whole;
+    const int narrow = std::max(width, widget()->minimumSizeHint().width());
+    return { narrow, widget()->heightForWidth(narrow) };
 }
 
 QSize FittingScrollArea::sizeHint() const
 {
-    const QSize form = widget()->sizeHint();
+    QSize size = formSize(m_largest.width());
     // The bar takes its place beside the form, whose lines would break anew in a narrower one.
-    const bool isScrolled = form.height() > m_largestHeight;
-    const int bar = isScrolled ? verticalScrollBar()->sizeHint().width() : 0;
-    return { form.width() + bar, std::min(form.height(), m_largestHeight) };
+    if (size.height() > m_largest.height()) {
+        const int bar = verticalScrollBar()->sizeHint().width();
+        size = formSize(m_largest.width() - bar) + QSize(bar, 0);
+    }
+    if (size.width() > m_largest.width())
+        size.rheight() += horizontalScrollBar()->sizeHint().height();
+    return size.boundedTo(m_largest);
 }
 
 bool FittingScrollArea::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == widget() && event->type() == QEvent::LayoutRequest) {
         updateGeometry();
-        chooseBar();
+        chooseBars();
     }
     return QScrollArea::eventFilter(watched, event);
 }
 
 void FittingScrollArea::resizeEvent(QResizeEvent* event)
 {
-    chooseBar();
+    chooseBars();
     QScrollArea::resizeEvent(event);
 }
 
 // The base class keeps a bar once it has shown it, as it does before the window has its size: beside the bar more lines
 // break, and the form is too high for good.
-void FittingScrollArea::chooseBar()
+void FittingScrollArea::chooseBars()
 {
-    const bool isScrolled = height() < widget()->sizeHint().height();
+    const bool isScrolled = height() < formSize(width()).height();
+    const int bar = isScrolled ? verticalScrollBar()->sizeHint().width() : 0;
+    const bool isCut = width() - bar < widget()->minimumSizeHint().width();
     setVerticalScrollBarPolicy(isScrolled ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    setHorizontalScrollBarPolicy(isCut ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
 
 } // namespace nookle

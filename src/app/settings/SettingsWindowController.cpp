@@ -17,7 +17,7 @@ namespace nookle {
 namespace {
 
 /// What a window's title bar and frame take of a display, in most desktops less.
-inline constexpr int frameHeight = 40;
+inline constexpr QSize frameSize(12, 40);
 
 [[nodiscard]] QScreen& screenWithPointer()
 {
@@ -27,7 +27,7 @@ inline constexpr int frameHeight = 40;
 
 void centre(QDialog& window, const QScreen& screen)
 {
-    QRect frame(QPoint(), window.sizeHint() + QSize(0, frameHeight));
+    QRect frame(QPoint(), window.sizeHint() + QSize(0, frameSize.height()));
     frame.moveCenter(screen.availableGeometry().center());
     window.move(frame.topLeft());
 }
@@ -91,7 +91,7 @@ void SettingsWindowController::makeWindow()
 
 void SettingsWindowController::fitWindow(const QScreen& screen)
 {
-    m_form->setLargestHeight(screen.availableGeometry().height() - frameHeight);
+    m_form->setLargestSize(screen.availableGeometry().size() - frameSize);
 }
 
 } // namespace nookle

@@ -30,7 +30,7 @@ public:
 
 private:
     void makeWindow();
-    /// Lets the window be no higher than that display.
+    /// Lets the window be no larger than that display.
     void fitWindow(const QScreen& screen);
 
     AppSettings& m_settings;
