@@ -1,5 +1,7 @@
 #include "DesktopLook.h"
 
+#include "FontDescription.h"
+
 #include <QDBusArgument>
 
 #include <algorithm>
@@ -56,15 +58,8 @@ constexpr uint prefersLight = 2;
 /// The font of a description such as "Noto Sans 10". None if the size is missing or no size for a text.
 [[nodiscard]] std::optional<QFont> namedFont(const std::optional<QString>& description)
 {
-    if (!description)
-        return std::nullopt;
-    const qsizetype space = description->lastIndexOf(QLatin1Char(' '));
-    const double size = description->mid(space + 1).toDouble();
-    if (space <= 0 || !isForText(size))
-        return std::nullopt;
-    QFont font(description->left(space).trimmed());
-    font.setPointSizeF(size);
-    return font;
+    const std::optional<QFont> font = describedFont(description.value_or(QString()));
+    return font && isForText(font->pointSizeF()) ? font : std::nullopt;
 }
 
 // Desktops without a preference of their own have themes instead, whose dark ones say so in their names.

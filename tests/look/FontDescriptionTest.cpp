@@ -1,0 +1,74 @@
+#include "FontDescription.h"
+
+#include <QTest>
+
+using namespace nookle;
+
+class FontDescriptionTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void weightStyleAndWidthFollow_data();
+    void weightStyleAndWidthFollow();
+    void aDescriptionWithoutFamilyOrSizeIsNone_data();
+    void aDescriptionWithoutFamilyOrSizeIsNone();
+};
+
+void FontDescriptionTest::weightStyleAndWidthFollow_data()
+{
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<QStringList>("families");
+    QTest::addColumn<int>("weight");
+    QTest::addColumn<bool>("isItalic");
+    QTest::addColumn<int>("width");
+    QTest::addColumn<double>("size");
+    const auto row = [](const char* description, const QStringList& families, int weight, bool isItalic, int width,
+                        double size) {
+        QTest::newRow(description) << QString::fromLatin1(description) << families << weight << isItalic << width
+                                   << size;
+    };
+    const int usual = QFont().stretch();
+    row("Cantarell 11", { QStringLiteral("Cantarell") }, 400, false, usual, 11);
+    row("Cantarell Bold 11", { QStringLiteral("Cantarell") }, 700, false, usual, 11);
+    row("Noto Sans Light Italic 10", { QStringLiteral("Noto Sans") }, 300, true, usual, 10);
+    row("DejaVu Sans Semi-Bold Oblique 9.5", { QStringLiteral("DejaVu Sans") }, 600, true, usual, 9.5);
+    row("Ubuntu Medium 11", { QStringLiteral("Ubuntu") }, 500, false, usual, 11);
+    row("Noto Sans Bold Condensed 10", { QStringLiteral("Noto Sans") }, 700, false, QFont::Condensed, 10);
+    row("Sans Regular 10", { QStringLiteral("Sans") }, 400, false, usual, 10);
+    row("Inter, Cantarell Bold 11", { QStringLiteral("Inter"), QStringLiteral("Cantarell") }, 700, false, usual, 11);
+    // With a comma the word belongs to the family.
+    row("Arial Black, 10", { QStringLiteral("Arial Black") }, 400, false, usual, 10);
+    row("Arial Black, Bold 10", { QStringLiteral("Arial Black") }, 700, false, usual, 10);
+    // A word in the middle of a family is a part of it.
+    row("Bold Sans 10", { QStringLiteral("Bold Sans") }, 400, false, usual, 10);
+}
+
+void FontDescriptionTest::weightStyleAndWidthFollow()
+{
+    QFETCH(const QString, description);
+    const auto font = describedFont(description);
+    QVERIFY(font);
+    QTEST(font->families(), "families");
+    QTEST(int(font->weight()), "weight");
+    QTEST(font->style() != QFont::StyleNormal, "isItalic");
+    QTEST(font->stretch(), "width");
+    QTEST(font->pointSizeF(), "size");
+    // Bold texts can be made of it.
+    QVERIFY(font->styleName().isEmpty());
+}
+
+void FontDescriptionTest::aDescriptionWithoutFamilyOrSizeIsNone_data()
+{
+    QTest::addColumn<QString>("description");
+    for (const char* description : { "", "Cantarell", "11", "Bold 11", ", 11", "Cantarell 0", "Cantarell -3" })
+        QTest::newRow(description) << QString::fromLatin1(description);
+}
+
+void FontDescriptionTest::aDescriptionWithoutFamilyOrSizeIsNone()
+{
+    QFETCH(const QString, description);
+    QVERIFY(!describedFont(description));
+}
+
+QTEST_APPLESS_MAIN(FontDescriptionTest)
+#include "FontDescriptionTest.moc"
