@@ -1,7 +1,9 @@
 #include "FileIcon.h"
 
 #include "FileUrl.h"
+#include "ThemeDrawing.h"
 
+#include <QHash>
 #include <QMimeDatabase>
 #include <QSet>
 
@@ -20,18 +22,26 @@ public:
         if (QString theme = QIcon::themeName(); theme != m_theme) {
             m_theme = std::move(theme);
             m_missing.clear();
+            m_repaired.clear();
         }
         if (m_missing.contains(name))
             return {};
         QIcon found = QIcon::fromTheme(name);
-        if (found.isNull())
+        if (found.isNull()) {
             m_missing.insert(name);
-        return found;
+            return found;
+        }
+        auto drawing = m_repaired.find(name);
+        if (drawing == m_repaired.end())
+            drawing = m_repaired.insert(name, repairedDrawing(name));
+        return drawing->isNull() ? found : *drawing;
     }
 
 private:
     QString m_theme;
     QSet<QString> m_missing;
+    /// Null for those that need no repair.
+    QHash<QString, QIcon> m_repaired;
 };
 
 [[nodiscard]] QIcon themeIcon(const QString& name)
