@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTest>
@@ -66,6 +67,7 @@ private Q_SLOTS:
     void toolTipsHaveAFineEdgeOnTheirOwnGround();
     void toolTipsHaveTheProgramsColours();
     void textsThatAreNotAvailableAreDrawnOnce();
+    void buttonsLeaveRoomBesideTheirText();
     void anotherStyleThatWasChosenStays();
 };
 
@@ -160,6 +162,15 @@ void OutlinedStyleTest::textsThatAreNotAvailableAreDrawnOnce()
         }
     }
     QVERIFY(drawn > 0);
+}
+
+void OutlinedStyleTest::buttonsLeaveRoomBesideTheirText()
+{
+    QPushButton button(QStringLiteral("A button with some words"));
+    OutlinedStyle style;
+    button.setStyle(&style);
+    const int text = button.fontMetrics().horizontalAdvance(button.text());
+    QVERIFY(button.sizeHint().width() - text >= 16);
 }
 
 void OutlinedStyleTest::anotherStyleThatWasChosenStays()

@@ -85,6 +85,14 @@ int OutlinedStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, c
     return metric == PM_ToolTipLabelFrameWidth ? tipMargin : QProxyStyle::pixelMetric(metric, option, widget);
 }
 
+QSize OutlinedStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                                      const QWidget* widget) const
+{
+    constexpr QSize room(6, 0);
+    const QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    return type == CT_PushButton ? size + 2 * room : size;
+}
+
 int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                              QStyleHintReturn* returned) const
 {

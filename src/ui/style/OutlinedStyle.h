@@ -5,7 +5,8 @@
 namespace nookle {
 
 /// The toolkit's own style with edges that can be seen in dark colours too. It draws them darker than their ground, so
-/// that dark menus and check boxes have none. Tool tips get a fine edge and some room around their text. Texts that are
+/// that dark menus and check boxes have none. Tool tips get a fine edge, and they and buttons some room around
+/// their text. Texts that are
 /// not available are drawn once, and not a second time in a lighter colour below.
 class OutlinedStyle final : public QProxyStyle {
     Q_OBJECT
@@ -25,6 +26,8 @@ public:
                      const QWidget* widget = nullptr) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
                     const QWidget* widget = nullptr) const override;
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget = nullptr) const override;
     int styleHint(StyleHint hint, const QStyleOption* option = nullptr, const QWidget* widget = nullptr,
                   QStyleHintReturn* returned = nullptr) const override;
 };
