@@ -10,6 +10,7 @@ namespace nookle {
 namespace {
 
 inline constexpr double timeAway = 0.5;
+inline constexpr double timeBetweenLooks = 0.5;
 
 } // namespace
 
@@ -43,14 +44,23 @@ bool AbandonedMenu::eventFilter(QObject* watched, QEvent* event)
 void AbandonedMenu::shown(QWindow& window)
 {
     const bool isOfPanel = !window.transientParent() || window.transientParent() == &m_panel;
-    if (window.type() == Qt::Popup && isOfPanel)
-        m_menu = &window;
+    if (window.type() != Qt::Popup || !isOfPanel)
+        return;
+    m_menu = &window;
+    m_looking = m_queue.every(timeBetweenLooks, [this] { look(); });
 }
 
 void AbandonedMenu::hidden()
 {
     m_menu = nullptr;
     m_closing.reset();
+    m_looking.reset();
+}
+
+void AbandonedMenu::look()
+{
+    if (m_menu && m_entered && isPointerLost && isPointerLost(*m_menu))
+        pointerLeft();
 }
 
 // The panel may be left only after the menu has been entered.

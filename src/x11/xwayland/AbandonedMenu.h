@@ -25,6 +25,10 @@ public:
     /// Called before such a menu is closed. Set by the owner.
     std::function<void()> onAbandoned;
 
+    /// Asked now and then while `menu` is open: whether the pointer has left the menu and the panel, though nothing
+    /// told so. Set by the owner.
+    std::function<bool(const QWindow& menu)> isPointerLost;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -32,6 +36,7 @@ private:
     void hidden();
     void pointerEntered(QWindow& window);
     void pointerLeft();
+    void look();
     void closeMenu();
 
     QWindow& m_panel;
@@ -40,6 +45,7 @@ private:
     /// The one of the two that the pointer is over.
     QPointer<QWindow> m_entered;
     std::unique_ptr<Cancellable> m_closing;
+    std::unique_ptr<Cancellable> m_looking;
 };
 
 } // namespace nookle

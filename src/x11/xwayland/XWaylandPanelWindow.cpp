@@ -39,10 +39,12 @@ XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& servic
     , m_services(services)
     , m_dock(connection, static_cast<std::uint32_t>(window.winId()), placing)
     , m_space(connection, static_cast<std::uint32_t>(window.winId()))
+    , m_lostPointer(window, connection)
     , m_menu(window, services.queue)
     , m_animation([this](const QRectF& frame) { place(frame); })
 {
     m_window.installEventFilter(this);
+    m_menu.isPointerLost = [this](const QWindow& menu) { return m_lostPointer.isLostIn(menu); };
     m_menu.onAbandoned = [this] { m_isPointerElsewhere = true; };
     m_parking.setSingleShot(true);
     connect(&m_parking, &QTimer::timeout, this, &XWaylandPanelWindow::park);

@@ -2,6 +2,7 @@
 
 #include "AbandonedMenu.h"
 #include "FrameAnimation.h"
+#include "LostPointer.h"
 #include "PanelWindow.h"
 #include "X11DockWindow.h"
 #include "X11ReservedSpace.h"
@@ -85,6 +86,7 @@ private:
     Services m_services;
     X11DockWindow m_dock;
     X11ReservedSpace m_space;
+    LostPointer m_lostPointer;
     AbandonedMenu m_menu;
     FrameAnimation m_animation;
     QTimer m_parking;

@@ -40,12 +40,17 @@ std::unique_ptr<Hand> GnomeHand::tryTake(const QDBusConnection& bus)
     return hand;
 }
 
-QDBusMessage GnomeHand::tell(const QString& method, const QVariantList& arguments) const
+QDBusMessage GnomeHand::callOf(const QString& method, const QVariantList& arguments) const
 {
     QDBusMessage message =
         QDBusMessage::createMethodCall(service, m_session, service + QStringLiteral(".Session"), method);
     message.setArguments(arguments);
-    const QDBusMessage reply = m_bus.call(message);
+    return message;
+}
+
+QDBusMessage GnomeHand::tell(const QString& method, const QVariantList& arguments) const
+{
+    const QDBusMessage reply = m_bus.call(callOf(method, arguments));
     if (reply.type() == QDBusMessage::ErrorMessage)
         qWarning("%s fails: %s", qPrintable(method), qPrintable(reply.errorMessage()));
     return reply;
@@ -55,6 +60,13 @@ void GnomeHand::placePointer(const QPoint& point)
 {
     moveBy(point - m_place);
     m_place = point;
+}
+
+void GnomeHand::sendPointer(const QPoint& point)
+{
+    const QPoint way = point - m_place;
+    m_place = point;
+    m_bus.send(callOf(QStringLiteral("NotifyPointerMotionRelative"), { double(way.x()), double(way.y()) }));
 }
 
 void GnomeHand::moveBy(const QPoint& way) const

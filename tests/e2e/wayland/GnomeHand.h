@@ -18,6 +18,7 @@ public:
 
 protected:
     void placePointer(const QPoint& point) override;
+    void sendPointer(const QPoint& point) override;
     void pushButton(Button button, bool isDown) override;
     void pushKey(Key key, bool isDown) override;
     void scroll(double points, int notches) override;
@@ -25,6 +26,7 @@ protected:
 private:
     GnomeHand(const QDBusConnection& bus, QString session);
     void moveBy(const QPoint& way) const;
+    [[nodiscard]] QDBusMessage callOf(const QString& method, const QVariantList& arguments) const;
     [[nodiscard]] QDBusMessage tell(const QString& method, const QVariantList& arguments = {}) const;
 
     QDBusConnection m_bus;

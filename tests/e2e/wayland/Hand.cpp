@@ -31,6 +31,12 @@ void Hand::moveTo(const QPoint& point)
     }
 }
 
+void Hand::sendTo(const QPoint& point)
+{
+    m_position = point;
+    sendPointer(point);
+}
+
 void Hand::click(Button button)
 {
     press(button);

@@ -35,6 +35,8 @@ public:
 
     /// Moves the pointer there in steps, at a hand's pace.
     void moveTo(const QPoint& point);
+    /// Moves the pointer there in one step, and does not wait for the compositor.
+    void sendTo(const QPoint& point);
     void press(Button button = Button::left) { pushButton(button, true); }
     void release(Button button = Button::left) { pushButton(button, false); }
     void click(Button button = Button::left);
@@ -55,6 +57,8 @@ protected:
     virtual void placePointer(const QPoint& point) = 0;
     virtual void pushButton(Button button, bool isDown) = 0;
     virtual void pushKey(Key key, bool isDown) = 0;
+    /// The only one that may return before.
+    virtual void sendPointer(const QPoint& point) { placePointer(point); }
     /// A wheel's notch goes with the points that compositors take it for.
     virtual void scroll(double points, int notches) = 0;
 

@@ -35,6 +35,8 @@ private Q_SLOTS:
     void thePanelMayBeLeftAfterTheMenuWasEntered();
     void theMenuStaysWhileThePointerIsOverIt();
     void aMenuThatThePointerHasNotLeftStays();
+    void theMenuClosesWhenThePointerIsLost();
+    void nobodyIsAskedAboutAMenuThatThePointerHasLeft();
     void aMenuOfAnotherWindowStays();
     void anotherMenuHasTheWholeTime();
 
@@ -106,6 +108,39 @@ void AbandonedMenuTest::aMenuThatThePointerHasNotLeftStays()
 {
     m_queue.advance(60);
     QVERIFY(m_menu->isVisible());
+}
+
+void AbandonedMenuTest::theMenuClosesWhenThePointerIsLost()
+{
+    bool isLost = false;
+    const QWindow* asked = nullptr;
+    m_watch->isPointerLost = [&](const QWindow& menu) {
+        asked = &menu;
+        return isLost;
+    };
+    enter(*m_menu);
+    m_queue.advance(10);
+    QVERIFY(m_menu->isVisible());
+    QCOMPARE(asked, m_menu.get());
+    isLost = true;
+    m_queue.advance(1);
+    QVERIFY(!m_menu->isVisible());
+    asked = nullptr;
+    m_queue.advance(10);
+    QCOMPARE(asked, nullptr);
+}
+
+void AbandonedMenuTest::nobodyIsAskedAboutAMenuThatThePointerHasLeft()
+{
+    int asked = 0;
+    m_watch->isPointerLost = [&](const QWindow& /*menu*/) {
+        ++asked;
+        return true;
+    };
+    leave(*m_panel);
+    m_queue.advance(0.5);
+    QVERIFY(!m_menu->isVisible());
+    QCOMPARE(asked, 0);
 }
 
 void AbandonedMenuTest::aMenuOfAnotherWindowStays()
