@@ -2,12 +2,21 @@
 
 #include <QImage>
 
+class QPainter;
+class QRect;
+
 namespace nookle {
 
 /// The parts of the shadow of a panel that has round corners on its left and goes on beyond the screen's edge on its
 /// right. Lengths are in pixels. The colours are premultiplied with their opacity.
 struct ShadowPictures {
     explicit ShadowPictures(int cornerRadius);
+
+    /// How far the shadow of a panel with corners of that radius reaches beyond it.
+    [[nodiscard]] static int extentFor(int cornerRadius) { return 2 * cornerRadius; }
+
+    /// Draws the shadow around `panel`, which is given in pixels of the painter's device. Draws nothing on the panel.
+    void draw(QPainter& painter, const QRect& panel) const;
 
     /// How far the shadow reaches beyond the panel.
     int extent;

@@ -1,5 +1,7 @@
 #include "ShadowPictures.h"
 
+#include <QPainter>
+
 #include <algorithm>
 #include <cmath>
 
@@ -9,13 +11,6 @@ namespace {
 
 inline constexpr double opacity = 0.28;
 inline constexpr int edgeLength = 8;
-inline constexpr double radiiToShadow = 2;
-
-/// How far the shadow reaches beyond the panel, in pixels.
-[[nodiscard]] int extentFor(int cornerRadius)
-{
-    return static_cast<int>(std::lround(radiiToShadow * cornerRadius));
-}
 
 /// How far a pixel lies outside of a panel that begins at `extent` in both directions, and goes on to the right and
 /// downwards. Negative inside.
@@ -47,7 +42,7 @@ inline constexpr double radiiToShadow = 2;
 /// transparent.
 [[nodiscard]] QImage cornerPicture(int cornerRadius)
 {
-    const int extent = extentFor(cornerRadius);
+    const int extent = ShadowPictures::extentFor(cornerRadius);
     const int side = extent + cornerRadius + 1;
     QImage picture(side, side, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < side; ++y) {
@@ -71,6 +66,18 @@ ShadowPictures::ShadowPictures(int cornerRadius)
     left = picture.copy(0, last, extent, 1).scaled(extent, edgeLength);
     upperLeft = picture.copy(0, 0, last, last);
     lowerLeft = upperLeft.mirrored(false, true);
+}
+
+void ShadowPictures::draw(QPainter& painter, const QRect& panel) const
+{
+    const QRect around = panel.adjusted(-extent, -extent, 0, extent);
+    const int lower = around.bottom() + 1 - corner;
+    painter.drawImage(around.topLeft(), upperLeft);
+    painter.drawImage(QPoint(around.left(), lower), lowerLeft);
+    const int alongTop = around.width() - corner;
+    painter.drawImage(QRect(around.left() + corner, around.top(), alongTop, extent), above);
+    painter.drawImage(QRect(around.left() + corner, panel.bottom() + 1, alongTop, extent), below);
+    painter.drawImage(QRect(around.left(), around.top() + corner, extent, around.height() - 2 * corner), left);
 }
 
 } // namespace nookle
