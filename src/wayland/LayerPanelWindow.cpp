@@ -4,6 +4,7 @@
 #include "DragForwarding.h"
 #include "ScreenDisplays.h"
 #include "SeenPointer.h"
+#include "ShadowSurface.h"
 #include "StripWindow.h"
 
 #include <LayerShellQt/Window>
@@ -35,8 +36,9 @@ inline constexpr std::chrono::milliseconds timeToGiveTheKeyboard{ 300 };
 
 } // namespace
 
-LayerPanelWindow::LayerPanelWindow(QWindow& window, SeenPointer& pointer)
+LayerPanelWindow::LayerPanelWindow(QWindow& window, double cornerRadius, SeenPointer& pointer)
     : m_window(window)
+    , m_cornerRadius(cornerRadius)
     , m_pointer(pointer)
     , m_popups(window)
     , m_heldMouse(window, timeToGiveTheKeyboard)
@@ -80,7 +82,14 @@ void LayerPanelWindow::place(const QRectF& frame)
     m_frame = frame;
     m_resting = frame.translated(m_display.right() - frame.right(), 0);
     if (onContentMoved)
-        onContentMoved(std::max(0.0, frame.left() - m_resting.left()));
+        onContentMoved(contentOffset());
+    if (m_shadow)
+        m_shadow->slide(contentOffset());
+}
+
+double LayerPanelWindow::contentOffset() const
+{
+    return std::max(0.0, m_frame.left() - m_resting.left());
 }
 
 void LayerPanelWindow::orderFront()
@@ -89,7 +98,7 @@ void LayerPanelWindow::orderFront()
     if (!screen)
         return;
     if (m_window.isVisible() && m_window.screen() != screen)
-        m_window.setVisible(false);
+        hideWindow();
     const QRect resting = m_resting.toRect();
     auto* layer = Layer::get(&m_window);
     layer->setMargins(
@@ -100,13 +109,29 @@ void LayerPanelWindow::orderFront()
     QResizeEvent resized(resting.size(), m_window.size());
     QCoreApplication::sendEvent(&m_window, &resized);
     m_window.setVisible(true);
+    showShadow();
+}
+
+void LayerPanelWindow::showShadow()
+{
+    const QRectF& panel = m_resting;
+    const ShadowSurface::Room room{ qRound(panel.top() - m_display.top()),
+                                    qRound(m_display.bottom() - panel.bottom()) };
+    m_shadow = std::make_unique<ShadowSurface>(m_window, m_cornerRadius, room);
+    m_shadow->slide(contentOffset());
+}
+
+void LayerPanelWindow::hideWindow()
+{
+    m_shadow.reset();
+    m_window.setVisible(false);
 }
 
 void LayerPanelWindow::orderOut()
 {
     m_animation.stop();
     takeEdge();
-    m_window.setVisible(false);
+    hideWindow();
     m_afterDrop.stop();
     m_heldMouse.drop();
     m_isPointerInside = false;

@@ -8,24 +8,28 @@
 #include <QObject>
 #include <QTimer>
 
+#include <memory>
+
 class QDropEvent;
 class QWindow;
 
 namespace nookle {
 
 class SeenPointer;
+class ShadowSurface;
 
 /// The shelf's window as a layer surface at the right edge of a display. The compositor keeps it clear of the desktop's
 /// own panels. The window does not move: its content slides within it, because a surface that reaches beyond its
 /// display would be seen on the next one. While a drag is under way that came by a strip, the edge of the display
-/// belongs to that strip. The window takes the keyboard after a click, until the pointer has left it and its menu. Main
-/// thread only.
+/// belongs to that strip. Its shadow is drawn around it while it is shown. The window takes the keyboard after a click,
+/// until the pointer has left it and its menu. Main thread only.
 class LayerPanelWindow final : public QObject, public PanelWindow {
     Q_OBJECT
 
 public:
-    /// All arguments must outlive this object. `window` has been created but not shown.
-    LayerPanelWindow(QWindow& window, SeenPointer& pointer);
+    /// All arguments must outlive this object. `window` has been created but not shown. Its content has left corners of
+    /// the radius `cornerRadius`, in points.
+    LayerPanelWindow(QWindow& window, double cornerRadius, SeenPointer& pointer);
     ~LayerPanelWindow() override;
 
     void setFrame(const QRectF& frame) override;
@@ -51,6 +55,9 @@ public:
 private:
     void place(const QRectF& frame);
     void findDisplay(const QRectF& frame);
+    [[nodiscard]] double contentOffset() const;
+    void showShadow();
+    void hideWindow();
     /// Has the compositor send the keys here.
     void takeKeyboard();
     /// Has the compositor send the keys to the window that had them before.
@@ -63,6 +70,7 @@ private:
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
     QWindow& m_window;
+    double m_cornerRadius;
     SeenPointer& m_pointer;
     PopupPlacement m_popups;
     HeldMouse m_heldMouse;
@@ -78,6 +86,8 @@ private:
     QRectF m_resting;
     /// The full frame of the display that the panel belongs to.
     QRectF m_display;
+    /// Null while the window is hidden.
+    std::unique_ptr<ShadowSurface> m_shadow;
 };
 
 } // namespace nookle

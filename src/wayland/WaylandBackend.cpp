@@ -98,9 +98,9 @@ std::unique_ptr<DropPayload> WaylandBackend::dropPayload(const QMimeData& data)
 
 void WaylandBackend::offerDrag(std::shared_ptr<const DragPayload> /*payload*/) {}
 
-std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, double /*cornerRadius*/)
+std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, double cornerRadius)
 {
-    auto panel = std::make_unique<LayerPanelWindow>(window, *m_pointer);
+    auto panel = std::make_unique<LayerPanelWindow>(window, cornerRadius, *m_pointer);
     m_strips->onDragEvent = [panel = QPointer(panel.get())](QDropEvent& event, const QPointF& position) {
         if (panel)
             panel->handleDragElsewhere(event, position);

@@ -14,7 +14,7 @@ inline constexpr int rightEdge = WaylandDesktop::displaySize.width();
 inline constexpr int bottom = WaylandDesktop::displaySize.height();
 inline constexpr int panelWidth = 112;
 /// The panel's shadow ends there.
-inline constexpr int leftOfPanel = rightEdge - panelWidth - 16;
+inline constexpr int leftOfPanel = rightEdge - panelWidth - 24;
 inline constexpr QPoint atEdge(rightEdge - 1, WaylandDesktop::displaySize.height() / 2);
 
 /// What differs, as one rectangle.

@@ -10,6 +10,8 @@ namespace nookle::e2e {
 namespace {
 
 inline constexpr int panelWidth = 112;
+/// How far the panel's shadow reaches.
+inline constexpr int shadowWidth = 24;
 /// A row of the panel where it shows nothing, and no test has its pointer.
 inline constexpr int emptyRow = 600;
 
@@ -237,16 +239,17 @@ bool WaylandShelfDesktop::isPanelOut(int edge) const
 {
     if (!m_desktop->hasPictures())
         return true;
-    // Its left edge is not straight to the pixel.
+    // Its left edge is not straight to the pixel, and its shadow comes before it.
     constexpr int border = 6;
     const QImage row = m_desktop->picture(QRect(edge - panelWidth - border, emptyRow, panelWidth, 1));
-    return !row.isNull() && row.pixel(0, 0) != row.pixel(2 * border, 0);
+    return !row.isNull() && row.pixel(0, 0) != row.pixel(2 * border, 0)
+        && row.pixel(2 * border, 0) == row.pixel(row.width() - 1, 0);
 }
 
 bool WaylandShelfDesktop::isPanelGone(int edge) const
 {
     return !m_desktop->hasPictures()
-        || isPlain(m_desktop->picture(QRect(edge - panelWidth - 8, emptyRow, panelWidth + 8, 1)));
+        || isPlain(m_desktop->picture(QRect(edge - panelWidth - shadowWidth, emptyRow, panelWidth + shadowWidth, 1)));
 }
 
 bool WaylandShelfDesktop::isDropTarget() const
@@ -261,7 +264,7 @@ bool WaylandShelfDesktop::isDropTarget() const
 bool WaylandShelfDesktop::isMenuOpen() const
 {
     constexpr int width = 60;
-    const QRect beside(WaylandDesktop::displaySize.width() - panelWidth - width - 8, 100, width, 100);
+    const QRect beside(WaylandDesktop::displaySize.width() - panelWidth - shadowWidth - width, 100, width, 100);
     return !isPlain(m_desktop->picture(beside));
 }
 
