@@ -6,6 +6,7 @@
 #include <QSize>
 
 #include <cstdint>
+#include <vector>
 
 struct xcb_connection_t;
 
@@ -26,12 +27,19 @@ public:
     void reserve(const QRect& panel, const QRect& display);
     void release();
 
+    /// Has the window manager fit all windows to the reserved space once more. Call it an even number of times: each
+    /// second call takes back what the one before it has changed. What is reserved stays as it is.
+    void remind();
+
 private:
+    void tell();
     [[nodiscard]] QSize desktopSize() const;
 
     xcb_connection_t* m_connection;
     std::uint32_t m_window;
     XcbAtoms m_atoms;
+    std::vector<std::uint32_t> m_strut;
+    bool m_isMarked = false;
 };
 
 } // namespace nookle

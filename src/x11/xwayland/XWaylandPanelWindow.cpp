@@ -25,6 +25,10 @@ namespace {
 inline constexpr std::chrono::milliseconds timeToLoseTheFocus{ 100 };
 inline constexpr int mostFocusReturns = 3;
 
+/// An even number, after which all is as without them.
+inline constexpr int reminders = 4;
+inline constexpr std::chrono::milliseconds timeBetweenReminders{ 500 };
+
 /// More points than any panel is wide.
 inline constexpr double outOfSight = 10000;
 
@@ -48,6 +52,7 @@ XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& servic
     m_menu.onAbandoned = [this] { m_isPointerElsewhere = true; };
     m_parking.setSingleShot(true);
     connect(&m_parking, &QTimer::timeout, this, &XWaylandPanelWindow::park);
+    connect(&m_reminding, &QTimer::timeout, this, &XWaylandPanelWindow::remindOfSpace);
     m_afterDrop.setSingleShot(true);
     m_afterDrop.setInterval(timeToTellOfThePointer);
     connect(&m_afterDrop, &QTimer::timeout, this, [this] { m_services.pointer.leave(); });
@@ -143,10 +148,21 @@ void XWaylandPanelWindow::reserveSpace(const std::optional<QRectF>& frame)
         m_space.release();
         m_dock.setToolWindow(m_isShown);
     }
+    m_remindersLeft = reminders;
+    m_reminding.start(timeBetweenReminders);
     if (!m_isShown)
         return;
     m_dock.moveTo(pixelsFromPoints(m_resting, m_display));
     updateInputShape();
+}
+
+// GNOME Shell forgets to fit a maximised window of a Wayland program that answers to a change of its focus just then,
+// as it does after a click on the pin.
+void XWaylandPanelWindow::remindOfSpace()
+{
+    m_space.remind();
+    if (--m_remindersLeft == 0)
+        m_reminding.stop();
 }
 
 // Hiding the window for a moment makes the compositor give the focus to another window, if the panel has it.

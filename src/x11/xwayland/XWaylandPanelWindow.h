@@ -74,6 +74,7 @@ private:
     void moveContent();
     void setGeometry(const QRect& points);
     void updateInputShape();
+    void remindOfSpace();
     void giveFocusBack();
     void park();
     void handleDrag(const QDropEvent& event);
@@ -86,6 +87,8 @@ private:
     Services m_services;
     X11DockWindow m_dock;
     X11ReservedSpace m_space;
+    QTimer m_reminding;
+    int m_remindersLeft = 0;
     LostPointer m_lostPointer;
     AbandonedMenu m_menu;
     FrameAnimation m_animation;

@@ -167,10 +167,14 @@ bool WaylandShelfDesktop::beginDrag(const QStringList& peerArguments)
     return openPeer(peerArguments) && beginDragOfPeer();
 }
 
+bool WaylandShelfDesktop::openGtkSource()
+{
+    return openProgram(qEnvironmentVariable("NOOKLE_GTK_SOURCE"), { home("files/note one.txt"), home("result") });
+}
+
 bool WaylandShelfDesktop::beginDragFromGtk()
 {
-    return openProgram(qEnvironmentVariable("NOOKLE_GTK_SOURCE"), { home("files/note one.txt"), home("result") })
-        && beginDragOfPeer();
+    return openGtkSource() && beginDragOfPeer();
 }
 
 bool WaylandShelfDesktop::beginDragOfPeer()

@@ -53,6 +53,8 @@ protected:
     [[nodiscard]] bool openPeer(const QStringList& arguments);
     /// From now on the other programs are X11 programs.
     void runPeersOnX11();
+    /// Opens a window of GTK 4, off which the file "note one.txt" can be dragged, and brings the pointer there.
+    [[nodiscard]] bool openGtkSource();
     /// Opens a window of GTK 4, which takes `kind` of what is dropped.
     void openGtkTarget(const QString& kind);
     /// How often the other program has said that line.
