@@ -14,8 +14,11 @@ private Q_SLOTS:
     void cleanup();
 
     void thePinnedPanelFollowsItsDisplay();
+    void nothingOfTheShadowShowsOnTheNeighbour();
 
 private:
+    /// Shows the pinned panel on one of two displays.
+    [[nodiscard]] bool startPinned();
     /// Has sway run a command.
     [[nodiscard]] bool command(const QString& words);
     /// Whether the panel lies at that edge, seen in a row of the desktop. Independent of the display's scale.
@@ -53,12 +56,17 @@ bool WaylandDisplaysTest::isPanelAt(int edge, int row) const
         && colour(beside + border) == colour(panelWidth + beside - 1);
 }
 
+bool WaylandDisplaysTest::startPinned()
+{
+    if (!setUpDesktop(WaylandDesktop::Compositor::sway, 2))
+        return false;
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
+    return startShelf() && waitFor([this] { return isPanelAt(width) || isPanelAt(2 * width); });
+}
+
 void WaylandDisplaysTest::thePinnedPanelFollowsItsDisplay()
 {
-    QVERIFY(setUpDesktop(WaylandDesktop::Compositor::sway, 2));
-    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
-    QVERIFY(startShelf());
-    QVERIFY(waitFor([this] { return isPanelAt(width) || isPanelAt(2 * width); }));
+    QVERIFY(startPinned());
     const bool isFirst = isPanelAt(width);
     const QString display = isFirst ? QStringLiteral("HEADLESS-1") : QStringLiteral("HEADLESS-2");
     const int left = isFirst ? 0 : width;
@@ -72,6 +80,33 @@ void WaylandDisplaysTest::thePinnedPanelFollowsItsDisplay()
     QVERIFY(waitFor([&] { return isPanelAt(1600, 1800); }));
     QVERIFY(command(QStringLiteral("output %1 unplug").arg(display)));
     QVERIFY(waitFor([&] { return isPanelAt(isFirst ? 2 * width : width); }));
+}
+
+void WaylandDisplaysTest::nothingOfTheShadowShowsOnTheNeighbour()
+{
+    QVERIFY(startPinned());
+    const bool isFirst = isPanelAt(width);
+    const QString neighbour = isFirst ? QStringLiteral("HEADLESS-2") : QStringLiteral("HEADLESS-1");
+    const int edge = isFirst ? width : 2 * width;
+    QVERIFY(command(QStringLiteral("output %1 position %2 0").arg(neighbour).arg(edge)));
+    // Nothing is darker than the bare desktop.
+    m_peer = m_desktop->start(qEnvironmentVariable("NOOKLE_PEER"), { QStringLiteral("trash") });
+    const QRect beyond(edge, 0, 200, WaylandDesktop::displaySize.height());
+    QImage window;
+    QVERIFY(waitFor([&] {
+        if (!command(QStringLiteral("[app_id=\".*\"] move container to output %1").arg(neighbour)))
+            return false;
+        window = m_desktop->picture(beyond);
+        return !window.isNull() && qGray(window.pixel(100, 100)) > 0;
+    }));
+    QVERIFY(waitFor([&] { return isPanelAt(edge); }));
+    const auto isUntouched = [&] { return m_desktop->picture(beyond) == window; };
+    QVERIFY2(isUntouched(), "it shows at rest");
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY2(holdsFor(isUntouched, 600), "it shows while the panel goes");
+    QVERIFY(!isPanelAt(edge));
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY2(holdsFor(isUntouched, 600), "it shows while the panel comes");
 }
 
 QTEST_GUILESS_MAIN(WaylandDisplaysTest)
