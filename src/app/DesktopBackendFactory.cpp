@@ -3,6 +3,7 @@
 #include "LocalSocket.h"
 #include "NullBackend.h"
 #include "SessionShortcuts.h"
+#include "WindowScale.h"
 #include "X11Backend.h"
 #include "XWaylandManner.h"
 
@@ -84,10 +85,13 @@ std::variant<BackendChoice, Failure> selectDesktopBackend()
     return chooseBackend(lookAtSession());
 }
 
-int desktopWindowScale(DesktopKind kind)
+ToolkitScale desktopScale(DesktopKind kind)
 {
+    if (kind != DesktopKind::x11 && kind != DesktopKind::xwayland)
+        return {};
+    const ToolkitSettings::Values settings = X11Backend::publishedSettings();
     // In a Wayland session the compositor enlarges the windows of X11 programs.
-    return kind == DesktopKind::x11 ? X11Backend::windowScale() : 1;
+    return { kind == DesktopKind::x11 ? windowScale(settings) : 1, resolutionInstead(settings) };
 }
 
 std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind)

@@ -2,6 +2,7 @@
 
 #include "BackendChoice.h"
 #include "DesktopBackend.h"
+#include "ToolkitEnvironment.h"
 
 #include <memory>
 #include <variant>
@@ -12,9 +13,8 @@ namespace nookle {
 /// variable NOOKLE_BACKEND overrides the choice.
 [[nodiscard]] std::variant<BackendChoice, Failure> selectDesktopBackend();
 
-/// How many times larger windows are to be there than the toolkit would make them. Ask before the application object
-/// exists.
-[[nodiscard]] int desktopWindowScale(DesktopKind kind);
+/// What the toolkit is to be told about the size of windows there. Ask before the application object exists.
+[[nodiscard]] ToolkitScale desktopScale(DesktopKind kind);
 
 /// The backend for the display server that was chosen. Call it once the application object exists.
 [[nodiscard]] std::unique_ptr<DesktopBackend> makeDesktopBackend(DesktopKind kind);

@@ -7,11 +7,13 @@ namespace nookle {
 
 namespace {
 
+inline constexpr const char* resolution = "QT_FONT_DPI";
+
 /// Whether the user, or a part of the session, has told the toolkit about scaling.
 [[nodiscard]] bool isScaleGiven()
 {
     constexpr const char* names[] = { "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING",
-                                      "QT_USE_PHYSICAL_DPI", "QT_FONT_DPI" };
+                                      "QT_USE_PHYSICAL_DPI", resolution };
     return std::any_of(std::begin(names), std::end(names),
                        [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
 }
@@ -35,13 +37,15 @@ ToolkitEnvironment::Variable::~Variable()
 }
 
 // The GTK of the desktop's look would connect to the compositor by itself, and end the program with it at once.
-ToolkitEnvironment::ToolkitEnvironment(const BackendChoice& choice, int windowScale)
+ToolkitEnvironment::ToolkitEnvironment(const BackendChoice& choice, const ToolkitScale& scale)
     : m_platform("QT_QPA_PLATFORM", choice.toolkitPlatform())
 {
     if (choice.kind == DesktopKind::xwayland)
         m_gtkBackend.emplace("GDK_BACKEND", "x11");
-    if (windowScale > 1 && !isScaleGiven())
-        m_scale.emplace("QT_SCALE_FACTOR", QByteArray::number(windowScale));
+    if (scale.windows > 1 && !isScaleGiven())
+        m_scale.emplace("QT_SCALE_FACTOR", QByteArray::number(scale.windows));
+    if (scale.resolution && qEnvironmentVariableIsEmpty(resolution))
+        m_resolution.emplace(resolution, QByteArray::number(*scale.resolution));
 }
 
 ToolkitEnvironment::~ToolkitEnvironment() = default;

@@ -8,13 +8,20 @@
 
 namespace nookle {
 
+/// What the toolkit does not read by itself of the desktop's settings for the size of windows, or must not.
+struct ToolkitScale {
+    /// How many times larger windows are to be than the toolkit would make them.
+    int windows = 1;
+    /// In dots an inch, where the toolkit must not take the one of the desktop.
+    std::optional<int> resolution = {};
+};
+
 /// What the toolkit reads in the environment when it connects to the display, while this object exists. Programs that
 /// are started later must not inherit it.
 class ToolkitEnvironment final {
 public:
-    /// `windowScale` is how many times larger windows are to be than the toolkit would make them. The user's own
-    /// variables for the same come first.
-    explicit ToolkitEnvironment(const BackendChoice& choice, int windowScale = 1);
+    /// The user's own variables for the scale come first.
+    explicit ToolkitEnvironment(const BackendChoice& choice, const ToolkitScale& scale = {});
     ~ToolkitEnvironment();
     ToolkitEnvironment(const ToolkitEnvironment&) = delete;
     ToolkitEnvironment& operator=(const ToolkitEnvironment&) = delete;
@@ -36,6 +43,7 @@ private:
     Variable m_platform;
     std::optional<Variable> m_gtkBackend;
     std::optional<Variable> m_scale;
+    std::optional<Variable> m_resolution;
 };
 
 } // namespace nookle

@@ -124,8 +124,7 @@ int main(int argc, char* argv[])
     const auto& choice = std::get<nookle::BackendChoice>(selected);
     const nookle::StartReason reason = nookle::takeStartReason();
     nookle::outliveSessionBus();
-    std::optional<nookle::ToolkitEnvironment> environment(std::in_place, choice,
-                                                          nookle::desktopWindowScale(choice.kind));
+    std::optional<nookle::ToolkitEnvironment> environment(std::in_place, choice, nookle::desktopScale(choice.kind));
     QApplication application(argc, argv);
     environment.reset();
     describeApplication();

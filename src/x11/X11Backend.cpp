@@ -62,9 +62,9 @@ bool X11Backend::isServerRunning()
     return xcb_connection_has_error(connection.get()) == 0;
 }
 
-int X11Backend::windowScale()
+ToolkitSettings::Values X11Backend::publishedSettings()
 {
-    return x11WindowScale();
+    return publishedX11Settings();
 }
 
 X11Backend::X11Backend()

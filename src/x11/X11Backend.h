@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DesktopBackend.h"
+#include "ToolkitSettings.h"
 #include "X11Manner.h"
 #include "XcbConnection.h"
 
@@ -17,9 +18,8 @@ public:
     /// Whether the server that the environment names accepts a connection.
     [[nodiscard]] static bool isServerRunning();
 
-    /// How many times larger windows are to be there than the toolkit would make them. Works before the application
-    /// object exists.
-    [[nodiscard]] static int windowScale();
+    /// The settings for all toolkits there. Works before the application object exists.
+    [[nodiscard]] static ToolkitSettings::Values publishedSettings();
 
     /// For an X11 session. The application object must exist and run on X11.
     X11Backend();

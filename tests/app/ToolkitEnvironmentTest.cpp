@@ -14,6 +14,7 @@ private Q_SLOTS:
     void underXWaylandGtkKeepsToTheXServer();
     void whatWasSetBeforeIsBackAfterwards();
     void theToolkitIsToldOfLargerWindows();
+    void theToolkitIsToldOfAnotherResolution();
     void theUsersOwnScaleComesFirst_data();
     void theUsersOwnScaleComesFirst();
 };
@@ -62,17 +63,30 @@ void ToolkitEnvironmentTest::theToolkitIsToldOfLargerWindows()
 {
     const BackendChoice choice{ DesktopKind::x11, {} };
     {
-        const ToolkitEnvironment environment(choice, 2);
+        const ToolkitEnvironment environment(choice, { 2, {} });
         QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("2"));
     }
     {
-        const ToolkitEnvironment environment(choice, 1);
+        const ToolkitEnvironment environment(choice, { 1, {} });
         QVERIFY(!qEnvironmentVariableIsSet("QT_SCALE_FACTOR"));
     }
     // A variable without a value says nothing.
     qputenv("QT_SCALE_FACTOR", "");
-    const ToolkitEnvironment environment(choice, 2);
+    const ToolkitEnvironment environment(choice, { 2, {} });
     QCOMPARE(qgetenv("QT_SCALE_FACTOR"), QByteArray("2"));
+}
+
+void ToolkitEnvironmentTest::theToolkitIsToldOfAnotherResolution()
+{
+    const BackendChoice choice{ DesktopKind::x11, {} };
+    {
+        const ToolkitEnvironment environment(choice, { 1, 96 });
+        QCOMPARE(qgetenv("QT_FONT_DPI"), QByteArray("96"));
+    }
+    QVERIFY(!qEnvironmentVariableIsSet("QT_FONT_DPI"));
+    qputenv("QT_FONT_DPI", "120");
+    const ToolkitEnvironment environment(choice, { 1, 96 });
+    QCOMPARE(qgetenv("QT_FONT_DPI"), QByteArray("120"));
 }
 
 void ToolkitEnvironmentTest::theUsersOwnScaleComesFirst_data()
@@ -92,7 +106,7 @@ void ToolkitEnvironmentTest::theUsersOwnScaleComesFirst()
     QFETCH(const QByteArray, value);
     qputenv(name.constData(), value);
     const QByteArray before = qgetenv("QT_SCALE_FACTOR");
-    const ToolkitEnvironment environment(BackendChoice{ DesktopKind::x11, {} }, 2);
+    const ToolkitEnvironment environment(BackendChoice{ DesktopKind::x11, {} }, { 2, {} });
     QCOMPARE(qgetenv("QT_SCALE_FACTOR"), before);
     QCOMPARE(qgetenv(name.constData()), value);
 }

@@ -19,6 +19,7 @@ private Q_SLOTS:
 
     void thePanelIsAsLargeAsTheSettingsSay_data();
     void thePanelIsAsLargeAsTheSettingsSay();
+    void aResolutionThatNoDisplayHasIsNotTaken();
 
 private:
     std::unique_ptr<PublishedSettings> m_settings;
@@ -78,6 +79,15 @@ void LargeWindowsEndToEndTest::thePanelIsAsLargeAsTheSettingsSay()
     QVERIFY(waitFor(
         [&] { return screen().window("nookle", panelWidth * scale)->frame.right() == screen().geometry().right(); }));
     QCOMPARE(panel->frame.height(), screen().geometry().height() - 2 * 24 * scale);
+}
+
+// The server ends the connection of a program that makes windows of that size.
+void LargeWindowsEndToEndTest::aResolutionThatNoDisplayHasIsNotTaken()
+{
+    constexpr int impossible = 9600;
+    m_settings->publish({ { "Xft/DPI", impossible * dpi } });
+    QVERIFY(m_shelf->start());
+    QVERIFY(waitFor([&] { return screen().window("nookle", panelWidth).has_value(); }));
 }
 
 QTEST_GUILESS_MAIN(LargeWindowsEndToEndTest)

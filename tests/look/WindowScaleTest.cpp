@@ -10,6 +10,8 @@ class WindowScaleTest : public QObject {
 private Q_SLOTS:
     void whatTheResolutionDoesNotSayIsLeft_data();
     void whatTheResolutionDoesNotSayIsLeft();
+    void aResolutionThatNoDisplayHasIsNotTaken_data();
+    void aResolutionThatNoDisplayHasIsNotTaken();
 };
 
 void WindowScaleTest::whatTheResolutionDoesNotSayIsLeft_data()
@@ -37,6 +39,33 @@ void WindowScaleTest::whatTheResolutionDoesNotSayIsLeft()
 {
     QFETCH(const ToolkitSettings::Values, settings);
     QTEST(windowScale(settings), "scale");
+}
+
+void WindowScaleTest::aResolutionThatNoDisplayHasIsNotTaken_data()
+{
+    constexpr int dpi = 1024;
+    QTest::addColumn<QVariant>("setting");
+    QTest::addColumn<bool>("isTaken");
+    QTest::newRow("none") << QVariant() << true;
+    QTest::newRow("usual") << QVariant(96 * dpi) << true;
+    QTest::newRow("large texts") << QVariant(120 * dpi + 512) << true;
+    QTest::newRow("half") << QVariant(48 * dpi) << true;
+    QTest::newRow("eight times") << QVariant(8 * 96 * dpi) << true;
+    QTest::newRow("beyond") << QVariant(8 * 96 * dpi + dpi) << false;
+    QTest::newRow("in whole dots") << QVariant(9600) << false;
+    QTest::newRow("zero") << QVariant(0) << false;
+    QTest::newRow("negative") << QVariant(-96 * dpi) << false;
+    QTest::newRow("no number") << QVariant(QStringLiteral("large")) << true;
+}
+
+void WindowScaleTest::aResolutionThatNoDisplayHasIsNotTaken()
+{
+    QFETCH(const QVariant, setting);
+    QFETCH(const bool, isTaken);
+    ToolkitSettings::Values settings;
+    if (setting.isValid())
+        settings.insert("Xft/DPI", setting);
+    QCOMPARE(resolutionInstead(settings), isTaken ? std::nullopt : std::optional(96));
 }
 
 QTEST_APPLESS_MAIN(WindowScaleTest)

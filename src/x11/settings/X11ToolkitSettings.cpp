@@ -1,6 +1,5 @@
 #include "X11ToolkitSettings.h"
 
-#include "WindowScale.h"
 #include "XSettingsText.h"
 #include "XcbConnection.h"
 #include "XcbReply.h"
@@ -42,11 +41,11 @@ inline constexpr std::uint32_t largest = 64 * 1024;
 
 } // namespace
 
-int x11WindowScale()
+ToolkitSettings::Values publishedX11Settings()
 {
     const XcbConnection connection(xcb_connect(nullptr, nullptr));
     const XcbAtoms atoms(connection.get(), { selection, property });
-    return windowScale(settingsOf(connection.get(), ownerOf(connection.get(), atoms[selection]), atoms[property]));
+    return settingsOf(connection.get(), ownerOf(connection.get(), atoms[selection]), atoms[property]);
 }
 
 X11ToolkitSettings::X11ToolkitSettings(xcb_connection_t* connection)

@@ -12,9 +12,8 @@ struct xcb_connection_t;
 
 namespace nookle {
 
-/// How many times larger windows are to be than the toolkit would make them, as the settings of the X server say that
-/// the environment names. For before the toolkit has a connection.
-[[nodiscard]] int x11WindowScale();
+/// The settings on the X server that the environment names. For before the toolkit has a connection.
+[[nodiscard]] ToolkitSettings::Values publishedX11Settings();
 
 /// The settings that the owner of the settings selection publishes, in most desktops a part of the session. Follows
 /// their changes, and a program that takes over.
