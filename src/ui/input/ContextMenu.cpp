@@ -2,9 +2,28 @@
 
 #include "PlainText.h"
 
+#include <QApplication>
 #include <QMenu>
+#include <QWindow>
 
 namespace nookle {
+
+namespace {
+
+/// The desktop may give the panel the focus after the click on it has opened a menu. The toolkit ignores that while the
+/// menu is open, and would take the window for inactive until the focus has been elsewhere.
+void noticeFocus()
+{
+    const QWindow* focused = QGuiApplication::focusWindow();
+    if (!focused || QApplication::activePopupWidget())
+        return;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->windowHandle() == focused && QApplication::activeWindow() != window)
+            QApplication::setActiveWindow(window);
+    }
+}
+
+} // namespace
 
 std::unique_ptr<QMenu> makeContextMenu(const MenuActions& actions)
 {
@@ -36,6 +55,7 @@ void openContextMenu(std::unique_ptr<QMenu> menu, const QPoint& globalPosition,
         QObject::connect(menu.get(), &QMenu::aboutToHide, menu.get(), [onOpenChanged] { onOpenChanged(false); });
     }
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(menu.get(), &QObject::destroyed, qApp, &noticeFocus);
     menu.release()->popup(globalPosition);
 }
 
