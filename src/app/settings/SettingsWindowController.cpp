@@ -27,6 +27,9 @@ inline constexpr QSize frameSize(12, 40);
 
 void centre(QDialog& window, const QScreen& screen)
 {
+    // A window that gets its size after its place is placed without its frame, whose title may then lie above the
+    // display.
+    window.adjustSize();
     QRect frame(QPoint(), window.sizeHint() + QSize(0, frameSize.height()));
     frame.moveCenter(screen.availableGeometry().center());
     window.move(frame.topLeft());
