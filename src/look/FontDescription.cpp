@@ -72,6 +72,23 @@ using StyleWord = std::function<void(QFont&)>;
     return styleWords().value(word.remove(QLatin1Char('-')).toLower());
 }
 
+/// At the usual resolution.
+inline constexpr double pointsToPixel = 72.0 / 96;
+
+[[nodiscard]] QLatin1String pixelUnit()
+{
+    return QLatin1String("px");
+}
+
+/// The words without those at the end for the axes and features of a font, which the toolkit does not know.
+[[nodiscard]] QStringList wordsOf(const QString& description)
+{
+    QStringList words = description.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    while (!words.isEmpty() && (words.constLast().startsWith(u'@') || words.constLast().startsWith(u'#')))
+        words.removeLast();
+    return words;
+}
+
 /// The names between commas.
 [[nodiscard]] QStringList families(const QString& list)
 {
@@ -87,13 +104,18 @@ using StyleWord = std::function<void(QFont&)>;
 
 std::optional<QFont> describedFont(const QString& description)
 {
-    QStringList words = description.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QStringList words = wordsOf(description);
     if (words.isEmpty())
         return std::nullopt;
-    const double size = words.takeLast().toDouble();
+    QString sizeWord = words.takeLast();
+    const bool isInPixels = sizeWord.endsWith(pixelUnit());
+    if (isInPixels)
+        sizeWord.chop(pixelUnit().size());
+    const double size = sizeWord.toDouble();
     if (!(size > 0))
         return std::nullopt;
-    QFont font;
+    // Not the default font, which has the style of the one before.
+    QFont font{ QString() };
     // Words for the style stand behind the families. A comma ends these, so that a family may end with such a word.
     while (!words.isEmpty()) {
         const StyleWord apply = styleWord(words.constLast());
@@ -106,7 +128,7 @@ std::optional<QFont> describedFont(const QString& description)
     if (names.isEmpty())
         return std::nullopt;
     font.setFamilies(names);
-    font.setPointSizeF(size);
+    font.setPointSizeF(isInPixels ? size * pointsToPixel : size);
     return font;
 }
 

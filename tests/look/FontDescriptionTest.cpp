@@ -1,5 +1,6 @@
 #include "FontDescription.h"
 
+#include <QGuiApplication>
 #include <QTest>
 
 using namespace nookle;
@@ -10,6 +11,7 @@ class FontDescriptionTest : public QObject {
 private Q_SLOTS:
     void weightStyleAndWidthFollow_data();
     void weightStyleAndWidthFollow();
+    void theStyleOfTheFontBeforeIsForgotten();
     void aDescriptionWithoutFamilyOrSizeIsNone_data();
     void aDescriptionWithoutFamilyOrSizeIsNone();
 };
@@ -27,7 +29,7 @@ void FontDescriptionTest::weightStyleAndWidthFollow_data()
         QTest::newRow(description) << QString::fromLatin1(description) << families << weight << isItalic << width
                                    << size;
     };
-    const int usual = QFont().stretch();
+    const int usual = QFont::AnyStretch;
     row("Cantarell 11", { QStringLiteral("Cantarell") }, 400, false, usual, 11);
     row("Cantarell Bold 11", { QStringLiteral("Cantarell") }, 700, false, usual, 11);
     row("Noto Sans Light Italic 10", { QStringLiteral("Noto Sans") }, 300, true, usual, 10);
@@ -39,6 +41,9 @@ void FontDescriptionTest::weightStyleAndWidthFollow_data()
     // With a comma the word belongs to the family.
     row("Arial Black, 10", { QStringLiteral("Arial Black") }, 400, false, usual, 10);
     row("Arial Black, Bold 10", { QStringLiteral("Arial Black") }, 700, false, usual, 10);
+    row("Cantarell Bold 11 @wght=650", { QStringLiteral("Cantarell") }, 700, false, usual, 11);
+    row("Cantarell 11 #tnum=1 @opsz=9", { QStringLiteral("Cantarell") }, 400, false, usual, 11);
+    row("Cantarell Bold 14px", { QStringLiteral("Cantarell") }, 700, false, usual, 10.5);
     // A word in the middle of a family is a part of it.
     row("Bold Sans 10", { QStringLiteral("Bold Sans") }, 400, false, usual, 10);
 }
@@ -57,10 +62,26 @@ void FontDescriptionTest::weightStyleAndWidthFollow()
     QVERIFY(font->styleName().isEmpty());
 }
 
+void FontDescriptionTest::theStyleOfTheFontBeforeIsForgotten()
+{
+    const QFont before = QGuiApplication::font();
+    const auto bold = describedFont(QStringLiteral("Cantarell Bold Italic Condensed 11"));
+    QVERIFY(bold);
+    QGuiApplication::setFont(*bold);
+    const auto plain = describedFont(QStringLiteral("Cantarell 11"));
+    QGuiApplication::setFont(before);
+    QVERIFY(plain);
+    QCOMPARE(int(plain->weight()), int(QFont::Normal));
+    QCOMPARE(plain->style(), QFont::StyleNormal);
+    QCOMPARE(plain->stretch(), int(QFont::AnyStretch));
+    QVERIFY(*plain != *bold);
+}
+
 void FontDescriptionTest::aDescriptionWithoutFamilyOrSizeIsNone_data()
 {
     QTest::addColumn<QString>("description");
-    for (const char* description : { "", "Cantarell", "11", "Bold 11", ", 11", "Cantarell 0", "Cantarell -3" })
+    for (const char* description : { "", "Cantarell", "11", "Bold 11", ", 11", "Cantarell 0", "Cantarell -3", "14px",
+                                     "Cantarell px", "@wght=650" })
         QTest::newRow(description) << QString::fromLatin1(description);
 }
 
@@ -70,5 +91,5 @@ void FontDescriptionTest::aDescriptionWithoutFamilyOrSizeIsNone()
     QVERIFY(!describedFont(description));
 }
 
-QTEST_APPLESS_MAIN(FontDescriptionTest)
+QTEST_MAIN(FontDescriptionTest)
 #include "FontDescriptionTest.moc"
