@@ -22,6 +22,7 @@ private Q_SLOTS:
     void whatCutsOthersOffIsNotSeen();
 
 private:
+    void makeTheme(const QString& name, const QByteArray& keys) const;
     void makeDrawing(const QString& name, const QByteArray& content) const;
 
     QTemporaryDir m_folder;
@@ -46,17 +47,23 @@ constexpr const char* clipped = R"svg(<g clip-path="url(#c)"><path d="m 48 48 h 
 void ThemeDrawingTest::initTestCase()
 {
     QVERIFY(m_folder.isValid());
-    QDir(m_folder.path()).mkpath(QStringLiteral("drawn/scalable/mimetypes"));
-    QFile index(m_folder.filePath(QStringLiteral("drawn/index.theme")));
-    QVERIFY(index.open(QIODevice::WriteOnly));
-    index.write("[Icon Theme]\nName=drawn\nDirectories=scalable/mimetypes\n[scalable/mimetypes]\nSize=128\n"
-                "MinSize=8\nMaxSize=512\nType=Scalable\n");
-    index.close();
+    makeTheme(
+        QStringLiteral("drawn"),
+        "Directories=scalable/mimetypes\n[scalable/mimetypes]\nSize=128\nMinSize=8\nMaxSize=512\nType=Scalable\n");
+    makeTheme(QStringLiteral("inheriting"), "Inherits=drawn,hicolor\nDirectories=48x48/apps\n[48x48/apps]\nSize=48\n");
     makeDrawing(QStringLiteral("text-x-generic"), drawing(square));
     makeDrawing(QStringLiteral("package-x-generic"), drawing(QByteArray(clip) + square + clipped));
     makeDrawing(QStringLiteral("audio-x-generic"), drawing("<defs>" + QByteArray(clip) + "</defs>" + square + clipped));
     QIcon::setThemeSearchPaths({ m_folder.path() });
-    QIcon::setThemeName(QStringLiteral("drawn"));
+    QIcon::setFallbackThemeName(QStringLiteral("drawn"));
+}
+
+void ThemeDrawingTest::makeTheme(const QString& name, const QByteArray& keys) const
+{
+    QVERIFY(QDir(m_folder.path()).mkpath(name + QStringLiteral("/scalable/mimetypes")));
+    QFile index(m_folder.filePath(name + QStringLiteral("/index.theme")));
+    QVERIFY(index.open(QIODevice::WriteOnly));
+    index.write("[Icon Theme]\nName=" + name.toUtf8() + '\n' + keys);
 }
 
 void ThemeDrawingTest::makeDrawing(const QString& name, const QByteArray& content) const
@@ -68,15 +75,23 @@ void ThemeDrawingTest::makeDrawing(const QString& name, const QByteArray& conten
 
 void ThemeDrawingTest::whatCutsOthersOffIsNotSeen_data()
 {
+    QTest::addColumn<QString>("theme");
     QTest::addColumn<QString>("file");
-    QTest::newRow("nothing is cut off") << QStringLiteral("a.txt");
-    QTest::newRow("by a shape of its own") << QStringLiteral("a.zip");
-    QTest::newRow("by a shape among the definitions") << QStringLiteral("a.mp3");
+    for (const char* theme : { "drawn", "inheriting", "hicolor", "not installed" }) {
+        const auto row = [theme](const char* name, const char* file) {
+            QTest::addRow("%s: %s", theme, name) << QString::fromLatin1(theme) << QString::fromLatin1(file);
+        };
+        row("nothing is cut off", "a.txt");
+        row("by a shape of its own", "a.zip");
+        row("by a shape among the definitions", "a.mp3");
+    }
 }
 
 void ThemeDrawingTest::whatCutsOthersOffIsNotSeen()
 {
+    QFETCH(const QString, theme);
     QFETCH(const QString, file);
+    QIcon::setThemeName(theme);
     const QIcon icon = fileIcon(QUrl(QStringLiteral("file:///") + file), false);
     for (const int side : { 52, 104 }) {
         const QImage picture = iconPicture(icon, side).toImage();

@@ -21,6 +21,7 @@ public:
     {
         if (QString theme = QIcon::themeName(); theme != m_theme) {
             m_theme = std::move(theme);
+            m_themeOfFileTypes = themeOfFileTypes();
             m_missing.clear();
             m_repaired.clear();
         }
@@ -33,12 +34,13 @@ public:
         }
         auto drawing = m_repaired.find(name);
         if (drawing == m_repaired.end())
-            drawing = m_repaired.insert(name, repairedDrawing(name));
+            drawing = m_repaired.insert(name, repairedDrawing(m_themeOfFileTypes, name));
         return drawing->isNull() ? found : *drawing;
     }
 
 private:
     QString m_theme;
+    QString m_themeOfFileTypes;
     QSet<QString> m_missing;
     /// Null for those that need no repair.
     QHash<QString, QIcon> m_repaired;
