@@ -63,9 +63,12 @@ void FittingScrollArea::resizeEvent(QResizeEvent* event)
 // break, and the form is too high for good.
 void FittingScrollArea::chooseBars()
 {
-    const bool isScrolled = height() < formSize(width()).height();
-    const int bar = isScrolled ? verticalScrollBar()->sizeHint().width() : 0;
-    const bool isCut = width() - bar < widget()->minimumSizeHint().width();
+    const int leastWidth = widget()->minimumSizeHint().width();
+    const bool isTooWide = width() < leastWidth;
+    const int below = isTooWide ? horizontalScrollBar()->sizeHint().height() : 0;
+    const bool isScrolled = height() - below < formSize(width()).height();
+    const int beside = isScrolled ? verticalScrollBar()->sizeHint().width() : 0;
+    const bool isCut = width() - beside < leastWidth;
     setVerticalScrollBarPolicy(isScrolled ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
     setHorizontalScrollBarPolicy(isCut ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
 }
