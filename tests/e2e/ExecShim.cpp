@@ -52,7 +52,8 @@ public:
     }
 
 private:
-    std::array<char, 16384> m_bytes;
+    /// More than one argument may have.
+    std::array<char, 256 * 1024> m_bytes;
     std::size_t m_size = 0;
     bool m_fits = true;
 };
@@ -74,7 +75,7 @@ void record(const char* program, char* const* arguments)
         words.append(arguments[argument]);
     const int file = ::open(path, O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
     if (file < 0 || !words.write(file))
-        std::perror("EXEC_RECORD");
+        ::abort();
     ::close(file);
 }
 
