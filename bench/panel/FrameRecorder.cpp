@@ -35,6 +35,7 @@ void FrameRecorder::clear()
     m_frames.clear();
     m_moves.clear();
     m_layouts = 0;
+    m_busy = {};
 }
 
 bool FrameRecorder::waitForFrames(std::size_t count)
@@ -57,12 +58,18 @@ void FrameRecorder::run(std::chrono::milliseconds time)
 // A frame is what one event from the outside makes the widgets paint.
 bool FrameRecorder::notify(QObject* receiver, QEvent* event)
 {
+    const bool isOutermost = m_depth == 0;
+    const Moment start = isOutermost ? Moment::now() : Moment();
     ++m_depth;
     record(*receiver, *event);
     const bool isHandled = QApplication::notify(receiver, event);
     --m_depth;
-    if (m_depth == 0 && std::exchange(m_isPainting, false))
-        m_frames.push_back(Moment::now());
+    if (!isOutermost)
+        return isHandled;
+    const Moment end = Moment::now();
+    m_busy += end.clock - start.clock;
+    if (std::exchange(m_isPainting, false))
+        m_frames.push_back(end);
     return isHandled;
 }
 

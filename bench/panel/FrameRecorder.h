@@ -28,6 +28,8 @@ public:
     [[nodiscard]] const std::vector<Moment>& moves() const { return m_moves; }
     /// How often widgets were laid out or had their size changed.
     [[nodiscard]] int layouts() const { return m_layouts; }
+    /// How long the main thread has handled events, by the clock.
+    [[nodiscard]] std::chrono::nanoseconds busy() const { return m_busy; }
 
     /// Forgets what was written down.
     void clear();
@@ -47,6 +49,7 @@ private:
     std::vector<Moment> m_frames;
     std::vector<Moment> m_moves;
     int m_layouts = 0;
+    std::chrono::nanoseconds m_busy{};
 };
 
 } // namespace nookle::bench

@@ -69,8 +69,8 @@ public:
         return true;
     }
 
-    /// A turn of the wheel at a time, from the first item downwards. The list glides after each: what counts is the
-    /// processor time that the main thread takes up to the next frame, and not the wait for its moment.
+    /// A turn of the wheel at a time, from the first item downwards. The list glides after each: what counts is how
+    /// long the main thread is busy up to the end of the next frame, and not the wait for its moment.
     [[nodiscard]] bool scroll()
     {
         constexpr int turns = 600;
@@ -81,11 +81,10 @@ public:
             if (turn == turns / 6)
                 memoryAtFirst = proportionalMemory(QCoreApplication::applicationPid());
             m_recorder.clear();
-            const Moment start = Moment::now();
             turnWheel(*list);
             if (!m_recorder.waitForFrames(1))
                 return false;
-            longest = std::max(longest, milliseconds(m_recorder.frames().front().processor - start.processor));
+            longest = std::max(longest, milliseconds(m_recorder.busy()));
         }
         const qint64 memoryAtLast = proportionalMemory(QCoreApplication::applicationPid());
         figures.insert(QLatin1String("scroll"), longest);
