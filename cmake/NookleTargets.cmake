@@ -72,7 +72,7 @@ function(nookle_layer name)
     target_link_libraries(${name} PUBLIC ${ARG_LINKS} PRIVATE nookle_options)
     # A release need not clean up after exceptions: Qt and this program throw none. Files that catch those of the standard
     # library say so.
-    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-fno-exceptions>)
+    target_compile_options(${name} PRIVATE $<$<CONFIG:Release>:-fno-exceptions -fno-asynchronous-unwind-tables>)
     # Not in the tests' own code, whose compiling it would make half as long again.
     if(NOOKLE_SANITIZE)
         target_compile_options(${name} PRIVATE -fsanitize=undefined -fno-sanitize-recover=undefined)
