@@ -48,6 +48,11 @@ LayerPanelWindow::LayerPanelWindow(QWindow& window, double cornerRadius, SeenPoi
     m_afterDrop.setSingleShot(true);
     m_afterDrop.setInterval(timeToTellOfThePointer);
     connect(&m_afterDrop, &QTimer::timeout, this, [this] { m_pointer.leave(); });
+    // Comes before the window is hidden. The compositor may close it, too.
+    connect(&m_window, &QWindow::visibleChanged, this, [this](bool isVisible) {
+        if (!isVisible)
+            m_shadow.reset();
+    });
     m_popups.onMenuClosed = [this] { pointerIsDone(); };
     auto* layer = Layer::get(&m_window);
     layer->setScope(QStringLiteral("nookle"));
@@ -98,7 +103,7 @@ void LayerPanelWindow::orderFront()
     if (!screen)
         return;
     if (m_window.isVisible() && m_window.screen() != screen)
-        hideWindow();
+        m_window.setVisible(false);
     const QRect resting = m_resting.toRect();
     auto* layer = Layer::get(&m_window);
     layer->setMargins(
@@ -117,21 +122,17 @@ void LayerPanelWindow::showShadow()
     const QRectF& panel = m_resting;
     const ShadowSurface::Room room{ qRound(panel.top() - m_display.top()),
                                     qRound(m_display.bottom() - panel.bottom()) };
-    m_shadow = std::make_unique<ShadowSurface>(m_window, m_cornerRadius, room);
+    // One that is replaced is not seen for a moment.
+    if (!m_shadow || m_shadow->room() != room)
+        m_shadow = std::make_unique<ShadowSurface>(m_window, m_cornerRadius, room);
     m_shadow->slide(contentOffset());
-}
-
-void LayerPanelWindow::hideWindow()
-{
-    m_shadow.reset();
-    m_window.setVisible(false);
 }
 
 void LayerPanelWindow::orderOut()
 {
     m_animation.stop();
     takeEdge();
-    hideWindow();
+    m_window.setVisible(false);
     m_afterDrop.stop();
     m_heldMouse.drop();
     m_isPointerInside = false;

@@ -57,7 +57,6 @@ private:
     void findDisplay(const QRectF& frame);
     [[nodiscard]] double contentOffset() const;
     void showShadow();
-    void hideWindow();
     /// Has the compositor send the keys here.
     void takeKeyboard();
     /// Has the compositor send the keys to the window that had them before.

@@ -12,6 +12,7 @@ ShadowSurface::ShadowSurface(QWindow& panel, double cornerRadius, const Room& ro
     : QRasterWindow(&panel)
     , m_panel(panel)
     , m_cornerRadius(cornerRadius)
+    , m_room(room)
     , m_left(ShadowPictures::extentFor(qRound(cornerRadius)))
     , m_above(std::min(m_left, room.above))
     , m_below(std::min(m_left, room.below))

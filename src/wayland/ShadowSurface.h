@@ -15,12 +15,16 @@ public:
     struct Room {
         int above;
         int below;
+
+        [[nodiscard]] bool operator==(const Room& other) const = default;
     };
 
     /// Shows the shadow of a panel that is shown, for left corners of that radius in points. Destroy it before the
     /// panel is hidden.
     ShadowSurface(QWindow& panel, double cornerRadius, const Room& room);
     ~ShadowSurface() override;
+
+    [[nodiscard]] const Room& room() const { return m_room; }
 
     /// Draws the shadow of a content that is `offset` points to the right of its place in the panel.
     void slide(double offset);
@@ -33,6 +37,7 @@ private:
 
     QWindow& m_panel;
     double m_cornerRadius;
+    Room m_room;
     /// How far the surface reaches beyond the panel, in points.
     int m_left;
     int m_above;
