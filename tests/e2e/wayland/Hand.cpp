@@ -37,6 +37,13 @@ void Hand::sendTo(const QPoint& point)
     sendPointer(point);
 }
 
+void Hand::tremble()
+{
+    const QPoint rest = m_position;
+    moveTo(rest + QPoint(0, 1));
+    moveTo(rest);
+}
+
 void Hand::click(Button button)
 {
     press(button);

@@ -37,6 +37,8 @@ public:
     void moveTo(const QPoint& point);
     /// Moves the pointer there in one step, and does not wait for the compositor.
     void sendTo(const QPoint& point);
+    /// Moves the pointer a little and back, as a hand that rests does.
+    void tremble();
     void press(Button button = Button::left) { pushButton(button, true); }
     void release(Button button = Button::left) { pushButton(button, false); }
     void click(Button button = Button::left);

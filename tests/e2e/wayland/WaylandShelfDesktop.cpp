@@ -179,10 +179,12 @@ bool WaylandShelfDesktop::beginDragFromGtk()
 
 bool WaylandShelfDesktop::beginDragOfPeer()
 {
+    const qsizetype pressed = timesSaid("pressed");
+    const qsizetype draggedOver = timesSaid("dragged over");
     // A window that has just come may not be ready for the first press.
-    const bool isPressed = waitFor([this] {
+    const bool isPressed = waitFor([&] {
         hand().press();
-        if (waitFor([this] { return timesSaid("pressed") > 0; }, 1000))
+        if (waitFor([&] { return timesSaid("pressed") > pressed; }, 1000))
             return true;
         hand().release();
         return false;
@@ -191,9 +193,9 @@ bool WaylandShelfDesktop::beginDragOfPeer()
         return false;
     hand().moveTo(middle + QPoint(40, 0));
     // Some compositors tell of a drag only with the next movement.
-    return waitFor([this] {
-        hand().moveTo(hand().position() + QPoint(1, 0));
-        return timesSaid("dragged over") > 0;
+    return waitFor([&] {
+        hand().tremble();
+        return timesSaid("dragged over") > draggedOver;
     });
 }
 
@@ -212,7 +214,13 @@ bool WaylandShelfDesktop::dragToEdge(int edge)
 
 bool WaylandShelfDesktop::isTaken(qsizetype times)
 {
-    return !m_desktop->tellsSources() || peerSays("taken", times);
+    // What lies at the edge only during drags may come below a pointer that is there already. Some compositors tell of
+    // the drag only with the next movement then.
+    return !m_desktop->tellsSources() || waitFor([&] {
+        if (announcesDrags())
+            hand().tremble();
+        return timesSaid("taken") > times;
+    });
 }
 
 bool WaylandShelfDesktop::putOnShelf(const QByteArray& payload, const QString& type)

@@ -51,6 +51,8 @@ protected:
 
     /// Opens the window of another program, which replaces the one before, and brings the pointer there.
     [[nodiscard]] bool openPeer(const QStringList& arguments);
+    /// The same with any program that tells what Peer tells.
+    [[nodiscard]] bool openProgram(const QString& path, const QStringList& arguments);
     /// From now on the other programs are X11 programs.
     void runPeersOnX11();
     /// Opens a window of GTK 4, off which the file "note one.txt" can be dragged, and brings the pointer there.
@@ -68,6 +70,8 @@ protected:
     [[nodiscard]] bool beginDrag(const QByteArray& payload, const QString& type = QStringLiteral("text/uri-list"));
     /// The same from a program of GTK 4: the file "note one.txt".
     [[nodiscard]] bool beginDragFromGtk();
+    /// The same from the program that is open, which may have been dragged from before. The pointer is in the middle.
+    [[nodiscard]] bool beginDragOfPeer();
     /// Brings what is being dragged to a display's right edge, where the shelf takes it.
     [[nodiscard]] bool dragToEdge(int edge = WaylandDesktop::displaySize.width());
     /// Whether the shelf would take what is being dragged from the other program, once more than the times given; true
@@ -102,8 +106,6 @@ protected:
     std::unique_ptr<Program> m_peer;
 
 private:
-    [[nodiscard]] bool openProgram(const QString& path, const QStringList& arguments);
-    [[nodiscard]] bool beginDragOfPeer();
     [[nodiscard]] QPoint onPanel(int fromRight, int fromTop) const
     {
         return { WaylandDesktop::displaySize.width() - fromRight, m_desktop->topBar() + fromTop };
