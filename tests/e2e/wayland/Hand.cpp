@@ -5,6 +5,7 @@
 
 #include <QPointF>
 #include <QThread>
+#include <QtMath>
 
 #include <cmath>
 
@@ -59,7 +60,8 @@ void Hand::turnWheel(int notches)
 
 void Hand::glide(int points, double step)
 {
-    for (double way = 0; way < points; way += step)
+    const int steps = qCeil(points / step);
+    for (int each = 0; each < steps; ++each)
         scroll(step, 0);
 }
 
