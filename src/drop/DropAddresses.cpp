@@ -123,6 +123,11 @@ bool isAddressFormat(const QString& format)
         || format == mozillaTabFormat();
 }
 
+bool isTitleFormat(const QString& format)
+{
+    return format == mozillaTitleFormat();
+}
+
 std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload)
 {
     std::vector<QString> urls = uriListAddresses(load(payload, uriListFormat()));

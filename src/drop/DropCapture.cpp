@@ -48,6 +48,20 @@ namespace {
         || transferFormats().contains(format);
 }
 
+/// The formats that may be read of a drop: of several that hold the same, only the best one.
+[[nodiscard]] QStringList usedFormats(const QStringList& formats)
+{
+    const QString image = namedImageFormats(formats).value(0);
+    const QString text = textFormats(formats).value(0);
+    QStringList used = formats;
+    used.removeIf([&](const QString& format) {
+        const bool isUsed = isAddressFormat(format) || isTitleFormat(format) || isUnnamedFormat(format)
+            || isImageNameFormat(format) || transferFormats().contains(format);
+        return format.isEmpty() || (!isUsed && format != image && format != text);
+    });
+    return used;
+}
+
 /// Bytes that are not delivered yet may be any.
 [[nodiscard]] bool mayBeImage(const QByteArray& bytes)
 {
@@ -77,6 +91,7 @@ bool canTakeDrop(const DropPayload& payload)
 
 CapturedDrop captureDrop(const DropPayload& payload)
 {
+    payload.expect(usedFormats(payload.formats()));
     CapturedDrop drop;
     drop.transferKey = loadTransferKey(payload);
     std::vector<DroppedAddress> addresses = loadDropAddresses(payload);

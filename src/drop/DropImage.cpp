@@ -39,15 +39,20 @@ namespace {
     return index < 0 ? preferred.size() : index;
 }
 
+/// A browser's name for the file of an image, in UTF-16.
+[[nodiscard]] QString promisedName()
+{
+    return QStringLiteral("application/x-moz-file-promise-dest-filename");
+}
+
 /// The name that a browser suggests for a dragged image, which may be in one of several places, or else what it says
 /// about the image.
 [[nodiscard]] QString suggestedName(const DropPayload& payload, const QString& format)
 {
     if (const QByteArray name = payload.suggestedName(); !name.isEmpty())
         return decodeName(name);
-    const QString promise = QStringLiteral("application/x-moz-file-promise-dest-filename");
-    if (payload.formats().contains(promise)) {
-        const QString promised = decodeText(payload.data(promise), QStringLiteral("text/unicode")).trimmed();
+    if (payload.formats().contains(promisedName())) {
+        const QString promised = decodeText(payload.data(promisedName()), QStringLiteral("text/unicode")).trimmed();
         if (!promised.isEmpty())
             return promised;
     }
@@ -65,11 +70,7 @@ namespace {
 
 [[nodiscard]] std::optional<DroppedImage> loadNamedImage(const DropPayload& payload)
 {
-    QStringList formats = payload.formats();
-    formats.removeIf([](const QString& format) { return !isNamedImage(format); });
-    std::stable_sort(formats.begin(), formats.end(),
-                     [](const QString& left, const QString& right) { return rank(left) < rank(right); });
-    for (const QString& format : std::as_const(formats)) {
+    for (const QString& format : namedImageFormats(payload.formats())) {
         QByteArray bytes = payload.data(format);
         const QString named = typeOf(format);
         if (const auto type = imageType(bytes, named))
@@ -101,6 +102,19 @@ bool isUnnamedFormat(const QString& format)
 bool isImageFormat(const QString& format)
 {
     return isNamedImage(format) || isUnnamedFormat(format);
+}
+
+QStringList namedImageFormats(QStringList formats)
+{
+    formats.removeIf([](const QString& format) { return !isNamedImage(format); });
+    std::stable_sort(formats.begin(), formats.end(),
+                     [](const QString& left, const QString& right) { return rank(left) < rank(right); });
+    return formats;
+}
+
+bool isImageNameFormat(const QString& format)
+{
+    return format == promisedName() || typeOf(format) == QLatin1String("text/html");
 }
 
 std::optional<DroppedImage> loadDropImage(const DropPayload& payload)

@@ -91,6 +91,14 @@ bool isTextFormat(const QString& format)
     return rank(format) != TextRank::none;
 }
 
+QStringList textFormats(QStringList formats)
+{
+    formats.removeIf([](const QString& format) { return !isTextFormat(format); });
+    std::stable_sort(formats.begin(), formats.end(),
+                     [](const QString& left, const QString& right) { return rank(left) < rank(right); });
+    return formats;
+}
+
 QString decodeText(const QByteArray& bytes, const QString& format)
 {
     if (const auto marked = QStringDecoder::encodingForData(bytes))
@@ -110,11 +118,7 @@ QString decodeText(const QByteArray& bytes, const QString& format)
 
 std::optional<QString> loadDropText(const DropPayload& payload)
 {
-    QStringList formats = payload.formats();
-    formats.removeIf([](const QString& format) { return !isTextFormat(format); });
-    std::stable_sort(formats.begin(), formats.end(),
-                     [](const QString& left, const QString& right) { return rank(left) < rank(right); });
-    for (const QString& format : std::as_const(formats)) {
+    for (const QString& format : textFormats(payload.formats())) {
         const QString text = decodeText(payload.data(format), format);
         if (!text.isEmpty())
             return text;

@@ -13,6 +13,9 @@ class DropPayload;
 /// Whether a format is plain text.
 [[nodiscard]] bool isTextFormat(const QString& format);
 
+/// Those of the formats that are plain text, the best one first.
+[[nodiscard]] QStringList textFormats(QStringList formats);
+
 /// The text in the best format of the payload that delivers one.
 [[nodiscard]] std::optional<QString> loadDropText(const DropPayload& payload);
 

@@ -23,6 +23,10 @@ public:
     /// The names of the formats in the source's order. Sends no request to the source.
     [[nodiscard]] virtual QStringList formats() const = 0;
 
+    /// Tells which formats may be read, before any is. A payload whose source answers only once asks for them together;
+    /// others do nothing.
+    virtual void expect(const QStringList& /*formats*/) const {}
+
     /// The bytes in `format`. Empty when the source does not deliver them, or not within the limits of size and time;
     /// the time limit is for all calls on one payload together.
     [[nodiscard]] virtual QByteArray data(const QString& format) const = 0;

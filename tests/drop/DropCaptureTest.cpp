@@ -36,6 +36,7 @@ private Q_SLOTS:
     void wordsInTheAddressListAreTheTextBesideIt();
     void theTransferKeyEndsAtItsNul();
     void aTransferNeedsNoNamesOfTheSources();
+    void onlyWhatMayBeReadIsExpected();
     void nothingUsableIsNoElement();
     void whatIsOfferedIsToldWithoutReading();
     void theToolkitsDataIsReadAsItIs();
@@ -211,6 +212,27 @@ void DropCaptureTest::aTransferNeedsNoNamesOfTheSources()
     const CapturedDrop drop = captureDrop(payload);
     QCOMPARE(drop.transferKey, QByteArray("1234"));
     QVERIFY(drop.items.empty());
+}
+
+void DropCaptureTest::onlyWhatMayBeReadIsExpected()
+{
+    FakeDropPayload payload;
+    payload.offer("text/uri-list", "https://example.com/cat")
+        .offer("", "words")
+        .offer("image/bmp", "")
+        .offer("image/png", png)
+        .offer("application/octet-stream", png)
+        .offer("text/html", "<img alt=\"A cat\">")
+        .offer("STRING", "words")
+        .offer("UTF8_STRING", "words")
+        .offer("application/x-anything", "words");
+    static_cast<void>(captureDrop(payload));
+    const QStringList expected{ QStringLiteral("text/uri-list"), QStringLiteral("image/png"),
+                                QStringLiteral("application/octet-stream"), QStringLiteral("text/html"),
+                                QStringLiteral("UTF8_STRING") };
+    QCOMPARE(payload.expected, expected);
+    for (const QString& format : std::as_const(payload.read))
+        QVERIFY2(expected.contains(format), qPrintable(format));
 }
 
 void DropCaptureTest::nothingUsableIsNoElement()

@@ -20,6 +20,8 @@ public:
     [[nodiscard]] QStringList formats() const override { return m_formats; }
     [[nodiscard]] QByteArray suggestedName() const override { return name; }
 
+    void expect(const QStringList& formats) const override { expected = formats; }
+
     [[nodiscard]] QByteArray data(const QString& format) const override
     {
         read.append(format);
@@ -38,6 +40,7 @@ public:
     bool offersSaving = false;
     SaveAnswer saveAnswer = SaveAnswer::saved;
     mutable QList<QByteArray> savedTo;
+    mutable QStringList expected;
     mutable QStringList read;
 
 private:
