@@ -16,6 +16,9 @@ public:
     /// Whether a drag has begun and has not ended, as far as is known.
     [[nodiscard]] virtual bool isUnderWay() const = 0;
 
+    /// Whether the drag that is under way, or else the last one, is known to be an X11 program's.
+    [[nodiscard]] virtual bool isOfX11Program() const { return false; }
+
     /// Call this when a sign elsewhere shows that no drag is under way: nobody tells of the end of every drag.
     virtual void end() = 0;
 

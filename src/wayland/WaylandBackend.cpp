@@ -93,7 +93,12 @@ Clipboard* WaylandBackend::clipboard()
 
 std::unique_ptr<DropPayload> WaylandBackend::dropPayload(const QMimeData& data)
 {
-    return std::make_unique<WaylandDropPayload>(data, &flushToolkit, WaylandDropPayload::Limits());
+    const auto source = m_drags && m_drags->isOfX11Program() ? WaylandDropPayload::Source::x11Program
+                                                             : WaylandDropPayload::Source::waylandProgram;
+    const auto* toolkit = qGuiApp->nativeInterface<QNativeInterface::QWaylandApplication>();
+    const int socket = toolkit && toolkit->display() ? wl_display_get_fd(toolkit->display()) : -1;
+    return std::make_unique<WaylandDropPayload>(data, WaylandDropPayload::Connection{ &flushToolkit, socket }, source,
+                                                WaylandDropPayload::Limits());
 }
 
 void WaylandBackend::offerDrag(std::shared_ptr<const DragPayload> /*payload*/) {}

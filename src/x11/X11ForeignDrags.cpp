@@ -91,7 +91,11 @@ void X11ForeignDrags::readEvents()
     while (const auto event = owned(xcb_poll_for_event(m_connection.get()))) {
         if ((event->response_type & 0x7f) != m_firstFixesEvent + XCB_XFIXES_SELECTION_NOTIFY)
             continue;
-        setUnderWay(reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner != XCB_WINDOW_NONE);
+        const auto owner = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner;
+        // Some programs give the selection up before their drop is read.
+        if (owner != XCB_WINDOW_NONE)
+            m_isOfX11Program = !isOfCompositor(owner);
+        setUnderWay(owner != XCB_WINDOW_NONE);
     }
     if (xcb_connection_has_error(m_connection.get()) == 0)
         return;
@@ -101,6 +105,20 @@ void X11ForeignDrags::readEvents()
     m_isUnderWay = false;
     if (onChanged)
         onChanged();
+}
+
+// The compositor is the window manager, too, and all windows of one connection differ in the bits of the mask alone.
+bool X11ForeignDrags::isOfCompositor(std::uint32_t window) const
+{
+    auto* const connection = m_connection.get();
+    const auto atom = xcbAtom(connection, "_NET_SUPPORTING_WM_CHECK");
+    const auto cookie = xcb_get_property(connection, 0, rootOf(connection), atom, XCB_ATOM_WINDOW, 0, 1);
+    const auto property = owned(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!property || xcb_get_property_value_length(property.get()) != sizeof(xcb_window_t))
+        return true;
+    const auto manager = *static_cast<const xcb_window_t*>(xcb_get_property_value(property.get()));
+    const std::uint32_t mask = xcb_get_setup(connection)->resource_id_mask;
+    return (window & ~mask) == (manager & ~mask);
 }
 
 void X11ForeignDrags::setUnderWay(bool isUnderWay)

@@ -23,12 +23,15 @@ public:
 
     [[nodiscard]] bool watch() override;
     [[nodiscard]] bool isUnderWay() const override { return m_isUnderWay; }
+    [[nodiscard]] bool isOfX11Program() const override { return m_isOfX11Program; }
     void end() override { setUnderWay(false); }
 
 private:
     [[nodiscard]] bool watchSelection();
     void readEvents();
     void setUnderWay(bool isUnderWay);
+    /// Whether a window is the compositor's, which offers the drags of Wayland programs.
+    [[nodiscard]] bool isOfCompositor(std::uint32_t window) const;
 
     XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
@@ -36,6 +39,7 @@ private:
     /// No look for the server before this: it reads the names of all processes.
     QDeadlineTimer m_nextLook;
     bool m_isUnderWay = false;
+    bool m_isOfX11Program = false;
 };
 
 } // namespace nookle

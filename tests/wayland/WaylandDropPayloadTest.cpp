@@ -18,6 +18,7 @@ using namespace nookle;
 namespace {
 
 using Clock = WaylandDropPayload::Clock;
+using Source = WaylandDropPayload::Source;
 
 inline constexpr qsizetype plenty = 50'000'000;
 inline constexpr std::chrono::milliseconds aMinute{ 60'000 };
@@ -94,7 +95,8 @@ private:
             ++m_flushes;
             return canFlush;
         };
-        return WaylandDropPayload(drop, flush, { Clock::now() + patience, limit }).data(plainText);
+        return WaylandDropPayload(drop, { flush }, Source::waylandProgram, { Clock::now() + patience, limit })
+            .data(plainText);
     }
 
     int m_flushes = 0;
@@ -104,7 +106,7 @@ void WaylandDropPayloadTest::theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle()
 {
     QMimeData drop;
     drop.setData(QStringLiteral("text/uri-list"), "http://127.0.0.1/\r\n");
-    const WaylandDropPayload payload(drop, [] { return true; }, {});
+    const WaylandDropPayload payload(drop, { [] { return true; } }, Source::waylandProgram, {});
     QCOMPARE(payload.formats(), (QStringList{ QStringLiteral("text/uri-list"), QStringLiteral("text/x-moz-url") }));
 }
 
@@ -116,7 +118,7 @@ void WaylandDropPayloadTest::aFileThatABrowserNamesIsInNoList()
         drop.setData(list, addresses);
         if (isBrowser)
             drop.setData(QStringLiteral("text/x-moz-url"), "words");
-        return WaylandDropPayload(drop, [] { return true; }, {}).data(list);
+        return WaylandDropPayload(drop, { [] { return true; } }, Source::waylandProgram, {}).data(list);
     };
     const QByteArray file = "file:///etc/passwd\r\n";
     QCOMPARE(listOf(file, false), file);
@@ -129,12 +131,11 @@ void WaylandDropPayloadTest::aFileThatABrowserNamesIsInNoList()
 void WaylandDropPayloadTest::eachFormatIsAskedForOnce()
 {
     const FakeDrop drop([] { return QByteArray("words"); });
-    const WaylandDropPayload payload(drop,
-                                     [this] {
-                                         ++m_flushes;
-                                         return true;
-                                     },
-                                     { Clock::now() + aMinute, plenty });
+    const auto flush = [this] {
+        ++m_flushes;
+        return true;
+    };
+    const WaylandDropPayload payload(drop, { flush }, Source::waylandProgram, { Clock::now() + aMinute, plenty });
     QCOMPARE(payload.data(plainText), QByteArray("words"));
     QCOMPARE(payload.data(plainText), QByteArray("words"));
     QCOMPARE(m_flushes, 1);
@@ -204,7 +205,9 @@ void WaylandDropPayloadTest::aReaderThatFindsALockHeldIsReplaced()
         return true;
     };
     const FakeDrop drop([] { return QByteArray("words"); });
-    QCOMPARE(WaylandDropPayload(drop, flush, { Clock::now() + aMinute, plenty }).data(plainText), QByteArray("words"));
+    QCOMPARE(
+        WaylandDropPayload(drop, { flush }, Source::waylandProgram, { Clock::now() + aMinute, plenty }).data(plainText),
+        QByteArray("words"));
     QVERIFY(QFile::exists(first));
 }
 

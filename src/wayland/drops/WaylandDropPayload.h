@@ -1,11 +1,13 @@
 #pragma once
 
+#include "BridgedDrop.h"
 #include "DropPayload.h"
 
 #include <QHash>
 
 #include <chrono>
 #include <functional>
+#include <memory>
 
 class QMimeData;
 
@@ -17,6 +19,17 @@ class WaylandDropPayload final : public DropPayload {
 public:
     using Clock = std::chrono::steady_clock;
 
+    /// The toolkit's connection to the compositor.
+    struct Connection {
+        /// Sends the compositor what it has not been told yet, and says whether that is everything: what is left would
+        /// be sent by the child, too.
+        std::function<bool()> flush;
+        /// Leads to the compositor.
+        int socket = -1;
+    };
+
+    enum class Source { waylandProgram, x11Program };
+
     struct Limits {
         /// No data comes after that. Some sources abandon a drop that takes longer.
         Clock::time_point deadline = Clock::now() + std::chrono::milliseconds(900);
@@ -24,11 +37,12 @@ public:
         qsizetype size = qsizetype{ 256 } * 1024 * 1024;
     };
 
-    /// `flush` sends the compositor what it has not been told yet, and says whether that is everything: what is left
-    /// would be sent by the child, too. `data` must outlive this object.
-    WaylandDropPayload(const QMimeData& data, std::function<bool()> flush, const Limits& limits);
+    /// `data` must outlive this object.
+    WaylandDropPayload(const QMimeData& data, Connection connection, Source source, const Limits& limits);
+    ~WaylandDropPayload() override;
 
     [[nodiscard]] QStringList formats() const override;
+    void expect(const QStringList& formats) const override;
     [[nodiscard]] QByteArray data(const QString& format) const override;
     /// Always empty: Wayland has no way to suggest a name.
     [[nodiscard]] QByteArray suggestedName() const override { return {}; }
@@ -39,10 +53,17 @@ public:
 private:
     /// What the source delivers, which is asked for only once.
     [[nodiscard]] QByteArray delivered(const QString& format) const;
+    [[nodiscard]] QByteArray read(const QString& format) const;
+    [[nodiscard]] ReadingChild::Work workFor(const QString& format) const;
+    /// Whether a page's script may have chosen the address.
+    [[nodiscard]] bool isOfPage() const;
+    [[nodiscard]] bool canAsk() const { return Clock::now() < m_limits.deadline && m_connection.flush(); }
 
     const QMimeData& m_data;
-    std::function<bool()> m_flush;
+    Connection m_connection;
     Limits m_limits;
+    /// Null for a Wayland program's drop.
+    std::unique_ptr<BridgedDrop> m_bridged;
     mutable QHash<QString, QByteArray> m_delivered;
 };
 

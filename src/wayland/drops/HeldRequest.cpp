@@ -1,0 +1,105 @@
+#include "HeldRequest.h"
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <utility>
+
+namespace nookle {
+
+namespace {
+
+/// As many descriptors as one message may have.
+inline constexpr std::size_t mostFiles = 28;
+
+/// Room for the descriptors of a message.
+struct Control {
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(mostFiles * sizeof(int))> space{};
+};
+
+[[nodiscard]] std::vector<FileDescriptor> filesOf(msghdr& message)
+{
+    std::vector<FileDescriptor> files;
+    for (cmsghdr* part = CMSG_FIRSTHDR(&message); part; part = CMSG_NXTHDR(&message, part)) {
+        if (part->cmsg_level != SOL_SOCKET || part->cmsg_type != SCM_RIGHTS)
+            continue;
+        std::vector<int> numbers((part->cmsg_len - CMSG_LEN(0)) / sizeof(int));
+        std::memcpy(numbers.data(), CMSG_DATA(part), numbers.size() * sizeof(int));
+        for (const int number : numbers)
+            files.emplace_back(number);
+    }
+    return files;
+}
+
+} // namespace
+
+HeldRequest::HeldRequest(FileDescriptor ours, FileDescriptor childs)
+    : m_ours(std::move(ours))
+    , m_childs(std::move(childs))
+{
+}
+
+std::optional<HeldRequest> HeldRequest::tryMake()
+{
+    std::array<int, 2> ends{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+        return std::nullopt;
+    return HeldRequest(FileDescriptor(ends[0]), FileDescriptor(ends[1]));
+}
+
+void HeldRequest::divert(int socket) const
+{
+    ::dup2(m_childs.get(), socket);
+}
+
+bool HeldRequest::receive(Clock::time_point deadline)
+{
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
+    pollfd end{ m_ours.get(), POLLIN, 0 };
+    if (left <= 0 || ::poll(&end, 1, static_cast<int>(left)) <= 0)
+        return false;
+    std::array<char, 4096> bytes{};
+    iovec place{ bytes.data(), bytes.size() };
+    Control control;
+    msghdr message{};
+    message.msg_iov = &place;
+    message.msg_iovlen = 1;
+    message.msg_control = control.space.data();
+    message.msg_controllen = control.space.size();
+    const ssize_t size = ::recvmsg(m_ours.get(), &message, MSG_CMSG_CLOEXEC);
+    m_files = filesOf(message);
+    m_bytes = QByteArray(bytes.data(), std::max<qsizetype>(size, 0));
+    return size > 0;
+}
+
+bool HeldRequest::passOn(int socket, const std::vector<HeldRequest>& requests)
+{
+    QByteArray bytes;
+    std::vector<int> files;
+    for (const HeldRequest& request : requests) {
+        bytes += request.m_bytes;
+        for (const FileDescriptor& file : request.m_files)
+            files.push_back(file.get());
+    }
+    if (files.empty() || files.size() > mostFiles)
+        return false;
+    iovec place{ bytes.data(), static_cast<std::size_t>(bytes.size()) };
+    Control control;
+    msghdr message{};
+    message.msg_iov = &place;
+    message.msg_iovlen = 1;
+    message.msg_control = control.space.data();
+    message.msg_controllen = CMSG_SPACE(files.size() * sizeof(int));
+    cmsghdr* part = CMSG_FIRSTHDR(&message);
+    part->cmsg_level = SOL_SOCKET;
+    part->cmsg_type = SCM_RIGHTS;
+    part->cmsg_len = CMSG_LEN(files.size() * sizeof(int));
+    std::memcpy(CMSG_DATA(part), files.data(), files.size() * sizeof(int));
+    return ::sendmsg(socket, &message, MSG_NOSIGNAL) == bytes.size();
+}
+
+} // namespace nookle

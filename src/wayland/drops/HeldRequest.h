@@ -1,0 +1,38 @@
+#pragma once
+
+#include "FileDescriptor.h"
+
+#include <QByteArray>
+
+#include <chrono>
+#include <optional>
+#include <vector>
+
+namespace nookle {
+
+/// What a child process sends to the compositor, held back until it is passed on. Requests with descriptors of files.
+class HeldRequest final {
+public:
+    using Clock = std::chrono::steady_clock;
+
+    [[nodiscard]] static std::optional<HeldRequest> tryMake();
+
+    /// Called in the child: from now on, what it sends to that socket comes here.
+    void divert(int socket) const;
+
+    /// Waits until the child has sent something; false when it has not before the deadline.
+    [[nodiscard]] bool receive(Clock::time_point deadline);
+
+    /// Sends what was received to the socket, all in one message: the compositor reads it at once.
+    static bool passOn(int socket, const std::vector<HeldRequest>& requests);
+
+private:
+    HeldRequest(FileDescriptor ours, FileDescriptor childs);
+
+    FileDescriptor m_ours;
+    FileDescriptor m_childs;
+    QByteArray m_bytes;
+    std::vector<FileDescriptor> m_files;
+};
+
+} // namespace nookle

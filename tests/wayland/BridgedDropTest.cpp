@@ -1,0 +1,205 @@
+#include "BridgedDrop.h"
+
+#include "FileDescriptor.h"
+
+#include <QTest>
+
+#include <poll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <functional>
+#include <thread>
+#include <utility>
+#include <vector>
+
+using namespace nookle;
+
+namespace {
+
+using Clock = BridgedDrop::Clock;
+
+inline constexpr std::chrono::milliseconds aMinute{ 60'000 };
+/// As long as a test waits for what never comes.
+inline constexpr std::chrono::milliseconds moment{ 400 };
+
+const QString list = QStringLiteral("text/uri-list");
+const QString words = QStringLiteral("text/plain");
+const QString bytes = QStringLiteral("application/octet-stream");
+
+/// As much as a test sends in one message.
+inline constexpr std::size_t mostFiles = 8;
+
+struct Control {
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(mostFiles * sizeof(int))> space{};
+};
+
+/// Sends a request for a format with the pipe that the answer is to come by, as the toolkit does, and reads the answer.
+[[nodiscard]] QByteArray askAndRead(int socket, const QString& format)
+{
+    std::array<int, 2> ends{};
+    if (::pipe(ends.data()) != 0)
+        return {};
+    QByteArray name = format.toUtf8() + '\n';
+    iovec place{ name.data(), static_cast<std::size_t>(name.size()) };
+    Control control;
+    msghdr message{};
+    message.msg_iov = &place;
+    message.msg_iovlen = 1;
+    message.msg_control = control.space.data();
+    message.msg_controllen = CMSG_SPACE(sizeof(int));
+    cmsghdr* part = CMSG_FIRSTHDR(&message);
+    part->cmsg_level = SOL_SOCKET;
+    part->cmsg_type = SCM_RIGHTS;
+    part->cmsg_len = CMSG_LEN(sizeof(int));
+    std::memcpy(CMSG_DATA(part), &ends[1], sizeof(int));
+    if (::sendmsg(socket, &message, MSG_NOSIGNAL) != name.size())
+        return {};
+    ::close(ends[1]);
+    QByteArray answer;
+    std::array<char, 256> chunk{};
+    for (ssize_t size = 0; (size = ::read(ends[0], chunk.data(), chunk.size())) > 0;)
+        answer.append(chunk.data(), size);
+    return answer;
+}
+
+/// A compositor that answers each question with its format's name, from the second time on that it is asked, or from
+/// the first.
+class FakeCompositor final {
+public:
+    explicit FakeCompositor(int deafTo)
+        : m_deafTo(deafTo)
+    {
+        std::array<int, 2> ends{};
+        if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+            return;
+        m_own = FileDescriptor(ends[0]);
+        m_toolkits = FileDescriptor(ends[1]);
+        m_thread = std::thread([this] { run(); });
+    }
+    ~FakeCompositor() { static_cast<void>(end()); }
+    FakeCompositor(const FakeCompositor&) = delete;
+    FakeCompositor& operator=(const FakeCompositor&) = delete;
+
+    [[nodiscard]] int socket() const { return m_toolkits.get(); }
+
+    /// The questions of each message, once nothing more comes.
+    [[nodiscard]] QList<QByteArrayList> end()
+    {
+        if (m_thread.joinable()) {
+            ::shutdown(m_toolkits.get(), SHUT_RDWR);
+            m_thread.join();
+        }
+        return m_messages;
+    }
+
+private:
+    void run()
+    {
+        std::array<char, 1024> chunk{};
+        for (;;) {
+            iovec place{ chunk.data(), chunk.size() };
+            Control control;
+            msghdr message{};
+            message.msg_iov = &place;
+            message.msg_iovlen = 1;
+            message.msg_control = control.space.data();
+            message.msg_controllen = control.space.size();
+            const ssize_t size = ::recvmsg(m_own.get(), &message, MSG_CMSG_CLOEXEC);
+            if (size <= 0)
+                return;
+            const cmsghdr* part = CMSG_FIRSTHDR(&message);
+            answer(QByteArray(chunk.data(), size - 1).split('\n'), part ? CMSG_DATA(part) : nullptr);
+        }
+    }
+
+    void answer(const QByteArrayList& questions, const unsigned char* files)
+    {
+        m_messages.append(questions);
+        for (qsizetype question = 0; files && question < questions.size(); ++question) {
+            int number = -1;
+            std::memcpy(&number, files + question * static_cast<qsizetype>(sizeof(int)), sizeof(int));
+            FileDescriptor pipe(number);
+            if (m_messages.size() <= m_deafTo)
+                m_unanswered.push_back(std::move(pipe));
+            else
+                static_cast<void>(::write(number, questions[question].constData(),
+                                          static_cast<std::size_t>(questions[question].size())));
+        }
+    }
+
+    int m_deafTo;
+    FileDescriptor m_own;
+    FileDescriptor m_toolkits;
+    std::vector<FileDescriptor> m_unanswered;
+    QList<QByteArrayList> m_messages;
+    std::thread m_thread;
+};
+
+[[nodiscard]] BridgedDrop dropAt(const FakeCompositor& compositor, std::chrono::milliseconds patience)
+{
+    const auto makeWork = [socket = compositor.socket()](const QString& format) {
+        return ReadingChild::Work{ [] {}, [socket, format] { return askAndRead(socket, format); } };
+    };
+    return { makeWork, compositor.socket(), { Clock::now() + patience, 1000 } };
+}
+
+} // namespace
+
+class BridgedDropTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void theQuestionsAreAskedInOneMessage();
+    void aQuestionThatWasNotExpectedIsAskedAlone();
+    void whatIsNotAnsweredIsAskedAgain();
+    void whatIsNeverAnsweredIsGivenUp();
+};
+
+void BridgedDropTest::theQuestionsAreAskedInOneMessage()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    drop.ask({ list, bytes, words });
+    QCOMPARE(drop.answer(words), words.toUtf8());
+    QCOMPARE(drop.answer(list), list.toUtf8());
+    QCOMPARE(drop.answer(bytes), bytes.toUtf8());
+    QCOMPARE(compositor.end(), (QList<QByteArrayList>{ { list.toUtf8(), bytes.toUtf8(), words.toUtf8() } }));
+}
+
+void BridgedDropTest::aQuestionThatWasNotExpectedIsAskedAlone()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    QCOMPARE(drop.answer(words), words.toUtf8());
+    QCOMPARE(compositor.end(), (QList<QByteArrayList>{ { words.toUtf8() } }));
+}
+
+void BridgedDropTest::whatIsNotAnsweredIsAskedAgain()
+{
+    FakeCompositor compositor(1);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    drop.ask({ list, words });
+    QCOMPARE(drop.answer(words), words.toUtf8());
+    const auto messages = compositor.end();
+    QVERIFY(messages.size() >= 2);
+    QCOMPARE(messages.constLast(), QByteArrayList{ words.toUtf8() });
+}
+
+void BridgedDropTest::whatIsNeverAnsweredIsGivenUp()
+{
+    FakeCompositor compositor(100);
+    BridgedDrop drop = dropAt(compositor, moment);
+    drop.ask({ words });
+    const auto start = Clock::now();
+    QCOMPARE(drop.answer(words), QByteArray());
+    QVERIFY(Clock::now() - start < aMinute);
+    QVERIFY(compositor.end().size() >= 2);
+}
+
+QTEST_GUILESS_MAIN(BridgedDropTest)
+#include "BridgedDropTest.moc"
