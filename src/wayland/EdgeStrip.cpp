@@ -54,15 +54,20 @@ bool EdgeStrip::event(QEvent* event)
     return StripWindow::event(event);
 }
 
-// An empty mask would mean the whole window, so a rectangle beyond it stands for nothing.
 void EdgeStrip::pointerCame()
 {
     if (m_aside.isActive())
         return;
+    stepAside();
+    StripWindow::pointerCame();
+}
+
+// An empty mask would mean the whole window, so a rectangle beyond it stands for nothing.
+void EdgeStrip::stepAside()
+{
     m_aside.start();
     setMask(QRect(-10, -10, 1, 1));
     update();
-    StripWindow::pointerCame();
 }
 
 void EdgeStrip::comeBack()

@@ -23,6 +23,9 @@ public:
     EdgeStrip(QScreen& screen, Level level);
     ~EdgeStrip() override;
 
+    /// Takes no input for a moment.
+    void stepAside();
+
 protected:
     bool event(QEvent* event) override;
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const override;

@@ -74,7 +74,9 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
         if (screen->geometry().isEmpty())
             continue;
         auto strip = std::make_unique<EdgeStrip>(*screen, level);
-        strip->onDragEvent = [this](QDropEvent& event, const QPointF& position) { handleDrag(event, position); };
+        strip->onDragEvent = [this, &strip = *strip](QDropEvent& event, const QPointF& position) {
+            handleDrag(strip, event, position);
+        };
         strip->onDragLeft = [this] {
             m_pointer.leave();
             if (onDragLeft)
@@ -85,7 +87,9 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
     }
 }
 
-void EdgeStrips::handleDrag(QDropEvent& event, const QPointF& position)
+// KWin tells what may be done with the drag of an X11 program only from the second window on that it comes over. That
+// is the panel, which lies below a strip if it was there before.
+void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& position)
 {
     m_pointer.drag(position);
     if (event.type() == QEvent::DragEnter)
@@ -94,6 +98,8 @@ void EdgeStrips::handleDrag(QDropEvent& event, const QPointF& position)
         onDragEvent(event, position);
     else
         event.ignore();
+    if (event.possibleActions() == Qt::IgnoreAction && isPanelShown && isPanelShown())
+        strip.stepAside();
 }
 
 // No compositor lets the pointer come over a window while a drag is under way. And where nothing told of drags so far,

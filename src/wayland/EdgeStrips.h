@@ -29,6 +29,8 @@ public:
     /// As in `EdgeStrip`.
     std::function<void(QDropEvent& event, const QPointF& position)> onDragEvent;
     std::function<void()> onDragLeft;
+    /// Whether the panel is shown. Set by the owner.
+    std::function<bool()> isPanelShown;
     /// Called when no drag is at a strip any more: the pointer came without one, or the strips are gone. Set by the
     /// owner.
     std::function<void()> onDragEnded;
@@ -39,7 +41,7 @@ private:
     void update();
     void removeStrips();
     void makeStrips(EdgeStrip::Level level);
-    void handleDrag(QDropEvent& event, const QPointF& position);
+    void handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& position);
     void pointerCame();
 
     EdgeInputMonitor& m_input;

@@ -15,6 +15,7 @@
 #include <QExposeEvent>
 #include <QMouseEvent>
 #include <QResizeEvent>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QWindow>
 
@@ -31,6 +32,8 @@ using Layer = LayerShellQt::Window;
 
 /// Some compositors tell where the pointer is after a drop only once it moves again.
 inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
+/// A drag whose hand does not move stays over the panel.
+inline constexpr std::chrono::milliseconds longestAside{ 300 };
 /// A compositor that gives the keyboard does so within a few milliseconds.
 inline constexpr std::chrono::milliseconds timeToGiveTheKeyboard{ 300 };
 
@@ -53,6 +56,9 @@ LayerPanelWindow::LayerPanelWindow(QWindow& window, double cornerRadius, SeenPoi
         if (!isVisible)
             m_shadow.reset();
     });
+    m_asideEnd.setSingleShot(true);
+    m_asideEnd.setInterval(longestAside);
+    connect(&m_asideEnd, &QTimer::timeout, this, &LayerPanelWindow::asideIsOver);
     m_popups.onMenuClosed = [this] { pointerIsDone(); };
     auto* layer = Layer::get(&m_window);
     layer->setScope(QStringLiteral("nookle"));
@@ -133,6 +139,8 @@ void LayerPanelWindow::orderOut()
     m_animation.stop();
     takeEdge();
     m_window.setVisible(false);
+    setAside(Aside::no);
+    m_timesAside = 0;
     m_afterDrop.stop();
     m_heldMouse.drop();
     m_isPointerInside = false;
@@ -204,6 +212,7 @@ void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& pos
         event.ignore();
         return;
     }
+    const QScopedValueRollback elsewhere(m_isDragElsewhere, true);
     forwardDrag(event, m_window, m_resting, position);
     // KWin tells what may be done with the drag of an X11 program only when that comes over a second window. With each
     // entry the toolkit reports a movement.
@@ -220,12 +229,65 @@ void LayerPanelWindow::dragHasLeftElsewhere()
 // compositor takes the drop for refused.
 void LayerPanelWindow::setEdgeTaken(bool isTaken)
 {
-    if (std::exchange(m_isEdgeTaken, isTaken) == isTaken)
-        return;
+    if (std::exchange(m_isEdgeTaken, isTaken) != isTaken)
+        applyInputArea();
+}
+
+// An empty mask means the whole window, so a rectangle beyond it stands for nothing.
+void LayerPanelWindow::applyInputArea()
+{
     const QSize size = m_resting.size().toSize();
-    // An empty mask means the whole window.
-    m_window.setMask(isTaken ? QRect(0, 0, size.width() - StripWindow::thickness, size.height()) : QRegion());
+    if (m_aside == Aside::untilTheDragLeaves)
+        m_window.setMask(QRect(-10, -10, 1, 1));
+    else if (m_isEdgeTaken)
+        m_window.setMask(QRect(0, 0, size.width() - StripWindow::thickness, size.height()));
+    else
+        m_window.setMask({});
     tellCompositor();
+}
+
+// KWin tells what may be done with the drag of an X11 program only from the second window on that it comes over. One
+// that leaves and comes back counts as another.
+void LayerPanelWindow::stepAside()
+{
+    constexpr int most = 5;
+    if (m_timesAside == most)
+        return;
+    ++m_timesAside;
+    setAside(Aside::untilTheDragLeaves);
+    m_asideEnd.start();
+}
+
+// The panel may be about to hide, which it does unless the pointer is over it.
+void LayerPanelWindow::dragHasLeft()
+{
+    if (m_aside == Aside::untilTheDragLeaves) {
+        setAside(Aside::untilTheDragIsBack);
+        return;
+    }
+    m_timesAside = 0;
+    m_pointer.leave();
+}
+
+void LayerPanelWindow::asideIsOver()
+{
+    if (m_aside == Aside::untilTheDragIsBack)
+        m_pointer.leave();
+    setAside(Aside::no);
+}
+
+void LayerPanelWindow::setAside(Aside aside)
+{
+    if (std::exchange(m_aside, aside) == aside)
+        return;
+    if (aside == Aside::no)
+        m_asideEnd.stop();
+    applyInputArea();
+}
+
+bool LayerPanelWindow::isShown() const
+{
+    return m_window.isVisible();
 }
 
 // No compositor tells where a window is, so the toolkit's own coordinates begin at the window.
@@ -263,6 +325,11 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         m_pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
         break;
     case QEvent::DragEnter:
+        if (static_cast<QDropEvent*>(event)->possibleActions() == Qt::IgnoreAction && !m_isDragElsewhere)
+            stepAside();
+        else
+            setAside(Aside::no);
+        [[fallthrough]];
     case QEvent::DragMove:
         m_pointer.drag(onDesktop(static_cast<QDropEvent*>(event)->position()));
         break;
@@ -282,11 +349,12 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::Drop:
         takeEdge();
+        m_timesAside = 0;
         m_pointer.move(onDesktop(static_cast<QDropEvent*>(event)->position()));
         m_afterDrop.start();
         break;
     case QEvent::DragLeave:
-        m_pointer.leave();
+        dragHasLeft();
         break;
     default:
         break;

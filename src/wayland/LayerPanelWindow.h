@@ -37,6 +37,7 @@ public:
     void orderFront() override;
     void takeFocus() override;
     void orderOut() override;
+    [[nodiscard]] bool isShown() const;
     void reserveSpace(const std::optional<QRectF>& frame) override;
     void animateFrame(const QRectF& frame, double seconds, Easing easing, std::function<void()> completion) override;
 
@@ -53,6 +54,14 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    enum class Aside {
+        no,
+        /// The window takes nothing, so that the drag leaves it.
+        untilTheDragLeaves,
+        /// The drag has left, and counts as still over the window.
+        untilTheDragIsBack,
+    };
+
     void place(const QRectF& frame);
     void findDisplay(const QRectF& frame);
     [[nodiscard]] double contentOffset() const;
@@ -65,6 +74,13 @@ private:
     void pointerIsDone();
     /// Leaves the edge of the display to the strip (true), or takes it (false).
     void setEdgeTaken(bool isTaken);
+    /// Lets a drag that has come as one with which nothing may be done leave and come once more.
+    void stepAside();
+    void dragHasLeft();
+    void asideIsOver();
+    void setAside(Aside aside);
+    /// Tells the compositor which part of the window takes the pointer and drags.
+    void applyInputArea();
     void tellCompositor();
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
@@ -79,6 +95,13 @@ private:
     QTimer m_afterDrop;
     bool m_isPointerInside = false;
     bool m_isEdgeTaken = false;
+    Aside m_aside = Aside::no;
+    /// Ends the window's being aside, should the drag not move.
+    QTimer m_asideEnd;
+    /// True while an event of a drag over another window is handled.
+    bool m_isDragElsewhere = false;
+    /// How often it has been aside for the present drag.
+    int m_timesAside = 0;
     /// True from `takeFocus` until the focus is lost or the pointer leaves: the keys do not wait for the pointer then.
     bool m_isForKeys = false;
     /// Where the window is: the frame's place once it has slid in.
