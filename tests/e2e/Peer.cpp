@@ -8,9 +8,9 @@
 //   Peer copy silent      copies a URI list, and never answers who asks for it
 //   Peer copy dying       copies a URI list, and ends when somebody asks for it
 //   Peer trash            takes files and moves them to the Trash, some time after they were dropped
-//   Peer offer FILE TYPE [RESULT]
-//                         offers what is in FILE as TYPE to whoever it is dragged to, and writes into RESULT whether it
-//                         was taken
+//   Peer offer FILE TYPE [RESULT [FILE TYPE]...]
+//                         offers what is in each FILE as TYPE to whoever it is dragged to, and writes into RESULT
+//                         whether it was taken
 //   Peer slow FILE TYPE ASKED GATE
 //                         the same, but makes the file ASKED when somebody asks for it, and delivers only once there is
 //                         a file GATE, or after 0.7 seconds
@@ -301,6 +301,15 @@ protected:
     return payload;
 }
 
+/// What the program offers that is started with these arguments.
+[[nodiscard]] std::unique_ptr<QMimeData> offered(const QStringList& arguments)
+{
+    auto payload = filled(std::make_unique<QMimeData>(), arguments);
+    for (qsizetype next = 5; next + 1 < arguments.size(); next += 2)
+        payload->setData(arguments[next + 1], content(arguments[next]));
+    return payload;
+}
+
 /// What the program copies that is started with these arguments.
 [[nodiscard]] std::unique_ptr<QMimeData> copied(const QStringList& arguments)
 {
@@ -337,8 +346,7 @@ protected:
     if (mode == QLatin1String("trash"))
         return std::make_unique<TrashCan>();
     if (mode == QLatin1String("offer"))
-        return std::make_unique<Source>([arguments] { return filled(std::make_unique<QMimeData>(), arguments); },
-                                        arguments.value(4));
+        return std::make_unique<Source>([arguments] { return offered(arguments); }, arguments.value(4));
     if (mode == QLatin1String("slow"))
         return std::make_unique<Source>(
             [arguments] { return filled(std::make_unique<Late>(arguments.value(4), arguments.value(5)), arguments); });

@@ -143,6 +143,7 @@ bool WaylandShelfDesktop::openProgram(const QString& path, const QStringList& ar
 void WaylandShelfDesktop::runPeersOnX11()
 {
     m_desktop->setVariable(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
+    m_desktop->setVariable(QStringLiteral("GDK_BACKEND"), QStringLiteral("x11"));
 }
 
 void WaylandShelfDesktop::openGtkTarget(const QString& kind)
