@@ -140,7 +140,6 @@ void LayerPanelWindow::orderOut()
     takeEdge();
     m_window.setVisible(false);
     setAside(Aside::no);
-    m_timesAside = 0;
     m_afterDrop.stop();
     m_heldMouse.drop();
     m_isPointerInside = false;
@@ -225,6 +224,12 @@ void LayerPanelWindow::dragHasLeftElsewhere()
     forwardDragLeave(m_window);
 }
 
+void LayerPanelWindow::takeEdge()
+{
+    m_timesAside = 0;
+    setEdgeTaken(false);
+}
+
 // A drag that is let go on the strip would be lost if the panel took its place: until the panel has answered anew, the
 // compositor takes the drop for refused.
 void LayerPanelWindow::setEdgeTaken(bool isTaken)
@@ -256,6 +261,15 @@ void LayerPanelWindow::stepAside()
     ++m_timesAside;
     setAside(Aside::untilTheDragLeaves);
     m_asideEnd.start();
+}
+
+void LayerPanelWindow::dragHasEntered(const QDropEvent& event)
+{
+    m_pointer.drag(onDesktop(event.position()));
+    if (event.possibleActions() == Qt::IgnoreAction && !m_isDragElsewhere)
+        stepAside();
+    else
+        setAside(Aside::no);
 }
 
 // The panel may be about to hide, which it does unless the pointer is over it.
@@ -325,11 +339,8 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         m_pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
         break;
     case QEvent::DragEnter:
-        if (static_cast<QDropEvent*>(event)->possibleActions() == Qt::IgnoreAction && !m_isDragElsewhere)
-            stepAside();
-        else
-            setAside(Aside::no);
-        [[fallthrough]];
+        dragHasEntered(*static_cast<QDropEvent*>(event));
+        break;
     case QEvent::DragMove:
         m_pointer.drag(onDesktop(static_cast<QDropEvent*>(event)->position()));
         break;
@@ -349,7 +360,6 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::Drop:
         takeEdge();
-        m_timesAside = 0;
         m_pointer.move(onDesktop(static_cast<QDropEvent*>(event)->position()));
         m_afterDrop.start();
         break;

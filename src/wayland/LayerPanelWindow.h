@@ -49,7 +49,7 @@ public:
     void dragHasLeftElsewhere();
 
     /// Call this when no such drag is under way any more, or the strips are gone.
-    void takeEdge() { setEdgeTaken(false); }
+    void takeEdge();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -76,6 +76,7 @@ private:
     void setEdgeTaken(bool isTaken);
     /// Lets a drag that has come as one with which nothing may be done leave and come once more.
     void stepAside();
+    void dragHasEntered(const QDropEvent& event);
     void dragHasLeft();
     void asideIsOver();
     void setAside(Aside aside);
