@@ -11,8 +11,10 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstring>
 #include <functional>
+#include <optional>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -31,8 +33,20 @@ const QString list = QStringLiteral("text/uri-list");
 const QString words = QStringLiteral("text/plain");
 const QString bytes = QStringLiteral("application/octet-stream");
 
-/// As much as a test sends in one message.
-inline constexpr std::size_t mostFiles = 8;
+/// A format that the source does not have, so that the toolkit does not ask for it.
+const QString unoffered = QStringLiteral("image/bmp");
+/// A format that the source refuses: no answer comes, and no end.
+const QString refused = QStringLiteral("image/png");
+/// A question whose second asking gets an end without an answer, a moment before the first one gets its answer.
+const QString answeredLate = QStringLiteral("text/late");
+/// A format that the toolkit takes its time to ask for.
+const QString askedLate = QStringLiteral("text/slow");
+/// A format whose answer is more than a pipe holds.
+const QString large = QStringLiteral("text/large");
+inline constexpr qsizetype largeSize = 300'000;
+
+/// As much as one message has.
+inline constexpr std::size_t mostFiles = 28;
 
 struct Control {
     alignas(cmsghdr) std::array<char, CMSG_SPACE(mostFiles * sizeof(int))> space{};
@@ -75,6 +89,8 @@ public:
         : m_deafTo(deafTo)
     {
         std::array<int, 2> ends{};
+        // A child that is not needed any more is ended while its answer is written.
+        std::signal(SIGPIPE, SIG_IGN);
         if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
             return;
         m_own = FileDescriptor(ends[0]);
@@ -94,13 +110,18 @@ public:
             ::shutdown(m_toolkits.get(), SHUT_RDWR);
             m_thread.join();
         }
+        m_unanswered.clear();
+        for (auto& answer : m_answers) {
+            if (answer.joinable())
+                answer.join();
+        }
         return m_messages;
     }
 
 private:
     void run()
     {
-        std::array<char, 1024> chunk{};
+        std::array<char, 4096> chunk{};
         for (;;) {
             iovec place{ chunk.data(), chunk.size() };
             Control control;
@@ -124,11 +145,31 @@ private:
             int number = -1;
             std::memcpy(&number, files + question * static_cast<qsizetype>(sizeof(int)), sizeof(int));
             FileDescriptor pipe(number);
-            if (m_messages.size() <= m_deafTo)
+            const QByteArray& format = questions[question];
+            if (m_messages.size() <= m_deafTo || format == refused.toUtf8()) {
                 m_unanswered.push_back(std::move(pipe));
-            else
-                static_cast<void>(::write(number, questions[question].constData(),
-                                          static_cast<std::size_t>(questions[question].size())));
+                continue;
+            }
+            if (format == answeredLate.toUtf8() && !m_late) {
+                m_late = std::move(pipe);
+                continue;
+            }
+            if (format == answeredLate.toUtf8()) {
+                pipe = FileDescriptor();
+                std::this_thread::sleep_for(moment / 8);
+                pipe = std::move(*m_late);
+            }
+            // Each answer has its own thread, as a compositor answers all at the same time.
+            m_answers.emplace_back([pipe = std::move(pipe), format] {
+                const QByteArray answer = format == large.toUtf8() ? QByteArray(largeSize, 'n') : format;
+                for (qsizetype done = 0; done < answer.size();) {
+                    const ssize_t size =
+                        ::write(pipe.get(), answer.constData() + done, static_cast<std::size_t>(answer.size() - done));
+                    if (size <= 0)
+                        return;
+                    done += size;
+                }
+            });
         }
     }
 
@@ -136,6 +177,8 @@ private:
     FileDescriptor m_own;
     FileDescriptor m_toolkits;
     std::vector<FileDescriptor> m_unanswered;
+    std::optional<FileDescriptor> m_late;
+    std::vector<std::thread> m_answers;
     QList<QByteArrayList> m_messages;
     std::thread m_thread;
 };
@@ -143,9 +186,16 @@ private:
 [[nodiscard]] BridgedDrop dropAt(const FakeCompositor& compositor, std::chrono::milliseconds patience)
 {
     const auto makeWork = [socket = compositor.socket()](const QString& format) {
-        return ReadingChild::Work{ [] {}, [socket, format] { return askAndRead(socket, format); } };
+        return ReadingChild::Work{ [] {},
+                                   [socket, format] {
+                                       if (format == unoffered)
+                                           return QByteArray();
+                                       if (format == askedLate)
+                                           std::this_thread::sleep_for(moment / 2 + moment / 8);
+                                       return askAndRead(socket, format);
+                                   } };
     };
-    return { makeWork, compositor.socket(), { Clock::now() + patience, 1000 } };
+    return { makeWork, compositor.socket(), { Clock::now() + patience, qsizetype{ 1024 } * 1024 } };
 }
 
 } // namespace
@@ -158,6 +208,13 @@ private Q_SLOTS:
     void aQuestionThatWasNotExpectedIsAskedAlone();
     void whatIsNotAnsweredIsAskedAgain();
     void whatIsNeverAnsweredIsGivenUp();
+    void whatIsRefusedCostsLittle();
+    void whatHasComeIsTakenAfterTheDeadline();
+    void largeAnswersDoNotWaitForEachOther();
+    void whatIsNotOfferedCostsLittle();
+    void moreQuestionsThanOneMessageHolds();
+    void anEndIsNoAnswerWhileAnotherMayCome();
+    void whoAsksLateIsWaitedFor();
 };
 
 void BridgedDropTest::theQuestionsAreAskedInOneMessage()
@@ -199,6 +256,83 @@ void BridgedDropTest::whatIsNeverAnsweredIsGivenUp()
     QCOMPARE(drop.answer(words), QByteArray());
     QVERIFY(Clock::now() - start < aMinute);
     QVERIFY(compositor.end().size() >= 2);
+}
+
+void BridgedDropTest::whatIsRefusedCostsLittle()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    drop.ask({ refused, words });
+    const auto start = Clock::now();
+    QCOMPARE(drop.answer(refused), QByteArray());
+    QCOMPARE(drop.answer(words), words.toUtf8());
+    QVERIFY(Clock::now() - start < aMinute / 4);
+}
+
+void BridgedDropTest::whatHasComeIsTakenAfterTheDeadline()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, moment);
+    drop.ask({ words });
+    std::this_thread::sleep_for(moment);
+    QCOMPARE(drop.answer(words), words.toUtf8());
+}
+
+void BridgedDropTest::largeAnswersDoNotWaitForEachOther()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    drop.ask({ words, large, list });
+    const auto start = Clock::now();
+    QCOMPARE(drop.answer(words), words.toUtf8());
+    QCOMPARE(drop.answer(list), list.toUtf8());
+    QCOMPARE(drop.answer(large).size(), largeSize);
+    QVERIFY(Clock::now() - start < aMinute / 4);
+    // None was asked again.
+    QCOMPARE(compositor.end().size(), 1);
+}
+
+void BridgedDropTest::whatIsNotOfferedCostsLittle()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    const auto start = Clock::now();
+    drop.ask({ unoffered, words });
+    QCOMPARE(drop.answer(unoffered), QByteArray());
+    QCOMPARE(drop.answer(words), words.toUtf8());
+    QVERIFY(Clock::now() - start < aMinute / 4);
+}
+
+void BridgedDropTest::moreQuestionsThanOneMessageHolds()
+{
+    constexpr int more = 30;
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    QStringList formats;
+    for (int number = 0; number < more; ++number)
+        formats << QStringLiteral("text/%1").arg(number);
+    drop.ask(formats);
+    for (const QString& format : formats)
+        QCOMPARE(drop.answer(format), format.toUtf8());
+    QCOMPARE(compositor.end().constFirst().size(), qsizetype{ mostFiles });
+}
+
+void BridgedDropTest::anEndIsNoAnswerWhileAnotherMayCome()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    drop.ask({ answeredLate });
+    QCOMPARE(drop.answer(answeredLate), answeredLate.toUtf8());
+}
+
+void BridgedDropTest::whoAsksLateIsWaitedFor()
+{
+    FakeCompositor compositor(0);
+    BridgedDrop drop = dropAt(compositor, aMinute);
+    drop.ask({ askedLate, words });
+    QCOMPARE(drop.answer(words), words.toUtf8());
+    QCOMPARE(drop.answer(askedLate), askedLate.toUtf8());
+    QCOMPARE(compositor.end(), (QList<QByteArrayList>{ { askedLate.toUtf8(), words.toUtf8() } }));
 }
 
 QTEST_GUILESS_MAIN(BridgedDropTest)

@@ -76,16 +76,32 @@ bool HeldRequest::receive(Clock::time_point deadline)
     return size > 0;
 }
 
-bool HeldRequest::passOn(int socket, const std::vector<HeldRequest>& requests)
+std::size_t HeldRequest::passOn(int socket, const Requests& requests)
+{
+    auto first = requests.begin();
+    while (first != requests.end()) {
+        std::size_t files = 0;
+        const auto end = std::find_if(first, requests.end(), [&](const HeldRequest* request) {
+            files += request->m_files.size();
+            return files > mostFiles;
+        });
+        if (!send(socket, first, end))
+            break;
+        first = end;
+    }
+    return static_cast<std::size_t>(first - requests.begin());
+}
+
+bool HeldRequest::send(int socket, Requests::const_iterator first, Requests::const_iterator end)
 {
     QByteArray bytes;
     std::vector<int> files;
-    for (const HeldRequest& request : requests) {
-        bytes += request.m_bytes;
-        for (const FileDescriptor& file : request.m_files)
+    for (auto request = first; request != end; ++request) {
+        bytes += (*request)->m_bytes;
+        for (const FileDescriptor& file : (*request)->m_files)
             files.push_back(file.get());
     }
-    if (files.empty() || files.size() > mostFiles)
+    if (files.empty())
         return false;
     iovec place{ bytes.data(), static_cast<std::size_t>(bytes.size()) };
     Control control;

@@ -5,6 +5,7 @@
 #include <QByteArray>
 
 #include <chrono>
+#include <cstddef>
 #include <optional>
 #include <vector>
 
@@ -23,11 +24,19 @@ public:
     /// Waits until the child has sent something; false when it has not before the deadline.
     [[nodiscard]] bool receive(Clock::time_point deadline);
 
-    /// Sends what was received to the socket, all in one message: the compositor reads it at once.
-    static bool passOn(int socket, const std::vector<HeldRequest>& requests);
+    /// Can be read when the child has sent something.
+    [[nodiscard]] int pipe() const { return m_ours.get(); }
+
+    /// Sends what was received to the socket, all in one message where one has room for it: the compositor reads it at
+    /// once. Says how many requests have been sent, in their order.
+    [[nodiscard]] static std::size_t passOn(int socket, const std::vector<const HeldRequest*>& requests);
 
 private:
     HeldRequest(FileDescriptor ours, FileDescriptor childs);
+
+    using Requests = std::vector<const HeldRequest*>;
+
+    [[nodiscard]] static bool send(int socket, Requests::const_iterator first, Requests::const_iterator end);
 
     FileDescriptor m_ours;
     FileDescriptor m_childs;

@@ -56,6 +56,9 @@ public:
     /// What the child has handed over so far.
     [[nodiscard]] QByteArray bytes() const { return m_bytes; }
 
+    /// Whether it has handed over nothing so far.
+    [[nodiscard]] bool isSilent() const { return m_bytes.isEmpty(); }
+
 private:
     ReadingChild(pid_t id, FileDescriptor pipe, qsizetype maximumSize);
 

@@ -5,6 +5,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace nookle {
@@ -32,9 +33,9 @@ WaylandDropPayload::WaylandDropPayload(const QMimeData& data, Connection connect
     , m_limits(limits)
 {
     if (source == Source::x11Program)
-        m_bridged =
-            std::make_unique<BridgedDrop>([this](const QString& format) { return workFor(format); },
-                                          m_connection.socket, BridgedDrop::Limits{ m_limits.deadline, m_limits.size });
+        m_bridged = std::make_unique<BridgedDrop>(
+            [this](const QString& format) { return canAsk() ? std::optional(workFor(format)) : std::nullopt; },
+            m_connection.socket, BridgedDrop::Limits{ m_limits.deadline, m_limits.size });
 }
 
 WaylandDropPayload::~WaylandDropPayload() = default;
@@ -68,7 +69,7 @@ bool WaylandDropPayload::isOfPage() const
 
 void WaylandDropPayload::expect(const QStringList& formats) const
 {
-    if (m_bridged && canAsk())
+    if (m_bridged)
         m_bridged->ask(formats);
 }
 
@@ -76,7 +77,8 @@ QByteArray WaylandDropPayload::delivered(const QString& format) const
 {
     if (const auto known = m_delivered.constFind(format); known != m_delivered.constEnd())
         return *known;
-    if (!canAsk())
+    // What was asked for in time may have come by now.
+    if (!m_bridged && !canAsk())
         return {};
     return *m_delivered.insert(format, read(format));
 }
