@@ -31,6 +31,7 @@
 
 #include "Announcer.h"
 #include "DragSource.h"
+#include "MovingWindow.h"
 #include "UnboundedPayload.h"
 
 #include <QApplication>
@@ -49,7 +50,6 @@
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
-#include <QWindow>
 
 #include <xcb/xcb.h>
 
@@ -265,19 +265,6 @@ private:
     QString m_result;
 };
 
-/// Its size lets it lie in the middle of the desktop.
-class Moving final : public QWidget {
-public:
-    Moving()
-    {
-        setWindowTitle(QStringLiteral("moving"));
-        resize(800, 500);
-    }
-
-protected:
-    void mousePressEvent(QMouseEvent* /*event*/) override { windowHandle()->startSystemMove(); }
-};
-
 [[nodiscard]] std::unique_ptr<QWidget> makeText()
 {
     auto text = std::make_unique<QPlainTextEdit>(QStringLiteral("Some words that a user may select.\n").repeated(200));
@@ -368,7 +355,7 @@ protected:
         return window;
     }
     if (mode == QLatin1String("moving"))
-        return std::make_unique<Moving>();
+        return std::make_unique<MovingWindow>();
     return makeText();
 }
 
