@@ -73,6 +73,7 @@ bool X11ForeignDrags::watchSelection()
     const auto cookie = xcb_xfixes_query_version(m_connection.get(), 2, 0);
     const auto version = owned(xcb_xfixes_query_version_reply(m_connection.get(), cookie, nullptr));
     const std::uint32_t selection = xcbAtom(m_connection.get(), "XdndSelection");
+    m_managerAtom = xcbAtom(m_connection.get(), "_NET_SUPPORTING_WM_CHECK");
     if (!version || selection == XCB_ATOM_NONE)
         return false;
     const auto root = rootOf(m_connection.get());
@@ -103,6 +104,7 @@ void X11ForeignDrags::readEvents()
     m_notifier.reset();
     m_connection.reset();
     m_isUnderWay = false;
+    m_isOfX11Program = false;
     if (onChanged)
         onChanged();
 }
@@ -111,8 +113,7 @@ void X11ForeignDrags::readEvents()
 bool X11ForeignDrags::isOfCompositor(std::uint32_t window) const
 {
     auto* const connection = m_connection.get();
-    const auto atom = xcbAtom(connection, "_NET_SUPPORTING_WM_CHECK");
-    const auto cookie = xcb_get_property(connection, 0, rootOf(connection), atom, XCB_ATOM_WINDOW, 0, 1);
+    const auto cookie = xcb_get_property(connection, 0, rootOf(connection), m_managerAtom, XCB_ATOM_WINDOW, 0, 1);
     const auto property = owned(xcb_get_property_reply(connection, cookie, nullptr));
     if (!property || xcb_get_property_value_length(property.get()) != sizeof(xcb_window_t))
         return true;

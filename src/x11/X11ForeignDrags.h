@@ -36,6 +36,8 @@ private:
     XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::uint8_t m_firstFixesEvent = 0;
+    /// Of the property that names the window manager's window.
+    std::uint32_t m_managerAtom = 0;
     /// No look for the server before this: it reads the names of all processes.
     QDeadlineTimer m_nextLook;
     bool m_isUnderWay = false;
