@@ -272,6 +272,14 @@ void LayerPanelWindow::dragHasEntered(const QDropEvent& event)
         setAside(Aside::no);
 }
 
+// A hand that pauses after the entry moves on only when the panel is no longer aside.
+void LayerPanelWindow::dragHasMoved(const QDropEvent& event)
+{
+    m_pointer.drag(onDesktop(event.position()));
+    if (m_aside == Aside::no && event.possibleActions() == Qt::IgnoreAction && !m_isDragElsewhere)
+        stepAside();
+}
+
 // The panel may be about to hide, which it does unless the pointer is over it.
 void LayerPanelWindow::dragHasLeft()
 {
@@ -342,7 +350,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         dragHasEntered(*static_cast<QDropEvent*>(event));
         break;
     case QEvent::DragMove:
-        m_pointer.drag(onDesktop(static_cast<QDropEvent*>(event)->position()));
+        dragHasMoved(*static_cast<QDropEvent*>(event));
         break;
     case QEvent::Leave:
         // The toolkit says so whenever a menu opens, also of a pointer that rests on the panel. Of that one KWin tells

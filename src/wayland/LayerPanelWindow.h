@@ -77,6 +77,7 @@ private:
     /// Lets a drag that has come as one with which nothing may be done leave and come once more.
     void stepAside();
     void dragHasEntered(const QDropEvent& event);
+    void dragHasMoved(const QDropEvent& event);
     void dragHasLeft();
     void asideIsOver();
     void setAside(Aside aside);

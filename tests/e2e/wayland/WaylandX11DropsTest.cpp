@@ -4,6 +4,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QJsonObject>
+#include <QRandomGenerator>
 #include <QtTest>
 
 #include <algorithm>
@@ -31,6 +32,21 @@ inline constexpr int timeToSave = 5000;
     return buffer.data();
 }
 
+/// Of more bytes than a pipe holds, however well it is packed.
+[[nodiscard]] QByteArray noise()
+{
+    QImage image(320, 240, QImage::Format_RGB32);
+    QRandomGenerator random(1);
+    for (int row = 0; row < image.height(); ++row)
+        random.fillRange(reinterpret_cast<quint32*>(image.scanLine(row)), image.width());
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return buffer.data();
+}
+
+inline constexpr int manyWords = 20'000;
+
 } // namespace
 
 /// What X11 programs drop on the shelf that is a Wayland program, one drop after the other.
@@ -43,11 +59,12 @@ private Q_SLOTS:
 
     void everyDropArrives_data();
     void everyDropArrives();
+    void aHandMayPauseOnThePinnedPanel();
 
 private:
     [[nodiscard]] bool openSource(const QString& toolkit, const QStringList& types);
     /// Writes what the source offers next.
-    void writePayload(const QStringList& types, const QString& kind, int number);
+    void writePayload(const QStringList& types, const QString& kind, int number, bool isLarge);
     /// Drags it to the edge, and onto the panel, and lets go. Says what went wrong, if anything.
     [[nodiscard]] QString drop();
     /// Rests on the mouse for a while.
@@ -84,18 +101,25 @@ bool WaylandX11DropsTest::openSource(const QString& toolkit, const QStringList& 
     return openPeer(QStringList{ QStringLiteral("offer") } + arguments);
 }
 
-void WaylandX11DropsTest::writePayload(const QStringList& types, const QString& kind, int number)
+void WaylandX11DropsTest::writePayload(const QStringList& types, const QString& kind, int number, bool isLarge)
 {
     const QByteArray name = QByteArray::number(number);
     const QString file = QStringLiteral("files/%1.txt").arg(number);
     m_desktop->writeFile(file, "words");
     const QByteArray address = kind == QLatin1String("file") ? QUrl::fromLocalFile(m_desktop->home(file)).toEncoded()
                                                              : QByteArray("http://127.0.0.1:9/" + name);
-    const QHash<QString, QByteArray> contents{
+    QHash<QString, QByteArray> contents{
         { addresses, address + "\r\n" },  { QStringLiteral("text/plain"), "text number " + name },
         { plain, "text number " + name }, { png, picture() },
         { unnamed, picture() },           { page, "<img src=\"http://127.0.0.1:9/\" alt=\"A field\">" }
     };
+    if (isLarge) {
+        contents[png] = noise();
+        contents[unnamed] = contents[png];
+        for (const QString& format : { plain, QStringLiteral("text/plain") })
+            contents[format] = QByteArray(name + " large text ").repeated(manyWords);
+        contents[page] = "<p>" + contents[plain] + "</p>";
+    }
     for (const QString& type : types)
         m_desktop->writeFile(QStringLiteral("offered/") + QString(type).replace(QLatin1Char('/'), QLatin1Char('-')),
                              contents.value(type));
@@ -150,10 +174,12 @@ void WaylandX11DropsTest::everyDropArrives_data()
     QTest::addColumn<QStringList>("types");
     QTest::addColumn<QString>("kind");
     QTest::addColumn<bool>("isPinned");
+    QTest::addColumn<bool>("isLarge");
     for (const QString& toolkit : { QStringLiteral("Qt"), QStringLiteral("GTK 3") }) {
-        const auto row = [&](const char* name, const QStringList& types, const char* kind, bool isPinned = false) {
+        const auto row = [&](const char* name, const QStringList& types, const char* kind, bool isPinned = false,
+                             bool isLarge = false) {
             QTest::newRow(qPrintable(toolkit + QLatin1String(": ") + QLatin1String(name)))
-                << toolkit << types << QString::fromLatin1(kind) << isPinned;
+                << toolkit << types << QString::fromLatin1(kind) << isPinned << isLarge;
         };
         const QString text = toolkit == QLatin1String("Qt") ? QStringLiteral("text/plain") : plain;
         row("a file", { addresses }, "file");
@@ -162,6 +188,8 @@ void WaylandX11DropsTest::everyDropArrives_data()
         row("a link", { addresses, text }, "link");
         row("an image of a page", { addresses, unnamed, page }, "image");
         row("a file onto the pinned panel", { addresses }, "file", true);
+        row("a large image with its address", { addresses, unnamed, page }, "image", false, true);
+        row("a long text with its page", { text, page }, "text", false, true);
     }
 }
 
@@ -171,17 +199,18 @@ void WaylandX11DropsTest::everyDropArrives()
     QFETCH(const QStringList, types);
     QFETCH(const QString, kind);
     QFETCH(const bool, isPinned);
+    QFETCH(const bool, isLarge);
     m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"),
                          isPinned ? "[General]\npanelPinned=true\n" : "[General]\n");
     QVERIFY(startShelf());
     // More, to measure.
     constexpr int fewest = 2;
     const int drops = std::max(fewest, qEnvironmentVariableIntValue("NOOKLE_DROPS"));
-    writePayload(types, kind, 0);
+    writePayload(types, kind, 0, isLarge);
     QVERIFY(openSource(toolkit, types));
     QStringList failures;
     for (int number = 1; number <= drops; ++number) {
-        writePayload(types, kind, number);
+        writePayload(types, kind, number, isLarge);
         QVERIFY(leavePanel());
         const qsizetype before = savedItems(kind);
         QString failure = drop();
@@ -192,6 +221,25 @@ void WaylandX11DropsTest::everyDropArrives()
         hand().release();
     }
     QCOMPARE(failures.join(QLatin1String(", ")), QString());
+}
+
+void WaylandX11DropsTest::aHandMayPauseOnThePinnedPanel()
+{
+    m_desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
+    QVERIFY(startShelf());
+    const QString kind = QStringLiteral("file");
+    writePayload({ addresses }, kind, 0, false);
+    QVERIFY(openSource(QStringLiteral("Qt"), { addresses }));
+    QVERIFY(leavePanel());
+    QVERIFY(beginDragOfPeer());
+    const QPoint onPanel(WaylandDesktop::displaySize.width() - 60, middle.y());
+    // One jump, so that the panel hears of the entry alone.
+    hand().sendTo(onPanel);
+    constexpr int pause = 1000;
+    QVERIFY(holdsFor([this] { return m_shelf->isRunning(); }, pause));
+    trembleLong();
+    hand().release();
+    QVERIFY(waitFor([&] { return savedItems(kind) == 1; }, timeToSave));
 }
 
 QTEST_GUILESS_MAIN(WaylandX11DropsTest)
