@@ -43,7 +43,7 @@ WaylandDropPayload::~WaylandDropPayload() = default;
 QStringList WaylandDropPayload::formats() const
 {
     QStringList formats = m_data.formats();
-    // The compositor has made one list of all addresses of an X11 program.
+    // Programs made with the toolkit offer it on X11 for every file, so there it says nothing of a page.
     if (!m_bridged && formats.contains(QLatin1String(addressList)) && !formats.contains(QLatin1String(linkWithTitle)))
         formats.append(QLatin1String(linkWithTitle));
     return formats;
