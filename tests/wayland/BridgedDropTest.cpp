@@ -295,12 +295,11 @@ void BridgedDropTest::largeAnswersDoNotWaitForEachOther()
 void BridgedDropTest::whatIsNotOfferedCostsLittle()
 {
     FakeCompositor compositor(0);
-    BridgedDrop drop = dropAt(compositor, aMinute);
-    const auto start = Clock::now();
+    // Who waits for it as long as for one that asks late asks for nothing else in time.
+    BridgedDrop drop = dropAt(compositor, moment);
     drop.ask({ unoffered, words });
     QCOMPARE(drop.answer(unoffered), QByteArray());
     QCOMPARE(drop.answer(words), words.toUtf8());
-    QVERIFY(Clock::now() - start < aMinute / 4);
 }
 
 void BridgedDropTest::moreQuestionsThanOneMessageHolds()
