@@ -280,6 +280,13 @@ void LayerPanelWindow::dragHasMoved(const QDropEvent& event)
         stepAside();
 }
 
+void LayerPanelWindow::dragWasDropped(const QDropEvent& event)
+{
+    takeEdge();
+    m_pointer.move(onDesktop(event.position()));
+    m_afterDrop.start();
+}
+
 // The panel may be about to hide, which it does unless the pointer is over it.
 void LayerPanelWindow::dragHasLeft()
 {
@@ -367,9 +374,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
             onMouseExited();
         break;
     case QEvent::Drop:
-        takeEdge();
-        m_pointer.move(onDesktop(static_cast<QDropEvent*>(event)->position()));
-        m_afterDrop.start();
+        dragWasDropped(*static_cast<QDropEvent*>(event));
         break;
     case QEvent::DragLeave:
         dragHasLeft();

@@ -79,6 +79,7 @@ private:
     void dragHasEntered(const QDropEvent& event);
     void dragHasMoved(const QDropEvent& event);
     void dragHasLeft();
+    void dragWasDropped(const QDropEvent& event);
     void asideIsOver();
     void setAside(Aside aside);
     /// Tells the compositor which part of the window takes the pointer and drags.
