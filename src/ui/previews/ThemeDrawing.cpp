@@ -29,7 +29,10 @@ namespace {
 {
     // Drawings of icons have some kilobytes.
     constexpr qint64 largest = 1024LL * 1024;
-    QFile file(fileOf(theme, QStringLiteral("scalable/mimetypes/%1.svg").arg(name)));
+    const QString path = fileOf(theme, QStringLiteral("scalable/mimetypes/%1.svg").arg(name));
+    if (path.isEmpty())
+        return {};
+    QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.read(largest) : QByteArray();
 }
 
