@@ -192,7 +192,8 @@ bool WaylandShelfDesktop::beginDragOfPeer()
     });
     if (!isPressed)
         return false;
-    hand().moveTo(middle + QPoint(40, 0));
+    // From here the hand's steps to the next display do not end at the edge between the two.
+    hand().moveTo(middle + QPoint(41, 0));
     // Some compositors tell of a drag only with the next movement.
     return waitFor([&] {
         hand().tremble();
