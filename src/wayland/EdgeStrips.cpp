@@ -98,7 +98,8 @@ void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& 
         onDragEvent(event, position);
     else
         event.ignore();
-    if (event.possibleActions() == Qt::IgnoreAction && isPanelShown && isPanelShown())
+    const bool isOfX11Program = m_drags && m_drags->isOfX11Program();
+    if (isOfX11Program && event.possibleActions() == Qt::IgnoreAction && isPanelShown && isPanelShown())
         strip.stepAside();
 }
 

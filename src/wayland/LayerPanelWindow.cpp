@@ -73,6 +73,7 @@ LayerPanelWindow::~LayerPanelWindow() = default;
 void LayerPanelWindow::setFrame(const QRectF& frame)
 {
     m_animation.stop();
+    setLeaving(false);
     findDisplay(frame);
     place(frame);
     if (m_window.isVisible())
@@ -137,6 +138,7 @@ void LayerPanelWindow::showShadow()
 void LayerPanelWindow::orderOut()
 {
     m_animation.stop();
+    setLeaving(false);
     takeEdge();
     m_window.setVisible(false);
     setAside(Aside::no);
@@ -201,6 +203,7 @@ void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing 
                                     std::function<void()> completion)
 {
     findDisplay(frame);
+    setLeaving(frame.left() > m_frame.left());
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 
@@ -238,11 +241,18 @@ void LayerPanelWindow::setEdgeTaken(bool isTaken)
         applyInputArea();
 }
 
+// A drag that came over a panel that slides out would be taken by it, and be lost when it is hidden. It is the strip's.
+void LayerPanelWindow::setLeaving(bool isLeaving)
+{
+    if (std::exchange(m_isLeaving, isLeaving) != isLeaving)
+        applyInputArea();
+}
+
 // An empty mask means the whole window, so a rectangle beyond it stands for nothing.
 void LayerPanelWindow::applyInputArea()
 {
     const QSize size = m_resting.size().toSize();
-    if (m_aside == Aside::untilTheDragLeaves)
+    if (m_isLeaving || m_aside == Aside::untilTheDragLeaves)
         m_window.setMask(QRect(-10, -10, 1, 1));
     else if (m_isEdgeTaken)
         m_window.setMask(QRect(0, 0, size.width() - StripWindow::thickness, size.height()));
@@ -263,21 +273,23 @@ void LayerPanelWindow::stepAside()
     m_asideEnd.start();
 }
 
-void LayerPanelWindow::dragHasEntered(const QDropEvent& event)
+// A hand that pauses after the entry moves on only when the panel is no longer aside.
+void LayerPanelWindow::dragIsOver(const QDropEvent& event)
 {
+    m_afterDrop.stop();
     m_pointer.drag(onDesktop(event.position()));
-    if (event.possibleActions() == Qt::IgnoreAction && !m_isDragElsewhere)
+    const bool hasEntered = event.type() == QEvent::DragEnter;
+    if (mustComeAgain(event) && (hasEntered || m_aside == Aside::no))
         stepAside();
-    else
+    else if (hasEntered)
         setAside(Aside::no);
 }
 
-// A hand that pauses after the entry moves on only when the panel is no longer aside.
-void LayerPanelWindow::dragHasMoved(const QDropEvent& event)
+// A Wayland program's drag that offers nothing to do is refused.
+bool LayerPanelWindow::mustComeAgain(const QDropEvent& event) const
 {
-    m_pointer.drag(onDesktop(event.position()));
-    if (m_aside == Aside::no && event.possibleActions() == Qt::IgnoreAction && !m_isDragElsewhere)
-        stepAside();
+    return event.possibleActions() == Qt::IgnoreAction && !m_isDragElsewhere && isDragOfX11Program
+        && isDragOfX11Program();
 }
 
 void LayerPanelWindow::dragWasDropped(const QDropEvent& event)
@@ -354,10 +366,8 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         m_pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
         break;
     case QEvent::DragEnter:
-        dragHasEntered(*static_cast<QDropEvent*>(event));
-        break;
     case QEvent::DragMove:
-        dragHasMoved(*static_cast<QDropEvent*>(event));
+        dragIsOver(*static_cast<QDropEvent*>(event));
         break;
     case QEvent::Leave:
         // The toolkit says so whenever a menu opens, also of a pointer that rests on the panel. Of that one KWin tells

@@ -51,6 +51,9 @@ public:
     /// Call this when no such drag is under way any more, or the strips are gone.
     void takeEdge();
 
+    /// Whether the drag that is under way is known to be an X11 program's. Set by the owner.
+    std::function<bool()> isDragOfX11Program;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -74,10 +77,13 @@ private:
     void pointerIsDone();
     /// Leaves the edge of the display to the strip (true), or takes it (false).
     void setEdgeTaken(bool isTaken);
+    /// While the panel slides out, the window takes nothing.
+    void setLeaving(bool isLeaving);
+    /// Whether a drag has to leave and come back before it can be taken.
+    [[nodiscard]] bool mustComeAgain(const QDropEvent& event) const;
     /// Lets a drag that has come as one with which nothing may be done leave and come once more.
     void stepAside();
-    void dragHasEntered(const QDropEvent& event);
-    void dragHasMoved(const QDropEvent& event);
+    void dragIsOver(const QDropEvent& event);
     void dragHasLeft();
     void dragWasDropped(const QDropEvent& event);
     void asideIsOver();
@@ -98,6 +104,7 @@ private:
     QTimer m_afterDrop;
     bool m_isPointerInside = false;
     bool m_isEdgeTaken = false;
+    bool m_isLeaving = false;
     Aside m_aside = Aside::no;
     /// Ends the window's being aside, should the drag not move.
     QTimer m_asideEnd;

@@ -112,6 +112,7 @@ std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, do
         else
             event.ignore();
     };
+    panel->isDragOfX11Program = [this] { return m_drags && m_drags->isOfX11Program(); };
     m_strips->isPanelShown = [panel = QPointer(panel.get())] { return panel && panel->isShown(); };
     m_strips->onDragLeft = [panel = QPointer(panel.get())] {
         if (panel)
