@@ -5,9 +5,8 @@
 namespace nookle {
 
 /// The toolkit's own style with edges that can be seen in dark colours too. It draws them darker than their ground, so
-/// that dark menus and check boxes have none. Tool tips get a fine edge, and they and buttons some room around
-/// their text. Texts that are
-/// not available are drawn once, and not a second time in a lighter colour below.
+/// that dark menus and check boxes have none. Tool tips get a fine edge, and they and buttons some room around their
+/// text. Texts that are not available are drawn once, and not a second time in a lighter colour below.
 class OutlinedStyle final : public QProxyStyle {
     Q_OBJECT
 
