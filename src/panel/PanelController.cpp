@@ -67,14 +67,28 @@ void PanelController::show()
     cancelPendingHide();
     if (m_isShown)
         return;
-    const std::optional<QRectF> display = displayUnderPointer();
-    if (!display)
+    m_isForKeys = false;
+    if (const auto display = frameAt(m_displays.frames(), m_pointer.position())) {
+        slideIn(*display);
         return;
+    }
+    m_isLooking = true;
+    m_displays.findActive(m_lifetime.guarded([this](const std::optional<QRectF>& display) {
+        if (!std::exchange(m_isLooking, false) || !display)
+            return;
+        slideIn(*display);
+        if (m_isForKeys)
+            onTakeFocus();
+    }));
+}
 
+void PanelController::slideIn(const QRectF& display)
+{
+    m_isLooking = false;
     m_isShown = true;
-    m_display = m_displays.identity(*display);
+    m_display = m_displays.identity(display);
     m_store.refreshFiles();
-    const QRectF resting = restingFrame(m_displays.visibleFrame(*display));
+    const QRectF resting = restingFrame(m_displays.visibleFrame(display));
     m_panel.setFrame(resting.translated(panelWidth, 0));
     m_panel.orderFront();
     // Some window managers pass over the reservation of a window that is not on the screen.
@@ -85,10 +99,11 @@ void PanelController::showForKeys()
 {
     const bool isDragging = m_dragInTimer || m_isDraggingOut || m_pointer.isLeftButtonDown();
     show();
-    if (!m_isShown || isDragging)
+    if (isDragging || (!m_isShown && !m_isLooking))
         return;
     m_isForKeys = true;
-    onTakeFocus();
+    if (m_isShown)
+        onTakeFocus();
 }
 
 void PanelController::focusChanged(bool hasFocus)
@@ -101,6 +116,7 @@ void PanelController::focusChanged(bool hasFocus)
 void PanelController::hide()
 {
     cancelPendingHide();
+    m_isLooking = false;
     if (!m_isShown || m_isMenuOpen)
         return;
 

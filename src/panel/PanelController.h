@@ -32,7 +32,8 @@ public:
     /// True from the moment the panel begins to slide in until it begins to slide out.
     [[nodiscard]] bool isShown() const { return m_isShown; }
 
-    /// Slides the panel in on the display under the pointer. On a shown panel it only cancels a pending hide.
+    /// Slides the panel in on the display under the pointer, as soon as it is known which one that is. On a shown panel
+    /// it only cancels a pending hide.
     void show();
 
     /// As `show`, and takes the keyboard focus, but never under a drag. The panel stays while it has the focus.
@@ -79,6 +80,7 @@ public:
 
 private:
     void tellExpectedFrame();
+    void slideIn(const QRectF& display);
     [[nodiscard]] std::optional<QRectF> displayUnderPointer() const;
     /// The present frame of the display on which the panel was shown; none when that display is gone.
     [[nodiscard]] std::optional<QRectF> ownDisplay() const;
@@ -101,6 +103,8 @@ private:
     bool m_isForKeys = false;
     bool m_isMenuOpen = false;
     bool m_isShown = false;
+    /// True while it is not known yet on which display the panel is to slide in.
+    bool m_isLooking = false;
     bool m_reservesSpace = false;
     /// The identity of the display that the panel was shown on last.
     QString m_display;

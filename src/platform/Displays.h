@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -28,6 +29,12 @@ public:
 
     /// The full frame of the main display; none when there is no display.
     [[nodiscard]] virtual std::optional<QRectF> mainFrame() const = 0;
+
+    using Found = std::function<void(const std::optional<QRectF>& frame)>;
+    /// Finds the display that the user is at, for when the pointer's place is not known, and calls `found` with its
+    /// full frame; with none when there is no display. Calls it at once, or later if the display server has to be
+    /// asked. A later search replaces one that has not ended.
+    virtual void findActive(Found found) const { found(mainFrame()); }
 
     /// An identifier of the display with the full frame `frame`. It stays the same while the display is plugged in,
     /// even if the displays are rearranged. Empty when no display has that frame.

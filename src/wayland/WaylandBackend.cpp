@@ -4,9 +4,9 @@
 #include "EdgeInputMonitor.h"
 #include "EdgeStrips.h"
 #include "LayerPanelWindow.h"
-#include "ScreenDisplays.h"
 #include "SeenPointer.h"
 #include "WaylandClipboard.h"
+#include "WaylandDisplays.h"
 #include "WaylandDropPayload.h"
 #include "WaylandGlobals.h"
 
@@ -21,12 +21,6 @@
 namespace nookle {
 
 namespace {
-
-/// The compositor applies its panels to the window itself, so the whole display is usable.
-class WaylandDisplays final : public ScreenDisplays {
-public:
-    [[nodiscard]] QRectF visibleFrame(const QRectF& frame) const override { return frame; }
-};
 
 /// Every compositor shows what lies below transparent parts of a window.
 class WaylandCompositing final : public Compositing {

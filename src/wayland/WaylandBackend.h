@@ -11,9 +11,9 @@ class EdgeInputMonitor;
 class EdgeStrips;
 class ForeignDrags;
 class LayerPanelWindow;
-class ScreenDisplays;
 class SeenPointer;
 class WaylandClipboard;
+class WaylandDisplays;
 
 /// The desktop backend for Wayland compositors with a layer shell.
 class WaylandBackend final : public DesktopBackend {
@@ -41,7 +41,7 @@ private:
     std::unique_ptr<CompositorEnd> m_end;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     std::unique_ptr<ForeignDrags> m_drags;
-    std::unique_ptr<ScreenDisplays> m_displays;
+    std::unique_ptr<WaylandDisplays> m_displays;
     std::unique_ptr<SeenPointer> m_pointer;
     std::unique_ptr<EdgeInputMonitor> m_inputMonitor;
     std::unique_ptr<Compositing> m_compositing;

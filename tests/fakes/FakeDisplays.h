@@ -2,6 +2,8 @@
 
 #include "Displays.h"
 
+#include <utility>
+
 namespace nookle {
 
 /// Displays as the test sets them.
@@ -27,6 +29,14 @@ public:
         return entries.empty() ? std::nullopt : std::optional(entries.at(main).frame);
     }
 
+    void findActive(Found found) const override
+    {
+        if (mustBeAsked)
+            search = std::move(found);
+        else
+            found(mainFrame());
+    }
+
     [[nodiscard]] QString identity(const QRectF& frame) const override
     {
         for (const Entry& entry : entries) {
@@ -48,6 +58,9 @@ public:
     std::vector<Entry> entries{ { { 0, 0, 1280, 800 }, { 0, 0, 1280, 800 }, QStringLiteral("first") } };
     /// The main display, counted from 0.
     std::size_t main = 0;
+    /// Whether a search for the active display ends only when the test calls `search`.
+    bool mustBeAsked = false;
+    mutable Found search;
     mutable int timesAsked = 0;
 };
 

@@ -80,6 +80,10 @@ private Q_SLOTS:
     void aPointerOnNoDisplayMeansTheMainDisplay_data();
     void aPointerOnNoDisplayMeansTheMainDisplay();
     void withoutAnyDisplayNothingShows();
+    void whereThePointerIsUnknownThePanelWaitsForTheActiveDisplay();
+    void hidingEndsTheSearchForADisplay();
+    void aDragDoesNotWaitForTheSearch();
+    void thePanelForKeysTakesTheFocusOnceItsDisplayIsKnown();
     void aDisplayThatGoesHandsThePanelOver();
     void aDisplayThatChangesKeepsThePanelAtItsEdge();
     void anotherDisplayAtTheLeftLeavesThePanelOnItsOwn();
@@ -332,6 +336,71 @@ void PanelControllerTest::withoutAnyDisplayNothingShows()
     f.panel.show();
     QVERIFY(!f.panel.isShown());
     QVERIFY(!f.window.isOnScreen);
+}
+
+void PanelControllerTest::whereThePointerIsUnknownThePanelWaitsForTheActiveDisplay()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries = { { { 0, 0, 800, 600 }, { 0, 0, 800, 600 } }, { { 800, 0, 640, 480 }, { 800, 0, 640, 480 } } };
+    f.displays.mustBeAsked = true;
+    f.pointer.at = { -1000, -1000 };
+    f.panel.show();
+    QVERIFY(!f.panel.isShown());
+    QVERIFY(!f.window.isOnScreen);
+    f.displays.search(f.displays.entries.at(1).frame);
+    QVERIFY(f.panel.isShown());
+    f.queue.advance(0.18);
+    QCOMPARE(f.window.frame(), QRectF(1328, 24, 112, 432));
+}
+
+void PanelControllerTest::hidingEndsTheSearchForADisplay()
+{
+    Fixture& f = *m_fixture;
+    f.displays.mustBeAsked = true;
+    f.pointer.at = { -1000, -1000 };
+    f.panel.show();
+    f.panel.hide();
+    f.displays.search(f.displays.mainFrame());
+    QVERIFY(!f.panel.isShown());
+    QVERIFY(!f.window.isOnScreen);
+}
+
+void PanelControllerTest::aDragDoesNotWaitForTheSearch()
+{
+    Fixture& f = *m_fixture;
+    f.displays.entries = { { { 0, 0, 800, 600 }, { 0, 0, 800, 600 } }, { { 800, 0, 640, 480 }, { 800, 0, 640, 480 } } };
+    f.displays.mustBeAsked = true;
+    int taken = 0;
+    f.panel.onTakeFocus = [&] { ++taken; };
+    f.pointer.at = { -1000, -1000 };
+    f.panel.showForKeys();
+    f.pointer.at = { 1438, 100 };
+    f.pointer.leftButtonDown = true;
+    f.panel.showForIncomingDrag();
+    QVERIFY(f.panel.isShown());
+    f.displays.search(f.displays.entries.at(0).frame);
+    f.queue.advance(0.18);
+    QCOMPARE(f.window.frame(), QRectF(1328, 24, 112, 432));
+    QCOMPARE(taken, 0);
+}
+
+void PanelControllerTest::thePanelForKeysTakesTheFocusOnceItsDisplayIsKnown()
+{
+    Fixture& f = *m_fixture;
+    int taken = 0;
+    f.panel.onTakeFocus = [&] { ++taken; };
+    f.displays.mustBeAsked = true;
+    f.pointer.at = { -1000, -1000 };
+    f.panel.showForKeys();
+    QCOMPARE(taken, 0);
+    f.displays.search(f.displays.mainFrame());
+    QVERIFY(f.panel.isShown());
+    QCOMPARE(taken, 1);
+    f.panel.hide();
+    f.panel.showForKeys();
+    f.panel.hide();
+    f.displays.search(f.displays.mainFrame());
+    QCOMPARE(taken, 1);
 }
 
 void PanelControllerTest::aDisplayThatGoesHandsThePanelOver()

@@ -15,6 +15,7 @@ private Q_SLOTS:
 
     void thePinnedPanelFollowsItsDisplay();
     void nothingOfTheShadowShowsOnTheNeighbour();
+    void theShelfOpensOnTheDisplayWithTheFocus();
 
 private:
     /// Shows the pinned panel on one of two displays.
@@ -107,6 +108,20 @@ void WaylandDisplaysTest::nothingOfTheShadowShowsOnTheNeighbour()
     QVERIFY(!isPanelAt(edge));
     QVERIFY(activate(QStringLiteral("toggle")));
     QVERIFY2(holdsFor(isUntouched, 600), "it shows while the panel comes");
+}
+
+// The pointer does not move the focus there.
+void WaylandDisplaysTest::theShelfOpensOnTheDisplayWithTheFocus()
+{
+    QVERIFY(setUpDesktop(WaylandDesktop::Compositor::sway, 2));
+    QVERIFY(startShelf());
+    for (const int display : { 2, 1, 2 }) {
+        QVERIFY(command(QStringLiteral("focus output HEADLESS-%1").arg(display)));
+        QVERIFY(activate(QStringLiteral("toggle")));
+        QVERIFY2(waitFor([&] { return isPanelAt(display * width); }), qPrintable(QString::number(display)));
+        QVERIFY(activate(QStringLiteral("toggle")));
+        QVERIFY(waitFor([&] { return !isPanelAt(display * width); }));
+    }
 }
 
 QTEST_GUILESS_MAIN(WaylandDisplaysTest)

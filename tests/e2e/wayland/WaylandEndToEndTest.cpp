@@ -35,6 +35,8 @@ private Q_SLOTS:
     void theBusActionShowsAndHidesThePanel();
     void eachDisplayHasItsEdge_data();
     void eachDisplayHasItsEdge();
+    void theShelfOpensOnTheDisplayWithThePointer_data();
+    void theShelfOpensOnTheDisplayWithThePointer();
     void theShelfIsSavedWhenTheCompositorDies();
     void aFileOfAnX11ProgramIsSaved();
     void aTileArrivesInAnX11Program();
@@ -276,6 +278,34 @@ void WaylandEndToEndTest::eachDisplayHasItsEdge()
     QVERIFY(fileIsSaved());
     hand().moveTo(middle);
     QVERIFY(waitFor([&] { return isPanelGone(edge); }));
+}
+
+void WaylandEndToEndTest::theShelfOpensOnTheDisplayWithThePointer_data()
+{
+    QTest::addColumn<int>("edge");
+    QTest::addColumn<int>("other");
+    QTest::newRow("the left display") << rightEdge << 2 * rightEdge;
+    QTest::newRow("the right display") << 2 * rightEdge << rightEdge;
+}
+
+void WaylandEndToEndTest::theShelfOpensOnTheDisplayWithThePointer()
+{
+    QFETCH(int, edge);
+    QFETCH(int, other);
+    QVERIFY(setUp(2));
+    m_desktop->writeFile(QStringLiteral("offered"), fileList());
+    QVERIFY(openPeer({ QStringLiteral("offer"), home("offered"), QStringLiteral("text/uri-list"), home("result") }));
+    hand().moveTo(QPoint(edge - rightEdge / 2, middle.y()));
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY(waitFor([&] { return isPanelOut(edge); }));
+    QVERIFY(isPanelGone(other));
+
+    hand().moveTo(middle);
+    QVERIFY(beginDragOfPeer());
+    hand().moveTo(QPoint(edge - 60, middle.y()));
+    QVERIFY(isTaken(0));
+    hand().release();
+    QVERIFY(fileIsSaved());
 }
 
 void WaylandEndToEndTest::theShelfIsSavedWhenTheCompositorDies()
