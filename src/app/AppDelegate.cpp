@@ -1,6 +1,7 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
+#include "ContextMenu.h"
 #include "DesktopBackend.h"
 #include "FileReferences.h"
 #include "LeftImageCopies.h"
@@ -141,6 +142,7 @@ void AppDelegate::createShelfView()
     view->onShowSettings = [this] { m_settingsWindow->show(); };
     view->onQuit = quit;
     view->onHide = [this] { m_panelController->hide(); };
+    m_panelController->onCloseMenus = &closeContextMenus;
     m_preparation = m_platform.queue.after(preparationDelay, [this] {
         if (m_shelfView)
             m_shelfView->prepare();

@@ -65,6 +65,7 @@ std::optional<QRectF> PanelController::ownDisplay() const
 void PanelController::show()
 {
     cancelPendingHide();
+    m_hidesAfterMenu = false;
     if (m_isShown)
         return;
     m_isForKeys = false;
@@ -117,8 +118,13 @@ void PanelController::hide()
 {
     cancelPendingHide();
     m_isLooking = false;
-    if (!m_isShown || m_isMenuOpen)
+    if (!m_isShown)
         return;
+    if (m_isMenuOpen) {
+        m_hidesAfterMenu = true;
+        onCloseMenus();
+        return;
+    }
 
     m_isShown = false;
     m_isForKeys = false;
@@ -223,7 +229,11 @@ void PanelController::dropTargetChanged(bool isDropTarget)
 void PanelController::menuOpenChanged(bool isOpen)
 {
     m_isMenuOpen = isOpen;
-    if (!isOpen && m_isShown)
+    if (isOpen)
+        return;
+    if (std::exchange(m_hidesAfterMenu, false))
+        hide();
+    else if (m_isShown)
         scheduleHide(autoHideDelay);
 }
 

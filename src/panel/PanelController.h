@@ -45,9 +45,12 @@ public:
     /// Call this when the panel has got the keyboard focus (true) or lost it.
     void focusChanged(bool hasFocus);
 
-    /// Slides the panel out, even if the pointer is over it, unless one of its menus is open. On a hidden panel it only
-    /// cancels a pending hide.
+    /// Slides the panel out, even if the pointer is over it; while one of its menus is open, has that closed first, and
+    /// while a rubber band is drawn, waits for its end. On a hidden panel it only cancels a pending hide.
     void hide();
+
+    /// Closes the menus of the panel. Set by the owner.
+    std::function<void()> onCloseMenus = [] {};
 
     /// Shows a hidden panel for a drag of another program, and schedules its hiding once the left button is released.
     void showForIncomingDrag();
@@ -70,7 +73,7 @@ public:
     void dropTargetChanged(bool isDropTarget);
 
     /// Call this when a menu of the panel has opened or a rubber band has begun on it (true), and when these are gone.
-    /// The panel does not slide out meanwhile.
+    /// The panel does not slide out by itself meanwhile.
     void menuOpenChanged(bool isOpen);
 
     /// Call these when the drag of an item out of the shelf has begun, and when it has ended and its result was
@@ -102,6 +105,7 @@ private:
     /// True while the panel is shown because of `showForKeys`, until it loses the focus.
     bool m_isForKeys = false;
     bool m_isMenuOpen = false;
+    bool m_hidesAfterMenu = false;
     bool m_isShown = false;
     /// True while it is not known yet on which display the panel is to slide in.
     bool m_isLooking = false;

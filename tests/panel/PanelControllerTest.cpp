@@ -94,7 +94,9 @@ private Q_SLOTS:
     void thePointerLeavingSchedulesTheHide();
     void aDropTargetKeepsThePanelAndItsEndLetsItGo();
     void aLaterHideReplacesAnEarlierOne();
-    void thePanelStaysWhileItsMenuIsOpenWhoeverHidesIt();
+    void thePanelStaysWhileItsMenuIsOpen();
+    void hidingClosesTheMenuFirst();
+    void showingAgainKeepsAPanelThatWaitsForItsMenu();
     void aPinnedPanelStaysAfterItsMenuHasClosed();
     void aPanelForKeysTakesTheFocusAndStaysUntilItLosesIt();
     void aPanelForKeysThatGetsNoFocusHidesAsUsual();
@@ -535,16 +537,13 @@ void PanelControllerTest::aLaterHideReplacesAnEarlierOne()
     QVERIFY(!f.panel.isShown());
 }
 
-void PanelControllerTest::thePanelStaysWhileItsMenuIsOpenWhoeverHidesIt()
+void PanelControllerTest::thePanelStaysWhileItsMenuIsOpen()
 {
     Fixture& f = *m_fixture;
     f.showAtRest();
     f.panel.menuOpenChanged(true);
     // The menu takes the pointer.
     f.window.onMouseExited();
-    f.queue.advance(5);
-    QVERIFY(f.panel.isShown());
-    f.panel.hide();
     f.queue.advance(5);
     QVERIFY(f.panel.isShown());
     QCOMPARE(f.window.animations.size(), 1);
@@ -554,6 +553,40 @@ void PanelControllerTest::thePanelStaysWhileItsMenuIsOpenWhoeverHidesIt()
     QVERIFY(f.panel.isShown());
     f.queue.advance(0.001);
     QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::hidingClosesTheMenuFirst()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    int asked = 0;
+    f.panel.onCloseMenus = [&] { ++asked; };
+    f.panel.menuOpenChanged(true);
+    f.panel.hide();
+    QCOMPARE(asked, 1);
+    QVERIFY(f.panel.isShown());
+    f.panel.menuOpenChanged(false);
+    QVERIFY(!f.panel.isShown());
+
+    // A menu that closes at once, as menus do.
+    f.showAtRest();
+    f.panel.onCloseMenus = [&] { f.panel.menuOpenChanged(false); };
+    f.panel.menuOpenChanged(true);
+    f.panel.hide();
+    QVERIFY(!f.panel.isShown());
+    f.queue.advance(0.18);
+    QVERIFY(!f.window.isOnScreen);
+}
+
+void PanelControllerTest::showingAgainKeepsAPanelThatWaitsForItsMenu()
+{
+    Fixture& f = *m_fixture;
+    f.showAtRest();
+    f.panel.menuOpenChanged(true);
+    f.panel.hide();
+    f.panel.show();
+    f.panel.menuOpenChanged(false);
+    QVERIFY(f.panel.isShown());
 }
 
 void PanelControllerTest::aPanelForKeysTakesTheFocusAndStaysUntilItLosesIt()
@@ -642,7 +675,6 @@ void PanelControllerTest::aPinnedPanelStaysAfterItsMenuHasClosed()
     f.showAtRest();
     f.panel.togglePinned();
     f.panel.menuOpenChanged(true);
-    f.panel.hide();
     f.panel.menuOpenChanged(false);
     f.queue.advance(5);
     QVERIFY(f.panel.isShown());
