@@ -2,6 +2,7 @@
 
 #include "AboutRow.h"
 #include "FittingScrollArea.h"
+#include "FixedSizeWindow.h"
 #include "ProgramIcon.h"
 
 #include <QCoreApplication>
@@ -74,7 +75,7 @@ void SettingsWindowController::makeWindow()
     // windows as that is, also above the desktop's question about the shortcut.
     constexpr auto titleAndCloseButton =
         Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
-    m_window = std::make_unique<QDialog>(nullptr, titleAndCloseButton);
+    m_window = std::make_unique<FixedSizeWindow>(titleAndCloseButton);
     m_window->setWindowTitle(QCoreApplication::translate("nookle::SettingsWindowController", "Nookle Settings"));
     m_window->setWindowIcon(programIcon());
     auto* form = new QWidget;
