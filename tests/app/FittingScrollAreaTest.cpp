@@ -23,6 +23,7 @@ private Q_SLOTS:
     void aNarrowFormBreaksItsLines();
     void aNarrowFormThatIsTooHighHasOneBar();
     void controlsThatNeedMoreWidthAreScrolled();
+    void whatLiesBehindTheLowerBarCanBeScrolledTo();
 
 private:
     /// Shows the form in the size that it asks for, where it gets no more than `largest`.
@@ -111,6 +112,23 @@ void FittingScrollAreaTest::controlsThatNeedMoreWidthAreScrolled()
     QVERIFY(!isWholeWidthSeen(*m_toggle));
     QCOMPARE(m_area->horizontalScrollBar()->maximum(), m_form->width() - narrow);
     QVERIFY(m_form->width() >= m_toggle->sizeHint().width());
+}
+
+void FittingScrollAreaTest::whatLiesBehindTheLowerBarCanBeScrolledTo()
+{
+    m_toggle->setText(QStringLiteral("A control with very many words ").repeated(3));
+    constexpr int narrow = 200;
+    show({ narrow, large });
+    const QSize whole = m_area->size();
+    const int lowerBar = m_area->horizontalScrollBar()->sizeHint().height();
+    QCOMPARE(whole.height(), m_form->height() + lowerBar);
+    // High enough for the form, but not for the bar below it.
+    m_area->resize(whole - QSize(0, 1));
+    QVERIFY(m_area->verticalScrollBar()->isVisible());
+    QCOMPARE(m_area->verticalScrollBar()->maximum(), 1);
+    m_area->resize(whole);
+    QVERIFY(!m_area->verticalScrollBar()->isVisible());
+    QVERIFY(m_area->horizontalScrollBar()->isVisible());
 }
 
 QTEST_MAIN(FittingScrollAreaTest)
