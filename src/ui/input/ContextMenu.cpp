@@ -6,21 +6,33 @@
 #include <QMenu>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace nookle {
 
 namespace {
 
-/// The desktop may give the panel the focus after the click on it has opened a menu. The toolkit ignores that while the
-/// menu is open, and would take the window for inactive until the focus has been elsewhere.
-void noticeFocus()
+/// The window that has the keyboard focus; null if it is not this program's.
+[[nodiscard]] QWidget* focusedWindow()
 {
     const QWindow* focused = QGuiApplication::focusWindow();
-    if (!focused || QApplication::activePopupWidget())
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.begin(), windows.end(), [focused](const QWidget* window) {
+        return focused && window->windowHandle() == focused;
+    });
+    return found == windows.end() ? nullptr : *found;
+}
+
+/// The desktop may give the panel the focus after the click on it has opened a menu, and take it away while the menu is
+/// open. The toolkit ignores both until the menu is closed, and would go by what was before until the focus changes
+/// once more.
+void noticeFocus()
+{
+    if (QApplication::activePopupWidget())
         return;
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->windowHandle() == focused && QApplication::activeWindow() != window)
-            QApplication::setActiveWindow(window);
-    }
+    QWidget* focused = focusedWindow();
+    if (QApplication::activeWindow() != focused)
+        QApplication::setActiveWindow(focused);
 }
 
 } // namespace
