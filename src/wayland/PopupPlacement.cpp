@@ -33,7 +33,10 @@ void PopupPlacement::place(QWindow& popup)
     popup.setTransientParent(&m_panel);
     if (popup.type() == Qt::Popup)
         menuOpens(popup);
-    const QPoint inPanel = popup.position() - m_panel.position();
+    // A tool tip stands in its place already. A menu is to the left of where it was opened.
+    const QRect place = popup.geometry();
+    const QPoint corner = popup.type() == Qt::ToolTip ? place.topLeft() + QPoint(place.width(), 0) : place.topLeft();
+    const QPoint inPanel = corner - m_panel.position();
     // The toolkit's names for the place of a popup.
     popup.setProperty("_q_waylandPopupAnchorRect", QRect(inPanel, QSize(1, 1)));
     popup.setProperty("_q_waylandPopupAnchor", QVariant::fromValue(Qt::Edges(Qt::TopEdge | Qt::LeftEdge)));

@@ -3,6 +3,7 @@
 #include "Colors.h"
 #include "Highlight.h"
 #include "PlainToolTip.h"
+#include "ToolTipPlace.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -39,6 +40,14 @@ void HeaderButton::setName(const QString& name)
 {
     setPlainToolTip(*this, name);
     setAccessibleName(name);
+}
+
+bool HeaderButton::event(QEvent* event)
+{
+    if (event->type() != QEvent::ToolTip)
+        return QAbstractButton::event(event);
+    event->setAccepted(showToolTip(*this));
+    return true;
 }
 
 void HeaderButton::keyPressEvent(QKeyEvent* event)

@@ -25,6 +25,7 @@ protected:
     /// Names the button for everybody: by its tool tip and for assistive programs.
     void setName(const QString& name);
 
+    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 };

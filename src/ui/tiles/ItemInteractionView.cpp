@@ -3,6 +3,7 @@
 #include "ContextMenu.h"
 #include "PlainToolTip.h"
 #include "Selection.h"
+#include "ToolTipPlace.h"
 
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -42,10 +43,13 @@ void ItemInteractionView::setConfiguration(ItemInteraction configuration)
 
 bool ItemInteractionView::event(QEvent* event)
 {
-    const bool asks = event->type() == QEvent::ToolTip && m_configuration && m_configuration->distinctToolTip;
+    if (event->type() != QEvent::ToolTip)
+        return QWidget::event(event);
+    const bool asks = m_configuration && m_configuration->distinctToolTip;
     if (const auto toolTip = asks ? m_configuration->distinctToolTip() : std::nullopt)
         setPlainToolTip(*this, *toolTip);
-    return QWidget::event(event);
+    event->setAccepted(showToolTip(*this));
+    return true;
 }
 
 // Counts presses itself, because the toolkit recognizes a double press but treats the third press as a first one.
