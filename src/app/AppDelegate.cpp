@@ -66,6 +66,7 @@ void AppDelegate::applicationDidFinishLaunching()
     createPanel();
     m_settingsWindow = std::make_unique<SettingsWindowController>(
         m_settings, m_platform.loginItem, m_platform.desktop.globalShortcuts(),
+        SettingsView::Abilities{ .canReserveSpace = m_platform.desktop.canReserveSpace() },
         [this] { return m_screenshotWatcher.screenshotDirectory(); },
         DataFolderRow::Folder{ m_dataFolder, [this](const QUrl& folder) { m_platform.workspace.open(folder); } },
         [this] { m_platform.pasteboard.writeText(m_platform.diagnostics()); });

@@ -20,6 +20,7 @@ public:
     /// Null: without a panel nothing is dropped.
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
+    [[nodiscard]] bool canReserveSpace() const override { return false; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:

@@ -50,6 +50,9 @@ public:
     /// next drag begins.
     virtual void offerDrag(std::shared_ptr<const DragPayload> payload) = 0;
 
+    /// Whether the panel can have the desktop keep other windows out of its space (`PanelWindow::reserveSpace`).
+    [[nodiscard]] virtual bool canReserveSpace() const = 0;
+
     /// Turns `window` into the shelf's panel. Without transparent windows, its left corners are cut off with
     /// `cornerRadius`, in points. `window` has been created, has not been shown, and must outlive the panel.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) = 0;

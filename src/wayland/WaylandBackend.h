@@ -35,6 +35,7 @@ public:
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     /// Nothing to do: the toolkit's own answers are all that a compositor asks for.
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
+    [[nodiscard]] bool canReserveSpace() const override { return true; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:

@@ -37,6 +37,7 @@ public:
     [[nodiscard]] const Pointer& pointer() const override { return m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return m_inputMonitor; }
     [[nodiscard]] Compositing& compositing() override { return m_compositing; }
+    [[nodiscard]] bool canReserveSpace() const override { return true; }
 
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override
     {

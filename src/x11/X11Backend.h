@@ -37,6 +37,7 @@ public:
     [[nodiscard]] Clipboard* clipboard() override;
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
+    [[nodiscard]] bool canReserveSpace() const override { return m_manner->canReserveSpace(); }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:

@@ -24,6 +24,9 @@ public:
     [[nodiscard]] virtual InputMonitor& inputMonitor() = 0;
     [[nodiscard]] virtual Compositing& compositing() = 0;
 
+    /// As `DesktopBackend::canReserveSpace`.
+    [[nodiscard]] virtual bool canReserveSpace() const = 0;
+
     /// As `DesktopBackend::makePanelWindow`.
     [[nodiscard]] virtual std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) = 0;
 

@@ -189,6 +189,7 @@ public:
     [[nodiscard]] TrayHost* embeddingTray() override { return &tray; }
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& /*data*/) override { return nullptr; }
     void offerDrag(std::shared_ptr<const DragPayload> /*payload*/) override {}
+    [[nodiscard]] bool canReserveSpace() const override { return hasReservableSpace; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& /*window*/, double /*cornerRadius*/) override
     {
         m_journal.append(QStringLiteral("make the panel"));
@@ -203,6 +204,7 @@ public:
     FakeCompositing drawing;
     JournalingShortcuts shortcuts;
     FakeTrayHost tray;
+    bool hasReservableSpace = true;
     /// Once it was made.
     FakePanelWindow* window = nullptr;
 

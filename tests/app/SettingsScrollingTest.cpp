@@ -63,7 +63,8 @@ constexpr int largeText = 16;
 void SettingsScrollingTest::init()
 {
     m_controller = std::make_unique<SettingsWindowController>(
-        m_settings, m_loginItem, m_shortcuts, [] { return QUrl(QStringLiteral("file:///home/me/Pictures")); },
+        m_settings, m_loginItem, m_shortcuts, SettingsView::Abilities(),
+        [] { return QUrl(QStringLiteral("file:///home/me/Pictures")); },
         DataFolderRow::Folder{ QUrl(QStringLiteral("file:///home/me/Nookle")), [](const QUrl&) {} }, [] {});
 }
 

@@ -137,7 +137,7 @@ void SettingsWindowTest::init()
     m_loginItem = std::make_unique<FakeLoginItem>();
     m_shortcuts = std::make_unique<FakeGlobalShortcuts>();
     m_controller = std::make_unique<SettingsWindowController>(
-        *m_settings, *m_loginItem, *m_shortcuts, [this] { return m_folder; },
+        *m_settings, *m_loginItem, *m_shortcuts, SettingsView::Abilities(), [this] { return m_folder; },
         DataFolderRow::Folder{ fileUrl(QFile::encodeName(m_dataFolder.path())),
                                [this](const QUrl& folder) { m_opened.append(folder); } },
         [this] { ++m_copies; });

@@ -11,7 +11,8 @@ namespace nookle {
 InterfaceInLanguage::InterfaceInLanguage(const QString& language, LanguageInUse::MissingLetters missingLetters)
     : m_language(language, missingLetters)
     , m_controller(
-          m_settings, m_loginItem, m_shortcuts, [] { return QUrl(QStringLiteral("file:///home/me/Pictures/Shots")); },
+          m_settings, m_loginItem, m_shortcuts, SettingsView::Abilities(),
+          [] { return QUrl(QStringLiteral("file:///home/me/Pictures/Shots")); },
           { QUrl(QStringLiteral("file:///home/me/.local/share/Nookle")), [](const QUrl&) {} }, [] {})
 {
     m_loginItem.current = LoginItem::Status::requiresApproval;

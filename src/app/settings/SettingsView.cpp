@@ -41,19 +41,20 @@ protected:
 } // namespace
 
 SettingsView::SettingsView(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
-                           ScreenshotDirectory screenshotDirectory, DataFolderRow::Folder dataFolder)
+                           const Abilities& abilities, ScreenshotDirectory screenshotDirectory,
+                           DataFolderRow::Folder dataFolder)
     : m_settings(settings)
     , m_shortcuts(shortcuts)
     , m_screenshotDirectory(std::move(screenshotDirectory))
 {
     auto* column = new QVBoxLayout(this);
     column->addWidget(new LoginItemSection(loginItem));
-    column->addWidget(makeShelfSection(dataFolder));
+    column->addWidget(makeShelfSection(abilities, dataFolder));
     column->addWidget(makeScreenshotSection());
     showScreenshotFolder();
 }
 
-QGroupBox* SettingsView::makeShelfSection(const DataFolderRow::Folder& dataFolder)
+QGroupBox* SettingsView::makeShelfSection(const Abilities& abilities, const DataFolderRow::Folder& dataFolder)
 {
     auto* section = new QGroupBox(tr("Shelf"));
     auto* column = new QVBoxLayout(section);
@@ -66,13 +67,8 @@ QGroupBox* SettingsView::makeShelfSection(const DataFolderRow::Folder& dataFolde
     column->addWidget(expands);
     column->addWidget(aboutExpanding);
 
-    auto* reserves = makeToggle(
-        tr("Reserve space while the shelf is kept open"), [this] { return m_settings.reservesSpace(); },
-        [this](bool isOn) { m_settings.setReservesSpace(isOn); }, &AppSettings::reservesSpaceChanged);
-    auto* aboutReserving = new DescriptionLabel(*reserves);
-    aboutReserving->setDescription(tr("Maximised windows then end at the shelf instead of reaching below it."));
-    column->addWidget(reserves);
-    column->addWidget(aboutReserving);
+    if (abilities.canReserveSpace)
+        addReservation(*column);
 
     auto* expiry = makeExpiryPicker();
     auto* expiryTitle = makePlainLabel(tr("Remove items"));
@@ -85,6 +81,17 @@ QGroupBox* SettingsView::makeShelfSection(const DataFolderRow::Folder& dataFolde
     column->addWidget(new ShortcutRow(m_shortcuts));
     column->addWidget(new DataFolderRow(dataFolder));
     return section;
+}
+
+void SettingsView::addReservation(QVBoxLayout& column)
+{
+    auto* reserves = makeToggle(
+        tr("Reserve space while the shelf is kept open"), [this] { return m_settings.reservesSpace(); },
+        [this](bool isOn) { m_settings.setReservesSpace(isOn); }, &AppSettings::reservesSpaceChanged);
+    auto* aboutReserving = new DescriptionLabel(*reserves);
+    aboutReserving->setDescription(tr("Maximised windows then end at the shelf instead of reaching below it."));
+    column.addWidget(reserves);
+    column.addWidget(aboutReserving);
 }
 
 QGroupBox* SettingsView::makeScreenshotSection()

@@ -11,6 +11,7 @@
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
+class QVBoxLayout;
 
 namespace nookle {
 
@@ -27,8 +28,13 @@ public:
     /// Returns the folder of new screenshots. Called each time the form is shown.
     using ScreenshotDirectory = std::function<QUrl()>;
 
+    /// What the desktop can do. A setting that would change nothing is not shown.
+    struct Abilities {
+        bool canReserveSpace = true;
+    };
+
     /// `settings`, `loginItem` and `shortcuts` must outlive this object.
-    SettingsView(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
+    SettingsView(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts, const Abilities& abilities,
                  ScreenshotDirectory screenshotDirectory, DataFolderRow::Folder dataFolder);
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -42,7 +48,8 @@ private:
     using Signal = void (AppSettings::*)();
 
     void showScreenshotFolder();
-    [[nodiscard]] QGroupBox* makeShelfSection(const DataFolderRow::Folder& dataFolder);
+    [[nodiscard]] QGroupBox* makeShelfSection(const Abilities& abilities, const DataFolderRow::Folder& dataFolder);
+    void addReservation(QVBoxLayout& column);
     [[nodiscard]] QGroupBox* makeScreenshotSection();
     [[nodiscard]] QCheckBox* makeToggle(const QString& title, const Getter& value, const Setter& setValue,
                                         Signal changed);

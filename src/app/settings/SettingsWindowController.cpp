@@ -39,13 +39,14 @@ void centre(QDialog& window, const QScreen& screen)
 } // namespace
 
 SettingsWindowController::SettingsWindowController(AppSettings& settings, LoginItem& loginItem,
-                                                   GlobalShortcuts& shortcuts,
+                                                   GlobalShortcuts& shortcuts, const SettingsView::Abilities& abilities,
                                                    SettingsView::ScreenshotDirectory screenshotDirectory,
                                                    DataFolderRow::Folder dataFolder,
                                                    std::function<void()> copyDiagnostics)
     : m_settings(settings)
     , m_loginItem(loginItem)
     , m_shortcuts(shortcuts)
+    , m_abilities(abilities)
     , m_screenshotDirectory(std::move(screenshotDirectory))
     , m_dataFolder(std::move(dataFolder))
     , m_copyDiagnostics(std::move(copyDiagnostics))
@@ -82,7 +83,8 @@ void SettingsWindowController::makeWindow()
     auto* rows = new QVBoxLayout(form);
     rows->setContentsMargins({});
     rows->setSpacing(0);
-    rows->addWidget(new SettingsView(m_settings, m_loginItem, m_shortcuts, m_screenshotDirectory, m_dataFolder));
+    rows->addWidget(
+        new SettingsView(m_settings, m_loginItem, m_shortcuts, m_abilities, m_screenshotDirectory, m_dataFolder));
     rows->addWidget(new AboutRow(m_copyDiagnostics));
     m_form = new FittingScrollArea(form);
 

@@ -19,6 +19,7 @@ public:
     /// `settings`, `loginItem` and `shortcuts` must outlive this object. `copyDiagnostics` puts a report of the system
     /// on the clipboard.
     SettingsWindowController(AppSettings& settings, LoginItem& loginItem, GlobalShortcuts& shortcuts,
+                             const SettingsView::Abilities& abilities,
                              SettingsView::ScreenshotDirectory screenshotDirectory, DataFolderRow::Folder dataFolder,
                              std::function<void()> copyDiagnostics);
     ~SettingsWindowController();
@@ -36,6 +37,7 @@ private:
     AppSettings& m_settings;
     LoginItem& m_loginItem;
     GlobalShortcuts& m_shortcuts;
+    SettingsView::Abilities m_abilities;
     SettingsView::ScreenshotDirectory m_screenshotDirectory;
     DataFolderRow::Folder m_dataFolder;
     std::function<void()> m_copyDiagnostics;

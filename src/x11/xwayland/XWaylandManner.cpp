@@ -62,6 +62,8 @@ public:
     [[nodiscard]] const Pointer& pointer() const override { return m_pointer; }
     [[nodiscard]] InputMonitor& inputMonitor() override { return m_input; }
     [[nodiscard]] Compositing& compositing() override { return m_compositing; }
+    // Where no window manager places the panel, none looks at what it reserves.
+    [[nodiscard]] bool canReserveSpace() const override { return m_placing == WindowPlacing::windowManager; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
     void displaysChanged() override;
     void dragBegins() override;
