@@ -45,4 +45,12 @@ void ScrollMotion::jumpBy(int distance)
     m_bar.setValue(m_bar.value() + distance);
 }
 
+void ScrollMotion::finish()
+{
+    if (!isMoving())
+        return;
+    stop();
+    m_bar.setValue(m_animation.endValue().toInt());
+}
+
 } // namespace nookle

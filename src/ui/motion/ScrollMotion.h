@@ -18,6 +18,9 @@ public:
     /// Goes on by that many points at once.
     void jumpBy(int distance);
 
+    /// Ends a movement at its end.
+    void finish();
+
     /// Ends a movement where it is.
     void stop() { m_animation.stop(); }
 

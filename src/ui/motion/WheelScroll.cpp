@@ -25,17 +25,21 @@ inline constexpr double pagesToNotch = 0.25;
     return -notches * page * pagesToNotch * QApplication::wheelScrollLines() / usualLines;
 }
 
+[[nodiscard]] WheelScroll::Kind kindOf(const QWheelEvent& event)
+{
+    if (event.phase() != Qt::NoScrollPhase)
+        return WheelScroll::Kind::finger;
+    return event.angleDelta().y() % notch == 0 ? WheelScroll::Kind::notch : WheelScroll::Kind::fine;
+}
+
 } // namespace
 
 WheelScroll::Step WheelScroll::step(const QWheelEvent& event, int page)
 {
     const double distance = distanceOf(event, page);
-    if (distance * m_rest < 0)
-        m_rest = 0;
     const double whole = std::trunc(distance + m_rest);
     m_rest += distance - whole;
-    const bool isNotch = event.phase() == Qt::NoScrollPhase && event.angleDelta().y() % notch == 0;
-    return { static_cast<int>(whole), !isNotch };
+    return { static_cast<int>(whole), kindOf(event) };
 }
 
 } // namespace nookle

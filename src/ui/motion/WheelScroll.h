@@ -7,11 +7,20 @@ namespace nookle {
 /// Turns what a wheel or a touchpad does into a distance to scroll.
 class WheelScroll final {
 public:
+    enum class Kind {
+        /// A wheel was turned by whole notches.
+        notch,
+        /// A wheel was turned by less, or by more, as wheels without notches are. Many such steps come one after
+        /// another.
+        fine,
+        /// A finger moves on a touchpad.
+        finger,
+    };
+
     struct Step {
         /// In points, positive downwards.
         int distance = 0;
-        /// The movement of a finger or of a fine wheel, which is to be followed at once. Else it is a notch of a wheel.
-        bool isContinuous = false;
+        Kind kind = Kind::notch;
     };
 
     /// The step of the next event. `page` is the height of what is in view. Fractions of a point are kept for the next

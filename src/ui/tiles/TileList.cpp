@@ -179,10 +179,19 @@ void TileList::wheelEvent(QWheelEvent* event)
 {
     event->accept();
     const WheelScroll::Step step = m_wheel.step(*event, viewport()->height());
-    if (step.isContinuous)
-        m_scrolling.jumpBy(step.distance);
-    else
+    switch (step.kind) {
+    case WheelScroll::Kind::notch:
         m_scrolling.moveBy(step.distance);
+        break;
+    case WheelScroll::Kind::fine:
+        // A fine wheel that is turned fast may send a whole notch among its steps.
+        m_scrolling.finish();
+        m_scrolling.jumpBy(step.distance);
+        break;
+    case WheelScroll::Kind::finger:
+        m_scrolling.jumpBy(step.distance);
+        break;
+    }
 }
 
 void TileList::keyPressEvent(QKeyEvent* event)
