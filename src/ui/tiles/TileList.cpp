@@ -1,6 +1,7 @@
 #include "TileList.h"
 
 #include "Accessibility.h"
+#include "Arrival.h"
 #include "ItemInteractionView.h"
 #include "Motion.h"
 #include "ShelfItemView.h"
@@ -47,6 +48,8 @@ int TileList::tileWidth() const
 
 void TileList::setRows(std::vector<QUuid> ids)
 {
+    if (const auto row = arrivedRow(m_selection.rows(), ids))
+        m_arrived = ids[*row];
     change([&] { m_selection.setRows(std::move(ids)); });
     m_isOutdated = true;
     if (isVisible() && wantsMotion())
@@ -57,8 +60,12 @@ void TileList::setRows(std::vector<QUuid> ids)
 
 void TileList::layOut()
 {
-    m_isOutdated = false;
     measure();
+    updateRange();
+    const auto arrived = std::exchange(m_arrived, std::nullopt);
+    if (const auto row = arrived ? m_selection.rowOf(*arrived) : std::nullopt)
+        bringIntoView(*row);
+    m_isOutdated = false;
     placeTiles(true);
     showSelection();
     m_band.follow();
@@ -74,10 +81,15 @@ void TileList::measure()
     m_layout = TileLayout(heights, margin, gap);
 }
 
-void TileList::placeTiles(bool refill)
+void TileList::updateRange()
 {
     verticalScrollBar()->setPageStep(viewport()->height());
     verticalScrollBar()->setRange(0, std::max(0, m_layout.totalHeight() - viewport()->height()));
+}
+
+void TileList::placeTiles(bool refill)
+{
+    updateRange();
     m_tiles.place(m_layout, { verticalScrollBar()->value(), viewport()->height(), margin, tileWidth() }, refill);
 }
 
@@ -262,8 +274,12 @@ void TileList::moveTo(std::size_t row, Qt::KeyboardModifiers modifiers)
 
 void TileList::scrollTo(std::size_t row)
 {
-    if (m_isOutdated)
-        return;
+    if (!m_isOutdated)
+        bringIntoView(row);
+}
+
+void TileList::bringIntoView(std::size_t row)
+{
     m_scrolling.stop();
     const int top = m_layout.top(row) - margin;
     const int bottom = m_layout.top(row) + m_layout.height(row) + margin;

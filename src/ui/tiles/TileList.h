@@ -45,7 +45,8 @@ public:
 
     /// Replaces the rows; each is identified by the id of its item. A tile whose id stays is kept. If the current row
     /// is gone, the row that takes its place becomes the current one. Tiles come, go and change their places by a short
-    /// movement where the desktop wants that. While the list is hidden, the tiles are updated at the next showing.
+    /// movement where the desktop wants that. The topmost row that has come is scrolled into view. While the list is
+    /// hidden, all of that waits for the next showing.
     void setRows(std::vector<QUuid> ids);
 
     /// The tile of the item `id`; null when it is not in view.
@@ -118,6 +119,7 @@ protected:
 private:
     void layOut();
     void measure();
+    void updateRange();
     void placeTiles(bool refill);
     [[nodiscard]] ShelfItemView* newTile(const QUuid& id);
     [[nodiscard]] int tileWidth() const;
@@ -125,6 +127,7 @@ private:
     [[nodiscard]] bool findName(const QKeyEvent& event);
     void moveTo(std::size_t row, Qt::KeyboardModifiers modifiers);
     void scrollTo(std::size_t row);
+    void bringIntoView(std::size_t row);
     /// Changes the selection, shows it, and tells assistive programs.
     void change(const std::function<void()>& change);
     void showSelection();
@@ -138,6 +141,8 @@ private:
     int m_measuredWidth = 0;
     /// True while the layout and the tiles do not match the rows yet.
     bool m_isOutdated = false;
+    /// What has come since the tiles were laid out last, which the user wants to see.
+    std::optional<QUuid> m_arrived;
     bool m_usesKeys = false;
     NameSearch m_search;
     HeldKey m_heldKey;
