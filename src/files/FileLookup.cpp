@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <utility>
 
 namespace nookle {
@@ -14,7 +15,8 @@ namespace nookle {
 std::optional<StandingFile> FileLookup::at(const QByteArray& path) const
 {
     StandingFile file{ openInPlace(path), {} };
-    file.identity = FileIdentity::of(file.descriptor);
+    const bool isShortOfDescriptors = !file.descriptor.isOpen() && (errno == EMFILE || errno == ENFILE);
+    file.identity = isShortOfDescriptors ? FileIdentity::withoutHandle(path) : FileIdentity::of(file.descriptor);
     // A file that could not be opened may still exist.
     const bool isNoLink = file.identity && file.identity->kind != S_IFLNK;
     return isNoLink || exists(path) ? std::optional(std::move(file)) : std::nullopt;

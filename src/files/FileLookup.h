@@ -15,6 +15,7 @@ struct FileReference;
 struct StandingFile {
     /// Opened by `openInPlace`; closed if even that failed.
     FileDescriptor descriptor;
+    /// Without a handle where no descriptor was left to open the file.
     std::optional<FileIdentity> identity;
 };
 
