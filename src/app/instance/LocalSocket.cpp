@@ -1,10 +1,13 @@
 #include "LocalSocket.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <optional>
 #include <utility>
 
+#include <fcntl.h>
+#include <poll.h>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <sys/un.h>
@@ -46,6 +49,17 @@ void setPatience(const FileDescriptor& socket, std::chrono::milliseconds patienc
     ::setsockopt(socket.get(), SOL_SOCKET, SO_RCVTIMEO, &time, sizeof(time));
 }
 
+/// Whether this process can open a few more. The file that a request names needs some, its picture, and the panel: the
+/// library for the X server waits for ever for memory whose descriptor could not be taken.
+[[nodiscard]] bool hasDescriptorsLeft(const FileDescriptor& any)
+{
+    std::array<FileDescriptor, 16> more;
+    return std::all_of(more.begin(), more.end(), [&](FileDescriptor& each) {
+        each = FileDescriptor(::fcntl(any.get(), F_DUPFD_CLOEXEC, 0));
+        return each.isOpen();
+    });
+}
+
 } // namespace
 
 FileDescriptor connectToSocket(const QByteArray& path, std::chrono::milliseconds patience)
@@ -65,6 +79,8 @@ FileDescriptor listenAtSocket(const QByteArray& path)
 
 FileDescriptor acceptConnection(const FileDescriptor& listening)
 {
+    if (!hasDescriptorsLeft(listening))
+        return FileDescriptor();
     return FileDescriptor(::accept4(listening.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
 }
 
@@ -74,6 +90,12 @@ bool isSameUser(const FileDescriptor& socket)
     socklen_t size = sizeof(credentials);
     return ::getsockopt(socket.get(), SOL_SOCKET, SO_PEERCRED, &credentials, &size) == 0
         && credentials.uid == ::getuid();
+}
+
+bool hasOtherEnd(const FileDescriptor& socket)
+{
+    pollfd end{ socket.get(), POLLRDHUP, 0 };
+    return ::poll(&end, 1, 0) <= 0;
 }
 
 bool sendAll(const FileDescriptor& socket, const QByteArray& bytes)

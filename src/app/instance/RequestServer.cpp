@@ -1,13 +1,10 @@
 #include "RequestServer.h"
 
-#include "LocalSocket.h"
-
 #include <QSocketNotifier>
 #include <QTimer>
 
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <utility>
 
 #include <sys/socket.h>
@@ -20,10 +17,8 @@ namespace {
 /// In bytes. More than a command line can hold.
 inline constexpr qsizetype longestRequest = 8 << 20;
 
-using std::chrono_literals::operator""s;
-
-/// When it is seen again whether a connection can be taken.
-inline constexpr auto pauseWithoutDescriptors = 1s;
+/// At a time. Each has a descriptor, of which the rest of the program needs some.
+inline constexpr int mostConnections = 32;
 
 /// Reads one request and answers it, and goes with its end, or when it takes too long.
 class Connection final : public QObject {
@@ -57,7 +52,7 @@ private:
         // What answers may let events come.
         m_notifier.setEnabled(false);
         m_patience.stop();
-        if (end >= 0)
+        if (end >= 0 && hasOtherEnd(m_socket))
             static_cast<void>(sendAll(m_socket, m_answer(m_request.first(end))));
         m_socket = FileDescriptor();
         deleteLater();
@@ -72,9 +67,10 @@ private:
 
 } // namespace
 
-RequestServer::RequestServer(Answer answer, std::chrono::milliseconds patience)
+RequestServer::RequestServer(Answer answer, RequestTimes times, Accept accept)
     : m_answer(std::move(answer))
-    , m_patience(patience)
+    , m_times(times)
+    , m_accept(std::move(accept))
 {
 }
 
@@ -97,15 +93,31 @@ bool RequestServer::listen(const QByteArray& path)
 
 void RequestServer::acceptAll()
 {
-    for (FileDescriptor socket = acceptConnection(m_socket); socket.isOpen(); socket = acceptConnection(m_socket)) {
-        if (isSameUser(socket))
-            new Connection(std::move(socket), m_patience, m_answer, this);
-    }
-    if (errno != EMFILE && errno != ENFILE)
+    while (m_connections < mostConnections) {
+        FileDescriptor socket = m_accept(m_socket);
+        if (socket.isOpen()) {
+            serve(std::move(socket));
+            continue;
+        }
+        if (errno == EMFILE || errno == ENFILE)
+            break;
         return;
+    }
     // The connection that cannot be taken would be told of without end.
     m_notifier->setEnabled(false);
-    QTimer::singleShot(pauseWithoutDescriptors, m_notifier.get(), [this] { m_notifier->setEnabled(true); });
+    if (m_connections < mostConnections)
+        QTimer::singleShot(m_times.pause, m_notifier.get(), [this] { m_notifier->setEnabled(true); });
+}
+
+void RequestServer::serve(FileDescriptor socket)
+{
+    if (!isSameUser(socket))
+        return;
+    ++m_connections;
+    connect(new Connection(std::move(socket), m_times.patience, m_answer, this), &QObject::destroyed, this, [this] {
+        --m_connections;
+        m_notifier->setEnabled(true);
+    });
 }
 
 } // namespace nookle
