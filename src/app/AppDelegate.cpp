@@ -284,10 +284,10 @@ void AppDelegate::introduceShelf()
     m_panelController->scheduleHide(timeOfIntroduction);
 }
 
-void AppDelegate::open(const QStringList& uris)
+std::optional<Failure> AppDelegate::open(const QStringList& uris)
 {
     m_lastRefusal.reset();
-    toldToUser(m_serviceProvider->open(addressList(uris)));
+    return toldToUser(m_serviceProvider->open(addressList(uris)));
 }
 
 } // namespace nookle

@@ -79,8 +79,9 @@ public:
     /// Shows the shelf for ten seconds, and says how it is opened. For the very first start.
     void introduceShelf();
 
-    /// Adds the files and pages on a command line, of this start or of a later one.
-    void open(const QStringList& uris);
+    /// Adds the files and pages on a command line, of this start or of a later one. Returns the failure that the user
+    /// was told.
+    std::optional<Failure> open(const QStringList& uris);
 
 private:
     void createPanel();

@@ -100,7 +100,7 @@ int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUr
     sessionEnd.onSave = [&delegate] { delegate.applicationWillTerminate(); };
     sessionEnd.onEnd = [] { QApplication::exit(); };
     instance.onShowRequested = [&delegate] { delegate.showShelf(); };
-    instance.onAddRequested = [&delegate](const QStringList& added) { delegate.open(added); };
+    instance.onAddRequested = [&delegate](const QStringList& added) { return delegate.open(added); };
     savedAtExit = &delegate;
     std::atexit(&saveAtExit);
     const int result = QApplication::exec();
@@ -146,6 +146,9 @@ int main(int argc, char* argv[])
         break;
     case nookle::SingleInstance::Claim::doneByOther:
         return EXIT_SUCCESS;
+    case nookle::SingleInstance::Claim::refusedByOther:
+        nookle::logLine(QStringLiteral("not added: %1").arg(instance.refusal()));
+        return EXIT_FAILURE;
     case nookle::SingleInstance::Claim::otherIsSilent:
         nookle::logLine(QStringLiteral("another program holds the shelf and does not answer"));
         return EXIT_FAILURE;

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void theFirstClaimIsGranted();
     void aSecondClaimAsksTheFirstToShowTheShelf();
     void aSecondClaimHandsItsFilesToTheFirst();
+    void aRefusalIsHandedBack();
+    void whatNobodyTakesIsNotDone();
     void manyFilesAreHandedOverWhole();
     void whatIsNoRequestIsNotAnswered();
     void aRequestWithoutAnEndIsCutOff();
@@ -51,12 +53,17 @@ private:
         return fileUrl(directory.path().toUtf8() + "/Nookle");
     }
 
-    /// The claim of a second program, while the first one's event loop runs.
-    [[nodiscard]] SingleInstance::Claim claimElsewhere(const QUrl& folder, const QStringList& uris = {}) const
+    /// The claim of a second program, while the first one's event loop runs. `refusal` is set to what that was told.
+    [[nodiscard]] SingleInstance::Claim claimElsewhere(const QUrl& folder, const QStringList& uris = {},
+                                                       QString* refusal = nullptr) const
     {
         auto claim = SingleInstance::Claim::otherIsSilent;
-        const std::unique_ptr<QThread> thread(
-            QThread::create([&] { claim = SingleInstance(folder, runtime()).claim(uris); }));
+        const std::unique_ptr<QThread> thread(QThread::create([&] {
+            SingleInstance second(folder, runtime());
+            claim = second.claim(uris);
+            if (refusal)
+                *refusal = second.refusal();
+        }));
         thread->start();
         while (!thread->isFinished())
             QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
@@ -92,7 +99,10 @@ void SingleInstanceTest::aSecondClaimHandsItsFilesToTheFirst()
     const QTemporaryDir directory;
     SingleInstance first(folder(directory), runtime());
     QStringList added;
-    first.onAddRequested = [&](const QStringList& uris) { added += uris; };
+    first.onAddRequested = [&](const QStringList& uris) {
+        added += uris;
+        return std::optional<Failure>();
+    };
     first.onShowRequested = [] { QFAIL("only asked to add"); };
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
     const QStringList uris{ QStringLiteral("file:///a%20b"), QStringLiteral("https://example.com/") };
@@ -100,12 +110,37 @@ void SingleInstanceTest::aSecondClaimHandsItsFilesToTheFirst()
     QCOMPARE(added, uris);
 }
 
+void SingleInstanceTest::aRefusalIsHandedBack()
+{
+    const QTemporaryDir directory;
+    SingleInstance first(folder(directory), runtime());
+    first.onAddRequested = [](const QStringList&) {
+        return std::optional(Failure{ QStringLiteral("a reason"), QStringLiteral("ein Grund\nfür den Nutzer") });
+    };
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    QString refusal;
+    QCOMPARE(claimElsewhere(folder(directory), { QStringLiteral("file:///a") }, &refusal),
+             SingleInstance::Claim::refusedByOther);
+    QCOMPARE(refusal, QStringLiteral("ein Grund für den Nutzer"));
+}
+
+void SingleInstanceTest::whatNobodyTakesIsNotDone()
+{
+    const QTemporaryDir directory;
+    SingleInstance first(folder(directory), runtime());
+    QCOMPARE(first.claim(), SingleInstance::Claim::granted);
+    QCOMPARE(claimElsewhere(folder(directory), { QStringLiteral("file:///a") }), SingleInstance::Claim::otherIsSilent);
+}
+
 void SingleInstanceTest::manyFilesAreHandedOverWhole()
 {
     const QTemporaryDir directory;
     SingleInstance first(folder(directory), runtime());
     QStringList added;
-    first.onAddRequested = [&](const QStringList& uris) { added += uris; };
+    first.onAddRequested = [&](const QStringList& uris) {
+        added += uris;
+        return std::optional<Failure>();
+    };
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
     QStringList uris;
     for (int index = 0; index < 20000; ++index)
@@ -120,7 +155,10 @@ void SingleInstanceTest::whatIsNoRequestIsNotAnswered()
     SingleInstance first(folder(directory), runtime());
     int requests = 0;
     first.onShowRequested = [&] { ++requests; };
-    first.onAddRequested = [&](const QStringList&) { ++requests; };
+    first.onAddRequested = [&](const QStringList&) {
+        ++requests;
+        return std::optional<Failure>();
+    };
     QCOMPARE(first.claim(), SingleInstance::Claim::granted);
     QLocalSocket socket;
     socket.connectToServer(first.address());

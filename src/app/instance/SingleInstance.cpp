@@ -31,7 +31,11 @@ inline constexpr std::chrono::seconds answerTimeout{ 5 };
 inline constexpr int lockPatienceMilliseconds = 1000;
 inline constexpr int lockIntervalMilliseconds = 20;
 
-// A request is one line: the word "show", or the word "add" and addresses, separated by spaces.
+/// In bytes. More than any answer has.
+inline constexpr qsizetype longestAnswer = 1 << 16;
+
+// A request is one line: the word "show", or the word "add" and addresses, separated by spaces. So is an answer: the
+// word "done", or the word "refused" and the reason.
 [[nodiscard]] QByteArray showWord()
 {
     return QByteArrayLiteral("show");
@@ -45,6 +49,11 @@ inline constexpr int lockIntervalMilliseconds = 20;
 [[nodiscard]] QByteArray doneAnswer()
 {
     return QByteArrayLiteral("done\n");
+}
+
+[[nodiscard]] QByteArray refusedWord()
+{
+    return QByteArrayLiteral("refused ");
 }
 
 [[nodiscard]] QByteArray requestFor(const QStringList& uris)
@@ -77,18 +86,20 @@ inline constexpr int lockIntervalMilliseconds = 20;
     return isPrivate ? std::move(folder) : FileDescriptor();
 }
 
-/// None if the other program has ended before its answer.
-[[nodiscard]] std::optional<SingleInstance::Claim> ask(const FileDescriptor& socket, const QStringList& uris)
+/// The answer of the other program, with the end of its line; empty when it does not answer in time. None if that
+/// program has ended before its answer.
+[[nodiscard]] std::optional<QByteArray> ask(const FileDescriptor& socket, const QStringList& uris)
 {
     const auto failure = [] {
         const bool hasEnded = errno == EPIPE || errno == ECONNRESET;
-        return hasEnded ? std::nullopt : std::optional(SingleInstance::Claim::otherIsSilent);
+        return hasEnded ? std::nullopt : std::optional(QByteArray());
     };
     if (!sendAll(socket, requestFor(uris)))
         return failure();
     QByteArray answer;
-    while (answer != doneAnswer()) {
-        std::array<char, 16> part;
+    const QDeadlineTimer patience(answerTimeout);
+    while (!answer.endsWith('\n') && answer.size() < longestAnswer && !patience.hasExpired()) {
+        std::array<char, 1024> part;
         const ssize_t size = ::recv(socket.get(), part.data(), part.size(), 0);
         if (size < 0 && errno == EINTR)
             continue;
@@ -97,10 +108,8 @@ inline constexpr int lockIntervalMilliseconds = 20;
         if (size < 0)
             return failure();
         answer.append(part.data(), size);
-        if (!doneAnswer().startsWith(answer))
-            return SingleInstance::Claim::otherIsSilent;
     }
-    return SingleInstance::Claim::doneByOther;
+    return answer;
 }
 
 } // namespace
@@ -132,11 +141,21 @@ SingleInstance::Claim SingleInstance::claim(const QStringList& uris)
         // Another user who could replace the runtime folder could also answer there.
         if (socket.isOpen() && !isSameUser(socket))
             return Claim::otherIsSilent;
-        if (const auto claim = socket.isOpen() ? ask(socket, uris) : std::nullopt)
-            return *claim;
+        if (const auto answer = socket.isOpen() ? ask(socket, uris) : std::nullopt)
+            return claimAnswered(*answer);
         QThread::msleep(lockIntervalMilliseconds);
     } while (!patience.hasExpired());
     return Claim::otherIsSilent;
+}
+
+SingleInstance::Claim SingleInstance::claimAnswered(const QByteArray& answer)
+{
+    if (answer == doneAnswer())
+        return Claim::doneByOther;
+    if (!answer.startsWith(refusedWord()) || !answer.endsWith('\n'))
+        return Claim::otherIsSilent;
+    m_refusal = QString::fromUtf8(answer.mid(refusedWord().size())).trimmed();
+    return Claim::refusedByOther;
 }
 
 bool SingleInstance::lock()
@@ -206,9 +225,11 @@ QByteArray SingleInstance::answer(const QByteArray& request) const
     const QStringList words = QString::fromUtf8(request).split(QLatin1Char(' '));
     if (words.size() < 2 || words.first().toUtf8() != addWord())
         return {};
-    if (onAddRequested)
-        onAddRequested(words.mid(1));
-    return doneAnswer();
+    // At its very end this program adds nothing more.
+    if (!onAddRequested)
+        return {};
+    const auto failure = onAddRequested(words.mid(1));
+    return failure ? refusedWord() + failure->shown().simplified().toUtf8() + '\n' : doneAnswer();
 }
 
 } // namespace nookle

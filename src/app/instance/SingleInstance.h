@@ -6,6 +6,7 @@
 #include "RequestServer.h"
 
 #include <QObject>
+#include <QString>
 #include <QStringList>
 #include <QUrl>
 
@@ -25,6 +26,8 @@ public:
         granted,
         /// Another instance has the folder, and has fulfilled the request.
         doneByOther,
+        /// Another instance has the folder, and has not added what it was asked to; `refusal` says why.
+        refusedByOther,
         /// Another instance has the folder, and does not answer.
         otherIsSilent,
     };
@@ -38,6 +41,9 @@ public:
     /// Does not make the data folder.
     [[nodiscard]] Claim claim(const QStringList& uris = {});
 
+    /// Why the other instance has added nothing, in the words that it had for its user.
+    [[nodiscard]] const QString& refusal() const { return m_refusal; }
+
     /// Claims the data folder again: it may have been made or replaced since `claim` was granted. If another instance
     /// has claimed it first, this call and all later ones fail, because the folder's content belongs to that instance.
     [[nodiscard]] std::optional<Failure> claimFolder();
@@ -48,8 +54,9 @@ public:
     /// Called when a later instance asks to show the shelf. Set by the owner.
     std::function<void()> onShowRequested;
 
-    /// Called when a later instance asks to add something. Set by the owner.
-    std::function<void(const QStringList& uris)> onAddRequested;
+    /// Called when a later instance asks to add something, which is told of a failure. While it is not set, such a
+    /// request is not answered. Set by the owner.
+    std::function<std::optional<Failure>(const QStringList& uris)> onAddRequested;
 
     /// Called when another instance has claimed the data folder after all. Set by the owner.
     std::function<void()> onFolderLost;
@@ -59,6 +66,8 @@ private:
     [[nodiscard]] bool lock();
     [[nodiscard]] bool lockSession();
     void listen();
+    /// What the answer of the other instance means.
+    [[nodiscard]] Claim claimAnswered(const QByteArray& answer);
     /// Fulfils a request and returns the answer; empty if `request` is not a valid one.
     [[nodiscard]] QByteArray answer(const QByteArray& request) const;
 
@@ -67,6 +76,7 @@ private:
     FolderLock m_folderLock;
     bool m_hasToldOfLock = false;
     bool m_isFolderLost = false;
+    QString m_refusal;
     FileDescriptor m_runtimeFolder;
     FileDescriptor m_sessionLock;
     RequestServer m_server;
