@@ -26,6 +26,8 @@ private Q_SLOTS:
     void aHeldKeyActsOnce();
     void aHeldKeyActsOnceWhereItsRepeatsAreNotMarked_data();
     void aHeldKeyActsOnceWhereItsRepeatsAreNotMarked();
+    void tapsOfAMomentActEach_data();
+    void tapsOfAMomentActEach();
     void deleteRemovesAndTheNextTileTakesOver();
     void deletingTheLastTileLeavesTheOneAbove();
     void controlAndCCopy();
@@ -186,6 +188,34 @@ void KeyboardTest::aHeldKeyActsOnceWhereItsRepeatsAreNotMarked()
     send(QEvent::KeyRelease, 1600);
     send(QEvent::KeyPress, 1700);
     QVERIFY(effect() != once);
+}
+
+void KeyboardTest::tapsOfAMomentActEach_data()
+{
+    QTest::addColumn<bool>("isMarked");
+    QTest::newRow("the toolkit takes them for repeats") << true;
+    QTest::newRow("the toolkit sees that they are none") << false;
+}
+
+void KeyboardTest::tapsOfAMomentActEach()
+{
+    QFETCH(const bool, isMarked);
+    constexpr quint32 scanCode = 119;
+    constexpr quint64 time = 1000;
+    const auto send = [&](QEvent::Type type, bool isRepeat) {
+        QKeyEvent event(type, Qt::Key_Delete, {}, scanCode, 0, 0, {}, isRepeat);
+        event.setTimestamp(time);
+        QApplication::sendEvent(&list(), &event);
+    };
+    key(Qt::Key_Home);
+    const qsizetype before = m_shelf->store.items().size();
+    send(QEvent::KeyPress, false);
+    for (int tap = 0; tap < 2; ++tap) {
+        send(QEvent::KeyRelease, isMarked);
+        send(QEvent::KeyPress, isMarked);
+    }
+    send(QEvent::KeyRelease, false);
+    QCOMPARE(m_shelf->store.items().size(), before - 3);
 }
 
 void KeyboardTest::deleteRemovesAndTheNextTileTakesOver()

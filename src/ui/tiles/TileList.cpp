@@ -208,6 +208,7 @@ void TileList::wheelEvent(QWheelEvent* event)
 
 void TileList::keyPressEvent(QKeyEvent* event)
 {
+    const bool isRepeat = m_heldKey.isRepeat(*event);
     switch (event->key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:
@@ -222,7 +223,7 @@ void TileList::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Space:
         if (const auto row = m_selection.currentRow(); row && event->modifiers() & Qt::ControlModifier) {
             m_usesKeys = true;
-            if (!m_heldKey.isRepeat(*event))
+            if (!isRepeat)
                 change([&] { m_selection.click(*row, Qt::ControlModifier); });
             return;
         }
