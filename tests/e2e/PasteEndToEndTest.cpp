@@ -22,6 +22,7 @@ private Q_SLOTS:
     void anImageIsPasted();
     void aTextIsPasted();
     void aLargeTextIsPasted();
+    void aTextBelowThousandsOfFormatsIsPasted();
     void anOwnerThatNeverAnswersHoldsUpNothing();
     void anOwnerThatEndsMeanwhileHoldsUpNothing();
     void whatTheShelfCopiedItselfIsPasted();
@@ -132,6 +133,15 @@ void PasteEndToEndTest::aLargeTextIsPasted()
     QVERIFY(copy(words, QStringLiteral("text/plain")));
     QVERIFY(paste());
     QVERIFY(waitFor([&] { return topText() == QString::fromUtf8(words); }));
+}
+
+void PasteEndToEndTest::aTextBelowThousandsOfFormatsIsPasted()
+{
+    m_desktop->writeFile(QStringLiteral("copied"), "words");
+    QVERIFY(openPeer({ QStringLiteral("copy"), m_desktop->home(QStringLiteral("copied")), QStringLiteral("text/plain"),
+                       QStringLiteral("many") }));
+    QVERIFY(paste());
+    QVERIFY(waitFor([this] { return topText() == QStringLiteral("words"); }));
 }
 
 void PasteEndToEndTest::anOwnerThatNeverAnswersHoldsUpNothing()

@@ -5,6 +5,7 @@
 //   Peer paste FILE FORMAT
 //                         writes what the clipboard holds in that format into FILE, and shows an empty window
 //   Peer copy FILE TYPE   copies what is in FILE as TYPE, and shows an empty window
+//   Peer copy FILE TYPE many  the same, below 6000 formats that nobody knows
 //   Peer copy silent      copies a URI list, and never answers who asks for it
 //   Peer copy dying       copies a URI list, and ends when somebody asks for it
 //   Peer trash            takes files and moves them to the Trash, some time after they were dropped
@@ -303,7 +304,11 @@ private:
     const QString what = arguments.value(2);
     if (what == QLatin1String("silent") || what == QLatin1String("dying"))
         return std::make_unique<Undelivered>(what == QLatin1String("dying"));
-    return filled(std::make_unique<QMimeData>(), arguments);
+    auto payload = std::make_unique<QMimeData>();
+    const int unknown = arguments.value(4) == QLatin1String("many") ? 6000 : 0;
+    for (int each = 0; each < unknown; ++each)
+        payload->setData(QStringLiteral("application/x-unknown-%1").arg(each), "unknown");
+    return filled(std::move(payload), arguments);
 }
 
 [[nodiscard]] std::optional<UnboundedPayload::Manner> unboundedManner(const QString& mode)

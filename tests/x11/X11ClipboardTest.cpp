@@ -5,6 +5,8 @@
 #include "PrivateDesktop.h"
 #include "SelectionSource.h"
 #include "Waiting.h"
+#include "XcbAtoms.h"
+#include "XcbConnection.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -31,6 +33,16 @@ namespace {
     return list;
 }
 
+/// Makes a list of atoms with these names.
+[[nodiscard]] QByteArray atomsOf(const QList<QByteArray>& names)
+{
+    const nookle::XcbConnection connection(xcb_connect(nullptr, nullptr));
+    QByteArray list;
+    for (const QByteArray& name : names)
+        list += atomList({ xcbAtom(connection.get(), name) });
+    return list;
+}
+
 } // namespace
 
 class X11ClipboardTest : public QObject {
@@ -40,7 +52,9 @@ private Q_SLOTS:
     void theOwnersFormatsAreListed();
     void anOwnerWithoutFormatsHasNone_data();
     void anOwnerWithoutFormatsHasNone();
-    void moreFormatsThanAnyProgramHasAreNone();
+    void aFormatAtTheEndOfALongListIsFound();
+    void aListWithoutEndIsCutOff();
+    void aNameOfAnyLengthIsLeftOut();
     void whatTheOwnerDeliversIsRead();
     void whatComesInPiecesIsReadWhole();
     void whatIsSelectedIsReadToo();
@@ -127,17 +141,39 @@ void X11ClipboardTest::anOwnerWithoutFormatsHasNone()
     QCOMPARE(formats(), QStringList());
 }
 
-void X11ClipboardTest::moreFormatsThanAnyProgramHasAreNone()
+void X11ClipboardTest::aFormatAtTheEndOfALongListIsFound()
 {
-    QByteArray list;
-    for (int each = 0; each < 50'000; ++each)
-        list += atomList({ XCB_ATOM_STRING });
+    QList<QByteArray> names;
+    for (int each = 0; each < 20'000; ++each)
+        names.append("format/" + QByteArray::number(each));
+    names.append("text/plain");
+    const SelectionSource source("CLIPBOARD", atomsOf(names), Manner::inPieces);
+    open(aMinute);
+    const auto found = formats();
+    QCOMPARE(found->size(), names.size());
+    QCOMPARE(found->constLast(), QStringLiteral("text/plain"));
+}
+
+void X11ClipboardTest::aListWithoutEndIsCutOff()
+{
+    QByteArray list = atomList({ XCB_ATOM_STRING });
+    for (int each = 0; each < 100'000; ++each)
+        list += atomList({ XCB_ATOM_PIXMAP });
+    list += atomList({ XCB_ATOM_BITMAP });
     const SelectionSource source("CLIPBOARD", list, Manner::inPieces);
     open(aMinute);
     const CapturedLog log;
-    QCOMPARE(formats(), QStringList());
+    QCOMPARE(formats(), QStringList({ QStringLiteral("STRING"), QStringLiteral("PIXMAP") }));
     QCOMPARE(log.lines().size(), 1);
     QVERIFY(log.lines().constFirst().contains(QStringLiteral("clipboard")));
+}
+
+void X11ClipboardTest::aNameOfAnyLengthIsLeftOut()
+{
+    const QByteArray longest = "application/octet-stream;name=" + QByteArray(900, 'a');
+    const SelectionSource source("CLIPBOARD", atomsOf({ QByteArray(60'000, 'a'), longest }), Manner::whole);
+    open(aMinute);
+    QCOMPARE(formats(), QStringList(QString::fromLatin1(longest)));
 }
 
 void X11ClipboardTest::whatTheOwnerDeliversIsRead()

@@ -4,21 +4,39 @@
 #include "XcbAtoms.h"
 #include "XcbReply.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <cstring>
+#include <iterator>
+#include <unordered_set>
 #include <utility>
 
 namespace nookle {
 
 namespace {
 
-inline constexpr qsizetype largestContent = qsizetype{ 256 } * 1024 * 1024;
-inline constexpr qsizetype largestList = 16 * 1024;
+using Excess = X11SelectionTransfer::Excess;
 
+inline constexpr qsizetype largestContent = qsizetype{ 256 } * 1024 * 1024;
+inline constexpr qsizetype mostFormats = 65'536;
+inline constexpr qsizetype largestList = mostFormats * qsizetype{ sizeof(std::uint32_t) };
+
+/// A name may have 65,535 bytes, and the server is waited for, so only some are looked up at a time.
+inline constexpr std::ptrdiff_t namesAtATime = 256;
+
+/// In bytes. A format that the shelf knows may contain the name of a file, but no more.
+inline constexpr qsizetype longestName = 1024;
+
+/// The numbers in `bytes`, each once.
 [[nodiscard]] std::vector<std::uint32_t> numbersIn(const QByteArray& bytes)
 {
     std::vector<std::uint32_t> numbers(static_cast<std::size_t>(bytes.size()) / sizeof(std::uint32_t));
     if (!numbers.empty())
         std::memcpy(numbers.data(), bytes.constData(), numbers.size() * sizeof(std::uint32_t));
+    std::unordered_set<std::uint32_t> known;
+    numbers.erase(std::remove_if(numbers.begin(), numbers.end(),
+                                 [&](std::uint32_t number) { return !known.insert(number).second; }),
+                  numbers.end());
     return numbers;
 }
 
@@ -46,27 +64,44 @@ X11ClipboardContent::~X11ClipboardContent() = default;
 void X11ClipboardContent::askFormats(Formats answer)
 {
     const std::uint32_t targets = m_connection ? xcbAtom(m_connection.get(), "TARGETS") : 0;
-    ask(targets, largestList, [this, answer = std::move(answer)](const QByteArray& list) {
-        answer(m_connection ? xcbAtomNames(m_connection.get(), numbersIn(list)) : QStringList());
+    ask(targets, largestList, Excess::cutOff, [this, answer = std::move(answer)](const QByteArray& list) {
+        m_atoms = numbersIn(list);
+        m_names.clear();
+        answerNames(answer);
     });
+}
+
+void X11ClipboardContent::answerNames(Formats answer)
+{
+    const auto end = m_atoms.begin() + std::min(namesAtATime, std::ssize(m_atoms));
+    QStringList names = m_connection ? xcbAtomNames(m_connection.get(), { m_atoms.begin(), end }) : QStringList();
+    names.removeIf([](const QString& name) { return name.size() > longestName; });
+    m_names += names;
+    m_atoms.erase(m_atoms.begin(), end);
+    if (!m_connection || m_atoms.empty()) {
+        answer(m_names);
+        return;
+    }
+    QMetaObject::invokeMethod(
+        this, [this, answer = std::move(answer)] { answerNames(answer); }, Qt::QueuedConnection);
 }
 
 void X11ClipboardContent::askData(const QString& format, Bytes answer)
 {
     const std::uint32_t target = m_connection ? xcbAtom(m_connection.get(), format.toLatin1()) : 0;
-    ask(target, m_left, [this, answer = std::move(answer)](const QByteArray& bytes) {
+    ask(target, m_left, Excess::refuse, [this, answer = std::move(answer)](const QByteArray& bytes) {
         m_left -= bytes.size();
         answer(bytes);
     });
 }
 
-void X11ClipboardContent::ask(std::uint32_t target, qsizetype maximumSize, Bytes answer)
+void X11ClipboardContent::ask(std::uint32_t target, qsizetype maximumSize, Excess excess, Bytes answer)
 {
     m_answer = std::move(answer);
     if (m_connection) {
         watchOwner();
         m_transfer.emplace(m_connection.get(),
-                           X11SelectionTransfer::Request{ m_selection, target, XCB_CURRENT_TIME, maximumSize });
+                           X11SelectionTransfer::Request{ m_selection, target, XCB_CURRENT_TIME, maximumSize, excess });
     }
     readEventSoon();
 }

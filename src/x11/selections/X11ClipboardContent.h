@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace nookle {
 
@@ -30,7 +31,9 @@ public:
     void askData(const QString& format, Bytes answer) override;
 
 private:
-    void ask(std::uint32_t target, qsizetype maximumSize, Bytes answer);
+    void ask(std::uint32_t target, qsizetype maximumSize, X11SelectionTransfer::Excess excess, Bytes answer);
+    /// Answers with the names of `m_atoms`, some of which it looks up now, and the others in later turns.
+    void answerNames(Formats answer);
     void watchOwner();
     [[nodiscard]] bool isEndOfOwner(const xcb_generic_event_t& event) const;
     void readEvent();
@@ -48,6 +51,9 @@ private:
     QTimer m_patience;
     std::optional<X11SelectionTransfer> m_transfer;
     Bytes m_answer;
+    /// The formats that the owner has listed and whose names are not known yet, in its order.
+    std::vector<std::uint32_t> m_atoms;
+    QStringList m_names;
     bool m_readsSoon = false;
 };
 

@@ -31,6 +31,7 @@ X11SelectionTransfer::X11SelectionTransfer(xcb_connection_t* connection, const R
     : m_connection(connection)
     , m_window(makeWindow(connection))
     , m_maximumSize(request.maximumSize)
+    , m_excess(request.excess)
 {
     const XcbAtoms atoms(connection, { answerProperty, inPieces });
     m_property = atoms[answerProperty];
@@ -76,6 +77,8 @@ void X11SelectionTransfer::takePiece()
     const auto piece = take(m_maximumSize - m_arrived.size());
     if (!piece)
         finish(std::nullopt);
+    else if (m_wasTooLarge)
+        finish(m_arrived + *piece);
     else if (piece->isEmpty())
         finish(std::move(m_arrived));
     else
@@ -95,7 +98,7 @@ std::optional<QByteArray> X11SelectionTransfer::take(qsizetype maximumSize)
                                          static_cast<std::uint32_t>(maximumSize / unit));
     const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr));
     m_wasTooLarge = reply && reply->bytes_after != 0;
-    if (!reply || m_wasTooLarge)
+    if (!reply || (m_wasTooLarge && m_excess == Excess::refuse))
         return std::nullopt;
     m_takenType = reply->type;
     return QByteArray(static_cast<const char*>(xcb_get_property_value(reply.get())),

@@ -13,6 +13,14 @@ namespace nookle {
 /// Whoever reads the connection hands it the events.
 class X11SelectionTransfer final {
 public:
+    /// What becomes of an answer that is larger than the limit.
+    enum class Excess {
+        /// It is not taken at all.
+        refuse,
+        /// Its beginning is taken.
+        cutOff,
+    };
+
     struct Request {
         /// Both are atoms.
         std::uint32_t selection;
@@ -20,6 +28,7 @@ public:
         /// A timestamp of the server.
         std::uint32_t time;
         qsizetype maximumSize;
+        Excess excess = Excess::refuse;
     };
 
     /// Sends the request. `connection` must outlive the transfer.
@@ -33,10 +42,11 @@ public:
 
     [[nodiscard]] bool isDone() const { return m_state == State::done; }
 
-    /// What was delivered. None if the owner has refused, if there is none, or if it delivered more than the limit.
+    /// What was delivered. None if the owner has refused, if there is none, or if it delivered more than the limit and
+    /// its beginning is not wanted.
     [[nodiscard]] const std::optional<QByteArray>& bytes() const { return m_bytes; }
 
-    /// Whether there are no bytes because there were more than the limit.
+    /// Whether there were more bytes than the limit.
     [[nodiscard]] bool wasTooLarge() const { return m_wasTooLarge; }
 
 private:
@@ -45,7 +55,7 @@ private:
     void takeAnswer(std::uint32_t property);
     void takePiece();
     void finish(std::optional<QByteArray> bytes);
-    /// Reads and deletes the property; none when it is larger than `maximumSize`.
+    /// Reads and deletes the property. When it is larger than `maximumSize`, reads its beginning, or none.
     [[nodiscard]] std::optional<QByteArray> take(qsizetype maximumSize);
 
     xcb_connection_t* m_connection;
@@ -53,6 +63,7 @@ private:
     std::uint32_t m_property;
     std::uint32_t m_pieces;
     qsizetype m_maximumSize;
+    Excess m_excess;
     State m_state = State::waitingForAnswer;
     /// The type of the property that `take` read last.
     std::uint32_t m_takenType = 0;
