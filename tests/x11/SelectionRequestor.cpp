@@ -65,6 +65,9 @@ void SelectionRequestor::handle(const xcb_generic_event_t& event)
     const auto type = event.response_type & 0x7f;
     if (type == XCB_SELECTION_NOTIFY) {
         ++m_notifications;
+        constexpr qsizetype sizeOnTheWire = 32;
+        m_rest = QByteArray(reinterpret_cast<const char*>(&event), sizeOnTheWire)
+                     .mid(qsizetype(sizeof(xcb_selection_notify_event_t)));
         const auto& notify = reinterpret_cast<const xcb_selection_notify_event_t&>(event);
         if (notify.property == XCB_ATOM_NONE)
             m_answers[atom("NOOKLE_TEST")].isRefused = true;

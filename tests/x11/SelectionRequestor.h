@@ -46,6 +46,9 @@ public:
     /// How many answers there were in all.
     [[nodiscard]] int answers() const { return m_notifications; }
 
+    /// What the last answer's event carried beyond its fields.
+    [[nodiscard]] QByteArray rest() const { return m_rest; }
+
     /// Takes no more than that many pieces.
     void stopAfter(int pieces) { m_mostPieces = pieces; }
     /// Forgets what it got, and takes every piece from here on.
@@ -68,6 +71,7 @@ private:
     /// The properties that bring pieces.
     std::map<std::uint32_t, bool> m_isInPieces;
     int m_notifications = 0;
+    QByteArray m_rest;
     int m_mostPieces = 1'000'000;
 };
 

@@ -2,7 +2,9 @@
 
 #include <poll.h>
 
+#include <array>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <utility>
 
@@ -120,7 +122,9 @@ void SelectionSource::notify(const xcb_selection_request_event_t& request, xcb_a
     event.selection = request.selection;
     event.target = request.target;
     event.property = property;
-    xcb_send_event(m_connection, 0, request.requestor, 0, reinterpret_cast<const char*>(&event));
+    std::array<char, 32> sent{};
+    std::memcpy(sent.data(), &event, sizeof event);
+    xcb_send_event(m_connection, 0, request.requestor, 0, sent.data());
     xcb_flush(m_connection);
 }
 

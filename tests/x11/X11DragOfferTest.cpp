@@ -44,6 +44,7 @@ private Q_SLOTS:
     void whatIsNotOfferedIsRefused();
     void whatCannotBeMadeIsRefused();
     void everyRequestHasExactlyOneAnswer();
+    void anAnswerCarriesNothingElse();
     void theTargetsAreListed();
     void aTextIsDeliveredInTheEncodingThatIsAskedFor_data();
     void aTextIsDeliveredInTheEncodingThatIsAskedFor();
@@ -205,6 +206,19 @@ void X11DragOfferTest::everyRequestHasExactlyOneAnswer()
     };
     QVERIFY(waitFor([&] { return answers() == 3; }));
     QVERIFY(holdsFor([&] { return answers() == 3; }, 200));
+}
+
+// The event is larger than what an answer fills of it.
+void X11DragOfferTest::anAnswerCarriesNothingElse()
+{
+    offer(QStringLiteral("a/b"), "bytes");
+    Requestor requestor(selectionName);
+    for (const char* target : { "a/b", "not/offered", "TARGETS" }) {
+        requestor.forget();
+        requestor.ask(target);
+        QVERIFY(isAnswered(requestor));
+        QCOMPARE(requestor.rest(), QByteArray(8, '\0'));
+    }
 }
 
 void X11DragOfferTest::theTargetsAreListed()

@@ -4,10 +4,20 @@
 #include "XcbReply.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstring>
 #include <iterator>
 #include <utility>
 
 namespace nookle {
+
+namespace {
+
+/// In bytes.
+inline constexpr std::size_t sizeOfEvent = 32;
+
+} // namespace
 
 std::unique_ptr<X11PropertyWriter> X11PropertyWriter::tryCreate(const Limits& limits)
 {
@@ -66,8 +76,11 @@ std::vector<std::uint32_t> X11PropertyWriter::readNumbers(std::uint32_t window, 
 
 void X11PropertyWriter::notify(const xcb_selection_notify_event_t& answer)
 {
-    xcb_send_event(m_connection.get(), 0, answer.requestor, XCB_EVENT_MASK_NO_EVENT,
-                   reinterpret_cast<const char*>(&answer));
+    // The library sends the size of the largest event. What lies behind a smaller one in memory is nobody else's
+    // concern.
+    std::array<char, sizeOfEvent> event{};
+    std::memcpy(event.data(), &answer, sizeof(answer));
+    xcb_send_event(m_connection.get(), 0, answer.requestor, XCB_EVENT_MASK_NO_EVENT, event.data());
     // Waiting for a reply may have queued events, and the socket does not signal them again.
     readEvents();
 }
