@@ -28,6 +28,9 @@ check_linker_flag(CXX -Wl,-z,pack-relative-relocs NOOKLE_PACKS_RELOCATIONS)
 if(NOOKLE_PACKS_RELOCATIONS)
     target_link_options(nookle_options INTERFACE $<$<CONFIG:Release>:-Wl,-z,pack-relative-relocs>)
 endif()
+# A release leaves out what nothing uses.
+target_compile_options(nookle_options INTERFACE $<$<CONFIG:Release>:-ffunction-sections -fdata-sections>)
+target_link_options(nookle_options INTERFACE $<$<CONFIG:Release>:-Wl,--gc-sections>)
 # What newer releases of Qt deprecate has nothing to replace it in the oldest one.
 target_compile_definitions(nookle_options INTERFACE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH
     QT_NO_KEYWORDS QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_USE_QSTRINGBUILDER
