@@ -5,6 +5,7 @@
 #include "X11Displays.h"
 #include "X11DragOffer.h"
 #include "X11Drops.h"
+#include "X11FrameTheme.h"
 #include "X11GlobalShortcuts.h"
 #include "X11InputMonitor.h"
 #include "X11PanelWindow.h"
@@ -82,6 +83,7 @@ X11Backend::X11Backend(std::unique_ptr<GlobalShortcuts> shortcuts, const X11Mann
     , m_globalShortcuts(std::move(shortcuts))
     , m_embeddingTray(std::make_unique<X11TrayHost>(m_connection))
     , m_toolkitSettings(std::make_unique<X11ToolkitSettings>(m_connection))
+    , m_frameTheme(std::make_unique<X11FrameTheme>(m_connection))
     , m_clipboard(std::make_unique<X11Clipboard>())
     , m_drops(std::make_unique<X11Drops>(m_connection))
     , m_dragOffer(std::make_unique<X11DragOffer>(m_connection))

@@ -11,6 +11,7 @@ class X11Clipboard;
 class X11Displays;
 class X11DragOffer;
 class X11Drops;
+class X11FrameTheme;
 
 /// The desktop backend for the X server.
 class X11Backend final : public DesktopBackend {
@@ -49,6 +50,7 @@ private:
     std::unique_ptr<GlobalShortcuts> m_globalShortcuts;
     std::unique_ptr<TrayHost> m_embeddingTray;
     std::unique_ptr<ToolkitSettings> m_toolkitSettings;
+    std::unique_ptr<X11FrameTheme> m_frameTheme;
     std::unique_ptr<X11Clipboard> m_clipboard;
     std::unique_ptr<X11Drops> m_drops;
     std::unique_ptr<X11DragOffer> m_dragOffer;
