@@ -24,6 +24,7 @@ private Q_SLOTS:
     void cleanup();
 
     void aDropAtTheEdgeIsNeverLost();
+    void aDropWhileThePanelGoesIsNotLost();
     void aHandThatRestsAtTheEdgeGetsTheShelfWhenItTrembles();
 
 private:
@@ -97,6 +98,24 @@ void WaylandEdgeDropTest::aDropAtTheEdgeIsNeverLost()
         const QString failure = dropAtEdge(delay);
         if (!failure.isEmpty())
             failures.append(QStringLiteral("%1 (%2 ms)").arg(failure).arg(delay));
+        hand().release();
+    }
+    QCOMPARE(failures.join(QLatin1String(", ")), QString());
+}
+
+// The panel begins to go half a second after the pointer, and has gone a fifth of a second later.
+void WaylandEdgeDropTest::aDropWhileThePanelGoesIsNotLost()
+{
+    constexpr int step = 50;
+    constexpr int longest = 550;
+    constexpr int delay = 200;
+    QStringList failures;
+    for (int rest = 150; rest <= longest; rest += step) {
+        hand().moveTo(middle);
+        QTest::qSleep(rest);
+        const QString failure = dropAtEdge(delay);
+        if (!failure.isEmpty())
+            failures.append(QStringLiteral("%1 (after %2 ms)").arg(failure).arg(rest));
         hand().release();
     }
     QCOMPARE(failures.join(QLatin1String(", ")), QString());
