@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <cstring>
 #include <functional>
 #include <optional>
@@ -52,14 +53,39 @@ struct Control {
     alignas(cmsghdr) std::array<char, CMSG_SPACE(mostFiles * sizeof(int))> space{};
 };
 
+/// Both are as long as in Wayland's requests: the object, and the size above the number of the operation.
+inline constexpr qsizetype sizeOfNumber = 4;
+inline constexpr qsizetype sizeOfHeader = 2 * sizeOfNumber;
+
+[[nodiscard]] QByteArray requestFor(const QString& format)
+{
+    const QByteArray name = format.toUtf8();
+    const std::array<std::uint32_t, 2> header{ 1, static_cast<std::uint32_t>(sizeOfHeader + name.size()) << 16 | 1 };
+    return QByteArray(reinterpret_cast<const char*>(header.data()), sizeOfHeader) + name;
+}
+
+/// The formats that whole requests ask for.
+[[nodiscard]] QByteArrayList formatsIn(const QByteArray& requests)
+{
+    QByteArrayList formats;
+    for (qsizetype start = 0; start + sizeOfHeader <= requests.size();) {
+        std::uint32_t size = 0;
+        std::memcpy(&size, requests.constData() + start + sizeOfNumber, sizeof(size));
+        size >>= 16;
+        formats << requests.mid(start + sizeOfHeader, size - sizeOfHeader);
+        start += size;
+    }
+    return formats;
+}
+
 /// Sends a request for a format with the pipe that the answer is to come by, as the toolkit does, and reads the answer.
 [[nodiscard]] QByteArray askAndRead(int socket, const QString& format)
 {
     std::array<int, 2> ends{};
     if (::pipe(ends.data()) != 0)
         return {};
-    QByteArray name = format.toUtf8() + '\n';
-    iovec place{ name.data(), static_cast<std::size_t>(name.size()) };
+    QByteArray request = requestFor(format);
+    iovec place{ request.data(), static_cast<std::size_t>(request.size()) };
     Control control;
     msghdr message{};
     message.msg_iov = &place;
@@ -71,7 +97,7 @@ struct Control {
     part->cmsg_type = SCM_RIGHTS;
     part->cmsg_len = CMSG_LEN(sizeof(int));
     std::memcpy(CMSG_DATA(part), &ends[1], sizeof(int));
-    if (::sendmsg(socket, &message, MSG_NOSIGNAL) != name.size())
+    if (::sendmsg(socket, &message, MSG_NOSIGNAL) != request.size())
         return {};
     ::close(ends[1]);
     QByteArray answer;
@@ -134,7 +160,7 @@ private:
             if (size <= 0)
                 return;
             const cmsghdr* part = CMSG_FIRSTHDR(&message);
-            answer(QByteArray(chunk.data(), size - 1).split('\n'), part ? CMSG_DATA(part) : nullptr);
+            answer(formatsIn(QByteArray(chunk.data(), size)), part ? CMSG_DATA(part) : nullptr);
         }
     }
 
@@ -215,6 +241,8 @@ private Q_SLOTS:
     void moreQuestionsThanOneMessageHolds();
     void anEndIsNoAnswerWhileAnotherMayCome();
     void whoAsksLateIsWaitedFor();
+    void whatCannotBeAskedForIsGivenUpAtOnce();
+    void aCompositorThatReadsNothingIsNotWaitedForAfterTheDeadline();
 };
 
 void BridgedDropTest::theQuestionsAreAskedInOneMessage()
@@ -334,6 +362,37 @@ void BridgedDropTest::whoAsksLateIsWaitedFor()
     QCOMPARE(drop.answer(words), words.toUtf8());
     QCOMPARE(drop.answer(askedLate), askedLate.toUtf8());
     QCOMPARE(compositor.end(), (QList<QByteArrayList>{ { askedLate.toUtf8(), words.toUtf8() } }));
+}
+
+void BridgedDropTest::whatCannotBeAskedForIsGivenUpAtOnce()
+{
+    FakeCompositor compositor(0);
+    int times = 0;
+    const auto makeWork = [&times](const QString& /*format*/) -> std::optional<ReadingChild::Work> {
+        ++times;
+        return std::nullopt;
+    };
+    BridgedDrop drop(makeWork, compositor.socket(), { Clock::now() + aMinute, qsizetype{ 1024 } });
+    QVERIFY(!drop.ask({ list, words }));
+    QCOMPARE(times, 1);
+    QCOMPARE(drop.answer(words), QByteArray());
+    QCOMPARE(times, 2);
+}
+
+void BridgedDropTest::aCompositorThatReadsNothingIsNotWaitedForAfterTheDeadline()
+{
+    std::array<int, 2> ends{};
+    QCOMPARE(::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()), 0);
+    const FileDescriptor toolkits(ends[0]);
+    const FileDescriptor compositors(ends[1]);
+    const QByteArray waiting(4096, 'n');
+    while (::send(toolkits.get(), waiting.constData(), static_cast<std::size_t>(waiting.size()), MSG_DONTWAIT) > 0) {}
+    const auto makeWork = [socket = toolkits.get()](const QString& format) {
+        return ReadingChild::Work{ [] {}, [socket, format] { return askAndRead(socket, format); } };
+    };
+    BridgedDrop drop(makeWork, toolkits.get(), { Clock::now() + moment, qsizetype{ 1024 } });
+    QVERIFY(!drop.ask({ words }));
+    QCOMPARE(drop.answer(words), QByteArray());
 }
 
 QTEST_GUILESS_MAIN(BridgedDropTest)

@@ -1,5 +1,7 @@
 #include "WaylandDropPayload.h"
 
+#include "FileDescriptor.h"
+
 #include <QFile>
 #include <QMimeData>
 #include <QTemporaryDir>
@@ -8,6 +10,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
 #include <cstdlib>
 #include <functional>
@@ -85,6 +88,8 @@ private Q_SLOTS:
     void afterTheDeadlineNothingIsAskedFor();
     void withoutAFlushNothingIsAskedFor();
     void aReaderThatFindsALockHeldIsReplaced();
+    void whatAnX11ProgramDragsIsNotReadBeforeItsDrop();
+    void aCompositorThatTakesNothingNowIsWaitedFor();
 
 private:
     [[nodiscard]] QByteArray read(const std::function<QByteArray()>& deliver, qsizetype limit,
@@ -209,6 +214,34 @@ void WaylandDropPayloadTest::aReaderThatFindsALockHeldIsReplaced()
         WaylandDropPayload(drop, { flush }, Source::waylandProgram, { Clock::now() + aMinute, plenty }).data(plainText),
         QByteArray("words"));
     QVERIFY(QFile::exists(first));
+}
+
+void WaylandDropPayloadTest::whatAnX11ProgramDragsIsNotReadBeforeItsDrop()
+{
+    const FakeDrop drop([] { return QByteArray("words"); });
+    const auto flush = [this] {
+        ++m_flushes;
+        return false;
+    };
+    const WaylandDropPayload payload(drop, { flush }, Source::x11Program, { Clock::now() + aMinute, plenty });
+    QCOMPARE(payload.data(plainText), QByteArray());
+    QCOMPARE(m_flushes, 0);
+    payload.expect({ plainText });
+    QCOMPARE(m_flushes, 1);
+}
+
+void WaylandDropPayloadTest::aCompositorThatTakesNothingNowIsWaitedFor()
+{
+    std::array<int, 2> ends{};
+    QCOMPARE(::pipe(ends.data()), 0);
+    const FileDescriptor reading(ends[0]);
+    const FileDescriptor writing(ends[1]);
+    const FakeDrop drop([] { return QByteArray("words"); });
+    const auto flush = [this] { return ++m_flushes > 1; };
+    const WaylandDropPayload payload(drop, { flush, writing.get() }, Source::waylandProgram,
+                                     { Clock::now() + aMinute, plenty });
+    QCOMPARE(payload.data(plainText), QByteArray("words"));
+    QCOMPARE(m_flushes, 2);
 }
 
 QTEST_GUILESS_MAIN(WaylandDropPayloadTest)

@@ -37,12 +37,12 @@ BridgedDrop::BridgedDrop(MakeWork makeWork, int socket, const Limits& limits)
 {
 }
 
-void BridgedDrop::ask(const QStringList& formats)
+bool BridgedDrop::ask(const QStringList& formats)
 {
     std::vector<Asking> asking = start(formats);
     collect(asking);
     std::this_thread::sleep_until(std::min(m_earliest, m_limits.deadline));
-    send(std::move(asking));
+    return send(std::move(asking));
 }
 
 // What the children ask for has the ends of their pipes. A child that is started later would hold these open, so all
@@ -92,7 +92,7 @@ void BridgedDrop::collect(std::vector<Asking>& asking)
     }
 }
 
-void BridgedDrop::send(std::vector<Asking> asking)
+bool BridgedDrop::send(std::vector<Asking> asking)
 {
     const auto late =
         std::stable_partition(asking.begin(), asking.end(), [](const Asking& one) { return one.hasAsked; });
@@ -100,19 +100,20 @@ void BridgedDrop::send(std::vector<Asking> asking)
     std::vector<const HeldRequest*> requests;
     for (const Asking& one : asking)
         requests.push_back(&one.request);
-    const std::size_t sent = HeldRequest::passOn(m_socket, requests);
+    const std::size_t sent = HeldRequest::passOn(m_socket, requests, m_limits.deadline);
     for (std::size_t one = 0; one < sent; ++one) {
         Question& question = m_questions[asking[one].format];
         if (question.children.empty())
             question.asked = Clock::now();
         question.children.push_back(std::move(asking[one].child));
     }
+    return sent > 0;
 }
 
 QByteArray BridgedDrop::answer(const QString& format)
 {
-    if (!m_questions.contains(format))
-        ask({ format });
+    if (!m_questions.contains(format) && !ask({ format }))
+        return {};
     Question& question = m_questions[format];
     auto patience = timeToAnswer;
     for (int times = 1; times <= mostTimesAsked; ++times) {
@@ -122,8 +123,9 @@ QByteArray BridgedDrop::answer(const QString& format)
         const bool isOver = Clock::now() >= (question.children.empty() ? m_limits.deadline : patienceEnd(question));
         if (isOver || (question.hasEnded && !isArriving(question.children)))
             break;
-        if (!isArriving(question.children))
-            ask({ format });
+        // What cannot be asked now was waited for long enough. The children of before may still bring the answer.
+        if (!isArriving(question.children) && !ask({ format }) && question.children.empty())
+            break;
         patience *= 2;
     }
     return {};

@@ -36,8 +36,8 @@ public:
     /// Made in the moment of the drop. `socket` leads to the compositor, and nothing waits to be sent there.
     BridgedDrop(MakeWork makeWork, int socket, const Limits& limits);
 
-    /// Asks for the formats.
-    void ask(const QStringList& formats);
+    /// Asks for the formats; false if none of them can be asked for before the deadline.
+    bool ask(const QStringList& formats);
 
     /// The answer to that question, which is asked if it has not been yet; empty if none comes before the deadline, or
     /// for a while after the others.
@@ -63,7 +63,8 @@ private:
     [[nodiscard]] std::vector<Asking> start(const QStringList& formats) const;
     /// Returns once each of them has asked, or has ended, or may take no longer.
     void collect(std::vector<Asking>& asking);
-    void send(std::vector<Asking> asking);
+    /// False if nothing was sent.
+    [[nodiscard]] bool send(std::vector<Asking> asking);
     /// Takes what comes for all questions until this one has its answer, or no child left.
     void takeFor(Question& question, Clock::time_point until);
     /// Takes from one child what there is; false when nothing comes until then.

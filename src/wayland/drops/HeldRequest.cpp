@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstdint>
 #include <cstring>
 #include <utility>
 
@@ -35,7 +37,39 @@ struct Control {
     return files;
 }
 
+/// Whether these bytes end where a request ends. Each begins with its object and, in the upper half of the next number,
+/// its size.
+[[nodiscard]] bool areWholeRequests(const QByteArray& bytes)
+{
+    constexpr qsizetype header = 2 * sizeof(std::uint32_t);
+    constexpr int bitsOfCode = 16;
+    qsizetype done = 0;
+    while (bytes.size() - done >= header) {
+        std::uint32_t sizeAndCode = 0;
+        std::memcpy(&sizeAndCode, bytes.constData() + done + sizeof(std::uint32_t), sizeof(sizeAndCode));
+        done += std::max<qsizetype>(sizeAndCode >> bitsOfCode, header);
+    }
+    return done == bytes.size();
+}
+
+/// Whether the socket can be read or written, as asked, before the deadline.
+[[nodiscard]] bool waitFor(int socket, short readiness, HeldRequest::Clock::time_point deadline)
+{
+    pollfd end{ socket, readiness, 0 };
+    for (;;) {
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - HeldRequest::Clock::now()).count();
+        const int ready = left > 0 ? ::poll(&end, 1, static_cast<int>(left)) : 0;
+        if (ready >= 0 || errno != EINTR)
+            return ready > 0;
+    }
+}
+
 } // namespace
+
+bool waitToWrite(int socket, HeldRequest::Clock::time_point deadline)
+{
+    return waitFor(socket, POLLOUT, deadline);
+}
 
 HeldRequest::HeldRequest(FileDescriptor ours, FileDescriptor childs)
     : m_ours(std::move(ours))
@@ -58,10 +92,15 @@ void HeldRequest::divert(int socket) const
 
 bool HeldRequest::receive(Clock::time_point deadline)
 {
-    const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-    pollfd end{ m_ours.get(), POLLIN, 0 };
-    if (left <= 0 || ::poll(&end, 1, static_cast<int>(left)) <= 0)
-        return false;
+    do {
+        if (!waitFor(m_ours.get(), POLLIN, deadline) || !receiveSome())
+            return false;
+    } while (!areWholeRequests(m_bytes));
+    return true;
+}
+
+bool HeldRequest::receiveSome()
+{
     std::array<char, 4096> bytes{};
     iovec place{ bytes.data(), bytes.size() };
     Control control;
@@ -71,12 +110,13 @@ bool HeldRequest::receive(Clock::time_point deadline)
     message.msg_control = control.space.data();
     message.msg_controllen = control.space.size();
     const ssize_t size = ::recvmsg(m_ours.get(), &message, MSG_CMSG_CLOEXEC);
-    m_files = filesOf(message);
-    m_bytes = QByteArray(bytes.data(), std::max<qsizetype>(size, 0));
+    for (FileDescriptor& file : filesOf(message))
+        m_files.push_back(std::move(file));
+    m_bytes.append(bytes.data(), std::max<qsizetype>(size, 0));
     return size > 0;
 }
 
-std::size_t HeldRequest::passOn(int socket, const Requests& requests)
+std::size_t HeldRequest::passOn(int socket, const Requests& requests, Clock::time_point deadline)
 {
     auto first = requests.begin();
     while (first != requests.end()) {
@@ -85,14 +125,16 @@ std::size_t HeldRequest::passOn(int socket, const Requests& requests)
             files += request->m_files.size();
             return files > mostFiles;
         });
-        if (!send(socket, first, end))
+        if (!send(socket, first, end, deadline))
             break;
         first = end;
     }
     return static_cast<std::size_t>(first - requests.begin());
 }
 
-bool HeldRequest::send(int socket, Requests::const_iterator first, Requests::const_iterator end)
+// The socket takes a message of this size whole or not at all.
+bool HeldRequest::send(int socket, Requests::const_iterator first, Requests::const_iterator end,
+                       Clock::time_point deadline)
 {
     QByteArray bytes;
     std::vector<int> files;
@@ -115,7 +157,11 @@ bool HeldRequest::send(int socket, Requests::const_iterator first, Requests::con
     part->cmsg_type = SCM_RIGHTS;
     part->cmsg_len = CMSG_LEN(files.size() * sizeof(int));
     std::memcpy(CMSG_DATA(part), files.data(), files.size() * sizeof(int));
-    return ::sendmsg(socket, &message, MSG_NOSIGNAL) == bytes.size();
+    ssize_t sent = -1;
+    do {
+        sent = ::sendmsg(socket, &message, MSG_NOSIGNAL | MSG_DONTWAIT);
+    } while (sent < 0 && (errno == EINTR || (errno == EAGAIN && waitToWrite(socket, deadline))));
+    return sent == bytes.size();
 }
 
 } // namespace nookle

@@ -30,12 +30,9 @@ WaylandDropPayload::WaylandDropPayload(const QMimeData& data, Connection connect
                                        const Limits& limits)
     : m_data(data)
     , m_connection(std::move(connection))
+    , m_source(source)
     , m_limits(limits)
 {
-    if (source == Source::x11Program)
-        m_bridged = std::make_unique<BridgedDrop>(
-            [this](const QString& format) { return canAsk() ? std::optional(workFor(format)) : std::nullopt; },
-            m_connection.socket, BridgedDrop::Limits{ m_limits.deadline, m_limits.size });
 }
 
 WaylandDropPayload::~WaylandDropPayload() = default;
@@ -44,7 +41,8 @@ QStringList WaylandDropPayload::formats() const
 {
     QStringList formats = m_data.formats();
     // Programs made with the toolkit offer it on X11 for every file, so there it says nothing of a page.
-    if (!m_bridged && formats.contains(QLatin1String(addressList)) && !formats.contains(QLatin1String(linkWithTitle)))
+    if (m_source == Source::waylandProgram && formats.contains(QLatin1String(addressList))
+        && !formats.contains(QLatin1String(linkWithTitle)))
         formats.append(QLatin1String(linkWithTitle));
     return formats;
 }
@@ -60,7 +58,7 @@ QByteArray WaylandDropPayload::data(const QString& format) const
 
 bool WaylandDropPayload::isOfPage() const
 {
-    if (!m_bridged)
+    if (m_source == Source::waylandProgram)
         return !delivered(QLatin1String(linkWithTitle)).isEmpty();
     const QStringList formats = m_data.formats();
     return std::any_of(formats.begin(), formats.end(),
@@ -69,8 +67,12 @@ bool WaylandDropPayload::isOfPage() const
 
 void WaylandDropPayload::expect(const QStringList& formats) const
 {
-    if (m_bridged)
-        m_bridged->ask(formats);
+    if (m_source == Source::waylandProgram)
+        return;
+    m_bridged = std::make_unique<BridgedDrop>(
+        [this](const QString& format) { return canAsk() ? std::optional(workFor(format)) : std::nullopt; },
+        m_connection.socket, BridgedDrop::Limits{ m_limits.deadline, m_limits.size });
+    m_bridged->ask(formats);
 }
 
 QByteArray WaylandDropPayload::delivered(const QString& format) const
@@ -78,7 +80,7 @@ QByteArray WaylandDropPayload::delivered(const QString& format) const
     if (const auto known = m_delivered.constFind(format); known != m_delivered.constEnd())
         return *known;
     // What was asked for in time may have come by now.
-    if (!m_bridged && !canAsk())
+    if (m_source == Source::x11Program ? !m_bridged : !canAsk())
         return {};
     return *m_delivered.insert(format, read(format));
 }
@@ -88,6 +90,16 @@ QByteArray WaylandDropPayload::read(const QString& format) const
     if (m_bridged)
         return m_bridged->answer(format);
     return ChildReader::run(workFor(format), m_limits.size, m_limits.deadline).value_or(QByteArray());
+}
+
+bool WaylandDropPayload::canAsk() const
+{
+    if (Clock::now() >= m_limits.deadline)
+        return false;
+    if (m_connection.flush())
+        return true;
+    const bool canWait = m_connection.socket >= 0;
+    return canWait && waitToWrite(m_connection.socket, m_limits.deadline) && m_connection.flush();
 }
 
 ReadingChild::Work WaylandDropPayload::workFor(const QString& format) const

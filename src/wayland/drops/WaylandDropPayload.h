@@ -14,7 +14,8 @@ class QMimeData;
 namespace nookle {
 
 /// A drop as the toolkit hands it over. The toolkit reads a format for as long as bytes come, so a child process has it
-/// read, within the same limits as on other display servers.
+/// read, within the same limits as on other display servers. Of what an X11 program drags nothing is read before it is
+/// dropped, which `expect` tells.
 class WaylandDropPayload final : public DropPayload {
 public:
     using Clock = std::chrono::steady_clock;
@@ -57,13 +58,15 @@ private:
     [[nodiscard]] ReadingChild::Work workFor(const QString& format) const;
     /// Whether a page's script may have chosen the address.
     [[nodiscard]] bool isOfPage() const;
-    [[nodiscard]] bool canAsk() const { return Clock::now() < m_limits.deadline && m_connection.flush(); }
+    /// Waits for a compositor that takes nothing now.
+    [[nodiscard]] bool canAsk() const;
 
     const QMimeData& m_data;
     Connection m_connection;
+    Source m_source;
     Limits m_limits;
-    /// Null for a Wayland program's drop.
-    std::unique_ptr<BridgedDrop> m_bridged;
+    /// Null for a Wayland program's drop, and before what is dragged has been dropped.
+    mutable std::unique_ptr<BridgedDrop> m_bridged;
     mutable QHash<QString, QByteArray> m_delivered;
 };
 
