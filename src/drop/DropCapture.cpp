@@ -48,16 +48,17 @@ namespace {
         || transferFormats().contains(format);
 }
 
-/// The formats that may be read of a drop: of several that hold the same, only the best one.
+/// The formats that may be read of a drop: of several that hold the same, only the best one; of pictures the best two,
+/// because some sources list types that they do not deliver.
 [[nodiscard]] QStringList usedFormats(const QStringList& formats)
 {
-    const QString image = namedImageFormats(formats).value(0);
+    const QStringList images = namedImageFormats(formats).mid(0, 2);
     const QString text = textFormats(formats).value(0);
     QStringList used = formats;
     used.removeIf([&](const QString& format) {
         const bool isUsed = isAddressFormat(format) || isTitleFormat(format) || isUnnamedFormat(format)
             || isImageNameFormat(format) || transferFormats().contains(format);
-        return format.isEmpty() || (!isUsed && format != image && format != text);
+        return format.isEmpty() || (!isUsed && !images.contains(format) && format != text);
     });
     return used;
 }

@@ -220,6 +220,7 @@ void DropCaptureTest::onlyWhatMayBeReadIsExpected()
     payload.offer("text/uri-list", "https://example.com/cat")
         .offer("", "words")
         .offer("image/bmp", "")
+        .offer("image/jpeg", "")
         .offer("image/png", png)
         .offer("application/octet-stream", png)
         .offer("text/html", "<img alt=\"A cat\">")
@@ -227,9 +228,9 @@ void DropCaptureTest::onlyWhatMayBeReadIsExpected()
         .offer("UTF8_STRING", "words")
         .offer("application/x-anything", "words");
     static_cast<void>(captureDrop(payload));
-    const QStringList expected{ QStringLiteral("text/uri-list"), QStringLiteral("image/png"),
-                                QStringLiteral("application/octet-stream"), QStringLiteral("text/html"),
-                                QStringLiteral("UTF8_STRING") };
+    const QStringList expected{ QStringLiteral("text/uri-list"), QStringLiteral("image/jpeg"),
+                                QStringLiteral("image/png"),     QStringLiteral("application/octet-stream"),
+                                QStringLiteral("text/html"),     QStringLiteral("UTF8_STRING") };
     QCOMPARE(payload.expected, expected);
     for (const QString& format : std::as_const(payload.read))
         QVERIFY2(expected.contains(format), qPrintable(format));
