@@ -207,15 +207,18 @@ void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing 
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 
+// The panel may be hidden during the drag. A hand that does not move is told nothing of that, so its drop is taken.
 void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& position)
 {
-    if (!m_window.isVisible()) {
+    const bool wasTaken = std::exchange(m_isTakenElsewhere, false);
+    if (!m_window.isVisible() && !(wasTaken && event.type() == QEvent::Drop)) {
         m_pointer.leave();
         event.ignore();
         return;
     }
     const QScopedValueRollback elsewhere(m_isDragElsewhere, true);
     forwardDrag(event, m_window, m_resting, position);
+    m_isTakenElsewhere = event.isAccepted();
     // KWin tells what may be done with the drag of an X11 program only when that comes over a second window. With each
     // entry the toolkit reports a movement.
     if (event.type() == QEvent::DragMove)
@@ -224,6 +227,7 @@ void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& pos
 
 void LayerPanelWindow::dragHasLeftElsewhere()
 {
+    m_isTakenElsewhere = false;
     forwardDragLeave(m_window);
 }
 
@@ -329,12 +333,6 @@ void LayerPanelWindow::setAside(Aside aside)
 bool LayerPanelWindow::isShown() const
 {
     return m_window.isVisible();
-}
-
-// No compositor tells where a window is, so the toolkit's own coordinates begin at the window.
-QPointF LayerPanelWindow::onDesktop(const QPointF& position) const
-{
-    return m_resting.topLeft() + position;
 }
 
 bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)

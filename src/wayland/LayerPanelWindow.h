@@ -91,7 +91,8 @@ private:
     /// Tells the compositor which part of the window takes the pointer and drags.
     void applyInputArea();
     void tellCompositor();
-    [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
+    /// No compositor tells where a window is, so the toolkit's own coordinates begin at the window.
+    [[nodiscard]] QPointF onDesktop(const QPointF& position) const { return m_resting.topLeft() + position; }
 
     QWindow& m_window;
     double m_cornerRadius;
@@ -110,6 +111,8 @@ private:
     QTimer m_asideEnd;
     /// True while an event of a drag over another window is handled.
     bool m_isDragElsewhere = false;
+    /// Whether the last answer to a drag over another window was that it is taken.
+    bool m_isTakenElsewhere = false;
     /// How often it has been aside for the present drag.
     int m_timesAside = 0;
     /// True from `takeFocus` until the focus is lost or the pointer leaves: the keys do not wait for the pointer then.

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void aDropAtTheEdgeIsNeverLost();
     void aDropWhileThePanelGoesIsNotLost();
     void aHandThatRestsAtTheEdgeGetsTheShelfWhenItTrembles();
+    void aDropIsTakenThatRestsAtTheEdgeWhileThePanelIsHidden();
 
 private:
     /// Drags a text to the edge, and lets go, with a slight movement, so many milliseconds after the shelf takes it,
@@ -129,6 +130,21 @@ void WaylandEdgeDropTest::aHandThatRestsAtTheEdgeGetsTheShelfWhenItTrembles()
     hand().moveTo(edge);
     continueShelf();
     QVERIFY2(isTaken(0), "the shelf does not take the drag");
+    hand().release();
+    QVERIFY2(isSaved(1), "the drop is lost");
+}
+
+void WaylandEdgeDropTest::aDropIsTakenThatRestsAtTheEdgeWhileThePanelIsHidden()
+{
+    // Without pictures nothing shows that the panel has come or gone, but each takes it less time.
+    constexpr int timeToSlide = 800;
+    const auto isRunning = [this] { return m_shelf->isRunning(); };
+    QVERIFY(beginDragOfPeer());
+    hand().moveTo(edge);
+    QVERIFY2(isTaken(0), "the shelf does not take the drag");
+    QVERIFY(holdsFor(isRunning, timeToSlide));
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY(m_desktop->hasPictures() ? waitFor([this] { return isPanelGone(); }) : holdsFor(isRunning, timeToSlide));
     hand().release();
     QVERIFY2(isSaved(1), "the drop is lost");
 }
