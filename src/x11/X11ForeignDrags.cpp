@@ -1,6 +1,7 @@
 #include "X11ForeignDrags.h"
 
 #include "XcbAtoms.h"
+#include "XcbClients.h"
 #include "XcbReply.h"
 #include "XcbRoot.h"
 
@@ -9,6 +10,7 @@
 #include <QFileInfo>
 
 #include <xcb/xcb.h>
+#include <xcb/xcbext.h>
 #include <xcb/xfixes.h>
 
 #include <algorithm>
@@ -22,6 +24,7 @@ namespace nookle {
 namespace {
 
 inline constexpr std::chrono::seconds timeBetweenLooks{ 30 };
+inline constexpr const char* dragSelection = "XdndSelection";
 
 /// Whether the session's X server runs. A connection to it would start it.
 [[nodiscard]] bool isServerRunning()
@@ -46,8 +49,11 @@ bool X11ForeignDrags::watch()
 {
     if (m_connection)
         return true;
-    if (!m_nextLook.hasExpired())
-        return false;
+    return m_nextLook.hasExpired() && connectToServer();
+}
+
+bool X11ForeignDrags::connectToServer()
+{
     if (!isServerRunning()) {
         m_nextLook.setRemainingTime(timeBetweenLooks);
         return false;
@@ -72,7 +78,7 @@ bool X11ForeignDrags::watchSelection()
     m_firstFixesEvent = extension->first_event;
     const auto cookie = xcb_xfixes_query_version(m_connection.get(), 2, 0);
     const auto version = owned(xcb_xfixes_query_version_reply(m_connection.get(), cookie, nullptr));
-    const std::uint32_t selection = xcbAtom(m_connection.get(), "XdndSelection");
+    const std::uint32_t selection = xcbAtom(m_connection.get(), dragSelection);
     m_managerAtom = xcbAtom(m_connection.get(), "_NET_SUPPORTING_WM_CHECK");
     if (!version || selection == XCB_ATOM_NONE)
         return false;
@@ -81,7 +87,7 @@ bool X11ForeignDrags::watchSelection()
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
                                           | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
                                           | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-    xcb_flush(m_connection.get());
+    askForManager();
     return true;
 }
 
@@ -95,31 +101,58 @@ void X11ForeignDrags::readEvents()
         const auto owner = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner;
         // Some programs give the selection up before their drop is read.
         if (owner != XCB_WINDOW_NONE)
-            m_isOfX11Program = !isOfCompositor(owner);
+            setOwner(owner);
         setUnderWay(owner != XCB_WINDOW_NONE);
     }
+    takeManager();
     if (xcb_connection_has_error(m_connection.get()) == 0)
         return;
-    // The server has ended, as it does in some sessions when the last X11 program has.
+    // The server has ended, as it does in some sessions when the last X11 program has. Its process may not have yet.
     m_notifier.reset();
     m_connection.reset();
+    m_nextLook.setRemainingTime(timeBetweenLooks);
+    m_manager = XCB_WINDOW_NONE;
+    m_question.reset();
+    m_owner = XCB_WINDOW_NONE;
     m_isUnderWay = false;
     m_isOfX11Program = false;
     if (onChanged)
         onChanged();
 }
 
-// The compositor is the window manager, too, and all windows of one connection differ in the bits of the mask alone.
-bool X11ForeignDrags::isOfCompositor(std::uint32_t window) const
+void X11ForeignDrags::setOwner(std::uint32_t owner)
+{
+    m_owner = owner;
+    if (m_manager == XCB_WINDOW_NONE && !m_question)
+        askForManager();
+    judgeOwner();
+}
+
+// The compositor is the window manager, too, and offers the drags of Wayland programs.
+void X11ForeignDrags::judgeOwner()
+{
+    m_isOfX11Program = m_owner != XCB_WINDOW_NONE && m_manager != XCB_WINDOW_NONE
+        && !haveSameMaker(m_connection.get(), m_owner, m_manager);
+}
+
+void X11ForeignDrags::askForManager()
 {
     auto* const connection = m_connection.get();
-    const auto cookie = xcb_get_property(connection, 0, rootOf(connection), m_managerAtom, XCB_ATOM_WINDOW, 0, 1);
-    const auto property = owned(xcb_get_property_reply(connection, cookie, nullptr));
+    m_question = xcb_get_property(connection, 0, rootOf(connection), m_managerAtom, XCB_ATOM_WINDOW, 0, 1).sequence;
+    xcb_flush(connection);
+}
+
+void X11ForeignDrags::takeManager()
+{
+    void* answer = nullptr;
+    if (!m_question || xcb_poll_for_reply(m_connection.get(), *m_question, &answer, nullptr) == 0)
+        return;
+    m_question.reset();
+    const auto property = owned(static_cast<xcb_get_property_reply_t*>(answer));
     if (!property || xcb_get_property_value_length(property.get()) != sizeof(xcb_window_t))
-        return true;
-    const auto manager = *static_cast<const xcb_window_t*>(xcb_get_property_value(property.get()));
-    const std::uint32_t mask = xcb_get_setup(connection)->resource_id_mask;
-    return (window & ~mask) == (manager & ~mask);
+        return;
+    m_manager = *static_cast<const xcb_window_t*>(xcb_get_property_value(property.get()));
+    judgeOwner();
 }
 
 void X11ForeignDrags::setUnderWay(bool isUnderWay)

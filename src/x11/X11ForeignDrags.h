@@ -9,6 +9,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 namespace nookle {
 
@@ -27,17 +28,28 @@ public:
     void end() override { setUnderWay(false); }
 
 private:
+    /// Fails while no server runs.
+    [[nodiscard]] bool connectToServer();
     [[nodiscard]] bool watchSelection();
     void readEvents();
     void setUnderWay(bool isUnderWay);
-    /// Whether a window is the compositor's, which offers the drags of Wayland programs.
-    [[nodiscard]] bool isOfCompositor(std::uint32_t window) const;
+    void setOwner(std::uint32_t owner);
+    void judgeOwner();
+    /// Asks for the window manager's window; the answer comes like an event.
+    void askForManager();
+    void takeManager();
 
     XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::uint8_t m_firstFixesEvent = 0;
     /// Of the property that names the window manager's window.
     std::uint32_t m_managerAtom = 0;
+    /// The window manager's window; 0 while it is not known.
+    std::uint32_t m_manager = 0;
+    /// The number of the question for it that has no answer yet.
+    std::optional<unsigned> m_question;
+    /// Of the last drag that began; 0 before the first one.
+    std::uint32_t m_owner = 0;
     /// No look for the server before this: it reads the names of all processes.
     QDeadlineTimer m_nextLook;
     bool m_isUnderWay = false;

@@ -7,16 +7,12 @@
 
 namespace nookle {
 
-namespace {
-
-/// Whether one program has made both windows. The server gives each program a range of numbers.
-[[nodiscard]] bool haveSameMaker(xcb_connection_t* connection, std::uint32_t window, std::uint32_t other)
+// The server gives each program a range of numbers.
+bool haveSameMaker(xcb_connection_t* connection, std::uint32_t window, std::uint32_t other)
 {
     const std::uint32_t ownPart = xcb_get_setup(connection)->resource_id_mask;
     return (window & ~ownPart) == (other & ~ownPart);
 }
-
-} // namespace
 
 bool isOwnWindow(xcb_connection_t* connection, std::uint32_t window)
 {

@@ -6,6 +6,9 @@ struct xcb_connection_t;
 
 namespace nookle {
 
+/// Whether one program has made both windows.
+[[nodiscard]] bool haveSameMaker(xcb_connection_t* connection, std::uint32_t window, std::uint32_t other);
+
 /// Whether the program at the other end of `connection` has made the window.
 [[nodiscard]] bool isOwnWindow(xcb_connection_t* connection, std::uint32_t window);
 
