@@ -13,6 +13,10 @@ public:
     /// Tries to watch from now on, unless it is watched already. Fails where nothing tells of drags yet.
     [[nodiscard]] virtual bool watch() = 0;
 
+    /// Call this when a drag of another program has come that nothing has told of: finds out whose it is where
+    /// something may know by now.
+    virtual void dragCame() {}
+
     /// Whether a drag has begun and has not ended, as far as is known.
     [[nodiscard]] virtual bool isUnderWay() const = 0;
 

@@ -104,8 +104,11 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
 void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& position)
 {
     m_pointer.drag(position);
-    if (event.type() == QEvent::DragEnter)
+    if (event.type() == QEvent::DragEnter) {
+        if (m_drags && !m_isToldOfDrags)
+            m_drags->dragCame();
         m_input.dragHasReachedEdge();
+    }
     if (onDragEvent)
         onDragEvent(event, position);
     else

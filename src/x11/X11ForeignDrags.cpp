@@ -52,6 +52,18 @@ bool X11ForeignDrags::watch()
     return m_nextLook.hasExpired() && connectToServer();
 }
 
+// The compositor offers the drag of a Wayland program to the server, too, so that its owner there is the drag's in any
+// case. It does not count as told of: the strips stay as they are until the next one.
+void X11ForeignDrags::dragCame()
+{
+    if (m_connection || !connectToServer())
+        return;
+    const auto cookie = xcb_get_selection_owner(m_connection.get(), xcbAtom(m_connection.get(), dragSelection));
+    const auto reply = owned(xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
+    if (reply)
+        setOwner(reply->owner);
+}
+
 bool X11ForeignDrags::connectToServer()
 {
     if (!isServerRunning()) {

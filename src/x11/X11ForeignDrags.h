@@ -23,6 +23,7 @@ public:
     ~X11ForeignDrags() override;
 
     [[nodiscard]] bool watch() override;
+    void dragCame() override;
     [[nodiscard]] bool isUnderWay() const override { return m_isUnderWay; }
     [[nodiscard]] bool isOfX11Program() const override { return m_isOfX11Program; }
     void end() override { setUnderWay(false); }

@@ -95,7 +95,9 @@ bool WaylandDesktop::startCompositor(const Options& options)
     setVariable(QStringLiteral("WAYLAND_DISPLAY"), socket);
     // Not for the compositor itself: it may take itself for a part of that desktop's session.
     setVariable(QStringLiteral("XDG_CURRENT_DESKTOP"), desktopName(options.compositor));
-    return options.compositor != Compositor::kwinWithX11 || findBridge();
+    if (options.compositor != Compositor::kwinWithX11)
+        return true;
+    return findBridge() && (!options.isBridgeRunning || startBridge());
 }
 
 void WaylandDesktop::useWlrootsWithoutScreen(int displays)
@@ -137,11 +139,18 @@ bool WaylandDesktop::findBridge()
     const QList<QByteArray> words = line.trimmed().split(' ');
     setVariable(QStringLiteral("DISPLAY"), QFile::decodeName(words.value(0)));
     setVariable(QStringLiteral("XAUTHORITY"), QFile::decodeName(words.value(1)));
-    // The first program that asks for the X server starts it.
+    if (!isThere)
+        qWarning("no X server is named: %s", m_compositor->log().constData());
+    return isThere;
+}
+
+// The first program that asks for the X server starts it.
+bool WaylandDesktop::startBridge()
+{
     const auto program = start(QStringLiteral("xrandr"));
-    const bool isRunning = isThere && program->waitForExit() == 0;
+    const bool isRunning = program->waitForExit() == 0;
     if (!isRunning)
-        qWarning("no X server: %s %s", line.constData(), program->log().constData());
+        qWarning("no X server: %s", program->log().constData());
     return isRunning;
 }
 

@@ -32,6 +32,8 @@ public:
         Compositor compositor = Compositor::sway;
         /// Displays side by side, each of the size `displaySize`.
         int displays = 1;
+        /// Whether the bridge to X11 programs runs, or starts with the first of them.
+        bool isBridgeRunning = true;
     };
 
     static constexpr QSize displaySize{ 1280, 720 };
@@ -73,8 +75,9 @@ private:
     /// Starts an X server of the size of a display; where it is, or nothing when it does not start.
     [[nodiscard]] QString startScreen();
     [[nodiscard]] bool startGnome(int displays);
-    /// Lets programs know the X server that the compositor has started.
+    /// Lets programs know the compositor's X server.
     [[nodiscard]] bool findBridge();
+    [[nodiscard]] bool startBridge();
     void useWlrootsWithoutScreen(int displays);
 
     bool m_hasPictures = true;

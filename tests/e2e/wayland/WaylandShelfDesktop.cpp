@@ -49,7 +49,15 @@ bool WaylandShelfDesktop::announcesDrags()
 
 bool WaylandShelfDesktop::setUpDesktop(WaylandDesktop::Compositor compositor, int displays)
 {
-    m_desktop = WaylandDesktop::tryCreate({ compositor, displays });
+    WaylandDesktop::Options options;
+    options.compositor = compositor;
+    options.displays = displays;
+    return setUpDesktop(options);
+}
+
+bool WaylandShelfDesktop::setUpDesktop(const WaylandDesktop::Options& options)
+{
+    m_desktop = WaylandDesktop::tryCreate(options);
     if (!m_desktop)
         return false;
     m_desktop->writeFile(QStringLiteral("files/note one.txt"), "words");

@@ -27,6 +27,7 @@ protected:
 
     /// Makes the desktop and a file "note one.txt" in its folder "files"; the shelf does not run yet.
     [[nodiscard]] bool setUpDesktop(WaylandDesktop::Compositor compositor, int displays = 1);
+    [[nodiscard]] bool setUpDesktop(const WaylandDesktop::Options& options);
     void tearDownDesktop();
     /// For a test that failed: saves the screen under that name, and tells it with the logs.
     void tellFailure(const QString& picture);
