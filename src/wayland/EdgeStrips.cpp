@@ -17,7 +17,7 @@ namespace nookle {
 namespace {
 
 /// A program that is not busy has answered a movement of the drag within that time.
-inline constexpr std::chrono::milliseconds timeToAnswer{ 20 };
+inline constexpr std::chrono::milliseconds timeToAnswer{ 50 };
 
 } // namespace
 
