@@ -176,8 +176,8 @@ void GnomeEndToEndTest::aFileGoesIntoAPageOfFirefox()
     QVERIFY(setUp());
     QVERIFY(putOnShelf(fileList()));
     m_peer.reset();
-    const auto firefox =
-        WaylandBrowser::tryOpen(QStringLiteral("firefox"), server.url(QStringLiteral("/")), *m_desktop);
+    const auto firefox = WaylandBrowser::tryOpen(QStringLiteral("firefox"), WaylandBrowser::Kind::waylandProgram,
+                                                 server.url(QStringLiteral("/")), *m_desktop);
     QVERIFY(firefox);
     QVERIFY(showShelf());
     const QPoint place = firefox->at({ 200, 200 });

@@ -15,11 +15,14 @@ namespace {
 /// A browser takes longer to start than anything else here.
 inline constexpr int patienceForBrowser = 60000;
 
-[[nodiscard]] std::unique_ptr<Program> startChromium(WaylandDesktop& desktop, const QString& url)
+[[nodiscard]] std::unique_ptr<Program> startChromium(WaylandDesktop& desktop, WaylandBrowser::Kind kind,
+                                                     const QString& url)
 {
+    const bool isX11Program = kind == WaylandBrowser::Kind::x11Program;
+    const QString platform = isX11Program ? QStringLiteral("x11") : QStringLiteral("wayland");
     // Its own sandbox does not work for root, whom tests often run as; the pages are the tests' own.
     return desktop.start(QStringLiteral("chromium"),
-                         { QStringLiteral("--ozone-platform=wayland"), QStringLiteral("--no-sandbox"),
+                         { QStringLiteral("--ozone-platform=") + platform, QStringLiteral("--no-sandbox"),
                            QStringLiteral("--test-type"), QStringLiteral("--no-first-run"),
                            QStringLiteral("--disable-gpu"), QStringLiteral("--disable-dev-shm-usage"),
                            QStringLiteral("--disable-background-networking"), QStringLiteral("--password-store=basic"),
@@ -40,23 +43,29 @@ inline constexpr int patienceForBrowser = 60000;
     return settings + "user_pref(\"browser.startup.homepage_override.mstone\", \"ignore\");\n";
 }
 
-[[nodiscard]] std::unique_ptr<Program> startFirefox(WaylandDesktop& desktop, const QString& url)
+[[nodiscard]] std::unique_ptr<Program> startFirefox(WaylandDesktop& desktop, WaylandBrowser::Kind kind,
+                                                    const QString& url)
 {
     desktop.writeFile(QStringLiteral("browser/user.js"), firefoxSettings());
-    desktop.setVariable(QStringLiteral("MOZ_ENABLE_WAYLAND"), QStringLiteral("1"));
+    const bool isX11Program = kind == WaylandBrowser::Kind::x11Program;
+    desktop.setVariable(QStringLiteral("MOZ_ENABLE_WAYLAND"), isX11Program ? QStringLiteral("0") : QStringLiteral("1"));
+    // KWin leaves it the size that it asks for, and all of the page must be seen.
+    const QSize size = isX11Program ? QSize(1200, 680) : QSize(800, 500);
     return desktop.start(QStringLiteral("firefox-esr"),
                          { QStringLiteral("--no-remote"), QStringLiteral("--profile"),
-                           desktop.home(QStringLiteral("browser")), QStringLiteral("--width"), QStringLiteral("800"),
-                           QStringLiteral("--height"), QStringLiteral("500"), url });
+                           desktop.home(QStringLiteral("browser")), QStringLiteral("--width"),
+                           QString::number(size.width()), QStringLiteral("--height"), QString::number(size.height()),
+                           url });
 }
 
 } // namespace
 
-std::unique_ptr<WaylandBrowser> WaylandBrowser::tryOpen(const QString& name, const QString& url,
+std::unique_ptr<WaylandBrowser> WaylandBrowser::tryOpen(const QString& name, Kind kind, const QString& url,
                                                         WaylandDesktop& desktop)
 {
     std::unique_ptr<WaylandBrowser> browser(new WaylandBrowser);
-    browser->m_program = name == QLatin1String("firefox") ? startFirefox(desktop, url) : startChromium(desktop, url);
+    browser->m_program =
+        name == QLatin1String("firefox") ? startFirefox(desktop, kind, url) : startChromium(desktop, kind, url);
     // Its window gets its last place while it starts.
     std::optional<QPoint> origin;
     const bool isReady = waitFor(

@@ -34,7 +34,8 @@ inline constexpr int panelWidth = 112;
 
 } // namespace
 
-/// Drags from and to a browser that is a native Wayland program.
+/// Drags from and to a browser, which is an X11 program where the compositor has a bridge to those, or else a native
+/// Wayland program.
 class WaylandBrowserTest : public QObject, private WaylandShelfDesktop {
     Q_OBJECT
 
@@ -65,6 +66,9 @@ private:
     [[nodiscard]] QString typed() const { return QString::fromUtf8(m_server.posted(QStringLiteral("/typed"))); }
 
     QString m_name = qEnvironmentVariable("NOOKLE_BROWSER");
+    WaylandBrowser::Kind m_kind = compositor() == WaylandDesktop::Compositor::kwinInWindowWithX11
+        ? WaylandBrowser::Kind::x11Program
+        : WaylandBrowser::Kind::waylandProgram;
     WebServer m_server;
     std::unique_ptr<WaylandBrowser> m_browser;
 };
@@ -75,11 +79,13 @@ void WaylandBrowserTest::initTestCase()
     QVERIFY(m_server.isRunning());
     browserPage::serve(m_server);
     QVERIFY(setUpDesktop(compositor()));
-    m_browser = WaylandBrowser::tryOpen(m_name, m_server.url(QStringLiteral("/")), *m_desktop);
-    if (!m_browser)
+    if (m_kind == WaylandBrowser::Kind::x11Program)
+        runPeersOnX11();
+    m_browser = WaylandBrowser::tryOpen(m_name, m_kind, m_server.url(QStringLiteral("/")), *m_desktop);
+    const bool isReady = m_browser && m_browser->hearsPointer(hand(), m_server);
+    if (!isReady)
         tellFailure(m_name + QStringLiteral(".png"));
-    QVERIFY(m_browser);
-    QVERIFY(m_browser->hearsPointer(hand(), m_server));
+    QVERIFY(isReady);
 }
 
 void WaylandBrowserTest::init()
@@ -232,7 +238,7 @@ void WaylandBrowserTest::aScriptOfASavedPageCannotChooseAFile()
     m_server.forget(QStringLiteral("/pointer"));
     const QByteArray base = "<base href='" + m_server.url(QStringLiteral("/")).toLatin1() + "'>";
     m_desktop->writeFile(QStringLiteral("page.html"), base + browserPage::html());
-    m_browser = WaylandBrowser::tryOpen(m_name, QStringLiteral("file://") + home("page.html"), *m_desktop);
+    m_browser = WaylandBrowser::tryOpen(m_name, m_kind, QStringLiteral("file://") + home("page.html"), *m_desktop);
     QVERIFY(m_browser);
     QVERIFY(m_browser->hearsPointer(hand(), m_server));
     QVERIFY(dragToShelf(browserPage::script));

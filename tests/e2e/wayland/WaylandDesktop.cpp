@@ -21,6 +21,7 @@ namespace {
     case WaylandDesktop::Compositor::kwin:
     case WaylandDesktop::Compositor::kwinWithX11:
     case WaylandDesktop::Compositor::kwinInWindow:
+    case WaylandDesktop::Compositor::kwinInWindowWithX11:
         return QStringLiteral("KDE");
     case WaylandDesktop::Compositor::gnome:
         return QStringLiteral("GNOME");
@@ -73,6 +74,7 @@ bool WaylandDesktop::startCompositor(const Options& options)
     case Compositor::kwin:
     case Compositor::kwinWithX11:
     case Compositor::kwinInWindow:
+    case Compositor::kwinInWindowWithX11:
         m_compositor = startKWin(options);
         break;
     case Compositor::gnome:
@@ -95,7 +97,7 @@ bool WaylandDesktop::startCompositor(const Options& options)
     setVariable(QStringLiteral("WAYLAND_DISPLAY"), socket);
     // Not for the compositor itself: it may take itself for a part of that desktop's session.
     setVariable(QStringLiteral("XDG_CURRENT_DESKTOP"), desktopName(options.compositor));
-    if (options.compositor != Compositor::kwinWithX11)
+    if (!hasBridge(options.compositor))
         return true;
     return findBridge() && (!options.isBridgeRunning || startBridge());
 }
@@ -169,6 +171,11 @@ QString WaylandDesktop::startScreen()
     return QLatin1Char(':') + QString::fromLatin1(number);
 }
 
+bool WaylandDesktop::hasBridge(Compositor compositor)
+{
+    return compositor == Compositor::kwinWithX11 || compositor == Compositor::kwinInWindowWithX11;
+}
+
 std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options)
 {
     QProcessEnvironment trusting = environment();
@@ -178,7 +185,7 @@ std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options)
                            QStringLiteral("--output-count"),  QString::number(options.displays),
                            QStringLiteral("--no-lockscreen"), QStringLiteral("--socket"),
                            QStringLiteral("wayland-0") };
-    if (options.compositor == Compositor::kwinInWindow) {
+    if (options.compositor == Compositor::kwinInWindow || options.compositor == Compositor::kwinInWindowWithX11) {
         makeSocketFolder();
         // The processor draws: there is nothing else.
         trusting.insert(QStringLiteral("KWIN_COMPOSE"), QStringLiteral("Q"));
@@ -186,7 +193,7 @@ std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options)
     } else {
         arguments << QStringLiteral("--virtual");
     }
-    if (options.compositor == Compositor::kwinWithX11) {
+    if (hasBridge(options.compositor)) {
         makeSocketFolder();
         // A program of its session is told where the X server is.
         writeFile(QStringLiteral("tell"), "#!/bin/sh\necho $DISPLAY $XAUTHORITY >$HOME/bridge\n");

@@ -25,6 +25,7 @@ public:
         kwinWithX11,
         /// In a window of an X server, where it gives pictures. With one display.
         kwinInWindow,
+        kwinInWindowWithX11,
         gnome,
     };
 
@@ -72,6 +73,7 @@ private:
     [[nodiscard]] std::unique_ptr<Program> startSway(int displays);
     [[nodiscard]] std::unique_ptr<Program> startLabwc(int displays);
     [[nodiscard]] std::unique_ptr<Program> startKWin(const Options& options);
+    [[nodiscard]] static bool hasBridge(Compositor compositor);
     /// Starts an X server of the size of a display; where it is, or nothing when it does not start.
     [[nodiscard]] QString startScreen();
     [[nodiscard]] bool startGnome(int displays);

@@ -37,6 +37,8 @@ WaylandDesktop::Compositor WaylandShelfDesktop::compositor()
         return WaylandDesktop::Compositor::kwinWithX11;
     if (name == QLatin1String("kwin_in_window"))
         return WaylandDesktop::Compositor::kwinInWindow;
+    if (name == QLatin1String("kwin_in_window_with_x11"))
+        return WaylandDesktop::Compositor::kwinInWindowWithX11;
     if (name == QLatin1String("gnome"))
         return WaylandDesktop::Compositor::gnome;
     return name == QLatin1String("labwc") ? WaylandDesktop::Compositor::labwc : WaylandDesktop::Compositor::sway;
