@@ -207,18 +207,18 @@ void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing 
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 
-// The panel may be hidden during the drag. A hand that does not move is told nothing of that, so its drop is taken.
+// The panel may be hidden during the drag. A hand that does not move is told nothing of that, so what was taken stays
+// so until the drag has left.
 void LayerPanelWindow::handleDragElsewhere(QDropEvent& event, const QPointF& position)
 {
-    const bool wasTaken = std::exchange(m_isTakenElsewhere, false);
-    if (!m_window.isVisible() && !(wasTaken && event.type() == QEvent::Drop)) {
+    if (!m_window.isVisible() && !m_isTakenElsewhere) {
         m_pointer.leave();
         event.ignore();
         return;
     }
     const QScopedValueRollback elsewhere(m_isDragElsewhere, true);
     forwardDrag(event, m_window, m_resting, position);
-    m_isTakenElsewhere = event.isAccepted();
+    m_isTakenElsewhere = event.isAccepted() && event.type() != QEvent::Drop;
     // KWin tells what may be done with the drag of an X11 program only when that comes over a second window. With each
     // entry the toolkit reports a movement.
     if (event.type() == QEvent::DragMove)
