@@ -554,6 +554,10 @@
         <source>Control, Alt, Super and D</source>
         <translation>Ctrl وAlt وSuper وD</translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation>المطلوب: %1</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

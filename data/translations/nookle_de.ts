@@ -522,6 +522,10 @@
         <source>Control, Alt, Super and D</source>
         <translation>Strg, Alt, Super und D</translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation>Gewünscht: %1</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

@@ -522,6 +522,10 @@
         <source>Control, Alt, Super and D</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

@@ -522,6 +522,10 @@
         <source>Control, Alt, Super and D</source>
         <translation>Control, Alt, Super y D</translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation>Se desea: %1</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

@@ -522,6 +522,10 @@
         <source>Control, Alt, Super and D</source>
         <translation>Contrôle, Alt, Super et D</translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation>Souhaité : %1</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

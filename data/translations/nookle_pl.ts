@@ -530,6 +530,10 @@
         <source>Control, Alt, Super and D</source>
         <translation>Control, Alt, Super i D</translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation>Oczekiwany: %1</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

@@ -522,6 +522,10 @@
         <source>Control, Alt, Super and D</source>
         <translation>Control, Alt, Super e D</translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation>Desejado: %1</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

@@ -514,6 +514,10 @@
         <source>Control, Alt, Super and D</source>
         <translation>Ctrl、Alt、Super 和 D</translation>
     </message>
+    <message>
+        <source>Wanted: %1</source>
+        <translation>期望的按键：%1</translation>
+    </message>
 </context>
 <context>
     <name>nookle::StatusMenu</name>

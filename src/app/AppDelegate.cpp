@@ -228,12 +228,15 @@ void AppDelegate::additionFailed(const QString& reason)
 
 void AppDelegate::createShortcuts()
 {
-    m_shortcuts = std::make_unique<ShelfShortcuts>(m_platform.desktop.globalShortcuts(), m_platform.defaults,
+    GlobalShortcuts& shortcuts = m_platform.desktop.globalShortcuts();
+    m_shortcuts = std::make_unique<ShelfShortcuts>(shortcuts, m_platform.defaults,
                                                    ShelfShortcuts::Actions{
                                                        .toggle = [this] { togglePanel(); },
                                                        .focus = [this] { m_panelController->showForKeys(); },
                                                    });
-    m_statusMenu->setToggleKeys(m_shortcuts->keys());
+    const auto showKeys = [this, &shortcuts] { m_statusMenu->setToggleKeys(shortcuts.boundCombination()); };
+    connect(&shortcuts, &GlobalShortcuts::changed, this, showKeys);
+    showKeys();
 }
 
 void AppDelegate::togglePanel()

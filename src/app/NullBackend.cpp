@@ -49,6 +49,7 @@ public:
         return nullptr;
     }
     [[nodiscard]] QString boundKeys() const override { return {}; }
+    [[nodiscard]] std::optional<QKeyCombination> boundCombination() const override { return {}; }
     [[nodiscard]] QString wantedKeys() const override { return {}; }
     [[nodiscard]] QString obstacle() const override
     {

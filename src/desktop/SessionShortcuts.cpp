@@ -5,6 +5,7 @@
 #include "QtMainQueue.h"
 #include "SettingsUserDefaults.h"
 
+#include <QCoreApplication>
 #include <QKeySequence>
 
 #include <algorithm>
@@ -190,7 +191,7 @@ void SessionShortcuts::showAbsence()
 void SessionShortcuts::show(const ShortcutStatus& status)
 {
     if (std::exchange(m_shown, status) != status)
-        onChanged();
+        Q_EMIT changed();
 }
 
 void SessionShortcuts::press(const QString& id) const

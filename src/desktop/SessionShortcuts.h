@@ -7,7 +7,6 @@
 #include "PortalShortcuts.h"
 #include "UserDefaults.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QList>
 
@@ -20,7 +19,7 @@ namespace nookle {
 /// service; where neither does, one log line names the command to which the user may bind keys. A "no" of the user is
 /// kept in the settings, and the user is not asked again at the next start.
 class SessionShortcuts final : public GlobalShortcuts {
-    Q_DECLARE_TR_FUNCTIONS(nookle::SessionShortcuts)
+    Q_OBJECT
 
 public:
     SessionShortcuts();
@@ -32,6 +31,7 @@ public:
     [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination keys, const QString& description,
                                                                 std::function<void()> pressed) override;
     [[nodiscard]] QString boundKeys() const override { return m_shown.keys; }
+    [[nodiscard]] std::optional<QKeyCombination> boundCombination() const override { return m_shown.combination; }
     [[nodiscard]] QString wantedKeys() const override;
     [[nodiscard]] QString obstacle() const override { return m_shown.obstacle; }
     [[nodiscard]] bool canAskAgain() const override;

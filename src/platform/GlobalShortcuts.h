@@ -3,19 +3,21 @@
 #include "Cancellable.h"
 
 #include <QKeyCombination>
+#include <QObject>
 #include <QString>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace nookle {
 
 /// Keyboard shortcuts that reach this program even when another program is active. Some desktops bind a shortcut at
 /// once, others later, when the user has agreed or chosen other keys. Main thread only.
-class GlobalShortcuts {
-public:
-    virtual ~GlobalShortcuts() = default;
+class GlobalShortcuts : public QObject {
+    Q_OBJECT
 
+public:
     /// Calls `pressed` at each press of `keys`, or of the keys that the user has chosen instead, as long as the
     /// returned object lives. A key that is held down counts as one press. `description` tells the user what the keys
     /// do, on desktops that show it. Null when the key is unknown, or another program is known to hold it.
@@ -25,6 +27,9 @@ public:
     /// The keys that are bound to the shortcut that was registered first, in the desktop's words. Empty while it is not
     /// bound, and where the desktop does not tell.
     [[nodiscard]] virtual QString boundKeys() const = 0;
+
+    /// The same keys for the toolkit. None also where the desktop's words name no single combination that it knows.
+    [[nodiscard]] virtual std::optional<QKeyCombination> boundCombination() const = 0;
 
     /// The keys for which that shortcut was registered, in the desktop's words. Empty before that, and where the
     /// display server has no shortcuts.
@@ -39,9 +44,9 @@ public:
     /// Asks the desktop again, even if the user has declined before.
     virtual void askAgain() = 0;
 
-    /// Called when an answer of the functions above has changed, never within a call of `registerShortcut`. Set by the
-    /// object that shows them.
-    std::function<void()> onChanged = [] {};
+Q_SIGNALS:
+    /// An answer of the functions above has changed. Never emitted within a call of `registerShortcut`.
+    void changed();
 };
 
 } // namespace nookle

@@ -40,7 +40,9 @@ private Q_SLOTS:
     void aDragAtTheEdgeShowsTheShelf_data();
     void aDragAtTheEdgeShowsTheShelf();
     void theShortcutShowsAndHides();
-    void theSettingsNameTheKeysOfTheShortcutAndOfTheMenu();
+    void theSettingsNameTheKeysOfTheShortcut();
+    void theMenuShowsTheKeysThatAreBoundAndNoOthers();
+    void keysThatAreBoundAtOnceAreInTheMenu();
     void theShortcutWithShiftTakesTheFocus();
     void theActionOnTheBusShowsAndHides();
     void aSecondStartShowsTheShelf();
@@ -358,15 +360,38 @@ void AppDelegateTest::theShortcutShowsAndHides()
     QVERIFY(!m_app->isShown());
 }
 
-void AppDelegateTest::theSettingsNameTheKeysOfTheShortcutAndOfTheMenu()
+void AppDelegateTest::theSettingsNameTheKeysOfTheShortcut()
 {
     m_app->defaults.stored.insert(QStringLiteral("shortcut"), QStringLiteral("Super+F5"));
     m_app->start();
-    const QKeyCombination keys(Qt::MetaModifier, Qt::Key_F5);
-    QCOMPARE(m_app->desktop.shortcuts.registered.at(1).keys, keys);
+    QCOMPARE(m_app->desktop.shortcuts.registered.at(1).keys, QKeyCombination(Qt::MetaModifier, Qt::Key_F5));
+}
+
+void AppDelegateTest::theMenuShowsTheKeysThatAreBoundAndNoOthers()
+{
+    FakeGlobalShortcuts& shortcuts = m_app->desktop.shortcuts;
+    m_app->start();
     const auto* menu = topLevel<StatusMenu>();
     QVERIFY(menu);
-    QCOMPARE(menu->actions().constFirst()->shortcut(), QKeySequence(keys));
+    const QAction* entry = menu->actions().constFirst();
+    QVERIFY(entry->shortcut().isEmpty());
+    for (const auto key : { Qt::Key_F5, Qt::Key_F6 }) {
+        shortcuts.combination = QKeyCombination(Qt::MetaModifier, key);
+        Q_EMIT shortcuts.changed();
+        QCOMPARE(entry->shortcut(), QKeySequence(QKeyCombination(Qt::MetaModifier, key)));
+    }
+    shortcuts.combination.reset();
+    Q_EMIT shortcuts.changed();
+    QVERIFY(entry->shortcut().isEmpty());
+}
+
+void AppDelegateTest::keysThatAreBoundAtOnceAreInTheMenu()
+{
+    m_app->desktop.shortcuts.combination = QKeyCombination(Qt::MetaModifier, Qt::Key_F5);
+    m_app->start();
+    const auto* menu = topLevel<StatusMenu>();
+    QVERIFY(menu);
+    QCOMPARE(menu->actions().constFirst()->shortcut(), QKeySequence(Qt::META | Qt::Key_F5));
 }
 
 void AppDelegateTest::theShortcutWithShiftTakesTheFocus()

@@ -2,6 +2,8 @@
 
 #include <QTest>
 
+#include <optional>
+
 using namespace nookle;
 
 class KeyNamesTest : public QObject {
@@ -13,6 +15,8 @@ private Q_SLOTS:
     void keysAreTakenOutOfGnomesWords();
     void otherWordsStay_data();
     void otherWordsStay();
+    void theToolkitTakesWhatItKnows_data();
+    void theToolkitTakesWhatItKnows();
 };
 
 void KeyNamesTest::superStandsBeforeTheKey()
@@ -53,6 +57,33 @@ void KeyNamesTest::otherWordsStay()
 {
     QFETCH(const QString, description);
     QCOMPARE(readableKeys(description), description);
+}
+
+void KeyNamesTest::theToolkitTakesWhatItKnows_data()
+{
+    using Keys = std::optional<QKeyCombination>;
+    QTest::addColumn<QString>("description");
+    QTest::addColumn<Keys>("keys");
+    const auto row = [](const char* name, const QString& description, const Keys& keys) {
+        QTest::newRow(name) << description << keys;
+    };
+    const QKeyCombination usual = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::Key_D;
+    row("GNOME's words", QStringLiteral("Press <Control><Alt><Super>d"), usual);
+    row("the toolkit's words", QStringLiteral("Meta+Ctrl+Alt+D"), usual);
+    row("a bare key", QStringLiteral("F12"), QKeyCombination(Qt::Key_F12));
+    row("the first of two", QStringLiteral("Press <Super>Page_Up or <Control>d"), Qt::META | Qt::Key_PageUp);
+    row("nothing", QString(), {});
+    row("one after the other", QStringLiteral("Ctrl+K, Ctrl+S"), {});
+    row("other words", QStringLiteral("Press F12"), {});
+    row("an unknown modifier", QStringLiteral("Press <Control><Mod5>d"), {});
+    row("an unknown key", QStringLiteral("Press <Control>XF86Launch1"), {});
+}
+
+void KeyNamesTest::theToolkitTakesWhatItKnows()
+{
+    QFETCH(const QString, description);
+    QFETCH(const std::optional<QKeyCombination>, keys);
+    QCOMPARE(describedCombination(description), keys);
 }
 
 QTEST_GUILESS_MAIN(KeyNamesTest)

@@ -179,6 +179,7 @@ void PortalShortcutsTest::otherKeysOfTheUserAreTold()
     m_shortcuts->onChanged = [&] { ++changes; };
     m_portal->changeKeys(QStringLiteral("toggle"), QStringLiteral("F12"));
     QTRY_COMPARE(m_shortcuts->status().keys, QStringLiteral("F12"));
+    QCOMPARE(m_shortcuts->status().combination, QKeyCombination(Qt::Key_F12));
     QCOMPARE(changes, 1);
     m_portal->listResults = listed(QStringLiteral("toggle"), QStringLiteral("F12"));
     m_portal->changeKeys(QStringLiteral("another"), QStringLiteral("F11"));

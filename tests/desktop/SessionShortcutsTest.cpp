@@ -150,6 +150,7 @@ void SessionShortcutsTest::kdesServiceComesSecond()
     startKde();
     registerToggle();
     QTRY_COMPARE(m_shortcuts->boundKeys(), QStringLiteral("Meta+Ctrl+Alt+D"));
+    QCOMPARE(m_shortcuts->boundCombination(), Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::Key_D);
     QCOMPARE(m_shortcuts->obstacle(), QString());
     m_kde->press(QStringLiteral("org.nookle.Nookle"), first());
     QTRY_COMPARE(m_presses, 1);
@@ -159,11 +160,12 @@ void SessionShortcutsTest::withoutEitherTheCommandIsNamedOnce()
 {
     const CapturedLog log;
     int changes = 0;
-    m_shortcuts->onChanged = [&] { ++changes; };
+    connect(m_shortcuts.get(), &GlobalShortcuts::changed, this, [&] { ++changes; });
     QCOMPARE(m_shortcuts->wantedKeys(), QString());
     registerToggle();
     QTRY_COMPARE(log.lines().size(), 1);
     QCOMPARE(m_shortcuts->boundKeys(), QString());
+    QCOMPARE(m_shortcuts->boundCombination(), std::nullopt);
     QCOMPARE(m_shortcuts->wantedKeys(), QStringLiteral("Ctrl+Alt+Super+D"));
     const QString command = QStringLiteral("gdbus call --session -d org.nookle.Nookle -o /org/nookle/Nookle"
                                            " -m org.freedesktop.Application.ActivateAction toggle '[]' '{}'");

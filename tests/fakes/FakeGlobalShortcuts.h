@@ -27,6 +27,7 @@ public:
     }
 
     [[nodiscard]] QString boundKeys() const override { return bound; }
+    [[nodiscard]] std::optional<QKeyCombination> boundCombination() const override { return combination; }
     [[nodiscard]] QString wantedKeys() const override { return wanted; }
     [[nodiscard]] QString obstacle() const override { return reason; }
     [[nodiscard]] bool canAskAgain() const override { return mayBeAsked; }
@@ -36,8 +37,9 @@ public:
     /// By their number, counted from 1.
     std::map<int, Registered> registered;
 
-    /// What the desktop says of the first one. Call `onChanged` after a change.
+    /// What the desktop says of the first one. Emit `changed` after a change.
     QString bound;
+    std::optional<QKeyCombination> combination;
     QString wanted;
     QString reason;
     bool mayBeAsked = false;

@@ -292,7 +292,7 @@ void X11BackendTest::aShortcutThatIsLostWithALayoutIsSaid()
 {
     GlobalShortcuts& shortcuts = m_backend->globalShortcuts();
     int changes = 0;
-    shortcuts.onChanged = [&] { ++changes; };
+    const auto counting = connect(&shortcuts, &GlobalShortcuts::changed, this, [&] { ++changes; });
     const auto registration = registerShortcut(*m_backend);
     const xcb_keycode_t d = screen().keyFor('d');
     const xcb_keycode_t f = screen().keyFor('f');
@@ -310,13 +310,15 @@ void X11BackendTest::aShortcutThatIsLostWithALayoutIsSaid()
     setLetter(f, 'd');
     QVERIFY(waitFor([&] { return !shortcuts.obstacle().isEmpty(); }));
     QCOMPARE(shortcuts.boundKeys(), QString());
+    QCOMPARE(shortcuts.boundCombination(), std::nullopt);
     QCOMPARE(changes, 1);
     xcb_disconnect(holder);
     setLetter(f, 'f');
     setLetter(d, 'd');
     QVERIFY(waitFor([&] { return shortcuts.boundKeys() == QLatin1String("Ctrl+Alt+Super+D"); }));
+    QCOMPARE(shortcuts.boundCombination(), Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier | Qt::Key_D);
     QCOMPARE(changes, 2);
-    shortcuts.onChanged = [] {};
+    disconnect(counting);
 }
 
 void X11BackendTest::aShortcutThatIsGivenUpIsFreeForOthers()

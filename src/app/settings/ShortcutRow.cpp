@@ -41,7 +41,7 @@ ShortcutRow::ShortcutRow(GlobalShortcuts& shortcuts)
     column->addLayout(reason);
 
     connect(m_ask, &QPushButton::clicked, this, [this] { m_shortcuts.askAgain(); });
-    m_shortcuts.onChanged = m_lifetime.guarded([this] { showState(); });
+    connect(&m_shortcuts, &GlobalShortcuts::changed, this, &ShortcutRow::showState);
     showState();
 }
 
@@ -59,7 +59,9 @@ void ShortcutRow::showState()
 void ShortcutRow::showKeys()
 {
     const QString bound = m_shortcuts.boundKeys();
-    const QString keys = shownText(bound.isEmpty() ? m_shortcuts.wantedKeys() : bound);
+    const QString wanted = m_shortcuts.wantedKeys();
+    const bool isOnlyWanted = bound.isEmpty() && !wanted.isEmpty();
+    const QString keys = shownText(isOnlyWanted ? tr("Wanted: %1").arg(wanted) : bound);
     const QString text = keys.isEmpty() ? tr("⌃⌥⌘D") : keys;
     m_keys->setText(m_keys->fontMetrics().elidedText(text, Qt::ElideRight, widestKeys));
     m_keys->setAccessibleName(keys.isEmpty() ? tr("Control, Alt, Super and D") : keys);

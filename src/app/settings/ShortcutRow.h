@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Lifetime.h"
-
 #include <QWidget>
 
 class QLabel;
@@ -12,14 +10,14 @@ namespace nookle {
 class DescriptionLabel;
 class GlobalShortcuts;
 
-/// The row of the settings about the keyboard shortcut: the keys that are bound, else those that are wanted and
-/// why they are not bound, and a button that
-/// asks the desktop again where that can help. Follows every change. Main thread only.
+/// The row of the settings about the keyboard shortcut: the keys that are bound, else those that are wanted, marked as
+/// such, and why they are not bound; and a button that asks the desktop again where that can help. Follows every
+/// change. Main thread only.
 class ShortcutRow final : public QWidget {
     Q_OBJECT
 
 public:
-    /// `shortcuts` must outlive this object, which sets its `onChanged`.
+    /// `shortcuts` must outlive this object.
     explicit ShortcutRow(GlobalShortcuts& shortcuts);
 
 private:
@@ -30,7 +28,6 @@ private:
     QLabel* m_keys;
     DescriptionLabel* m_obstacle;
     QPushButton* m_ask;
-    Lifetime m_lifetime;
 };
 
 } // namespace nookle

@@ -38,9 +38,9 @@ QAction* StatusMenu::addEntry(const QString& title, const QKeySequence& key, std
     return entry;
 }
 
-void StatusMenu::setToggleKeys(QKeyCombination keys)
+void StatusMenu::setToggleKeys(std::optional<QKeyCombination> keys)
 {
-    m_toggleItem->setShortcut(keys);
+    m_toggleItem->setShortcut(keys ? QKeySequence(*keys) : QKeySequence());
 }
 
 void StatusMenu::showPinned()

@@ -4,6 +4,7 @@
 #include <QMenu>
 
 #include <functional>
+#include <optional>
 
 class QAction;
 class QKeyEvent;
@@ -22,8 +23,8 @@ public:
     /// `pinning` must outlive the menu.
     explicit StatusMenu(const PanelPinning& pinning);
 
-    /// The keys that the entry for the shelf shows and takes, where they are not the usual ones.
-    void setToggleKeys(QKeyCombination keys);
+    /// The keys that the entry for the shelf shows and takes. None where nothing is bound to showing the shelf.
+    void setToggleKeys(std::optional<QKeyCombination> keys);
 
     /// The actions of the entries. Set by the owner.
     std::function<void()> onTogglePanel = [] {};

@@ -6,6 +6,7 @@
 #include <QKeySequence>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace nookle {
@@ -48,6 +49,14 @@ namespace {
 {
     const auto at = [&](int place) { return QKeyCombination::fromCombined(keys.combinations.value(place)); };
     return QKeySequence(at(0), at(1), at(2), at(3)).toString(QKeySequence::NativeText);
+}
+
+/// None where several combinations are pressed one after the other.
+[[nodiscard]] std::optional<QKeyCombination> combination(const KdeKeys& keys)
+{
+    const int first = keys.combinations.value(0);
+    const bool isSingle = first != 0 && keys.combinations.value(1) == 0;
+    return isSingle ? std::optional(QKeyCombination::fromCombined(first)) : std::nullopt;
 }
 
 // The flags of setShortcutKeys.
@@ -126,7 +135,7 @@ void KdeShortcuts::registerShortcut(const Shortcut& shortcut, const KdeKeysList&
 void KdeShortcuts::takeKeys(const KdeKeysList& keys)
 {
     if (!keys.isEmpty()) {
-        setStatus({ State::bound, shownKeys(keys.first()), {} });
+        setStatus({ State::bound, shownKeys(keys.first()), {}, combination(keys.first()) });
         return;
     }
     const QString wanted = shownKeys(kdeKeys(m_shortcuts.first().keys).first());

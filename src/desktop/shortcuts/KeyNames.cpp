@@ -48,6 +48,21 @@ constexpr std::array modifiers{
     return name.left(1).toUpper() + name.mid(1);
 }
 
+/// Captures the modifiers and the key.
+[[nodiscard]] const QRegularExpression& writtenForPrograms()
+{
+    static const QRegularExpression written(QStringLiteral("((?:<\\w+>)+)(\\w+)"));
+    return written;
+}
+
+/// None unless `names` are one combination.
+[[nodiscard]] std::optional<QKeyCombination> combination(const QString& names)
+{
+    const QKeySequence keys = QKeySequence::fromString(names, QKeySequence::NativeText);
+    const bool isKnown = keys.count() == 1 && keys[0].key() != Qt::Key_unknown;
+    return isKnown ? std::optional(keys[0]) : std::nullopt;
+}
+
 } // namespace
 
 QString keyNames(Qt::KeyboardModifiers held, const QString& key)
@@ -59,9 +74,8 @@ QString keyNames(Qt::KeyboardModifiers held, const QString& key)
 
 QString readableKeys(const QString& description)
 {
-    static const QRegularExpression written(QStringLiteral("((?:<\\w+>)+)(\\w+)"));
     QStringList alternatives;
-    for (auto found = written.globalMatch(description); found.hasNext();) {
+    for (auto found = writtenForPrograms().globalMatch(description); found.hasNext();) {
         const QRegularExpressionMatch keys = found.next();
         const auto held = heldModifiers(keys.captured(1));
         if (!held)
@@ -69,6 +83,18 @@ QString readableKeys(const QString& description)
         alternatives.append(keyNames(*held, keyName(keys.captured(2))));
     }
     return alternatives.isEmpty() ? description : alternatives.join(QStringLiteral(", "));
+}
+
+std::optional<QKeyCombination> describedCombination(const QString& description)
+{
+    const QRegularExpressionMatch written = writtenForPrograms().match(description);
+    if (!written.hasMatch())
+        return combination(description);
+    const auto held = heldModifiers(written.captured(1));
+    const auto key = combination(keyName(written.captured(2)));
+    if (!held || !key)
+        return std::nullopt;
+    return QKeyCombination(*held, key->key());
 }
 
 } // namespace nookle

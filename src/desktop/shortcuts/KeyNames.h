@@ -3,6 +3,8 @@
 #include <QString>
 #include <Qt>
 
+#include <optional>
+
 namespace nookle {
 
 /// Keys for the user, in the toolkit's words, but with "Super" for what the toolkit puts first and calls "Meta". `key`
@@ -13,5 +15,9 @@ namespace nookle {
 /// as in "Press <Control><Alt>d or <Super>s": those that are written so are taken out. Any other description is
 /// returned as it is.
 [[nodiscard]] QString readableKeys(const QString& description);
+
+/// The keys in such a description for the toolkit, of several the first. None where it names no single combination that
+/// the toolkit knows.
+[[nodiscard]] std::optional<QKeyCombination> describedCombination(const QString& description);
 
 } // namespace nookle

@@ -233,8 +233,10 @@ bool PortalShortcuts::isAnyIn(const PortalShortcutList& bound) const
 bool PortalShortcuts::takeKeys(const PortalShortcutList& bound)
 {
     if (const auto first = find(bound, m_shortcuts.first().id)) {
-        const QString keys = readableKeys(first->properties.value(QStringLiteral("trigger_description")).toString());
-        setStatus({ State::bound, keys, keys.isEmpty() ? unknownKeys() : QString() });
+        const QString description = first->properties.value(QStringLiteral("trigger_description")).toString();
+        const QString keys = readableKeys(description);
+        setStatus(
+            { State::bound, keys, keys.isEmpty() ? unknownKeys() : QString(), describedCombination(description) });
         return true;
     }
     if (!isAnyIn(bound))

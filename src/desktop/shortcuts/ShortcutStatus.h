@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QKeyCombination>
 #include <QString>
+
+#include <optional>
 
 namespace nookle {
 
@@ -23,6 +26,8 @@ struct ShortcutStatus {
     QString keys;
     /// Why `keys` is empty, for the user.
     QString obstacle;
+    /// `keys` for the toolkit, where they are one combination that it knows.
+    std::optional<QKeyCombination> combination = std::nullopt;
 
     friend bool operator==(const ShortcutStatus&, const ShortcutStatus&) = default;
 };

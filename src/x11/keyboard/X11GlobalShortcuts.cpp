@@ -88,8 +88,14 @@ const X11GlobalShortcuts::Grab* X11GlobalShortcuts::firstGrab() const
 
 QString X11GlobalShortcuts::boundKeys() const
 {
+    const auto bound = boundCombination();
+    return bound ? catalogueNames(*bound) : QString();
+}
+
+std::optional<QKeyCombination> X11GlobalShortcuts::boundCombination() const
+{
     const Grab* first = firstGrab();
-    return first && first->isOwn ? catalogueNames(first->combination) : QString();
+    return first && first->isOwn ? std::optional(first->combination) : std::nullopt;
 }
 
 QString X11GlobalShortcuts::obstacle() const
@@ -296,7 +302,7 @@ void X11GlobalShortcuts::keyboardChanged(xcb_mapping_notify_event_t event)
         isChanged = isChanged || wasOwn != each.isOwn;
     }
     if (isChanged)
-        onChanged();
+        Q_EMIT changed();
 }
 
 } // namespace nookle

@@ -4,7 +4,6 @@
 #include "Lifetime.h"
 #include "XcbConnection.h"
 
-#include <QObject>
 #include <QSocketNotifier>
 
 #include <cstdint>
@@ -20,7 +19,7 @@ namespace nookle {
 
 /// Shortcuts as passive key grabs on the root window, on a connection of their own. They work with any lock keys on,
 /// and adapt to a change of the keyboard layout. Main thread only.
-class X11GlobalShortcuts final : public QObject, public GlobalShortcuts {
+class X11GlobalShortcuts final : public GlobalShortcuts {
     Q_OBJECT
 
 public:
@@ -31,6 +30,7 @@ public:
     [[nodiscard]] std::unique_ptr<Cancellable> registerShortcut(QKeyCombination keys, const QString& description,
                                                                 std::function<void()> pressed) override;
     [[nodiscard]] QString boundKeys() const override;
+    [[nodiscard]] std::optional<QKeyCombination> boundCombination() const override;
     [[nodiscard]] QString wantedKeys() const override { return m_wantedKeys; }
     [[nodiscard]] QString obstacle() const override;
     /// Always false: an X server has nobody to ask.
