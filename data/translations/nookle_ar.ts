@@ -586,6 +586,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::WaylandClipboard</name>
+    <message>
+        <source>This desktop does not let the shelf read what is selected.</source>
+        <translation>سطح المكتب هذا لا يسمح للرف بقراءة ما هو محدَّد.</translation>
+    </message>
+    <message>
+        <source>Nothing was copied: this desktop lets the shelf copy only while it has the keyboard focus.</source>
+        <translation>لم يُنسخ شيء: سطح المكتب هذا لا يسمح للرف بالنسخ إلا عندما يكون تركيز لوحة المفاتيح عليه.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::X11GlobalShortcuts</name>
     <message>
         <source>Ctrl</source>

@@ -554,6 +554,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::WaylandClipboard</name>
+    <message>
+        <source>This desktop does not let the shelf read what is selected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Nothing was copied: this desktop lets the shelf copy only while it has the keyboard focus.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>nookle::X11GlobalShortcuts</name>
     <message>
         <source>Ctrl</source>

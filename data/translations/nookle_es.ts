@@ -554,6 +554,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::WaylandClipboard</name>
+    <message>
+        <source>This desktop does not let the shelf read what is selected.</source>
+        <translation>Este escritorio no permite que el estante lea lo que está seleccionado.</translation>
+    </message>
+    <message>
+        <source>Nothing was copied: this desktop lets the shelf copy only while it has the keyboard focus.</source>
+        <translation>No se copió nada: este escritorio solo permite que el estante copie mientras tiene el foco del teclado.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::X11GlobalShortcuts</name>
     <message>
         <source>Ctrl</source>

@@ -554,6 +554,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::WaylandClipboard</name>
+    <message>
+        <source>This desktop does not let the shelf read what is selected.</source>
+        <translation>Ce bureau ne permet pas à l’étagère de lire ce qui est sélectionné.</translation>
+    </message>
+    <message>
+        <source>Nothing was copied: this desktop lets the shelf copy only while it has the keyboard focus.</source>
+        <translation>Rien n’a été copié : ce bureau ne permet à l’étagère de copier que lorsqu’elle a le focus du clavier.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::X11GlobalShortcuts</name>
     <message>
         <source>Ctrl</source>

@@ -546,6 +546,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::WaylandClipboard</name>
+    <message>
+        <source>This desktop does not let the shelf read what is selected.</source>
+        <translation>このデスクトップでは、シェルフは選択内容を読み取れません。</translation>
+    </message>
+    <message>
+        <source>Nothing was copied: this desktop lets the shelf copy only while it has the keyboard focus.</source>
+        <translation>何もコピーされませんでした。このデスクトップでは、シェルフはキーボードフォーカスがある間だけコピーできます。</translation>
+    </message>
+</context>
+<context>
     <name>nookle::X11GlobalShortcuts</name>
     <message>
         <source>Ctrl</source>

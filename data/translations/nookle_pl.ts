@@ -562,6 +562,17 @@
     </message>
 </context>
 <context>
+    <name>nookle::WaylandClipboard</name>
+    <message>
+        <source>This desktop does not let the shelf read what is selected.</source>
+        <translation>To środowisko nie pozwala półce odczytać tego, co zaznaczono.</translation>
+    </message>
+    <message>
+        <source>Nothing was copied: this desktop lets the shelf copy only while it has the keyboard focus.</source>
+        <translation>Nic nie skopiowano: to środowisko pozwala półce kopiować tylko wtedy, gdy ma ona fokus klawiatury.</translation>
+    </message>
+</context>
+<context>
     <name>nookle::X11GlobalShortcuts</name>
     <message>
         <source>Ctrl</source>

@@ -112,6 +112,7 @@ void AppDelegate::createPanel()
     followReservation();
     m_platform.desktop.onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
     m_platform.desktop.onServerGone = [this] { applicationWillTerminate(); };
+    m_platform.pasteboard.onFailed = [this](const QString& reason) { m_platform.notifier.notify(reason); };
     createShelfView();
 }
 
@@ -201,8 +202,17 @@ void AppDelegate::provideServices()
     m_platform.requests.onActivate = [this] { showShelf(); };
     m_platform.requests.onToggle = [this] { togglePanel(); };
     m_platform.requests.onFocus = [this] { m_panelController->showForKeys(); };
-    m_platform.requests.onAddSelection = [this] { m_selection.read(); };
+    m_platform.requests.onAddSelection = [this] { addSelection(); };
     m_platform.requests.start();
+}
+
+void AppDelegate::addSelection()
+{
+    const QString obstacle = m_platform.pasteboard.selectionObstacle();
+    if (obstacle.isEmpty())
+        m_selection.read();
+    else
+        m_platform.notifier.notify(obstacle);
 }
 
 std::optional<Failure> AppDelegate::addToShelf(const ServicePasteboard& pasteboard)

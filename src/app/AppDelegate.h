@@ -91,6 +91,7 @@ private:
     void watchTheEdge();
     void startScreenshotCollection();
     void provideServices();
+    void addSelection();
     std::optional<Failure> addToShelf(const ServicePasteboard& pasteboard);
     void additionFailed(const QString& reason);
     /// Shows a failure to the user and returns it. Without one, returns the store's refusal (if any), which was shown

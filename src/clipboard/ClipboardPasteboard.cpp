@@ -66,11 +66,13 @@ ClipboardPasteboard::ClipboardPasteboard(ImageConverter& converter, Clipboard& c
     , m_clipboard(clipboard)
 {
     m_clipboard.onCopied = [this] { m_conversion.reset(); };
+    m_clipboard.onCopyFailed = [this](const QString& reason) { onFailed(reason); };
 }
 
 ClipboardPasteboard::~ClipboardPasteboard()
 {
     m_clipboard.onCopied = nullptr;
+    m_clipboard.onCopyFailed = nullptr;
 }
 
 void ClipboardPasteboard::write(std::unique_ptr<QMimeData> data)
@@ -86,6 +88,11 @@ std::unique_ptr<ClipboardContent> ClipboardPasteboard::contents()
 std::unique_ptr<ClipboardContent> ClipboardPasteboard::selection()
 {
     return m_clipboard.content(Clipboard::Content::selected);
+}
+
+QString ClipboardPasteboard::selectionObstacle() const
+{
+    return m_clipboard.selectionObstacle();
 }
 
 void ClipboardPasteboard::clear()

@@ -22,6 +22,7 @@ public:
 
     [[nodiscard]] std::unique_ptr<ClipboardContent> contents() override;
     [[nodiscard]] std::unique_ptr<ClipboardContent> selection() override;
+    [[nodiscard]] QString selectionObstacle() const override;
     void clear() override;
     void writeFile(const QUrl& file) override;
     void writeText(const QString& text) override;

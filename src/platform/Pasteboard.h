@@ -39,6 +39,12 @@ public:
     /// What the user selected last, in any program; never null.
     [[nodiscard]] virtual std::unique_ptr<ClipboardContent> selection() = 0;
 
+    /// Why that cannot be read on this desktop, as a text for the user. Empty where it can.
+    [[nodiscard]] virtual QString selectionObstacle() const = 0;
+
+    /// Called when one of the operations below has failed, with the reason for the user. Set by the owner.
+    std::function<void(const QString& reason)> onFailed = [](const QString& /*reason*/) {};
+
     // The operations below replace the content of the clipboard.
 
     virtual void clear() = 0;

@@ -53,7 +53,7 @@ WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::
     , m_pointer(std::make_unique<SeenPointer>())
     , m_inputMonitor(std::make_unique<EdgeInputMonitor>())
     , m_compositing(std::make_unique<WaylandCompositing>())
-    , m_clipboard(std::make_unique<WaylandClipboard>(&flushToolkit))
+    , m_clipboard(std::make_unique<WaylandClipboard>(&flushToolkit, clipboardAccess(waylandInterfaces())))
     , m_strips(std::make_unique<EdgeStrips>(*m_inputMonitor, *m_pointer, m_drags.get()))
 {
     m_displays->onChanged = [this] {

@@ -4,6 +4,7 @@
 #include "ToolkitContent.h"
 
 #include <KSystemClipboard>
+#include <QGuiApplication>
 #include <QMimeData>
 
 #include <utility>
@@ -17,8 +18,16 @@ inline constexpr qsizetype largestContent = qsizetype{ 256 } * 1024 * 1024;
 
 } // namespace
 
-WaylandClipboard::WaylandClipboard(std::function<bool()> flush)
+ClipboardAccess clipboardAccess(const QByteArrayList& interfaces)
+{
+    const bool hasDataControl =
+        interfaces.contains("ext_data_control_manager_v1") || interfaces.contains("zwlr_data_control_manager_v1");
+    return hasDataControl ? ClipboardAccess::always : ClipboardAccess::withFocus;
+}
+
+WaylandClipboard::WaylandClipboard(std::function<bool()> flush, ClipboardAccess access)
     : m_flush(std::move(flush))
+    , m_access(access)
     , m_clipboard(*KSystemClipboard::instance())
 {
     connect(&m_clipboard, &KSystemClipboard::changed, this, [this](QClipboard::Mode mode) {
@@ -41,8 +50,21 @@ std::unique_ptr<ClipboardContent> WaylandClipboard::content(Content which)
     return std::make_unique<ToolkitContent>(m_clipboard.mimeData(mode), read);
 }
 
+// The action that adds the selection comes from another program, which has the focus then.
+QString WaylandClipboard::selectionObstacle() const
+{
+    return m_access == ClipboardAccess::always ? QString()
+                                               : tr("This desktop does not let the shelf read what is selected.");
+}
+
 void WaylandClipboard::copy(std::unique_ptr<QMimeData> data)
 {
+    if (m_access == ClipboardAccess::withFocus && !QGuiApplication::focusWindow()) {
+        if (data && onCopyFailed)
+            onCopyFailed(tr("Nothing was copied: this desktop lets the shelf copy only while it has the keyboard "
+                            "focus."));
+        return;
+    }
     if (data)
         m_clipboard.setMimeData(data.release(), QClipboard::Clipboard);
     else

@@ -26,9 +26,7 @@ void ignoreRemoval(void* /*names*/, wl_registry* /*registry*/, std::uint32_t /*n
 
 constexpr wl_registry_listener listener{ &addInterface, &ignoreRemoval };
 
-} // namespace
-
-QByteArrayList waylandInterfaces()
+[[nodiscard]] QByteArrayList readInterfaces()
 {
     const std::unique_ptr<wl_display, Disconnect> display(wl_display_connect(nullptr));
     if (!display)
@@ -38,6 +36,14 @@ QByteArrayList waylandInterfaces()
     wl_registry_add_listener(registry.get(), &listener, &names);
     wl_display_roundtrip(display.get());
     return names;
+}
+
+} // namespace
+
+QByteArrayList waylandInterfaces()
+{
+    static const QByteArrayList interfaces = readInterfaces();
+    return interfaces;
 }
 
 } // namespace nookle

@@ -58,6 +58,8 @@ private Q_SLOTS:
     void theDiagnosticsGoToTheClipboard();
     void whatIsSelectedIsAddedOnceItsOwnerHasAnswered();
     void anEmptySelectionIsToldOf();
+    void aSelectionThatCannotBeReadIsToldOf();
+    void aCopyThatFailedIsToldOf();
 
 private:
     /// A shelf of two days ago: an image below a file that is pinned.
@@ -539,6 +541,24 @@ void AppDelegateTest::anEmptySelectionIsToldOf()
     m_app->queue.advance(1);
     QVERIFY(!m_app->isShown());
     QCOMPARE(m_app->notifier.told, QStringList{ QStringLiteral("Nothing found that can be added to the shelf.") });
+}
+
+void AppDelegateTest::aSelectionThatCannotBeReadIsToldOf()
+{
+    m_app->start();
+    m_app->pasteboard.selected.offer("text/plain", "selected");
+    m_app->pasteboard.obstacle = QStringLiteral("Forbidden.");
+    m_app->requests.onAddSelection();
+    m_app->queue.advance(1);
+    QVERIFY(!m_app->isShown());
+    QCOMPARE(m_app->notifier.told, QStringList{ QStringLiteral("Forbidden.") });
+}
+
+void AppDelegateTest::aCopyThatFailedIsToldOf()
+{
+    m_app->start();
+    m_app->pasteboard.onFailed(QStringLiteral("Not copied."));
+    QCOMPARE(m_app->notifier.told, QStringList{ QStringLiteral("Not copied.") });
 }
 
 QTEST_MAIN(AppDelegateTest)

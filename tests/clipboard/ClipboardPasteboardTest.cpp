@@ -20,6 +20,7 @@ private Q_SLOTS:
     void init();
 
     void clearingLeavesNothing();
+    void whatCannotBeCopiedIsTold();
     void aFileIsItsAddress();
     void textIsText();
     void aLinkIsAddressAndText();
@@ -76,6 +77,14 @@ void ClipboardPasteboardTest::clearingLeavesNothing()
 {
     m_pasteboard->clear();
     QVERIFY(clipboard().formats().isEmpty());
+}
+
+void ClipboardPasteboardTest::whatCannotBeCopiedIsTold()
+{
+    QString told;
+    m_pasteboard->onFailed = [&](const QString& reason) { told = reason; };
+    m_clipboard->onCopyFailed(QStringLiteral("Not now."));
+    QCOMPARE(told, QStringLiteral("Not now."));
 }
 
 void ClipboardPasteboardTest::aFileIsItsAddress()

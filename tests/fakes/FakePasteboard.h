@@ -52,6 +52,7 @@ public:
     {
         return std::make_unique<FakeClipboardContent>(m_queue, delay, selected);
     }
+    [[nodiscard]] QString selectionObstacle() const override { return obstacle; }
     void clear() override { operations.append(QStringLiteral("clear")); }
     void writeFile(const QUrl& file) override { operations.append(QStringLiteral("file ") + file.toString()); }
     void writeText(const QString& text) override { operations.append(QStringLiteral("text ") + text); }
@@ -66,6 +67,7 @@ public:
     double delay = 0;
     FakeDropPayload payload;
     FakeDropPayload selected;
+    QString obstacle;
     QStringList operations;
 
 private:
