@@ -95,4 +95,11 @@ std::variant<BackendChoice, Failure> chooseBackend(const SessionFacts& facts)
     return chooseX11(facts, QStringLiteral("as NOOKLE_BACKEND says"));
 }
 
+// A session with KWin need not call itself Plasma's; no other compositor has its edges of the screen.
+bool tellsOfDrags(const QStringList& desktops, const QByteArrayList& interfaces)
+{
+    return interfaces.contains("kde_screen_edge_manager_v1") || desktops.contains(QStringLiteral("KDE"))
+        || desktops.contains(QStringLiteral("labwc"));
+}
+
 } // namespace nookle

@@ -3,7 +3,9 @@
 #include "Failure.h"
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <variant>
@@ -52,5 +54,9 @@ struct BackendChoice {
 
 /// Chooses the way to the display. Fails when there is no display, or the user's choice is impossible.
 [[nodiscard]] std::variant<BackendChoice, Failure> chooseBackend(const SessionFacts& facts);
+
+/// Whether a compositor offers each drag of a Wayland program to X11 programs, too, at its start. `desktops` is what
+/// the session calls itself, `interfaces` what the compositor offers.
+[[nodiscard]] bool tellsOfDrags(const QStringList& desktops, const QByteArrayList& interfaces);
 
 } // namespace nookle

@@ -64,17 +64,11 @@ namespace {
 }
 
 #ifdef NOOKLE_HAS_WAYLAND
-/// Whether the compositor offers each drag of a Wayland program to X11 programs, too, at its start.
-[[nodiscard]] bool tellsOfDrags()
-{
-    const QStringList desktops = presentDesktops();
-    return desktops.contains(QStringLiteral("KDE")) || desktops.contains(QStringLiteral("labwc"));
-}
-
 [[nodiscard]] std::unique_ptr<DesktopBackend> makeWaylandBackend()
 {
+    const bool hasNews = tellsOfDrags(presentDesktops(), WaylandBackend::offeredInterfaces());
     return std::make_unique<WaylandBackend>(std::make_unique<SessionShortcuts>(),
-                                            tellsOfDrags() ? std::make_unique<X11ForeignDrags>() : nullptr);
+                                            hasNews ? std::make_unique<X11ForeignDrags>() : nullptr);
 }
 #endif
 

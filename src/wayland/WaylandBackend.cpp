@@ -42,6 +42,11 @@ bool WaylandBackend::isLayerShellOffered()
     return waylandInterfaces().contains("zwlr_layer_shell_v1");
 }
 
+QByteArrayList WaylandBackend::offeredInterfaces()
+{
+    return waylandInterfaces();
+}
+
 WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::unique_ptr<ForeignDrags> drags)
     : m_end(std::make_unique<CompositorEnd>([this] {
         if (onServerGone)

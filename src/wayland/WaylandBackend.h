@@ -2,6 +2,8 @@
 
 #include "DesktopBackend.h"
 
+#include <QByteArrayList>
+
 #include <memory>
 
 namespace nookle {
@@ -20,6 +22,9 @@ class WaylandBackend final : public DesktopBackend {
 public:
     /// Whether the session's compositor can be reached and offers a layer shell.
     [[nodiscard]] static bool isLayerShellOffered();
+
+    /// The names of the interfaces that the session's compositor offers.
+    [[nodiscard]] static QByteArrayList offeredInterfaces();
 
     /// The application object must exist and run on Wayland. `drags` tells when a drag begins; null where nothing does.
     WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::unique_ptr<ForeignDrags> drags);

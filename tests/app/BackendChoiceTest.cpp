@@ -34,6 +34,8 @@ private Q_SLOTS:
     void anImpossibleWishIsAFailure();
     void noXServerIsLookedForWhereWaylandIsUsed();
     void theToolkitConnectsToTheSameDisplay();
+    void newsOfDragsComeFromSomeCompositors_data();
+    void newsOfDragsComeFromSomeCompositors();
 
 private:
     [[nodiscard]] std::variant<BackendChoice, Failure> choose(const Session& session);
@@ -186,6 +188,29 @@ void BackendChoiceTest::theToolkitConnectsToTheSameDisplay()
     QCOMPARE(platform({ .isWayland = true, .hasLayerShell = false }), QByteArray("xcb"));
     QCOMPARE(platform({ .isWayland = true }), QByteArray("wayland"));
     QCOMPARE(platform({ .isWayland = true, .hasLayerShell = false, .hasX = false }), QByteArray("wayland"));
+}
+
+void BackendChoiceTest::newsOfDragsComeFromSomeCompositors_data()
+{
+    QTest::addColumn<QString>("desktop");
+    QTest::addColumn<QByteArrayList>("interfaces");
+    QTest::addColumn<bool>("tells");
+    const QByteArrayList anyone{ "wl_seat", "zwlr_layer_shell_v1", "org_kde_kwin_server_decoration_manager" };
+    const QByteArrayList kwin = anyone + QByteArrayList{ "kde_screen_edge_manager_v1" };
+    QTest::newRow("Plasma") << QStringLiteral("KDE") << kwin << true;
+    QTest::newRow("KWin under another name") << QStringLiteral("mine") << kwin << true;
+    QTest::newRow("KWin without a name") << QString() << kwin << true;
+    QTest::newRow("a KWin without the interface") << QStringLiteral("KDE") << anyone << true;
+    QTest::newRow("labwc") << QStringLiteral("labwc") << anyone << true;
+    QTest::newRow("sway") << QStringLiteral("sway") << anyone << false;
+    QTest::newRow("nothing known") << QString() << QByteArrayList() << false;
+}
+
+void BackendChoiceTest::newsOfDragsComeFromSomeCompositors()
+{
+    QFETCH(const QString, desktop);
+    QFETCH(const QByteArrayList, interfaces);
+    QTEST(tellsOfDrags({ desktop }, interfaces), "tells");
 }
 
 QTEST_GUILESS_MAIN(BackendChoiceTest)
