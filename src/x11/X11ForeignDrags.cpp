@@ -88,12 +88,14 @@ bool X11ForeignDrags::watchSelection()
     if (!extension || extension->present == 0)
         return false;
     m_firstFixesEvent = extension->first_event;
-    const auto cookie = xcb_xfixes_query_version(m_connection.get(), 2, 0);
+    const auto cookie =
+        xcb_xfixes_query_version(m_connection.get(), XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION);
     const auto version = owned(xcb_xfixes_query_version_reply(m_connection.get(), cookie, nullptr));
     const std::uint32_t selection = xcbAtom(m_connection.get(), dragSelection);
     m_managerAtom = xcbAtom(m_connection.get(), "_NET_SUPPORTING_WM_CHECK");
     if (!version || selection == XCB_ATOM_NONE)
         return false;
+    letServerEnd(version->major_version);
     const auto root = rootOf(m_connection.get());
     xcb_xfixes_select_selection_input(m_connection.get(), root, selection,
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
@@ -101,6 +103,14 @@ bool X11ForeignDrags::watchSelection()
                                           | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
     askForManager();
     return true;
+}
+
+// Some sessions end the server when its last program has gone, and this connection is not to keep it.
+void X11ForeignDrags::letServerEnd(std::uint32_t fixesVersion)
+{
+    constexpr std::uint32_t firstWithModes = 6;
+    if (fixesVersion >= firstWithModes)
+        xcb_xfixes_set_client_disconnect_mode(m_connection.get(), XCB_XFIXES_CLIENT_DISCONNECT_FLAGS_TERMINATE);
 }
 
 void X11ForeignDrags::readEvents()
@@ -119,7 +129,7 @@ void X11ForeignDrags::readEvents()
     takeManager();
     if (xcb_connection_has_error(m_connection.get()) == 0)
         return;
-    // The server has ended, as it does in some sessions when the last X11 program has. Its process may not have yet.
+    // The server has ended. A connection while its process is still there would start another one.
     m_notifier.reset();
     m_connection.reset();
     m_nextLook.setRemainingTime(timeBetweenLooks);

@@ -32,6 +32,7 @@ private:
     /// Fails while no server runs.
     [[nodiscard]] bool connectToServer();
     [[nodiscard]] bool watchSelection();
+    void letServerEnd(std::uint32_t fixesVersion);
     void readEvents();
     void setUnderWay(bool isUnderWay);
     void setOwner(std::uint32_t owner);

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace nookle::e2e {
@@ -17,6 +18,7 @@ namespace {
     case WaylandDesktop::Compositor::sway:
         return QStringLiteral("sway");
     case WaylandDesktop::Compositor::labwc:
+    case WaylandDesktop::Compositor::labwcWithX11:
         return QStringLiteral("labwc:wlroots");
     case WaylandDesktop::Compositor::kwin:
     case WaylandDesktop::Compositor::kwinWithX11:
@@ -45,6 +47,7 @@ WaylandDesktop::~WaylandDesktop()
 {
     m_hand.reset();
     m_gnome.reset();
+    m_x11Program.reset();
     m_compositor.reset();
     m_screen.reset();
     m_server.reset();
@@ -69,7 +72,8 @@ bool WaylandDesktop::startCompositor(const Options& options)
         m_compositor = startSway(options.displays);
         break;
     case Compositor::labwc:
-        m_compositor = startLabwc(options.displays);
+    case Compositor::labwcWithX11:
+        m_compositor = startLabwc(options);
         break;
     case Compositor::kwin:
     case Compositor::kwinWithX11:
@@ -99,7 +103,13 @@ bool WaylandDesktop::startCompositor(const Options& options)
     setVariable(QStringLiteral("XDG_CURRENT_DESKTOP"), desktopName(options.compositor));
     if (!hasBridge(options.compositor))
         return true;
-    return findBridge() && (!options.isBridgeRunning || startBridge());
+    if (!findBridge())
+        return false;
+    if (options.compositor != Compositor::labwcWithX11)
+        return !options.isBridgeRunning || startBridge();
+    // Without a program its X server ends.
+    startX11Program();
+    return true;
 }
 
 void WaylandDesktop::useWlrootsWithoutScreen(int displays)
@@ -123,11 +133,41 @@ std::unique_ptr<Program> WaylandDesktop::startSway(int displays)
     return start(QStringLiteral("sway"), { QStringLiteral("-c"), home(QStringLiteral("sway.conf")) });
 }
 
-std::unique_ptr<Program> WaylandDesktop::startLabwc(int displays)
+std::unique_ptr<Program> WaylandDesktop::startLabwc(const Options& options)
 {
     QDir().mkpath(home(QStringLiteral("labwc")));
-    useWlrootsWithoutScreen(displays);
-    return start(QStringLiteral("labwc"), { QStringLiteral("-C"), home(QStringLiteral("labwc")) });
+    useWlrootsWithoutScreen(options.displays);
+    QStringList arguments{ QStringLiteral("-C"), home(QStringLiteral("labwc")) };
+    if (options.compositor == Compositor::labwcWithX11) {
+        makeSocketFolder();
+        arguments << QStringLiteral("-s") << writeBridgeTeller();
+    }
+    return start(QStringLiteral("labwc"), arguments);
+}
+
+QString WaylandDesktop::writeBridgeTeller() const
+{
+    writeFile(QStringLiteral("tell"), "#!/bin/sh\necho $DISPLAY $XAUTHORITY >$HOME/bridge\n");
+    const QString path = home(QStringLiteral("tell"));
+    QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner);
+    return path;
+}
+
+void WaylandDesktop::startX11Program()
+{
+    m_x11Program = std::make_unique<XScreen>(environment().value(QStringLiteral("DISPLAY")).toLocal8Bit());
+}
+
+bool WaylandDesktop::isX11ServerRunning() const
+{
+    const QByteArray ours = "XDG_RUNTIME_DIR=" + QFile::encodeName(home(QStringLiteral("runtime")));
+    const QStringList processes = QDir(QStringLiteral("/proc")).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    return std::any_of(processes.begin(), processes.end(), [&](const QString& process) {
+        QFile name(QStringLiteral("/proc/%1/comm").arg(process));
+        QFile variables(QStringLiteral("/proc/%1/environ").arg(process));
+        return name.open(QIODevice::ReadOnly) && name.readAll().trimmed() == "Xwayland"
+            && variables.open(QIODevice::ReadOnly) && variables.readAll().split('\0').contains(ours);
+    });
 }
 
 bool WaylandDesktop::findBridge()
@@ -173,7 +213,8 @@ QString WaylandDesktop::startScreen()
 
 bool WaylandDesktop::hasBridge(Compositor compositor)
 {
-    return compositor == Compositor::kwinWithX11 || compositor == Compositor::kwinInWindowWithX11;
+    return compositor == Compositor::kwinWithX11 || compositor == Compositor::kwinInWindowWithX11
+        || compositor == Compositor::labwcWithX11;
 }
 
 std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options)
@@ -196,9 +237,7 @@ std::unique_ptr<Program> WaylandDesktop::startKWin(const Options& options)
     if (hasBridge(options.compositor)) {
         makeSocketFolder();
         // A program of its session is told where the X server is.
-        writeFile(QStringLiteral("tell"), "#!/bin/sh\necho $DISPLAY $XAUTHORITY >$HOME/bridge\n");
-        QFile::setPermissions(home(QStringLiteral("tell")), QFile::ReadOwner | QFile::ExeOwner);
-        arguments << QStringLiteral("--xwayland") << home(QStringLiteral("tell"));
+        arguments << QStringLiteral("--xwayland") << writeBridgeTeller();
     }
     return std::make_unique<Program>(QStringLiteral("kwin_wayland"), arguments, trusting);
 }

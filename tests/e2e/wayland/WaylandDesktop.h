@@ -20,6 +20,8 @@ public:
     enum class Compositor {
         sway,
         labwc,
+        /// With a bridge to X11 programs, which tells when a drag begins, as long as one of them runs.
+        labwcWithX11,
         kwin,
         /// With a bridge to X11 programs, which tells when a drag begins.
         kwinWithX11,
@@ -60,6 +62,13 @@ public:
     /// Takes the right one of two displays away. Only under sway.
     [[nodiscard]] bool unplugRightDisplay();
 
+    /// Starts or ends an X11 program that shows nothing. Only where there is a bridge, and under labwc one runs from
+    /// the start.
+    void startX11Program();
+    void endX11Program() { m_x11Program.reset(); }
+    /// Whether the bridge's X server runs.
+    [[nodiscard]] bool isX11ServerRunning() const;
+
     /// Ends the compositor at once.
     void killCompositor();
 
@@ -71,12 +80,14 @@ private:
 
     [[nodiscard]] bool startCompositor(const Options& options);
     [[nodiscard]] std::unique_ptr<Program> startSway(int displays);
-    [[nodiscard]] std::unique_ptr<Program> startLabwc(int displays);
+    [[nodiscard]] std::unique_ptr<Program> startLabwc(const Options& options);
     [[nodiscard]] std::unique_ptr<Program> startKWin(const Options& options);
     [[nodiscard]] static bool hasBridge(Compositor compositor);
     /// Starts an X server of the size of a display; where it is, or nothing when it does not start.
     [[nodiscard]] QString startScreen();
     [[nodiscard]] bool startGnome(int displays);
+    /// Writes a program that the compositor has to start, which tells where the X server is; its path.
+    [[nodiscard]] QString writeBridgeTeller() const;
     /// Lets programs know the compositor's X server.
     [[nodiscard]] bool findBridge();
     [[nodiscard]] bool startBridge();
@@ -87,6 +98,7 @@ private:
     std::unique_ptr<Program> m_server;
     std::unique_ptr<XScreen> m_screen;
     std::unique_ptr<Program> m_compositor;
+    std::unique_ptr<XScreen> m_x11Program;
     std::unique_ptr<GnomeShell> m_gnome;
     std::unique_ptr<Hand> m_hand;
 };

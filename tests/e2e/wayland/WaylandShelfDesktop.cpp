@@ -35,6 +35,8 @@ WaylandDesktop::Compositor WaylandShelfDesktop::compositor()
         return WaylandDesktop::Compositor::kwin;
     if (name == QLatin1String("kwin_with_x11"))
         return WaylandDesktop::Compositor::kwinWithX11;
+    if (name == QLatin1String("labwc_with_x11"))
+        return WaylandDesktop::Compositor::labwcWithX11;
     if (name == QLatin1String("kwin_in_window"))
         return WaylandDesktop::Compositor::kwinInWindow;
     if (name == QLatin1String("kwin_in_window_with_x11"))
@@ -46,7 +48,14 @@ WaylandDesktop::Compositor WaylandShelfDesktop::compositor()
 
 bool WaylandShelfDesktop::announcesDrags()
 {
-    return compositor() == WaylandDesktop::Compositor::kwinWithX11 || compositor() == WaylandDesktop::Compositor::gnome;
+    switch (compositor()) {
+    case WaylandDesktop::Compositor::kwinWithX11:
+    case WaylandDesktop::Compositor::labwcWithX11:
+    case WaylandDesktop::Compositor::gnome:
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool WaylandShelfDesktop::setUpDesktop(WaylandDesktop::Compositor compositor, int displays)
