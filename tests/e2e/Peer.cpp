@@ -25,6 +25,8 @@
 //   Peer text             shows text that can be selected, scrolled and added to
 //   Peer moving           a window that the mouse takes along wherever it is pressed
 //   Peer fullscreen       covers the whole screen in red
+//   Peer fullscreen MODE [ARGUMENT]...
+//                         is in another mode, and covers the whole screen
 // It writes a line to standard output for what happens to its window ("entered", "left", "pressed", "focused",
 // "unfocused", "dragged over", "drag left", "wheel"), when the target of its own drag begins or ceases to take it
 // ("taken", "untaken"), and what happens to the text ("selected", "scrolled", "typed"). In a Wayland session, where
@@ -380,7 +382,13 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(QStringLiteral("peer"));
     Announcer announcer;
     application.installEventFilter(&announcer);
-    const auto window = makeWindow(QApplication::arguments());
+    QStringList arguments = QApplication::arguments();
+    const bool coversAll = arguments.value(1) == QLatin1String("fullscreen") && arguments.size() > 2;
+    if (coversAll)
+        arguments.removeAt(1);
+    const auto window = makeWindow(arguments);
+    if (coversAll)
+        window->setWindowState(Qt::WindowFullScreen);
     // Without a window manager the state alone covers nothing.
     const bool isFullScreen = window->windowState() == Qt::WindowFullScreen;
     const bool isWayland = qEnvironmentVariable("XDG_SESSION_TYPE") == QLatin1String("wayland");
