@@ -1,8 +1,8 @@
 #!/usr/bin/python3
-"""A GTK 4 program with one window that fills the screen, off which a file can be dragged.
+"""A GTK 4 program with one window that fills the screen, off which a file or its text can be dragged.
 
-GtkSource.py FILE RESULT
-    FILE     what is dragged
+GtkSource.py FILE RESULT [text]
+    FILE     what is dragged, or with "text" the text in it
     RESULT   whether it was taken goes into this file: "taken" or "refused"
 
 Like Peer, it writes a line to standard output for what happens to its window ("entered", "left", "pressed", "dragged
@@ -18,6 +18,7 @@ gi.require_version("Gdk", "4.0")
 from gi.repository import Gdk, Gio, GLib, Gtk  # noqa: E402
 
 path, result = sys.argv[1:3]
+is_text = sys.argv[3:] == ["text"]
 
 
 def say(line):
@@ -30,6 +31,9 @@ def write_result(outcome):
 
 
 def prepare(_source, _x, _y):
+    if is_text:
+        with open(path) as file:
+            return Gdk.ContentProvider.new_for_value(file.read())
     return Gdk.ContentProvider.new_for_value(Gdk.FileList.new_from_list([Gio.File.new_for_path(path)]))
 
 
