@@ -207,6 +207,7 @@ void TrayEndToEndTest::theIconAndItsMenuReachATrayThatDrawsThem()
     QCOMPARE(labels,
              (QStringList{ QStringLiteral("Show Shelf"), QStringLiteral("Keep Shelf Open"), QStringLiteral("-"),
                            QStringLiteral("Settings…"), QStringLiteral("-"), QStringLiteral("Quit Nookle") }));
+    QVERIFY(m_tray->menu().first().showsKeys);
 }
 
 void TrayEndToEndTest::theIconIsTintedAnewWhenTheDesktopTurnsDark()

@@ -37,6 +37,7 @@ const QString menuInterface = QStringLiteral("com.canonical.dbusmenu");
     entry.id = id;
     entry.label = properties.value(QStringLiteral("label")).toString();
     entry.isSeparator = properties.value(QStringLiteral("type")).toString() == QLatin1String("separator");
+    entry.showsKeys = properties.contains(QStringLiteral("shortcut"));
     if (properties.contains(QStringLiteral("toggle-type")))
         entry.isChecked = properties.value(QStringLiteral("toggle-state")).toInt() == 1;
     return entry;

@@ -27,6 +27,7 @@ public:
         int id = 0;
         QString label;
         bool isSeparator = false;
+        bool showsKeys = false;
         /// None for an entry without a mark.
         std::optional<bool> isChecked;
     };
