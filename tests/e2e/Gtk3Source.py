@@ -42,6 +42,16 @@ def follow(_widget, context):
     context.connect("cancel", lambda *_: write_result("refused"))
 
 
+def fill_screen(window):
+    """KWin and GTK 3 as a Wayland program may tell each other the size of a maximised window for ever."""
+    display = Gdk.Display.get_default()
+    if "Wayland" not in type(display).__name__:
+        window.maximize()
+        return
+    area = display.get_monitor(0).get_geometry()
+    window.set_default_size(area.width, area.height)
+
+
 def open_window():
     window = Gtk.Window(decorated=False)
     window.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [Gtk.TargetEntry.new(type, 0, 0) for type in files],
@@ -57,7 +67,7 @@ def open_window():
     window.connect("drag-motion", lambda *_: say("dragged over"))
     window.connect("drag-leave", lambda *_: say("drag left"))
     window.connect("destroy", Gtk.main_quit)
-    window.maximize()
+    fill_screen(window)
     window.show_all()
 
 

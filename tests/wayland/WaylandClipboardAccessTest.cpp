@@ -61,7 +61,8 @@ void WaylandClipboardAccessTest::withAccessNothingIsInTheWay()
 void WaylandClipboardAccessTest::withoutAccessTheUserIsToldAboutTheSelection()
 {
     const WaylandClipboard clipboard([] { return true; }, ClipboardAccess::withFocus);
-    QCOMPARE(clipboard.selectionObstacle(), QStringLiteral("This desktop does not let the shelf read what is selected."));
+    QCOMPARE(clipboard.selectionObstacle(),
+             QStringLiteral("This desktop does not let the shelf read what is selected."));
 }
 
 void WaylandClipboardAccessTest::withoutAccessACopyNeedsTheFocus()
