@@ -78,6 +78,7 @@ private Q_SLOTS:
     void init() { m_flushes = 0; }
 
     void theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle();
+    void textInUtf8IsAskedForWhereTheToolkitListsPlainText();
     void aFileThatABrowserNamesIsInNoList();
     void eachFormatIsAskedForOnce();
     void whatTheSourceDeliversIsRead_data();
@@ -113,6 +114,20 @@ void WaylandDropPayloadTest::theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle()
     drop.setData(QStringLiteral("text/uri-list"), "http://127.0.0.1/\r\n");
     const WaylandDropPayload payload(drop, { [] { return true; } }, Source::waylandProgram, {});
     QCOMPARE(payload.formats(), (QStringList{ QStringLiteral("text/uri-list"), QStringLiteral("text/x-moz-url") }));
+}
+
+void WaylandDropPayloadTest::textInUtf8IsAskedForWhereTheToolkitListsPlainText()
+{
+    const QString inUtf8 = QStringLiteral("text/plain;charset=utf-8");
+    const auto formatsOf = [](const QStringList& offered) {
+        QMimeData drop;
+        for (const QString& format : offered)
+            drop.setData(format, "words");
+        return WaylandDropPayload(drop, { [] { return true; } }, Source::waylandProgram, {}).formats();
+    };
+    QCOMPARE(formatsOf({ plainText }), (QStringList{ plainText, inUtf8 }));
+    QCOMPARE(formatsOf({ inUtf8, plainText }), (QStringList{ inUtf8, plainText }));
+    QCOMPARE(formatsOf({ QStringLiteral("text/html") }), QStringList{ QStringLiteral("text/html") });
 }
 
 void WaylandDropPayloadTest::aFileThatABrowserNamesIsInNoList()

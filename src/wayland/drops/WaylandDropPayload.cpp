@@ -17,6 +17,10 @@ namespace {
 inline constexpr const char* linkWithTitle = "text/x-moz-url";
 
 inline constexpr const char* addressList = "text/uri-list";
+inline constexpr const char* plainText = "text/plain";
+/// The toolkit lists it as plain text, and delivers it all the same. Programs of GTK 4 also offer plain text, without
+/// the letters that ASCII lacks.
+inline constexpr const char* plainTextInUtf8 = "text/plain;charset=utf-8";
 
 [[nodiscard]] bool isOneFile(const QByteArray& list)
 {
@@ -44,6 +48,8 @@ QStringList WaylandDropPayload::formats() const
     if (m_source == Source::waylandProgram && formats.contains(QLatin1String(addressList))
         && !formats.contains(QLatin1String(linkWithTitle)))
         formats.append(QLatin1String(linkWithTitle));
+    if (!m_bridged && formats.contains(QLatin1String(plainText)) && !formats.contains(QLatin1String(plainTextInUtf8)))
+        formats.append(QLatin1String(plainTextInUtf8));
     return formats;
 }
 

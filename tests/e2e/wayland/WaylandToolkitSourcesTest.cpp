@@ -44,6 +44,8 @@ private:
 namespace {
 
 const QString portalConnection = QStringLiteral("portal");
+/// With a letter that not every encoding has.
+const QString words = QStringLiteral("schöne Wörter");
 
 } // namespace
 
@@ -97,12 +99,13 @@ void WaylandToolkitSourcesTest::addVersions()
 bool WaylandToolkitSourcesTest::openSource(int version, bool isText)
 {
     if (version == 4) {
+        m_desktop->writeFile(QStringLiteral("files/note one.txt"), words.toUtf8());
         QStringList arguments{ home("files/note one.txt"), home("result") };
         if (isText)
             arguments << QStringLiteral("text");
         return openProgram(qEnvironmentVariable("NOOKLE_GTK_SOURCE"), arguments);
     }
-    m_desktop->writeFile(QStringLiteral("offered"), isText ? QByteArray("words") : fileList());
+    m_desktop->writeFile(QStringLiteral("offered"), isText ? words.toUtf8() : fileList());
     const QString type = isText ? QStringLiteral("text/plain;charset=utf-8") : QStringLiteral("text/uri-list");
     return openProgram(qEnvironmentVariable("NOOKLE_GTK3_SOURCE"), { home("offered"), type, home("result") });
 }
@@ -160,8 +163,7 @@ void WaylandToolkitSourcesTest::aTextLandsAsAText()
     QVERIFY(openSource(version, true));
     QVERIFY(drop());
     const QJsonObject content = m_shelf->savedItems().first().value(QLatin1String("content")).toObject();
-    QCOMPARE(content.value(QLatin1String("text")).toObject().value(QLatin1String("_0")).toString(),
-             QStringLiteral("words"));
+    QCOMPARE(content.value(QLatin1String("text")).toObject().value(QLatin1String("_0")).toString(), words);
 }
 
 QTEST_GUILESS_MAIN(WaylandToolkitSourcesTest)
