@@ -30,8 +30,6 @@ namespace {
 
 using Layer = LayerShellQt::Window;
 
-/// Some compositors tell where the pointer is after a drop only once it moves again.
-inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
 /// A drag whose hand does not move stays over the panel.
 inline constexpr std::chrono::milliseconds longestAside{ 300 };
 /// A compositor that gives the keyboard does so within a few milliseconds.
@@ -46,11 +44,9 @@ LayerPanelWindow::LayerPanelWindow(QWindow& window, double cornerRadius, SeenPoi
     , m_popups(window)
     , m_heldMouse(window, timeToGiveTheKeyboard)
     , m_animation([this](const QRectF& frame) { place(frame); })
+    , m_pointerQuestion([this] { m_pointer.leave(); })
 {
     m_window.installEventFilter(this);
-    m_afterDrop.setSingleShot(true);
-    m_afterDrop.setInterval(timeToTellOfThePointer);
-    connect(&m_afterDrop, &QTimer::timeout, this, [this] { m_pointer.leave(); });
     // Comes before the window is hidden. The compositor may close it, too.
     connect(&m_window, &QWindow::visibleChanged, this, [this](bool isVisible) {
         if (!isVisible)
@@ -142,7 +138,7 @@ void LayerPanelWindow::orderOut()
     takeEdge();
     m_window.setVisible(false);
     setAside(Aside::no);
-    m_afterDrop.stop();
+    m_pointerQuestion.end();
     m_heldMouse.drop();
     m_isPointerInside = false;
     giveKeyboardBack();
@@ -280,7 +276,7 @@ void LayerPanelWindow::stepAside()
 // A hand that pauses after the entry moves on only when the panel is no longer aside.
 void LayerPanelWindow::dragIsOver(const QDropEvent& event)
 {
-    m_afterDrop.stop();
+    m_pointerQuestion.end();
     m_pointer.drag(onDesktop(event.position()));
     const bool hasEntered = event.type() == QEvent::DragEnter;
     if (mustComeAgain(event) && (hasEntered || m_aside == Aside::no))
@@ -300,7 +296,7 @@ void LayerPanelWindow::dragWasDropped(const QDropEvent& event)
 {
     takeEdge();
     m_pointer.move(onDesktop(event.position()));
-    m_afterDrop.start();
+    m_pointerQuestion.ask(m_window);
 }
 
 // The panel may be about to hide, which it does unless the pointer is over it.
@@ -312,6 +308,8 @@ void LayerPanelWindow::dragHasLeft()
     }
     m_timesAside = 0;
     m_pointer.leave();
+    // The drag may have been let go here, and refused.
+    m_pointerQuestion.ask(m_window);
 }
 
 void LayerPanelWindow::asideIsOver()
@@ -352,7 +350,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
             giveKeyboardBack();
         break;
     case QEvent::Enter:
-        m_afterDrop.stop();
+        m_pointerQuestion.end();
         takeEdge();
         m_isPointerInside = true;
         m_pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
@@ -360,7 +358,7 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
             onMouseEntered();
         break;
     case QEvent::MouseMove:
-        m_afterDrop.stop();
+        m_pointerQuestion.end();
         m_pointer.move(onDesktop(static_cast<QMouseEvent*>(event)->position()));
         break;
     case QEvent::DragEnter:

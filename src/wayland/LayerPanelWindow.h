@@ -3,6 +3,7 @@
 #include "FrameAnimation.h"
 #include "HeldMouse.h"
 #include "PanelWindow.h"
+#include "PointerQuestion.h"
 #include "PopupPlacement.h"
 
 #include <QObject>
@@ -101,8 +102,8 @@ private:
     HeldMouse m_heldMouse;
     FrameAnimation m_animation;
     QRectF m_frame;
-    /// Runs from a drop until the compositor says where the pointer is.
-    QTimer m_afterDrop;
+    /// Open from the end of a drag until the compositor says where the pointer is.
+    PointerQuestion m_pointerQuestion;
     bool m_isPointerInside = false;
     bool m_isEdgeTaken = false;
     bool m_isLeaving = false;
