@@ -133,7 +133,9 @@ void AppDelegate::createShelfView()
         .runDrag =
             [this](QWidget& source, const DragItem& item) {
                 m_platform.desktop.offerDrag(item.payload);
-                return runDragSession(source, item);
+                const DragOperation outcome = runDragSession(source, item);
+                m_platform.desktop.dragHasEnded();
+                return outcome;
             },
     });
     view->onTogglePin = [this] { m_panelController->togglePinned(); };

@@ -50,6 +50,9 @@ public:
     /// next drag begins.
     virtual void offerDrag(std::shared_ptr<const DragPayload> payload) = 0;
 
+    /// Call this when that drag has ended.
+    virtual void dragHasEnded() {}
+
     /// Whether the panel can have the desktop keep other windows out of its space (`PanelWindow::reserveSpace`).
     [[nodiscard]] virtual bool canReserveSpace() const = 0;
 

@@ -26,7 +26,7 @@ public:
     /// Call this when a sign elsewhere shows that no drag is under way: nobody tells of the end of every drag.
     virtual void end() = 0;
 
-    /// Called when a drag has begun or ended. Set by the owner.
+    /// Called when a drag has begun, even if the end of the last one was not noticed, or ended. Set by the owner.
     std::function<void()> onChanged;
 };
 

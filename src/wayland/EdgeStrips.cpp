@@ -91,7 +91,7 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
             if (onDragLeft)
                 onDragLeft();
         };
-        strip->onPointerCame = [this] { pointerCame(); };
+        strip->onPointerCame = [this] { dragHasEnded(); };
         m_strips.push_back(std::move(strip));
     }
 }
@@ -120,9 +120,8 @@ void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& 
         strip.stepAside();
 }
 
-// No compositor lets the pointer come over a window while a drag is under way. And where nothing told of drags so far,
-// something may do so by now.
-void EdgeStrips::pointerCame()
+// Where nothing told of drags so far, something may do so by now.
+void EdgeStrips::dragHasEnded()
 {
     if (onDragEnded)
         onDragEnded();

@@ -26,6 +26,9 @@ public:
     /// Call this when a display was added, removed or changed.
     void displaysChanged();
 
+    /// Call this when a sign elsewhere shows that no drag is under way.
+    void dragHasEnded();
+
     /// As in `EdgeStrip`.
     std::function<void(QDropEvent& event, const QPointF& position)> onDragEvent;
     std::function<void()> onDragLeft;
@@ -42,7 +45,6 @@ private:
     void removeStrips();
     void makeStrips(EdgeStrip::Level level);
     void handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& position);
-    void pointerCame();
 
     EdgeInputMonitor& m_input;
     SeenPointer& m_pointer;

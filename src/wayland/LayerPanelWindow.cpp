@@ -354,6 +354,8 @@ bool LayerPanelWindow::eventFilter(QObject* watched, QEvent* event)
         takeEdge();
         m_isPointerInside = true;
         m_pointer.move(onDesktop(static_cast<QEnterEvent*>(event)->position()));
+        if (onPointerCame)
+            onPointerCame();
         if (onMouseEntered)
             onMouseEntered();
         break;

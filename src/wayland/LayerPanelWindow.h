@@ -55,6 +55,10 @@ public:
     /// Whether the drag that is under way is known to be an X11 program's. Set by the owner.
     std::function<bool()> isDragOfX11Program;
 
+    /// Called when the pointer has come over the window, which no compositor lets it do while a drag is under way. Set
+    /// by the owner.
+    std::function<void()> onPointerCame;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -3,6 +3,7 @@
 #include "CompositorEnd.h"
 #include "EdgeInputMonitor.h"
 #include "EdgeStrips.h"
+#include "ForgottenDrags.h"
 #include "LayerPanelWindow.h"
 #include "SeenPointer.h"
 #include "WaylandClipboard.h"
@@ -53,7 +54,7 @@ WaylandBackend::WaylandBackend(std::unique_ptr<GlobalShortcuts> shortcuts, std::
             onServerGone();
     }))
     , m_shortcuts(std::move(shortcuts))
-    , m_drags(std::move(drags))
+    , m_drags(drags ? std::make_unique<ForgottenDrags>(std::move(drags), m_queue) : nullptr)
     , m_displays(std::make_unique<WaylandDisplays>())
     , m_pointer(std::make_unique<SeenPointer>())
     , m_inputMonitor(std::make_unique<EdgeInputMonitor>())
@@ -102,6 +103,11 @@ std::unique_ptr<DropPayload> WaylandBackend::dropPayload(const QMimeData& data)
 
 void WaylandBackend::offerDrag(std::shared_ptr<const DragPayload> /*payload*/) {}
 
+void WaylandBackend::dragHasEnded()
+{
+    m_strips->dragHasEnded();
+}
+
 std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, double cornerRadius)
 {
     auto panel = std::make_unique<LayerPanelWindow>(window, cornerRadius, *m_pointer);
@@ -111,6 +117,7 @@ std::unique_ptr<PanelWindow> WaylandBackend::makePanelWindow(QWindow& window, do
         else
             event.ignore();
     };
+    panel->onPointerCame = [this] { m_strips->dragHasEnded(); };
     panel->isDragOfX11Program = [this] { return m_drags && m_drags->isOfX11Program(); };
     m_strips->isPanelShown = [panel = QPointer(panel.get())] { return panel && panel->isShown(); };
     m_strips->onDragLeft = [panel = QPointer(panel.get())] {

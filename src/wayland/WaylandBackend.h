@@ -1,6 +1,7 @@
 #pragma once
 
 #include "DesktopBackend.h"
+#include "QtMainQueue.h"
 
 #include <QByteArrayList>
 
@@ -40,11 +41,13 @@ public:
     [[nodiscard]] std::unique_ptr<DropPayload> dropPayload(const QMimeData& data) override;
     /// Nothing to do: the toolkit's own answers are all that a compositor asks for.
     void offerDrag(std::shared_ptr<const DragPayload> payload) override;
+    void dragHasEnded() override;
     [[nodiscard]] bool canReserveSpace() const override { return true; }
     [[nodiscard]] std::unique_ptr<PanelWindow> makePanelWindow(QWindow& window, double cornerRadius) override;
 
 private:
     std::unique_ptr<CompositorEnd> m_end;
+    QtMainQueue m_queue;
     std::unique_ptr<GlobalShortcuts> m_shortcuts;
     std::unique_ptr<ForeignDrags> m_drags;
     std::unique_ptr<WaylandDisplays> m_displays;

@@ -177,9 +177,11 @@ void X11ForeignDrags::takeManager()
     judgeOwner();
 }
 
+// The end of the last drag may not have been told.
 void X11ForeignDrags::setUnderWay(bool isUnderWay)
 {
-    if (std::exchange(m_isUnderWay, isUnderWay) != isUnderWay && onChanged)
+    const bool wasUnderWay = std::exchange(m_isUnderWay, isUnderWay);
+    if ((isUnderWay || wasUnderWay) && onChanged)
         onChanged();
 }
 
