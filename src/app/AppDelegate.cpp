@@ -5,6 +5,7 @@
 #include "DesktopBackend.h"
 #include "FileReferences.h"
 #include "LeftImageCopies.h"
+#include "Log.h"
 #include "Notifier.h"
 #include "PanelBackground.h"
 #include "Pasteboard.h"
@@ -111,7 +112,10 @@ void AppDelegate::createPanel()
     connect(&m_settings, &AppSettings::reservesSpaceChanged, this, followReservation);
     followReservation();
     m_platform.desktop.onDisplaysChanged = [this] { m_panelController->displaysChanged(); };
-    m_platform.desktop.onServerGone = [this] { applicationWillTerminate(); };
+    m_platform.desktop.onServerGone = [this] {
+        logLine(QStringLiteral("the compositor is gone, and the program ends with it"));
+        applicationWillTerminate();
+    };
     m_platform.pasteboard.onFailed = [this](const QString& reason) { m_platform.notifier.notify(reason); };
     createShelfView();
 }

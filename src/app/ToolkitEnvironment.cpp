@@ -20,12 +20,15 @@ inline constexpr const char* resolution = "QT_FONT_DPI";
 
 } // namespace
 
-ToolkitEnvironment::Variable::Variable(const char* name, const QByteArray& value)
+ToolkitEnvironment::Variable::Variable(const char* name, const std::optional<QByteArray>& value)
     : m_name(name)
 {
     if (qEnvironmentVariableIsSet(name))
         m_previous = qgetenv(name);
-    qputenv(name, value);
+    if (value)
+        qputenv(name, *value);
+    else
+        qunsetenv(name);
 }
 
 ToolkitEnvironment::Variable::~Variable()
@@ -36,9 +39,11 @@ ToolkitEnvironment::Variable::~Variable()
         qunsetenv(m_name);
 }
 
-// The GTK of the desktop's look would connect to the compositor by itself, and end the program with it at once.
+// The GTK of the desktop's look would connect to the compositor by itself, and end the program with it at once. Plasma
+// tells the toolkit to wait for another compositor when one has died, but then it crashes with the shelf's windows.
 ToolkitEnvironment::ToolkitEnvironment(const BackendChoice& choice, const ToolkitScale& scale)
     : m_platform("QT_QPA_PLATFORM", choice.toolkitPlatform())
+    , m_reconnect("QT_WAYLAND_RECONNECT", std::nullopt)
 {
     if (choice.kind == DesktopKind::xwayland)
         m_gtkBackend.emplace("GDK_BACKEND", "x11");

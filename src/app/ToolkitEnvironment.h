@@ -30,7 +30,8 @@ private:
     /// A variable with what it was before.
     class Variable final {
     public:
-        Variable(const char* name, const QByteArray& value);
+        /// Without a value it is not set.
+        Variable(const char* name, const std::optional<QByteArray>& value);
         ~Variable();
         Variable(const Variable&) = delete;
         Variable& operator=(const Variable&) = delete;
@@ -41,6 +42,7 @@ private:
     };
 
     Variable m_platform;
+    Variable m_reconnect;
     std::optional<Variable> m_gtkBackend;
     std::optional<Variable> m_scale;
     std::optional<Variable> m_resolution;

@@ -13,6 +13,7 @@ private Q_SLOTS:
     void theToolkitIsToldOfTheChoice();
     void underXWaylandGtkKeepsToTheXServer();
     void whatWasSetBeforeIsBackAfterwards();
+    void theToolkitDoesNotWaitForAnotherCompositor();
     void theToolkitIsToldOfLargerWindows();
     void theToolkitIsToldOfAnotherResolution();
     void theUsersOwnScaleComesFirst_data();
@@ -57,6 +58,22 @@ void ToolkitEnvironmentTest::whatWasSetBeforeIsBackAfterwards()
     }
     QCOMPARE(qgetenv("QT_QPA_PLATFORM"), QByteArray("minimal"));
     QVERIFY(qEnvironmentVariableIsSet("GDK_BACKEND"));
+}
+
+void ToolkitEnvironmentTest::theToolkitDoesNotWaitForAnotherCompositor()
+{
+    const BackendChoice choice{ DesktopKind::wayland, {} };
+    qputenv("QT_WAYLAND_RECONNECT", "1");
+    {
+        const ToolkitEnvironment environment(choice);
+        QVERIFY(!qEnvironmentVariableIsSet("QT_WAYLAND_RECONNECT"));
+    }
+    QCOMPARE(qgetenv("QT_WAYLAND_RECONNECT"), QByteArray("1"));
+    qunsetenv("QT_WAYLAND_RECONNECT");
+    {
+        const ToolkitEnvironment environment(choice);
+    }
+    QVERIFY(!qEnvironmentVariableIsSet("QT_WAYLAND_RECONNECT"));
 }
 
 void ToolkitEnvironmentTest::theToolkitIsToldOfLargerWindows()
