@@ -1,5 +1,7 @@
 #include "NullBackend.h"
 
+#include "CompositorEnd.h"
+
 #include <QCoreApplication>
 
 #include <utility>
@@ -91,6 +93,10 @@ struct NullBackend::Parts {
 
 NullBackend::NullBackend()
     : m_parts(std::make_unique<Parts>())
+    , m_end(std::make_unique<CompositorEnd>([this] {
+        if (onServerGone)
+            onServerGone();
+    }))
 {
 }
 

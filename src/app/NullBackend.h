@@ -4,6 +4,8 @@
 
 namespace nookle {
 
+class CompositorEnd;
+
 /// The desktop backend for sessions in which no panel can be shown. It has no display, sees no input and holds no
 /// shortcut. The tray, the services and new screenshots still feed the shelf.
 class NullBackend final : public DesktopBackend {
@@ -26,6 +28,7 @@ public:
 private:
     struct Parts;
     std::unique_ptr<Parts> m_parts;
+    std::unique_ptr<CompositorEnd> m_end;
 };
 
 } // namespace nookle

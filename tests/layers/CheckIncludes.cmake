@@ -55,7 +55,7 @@ set(may_see_app/shortcuts "platform;base")
 set(may_see_app/tray "panel;shelf;shelf/items;platform;base")
 set(may_see_app
     "app/version;app/language;app/instance;app/settings;app/services;app/shortcuts;app/tray;look;ui;ui/frame;ui/dragout;ui/tiles;ui/previews;ui/style;drop;panel;triggers;shelf;shelf/items;desktop;clipboard;x11;x11/xwayland;wayland;thumbnails;pictures"
-    screenshots web files process disk platform base)
+    screenshots web files process disk screens platform base)
 
 # One backend a display server, each in a room with rooms inside.
 set(display_headers "xcb/|X11/|wayland|LayerShellQt|QtGui/private")
