@@ -63,7 +63,7 @@ public:
     /// Called when a display was added, removed or changed. Set by the owner.
     std::function<void()> onDisplaysChanged;
 
-    /// Called when the session's compositor is gone, and the toolkit is about to end the program: save all unsaved changes.
+    /// Called when the compositor is gone, and the toolkit is about to end the program: save all unsaved changes.
     /// Set by the owner.
     std::function<void()> onServerGone;
 };
