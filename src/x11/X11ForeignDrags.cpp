@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTimer>
 
 #include <xcb/xcb.h>
 #include <xcb/xcbext.h>
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <optional>
 #include <utility>
 
 #include <unistd.h>
@@ -25,6 +27,9 @@ namespace {
 
 inline constexpr std::chrono::seconds timeBetweenLooks{ 30 };
 inline constexpr const char* dragSelection = "XdndSelection";
+
+/// A user begins no two drags within that time.
+inline constexpr std::chrono::milliseconds timeBetweenChanges{ 50 };
 
 /// Whether the session's X server runs. A connection to it would start it.
 [[nodiscard]] bool isServerRunning()
@@ -117,14 +122,21 @@ void X11ForeignDrags::readEvents()
 {
     if (!m_connection)
         return;
+    std::optional<xcb_window_t> owner;
+    xcb_window_t source = XCB_WINDOW_NONE;
     while (const auto event = owned(xcb_poll_for_event(m_connection.get()))) {
         if ((event->response_type & 0x7f) != m_firstFixesEvent + XCB_XFIXES_SELECTION_NOTIFY)
             continue;
-        const auto owner = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner;
+        owner = reinterpret_cast<const xcb_xfixes_selection_notify_event_t&>(*event).owner;
         // Some programs give the selection up before their drop is read.
-        if (owner != XCB_WINDOW_NONE)
-            setOwner(owner);
-        setUnderWay(owner != XCB_WINDOW_NONE);
+        if (*owner != XCB_WINDOW_NONE)
+            source = *owner;
+    }
+    if (source != XCB_WINDOW_NONE)
+        setOwner(source);
+    if (owner) {
+        pauseReading();
+        setUnderWay(*owner != XCB_WINDOW_NONE);
     }
     takeManager();
     if (xcb_connection_has_error(m_connection.get()) == 0)
@@ -140,6 +152,16 @@ void X11ForeignDrags::readEvents()
     m_isOfX11Program = false;
     if (onChanged)
         onChanged();
+}
+
+// A program that takes and gives up the selection without end would have as many windows made and thrown away.
+void X11ForeignDrags::pauseReading()
+{
+    m_notifier->setEnabled(false);
+    QTimer::singleShot(timeBetweenChanges, m_notifier.get(), [this] {
+        m_notifier->setEnabled(true);
+        readEvents();
+    });
 }
 
 void X11ForeignDrags::setOwner(std::uint32_t owner)

@@ -34,6 +34,8 @@ private:
     [[nodiscard]] bool watchSelection();
     void letServerEnd(std::uint32_t fixesVersion);
     void readEvents();
+    /// Tells of the next change only after a while.
+    void pauseReading();
     void setUnderWay(bool isUnderWay);
     void setOwner(std::uint32_t owner);
     void judgeOwner();
