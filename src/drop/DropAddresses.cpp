@@ -69,9 +69,7 @@ enum class Files { taken, refused };
 [[nodiscard]] Files filesOf(const DropPayload& payload)
 {
     const QStringList formats = payload.formats();
-    const QStringList marks = pageFormats();
-    const bool isOfPage =
-        std::any_of(marks.begin(), marks.end(), [&](const QString& mark) { return formats.contains(mark); });
+    const bool isOfPage = std::any_of(formats.begin(), formats.end(), isPageFormat);
     return isOfPage ? Files::refused : Files::taken;
 }
 
@@ -126,6 +124,11 @@ bool isAddressFormat(const QString& format)
 bool isTitleFormat(const QString& format)
 {
     return format == mozillaTitleFormat();
+}
+
+bool isPageFormat(const QString& format)
+{
+    return pageFormats().contains(format);
 }
 
 std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload)

@@ -24,6 +24,9 @@ struct DroppedAddress {
 /// Whether a format holds the title of the page at an address beside it.
 [[nodiscard]] bool isTitleFormat(const QString& format);
 
+/// Whether a format marks a drag out of a web page.
+[[nodiscard]] bool isPageFormat(const QString& format);
+
 /// The addresses of a drop in the source's order, without titles. Invalid addresses are left out, and those of files if
 /// a web page has chosen them.
 [[nodiscard]] std::vector<DroppedAddress> loadDropAddresses(const DropPayload& payload);

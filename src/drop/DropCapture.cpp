@@ -20,6 +20,60 @@ namespace {
     return { QStringLiteral("application/vnd.portal.filetransfer"), QStringLiteral("application/vnd.portal.files") };
 }
 
+/// Some compositors end a program's connection over a longer name.
+inline constexpr qsizetype longestFormat = 1000;
+
+/// Of pictures, of their names and of texts each. Some sources list types that they do not deliver.
+inline constexpr qsizetype mostOfOneKind = 4;
+
+[[nodiscard]] QStringList firstOf(QStringList formats, qsizetype most, bool (*isOfKind)(const QString& format))
+{
+    formats.removeIf([&](const QString& format) { return !isOfKind(format); });
+    return formats.mid(0, most);
+}
+
+/// Whether there is only one such format.
+[[nodiscard]] bool hasNameOfItsOwn(const QString& format)
+{
+    return isAddressFormat(format) || isTitleFormat(format) || isPageFormat(format)
+        || transferFormats().contains(format);
+}
+
+/// The formats that the rules have a use for, in the source's order. A source may offer thousands, and each that is
+/// read costs time, under some compositors a process, too.
+[[nodiscard]] QStringList boundedFormats(QStringList formats)
+{
+    formats.removeDuplicates();
+    formats.removeIf([](const QString& format) { return format.isEmpty() || format.size() > longestFormat; });
+    const QStringList chosen = namedImageFormats(formats).mid(0, mostOfOneKind)
+        + textFormats(formats).mid(0, mostOfOneKind) + firstOf(formats, mostOfOneKind, &isImageNameFormat)
+        + firstOf(formats, 1, &isUnnamedFormat);
+    formats.removeIf([&](const QString& format) { return !hasNameOfItsOwn(format) && !chosen.contains(format); });
+    return formats;
+}
+
+/// A drop with no more formats than the rules have a use for.
+class BoundedPayload final : public DropPayload {
+public:
+    /// `payload` must outlive this object.
+    explicit BoundedPayload(const DropPayload& payload)
+        : m_payload(payload)
+        , m_formats(boundedFormats(payload.formats()))
+    {
+    }
+
+    [[nodiscard]] QStringList formats() const override { return m_formats; }
+    void expect(const QStringList& formats) const override { m_payload.expect(formats); }
+    [[nodiscard]] QByteArray data(const QString& format) const override { return m_payload.data(format); }
+    [[nodiscard]] QByteArray suggestedName() const override { return m_payload.suggestedName(); }
+    [[nodiscard]] bool canSave() const override { return m_payload.canSave(); }
+    [[nodiscard]] SaveAnswer save(const QByteArray& path) const override { return m_payload.save(path); }
+
+private:
+    const DropPayload& m_payload;
+    QStringList m_formats;
+};
+
 [[nodiscard]] QByteArray loadTransferKey(const DropPayload& payload)
 {
     const QStringList formats = payload.formats();
@@ -71,14 +125,16 @@ namespace {
 
 } // namespace
 
-bool offersDropItems(const DropPayload& payload)
+bool offersDropItems(const DropPayload& offered)
 {
+    const BoundedPayload payload(offered);
     const QStringList formats = payload.formats();
     return std::any_of(formats.begin(), formats.end(), isItemFormat) || canSaveDrop(payload);
 }
 
-bool canTakeDrop(const DropPayload& payload)
+bool canTakeDrop(const DropPayload& offered)
 {
+    const BoundedPayload payload(offered);
     const QStringList formats = payload.formats();
     const bool isSure = canSaveDrop(payload) || std::any_of(formats.begin(), formats.end(), [](const QString& format) {
                             return isItemFormat(format) && !isUnnamedFormat(format);
@@ -90,8 +146,9 @@ bool canTakeDrop(const DropPayload& payload)
     });
 }
 
-CapturedDrop captureDrop(const DropPayload& payload)
+CapturedDrop captureDrop(const DropPayload& offered)
 {
+    const BoundedPayload payload(offered);
     payload.expect(usedFormats(payload.formats()));
     CapturedDrop drop;
     drop.transferKey = loadTransferKey(payload);

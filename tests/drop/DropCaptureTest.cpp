@@ -37,6 +37,10 @@ private Q_SLOTS:
     void theTransferKeyEndsAtItsNul();
     void aTransferNeedsNoNamesOfTheSources();
     void onlyWhatMayBeReadIsExpected();
+    void ofThousandsOfFormatsAFewAreRead_data();
+    void ofThousandsOfFormatsAFewAreRead();
+    void aFileAmongThousandsOfFormatsIsTaken();
+    void longNamesOfFormatsAreNeverRead();
     void nothingUsableIsNoElement();
     void whatIsOfferedIsToldWithoutReading();
     void theToolkitsDataIsReadAsItIs();
@@ -234,6 +238,54 @@ void DropCaptureTest::onlyWhatMayBeReadIsExpected()
     QCOMPARE(payload.expected, expected);
     for (const QString& format : std::as_const(payload.read))
         QVERIFY2(expected.contains(format), qPrintable(format));
+}
+
+void DropCaptureTest::ofThousandsOfFormatsAFewAreRead_data()
+{
+    QTest::addColumn<QByteArray>("type");
+    for (const char* type : { "text/html", "text/plain", "application/octet-stream", "image/png", "text/uri-list" })
+        QTest::newRow(type) << QByteArray(type);
+}
+
+void DropCaptureTest::ofThousandsOfFormatsAFewAreRead()
+{
+    QFETCH(const QByteArray, type);
+    constexpr int thousands = 4000;
+    constexpr int few = 20;
+    FakeDropPayload payload;
+    for (int number = 0; number < thousands; ++number)
+        payload.offer(type + ";x=" + QByteArray::number(number), {});
+    static_cast<void>(offersDropItems(payload));
+    QVERIFY(payload.read.isEmpty());
+    static_cast<void>(canTakeDrop(payload));
+    static_cast<void>(captureDrop(payload));
+    QVERIFY2(payload.read.size() <= few, qPrintable(QString::number(payload.read.size())));
+    QVERIFY2(payload.expected.size() <= few, qPrintable(QString::number(payload.expected.size())));
+}
+
+void DropCaptureTest::aFileAmongThousandsOfFormatsIsTaken()
+{
+    constexpr int thousands = 4000;
+    FakeDropPayload payload;
+    for (int number = 0; number < thousands; ++number)
+        payload.offer("text/html;x=" + QByteArray::number(number), "page");
+    payload.offer("text/uri-list", "file:///a");
+    const auto items = captureDrop(payload).items;
+    QCOMPARE(items.size(), std::size_t{ 1 });
+    QVERIFY(items[0].hasFileURL());
+    QVERIFY(payload.expected.contains(QStringLiteral("text/uri-list")));
+}
+
+void DropCaptureTest::longNamesOfFormatsAreNeverRead()
+{
+    const QByteArray longName = "text/plain;x=" + QByteArray(4000, 'a');
+    FakeDropPayload payload;
+    payload.offer(longName, "long").offer("text/plain", "short");
+    const auto items = captureDrop(payload).items;
+    QCOMPARE(items.size(), std::size_t{ 1 });
+    QCOMPARE(items[0].text, QStringLiteral("short"));
+    QVERIFY(!payload.expected.contains(QString::fromLatin1(longName)));
+    QVERIFY(!payload.read.contains(QString::fromLatin1(longName)));
 }
 
 void DropCaptureTest::nothingUsableIsNoElement()

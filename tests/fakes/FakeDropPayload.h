@@ -10,7 +10,7 @@ namespace nookle {
 class FakeDropPayload final : public DropPayload {
 public:
     /// Offers one more format, after those before it. Empty bytes are a format that the source does not deliver.
-    FakeDropPayload& offer(const char* format, const QByteArray& bytes)
+    FakeDropPayload& offer(const QByteArray& format, const QByteArray& bytes)
     {
         m_formats.append(QString::fromLatin1(format));
         m_bytes.insert(m_formats.constLast(), bytes);
