@@ -20,6 +20,8 @@ private Q_SLOTS:
     void thePanelIsAsLargeAsTheSettingsSay_data();
     void thePanelIsAsLargeAsTheSettingsSay();
     void aResolutionThatNoDisplayHasIsNotTaken();
+    void aResolutionThatNoDisplayHasIsNotTakenLater_data();
+    void aResolutionThatNoDisplayHasIsNotTakenLater();
 
 private:
     std::unique_ptr<PublishedSettings> m_settings;
@@ -88,6 +90,32 @@ void LargeWindowsEndToEndTest::aResolutionThatNoDisplayHasIsNotTaken()
     m_settings->publish({ { "Xft/DPI", impossible * dpi } });
     QVERIFY(m_shelf->start());
     QVERIFY(waitFor([&] { return screen().window("nookle", panelWidth).has_value(); }));
+}
+
+void LargeWindowsEndToEndTest::aResolutionThatNoDisplayHasIsNotTakenLater_data()
+{
+    QTest::addColumn<int>("impossible");
+    QTest::newRow("large") << 9600 * dpi;
+    QTest::newRow("larger") << 50'000'000;
+    QTest::newRow("none") << 0;
+    QTest::newRow("negative") << -5;
+}
+
+void LargeWindowsEndToEndTest::aResolutionThatNoDisplayHasIsNotTakenLater()
+{
+    QFETCH(const int, impossible);
+    constexpr int usual = 96;
+    constexpr int muchLonger = 500;
+    const auto hasPanel = [&](int scale) { return screen().window("nookle", panelWidth * scale).has_value(); };
+    m_settings->publish({ { "Xft/DPI", usual * dpi } });
+    QVERIFY(m_shelf->start());
+    QVERIFY(waitFor([&] { return hasPanel(1); }));
+    m_settings->publish({ { "Xft/DPI", impossible } });
+    QVERIFY(holdsFor([&] { return hasPanel(1); }, muchLonger));
+    m_settings->publish({ { "Xft/DPI", 2 * usual * dpi } });
+    QVERIFY(waitFor([&] { return hasPanel(2); }));
+    m_settings->publish({ { "Xft/DPI", usual * dpi } });
+    QVERIFY(waitFor([&] { return hasPanel(1); }));
 }
 
 QTEST_GUILESS_MAIN(LargeWindowsEndToEndTest)

@@ -42,7 +42,7 @@ void PublishedSettings::publish(const std::vector<std::pair<QByteArray, Value>>&
 {
     QByteArray bytes;
     QDataStream stream(&bytes, QIODevice::WriteOnly);
-    const std::uint32_t serial = 1;
+    const std::uint32_t serial = ++m_serial;
     stream << bigEndian << std::uint8_t(0) << std::uint16_t(0) << serial << static_cast<std::uint32_t>(settings.size());
     for (const auto& [name, value] : settings) {
         const auto* text = std::get_if<QByteArray>(&value);

@@ -26,6 +26,8 @@ private:
 
     XcbConnection m_connection;
     xcb_window_t m_window;
+    /// Of the last change. Programs skip settings whose number has not grown.
+    std::uint32_t m_serial = 0;
 };
 
 } // namespace nookle::e2e

@@ -1,5 +1,6 @@
 #include "X11ToolkitSettings.h"
 
+#include "WindowScale.h"
 #include "XSettingsText.h"
 #include "XcbConnection.h"
 #include "XcbReply.h"
@@ -85,15 +86,19 @@ void X11ToolkitSettings::read()
         onChanged();
 }
 
+// The toolkit hears nothing of a resolution with which it would make windows that no display can show. It reads all
+// settings again with the next change that it hears of.
 bool X11ToolkitSettings::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/)
 {
     if (eventType != "xcb_generic_event_t")
         return false;
     const auto* event = static_cast<const xcb_property_notify_event_t*>(message);
-    if ((event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && event->window == m_owner
-        && event->atom == m_atoms[property])
-        read();
-    return false;
+    const bool isChange = (event->response_type & 0x7f) == XCB_PROPERTY_NOTIFY && event->window == m_owner
+        && event->atom == m_atoms[property];
+    if (!isChange)
+        return false;
+    read();
+    return resolutionInstead(m_values).has_value();
 }
 
 } // namespace nookle

@@ -16,7 +16,7 @@ namespace nookle {
 [[nodiscard]] ToolkitSettings::Values publishedX11Settings();
 
 /// The settings that the owner of the settings selection publishes, in most desktops a part of the session. Follows
-/// their changes, and a program that takes over.
+/// their changes, and a program that takes over. Keeps changes with a resolution out of bounds from the toolkit.
 class X11ToolkitSettings final : public ToolkitSettings, private QAbstractNativeEventFilter {
 public:
     /// Reads the settings, which queries the server. The toolkit's connection, which must outlive this object.
