@@ -44,6 +44,7 @@ private:
     Variable m_platform;
     Variable m_reconnect;
     std::optional<Variable> m_gtkBackend;
+    std::optional<Variable> m_gtkScale;
     std::optional<Variable> m_scale;
     std::optional<Variable> m_resolution;
 };

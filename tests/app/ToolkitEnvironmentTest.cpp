@@ -12,6 +12,7 @@ private Q_SLOTS:
 
     void theToolkitIsToldOfTheChoice();
     void underXWaylandGtkKeepsToTheXServer();
+    void gtkTakesNoScaleOfTheSettings();
     void whatWasSetBeforeIsBackAfterwards();
     void theToolkitDoesNotWaitForAnotherCompositor();
     void theToolkitIsToldOfLargerWindows();
@@ -24,6 +25,7 @@ void ToolkitEnvironmentTest::init()
 {
     qunsetenv("QT_QPA_PLATFORM");
     qunsetenv("GDK_BACKEND");
+    qunsetenv("GDK_SCALE");
     for (const char* name : { "QT_SCALE_FACTOR", "QT_SCREEN_SCALE_FACTORS", "QT_ENABLE_HIGHDPI_SCALING",
                               "QT_USE_PHYSICAL_DPI", "QT_FONT_DPI" })
         qunsetenv(name);
@@ -47,6 +49,18 @@ void ToolkitEnvironmentTest::underXWaylandGtkKeepsToTheXServer()
         QCOMPARE(qgetenv("GDK_BACKEND"), QByteArray("x11"));
     }
     QVERIFY(!qEnvironmentVariableIsSet("GDK_BACKEND"));
+}
+
+void ToolkitEnvironmentTest::gtkTakesNoScaleOfTheSettings()
+{
+    {
+        const ToolkitEnvironment environment(BackendChoice{ DesktopKind::x11, {} });
+        QCOMPARE(qgetenv("GDK_SCALE"), QByteArray("1"));
+    }
+    QVERIFY(!qEnvironmentVariableIsSet("GDK_SCALE"));
+    qputenv("GDK_SCALE", "2");
+    const ToolkitEnvironment environment(BackendChoice{ DesktopKind::x11, {} });
+    QCOMPARE(qgetenv("GDK_SCALE"), QByteArray("2"));
 }
 
 void ToolkitEnvironmentTest::whatWasSetBeforeIsBackAfterwards()

@@ -22,6 +22,8 @@ private Q_SLOTS:
     void aResolutionThatNoDisplayHasIsNotTaken();
     void aResolutionThatNoDisplayHasIsNotTakenLater_data();
     void aResolutionThatNoDisplayHasIsNotTakenLater();
+    void aFactorOfNothingEndsNothing_data();
+    void aFactorOfNothingEndsNothing();
 
 private:
     std::unique_ptr<PublishedSettings> m_settings;
@@ -116,6 +118,27 @@ void LargeWindowsEndToEndTest::aResolutionThatNoDisplayHasIsNotTakenLater()
     QVERIFY(waitFor([&] { return hasPanel(2); }));
     m_settings->publish({ { "Xft/DPI", usual * dpi } });
     QVERIFY(waitFor([&] { return hasPanel(1); }));
+}
+
+void LargeWindowsEndToEndTest::aFactorOfNothingEndsNothing_data()
+{
+    QTest::addColumn<bool>("isThereAtStart");
+    QTest::newRow("at the start") << true;
+    QTest::newRow("while the shelf runs") << false;
+}
+
+// On this desktop the toolkit loads GTK for the look of its windows, which takes these settings, too.
+void LargeWindowsEndToEndTest::aFactorOfNothingEndsNothing()
+{
+    QFETCH(const bool, isThereAtStart);
+    constexpr int muchLonger = 500;
+    const auto hasPanel = [&] { return screen().window("nookle", panelWidth).has_value(); };
+    m_desktop->setVariable(QStringLiteral("XDG_CURRENT_DESKTOP"), QStringLiteral("XFCE"));
+    m_settings->publish({ { "Gdk/WindowScalingFactor", isThereAtStart ? 0 : 1 } });
+    QVERIFY(m_shelf->start());
+    QVERIFY(waitFor(hasPanel));
+    m_settings->publish({ { "Gdk/WindowScalingFactor", 0 } });
+    QVERIFY(holdsFor(hasPanel, muchLonger));
 }
 
 QTEST_GUILESS_MAIN(LargeWindowsEndToEndTest)
