@@ -40,10 +40,11 @@ void quit()
 } // namespace
 
 AppDelegate::AppDelegate(const Platform& platform, const QUrl& dataFolder,
-                         std::function<std::optional<Failure>()> claimFolder)
+                         std::function<std::optional<Failure>()> claimFolder, Introduction introduction)
     : m_platform(platform)
     , m_dataFolder(dataFolder)
     , m_claimFolder(std::move(claimFolder))
+    , m_introduction(introduction)
     , m_settings(platform.defaults)
     , m_selection([this] { return m_platform.pasteboard.selection(); },
                   [](const DropPayload& payload) { static_cast<void>(readSelection(payload)); },
@@ -291,7 +292,11 @@ void AppDelegate::applicationWillTerminate()
 
 void AppDelegate::showShelf()
 {
-    m_panelController->show();
+    const bool isIntroductionWanted = std::exchange(m_introduction, Introduction::none) == Introduction::wanted;
+    if (isIntroductionWanted && m_store->items().isEmpty())
+        introduceShelf();
+    else
+        m_panelController->show();
 }
 
 void AppDelegate::introduceShelf()

@@ -62,9 +62,13 @@ public:
         std::function<QString()> diagnostics;
     };
 
+    /// Whether the user has yet to be told how the shelf is opened.
+    enum class Introduction { none, wanted };
+
     /// All of `platform` must outlive the delegate. Only this program may use `dataFolder`; `claimFolder` ensures that
     /// (see `ShelfStore::Environment`).
-    AppDelegate(const Platform& platform, const QUrl& dataFolder, std::function<std::optional<Failure>()> claimFolder);
+    AppDelegate(const Platform& platform, const QUrl& dataFolder, std::function<std::optional<Failure>()> claimFolder,
+                Introduction introduction = Introduction::none);
     ~AppDelegate() override;
 
     /// Starts everything. Call it right before the application's event loop.
@@ -73,11 +77,9 @@ public:
     /// Saves all unsaved changes. Call it when the event loop has ended, and when the session is about to end.
     void applicationWillTerminate();
 
-    /// Shows the shelf. A second start of the program requests this.
+    /// Shows the shelf, because the user has started the program, perhaps once more. Where an introduction is wanted,
+    /// and nothing has been added meanwhile, the first call shows it for ten seconds, and says how it is opened.
     void showShelf();
-
-    /// Shows the shelf for ten seconds, and says how it is opened. For the very first start.
-    void introduceShelf();
 
     /// Adds the files and pages on a command line, of this start or of a later one. Returns the failure that the user
     /// was told.
@@ -86,6 +88,7 @@ public:
 private:
     void createPanel();
     void createShelfView();
+    void introduceShelf();
     void setUpStatusItem();
     void startEdgeMonitor();
     void watchTheEdge();
@@ -106,6 +109,7 @@ private:
     Platform m_platform;
     QUrl m_dataFolder;
     std::function<std::optional<Failure>()> m_claimFolder;
+    Introduction m_introduction;
     /// The store's last refusal since the present request began.
     std::optional<Failure> m_lastRefusal;
     AppSettings m_settings;

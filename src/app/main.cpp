@@ -60,17 +60,6 @@ void describeApplication()
     });
 }
 
-/// What the user sees of a start without anything to add.
-void greet(nookle::AppDelegate& delegate, nookle::StartReason reason, bool isFirst)
-{
-    if (reason != nookle::StartReason::user)
-        return;
-    if (isFirst)
-        delegate.introduceShelf();
-    else
-        delegate.showShelf();
-}
-
 /// The delegate that has something to save; null before and after.
 nookle::AppDelegate* savedAtExit = nullptr;
 
@@ -86,16 +75,19 @@ int run(nookle::SingleInstance& instance, nookle::DesktopKind desktop, const QUr
 {
     const nookle::Translations translations(nookle::Translations::folder(QApplication::applicationDirPath()),
                                             QLocale::system().uiLanguages());
-    const bool isFirst = nookle::isFirstStart(dataFolder, nookle::SettingsUserDefaults::defaultPath());
+    const auto introduction = nookle::isFirstStart(dataFolder, nookle::SettingsUserDefaults::defaultPath())
+        ? nookle::AppDelegate::Introduction::wanted
+        : nookle::AppDelegate::Introduction::none;
     // Ends the program, because it cannot save its shelf any more.
     instance.onFolderLost = [] { QApplication::exit(EXIT_FAILURE); };
     nookle::LinuxPlatform platform(dataHome(), nookle::makeDesktopBackend(desktop));
-    nookle::AppDelegate delegate(platform.parts(), dataFolder, [&instance] { return instance.claimFolder(); });
+    nookle::AppDelegate delegate(
+        platform.parts(), dataFolder, [&instance] { return instance.claimFolder(); }, introduction);
     delegate.applicationDidFinishLaunching();
     if (!uris.isEmpty())
         delegate.open(uris);
-    else
-        greet(delegate, reason, isFirst);
+    else if (reason == nookle::StartReason::user)
+        delegate.showShelf();
     nookle::SessionEnd sessionEnd;
     sessionEnd.onSave = [&delegate] { delegate.applicationWillTerminate(); };
     sessionEnd.onEnd = [] { QApplication::exit(); };

@@ -47,6 +47,10 @@ private Q_SLOTS:
     void theActionOnTheBusShowsAndHides();
     void aSecondStartShowsTheShelf();
 
+    void aSecondStartGetsNoIntroduction();
+    void whatIsAddedAtTheFirstStartNeedsNoIntroduction_data();
+    void whatIsAddedAtTheFirstStartNeedsNoIntroduction();
+    void theFirstStartFromTheDesktopIntroducesTheShelfOnce();
     void theIntroductionIsOverAfterTenSeconds();
     void theIntroductionIsOverWhenThePointerHasBeenThere();
     void aRequestForTheFocusShowsTheShelf();
@@ -422,10 +426,52 @@ void AppDelegateTest::aSecondStartShowsTheShelf()
     QVERIFY(m_app->isShown());
 }
 
-void AppDelegateTest::theIntroductionIsOverAfterTenSeconds()
+void AppDelegateTest::aSecondStartGetsNoIntroduction()
 {
     m_app->start();
-    m_app->delegate->introduceShelf();
+    m_app->requests.onActivate();
+    m_app->queue.advance(60);
+    QVERIFY(m_app->isShown());
+    QVERIFY(!m_app->defaults.stored.contains(QStringLiteral("introduced")));
+}
+
+void AppDelegateTest::whatIsAddedAtTheFirstStartNeedsNoIntroduction_data()
+{
+    QTest::addColumn<bool>("isActivatedAfterwards");
+    QTest::newRow("added") << false;
+    QTest::newRow("added, then shown") << true;
+}
+
+void AppDelegateTest::whatIsAddedAtTheFirstStartNeedsNoIntroduction()
+{
+    QFETCH(const bool, isActivatedAfterwards);
+    m_app->start(AppDelegate::Introduction::wanted);
+    m_app->requests.onOpen({ QStringLiteral("https://example.org/") });
+    if (isActivatedAfterwards)
+        m_app->requests.onActivate();
+    m_app->queue.runPosted();
+    QVERIFY(m_app->isShown());
+    QVERIFY(!m_app->defaults.stored.contains(QStringLiteral("introduced")));
+}
+
+void AppDelegateTest::theFirstStartFromTheDesktopIntroducesTheShelfOnce()
+{
+    m_app->start(AppDelegate::Introduction::wanted);
+    QVERIFY(!m_app->isShown());
+    m_app->requests.onActivate();
+    QVERIFY(m_app->isShown());
+    QCOMPARE(m_app->defaults.stored.value(QStringLiteral("introduced")), QVariant(true));
+    m_app->queue.advance(10);
+    QVERIFY(!m_app->isShown());
+    m_app->requests.onActivate();
+    m_app->queue.advance(60);
+    QVERIFY(m_app->isShown());
+}
+
+void AppDelegateTest::theIntroductionIsOverAfterTenSeconds()
+{
+    m_app->start(AppDelegate::Introduction::wanted);
+    m_app->delegate->showShelf();
     QVERIFY(m_app->isShown());
     m_app->queue.advance(9.9);
     QVERIFY(m_app->isShown());
@@ -436,8 +482,8 @@ void AppDelegateTest::theIntroductionIsOverAfterTenSeconds()
 
 void AppDelegateTest::theIntroductionIsOverWhenThePointerHasBeenThere()
 {
-    m_app->start();
-    m_app->delegate->introduceShelf();
+    m_app->start(AppDelegate::Introduction::wanted);
+    m_app->delegate->showShelf();
     m_app->queue.advance(1);
     m_app->desktop.window->onMouseEntered();
     m_app->queue.advance(60);

@@ -220,7 +220,7 @@ struct AppFixture {
     [[nodiscard]] QUrl dataFolder() const { return child(fileUrl(directory.path().toUtf8()), QStringLiteral("data")); }
     [[nodiscard]] QUrl screenshotFolder() const { return fileUrl(directory.path().toUtf8()); }
 
-    void start()
+    void start(AppDelegate::Introduction introduction = AppDelegate::Introduction::none)
     {
         delegate = std::make_unique<AppDelegate>(
             AppDelegate::Platform{
@@ -242,7 +242,7 @@ struct AppFixture {
                 .screenshotSettings = screenshotSettings,
                 .diagnostics = [] { return QStringLiteral("all there is to know"); },
             },
-            dataFolder(), [] { return std::optional<Failure>(); });
+            dataFolder(), [] { return std::optional<Failure>(); }, introduction);
         journal.clear();
         delegate->applicationDidFinishLaunching();
     }

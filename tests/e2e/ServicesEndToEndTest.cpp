@@ -77,6 +77,7 @@ private Q_SLOTS:
     void theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstShowing();
     void aPinnedShelfReservesItsSpaceWhileItIsShown();
     void theFirstStartByHandIntroducesTheShelf();
+    void theFirstStartFromTheMenuIntroducesTheShelf();
     void aStartWithTheSessionShowsNothing();
     void aBusThatDiesAfterALinkWasLookedUpLeavesTheShelfWorking();
 
@@ -455,6 +456,18 @@ void ServicesEndToEndTest::theFirstStartByHandIntroducesTheShelf()
     QVERIFY(m_shelf->stop());
     QVERIFY(m_shelf->start());
     QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+}
+
+void ServicesEndToEndTest::theFirstStartFromTheMenuIntroducesTheShelf()
+{
+    constexpr int introductionTime = 10000;
+    QCOMPARE(m_client->call(applicationInterface(), QStringLiteral("Activate"), { QVariantMap() }).type(),
+             QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([this] { return m_shelf->isAtRest(screenWidth); }));
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }, introductionTime + 5000));
+    QFile settings(m_desktop->home(QStringLiteral("config/Nookle/Nookle.conf")));
+    QVERIFY(settings.open(QIODevice::ReadOnly));
+    QVERIFY(settings.readAll().contains("introduced=true"));
 }
 
 void ServicesEndToEndTest::aStartWithTheSessionShowsNothing()
