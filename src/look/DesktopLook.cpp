@@ -3,6 +3,7 @@
 #include "FontDescription.h"
 
 #include <QDBusArgument>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -62,14 +63,21 @@ constexpr uint prefersLight = 2;
     return font && isForText(font->pointSizeF()) ? font : std::nullopt;
 }
 
-// Desktops without a preference of their own have themes instead, whose dark ones say so in their names.
+/// Whether the name of a theme says that its windows are dark. In those that are "darker" only the titles are.
+[[nodiscard]] bool isDarkTheme(const QString& name)
+{
+    static const QRegularExpression dark(QStringLiteral("dark(?!er)"), QRegularExpression::CaseInsensitiveOption);
+    return name.contains(dark);
+}
+
+// Desktops without a preference of their own have themes instead.
 [[nodiscard]] std::optional<bool> isDark(const PortalSettings& portal, const ToolkitSettings::Values& toolkit)
 {
     const uint preference = value(portal, appearance, "color-scheme").toUInt();
     if (preference == prefersDark || preference == prefersLight)
         return preference == prefersDark;
     const auto theme = text(toolkit, "Net/ThemeName", value(portal, gnome, "gtk-theme"));
-    return theme ? std::optional(theme->contains(QLatin1String("dark"), Qt::CaseInsensitive)) : std::nullopt;
+    return theme ? std::optional(isDarkTheme(*theme)) : std::nullopt;
 }
 
 /// Three numbers from 0 to 1. Others mean that the desktop has no accent color.

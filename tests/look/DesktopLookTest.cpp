@@ -66,6 +66,9 @@ void DesktopLookTest::darkByPreferenceOrTheme_data()
     QTest::newRow("no preference") << QVariant(0U) << QStringLiteral("Greybird") << false;
     QTest::newRow("no preference, dark theme") << QVariant(0U) << QStringLiteral("Greybird-dark") << true;
     QTest::newRow("theme alone") << QVariant() << QStringLiteral("Mint-Y-Dark-Aqua") << true;
+    QTest::newRow("dark titles") << QVariant() << QStringLiteral("Mint-Y-Darker") << false;
+    QTest::newRow("dark titles and an accent") << QVariant(0U) << QStringLiteral("Arc-Darker-solid") << false;
+    QTest::newRow("dark to the end") << QVariant() << QStringLiteral("Arc-Dark") << true;
     QTest::newRow("light theme alone") << QVariant() << QStringLiteral("BlackMATE") << false;
 }
 
