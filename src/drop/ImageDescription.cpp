@@ -22,18 +22,51 @@ inline constexpr qsizetype longestDescription = 80;
 inline constexpr qsizetype searchedPage = 1 << 16;
 inline constexpr qsizetype longestTag = 1 << 12;
 
-[[nodiscard]] QString withoutEntities(QString text)
+/// The characters that browsers write as named entities.
+[[nodiscard]] QString namedCharacter(QStringView name)
 {
-    constexpr std::array<std::pair<const char*, char>, 7> entities{ { { "&quot;", '"' },
-                                                                      { "&#34;", '"' },
-                                                                      { "&apos;", '\'' },
-                                                                      { "&#39;", '\'' },
-                                                                      { "&lt;", '<' },
-                                                                      { "&gt;", '>' },
-                                                                      { "&amp;", '&' } } };
-    for (const auto& [entity, character] : entities)
-        text.replace(QLatin1String(entity), QString(QLatin1Char(character)));
-    return text;
+    constexpr std::array<std::pair<const char*, char16_t>, 6> entities{ {
+        { "amp", u'&' },
+        { "apos", u'\'' },
+        { "gt", u'>' },
+        { "lt", u'<' },
+        { "nbsp", u'\u00a0' },
+        { "quot", u'"' },
+    } };
+    for (const auto& [entity, character] : entities) {
+        if (name == QLatin1String(entity))
+            return QChar(character);
+    }
+    return {};
+}
+
+/// The character of a number such as "#233" or "#xe9"; a replacement character if there is none of that number.
+[[nodiscard]] QString numberedCharacter(QStringView number)
+{
+    constexpr int decimal = 10;
+    constexpr int hexadecimal = 16;
+    const bool isHexadecimal = number.mid(1).startsWith(QLatin1Char('x'), Qt::CaseInsensitive);
+    bool isNumber = false;
+    const char32_t code = number.mid(isHexadecimal ? 2 : 1).toUInt(&isNumber, isHexadecimal ? hexadecimal : decimal);
+    if (!isNumber || code == 0 || code > QChar::LastValidCodePoint || QChar::isSurrogate(code))
+        return QChar(QChar::ReplacementCharacter);
+    return QString::fromUcs4(&code, 1);
+}
+
+[[nodiscard]] QString withoutEntities(const QString& text)
+{
+    static const QRegularExpression entity(QStringLiteral("&(#[0-9]+|#[xX][0-9a-fA-F]+|[a-z]+);"));
+    QString decoded;
+    qsizetype end = 0;
+    for (auto matches = entity.globalMatch(text); matches.hasNext();) {
+        const QRegularExpressionMatch match = matches.next();
+        const QStringView name = match.capturedView(1);
+        const QString character = name.startsWith(QLatin1Char('#')) ? numberedCharacter(name) : namedCharacter(name);
+        decoded += QStringView(text).mid(end, match.capturedStart() - end);
+        decoded += character.isEmpty() ? match.captured() : character;
+        end = match.capturedEnd();
+    }
+    return decoded + QStringView(text).mid(end);
 }
 
 /// The text of the first image in the page; empty if it has none.

@@ -221,6 +221,14 @@ void DropImageTest::withoutANameWhatThePageSaysOfItIsTheName_data()
     QTest::newRow("single quotes") << QByteArray("<IMG ALT='A red fox' src='a'>") << QStringLiteral("A red fox");
     QTest::newRow("entities") << QByteArray("<img alt=\"Fish &amp; chips &lt;3 &quot;x&quot;\">")
                               << QStringLiteral("Fish & chips <3 \"x\"");
+    QTest::newRow("a space that does not break")
+        << QByteArray("<img alt=\"A&nbsp;red&#160;fox&#xA0;runs\">") << QStringLiteral("A red fox runs");
+    QTest::newRow("numbers") << QByteArray("<img alt=\"Caf&#233; &#x1F98A; &#39;x&#X27;\">")
+                             << QStringLiteral("Café 🦊 'x'");
+    QTest::newRow("no entities after all")
+        << QByteArray("<img alt=\"AT&T &amp;lt; &such; &#;&#xg;\">") << QStringLiteral("AT&T &lt; &such; &#;&#xg;");
+    QTest::newRow("numbers of no character") << QByteArray("<img alt=\"a&#0;b&#xD800;c&#1114112;d&#99999999999;\">")
+                                             << QStringLiteral("a\uFFFDb\uFFFDc\uFFFDd\uFFFD");
     QTest::newRow("several lines") << QByteArray("<img alt=\" A\n red  fox \">") << QStringLiteral("A red fox");
     QTest::newRow("a > in another attribute")
         << QByteArray("<img title=\"a > b\" alt=\"A red fox\">") << QStringLiteral("A red fox");
