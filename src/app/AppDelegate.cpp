@@ -70,7 +70,8 @@ void AppDelegate::applicationDidFinishLaunching()
         m_settings, m_platform.loginItem, m_platform.desktop.globalShortcuts(),
         SettingsView::Abilities{ .canReserveSpace = m_platform.desktop.canReserveSpace() },
         [this] { return m_screenshotWatcher.screenshotDirectory(); },
-        DataFolderRow::Folder{ m_dataFolder, [this](const QUrl& folder) { m_platform.workspace.open(folder); } },
+        DataFolderRow::Folder{ m_dataFolder, [this](const QUrl& folder) { m_platform.workspace.open(folder); },
+                               m_platform.folders },
         [this] { m_platform.pasteboard.writeText(m_platform.diagnostics()); });
     setUpStatusItem();
     startEdgeMonitor();

@@ -307,6 +307,8 @@ void AppDelegateTest::aScreenshotIsIgnoredOnceTheUserWantsNone()
 
 void AppDelegateTest::theFolderOfScreenshotsIsWatchedWhileTheUserWantsIt()
 {
+    // Otherwise the open settings wait for it.
+    QVERIFY(QDir().mkpath(QFile::decodeName(filePath(m_app->dataFolder()))));
     m_app->start();
     QCOMPARE(m_app->folders.subscriptions(), std::size_t{ 0 });
     for (int round = 0; round < 3; ++round) {

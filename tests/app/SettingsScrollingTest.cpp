@@ -2,6 +2,7 @@
 
 #include "FittingScrollArea.h"
 
+#include "FakeFolderWatch.h"
 #include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
@@ -49,6 +50,7 @@ private:
     AppSettings m_settings{ m_defaults };
     FakeLoginItem m_loginItem;
     FakeGlobalShortcuts m_shortcuts;
+    FakeFolderWatch m_folders;
     std::unique_ptr<SettingsWindowController> m_controller;
     QDialog* m_window = nullptr;
 };
@@ -65,7 +67,7 @@ void SettingsScrollingTest::init()
     m_controller = std::make_unique<SettingsWindowController>(
         m_settings, m_loginItem, m_shortcuts, SettingsView::Abilities(),
         [] { return QUrl(QStringLiteral("file:///home/me/Pictures")); },
-        DataFolderRow::Folder{ QUrl(QStringLiteral("file:///home/me/Nookle")), [](const QUrl&) {} }, [] {});
+        DataFolderRow::Folder{ QUrl(QStringLiteral("file:///home/me/Nookle")), [](const QUrl&) {}, m_folders }, [] {});
 }
 
 void SettingsScrollingTest::cleanup()

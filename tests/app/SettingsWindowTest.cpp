@@ -1,5 +1,6 @@
 #include "SettingsWindowController.h"
 
+#include "FakeFolderWatch.h"
 #include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
@@ -12,6 +13,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -90,6 +92,7 @@ private Q_SLOTS:
     void theFolderIsShownAsItIsNow();
     void aPathIsShownAsItIsAndNeverWidensTheWindow();
     void theButtonOpensTheFolderOfTheShelfOnceItIsThere();
+    void theButtonFollowsTheFolderThatComesWhileTheWindowIsOpen();
     void noLabelTakesItsTextForMarkup();
     void controlCharactersInAPathAreNotShown();
 
@@ -121,6 +124,7 @@ private:
     std::unique_ptr<FakeLoginItem> m_loginItem;
     std::unique_ptr<FakeGlobalShortcuts> m_shortcuts;
     QTemporaryDir m_dataFolder;
+    FakeFolderWatch m_folders;
     QList<QUrl> m_opened;
     std::unique_ptr<SettingsWindowController> m_controller;
     QUrl m_folder;
@@ -139,7 +143,7 @@ void SettingsWindowTest::init()
     m_controller = std::make_unique<SettingsWindowController>(
         *m_settings, *m_loginItem, *m_shortcuts, SettingsView::Abilities(), [this] { return m_folder; },
         DataFolderRow::Folder{ fileUrl(QFile::encodeName(m_dataFolder.path())),
-                               [this](const QUrl& folder) { m_opened.append(folder); } },
+                               [this](const QUrl& folder) { m_opened.append(folder); }, m_folders },
         [this] { ++m_copies; });
 }
 
@@ -460,6 +464,26 @@ void SettingsWindowTest::theButtonOpensTheFolderOfTheShelfOnceItIsThere()
     QVERIFY(button->isEnabled());
     button->click();
     QCOMPARE(m_opened, QList<QUrl>{ fileUrl(QFile::encodeName(path)) });
+}
+
+void SettingsWindowTest::theButtonFollowsTheFolderThatComesWhileTheWindowIsOpen()
+{
+    const QString path = m_dataFolder.path();
+    const QUrl above = fileUrl(QFile::encodeName(QFileInfo(path).path()));
+    m_folders.addFolder(above);
+    QVERIFY(QDir().rmdir(path));
+    open();
+    const auto* button = window()->findChild<DataFolderRow*>()->findChild<QPushButton*>();
+    m_folders.addEntry(above, "something else");
+    QVERIFY(!button->isEnabled());
+    QVERIFY(QDir().mkpath(path));
+    m_folders.addEntry(above, "Nookle");
+    QVERIFY(button->isEnabled());
+    window()->close();
+    QCOMPARE(m_folders.subscriptions(), std::size_t{ 0 });
+    // There is nothing more to wait for.
+    open();
+    QCOMPARE(m_folders.subscriptions(), std::size_t{ 0 });
 }
 
 void SettingsWindowTest::noLabelTakesItsTextForMarkup()

@@ -13,7 +13,7 @@ InterfaceInLanguage::InterfaceInLanguage(const QString& language, LanguageInUse:
     , m_controller(
           m_settings, m_loginItem, m_shortcuts, SettingsView::Abilities(),
           [] { return QUrl(QStringLiteral("file:///home/me/Pictures/Shots")); },
-          { QUrl(QStringLiteral("file:///home/me/.local/share/Nookle")), [](const QUrl&) {} }, [] {})
+          { QUrl(QStringLiteral("file:///home/me/.local/share/Nookle")), [](const QUrl&) {}, m_folders }, [] {})
 {
     m_loginItem.current = LoginItem::Status::requiresApproval;
     m_shortcuts.reason = QStringLiteral("123");

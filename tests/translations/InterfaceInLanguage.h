@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppSettings.h"
+#include "FakeFolderWatch.h"
 #include "FakeGlobalShortcuts.h"
 #include "FakeLoginItem.h"
 #include "FakeUserDefaults.h"
@@ -36,6 +37,7 @@ private:
     AppSettings m_settings{ m_defaults };
     FakeLoginItem m_loginItem;
     FakeGlobalShortcuts m_shortcuts;
+    FakeFolderWatch m_folders;
     SettingsWindowController m_controller;
     ShelfFixture m_empty;
     ShelfFixture m_full;

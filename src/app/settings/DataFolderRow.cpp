@@ -12,6 +12,15 @@
 
 namespace nookle {
 
+namespace {
+
+[[nodiscard]] QUrl folderAbove(const QUrl& folder)
+{
+    return standardized(child(folder, QStringLiteral("..")));
+}
+
+} // namespace
+
 DataFolderRow::DataFolderRow(Folder folder)
     : m_folder(std::move(folder))
     , m_button(new QPushButton(tr("Open Folder")))
@@ -29,8 +38,21 @@ DataFolderRow::DataFolderRow(Folder folder)
 // The folder is made when something is saved for the first time.
 void DataFolderRow::showEvent(QShowEvent* event)
 {
-    m_button->setEnabled(QFileInfo::exists(QFile::decodeName(filePath(m_folder.url))));
+    updateButton();
+    if (!m_button->isEnabled())
+        m_appearance = m_folder.watch.watch(folderAbove(m_folder.url), [this] { updateButton(); }).subscription;
     QWidget::showEvent(event);
+}
+
+void DataFolderRow::hideEvent(QHideEvent* event)
+{
+    m_appearance.reset();
+    QWidget::hideEvent(event);
+}
+
+void DataFolderRow::updateButton()
+{
+    m_button->setEnabled(QFileInfo::exists(QFile::decodeName(filePath(m_folder.url))));
 }
 
 } // namespace nookle
