@@ -45,6 +45,8 @@ private Q_SLOTS:
     void theMenuKeyScrollsToTheCurrentTile();
     void typingFindsAName();
     void spaceIsPartOfANameWhileItIsTyped();
+    void whatAnInputMethodComposesFindsAName();
+    void aSpaceOfAnInputMethodBeginsNoSearch();
     void tabGoesToTheHeaderAndBack();
     void returnPressesThePin();
     void thePinShowsFocusHoverAndPress();
@@ -67,6 +69,12 @@ private:
                 return item.displayName();
         }
         return {};
+    }
+    static void commit(const QString& text)
+    {
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(QApplication::focusWidget(), &event);
     }
     void addTexts(int count)
     {
@@ -343,7 +351,7 @@ void KeyboardTest::theFirstArrowAfterTheShelfTookTheKeysChoosesTheFirstTile()
     m_shelf->view.findChild<PinButton*>()->setFocus();
     m_shelf->view.beginKeys();
     key(Qt::Key_Up);
-    QCOMPARE(current(), QStringLiteral("19"));
+    QCOMPARE(current(), QStringLiteral("0"));
 }
 
 void KeyboardTest::theFrameSurvivesTheMenu()
@@ -394,6 +402,39 @@ void KeyboardTest::spaceIsPartOfANameWhileItIsTyped()
         key(each);
     QCOMPARE(current(), QStringLiteral("a c"));
     QVERIFY(!m_shelf->store.items().at(1).pinned);
+}
+
+void KeyboardTest::whatAnInputMethodComposesFindsAName()
+{
+    m_shelf->store.addText(QStringLiteral("étude"));
+    m_shelf->store.addText(QStringLiteral("Été"));
+    key(Qt::Key_End);
+    QInputMethodQueryEvent query(Qt::ImEnabled);
+    QApplication::sendEvent(QApplication::focusWidget(), &query);
+    QVERIFY(query.value(Qt::ImEnabled).toBool());
+    // What is not committed yet is no search.
+    QInputMethodEvent composing(QStringLiteral("´"), {});
+    QApplication::sendEvent(QApplication::focusWidget(), &composing);
+    QCOMPARE(current(), QStringLiteral("19"));
+    commit(QStringLiteral("é"));
+    QCOMPARE(current(), QStringLiteral("Été"));
+    key(Qt::Key_T);
+    QCOMPARE(current(), QStringLiteral("Été"));
+    key(Qt::Key_U);
+    QCOMPARE(current(), QStringLiteral("étude"));
+    QVERIFY(list().tile(*list().currentId())->isFocused());
+}
+
+void KeyboardTest::aSpaceOfAnInputMethodBeginsNoSearch()
+{
+    m_shelf->store.addText(QStringLiteral("a b"));
+    commit(QStringLiteral(" "));
+    key(Qt::Key_End);
+    commit(QStringLiteral("a"));
+    commit(QStringLiteral(" b"));
+    QCOMPARE(current(), QStringLiteral("a b"));
+    key(Qt::Key_Delete);
+    QCOMPARE(m_shelf->store.items().size(), 20);
 }
 
 void KeyboardTest::tabGoesToTheHeaderAndBack()

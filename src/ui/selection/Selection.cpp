@@ -95,7 +95,7 @@ std::optional<std::size_t> Selection::rowForKey(int key, qsizetype shownRows) co
         return std::nullopt;
     const std::size_t last = m_rows.size() - 1;
     if (!m_currentRow)
-        return key == Qt::Key_Up || key == Qt::Key_End ? last : 0;
+        return key == Qt::Key_End ? last : 0;
     const auto page = static_cast<std::size_t>(std::max<qsizetype>(shownRows, 2) - 1);
     const std::size_t row = *m_currentRow;
     switch (key) {

@@ -21,6 +21,11 @@ namespace {
 inline constexpr int margin = 6;
 inline constexpr int gap = 4;
 
+[[nodiscard]] bool isShortcut(const QKeyEvent& event)
+{
+    return event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+}
+
 } // namespace
 
 TileList::TileList(MainQueue& queue, QWidget* parent)
@@ -31,6 +36,9 @@ TileList::TileList(MainQueue& queue, QWidget* parent)
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    setInputMethodHints(Qt::ImhNoPredictiveText | Qt::ImhNoAutoUppercase);
+    m_time.start();
     setAccessibleName(tr("Shelf"));
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -230,9 +238,16 @@ void TileList::keyPressEvent(QKeyEvent* event)
         [[fallthrough]];
     default:
         // Everything else is for the owner.
-        if (!findName(*event))
+        if (isShortcut(*event) || !findName(event->text()))
             event->ignore();
     }
+}
+
+// Letters that need several keys come from here.
+void TileList::inputMethodEvent(QInputMethodEvent* event)
+{
+    static_cast<void>(findName(event->commitString()));
+    event->accept();
 }
 
 void TileList::keyReleaseEvent(QKeyEvent* event)
@@ -242,16 +257,15 @@ void TileList::keyReleaseEvent(QKeyEvent* event)
     event->ignore();
 }
 
-bool TileList::findName(const QKeyEvent& event)
+bool TileList::findName(const QString& typed)
 {
-    const bool isText = !event.text().isEmpty() && event.text().front().isPrint()
-        && !(event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+    const auto time = static_cast<quint64>(m_time.elapsed());
+    const bool isText = !typed.isEmpty() && typed.front().isPrint();
     // No name begins with a space, and the owner uses that key.
-    if (!isText || (event.key() == Qt::Key_Space && !m_search.isUnderWay(event.timestamp())))
+    if (!isText || (typed.front().isSpace() && !m_search.isUnderWay(time)))
         return false;
     m_usesKeys = true;
-    if (const auto row = m_search.find(event.text(), event.timestamp(), m_selection.currentRow(),
-                                       m_selection.rows().size(), tileName))
+    if (const auto row = m_search.find(typed, time, m_selection.currentRow(), m_selection.rows().size(), tileName))
         moveTo(*row, {});
     return true;
 }

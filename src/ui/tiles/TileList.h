@@ -10,6 +10,7 @@
 #include "WheelScroll.h"
 
 #include <QAbstractScrollArea>
+#include <QElapsedTimer>
 #include <QUuid>
 
 #include <functional>
@@ -112,6 +113,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -123,8 +125,8 @@ private:
     void placeTiles(bool refill);
     [[nodiscard]] ShelfItemView* newTile(const QUuid& id);
     [[nodiscard]] int tileWidth() const;
-    /// Whether the key was typed to find a name.
-    [[nodiscard]] bool findName(const QKeyEvent& event);
+    /// Goes to the next row whose name begins with what was typed. Returns false if it is not meant for that.
+    [[nodiscard]] bool findName(const QString& typed);
     void moveTo(std::size_t row, Qt::KeyboardModifiers modifiers);
     void scrollTo(std::size_t row);
     void bringIntoView(std::size_t row);
@@ -145,6 +147,8 @@ private:
     std::optional<QUuid> m_arrived;
     bool m_usesKeys = false;
     NameSearch m_search;
+    /// Since the list was made. Input methods do not tell when something was typed.
+    QElapsedTimer m_time;
     HeldKey m_heldKey;
     BandSelection m_band;
 };
