@@ -67,8 +67,9 @@ const QString gnome = QStringLiteral("org.gnome.desktop.interface");
 
 } // namespace
 
-DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit)
+DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit, ReadPalette readPalette)
     : m_toolkit(toolkit)
+    , m_readPalette(std::move(readPalette))
     , m_own(QGuiApplication::palette())
 {
     if (m_toolkit)
@@ -77,6 +78,29 @@ DesktopAppearance::DesktopAppearance(ToolkitSettings* toolkit)
         apply(m_look);
     update();
     followPortal();
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+// The toolkit tells all windows, and not the application: colours that were set here hide its own.
+bool DesktopAppearance::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ThemeChange && !std::exchange(m_isOwnOutdated, true))
+        QMetaObject::invokeMethod(this, &DesktopAppearance::readOwnPalette, Qt::QueuedConnection);
+    return QObject::eventFilter(watched, event);
+}
+
+QPalette DesktopAppearance::toolkitPalette()
+{
+    QGuiApplication::setPalette(QPalette());
+    return QGuiApplication::palette();
+}
+
+void DesktopAppearance::readOwnPalette()
+{
+    m_isOwnOutdated = false;
+    m_own = m_readPalette();
+    if (m_look != DesktopLook() || hasFaintTexts(m_own))
+        applyPalette();
 }
 
 void DesktopAppearance::followPortal()
@@ -141,6 +165,11 @@ void DesktopAppearance::apply(const DesktopLook& previous)
         QIcon::setThemeName(*m_look.iconTheme);
     if (m_look.font && m_look.font != previous.font)
         QGuiApplication::setFont(*m_look.font);
+    applyPalette();
+}
+
+void DesktopAppearance::applyPalette()
+{
     QGuiApplication::setPalette(desktopPalette(m_own, m_look));
 }
 

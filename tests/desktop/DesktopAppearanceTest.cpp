@@ -12,6 +12,7 @@
 #include <QIcon>
 #include <QPalette>
 #include <QTest>
+#include <QWindow>
 
 #include <memory>
 
@@ -100,6 +101,8 @@ private Q_SLOTS:
     void iconsFontAndAccentAreTakenOver();
     void theSettingsForAllToolkitsAreFollowed();
     void coloursThatAreDarkAlreadyAreLeftAlone();
+    void aChangeOfTheToolkitsOwnColoursIsFollowed();
+    void withoutAnySettingsTheToolkitsOwnColoursAreLeftAlone();
     void plasmaIsNotGivenTheSettingsOfAnotherDesktop();
     void plasmasOwnIconsAreTakenOver();
     void withoutTheServiceNothingChanges();
@@ -108,6 +111,8 @@ private Q_SLOTS:
 private:
     [[nodiscard]] static bool isDark() { return QGuiApplication::palette().color(QPalette::Window).lightness() < 100; }
     void startService(uint scheme);
+    /// As the toolkit does when its theme has changed.
+    static void changeTheme();
     /// Returns once everything that was sent has come.
     static void settle();
 
@@ -152,6 +157,15 @@ void DesktopAppearanceTest::startService(uint scheme)
     QVERIFY(bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), m_settings.get(),
                                QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals));
     QVERIFY(bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+}
+
+void DesktopAppearanceTest::changeTheme()
+{
+    for (int number = 0; number < 2; ++number) {
+        QWindow window;
+        QEvent change(QEvent::ThemeChange);
+        QCoreApplication::sendEvent(&window, &change);
+    }
 }
 
 void DesktopAppearanceTest::settle()
@@ -285,6 +299,40 @@ void DesktopAppearanceTest::coloursThatAreDarkAlreadyAreLeftAlone()
                                       QDBusVariant(1U));
     settle();
     QCOMPARE(QGuiApplication::palette().color(QPalette::Window), QColor(0x10, 0x20, 0x30));
+}
+
+void DesktopAppearanceTest::aChangeOfTheToolkitsOwnColoursIsFollowed()
+{
+    startService(2);
+    QPalette own = m_light;
+    int readings = 0;
+    const DesktopAppearance appearance(nullptr, [&] {
+        ++readings;
+        return own;
+    });
+    QTRY_VERIFY(appearance.look().isDark.has_value());
+    Q_EMIT m_settings->SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
+                                      QDBusVariant(1U));
+    QTRY_VERIFY(isDark());
+    own = QPalette(QColor(0x10, 0x20, 0x30));
+    own.setColor(QPalette::WindowText, Qt::white);
+    changeTheme();
+    QTRY_COMPARE(QGuiApplication::palette().color(QPalette::Window), QColor(0x10, 0x20, 0x30));
+    QCOMPARE(readings, 1);
+    own.setColor(QPalette::Window, QColor(0x30, 0x20, 0x10));
+    changeTheme();
+    QTRY_COMPARE(QGuiApplication::palette().color(QPalette::Window), QColor(0x30, 0x20, 0x10));
+    QCOMPARE(readings, 2);
+}
+
+void DesktopAppearanceTest::withoutAnySettingsTheToolkitsOwnColoursAreLeftAlone()
+{
+    const DesktopAppearance appearance;
+    settle();
+    changeTheme();
+    QCoreApplication::processEvents();
+    // Where the program has set none, the toolkit's next ones show by themselves.
+    QVERIFY(!QCoreApplication::testAttribute(Qt::AA_SetPalette));
 }
 
 void DesktopAppearanceTest::plasmaIsNotGivenTheSettingsOfAnotherDesktop()
