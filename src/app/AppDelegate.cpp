@@ -109,6 +109,7 @@ void AppDelegate::createPanel()
         m_shelfView->beginKeys();
         m_panelWindow->takeFocus();
     };
+    m_panelController->onShownChanged = [this](bool isShown) { m_panelContent->setTakesKeys(isShown); };
     m_panelContent->onFocusChanged = [this](bool hasFocus) { m_panelController->focusChanged(hasFocus); };
     const auto followReservation = [this] { m_panelController->setReservesSpace(m_settings.reservesSpace()); };
     connect(&m_settings, &AppSettings::reservesSpaceChanged, this, followReservation);

@@ -87,6 +87,7 @@ void PanelController::slideIn(const QRectF& display)
 {
     m_isLooking = false;
     m_isShown = true;
+    onShownChanged(true);
     m_display = m_displays.identity(display);
     m_store.refreshFiles();
     const QRectF resting = restingFrame(m_displays.visibleFrame(display));
@@ -128,6 +129,7 @@ void PanelController::hide()
 
     m_isShown = false;
     m_isForKeys = false;
+    onShownChanged(false);
     updateReservation();
     const QRectF frame = m_panel.frame();
     m_panel.animateFrame(frame.translated(frame.width(), 0), slideDuration, Easing::in, m_lifetime.guarded([this] {

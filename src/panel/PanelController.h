@@ -42,6 +42,9 @@ public:
     /// Gives the panel the keyboard focus. Set by the owner.
     std::function<void()> onTakeFocus = [] {};
 
+    /// Called when the panel begins to slide in (true) or out (false). Set by the owner.
+    std::function<void(bool isShown)> onShownChanged = [](bool) {};
+
     /// Call this when the panel has got the keyboard focus (true) or lost it.
     void focusChanged(bool hasFocus);
 

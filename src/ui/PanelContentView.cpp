@@ -17,6 +17,8 @@ PanelContentView::PanelContentView()
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowTitle(QStringLiteral("Nookle"));
     resize(1, 1);
+    // The window gets the keys before the widget in it that has the focus.
+    panelWindow().installEventFilter(this);
 }
 
 void PanelContentView::setContent(QWidget* content)
@@ -111,6 +113,18 @@ void PanelContentView::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::ActivationChange)
         onFocusChanged(isActiveWindow());
+}
+
+bool PanelContentView::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::ContextMenu:
+        return !m_takesKeys;
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
 }
 
 QWindow& PanelContentView::panelWindow()

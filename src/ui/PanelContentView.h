@@ -24,6 +24,10 @@ public:
     /// itself stays where it is, so that a drag finds it there. With an offset greater than the width it is out of
     /// sight.
     void setContentOffset(double offset);
+
+    /// Whether the content gets what is typed. A window that goes has the keyboard focus for a moment longer.
+    void setTakesKeys(bool takesKeys) { m_takesKeys = takesKeys; }
+
     /// Called when the window has got the keyboard focus (true) or lost it. Set by the owner.
     std::function<void(bool hasFocus)> onFocusChanged = [](bool) {};
 
@@ -37,6 +41,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     [[nodiscard]] bool isOutOfSight() const { return m_offset > width(); }
@@ -45,6 +50,7 @@ private:
     void endSliding();
 
     QPointer<QWidget> m_content;
+    bool m_takesKeys = true;
     double m_offset = 0;
     /// The content as it was when it began to slide; null while it is at rest.
     QPixmap m_picture;

@@ -74,6 +74,7 @@ private Q_SLOTS:
     void theInstalledProgramSpeaksTheUsersLanguage();
     void whereTextRunsFromTheRightThePanelStaysAtTheRight();
     void theActionGivesTheShelfTheFocusAndEscapeGivesItBack();
+    void whatIsTypedAfterEscapeIsNotForTheShelfThatGoes();
     void theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstShowing();
     void aPinnedShelfReservesItsSpaceWhileItIsShown();
     void theFirstStartByHandIntroducesTheShelf();
@@ -400,6 +401,27 @@ void ServicesEndToEndTest::theActionGivesTheShelfTheFocusAndEscapeGivesItBack()
     screen.pressKey(escape);
     screen.releaseKey(escape);
     QVERIFY(waitFor([&] { return !m_shelf->panel() && screen.focus() == peer; }));
+}
+
+void ServicesEndToEndTest::whatIsTypedAfterEscapeIsNotForTheShelfThatGoes()
+{
+    QVERIFY(m_shelf->start());
+    XScreen& screen = m_desktop->screen();
+    QCOMPARE(m_client->addToShelf({}, QStringLiteral("words")).type(), QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([this] { return m_shelf->savedItems().size() == 1; }));
+    const QVariantList focus{ QStringLiteral("focus"), QVariantList(), QVariantMap() };
+    QCOMPARE(m_client->call(applicationInterface(), QStringLiteral("ActivateAction"), focus).type(),
+             QDBusMessage::ReplyMessage);
+    QVERIFY(waitFor([&] { return m_shelf->panel() && screen.focus() == m_shelf->panel()->id; }));
+    constexpr xcb_keysym_t down = 0xff54;
+    constexpr xcb_keysym_t remove = 0xffff;
+    constexpr xcb_keysym_t escape = 0xff1b;
+    for (const xcb_keysym_t each : { down, escape, remove }) {
+        screen.pressKey(each);
+        screen.releaseKey(each);
+    }
+    QVERIFY(waitFor([this] { return !m_shelf->panel(); }));
+    QVERIFY(holdsFor([this] { return m_shelf->savedItems().size() == 1; }, 1000));
 }
 
 void ServicesEndToEndTest::theShortcutWithShiftGivesTheShelfTheFocusAtItsFirstShowing()

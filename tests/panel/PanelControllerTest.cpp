@@ -99,6 +99,7 @@ private Q_SLOTS:
     void showingAgainKeepsAPanelThatWaitsForItsMenu();
     void aPinnedPanelStaysAfterItsMenuHasClosed();
     void aPanelForKeysTakesTheFocusAndStaysUntilItLosesIt();
+    void theBeginningsOfSlidesAreTold();
     void aPanelForKeysThatGetsNoFocusHidesAsUsual();
     void aPanelThatWasClickedHidesAsUsual();
     void thePanelTakesNoFocusUnderADrag();
@@ -612,6 +613,21 @@ void PanelControllerTest::aPanelForKeysTakesTheFocusAndStaysUntilItLosesIt()
     f.panel.scheduleHide(0.5);
     f.queue.advance(0.5);
     QVERIFY(!f.panel.isShown());
+}
+
+void PanelControllerTest::theBeginningsOfSlidesAreTold()
+{
+    Fixture& f = *m_fixture;
+    QList<bool> told;
+    f.panel.onShownChanged = [&](bool isShown) { told.append(isShown); };
+    f.panel.show();
+    f.panel.show();
+    QCOMPARE(told, QList<bool>{ true });
+    f.panel.hide();
+    f.panel.hide();
+    QCOMPARE(told, QList<bool>({ true, false }));
+    f.panel.show();
+    QCOMPARE(told, QList<bool>({ true, false, true }));
 }
 
 void PanelControllerTest::aPanelForKeysThatGetsNoFocusHidesAsUsual()

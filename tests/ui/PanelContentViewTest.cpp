@@ -7,12 +7,14 @@ using namespace nookle;
 
 namespace {
 
-/// One colour, with nothing above it, and how often it was painted.
+/// One colour, with nothing above it, how often it was painted, and how many keys it got.
 class Coloured final : public QWidget {
 public:
     int paintings = 0;
+    int keys = 0;
 
 protected:
+    void keyPressEvent(QKeyEvent* /*event*/) override { ++keys; }
     void paintEvent(QPaintEvent* /*event*/) override
     {
         ++paintings;
@@ -38,6 +40,7 @@ private Q_SLOTS:
     void aWindowThatIsShownForTheSlideBeginsEmpty();
     void aContentOutOfSightIsNotThereUntilItSlidesIn();
     void theContentHasTheKeysIfTheWindowGotThemBeforeItsSize();
+    void aWindowThatGoesGetsNoKeys();
 
 private:
     [[nodiscard]] QColor colorAt(int x, int y = 150) const;
@@ -84,6 +87,23 @@ void PanelContentViewTest::theContentHasTheKeysIfTheWindowGotThemBeforeItsSize()
     QVERIFY(!m_content->hasFocus());
     m_view->resize(112, 300);
     QVERIFY(m_content->hasFocus());
+}
+
+void PanelContentViewTest::aWindowThatGoesGetsNoKeys()
+{
+    m_content->setFocusPolicy(Qt::StrongFocus);
+    m_view->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
+    m_content->setFocus();
+    QWindow& window = m_view->panelWindow();
+    QTest::keyClick(&window, Qt::Key_Delete);
+    QCOMPARE(m_content->keys, 1);
+    m_view->setTakesKeys(false);
+    QTest::keyClick(&window, Qt::Key_Delete);
+    QCOMPARE(m_content->keys, 1);
+    m_view->setTakesKeys(true);
+    QTest::keyClick(&window, Qt::Key_Delete);
+    QCOMPARE(m_content->keys, 2);
 }
 
 QColor PanelContentViewTest::colorAt(int x, int y) const
