@@ -36,6 +36,7 @@ public:
     [[nodiscard]] virtual QString wantedKeys() const = 0;
 
     /// Why there are no bound keys, as a text for the user: the shortcut is not bound, or the desktop does not tell.
+    /// Where each shortcut is bound for itself, also which ones of the others are not, in a line each.
     [[nodiscard]] virtual QString obstacle() const = 0;
 
     /// Whether the desktop can be asked again for a shortcut that is not bound.

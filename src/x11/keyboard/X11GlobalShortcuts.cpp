@@ -62,11 +62,11 @@ std::unique_ptr<Cancellable> X11GlobalShortcuts::registerShortcut(QKeyCombinatio
         logLine((mayBeHeld ? QStringLiteral("another program may hold the shortcut %1")
                            : QStringLiteral("this keyboard has no keys for the shortcut %1"))
                     .arg(catalogueNames(keys)));
-        if (number == firstNumber)
-            m_firstRefusal = refusal(wanted);
         // A keyboard that comes later may have the keys.
-        if (mayBeHeld)
+        if (mayBeHeld) {
+            m_refusals.emplace(number, refusal(wanted));
             return nullptr;
+        }
     }
     m_grabs.insert_or_assign(number, std::move(wanted));
     return std::make_unique<Cancellable>(m_lifetime.guarded([this, number] { unregister(number); }));
@@ -100,10 +100,15 @@ std::optional<QKeyCombination> X11GlobalShortcuts::boundCombination() const
 
 QString X11GlobalShortcuts::obstacle() const
 {
-    const Grab* first = firstGrab();
-    if (!first)
-        return m_firstRefusal;
-    return first->isOwn ? QString() : refusal(*first);
+    std::map<std::uint32_t, QString> refusals = m_refusals;
+    for (const auto& [number, grab] : m_grabs) {
+        if (!grab.isOwn)
+            refusals.emplace(number, refusal(grab));
+    }
+    QStringList lines;
+    for (const auto& [number, text] : refusals)
+        lines.append(text);
+    return lines.join(QLatin1Char('\n'));
 }
 
 QString X11GlobalShortcuts::catalogueNames(QKeyCombination keys) const

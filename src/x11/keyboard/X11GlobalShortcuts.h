@@ -81,8 +81,8 @@ private:
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::uint32_t m_lastNumber = 0;
     QString m_wantedKeys;
-    /// Why the first registration failed; empty if it did not.
-    QString m_firstRefusal;
+    /// Why registrations failed, by their numbers.
+    std::map<std::uint32_t, QString> m_refusals;
     std::map<std::uint32_t, Grab> m_grabs;
     Lifetime m_lifetime;
 };
