@@ -200,6 +200,8 @@ void LayerPanelWindow::animateFrame(const QRectF& frame, double seconds, Easing 
 {
     findDisplay(frame);
     setLeaving(frame.left() > m_frame.left());
+    if (m_isLeaving)
+        giveKeyboardBack();
     m_animation.start(m_frame, frame, seconds, easing, m_window.screen(), std::move(completion));
 }
 

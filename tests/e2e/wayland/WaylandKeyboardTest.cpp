@@ -23,6 +23,7 @@ private Q_SLOTS:
     void theFirstClickWithControlSelects();
     void theKeysThatWereAskedForStayUntilTheUserLeaves();
     void eachClickTakesTheKeysUntilTheUserIsElsewhere();
+    void theKeysGoBackBeforeThePanelIsGone();
 
 private:
     /// Shows a shelf with two files.
@@ -120,6 +121,25 @@ void WaylandKeyboardTest::eachClickTakesTheKeysUntilTheUserIsElsewhere()
             hand().click();
         QVERIFY2(waitFor([this] { return keysReachPeer(); }), "the keys stay with the shelf");
     }
+}
+
+// A surface that has gone gives nothing back.
+void WaylandKeyboardTest::theKeysGoBackBeforeThePanelIsGone()
+{
+    const QString debug = QStringLiteral("WAYLAND_DEBUG");
+    QVERIFY(setUpDesktop(compositor()));
+    m_desktop->setVariable(debug, QStringLiteral("client"));
+    QVERIFY(startShelf());
+    m_desktop->setVariable(debug, QString());
+    QVERIFY(openPeer({ QStringLiteral("trash") }));
+    QVERIFY(activate(QStringLiteral("focus")));
+    QVERIFY2(peerSays("unfocused"), "the keys do not come");
+    QVERIFY(waitFor([this] { return isPanelOut(); }));
+    const auto returns = [this] { return m_shelf->log().count("set_keyboard_interactivity(0)"); };
+    const qsizetype before = returns();
+    hand().type(Hand::Key::escape);
+    QVERIFY2(waitFor([&] { return returns() > before; }), "the keys stay with the shelf");
+    QVERIFY(waitFor([this] { return isPanelGone(); }));
 }
 
 QTEST_GUILESS_MAIN(WaylandKeyboardTest)
