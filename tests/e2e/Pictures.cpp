@@ -1,9 +1,11 @@
-// Takes the pictures of the README from the running program, on virtual desktops that compose windows.
-// Usage: nookle_readme_pictures PROGRAM FOLDER
+// Takes a picture of the README from the running program, on a virtual desktop that composes windows. The home folder
+// is seen in the pictures and is written to: scripts/pictures gives an empty one with an ordinary name.
+//
+// Usage: nookle_readme_pictures kinds-light|kinds-dark|settings|drag PROGRAM FOLDER HOME
 
-#include "AnimatedPng.h"
 #include "BusClient.h"
 #include "FileManager.h"
+#include "Film.h"
 #include "PrivateDesktop.h"
 #include "PublishedSettings.h"
 #include "Shelf.h"
@@ -11,17 +13,18 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QLinearGradient>
 #include <QMargins>
 #include <QPainter>
 #include <QPolygonF>
-#include <QThread>
 #include <QUrl>
 
-#include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <map>
 #include <memory>
 
 using namespace nookle::e2e;
@@ -31,6 +34,8 @@ namespace {
 const QSize screenSize(800, 540);
 const QRgb lightWallpaper = qRgb(0x7d, 0x9c, 0xb0);
 const QRgb darkWallpaper = qRgb(0x24, 0x34, 0x3e);
+/// Of the program, in the home folder.
+constexpr auto* settingsFile = ".config/Nookle/Nookle.conf";
 
 int fail(const char* reason)
 {
@@ -56,6 +61,43 @@ int fail(const char* reason)
     return image;
 }
 
+/// Tests have a home folder and a pointer of their own; the pictures show those of a user.
+void setUser(const QString& home)
+{
+    qputenv("HOME", QFile::encodeName(home));
+    qputenv("XCURSOR_PATH", "/usr/share/icons");
+    qputenv("XCURSOR_THEME", "Adwaita");
+}
+
+/// The path of something in the home folder that the pictures show.
+[[nodiscard]] QString inHome(const char* path)
+{
+    return QDir::home().filePath(QLatin1String(path));
+}
+
+/// Makes a file of the home folder, with the folders above it.
+[[nodiscard]] bool write(const char* path, const QByteArray& content)
+{
+    QFile file(inHome(path));
+    return QDir().mkpath(QFileInfo(file).path()) && file.open(QIODevice::WriteOnly)
+        && file.write(content) == content.size();
+}
+
+[[nodiscard]] bool saveLandscape(const char* path)
+{
+    const QString picture = inHome(path);
+    return QDir().mkpath(QFileInfo(picture).path()) && landscape().save(picture);
+}
+
+/// Lets programs of the desktop keep their files where they do for a user.
+void moveHome(PrivateDesktop& desktop)
+{
+    desktop.setVariable(QStringLiteral("HOME"), QDir::homePath());
+    desktop.setVariable(QStringLiteral("XDG_DATA_HOME"), inHome(".local/share"));
+    desktop.setVariable(QStringLiteral("XDG_CONFIG_HOME"), inHome(".config"));
+    desktop.setVariable(QStringLiteral("XDG_CACHE_HOME"), inHome(".cache"));
+}
+
 /// A desktop with the machine's fonts and icons, whose windows are composed.
 [[nodiscard]] std::unique_ptr<PrivateDesktop> composedDesktop(const QSize& size, QRgb wallpaper)
 {
@@ -65,6 +107,7 @@ int fail(const char* reason)
     desktop->screen().setWallpaper(wallpaper);
     desktop->setVariable(QStringLiteral("XDG_DATA_DIRS"), QStringLiteral("/usr/local/share:/usr/share"));
     desktop->setVariable(QStringLiteral("FONTCONFIG_FILE"), QStringLiteral("/etc/fonts/fonts.conf"));
+    moveHome(*desktop);
     return desktop;
 }
 
@@ -87,15 +130,12 @@ int fail(const char* reason)
     PublishedSettings settings(desktop->display());
     settings.publish({ { "Net/ThemeName", isDark ? "Adwaita-dark" : "Adwaita" }, { "Gtk/FontName", "DejaVu Sans 9" } });
     desktop->setVariable(QStringLiteral("QT_SCALE_FACTOR"), QString::number(scale));
-    desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"), "[General]\npanelPinned=true\n");
-    desktop->writeFile(QStringLiteral("files/Budget.ods"), "1");
-    desktop->writeFile(QStringLiteral("files/Tickets.pdf"), "1");
-    desktop->writeFile(QStringLiteral("files/Trip/Map.txt"), "1");
-    if (!landscape().save(desktop->home(QStringLiteral("files/Evening.png"))))
+    if (!write(settingsFile, "[General]\npanelPinned=true\n") || !write("Documents/Tickets.pdf", "1")
+        || !write("Documents/Trip/Map.txt", "1") || !saveLandscape("Pictures/Evening.png"))
         return false;
     Shelf shelf(*desktop, program);
-    const auto file = [&](const char* name) { return desktop->home(QStringLiteral("files/") + QLatin1String(name)); };
-    if (!shelf.start({ file("Trip"), file("Tickets.pdf"), QStringLiteral("https://debian.org/") }))
+    if (!shelf.start(
+            { inHome("Documents/Trip"), inHome("Documents/Tickets.pdf"), QStringLiteral("https://debian.org/") }))
         return false;
     const auto bus = BusClient::tryConnect(desktop->environment().value(QStringLiteral("DBUS_SESSION_BUS_ADDRESS")));
     if (!bus)
@@ -103,7 +143,7 @@ int fail(const char* reason)
     const QString text = QStringLiteral("Pack\n\nPassport, tickets, charger, a book for the train, rain coat, and the "
                                         "good camera.");
     (void)bus->addToShelf({}, text);
-    (void)bus->addToShelf({ QUrl::fromLocalFile(file("Evening.png")).toString() }, {});
+    (void)bus->addToShelf({ QUrl::fromLocalFile(inHome("Pictures/Evening.png")).toString() }, {});
     XScreen& screen = desktop->screen();
     constexpr int panelWidth = 112;
     const auto panel = [&] { return screen.window("nookle", panelWidth * scale); };
@@ -122,8 +162,10 @@ int fail(const char* reason)
         return false;
     PublishedSettings settings(desktop->display());
     settings.publish({ { "Net/ThemeName", "Adwaita" }, { "Gtk/FontName", "DejaVu Sans 9" } });
-    desktop->writeFile(QStringLiteral("config/Nookle/Nookle.conf"),
-                       "[General]\npanelPinned=true\n[screenshots]\nlocation=/home/me/Pictures/Screenshots\n");
+    if (!write(settingsFile, "[General]\npanelPinned=true\n")
+        || !QDir::home().mkpath(QStringLiteral(".local/share/Nookle"))
+        || !QDir::home().mkpath(QStringLiteral("Pictures/Screenshots")))
+        return false;
     Shelf shelf(*desktop, program);
     XScreen& screen = desktop->screen();
     if (!shelf.start() || !waitFor([&] { return shelf.panel().has_value(); }) || !isQuiet(screen))
@@ -151,61 +193,6 @@ int fail(const char* reason)
     return screen.picture(window()->frame.marginsAdded(frame).intersected(screen.geometry())).save(path);
 }
 
-/// Films the screen while the mouse moves.
-class Film {
-public:
-    explicit Film(XScreen& screen)
-        : m_screen(screen)
-    {
-    }
-
-    void moveTo(const QPoint& end)
-    {
-        constexpr int stepLength = 36;
-        const QPointF start = m_screen.pointer();
-        const QPointF way = QPointF(end) - start;
-        const int steps = std::max(1, static_cast<int>(std::hypot(way.x(), way.y()) / stepLength));
-        for (int step = 1; step <= steps; ++step) {
-            m_screen.moveTo((start + way * step / steps).toPoint());
-            take(interval);
-        }
-    }
-
-    void rest(int milliseconds)
-    {
-        for (int time = 0; time < milliseconds; time += interval) {
-            QThread::msleep(interval);
-            take(interval);
-        }
-    }
-
-    /// A long look at what is there.
-    void hold(int milliseconds) { take(milliseconds); }
-
-    [[nodiscard]] bool save(const QString& path) const { return m_film.save(path); }
-
-private:
-    static constexpr int interval = 70;
-
-    // The server leaves the pointer out of pictures.
-    void take(int milliseconds)
-    {
-        QImage picture = m_screen.picture();
-        QPainter painter(&picture);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.translate(m_screen.pointer());
-        painter.setPen(QPen(Qt::white, 1.2));
-        painter.setBrush(Qt::black);
-        painter.drawPolygon(
-            QPolygonF({ { 0, 0 }, { 0, 17 }, { 4, 13 }, { 7, 20 }, { 10, 19 }, { 7, 12 }, { 12, 12 } }));
-        painter.end();
-        m_film.add(picture, milliseconds);
-    }
-
-    XScreen& m_screen;
-    AnimatedPng m_film;
-};
-
 /// A file is dragged onto the shelf, and an image off it, into the file manager.
 [[nodiscard]] bool takeDrag(const QString& program, const QString& path)
 {
@@ -215,12 +202,14 @@ private:
     XScreen& screen = desktop->screen();
     PublishedSettings settings(desktop->display());
     settings.publish({ { "Net/IconThemeName", "Adwaita" }, { "Gtk/FontName", "DejaVu Sans 9" } });
-    desktop->writeFile(QStringLiteral("files/Travel plan.txt"), "Monday: pack.\n");
-    if (!landscape().save(desktop->home(QStringLiteral("Evening.png"))))
+    // The file manager's tool tip would come up where the image is dropped.
+    desktop->setVariable(QStringLiteral("GTK2_RC_FILES"), inHome(".gtkrc-2.0"));
+    if (!write(".gtkrc-2.0", "gtk-enable-tooltips = 0\n") || !write("Documents/Travel plan.txt", "Monday: pack.\n")
+        || !saveLandscape("Pictures/Evening.png"))
         return false;
     Shelf shelf(*desktop, program);
-    const auto files = FileManager::tryOpen(*desktop, desktop->home(QStringLiteral("files")));
-    if (!files || !shelf.start({ desktop->home(QStringLiteral("Evening.png")) }))
+    const auto files = FileManager::tryOpen(*desktop, inHome("Documents"));
+    if (!files || !shelf.start({ inHome("Pictures/Evening.png"), QStringLiteral("https://debian.org/") }))
         return false;
     const int right = screenSize.width();
     screen.moveTo(files->icon() + QPoint(60, 160));
@@ -229,7 +218,7 @@ private:
         return false;
     if (!isQuiet(screen))
         return false;
-    Film film(screen);
+    Film film(screen, desktop->display());
     film.hold(600);
     film.moveTo(files->icon());
     if (!screen.beginDrag(files->icon()))
@@ -263,18 +252,27 @@ int main(int argc, char* argv[])
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 3)
-        return fail("usage: nookle_readme_pictures PROGRAM FOLDER");
-    const QString program = arguments[1];
-    const QDir folder(arguments[2]);
+    if (arguments.size() != 5)
+        return fail("usage: nookle_readme_pictures kinds-light|kinds-dark|settings|drag PROGRAM FOLDER HOME");
+    const QString name = arguments[1];
+    const QString program = arguments[2];
+    const QDir folder(arguments[3]);
+    setUser(arguments[4]);
+    if (!QDir::home().isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        return fail("the home folder is not empty");
     if (!folder.mkpath(QStringLiteral(".")))
         return fail("the folder cannot be made");
-    if (!takeKinds(program, false, 2, folder.filePath(QStringLiteral("kinds-light.png")))
-        || !takeKinds(program, true, 2, folder.filePath(QStringLiteral("kinds-dark.png"))))
-        return fail("no picture of the shelf was taken");
-    if (!takeSettings(program, folder.filePath(QStringLiteral("settings.png"))))
-        return fail("no picture of the settings was taken");
-    if (!takeDrag(program, folder.filePath(QStringLiteral("drag.png"))))
-        return fail("no picture of a drag was taken");
+    const QString path = folder.filePath(name + QStringLiteral(".png"));
+    const std::map<QString, std::function<bool()>> pictures{
+        { QStringLiteral("kinds-light"), [&] { return takeKinds(program, false, 2, path); } },
+        { QStringLiteral("kinds-dark"), [&] { return takeKinds(program, true, 2, path); } },
+        { QStringLiteral("settings"), [&] { return takeSettings(program, path); } },
+        { QStringLiteral("drag"), [&] { return takeDrag(program, path); } },
+    };
+    const auto picture = pictures.find(name);
+    if (picture == pictures.end())
+        return fail("there is no picture of that name");
+    if (!picture->second())
+        return fail("the picture was not taken");
     return EXIT_SUCCESS;
 }
