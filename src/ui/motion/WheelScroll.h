@@ -10,8 +10,8 @@ public:
     enum class Kind {
         /// A wheel was turned by whole notches.
         notch,
-        /// A wheel was turned by less, or by more, as wheels without notches are. Many such steps come one after
-        /// another.
+        /// A wheel was turned by less, or by more, as wheels without notches are, or a finger moves on a touchpad that
+        /// cannot be told from one. Many such steps come one after another.
         fine,
         /// A finger moves on a touchpad.
         finger,
