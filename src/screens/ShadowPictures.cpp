@@ -68,16 +68,22 @@ ShadowPictures::ShadowPictures(int cornerRadius)
     lowerLeft = upperLeft.mirrored(false, true);
 }
 
-void ShadowPictures::draw(QPainter& painter, const QRect& panel) const
+std::array<ShadowPictures::Part, 5> ShadowPictures::parts(const QRect& panel) const
 {
     const QRect around = panel.adjusted(-extent, -extent, 0, extent);
     const int lower = around.bottom() + 1 - corner;
-    painter.drawImage(around.topLeft(), upperLeft);
-    painter.drawImage(QPoint(around.left(), lower), lowerLeft);
     const int alongTop = around.width() - corner;
-    painter.drawImage(QRect(around.left() + corner, around.top(), alongTop, extent), above);
-    painter.drawImage(QRect(around.left() + corner, panel.bottom() + 1, alongTop, extent), below);
-    painter.drawImage(QRect(around.left(), around.top() + corner, extent, around.height() - 2 * corner), left);
+    return { { { upperLeft, { around.topLeft(), QSize(corner, corner) } },
+               { lowerLeft, { around.left(), lower, corner, corner } },
+               { above, { around.left() + corner, around.top(), alongTop, extent } },
+               { below, { around.left() + corner, panel.bottom() + 1, alongTop, extent } },
+               { left, { around.left(), around.top() + corner, extent, around.height() - 2 * corner } } } };
+}
+
+void ShadowPictures::draw(QPainter& painter, const QRect& panel) const
+{
+    for (const Part& part : parts(panel))
+        painter.drawImage(part.area, part.picture);
 }
 
 } // namespace nookle

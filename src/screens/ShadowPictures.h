@@ -1,9 +1,11 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
+
+#include <array>
 
 class QPainter;
-class QRect;
 
 namespace nookle {
 
@@ -14,6 +16,16 @@ struct ShadowPictures {
 
     /// How far the shadow of a panel with corners of that radius reaches beyond it.
     [[nodiscard]] static int extentFor(int cornerRadius) { return 2 * cornerRadius; }
+
+    /// A picture and the area that is filled with copies of it.
+    struct Part {
+        const QImage& picture;
+        QRect area;
+    };
+
+    /// What the shadow around `panel` consists of. No part lies on the panel, except for what its round corners leave
+    /// free.
+    [[nodiscard]] std::array<Part, 5> parts(const QRect& panel) const;
 
     /// Draws the shadow around `panel`, which is given in pixels of the painter's device. Draws nothing on the panel.
     void draw(QPainter& painter, const QRect& panel) const;

@@ -1,5 +1,6 @@
 #include "X11PanelShadow.h"
 
+#include "AddedWindow.h"
 #include "FakeCompositing.h"
 #include "PrivateDesktop.h"
 #include "XcbOwned.h"
@@ -7,7 +8,6 @@
 #include <QGuiApplication>
 #include <QTest>
 
-#include <algorithm>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -44,11 +44,8 @@ private Q_SLOTS:
     void itsPicturesAreKeptWhileTheCornersStayTheSame();
 
 private:
-    [[nodiscard]] std::vector<xcb_window_t> topLevelWindows() const;
     /// The window of the shadow; none when there is none.
-    [[nodiscard]] std::optional<xcb_window_t> shadowWindow() const;
-    [[nodiscard]] QRect frame(xcb_window_t window) const;
-    [[nodiscard]] std::vector<QRect> shape(xcb_window_t window, xcb_shape_sk_t kind) const;
+    [[nodiscard]] std::optional<xcb_window_t> shadowWindow() const { return m_added->find(); }
     [[nodiscard]] xcb_atom_t atom(QByteArrayView name) const;
     /// What the panel's window tells the compositing manager of its shadow.
     [[nodiscard]] std::vector<std::uint32_t> description() const;
@@ -56,7 +53,7 @@ private:
 
     e2e::XcbConnection m_connection;
     xcb_window_t m_root = 0;
-    std::vector<xcb_window_t> m_before;
+    std::optional<AddedWindow> m_added;
     FakeCompositing m_compositing;
     std::unique_ptr<X11PanelShadow> m_shadow;
 };
@@ -65,7 +62,7 @@ void X11PanelShadowTest::init()
 {
     m_connection.reset(xcb_connect(nullptr, nullptr));
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection.get())).data->root;
-    m_before = topLevelWindows();
+    m_added.emplace(m_connection.get());
     m_compositing.change(Backdrop::translucent);
     m_shadow = std::make_unique<X11PanelShadow>(m_connection.get(), m_root, m_compositing);
 }
@@ -74,41 +71,6 @@ void X11PanelShadowTest::cleanup()
 {
     m_shadow.reset();
     m_connection.reset();
-}
-
-std::vector<xcb_window_t> X11PanelShadowTest::topLevelWindows() const
-{
-    const auto tree =
-        owned(xcb_query_tree_reply(m_connection.get(), xcb_query_tree(m_connection.get(), m_root), nullptr));
-    const xcb_window_t* first = xcb_query_tree_children(tree.get());
-    return { first, first + xcb_query_tree_children_length(tree.get()) };
-}
-
-std::optional<xcb_window_t> X11PanelShadowTest::shadowWindow() const
-{
-    const auto now = topLevelWindows();
-    const auto added = std::find_if(now.begin(), now.end(), [this](xcb_window_t each) {
-        return std::find(m_before.begin(), m_before.end(), each) == m_before.end();
-    });
-    return added == now.end() ? std::nullopt : std::optional(*added);
-}
-
-QRect X11PanelShadowTest::frame(xcb_window_t window) const
-{
-    const auto reply =
-        owned(xcb_get_geometry_reply(m_connection.get(), xcb_get_geometry(m_connection.get(), window), nullptr));
-    return { reply->x, reply->y, reply->width, reply->height };
-}
-
-std::vector<QRect> X11PanelShadowTest::shape(xcb_window_t window, xcb_shape_sk_t kind) const
-{
-    const auto reply = owned(xcb_shape_get_rectangles_reply(
-        m_connection.get(), xcb_shape_get_rectangles(m_connection.get(), window, kind), nullptr));
-    const xcb_rectangle_t* first = xcb_shape_get_rectangles_rectangles(reply.get());
-    std::vector<QRect> parts;
-    for (int index = 0; index < xcb_shape_get_rectangles_rectangles_length(reply.get()); ++index)
-        parts.emplace_back(first[index].x, first[index].y, first[index].width, first[index].height);
-    return parts;
 }
 
 xcb_atom_t X11PanelShadowTest::atom(QByteArrayView name) const
@@ -136,11 +98,9 @@ void X11PanelShadowTest::whereACompositingManagerDrawsNoneThereIsAWindowAroundTh
     show();
     const auto window = shadowWindow();
     QVERIFY(window);
-    QCOMPARE(frame(*window), panel.adjusted(-extent, -extent, 0, extent));
-    const auto attributes = owned(xcb_get_window_attributes_reply(
-        m_connection.get(), xcb_get_window_attributes(m_connection.get(), *window), nullptr));
-    QVERIFY(attributes->override_redirect);
-    QCOMPARE(attributes->map_state, std::uint8_t(XCB_MAP_STATE_VIEWABLE));
+    QCOMPARE(m_added->frame(*window), panel.adjusted(-extent, -extent, 0, extent));
+    QVERIFY(m_added->isLeftAlone(*window));
+    QVERIFY(m_added->isShown(*window));
 }
 
 void X11PanelShadowTest::theWindowTakesNoInputAndLeavesThePanelFree()
@@ -148,8 +108,8 @@ void X11PanelShadowTest::theWindowTakesNoInputAndLeavesThePanelFree()
     show();
     const auto window = shadowWindow();
     QVERIFY(window);
-    QVERIFY(shape(*window, XCB_SHAPE_SK_INPUT).empty());
-    const auto parts = shape(*window, XCB_SHAPE_SK_BOUNDING);
+    QVERIFY(m_added->shape(*window, XCB_SHAPE_SK_INPUT).empty());
+    const auto parts = m_added->shape(*window, XCB_SHAPE_SK_BOUNDING);
     QVERIFY(!parts.empty());
     // Of the panel, only the rows with its round corners.
     const QRect middle = QRect(extent, extent, panel.width(), panel.height()).adjusted(0, radius, 0, -radius);
@@ -164,9 +124,9 @@ void X11PanelShadowTest::theWindowFollowsThePanelAndStaysOnItsDisplay()
     m_shadow->move(sliding, panel.left() + panel.width());
     const auto window = shadowWindow();
     QVERIFY(window);
-    QCOMPARE(frame(*window).topLeft(), sliding.topLeft() - QPoint(extent, extent));
-    for (const QRect& part : shape(*window, XCB_SHAPE_SK_BOUNDING))
-        QVERIFY(frame(*window).left() + part.left() + part.width() <= panel.left() + panel.width());
+    QCOMPARE(m_added->frame(*window).topLeft(), sliding.topLeft() - QPoint(extent, extent));
+    for (const QRect& part : m_added->shape(*window, XCB_SHAPE_SK_BOUNDING))
+        QVERIFY(m_added->frame(*window).left() + part.left() + part.width() <= panel.left() + panel.width());
 }
 
 void X11PanelShadowTest::withoutCompositingThereIsNone()

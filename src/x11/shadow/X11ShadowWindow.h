@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QRect>
+#include <QSize>
 
-#include <cstdint>
 #include <memory>
 #include <optional>
 
@@ -10,10 +10,12 @@ struct xcb_connection_t;
 
 namespace nookle {
 
+class X11ShadowSurface;
 struct ShadowPictures;
 
-/// A shadow that this program draws itself: a window around the panel that takes no input, and leaves out what lies
-/// below the panel. It exists only while the shadow is shown, since its picture takes memory of the server.
+/// A shadow that this program draws itself: a window around the panel that takes no input, leaves out what lies below
+/// the panel, and moves with it. It exists only while the shadow is shown, since its picture takes memory of the
+/// server.
 class X11ShadowWindow final {
 public:
     /// Null if the server has no transparent windows. The connection must outlive the window.
@@ -29,18 +31,17 @@ public:
     [[nodiscard]] QSize panelSize() const { return m_panel; }
 
 private:
-    X11ShadowWindow(xcb_connection_t* connection, const ShadowPictures& pictures, const QSize& panel);
+    X11ShadowWindow(xcb_connection_t* connection, const ShadowPictures& pictures, const QSize& panel,
+                    std::unique_ptr<X11ShadowSurface> surface);
 
-    void create(std::uint32_t visual);
-    void draw(const ShadowPictures& pictures, std::uint32_t target);
+    void setKind();
     void setShape(std::optional<int> width);
 
     xcb_connection_t* m_connection;
     int m_extent;
     int m_corner;
     QSize m_panel;
-    std::uint32_t m_window = 0;
-    std::uint32_t m_colors = 0;
+    std::unique_ptr<X11ShadowSurface> m_surface;
     /// The width that the shape was set for last.
     std::optional<int> m_shownWidth;
 };

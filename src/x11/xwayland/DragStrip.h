@@ -33,6 +33,9 @@ public:
     /// Puts the strip at the right edge of `usable`, as in `Place`.
     void standAtEdge(const QRectF& usable);
 
+    /// Puts the strip above the other windows of its kind.
+    void raise() { m_dock.raise(); }
+
     /// Puts the strip beyond all displays.
     void park();
 

@@ -41,6 +41,14 @@ void DragStrips::leaveToPanel(const std::optional<QRectF>& display)
         placeStrips();
 }
 
+void DragStrips::raise()
+{
+    if (!m_areNeeded)
+        return;
+    for (const auto& strip : m_strips)
+        strip->raise();
+}
+
 void DragStrips::placeStrips()
 {
     for (const auto& strip : m_strips) {

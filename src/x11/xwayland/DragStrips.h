@@ -37,6 +37,9 @@ public:
     /// Call this when a display was added, removed or changed.
     void displaysChanged();
 
+    /// Call this when a window may have come above the strips.
+    void raise();
+
     /// Leaves the edge of the display with that full frame to the panel, which stands there; with none, of no display.
     void leaveToPanel(const std::optional<QRectF>& display);
 

@@ -105,11 +105,11 @@ void XWaylandManner::dragBegins()
     m_beginningDrag.begin();
 }
 
-std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double /*cornerRadius*/)
+std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, double cornerRadius)
 {
     auto panel = std::make_unique<XWaylandPanelWindow>(
-        window, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags, m_queue }, m_server.connection,
-        m_placing);
+        window, cornerRadius, XWaylandPanelWindow::Services{ m_server.displays, m_pointer, m_drags, m_queue },
+        m_server.connection, m_placing);
     m_panel = panel.get();
     m_strips.onDragEvent = [this](QDropEvent& event, const QPointF& position) {
         if (m_panel)
@@ -123,6 +123,7 @@ std::unique_ptr<PanelWindow> XWaylandManner::makePanelWindow(QWindow& window, do
         if (m_panel)
             m_panel->setEdgeTaken(m_strips.areNeeded());
     };
+    m_panel->onShadowRaised = [this] { m_strips.raise(); };
     m_panel->onSpaceReserved = [this](const std::optional<QRectF>& display) { m_strips.leaveToPanel(display); };
     return panel;
 }

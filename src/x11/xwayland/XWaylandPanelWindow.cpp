@@ -4,6 +4,7 @@
 #include "DragForwarding.h"
 #include "DragStrip.h"
 #include "ForeignDrags.h"
+#include "MutterVersion.h"
 #include "SeenPointer.h"
 #include "X11Coordinates.h"
 
@@ -37,11 +38,14 @@ inline constexpr std::chrono::milliseconds timeToTellOfThePointer{ 1500 };
 
 } // namespace
 
-XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection,
-                                         WindowPlacing placing)
+XWaylandPanelWindow::XWaylandPanelWindow(QWindow& window, double cornerRadius, const Services& services,
+                                         xcb_connection_t* connection, WindowPlacing placing)
     : m_window(window)
+    , m_cornerRadius(cornerRadius)
     , m_services(services)
+    , m_connection(connection)
     , m_dock(connection, static_cast<std::uint32_t>(window.winId()), placing)
+    , m_shadow(connection, placing)
     , m_space(connection, static_cast<std::uint32_t>(window.winId()))
     , m_lostPointer(window, connection)
     , m_menu(window, services.queue)
@@ -93,8 +97,31 @@ void XWaylandPanelWindow::place(const QRectF& frame)
 // A parked window has no content that could be drawn.
 void XWaylandPanelWindow::moveContent()
 {
-    if (m_isShown && onContentMoved)
-        onContentMoved(std::max(0.0, m_frame.left() - m_resting.left()));
+    if (!m_isShown)
+        return;
+    const double offset = std::max(0.0, m_frame.left() - m_resting.left());
+    if (onContentMoved)
+        onContentMoved(offset);
+    m_shadow.slide(pixels(offset));
+}
+
+int XWaylandPanelWindow::pixels(double points) const
+{
+    return pixelsFromPoints({ 0, 0, points, points }, m_display).width();
+}
+
+// The shadow lies below the strips, so that nothing comes between them and a drag at the edge. Only now does the
+// version matter, which a compositor that has just started may write later than this program starts.
+void XWaylandPanelWindow::showShadow()
+{
+    if (!m_keepsInputShapes)
+        m_keepsInputShapes = keepsInputShapes(mutterVersion(m_connection));
+    if (!*m_keepsInputShapes)
+        return;
+    m_shadow.show(pixelsFromPoints(m_resting, m_display), pixels(m_cornerRadius),
+                  pixelsFromPoints(m_services.displays.visibleFrame(m_display), m_display));
+    if (onShadowRaised)
+        onShadowRaised();
 }
 
 void XWaylandPanelWindow::orderFront()
@@ -109,9 +136,10 @@ void XWaylandPanelWindow::orderFront()
     }
     m_dock.moveTo(pixelsFromPoints(m_resting, m_display));
     updateInputShape();
-    m_dock.setToolWindow(!m_hasReservedSpace);
-    m_dock.raise();
+    setToolWindow(!m_hasReservedSpace);
     moveContent();
+    showShadow();
+    m_dock.raise();
 }
 
 void XWaylandPanelWindow::takeFocus()
@@ -123,9 +151,10 @@ void XWaylandPanelWindow::orderOut()
 {
     m_animation.stop();
     m_isShown = false;
+    m_shadow.hide();
     m_afterDrop.stop();
     m_services.pointer.leave();
-    m_dock.setToolWindow(false);
+    setToolWindow(false);
     m_focusReturns = 0;
     giveFocusBack();
 }
@@ -142,11 +171,11 @@ void XWaylandPanelWindow::reserveSpace(const std::optional<QRectF>& frame)
     if (onSpaceReserved)
         onSpaceReserved(reserves ? std::optional(m_display) : std::nullopt);
     if (reserves) {
-        m_dock.setToolWindow(false);
+        setToolWindow(false);
         m_space.reserve(pixelsFromPoints(*frame, m_display), display);
     } else {
         m_space.release();
-        m_dock.setToolWindow(m_isShown);
+        setToolWindow(m_isShown);
     }
     m_remindersLeft = reminders;
     m_reminding.start(timeBetweenReminders);
@@ -170,6 +199,12 @@ void XWaylandPanelWindow::giveFocusBack()
 {
     m_window.setVisible(false);
     m_parking.start(timeToLoseTheFocus);
+}
+
+void XWaylandPanelWindow::setToolWindow(bool isToolWindow)
+{
+    m_dock.setToolWindow(isToolWindow);
+    m_shadow.setToolWindow(isToolWindow);
 }
 
 // The parked window has the size in which it will be shown. GNOME Shell draws nothing of a window that gets another

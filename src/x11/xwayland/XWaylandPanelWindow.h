@@ -6,6 +6,7 @@
 #include "PanelWindow.h"
 #include "X11DockWindow.h"
 #include "X11ReservedSpace.h"
+#include "X11StillShadow.h"
 
 #include <QObject>
 #include <QRect>
@@ -39,8 +40,9 @@ public:
         MainQueue& queue;
     };
 
-    /// All arguments must outlive this object. `window` has been created but not shown.
-    XWaylandPanelWindow(QWindow& window, const Services& services, xcb_connection_t* connection, WindowPlacing placing);
+    /// All arguments must outlive this object. `window` has been created but not shown. `cornerRadius` is in points.
+    XWaylandPanelWindow(QWindow& window, double cornerRadius, const Services& services, xcb_connection_t* connection,
+                        WindowPlacing placing);
     ~XWaylandPanelWindow() override;
 
     void expectFrame(const QRectF& frame) override;
@@ -55,6 +57,9 @@ public:
     /// Called with the full frame of the display at whose edge the panel has reserved space, or with none when it has
     /// given that space back. Set by the owner.
     std::function<void(const std::optional<QRectF>& display)> onSpaceReserved;
+
+    /// Called when the panel's shadow has come above all windows, and before the panel is raised. Set by the owner.
+    std::function<void()> onShadowRaised;
 
     /// Call this when the strips have come to the edges of the displays (true) or are gone.
     void setEdgeTaken(bool isTaken);
@@ -72,6 +77,11 @@ private:
     void place(const QRectF& frame);
     void findDisplay(const QRectF& frame);
     void moveContent();
+    void showShadow();
+    /// Makes the panel and its shadow tool windows (true) or docks.
+    void setToolWindow(bool isToolWindow);
+    /// A length in points in pixels of the panel's display.
+    [[nodiscard]] int pixels(double points) const;
     void setGeometry(const QRect& points);
     void updateInputShape();
     void remindOfSpace();
@@ -84,8 +94,13 @@ private:
     [[nodiscard]] QPointF onDesktop(const QPointF& position) const;
 
     QWindow& m_window;
+    double m_cornerRadius;
     Services m_services;
+    xcb_connection_t* m_connection;
     X11DockWindow m_dock;
+    X11StillShadow m_shadow;
+    /// Whether the shadow lets drags through under this compositor; known from the first showing on.
+    std::optional<bool> m_keepsInputShapes;
     X11ReservedSpace m_space;
     QTimer m_reminding;
     int m_remindersLeft = 0;

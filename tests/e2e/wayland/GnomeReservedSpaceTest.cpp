@@ -63,8 +63,8 @@ void GnomeReservedSpaceTest::chooseToolkit()
 
 int GnomeReservedSpaceTest::rightOfPeer() const
 {
-    // Above the panel, which would cover the window elsewhere.
-    const int free = m_desktop->topBar() + 12;
+    // Above the panel and its shadow, which would cover the window elsewhere.
+    const int free = m_desktop->topBar() + 1;
     const QImage row = m_desktop->picture(QRect(0, free, rightEdge, 1));
     int right = 0;
     while (right < row.width() && row.pixel(right, 0) == row.pixel(0, 0))

@@ -12,9 +12,9 @@ namespace {
 
 inline constexpr QRect display(QPoint(), WaylandDesktop::displaySize);
 inline constexpr int leftOfPanel = display.width() - 112;
-inline constexpr int topOfPanel = 24;
+/// How far the panel is from the ends of the area that it may use.
+inline constexpr int margin = 24;
 inline constexpr int shadowWidth = 24;
-inline constexpr QRect leftShadow(leftOfPanel - shadowWidth, 0, shadowWidth, display.height());
 /// On the shadow, where nothing else is.
 inline constexpr QPoint beside(leftOfPanel - 6, 500);
 
@@ -29,7 +29,7 @@ inline constexpr QPoint beside(leftOfPanel - 6, 500);
 
 } // namespace
 
-/// The shadow around the panel.
+/// The shadow around the panel. Each compositor's run names the functions that hold there.
 class WaylandShadowTest : public QObject, private WaylandShelfDesktop {
     Q_OBJECT
 
@@ -44,6 +44,7 @@ private Q_SLOTS:
     void aDropOnTheShadowReachesTheWindowBelow();
     void theHiddenShelfHoldsNoPictureOfIt();
     void nothingIsDrawnAtRest();
+    void nothingLiesAroundThePanel();
 
 private:
     /// Has the program write down what it tells the compositor.
@@ -51,7 +52,13 @@ private:
     [[nodiscard]] bool toggle() { return activate(QStringLiteral("toggle")); }
     /// What the user sees of an area once nothing moves there any more.
     [[nodiscard]] QImage settled(const QRect& area) const;
-    [[nodiscard]] QImage shadow() const { return m_desktop->picture(leftShadow); }
+    /// Where nothing but the shadow, the panel and the other program's window is seen.
+    [[nodiscard]] QRect area() const { return display.adjusted(0, m_desktop->topBar(), 0, 0); }
+    [[nodiscard]] QRect leftShadow() const
+    {
+        return { leftOfPanel - shadowWidth, area().top(), shadowWidth, area().height() };
+    }
+    [[nodiscard]] QImage shadow() const { return m_desktop->picture(leftShadow()); }
 };
 
 void WaylandShadowTest::init()
@@ -97,32 +104,32 @@ void WaylandShadowTest::whatLiesAroundThePanelIsDarker()
 {
     QVERIFY(toggle());
     QVERIFY(waitFor([this] { return isPanelGone(); }));
-    const QImage without = settled(display);
+    const QImage without = settled(area());
     QVERIFY(toggle());
     QVERIFY(waitFor([this] { return isPanelOut(); }));
-    const QImage with = settled(display);
+    const QImage with = settled(area());
     keepPicture(QStringLiteral("shadow-%1.png").arg(qEnvironmentVariable("NOOKLE_ENVIRONMENT")));
 
     const auto darker = [&](int x, int y) { return qGray(without.pixel(x, y)) - qGray(with.pixel(x, y)); };
     const int left = leftOfPanel - 1;
-    const int row = beside.y();
+    const int row = beside.y() - area().top();
     const int full = qGray(without.pixel(left, row));
     QVERIFY2(darker(left, row) > full / 5, "nothing is at the panel's edge");
     QVERIFY2(darker(left - shadowWidth / 4, row) < darker(left, row), "it does not fade");
     QVERIFY2(darker(left - shadowWidth / 4, row) > full / 20, "it is too narrow");
     QCOMPARE(darker(left - shadowWidth, row), 0);
     const int column = leftOfPanel + 60;
-    QCOMPARE(darker(column, topOfPanel - 1), darker(left, row));
-    QCOMPARE(darker(column, with.height() - topOfPanel), darker(left, row));
-    QVERIFY2(darker(with.width() - 1, topOfPanel - 1) == darker(left, row), "it ends before the display does");
+    QCOMPARE(darker(column, margin - 1), darker(left, row));
+    QCOMPARE(darker(column, with.height() - margin), darker(left, row));
+    QVERIFY2(darker(with.width() - 1, margin - 1) == darker(left, row), "it ends before the display does");
 }
 
 void WaylandShadowTest::theShadowGoesAndComesWithThePanel()
 {
-    const QImage with = settled(leftShadow);
+    const QImage with = settled(leftShadow());
     QVERIFY(toggle());
     QVERIFY(waitFor([this] { return isPanelGone(); }));
-    const QImage without = settled(leftShadow);
+    const QImage without = settled(leftShadow());
     QVERIFY(with != without);
     QVERIFY(toggle());
     QVERIFY2(waitFor([&] { return shadow() == with; }), "it does not come back");
@@ -132,7 +139,7 @@ void WaylandShadowTest::theShadowGoesAndComesWithThePanel()
 
 void WaylandShadowTest::aMenuLeavesTheShadowAsItWas()
 {
-    const QImage before = settled(leftShadow);
+    const QImage before = settled(leftShadow());
     hand().moveTo(firstTile());
     hand().click(Hand::Button::right);
     QVERIFY(waitFor([this] { return isMenuOpen(); }));
@@ -186,6 +193,14 @@ void WaylandShadowTest::nothingIsDrawnAtRest()
     const qsizetype before = commits();
     QVERIFY(before > 0);
     QVERIFY(holdsFor([&] { return commits() == before; }, 2000));
+}
+
+void WaylandShadowTest::nothingLiesAroundThePanel()
+{
+    const QImage with = settled(leftShadow());
+    QVERIFY(toggle());
+    QVERIFY(waitFor([this] { return isPanelGone(); }));
+    QCOMPARE(settled(leftShadow()), with);
 }
 
 QTEST_GUILESS_MAIN(WaylandShadowTest)
