@@ -15,7 +15,7 @@ public:
 
     /// Call this when a drag of another program has come that nothing has told of: finds out whose it is where
     /// something may know by now.
-    virtual void dragCame() {}
+    virtual void dragCame() = 0;
 
     /// Whether a drag has begun and has not ended, as far as is known.
     [[nodiscard]] virtual bool isUnderWay() const = 0;

@@ -19,6 +19,7 @@ public:
     ForgottenDrags& operator=(const ForgottenDrags&) = delete;
 
     [[nodiscard]] bool watch() override { return m_drags->watch(); }
+    void dragCame() override { m_drags->dragCame(); }
     [[nodiscard]] bool isUnderWay() const override { return m_drags->isUnderWay(); }
     [[nodiscard]] bool isOfX11Program() const override { return m_drags->isOfX11Program(); }
     void end() override { m_drags->end(); }

@@ -10,9 +10,12 @@ namespace {
 class FakeForeignDrags final : public ForeignDrags {
 public:
     [[nodiscard]] bool watch() override { return true; }
+    void dragCame() override { ++timesCame; }
     [[nodiscard]] bool isUnderWay() const override { return m_isUnderWay; }
     void begin() { change(true); }
     void end() override { change(false); }
+
+    int timesCame = 0;
 
 private:
     void change(bool isUnderWay)
@@ -61,6 +64,8 @@ void ForgottenDragsTest::beginningsAndEndsAreToldOn()
     m_drags->end();
     QVERIFY(!m_drags->isUnderWay());
     QCOMPARE(m_changes, 2);
+    m_drags->dragCame();
+    QCOMPARE(m_source->timesCame, 1);
 }
 
 void ForgottenDragsTest::aDragIsForgottenAfterFiveMinutes()

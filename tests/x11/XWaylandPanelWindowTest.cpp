@@ -25,11 +25,13 @@ namespace {
 inline constexpr int screenWidth = 1200;
 inline constexpr int screenHeight = 700;
 inline constexpr int panelWidth = 112;
+inline constexpr double cornerRadius = 12;
 const QRectF display(0, 0, screenWidth, screenHeight);
 const QRectF atRest(screenWidth - panelWidth, 40, panelWidth, 600);
 
 struct NoDrags final : ForeignDrags {
     [[nodiscard]] bool watch() override { return true; }
+    void dragCame() override {}
     [[nodiscard]] bool isUnderWay() const override { return false; }
     void end() override {}
 };
@@ -125,7 +127,7 @@ void XWaylandPanelWindowTest::init()
     m_window->create();
     auto* const connection = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
     m_panel = std::make_unique<XWaylandPanelWindow>(
-        *m_window, XWaylandPanelWindow::Services{ m_displays, m_pointer, m_drags, m_queue }, connection,
+        *m_window, cornerRadius, XWaylandPanelWindow::Services{ m_displays, m_pointer, m_drags, m_queue }, connection,
         WindowPlacing::windowManager);
     m_window->installEventFilter(this);
     m_panel->expectFrame(atRest);

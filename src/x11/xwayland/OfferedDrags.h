@@ -21,6 +21,7 @@ public:
     OfferedDrags& operator=(const OfferedDrags&) = delete;
 
     [[nodiscard]] bool watch() override { return true; }
+    void dragCame() override {}
     [[nodiscard]] bool isUnderWay() const override { return m_state != State::none; }
     void end() override;
 
