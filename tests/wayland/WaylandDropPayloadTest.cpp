@@ -119,15 +119,17 @@ void WaylandDropPayloadTest::theFormatsAreThoseOfTheDropAndTheLinkWithItsTitle()
 void WaylandDropPayloadTest::textInUtf8IsAskedForWhereTheToolkitListsPlainText()
 {
     const QString inUtf8 = QStringLiteral("text/plain;charset=utf-8");
-    const auto formatsOf = [](const QStringList& offered) {
+    const auto formatsOf = [](const QStringList& offered, Source source = Source::waylandProgram) {
         QMimeData drop;
         for (const QString& format : offered)
             drop.setData(format, "words");
-        return WaylandDropPayload(drop, { [] { return true; } }, Source::waylandProgram, {}).formats();
+        return WaylandDropPayload(drop, { [] { return true; } }, source, {}).formats();
     };
     QCOMPARE(formatsOf({ plainText }), (QStringList{ plainText, inUtf8 }));
     QCOMPARE(formatsOf({ inUtf8, plainText }), (QStringList{ inUtf8, plainText }));
     QCOMPARE(formatsOf({ QStringLiteral("text/html") }), QStringList{ QStringLiteral("text/html") });
+    // What is asked for in time there is asked for once, and only what is offered.
+    QCOMPARE(formatsOf({ plainText }, Source::x11Program), QStringList{ plainText });
 }
 
 void WaylandDropPayloadTest::aFileThatABrowserNamesIsInNoList()

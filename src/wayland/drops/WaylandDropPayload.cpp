@@ -48,7 +48,8 @@ QStringList WaylandDropPayload::formats() const
     if (m_source == Source::waylandProgram && formats.contains(QLatin1String(addressList))
         && !formats.contains(QLatin1String(linkWithTitle)))
         formats.append(QLatin1String(linkWithTitle));
-    if (!m_bridged && formats.contains(QLatin1String(plainText)) && !formats.contains(QLatin1String(plainTextInUtf8)))
+    if (m_source == Source::waylandProgram && formats.contains(QLatin1String(plainText))
+        && !formats.contains(QLatin1String(plainTextInUtf8)))
         formats.append(QLatin1String(plainTextInUtf8));
     return formats;
 }
