@@ -26,6 +26,8 @@ namespace nookle {
 namespace {
 
 inline constexpr std::chrono::seconds timeBetweenLooks{ 30 };
+/// A server that ends has gone by then.
+inline constexpr std::chrono::seconds timeToEnd{ 2 };
 inline constexpr const char* dragSelection = "XdndSelection";
 
 /// A user begins no two drags within that time.
@@ -61,7 +63,7 @@ bool X11ForeignDrags::watch()
 // case. It does not count as told of: the strips stay as they are until the next one.
 void X11ForeignDrags::dragCame()
 {
-    if (m_connection || !connectToServer())
+    if (m_connection || !m_serverEnd.hasExpired() || !connectToServer())
         return;
     const auto cookie = xcb_get_selection_owner(m_connection.get(), xcbAtom(m_connection.get(), dragSelection));
     const auto reply = owned(xcb_get_selection_owner_reply(m_connection.get(), cookie, nullptr));
@@ -78,6 +80,7 @@ bool X11ForeignDrags::connectToServer()
     m_connection.reset(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(m_connection.get()) != 0 || !watchSelection()) {
         m_connection.reset();
+        m_nextLook.setRemainingTime(timeBetweenLooks);
         return false;
     }
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
@@ -145,6 +148,7 @@ void X11ForeignDrags::readEvents()
     m_notifier.reset();
     m_connection.reset();
     m_nextLook.setRemainingTime(timeBetweenLooks);
+    m_serverEnd.setRemainingTime(timeToEnd);
     m_manager = XCB_WINDOW_NONE;
     m_question.reset();
     m_owner = XCB_WINDOW_NONE;

@@ -56,6 +56,8 @@ private:
     std::uint32_t m_owner = 0;
     /// No look for the server before this: it reads the names of all processes.
     QDeadlineTimer m_nextLook;
+    /// No connection before this: a server that ends may still be there, and another one would be started.
+    QDeadlineTimer m_serverEnd;
     bool m_isUnderWay = false;
     bool m_isOfX11Program = false;
 };
