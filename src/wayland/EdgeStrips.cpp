@@ -69,6 +69,7 @@ void EdgeStrips::removeStrips()
     m_level.reset();
     std::move(m_strips.begin(), m_strips.end(), std::back_inserter(m_ended));
     m_strips.clear();
+    dragHasLeft();
     QMetaObject::invokeMethod(
         &m_context, [this] { m_ended.clear(); }, Qt::QueuedConnection);
     if (onDragEnded)
@@ -86,11 +87,7 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
         strip->onDragEvent = [this, &strip = *strip](QDropEvent& event, const QPointF& position) {
             handleDrag(strip, event, position);
         };
-        strip->onDragLeft = [this] {
-            m_pointer.leave();
-            if (onDragLeft)
-                onDragLeft();
-        };
+        strip->onDragLeft = [this] { dragHasLeft(); };
         strip->onPointerCame = [this] { dragHasEnded(); };
         m_strips.push_back(std::move(strip));
     }
@@ -104,6 +101,7 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
 void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& position)
 {
     m_pointer.drag(position);
+    m_hasDrag = event.type() != QEvent::Drop;
     if (event.type() == QEvent::DragEnter) {
         if (m_drags && !m_isToldOfDrags)
             m_drags->dragCame();
@@ -118,6 +116,16 @@ void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& 
     const bool isOfX11Program = m_drags && m_drags->isOfX11Program();
     if (isOfX11Program && event.possibleActions() == Qt::IgnoreAction && isPanelShown && isPanelShown())
         strip.stepAside();
+}
+
+// Nobody else tells so of a strip that is removed under a drag.
+void EdgeStrips::dragHasLeft()
+{
+    if (!std::exchange(m_hasDrag, false))
+        return;
+    m_pointer.leave();
+    if (onDragLeft)
+        onDragLeft();
 }
 
 // Where nothing told of drags so far, something may do so by now.

@@ -45,11 +45,14 @@ private:
     void removeStrips();
     void makeStrips(EdgeStrip::Level level);
     void handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& position);
+    void dragHasLeft();
 
     EdgeInputMonitor& m_input;
     SeenPointer& m_pointer;
     ForeignDrags* m_drags;
     bool m_isToldOfDrags = false;
+    /// Whether a drag is over a strip.
+    bool m_hasDrag = false;
     /// What the present strips are; none without strips.
     std::optional<EdgeStrip::Level> m_level;
     std::vector<std::unique_ptr<EdgeStrip>> m_strips;
