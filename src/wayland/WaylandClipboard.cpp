@@ -20,9 +20,8 @@ inline constexpr qsizetype largestContent = qsizetype{ 256 } * 1024 * 1024;
 
 ClipboardAccess clipboardAccess(const QByteArrayList& interfaces)
 {
-    const bool hasDataControl =
-        interfaces.contains("ext_data_control_manager_v1") || interfaces.contains("zwlr_data_control_manager_v1");
-    return hasDataControl ? ClipboardAccess::always : ClipboardAccess::withFocus;
+    // The one that the library for the clipboard knows.
+    return interfaces.contains("zwlr_data_control_manager_v1") ? ClipboardAccess::always : ClipboardAccess::withFocus;
 }
 
 WaylandClipboard::WaylandClipboard(std::function<bool()> flush, ClipboardAccess access)
