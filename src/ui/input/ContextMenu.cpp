@@ -4,13 +4,18 @@
 
 #include <QApplication>
 #include <QMenu>
+#include <QTimer>
 #include <QWindow>
 
 #include <algorithm>
+#include <chrono>
 
 namespace nookle {
 
 namespace {
+
+/// In Wayland sessions no window has the focus between a menu and the window that had it before.
+inline constexpr std::chrono::milliseconds timeToComeBack{ 300 };
 
 /// The window that has the keyboard focus; null if it is not this program's.
 [[nodiscard]] QWidget* focusedWindow()
@@ -33,6 +38,14 @@ void noticeFocus()
     QWidget* focused = focusedWindow();
     if (QApplication::activeWindow() != focused)
         QApplication::setActiveWindow(focused);
+}
+
+void menuHasGone()
+{
+    if (QGuiApplication::focusWindow())
+        noticeFocus();
+    else
+        QTimer::singleShot(timeToComeBack, qApp, &noticeFocus);
 }
 
 } // namespace
@@ -67,7 +80,7 @@ void openContextMenu(std::unique_ptr<QMenu> menu, const QPoint& globalPosition,
         QObject::connect(menu.get(), &QMenu::aboutToHide, menu.get(), [onOpenChanged] { onOpenChanged(false); });
     }
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(menu.get(), &QObject::destroyed, qApp, &noticeFocus);
+    QObject::connect(menu.get(), &QObject::destroyed, qApp, &menuHasGone);
     menu.release()->popup(globalPosition);
 }
 

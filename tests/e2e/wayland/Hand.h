@@ -22,7 +22,9 @@ public:
         v = 47,
         n = 49,
         up = 103,
-        super = 125
+        down = 108,
+        super = 125,
+        menu = 127
     };
 
     /// Takes hold of the mouse of the compositor that listens on that socket, whichever way it offers; null when it

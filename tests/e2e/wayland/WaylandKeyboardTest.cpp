@@ -22,6 +22,7 @@ private Q_SLOTS:
 
     void theFirstClickWithControlSelects();
     void theKeysThatWereAskedForStayUntilTheUserLeaves();
+    void aMenuLeavesTheShelfTheKeys();
     void eachClickTakesTheKeysUntilTheUserIsElsewhere();
     void theKeysGoBackBeforeThePanelIsGone();
 
@@ -91,6 +92,27 @@ void WaylandKeyboardTest::theKeysThatWereAskedForStayUntilTheUserLeaves()
         hand().click();
     QVERIFY2(peerSays("focused", before), "the keys stay with the shelf");
     QVERIFY(waitFor([this] { return isPanelGone(); }));
+}
+
+void WaylandKeyboardTest::aMenuLeavesTheShelfTheKeys()
+{
+    QVERIFY(showTwoFiles());
+    QVERIFY(activate(QStringLiteral("toggle")));
+    QVERIFY(waitFor([&] { return isPanelGone(); }));
+    QVERIFY(activate(QStringLiteral("focus")));
+    QVERIFY2(peerSays("unfocused"), "the keys do not come");
+    QVERIFY(waitFor([this] { return isPanelOut(); }));
+    hand().type(Hand::Key::down);
+    // Where the menu opens, beside the panel and its shadow.
+    constexpr QSize besidePanel(150, WaylandDesktop::displaySize.height());
+    const QRect place(QPoint(WaylandDesktop::displaySize.width() - 300, 0), besidePanel);
+    const auto isMenuOpen = [&, bare = m_desktop->picture(place)] { return m_desktop->picture(place) != bare; };
+    const qsizetype before = timesSaid("focused");
+    hand().type(Hand::Key::menu);
+    QVERIFY(!m_desktop->hasPictures() || waitFor(isMenuOpen));
+    hand().type(Hand::Key::escape);
+    QVERIFY(!m_desktop->hasPictures() || waitFor([&] { return !isMenuOpen(); }));
+    QVERIFY2(holdsFor([&] { return isPanelOut() && timesSaid("focused") == before; }, 1500), "the shelf goes");
 }
 
 bool WaylandKeyboardTest::keysReachPeer()
