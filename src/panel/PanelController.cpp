@@ -68,12 +68,14 @@ void PanelController::show()
     m_hidesAfterMenu = false;
     if (m_isShown)
         return;
-    m_isForKeys = false;
     if (const auto display = frameAt(m_displays.frames(), m_pointer.position())) {
+        m_isForKeys = false;
         slideIn(*display);
         return;
     }
-    m_isLooking = true;
+    if (std::exchange(m_isLooking, true))
+        return;
+    m_isForKeys = false;
     m_displays.findActive(m_lifetime.guarded([this](const std::optional<QRectF>& display) {
         if (!std::exchange(m_isLooking, false) || !display)
             return;

@@ -32,6 +32,9 @@ public:
     /// True from the moment the panel begins to slide in until it begins to slide out.
     [[nodiscard]] bool isShown() const { return m_isShown; }
 
+    /// True while the panel is about to slide in, as soon as it is known on which display.
+    [[nodiscard]] bool isComing() const { return m_isLooking; }
+
     /// Slides the panel in on the display under the pointer, as soon as it is known which one that is. On a shown panel
     /// it only cancels a pending hide.
     void show();
@@ -110,7 +113,6 @@ private:
     bool m_isMenuOpen = false;
     bool m_hidesAfterMenu = false;
     bool m_isShown = false;
-    /// True while it is not known yet on which display the panel is to slide in.
     bool m_isLooking = false;
     bool m_reservesSpace = false;
     /// The identity of the display that the panel was shown on last.

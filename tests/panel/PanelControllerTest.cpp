@@ -82,6 +82,7 @@ private Q_SLOTS:
     void withoutAnyDisplayNothingShows();
     void whereThePointerIsUnknownThePanelWaitsForTheActiveDisplay();
     void hidingEndsTheSearchForADisplay();
+    void aSecondShowingWaitsForTheSameSearch();
     void aDragDoesNotWaitForTheSearch();
     void thePanelForKeysTakesTheFocusOnceItsDisplayIsKnown();
     void aDisplayThatGoesHandsThePanelOver();
@@ -366,6 +367,24 @@ void PanelControllerTest::hidingEndsTheSearchForADisplay()
     f.displays.search(f.displays.mainFrame());
     QVERIFY(!f.panel.isShown());
     QVERIFY(!f.window.isOnScreen);
+}
+
+void PanelControllerTest::aSecondShowingWaitsForTheSameSearch()
+{
+    Fixture& f = *m_fixture;
+    int taken = 0;
+    f.panel.onTakeFocus = [&] { ++taken; };
+    f.displays.mustBeAsked = true;
+    f.pointer.at = { -1000, -1000 };
+    f.panel.showForKeys();
+    QVERIFY(f.panel.isComing());
+    const auto first = std::exchange(f.displays.search, nullptr);
+    f.panel.show();
+    QVERIFY(!f.displays.search);
+    first(f.displays.mainFrame());
+    QVERIFY(f.panel.isShown());
+    QVERIFY(!f.panel.isComing());
+    QCOMPARE(taken, 1);
 }
 
 void PanelControllerTest::aDragDoesNotWaitForTheSearch()
