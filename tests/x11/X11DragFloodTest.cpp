@@ -88,6 +88,7 @@ void X11DragFloodTest::manyChangesAreToldNowAndThen()
     }
     goesOn ? takeSelection() : giveSelectionUp();
     finish();
+    // Longer than any pause: what has been held back is told by then.
     QTest::qWait(100);
     QTRY_COMPARE(drags.isUnderWay(), goesOn);
     QVERIFY(told >= 1);
