@@ -96,6 +96,8 @@ void AppDelegate::createPanel()
     m_store = std::make_unique<ShelfStore>(m_dataFolder, std::move(environment), m_platform.fileReferences,
                                            m_platform.trash, m_platform.linkMetadata, m_platform.queue);
     connect(m_store.get(), &ShelfStore::additionFailed, this, &AppDelegate::additionFailed);
+    // Who has added something knows how.
+    connect(m_store.get(), &ShelfStore::itemsChanged, this, [this] { m_introduction = Introduction::none; });
     m_platform.fileReferences.onFilesFound = [this] { m_store->refreshFiles(); };
 
     installAccessibility();
@@ -253,14 +255,17 @@ void AppDelegate::createShortcuts()
                                                        .toggle = [this] { togglePanel(); },
                                                        .focus = [this] { m_panelController->showForKeys(); },
                                                    });
-    const auto showKeys = [this, &shortcuts] { m_statusMenu->setToggleKeys(shortcuts.boundCombination()); };
+    // The open menu takes its keys itself, whatever is bound.
+    const auto showKeys = [this, &shortcuts] {
+        m_statusMenu->setToggleKeys(shortcuts.boundCombination().value_or(m_shortcuts->keys()));
+    };
     connect(&shortcuts, &GlobalShortcuts::changed, this, showKeys);
     showKeys();
 }
 
 void AppDelegate::togglePanel()
 {
-    if (m_panelController->isShown())
+    if (m_panelController->isShown() || m_panelController->isComing())
         m_panelController->hide();
     else
         m_panelController->show();
@@ -294,8 +299,7 @@ void AppDelegate::applicationWillTerminate()
 
 void AppDelegate::showShelf()
 {
-    const bool isIntroductionWanted = std::exchange(m_introduction, Introduction::none) == Introduction::wanted;
-    if (isIntroductionWanted && m_store->items().isEmpty())
+    if (std::exchange(m_introduction, Introduction::none) == Introduction::wanted)
         introduceShelf();
     else
         m_panelController->show();

@@ -37,7 +37,8 @@ ShelfShortcuts::ShelfShortcuts(GlobalShortcuts& shortcuts, const UserDefaults& s
 }
 
 ShelfShortcuts::ShelfShortcuts(GlobalShortcuts& shortcuts, QKeyCombination keys, Actions actions)
-    : m_toggle(shortcuts, keys, tr("Show or hide the shelf"), std::move(actions.toggle))
+    : m_keys(keys)
+    , m_toggle(shortcuts, keys, tr("Show or hide the shelf"), std::move(actions.toggle))
     , m_focus(shortcuts, QKeyCombination(keys.keyboardModifiers() | Qt::ShiftModifier, keys.key()),
               tr("Show the shelf with the keyboard focus"), std::move(actions.focus))
 {

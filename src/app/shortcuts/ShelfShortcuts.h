@@ -24,9 +24,13 @@ public:
     /// `shortcuts` must outlive this object. Keys in `settings` that cannot be a shortcut are named in one log line.
     ShelfShortcuts(GlobalShortcuts& shortcuts, const UserDefaults& settings, Actions actions);
 
+    /// The keys that are to show and hide the shelf, unless the desktop decides.
+    [[nodiscard]] QKeyCombination keys() const { return m_keys; }
+
 private:
     ShelfShortcuts(GlobalShortcuts& shortcuts, QKeyCombination keys, Actions actions);
 
+    QKeyCombination m_keys;
     HotKey m_toggle;
     HotKey m_focus;
 };

@@ -38,9 +38,9 @@ QAction* StatusMenu::addEntry(const QString& title, const QKeySequence& key, std
     return entry;
 }
 
-void StatusMenu::setToggleKeys(std::optional<QKeyCombination> keys)
+void StatusMenu::setToggleKeys(QKeyCombination keys)
 {
-    m_toggleItem->setShortcut(keys ? QKeySequence(*keys) : QKeySequence());
+    m_toggleItem->setShortcut(keys);
 }
 
 void StatusMenu::showPinned()
@@ -53,8 +53,9 @@ void StatusMenu::keyPressEvent(QKeyEvent* event)
 {
     const QKeySequence pressed(event->keyCombination());
     const QList<QAction*> entries = actions();
-    const auto entry = std::find_if(entries.begin(), entries.end(),
-                                    [&pressed](const QAction* candidate) { return candidate->shortcut() == pressed; });
+    const auto entry = std::find_if(entries.begin(), entries.end(), [&pressed](const QAction* candidate) {
+        return !candidate->shortcut().isEmpty() && candidate->shortcut() == pressed;
+    });
     if (entry == entries.end()) {
         QMenu::keyPressEvent(event);
         return;

@@ -4,7 +4,6 @@
 #include <QMenu>
 
 #include <functional>
-#include <optional>
 
 class QAction;
 class QKeyEvent;
@@ -24,7 +23,7 @@ public:
     explicit StatusMenu(const PanelPinning& pinning);
 
     /// The keys that the entry for the shelf shows and takes. None where nothing is bound to showing the shelf.
-    void setToggleKeys(std::optional<QKeyCombination> keys);
+    void setToggleKeys(QKeyCombination keys);
 
     /// The actions of the entries. Set by the owner.
     std::function<void()> onTogglePanel = [] {};

@@ -71,7 +71,7 @@ void WaylandServicesTest::theTrayHasTheIconAndItsMenuWorks()
     QCOMPARE(labels,
              (QStringList{ QStringLiteral("Show Shelf"), QStringLiteral("Keep Shelf Open"), QStringLiteral("-"),
                            QStringLiteral("Settings…"), QStringLiteral("-"), QStringLiteral("Quit Nookle") }));
-    QVERIFY2(!m_tray->menu().first().showsKeys, "nothing is bound to these keys");
+    QVERIFY(m_tray->menu().first().showsKeys);
     m_tray->choose(QStringLiteral("Show Shelf"));
     QVERIFY(waitFor([this] { return isPanelOut(); }));
     m_tray->choose(QStringLiteral("Show Shelf"));
