@@ -1,7 +1,6 @@
 #include "AppDelegate.h"
 
 #include "Accessibility.h"
-#include "ContextMenu.h"
 #include "DesktopBackend.h"
 #include "FileReferences.h"
 #include "LeftImageCopies.h"
@@ -15,7 +14,7 @@
 #include "UserDefaults.h"
 #include "Workspace.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDateTime>
 #include <QPointer>
 
@@ -27,6 +26,14 @@ namespace {
 
 inline constexpr double momentOfShowing = 1.5;
 inline constexpr double timeOfIntroduction = 10;
+
+void closeMenus()
+{
+    while (QWidget* popup = QApplication::activePopupWidget()) {
+        if (!popup->close())
+            return;
+    }
+}
 
 /// In seconds. Gives the other programs that start with the session time to finish their start.
 inline constexpr double preparationDelay = 1;
@@ -155,7 +162,7 @@ void AppDelegate::createShelfView()
     view->onShowSettings = [this] { m_settingsWindow->show(); };
     view->onQuit = quit;
     view->onHide = [this] { m_panelController->hide(); };
-    m_panelController->onCloseMenus = &closeContextMenus;
+    m_panelController->onCloseMenus = &closeMenus;
     m_preparation = m_platform.queue.after(preparationDelay, [this] {
         if (m_shelfView)
             m_shelfView->prepare();

@@ -84,12 +84,4 @@ void openContextMenu(std::unique_ptr<QMenu> menu, const QPoint& globalPosition,
     menu.release()->popup(globalPosition);
 }
 
-void closeContextMenus()
-{
-    while (QWidget* popup = QApplication::activePopupWidget()) {
-        if (!popup->close())
-            return;
-    }
-}
-
 } // namespace nookle

@@ -19,7 +19,4 @@ namespace nookle {
 void openContextMenu(std::unique_ptr<QMenu> menu, const QPoint& globalPosition,
                      const std::function<void(bool isOpen)>& onOpenChanged);
 
-/// Closes every menu of the program that is open.
-void closeContextMenus();
-
 } // namespace nookle
