@@ -25,7 +25,6 @@ namespace nookle {
 
 namespace {
 
-inline constexpr std::chrono::seconds timeBetweenLooks{ 30 };
 /// A server that ends has gone by then.
 inline constexpr std::chrono::seconds timeToEnd{ 2 };
 inline constexpr const char* dragSelection = "XdndSelection";
@@ -48,7 +47,10 @@ inline constexpr std::chrono::milliseconds timeBetweenChanges{ 50 };
 
 } // namespace
 
-X11ForeignDrags::X11ForeignDrags() = default;
+X11ForeignDrags::X11ForeignDrags(std::chrono::milliseconds timeBetweenLooks)
+    : m_timeBetweenLooks(timeBetweenLooks)
+{
+}
 
 X11ForeignDrags::~X11ForeignDrags() = default;
 
@@ -74,13 +76,13 @@ void X11ForeignDrags::dragCame()
 bool X11ForeignDrags::connectToServer()
 {
     if (!isServerRunning()) {
-        m_nextLook.setRemainingTime(timeBetweenLooks);
+        m_nextLook.setRemainingTime(m_timeBetweenLooks);
         return false;
     }
     m_connection.reset(xcb_connect(nullptr, nullptr));
     if (xcb_connection_has_error(m_connection.get()) != 0 || !watchSelection()) {
         m_connection.reset();
-        m_nextLook.setRemainingTime(timeBetweenLooks);
+        m_nextLook.setRemainingTime(m_timeBetweenLooks);
         return false;
     }
     m_notifier = std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(m_connection.get()), QSocketNotifier::Read);
@@ -147,7 +149,7 @@ void X11ForeignDrags::readEvents()
     // The server has ended. A connection while its process is still there would start another one.
     m_notifier.reset();
     m_connection.reset();
-    m_nextLook.setRemainingTime(timeBetweenLooks);
+    m_nextLook.setRemainingTime(m_timeBetweenLooks);
     m_serverEnd.setRemainingTime(timeToEnd);
     m_manager = XCB_WINDOW_NONE;
     m_question.reset();

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -19,7 +20,8 @@ class X11ForeignDrags final : public QObject, public ForeignDrags {
     Q_OBJECT
 
 public:
-    X11ForeignDrags();
+    /// After an end of the server, and while none runs, looks for one again at the earliest after `timeBetweenLooks`.
+    explicit X11ForeignDrags(std::chrono::milliseconds timeBetweenLooks = std::chrono::seconds(30));
     ~X11ForeignDrags() override;
 
     [[nodiscard]] bool watch() override;
@@ -43,6 +45,7 @@ private:
     void askForManager();
     void takeManager();
 
+    std::chrono::milliseconds m_timeBetweenLooks;
     XcbConnection m_connection;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::uint8_t m_firstFixesEvent = 0;

@@ -5,6 +5,7 @@
 
 #include <QTest>
 
+#include <chrono>
 #include <csignal>
 #include <memory>
 
@@ -13,6 +14,7 @@
 
 using namespace nookle;
 using namespace nookle::e2e;
+using namespace std::chrono_literals;
 
 class X11ForeignDragsTest : public QObject {
     Q_OBJECT
@@ -25,6 +27,7 @@ private Q_SLOTS:
     void aDragOfAnX11ProgramIsSeenUntilItEnds();
     void theEndOfTheServerEndsItsDrags();
     void theNextServerIsWatched();
+    void aServerThatEndsIsLeftAlone();
 
 private:
     void startServer();
@@ -67,7 +70,7 @@ void X11ForeignDragsTest::killServer()
 void X11ForeignDragsTest::init()
 {
     startServer();
-    m_drags = std::make_unique<X11ForeignDrags>();
+    m_drags = std::make_unique<X11ForeignDrags>(0ms);
     m_changes = 0;
     m_drags->onChanged = [this] { ++m_changes; };
     QVERIFY(m_drags->watch());
@@ -108,6 +111,21 @@ void X11ForeignDragsTest::theNextServerIsWatched()
     QVERIFY(m_drags->watch());
     QVERIFY(beginDrag());
     QVERIFY(m_drags->isOfX11Program());
+}
+
+// A connection to one whose process is still there would start another one.
+void X11ForeignDragsTest::aServerThatEndsIsLeftAlone()
+{
+    X11ForeignDrags drags;
+    QVERIFY(drags.watch());
+    m_desktop->screen().claim("XdndSelection");
+    QVERIFY(waitFor([&] { return drags.isUnderWay(); }));
+    killServer();
+    QVERIFY(waitFor([&] { return !drags.isUnderWay(); }));
+    startServer();
+    QVERIFY(!drags.watch());
+    drags.dragCame();
+    QVERIFY(!drags.isOfX11Program());
 }
 
 QTEST_GUILESS_MAIN(X11ForeignDragsTest)
