@@ -64,6 +64,8 @@ void SecondStartEndToEndTest::init()
 
 void SecondStartEndToEndTest::cleanup()
 {
+    if (QTest::currentTestFailed())
+        qWarning("the shelf: %s", m_shelf->log().constData());
     m_shelf.reset();
     m_desktop.reset();
 }
