@@ -7,19 +7,10 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include <chrono>
 #include <iterator>
-#include <thread>
 #include <utility>
 
 namespace nookle {
-
-namespace {
-
-/// A program that is not busy has answered a movement of the drag within that time.
-inline constexpr std::chrono::milliseconds timeToAnswer{ 50 };
-
-} // namespace
 
 EdgeStrips::EdgeStrips(EdgeInputMonitor& input, SeenPointer& pointer, ForeignDrags* drags)
     : m_input(input)
@@ -93,9 +84,6 @@ void EdgeStrips::makeStrips(EdgeStrip::Level level)
     }
 }
 
-// KWin takes each answer for that of the window that the drag is over, also one to an earlier movement over the window
-// that it has left: a refusal that came after the answer here would lose a drop of a hand that does not move any more.
-//
 // KWin tells what may be done with the drag of an X11 program only from the second window on that it comes over. That
 // is the panel, which lies below a strip if it was there before.
 void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& position)
@@ -111,8 +99,6 @@ void EdgeStrips::handleDrag(EdgeStrip& strip, QDropEvent& event, const QPointF& 
         onDragEvent(event, position);
     else
         event.ignore();
-    if (event.type() == QEvent::DragEnter)
-        std::this_thread::sleep_for(timeToAnswer);
     const bool isOfX11Program = m_drags && m_drags->isOfX11Program();
     if (isOfX11Program && event.possibleActions() == Qt::IgnoreAction && isPanelShown && isPanelShown())
         strip.stepAside();
