@@ -98,7 +98,6 @@ std::pair<int, QByteArray> SecondStartEndToEndTest::startAgainWith(const QString
 void SecondStartEndToEndTest::aShelfWithFewDescriptorsIsSaidNotToAnswer_data()
 {
     QTest::addColumn<int>("count");
-    QTest::newRow("none") << 0;
     QTest::newRow("one for the connection") << 1;
     QTest::newRow("not enough for the panel") << 3;
 }
