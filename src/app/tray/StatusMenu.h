@@ -22,7 +22,7 @@ public:
     /// `pinning` must outlive the menu.
     explicit StatusMenu(const PanelPinning& pinning);
 
-    /// The keys that the entry for the shelf shows and takes. None where nothing is bound to showing the shelf.
+    /// The keys that the entry for the shelf shows, and takes while the menu is open.
     void setToggleKeys(QKeyCombination keys);
 
     /// The actions of the entries. Set by the owner.
